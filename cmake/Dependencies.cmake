@@ -1,0 +1,53 @@
+# Third-party libraries. On Linux they are Debian's packages; for Windows, scripts/windows-libraries.sh builds
+# them once from Debian's source packages into a cache outside the checkout.
+if(WIN32)
+  if(DEFINED ENV{XDG_CACHE_HOME})
+    set(quillon_cache $ENV{XDG_CACHE_HOME}/quillon)
+  else()
+    set(quillon_cache $ENV{HOME}/.cache/quillon)
+  endif()
+  set(QUILLON_WINDOWS_LIBRARIES ${quillon_cache}/windows CACHE PATH "Where the libraries for Windows are installed")
+  list(APPEND CMAKE_FIND_ROOT_PATH ${QUILLON_WINDOWS_LIBRARIES})
+  list(APPEND CMAKE_PREFIX_PATH ${QUILLON_WINDOWS_LIBRARIES})
+  if(NOT EXISTS ${QUILLON_WINDOWS_LIBRARIES}/include/utf8proc.h)
+    message(FATAL_ERROR "The libraries for Windows are missing: run scripts/windows-libraries.sh first.")
+  endif()
+endif()
+
+find_path(UTF8PROC_INCLUDE utf8proc.h REQUIRED)
+find_library(UTF8PROC_LIBRARY NAMES utf8proc REQUIRED)
+add_library(utf8proc INTERFACE)
+target_include_directories(utf8proc SYSTEM INTERFACE ${UTF8PROC_INCLUDE})
+target_link_libraries(utf8proc INTERFACE ${UTF8PROC_LIBRARY})
+
+find_path(PCRE2_INCLUDE pcre2.h REQUIRED)
+find_library(PCRE2_LIBRARY NAMES pcre2-8 REQUIRED)
+add_library(pcre2 INTERFACE)
+target_include_directories(pcre2 SYSTEM INTERFACE ${PCRE2_INCLUDE})
+target_link_libraries(pcre2 INTERFACE ${PCRE2_LIBRARY})
+
+if(WIN32)
+  target_compile_definitions(utf8proc INTERFACE UTF8PROC_STATIC)
+  target_compile_definitions(pcre2 INTERFACE PCRE2_STATIC)
+endif()
+
+find_path(CLI11_INCLUDE CLI/CLI.hpp REQUIRED)
+add_library(cli11 INTERFACE)
+target_include_directories(cli11 SYSTEM INTERFACE ${CLI11_INCLUDE})
+
+find_path(JSON_INCLUDE nlohmann/json.hpp REQUIRED)
+add_library(json INTERFACE)
+target_include_directories(json SYSTEM INTERFACE ${JSON_INCLUDE})
+
+if(NOT WIN32)
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0)
+endif()
+
+if(QUILLON_TESTS)
+  find_package(GTest REQUIRED)
+endif()
+if(QUILLON_BENCHMARKS)
+  find_package(benchmark REQUIRED)
+  pkg_check_modules(TAGLIB REQUIRED IMPORTED_TARGET taglib)
+endif()

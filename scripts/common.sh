@@ -1,0 +1,53 @@
+# Shared by the scripts: saying what happens, failing with one line, installing packages. Sourced, not run.
+
+say() { printf '\n== %s\n' "$*"; }
+
+fail() {
+  printf 'error: %s\n' "$*" >&2
+  exit 1
+}
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  elif command -v sudo >/dev/null; then
+    sudo "$@"
+  else
+    fail "root is needed to install packages, and sudo is not there: run as root once: $*"
+  fi
+}
+
+# Installs the named Debian packages that are missing; asks for root only when one is.
+need_packages() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  command -v apt-get >/dev/null || fail "these packages are needed and apt-get is not there: ${missing[*]}"
+  say "Installing: ${missing[*]}"
+  as_root apt-get update -qq >/dev/null || fail "apt-get update failed: no network, or no package mirror?"
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null ||
+    fail "apt-get could not install: ${missing[*]}"
+}
+
+linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev libglib2.0-dev libcli11-dev nlohmann-json3-dev)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev locales libxml2-utils util-linux)
+windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
+style_packages=(clang-format clang-tidy)
+
+quillon_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon
+
+# Configures a preset with the further options given, and builds all of it.
+build_preset() {
+  local preset=$1 log
+  shift
+  log=$(mktemp)
+  cmake --preset "$preset" "$@" >"$log" 2>&1 || {
+    cat "$log" >&2
+    rm -f "$log"
+    fail "configuring '$preset' failed"
+  }
+  rm -f "$log"
+  cmake --build "build/$preset" || fail "building '$preset' failed"
+}

@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Checks the sources' format and runs the static analysis over what the Linux preset compiles. Files whose text and
+# headers have not changed since they were last found clean are passed over.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/common.sh
+
+mapfile -t files < <(git ls-files --cached --others --exclude-standard '*.cpp' '*.h')
+clang-format --dry-run -Werror "${files[@]}" || fail "clang-format: run clang-format -i on the files above"
+
+[ -f build/linux/compile_commands.json ] || fail "configure first: cmake --preset linux"
+mapfile -t sources < <(sed -n "s|^ *\"file\": \"$PWD/\(.*\)\",*|\1|p" build/linux/compile_commands.json | sort -u)
+clean=$quillon_cache/clean
+mkdir -p "$clean"
+everything=$(cat .clang-tidy $(git ls-files --cached --others --exclude-standard '*.h') | sha256sum | cut -d' ' -f1)
+check() {
+  local source=$1 key
+  key=$(cat "$source" <(echo "$everything") | sha256sum | cut -d' ' -f1)
+  [ -f "$clean/$key" ] && return 0
+  clang-tidy --quiet -p build/linux "$source" 2>/dev/null || return 1
+  touch "$clean/$key"
+}
+export -f check
+export clean everything
+printf '%s\n' "${sources[@]}" | xargs -P "$(nproc)" -I{} bash -c 'check {}' || fail "clang-tidy found the above"

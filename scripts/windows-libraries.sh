@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# Builds the libraries that the Windows program needs, once, from Debian's source packages, into a cache outside the
+# checkout. A library is built again only when its version here changes.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/common.sh
+
+toolchain=$PWD/cmake/mingw.cmake
+prefix=$quillon_cache/windows
+work=$quillon_cache/sources
+mkdir -p "$prefix/include" "$prefix/done" "$work"
+
+# apt's own lists have no source packages: a private list is made from the machine's Debian entries.
+apt_source() {
+  local folder=$work/apt
+  mkdir -p "$folder/lists/partial"
+  if [ -f /etc/apt/sources.list.d/debian.sources ]; then
+    sed 's/^Types: deb$/Types: deb-src/' /etc/apt/sources.list.d/debian.sources >"$folder/debian.sources"
+    set -- "-oDir::Etc::sourcelist=$folder/debian.sources" "$@"
+  else
+    sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$folder/debian.list"
+    set -- "-oDir::Etc::sourcelist=$folder/debian.list" "$@"
+  fi
+  apt-get -qq -oDir::Etc::sourceparts=- "-oDir::State::lists=$folder/lists" -oAPT::Sandbox::User=root "$@"
+}
+
+# Unpacks version $2 of Debian's source package $1 into $work/$1 (the newest one when that version is gone).
+unpack() {
+  local package=$1 version=$2
+  rm -rf "${work:?}/$package" "$work/$package-download"
+  mkdir -p "$work/$package-download"
+  (
+    cd "$work/$package-download"
+    apt_source update || fail "Debian's source lists cannot be reached"
+    apt_source source --download-only "$package=$version" 2>/dev/null || apt_source source --download-only "$package" ||
+      fail "the source package $package cannot be fetched"
+    dpkg-source --no-check -x ./*.dsc "$work/$package" >/dev/null
+  )
+}
+
+# build NAME VERSION SOURCE-FOLDER CMAKE-OPTIONS...
+build() {
+  local name=$1 version=$2 source=$3
+  shift 3
+  say "Building $name $version for Windows"
+  rm -rf "$work/build-$name"
+  {
+    cmake -G Ninja -S "$source" -B "$work/build-$name" -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
+      -DBUILD_SHARED_LIBS=OFF -DCMAKE_INSTALL_PREFIX="$prefix" "$@"
+    cmake --build "$work/build-$name" --target install
+  } >"$work/$name.log" 2>&1 || {
+    tail -n 30 "$work/$name.log" >&2
+    fail "$name for Windows could not be built (log: $work/$name.log)"
+  }
+  touch "$prefix/done/$name-$version"
+}
+
+is_done() { [ -f "$prefix/done/$1" ]; }
+
+# A shared lock file, so that two builds at once do not work in the same folders.
+exec 9>"$quillon_cache/windows.lock"
+flock 9
+
+if ! is_done pcre2-10.42; then
+  unpack pcre2 10.42-1
+  build pcre2 10.42 "$work/pcre2" -DPCRE2_SUPPORT_UNICODE=ON -DPCRE2_SUPPORT_JIT=ON -DPCRE2_BUILD_PCRE2GREP=OFF \
+    -DPCRE2_BUILD_TESTS=OFF
+fi
+if ! is_done utf8proc-2.8.0; then
+  unpack utf8proc 2.8.0-1
+  build utf8proc 2.8.0 "$work/utf8proc"
+fi
+googletest_version=$(dpkg-query -W -f='${Version}' googletest)
+if ! is_done "googletest-$googletest_version"; then
+  build googletest "$googletest_version" /usr/src/googletest -DBUILD_GMOCK=ON
+fi
+
+# Header-only libraries: the host's own are the same files.
+mkdir -p "$prefix/include"
+cp -rfu /usr/include/CLI /usr/include/nlohmann "$prefix/include/"

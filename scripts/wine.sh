@@ -1,0 +1,22 @@
+#!/usr/bin/env bash
+# Runs a Windows program under Wine with a prefix, language and runtime folder of our own.
+# `wine.sh --server ARGUMENTS` passes the arguments to the prefix's own server instead.
+set -eu
+cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon
+export WINEPREFIX=${QUILLON_WINEPREFIX:-$cache/wine}
+export WINEDEBUG=-all LC_ALL=ja_JP.UTF-8
+export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=d"
+export XDG_RUNTIME_DIR=$WINEPREFIX-runtime
+mkdir -p "$cache"
+mkdir -p -m 700 "$XDG_RUNTIME_DIR"
+wine=/usr/lib/wine/wine64
+[ -x "$wine" ] || { echo "error: $wine is missing: install wine64" >&2; exit 1; }
+if [ ! -f "$WINEPREFIX/system.reg" ]; then
+  (exec 9>"$cache/wine.lock" && flock 9 && { [ -f "$WINEPREFIX/system.reg" ] || "$wine" wineboot -i >/dev/null 2>&1; })
+  /usr/lib/wine/wineserver64 -w
+fi
+if [ "${1:-}" = --server ]; then
+  shift
+  exec /usr/lib/wine/wineserver64 "$@"
+fi
+exec "$wine" "$@"
