@@ -1,0 +1,159 @@
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+#include <taglib/fileref.h>
+#include <taglib/tag.h>
+
+#include <string>
+#include <vector>
+
+#include "Files.h"
+#include "Program.h"
+#include "rename/ModifyName.h"
+
+namespace quillon::benchmarks {
+namespace {
+
+using benchmark::DoNotOptimize;
+using benchmark::State;
+
+int CountOf(const State& state) { return static_cast<int>(state.range(0)); }
+
+void PerFile(State& state) { state.SetItemsProcessed(state.iterations() * state.range(0)); }
+
+void Require(State& state, bool condition, const char* what) {
+  if (!condition) state.SkipWithError(what);
+}
+
+void LoadFloor(State& state, Files::Kind kind) {
+  const Files& files = SharedFiles(kind, CountOf(state));
+  for ([[maybe_unused]] auto _ : state) {
+    Require(state, ReadWithSystemCalls(files.Folder()) == files.Count(), "not every file was read");
+  }
+  PerFile(state);
+}
+
+void Load(State& state, Files::Kind kind) {
+  const Files& files = SharedFiles(kind, CountOf(state));
+  for ([[maybe_unused]] auto _ : state) {
+    Program program;
+    program.loader.LoadFolder(files.Folder());
+    Require(state, program.list.Count() == files.Count(), "not every file was loaded");
+    state.PauseTiming();
+    program.list.Clear();
+    state.ResumeTiming();
+  }
+  PerFile(state);
+}
+
+void LoadTagLib(State& state) {
+  const Files& files = SharedFiles(Files::Kind::kMp3, CountOf(state));
+  for ([[maybe_unused]] auto _ : state) {
+    for (const std::string& path : files.Paths()) {
+      const TagLib::FileRef file(path.c_str(), false);
+      if (file.isNull()) state.SkipWithError("a file was not read");
+      DoNotOptimize(file.tag()->title());
+      DoNotOptimize(file.tag()->artist());
+    }
+  }
+  PerFile(state);
+}
+
+std::vector<std::string> Renamed(const std::vector<std::string>& paths) {
+  std::vector<std::string> renamed;
+  for (const std::string& path : paths) renamed.push_back(path.substr(0, path.size() - 4) + "x" + path.substr(path.size() - 4));
+  return renamed;
+}
+
+void ApplyFloor(State& state) {
+  const Files& files = SharedFiles(Files::Kind::kMixed, CountOf(state));
+  const std::vector<std::string> renamed = Renamed(files.Paths());
+  for ([[maybe_unused]] auto _ : state) {
+    Require(state, RenameWithSystemCalls(files.Paths(), renamed) == files.Count(), "a rename failed");
+    state.PauseTiming();
+    Require(state, RenameWithSystemCalls(renamed, files.Paths()) == files.Count(), "a rename back failed");
+    state.ResumeTiming();
+  }
+  PerFile(state);
+}
+
+void Apply(State& state) {
+  const Files& files = SharedFiles(Files::Kind::kMixed, CountOf(state));
+  const std::vector<std::string> renamed = Renamed(files.Paths());
+  for ([[maybe_unused]] auto _ : state) {
+    state.PauseTiming();
+    Program program;
+    program.loader.LoadFolder(files.Folder());
+    for (int index = 1; index <= program.list.Count(); ++index) {
+      program.list.SetRenameName(index, program.list.Row(index).renameName + "x");
+    }
+    state.ResumeTiming();
+    Require(state, program.engine.ApplyRenameBatch(true).applied == files.Count(), "a rename failed");
+    state.PauseTiming();
+    Require(state, RenameWithSystemCalls(renamed, files.Paths()) == files.Count(), "a rename back failed");
+    program.list.Clear();
+    state.ResumeTiming();
+  }
+  PerFile(state);
+}
+
+void TitlesToNames(State& state) {
+  const Files& files = SharedFiles(Files::Kind::kMixed, CountOf(state));
+  for ([[maybe_unused]] auto _ : state) {
+    Program program;
+    program.loader.LoadFolder(files.Folder());
+    program.titles.RenameToTitles(true);
+    const BatchOutcome outcome = program.engine.ApplyRenameBatch(true);
+    state.PauseTiming();
+    Require(state, outcome.applied == files.Count(), "a rename failed");
+    std::vector<std::string> renamed;
+    for (int index = 1; index <= program.list.Count(); ++index) renamed.push_back(program.list.Row(index).location);
+    Require(state, RenameWithSystemCalls(renamed, files.Paths()) == files.Count(), "a rename back failed");
+    program.list.Clear();
+    state.ResumeTiming();
+  }
+  PerFile(state);
+}
+
+void ModifyNames(State& state) {
+  OptionValues::Modify rules;
+  rules.rules = {{{1, "number", "No."}, {1, "Song", "曲"}, {1, " ", "_"}, {1, "0", "０"}, {1, "missing", "found"}}};
+  Nobody nobody;
+  std::vector<std::string> names;
+  for (int i = 0; i < CountOf(state); ++i) names.push_back("Song number " + std::to_string(i));
+  for ([[maybe_unused]] auto _ : state) {
+    for (const std::string& name : names) DoNotOptimize(ModifyName(name, rules, names.size(), nobody, nobody));
+  }
+  PerFile(state);
+}
+
+void MemoryPerRow(State& state) {
+  const Files& files = SharedFiles(Files::Kind::kMixed, CountOf(state));
+  for ([[maybe_unused]] auto _ : state) {
+    Program program;
+    const std::size_t before = mallinfo2().uordblks;
+    program.loader.LoadFolder(files.Folder());
+    state.counters["bytes_per_row"] = static_cast<double>(mallinfo2().uordblks - before) / files.Count();
+  }
+}
+
+constexpr int kFew = 5000;
+constexpr int kMany = 100000;
+
+void Sizes(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Arg(kFew)->Arg(kMany)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+BENCHMARK_CAPTURE(LoadFloor, mixed, Files::Kind::kMixed)->Apply(Sizes);
+BENCHMARK_CAPTURE(Load, mixed, Files::Kind::kMixed)->Apply(Sizes);
+BENCHMARK_CAPTURE(Load, mp3, Files::Kind::kMp3)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(LoadTagLib)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ApplyFloor)->Apply(Sizes);
+BENCHMARK(Apply)->Apply(Sizes);
+BENCHMARK(TitlesToNames)->Apply(Sizes);
+BENCHMARK(ModifyNames)->Apply(Sizes);
+BENCHMARK(MemoryPerRow)->Arg(kMany)->Iterations(1);
+
+}  // namespace
+}  // namespace quillon::benchmarks
+
+BENCHMARK_MAIN();

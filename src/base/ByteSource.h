@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace quillon {
+
+/// The bytes of one opened file, readable at any place.
+class ByteSource {
+ public:
+  ByteSource() = default;
+  ByteSource(const ByteSource&) = delete;
+  ByteSource& operator=(const ByteSource&) = delete;
+  virtual ~ByteSource() = default;
+
+  /// The file's length in bytes when it was opened.
+  [[nodiscard]] virtual std::uint64_t Size() const = 0;
+
+  /// True for files that carry the system's hidden or system attribute (never on Linux).
+  [[nodiscard]] virtual bool IsHiddenOrSystem() const { return false; }
+
+  /// Reads up to `count` bytes from `offset`; fewer at the end of the file or where reading fails. Returns how many.
+  virtual std::size_t ReadAt(std::uint64_t offset, char* into, std::size_t count) = 0;
+
+  /// The same as a string; never asks for more memory than the file holds, whatever `count` says.
+  [[nodiscard]] std::string Read(std::uint64_t offset, std::uint64_t count);
+};
+
+}  // namespace quillon

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <utility>
+#include <variant>
+
+namespace quillon {
+
+/// A value, or the error that stands in its place. Expected failures travel as values, never as exceptions.
+template <class Value, class Error>
+class [[nodiscard]] Result {
+ public:
+  // Both conversions are meant: `return value;` and `return error;` read best.
+  Result(Value value) : held_(std::in_place_index<0>, std::move(value)) {}  // NOLINT(google-explicit-constructor)
+  Result(Error error) : held_(std::in_place_index<1>, std::move(error)) {}  // NOLINT(google-explicit-constructor)
+
+  [[nodiscard]] bool Ok() const { return held_.index() == 0; }
+  explicit operator bool() const { return Ok(); }
+
+  /// Precondition: Ok().
+  [[nodiscard]] const Value& operator*() const& { return *std::get_if<0>(&held_); }
+  [[nodiscard]] Value& operator*() & { return *std::get_if<0>(&held_); }
+  [[nodiscard]] const Value* operator->() const { return std::get_if<0>(&held_); }
+
+  /// Precondition: !Ok().
+  [[nodiscard]] const Error& Failure() const { return *std::get_if<1>(&held_); }
+
+ private:
+  std::variant<Value, Error> held_;
+};
+
+}  // namespace quillon

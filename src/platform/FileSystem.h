@@ -1,0 +1,115 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/ByteSource.h"
+#include "base/Result.h"
+
+/// Files and folders. Paths are UTF-8; on Linux a path is the file system's bytes as they stand, on Windows unpaired
+/// surrogates travel as the three bytes that UTF-8 would give them, so that every existing name can be named.
+namespace quillon {
+
+/// What went wrong with a file. The logic knows these numbers; any other is unexpected.
+namespace file_error {
+inline constexpr int kUnreachable = 52;    ///< the folder or volume cannot be reached at all
+inline constexpr int kNotFound = 53;       ///< no such file, or a name that the system cannot hold
+inline constexpr int kAlreadyOpen = 55;    ///< the file is open
+inline constexpr int kAlreadyExists = 58;  ///< the target exists
+inline constexpr int kAccess = 75;         ///< permission, read-only volume, sharing violation, busy
+inline constexpr int kOwn = 1000;          ///< added to any other number of the system, so that the two never collide
+/// A change of letter case failed half-way and could not be taken back; the description names where the file is now.
+inline constexpr int kStranded = kOwn;
+}  // namespace file_error
+
+struct FileError {
+  int number = 0;           ///< one of file_error, or file_error::kOwn plus the system's own number
+  std::string description;  ///< the system's words for it, UTF-8
+
+  bool operator==(const FileError&) const = default;
+};
+
+/// `Recycle`'s answer when the file is still there and the user has not been told.
+inline constexpr int kRecycleNotDone = 1026;
+
+/// Empty on success.
+using FileOutcome = std::optional<FileError>;
+
+struct FolderEntry {
+  std::string name;
+  bool isFolder = false;  ///< true for a link to a folder, too
+  bool isLink = false;
+
+  bool operator==(const FolderEntry&) const = default;
+};
+
+struct FileStatus {
+  enum class Kind { kAbsent, kFile, kFolder, kOther };
+  Kind kind = Kind::kAbsent;
+  std::uint64_t length = 0;  ///< bytes; files only
+};
+
+/// What is asked of the disk. Nothing here changes it.
+class FileReads {
+ public:
+  virtual ~FileReads() = default;
+
+  /// The folder's entries without "." and "..", sorted by name ignoring case (upper-case code points, then bytes).
+  /// Entries that are neither file nor folder (pipes, sockets, devices) and links that lead nowhere are left out.
+  virtual Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) = 0;
+
+  /// The folder's path with every link in it resolved; empty when it cannot be reached.
+  virtual std::string RealPath(const std::string& folder) = 0;
+
+  /// Opens a regular file for reading without keeping anyone else out; null when that fails.
+  virtual std::unique_ptr<ByteSource> OpenFile(const std::string& path) = 0;
+
+  /// What stands at this path, links followed. kAbsent is an answer; an error is a path the system cannot hold (53)
+  /// or is not allowed to look at (75).
+  virtual Result<FileStatus, FileError> Status(const std::string& path) = 0;
+
+  /// True when both paths name the same existing file.
+  virtual bool SameFile(const std::string& left, const std::string& right) = 0;
+};
+
+/// What changes the disk. Each call does the whole thing or nothing; no call ever replaces an existing file.
+class FileChanges {
+ public:
+  virtual ~FileChanges() = default;
+
+  /// Renames within one folder. A rename to the file's own current name succeeds and touches nothing; one that changes
+  /// letter case only is carried out on file systems that ignore case, too.
+  virtual FileOutcome Rename(const std::string& from, const std::string& to) = 0;
+
+  /// Moves to another folder under the given full path; to another volume by copying, flushing, publishing without
+  /// replacing, then deleting the source. Times and permissions are kept.
+  virtual FileOutcome Move(const std::string& from, const std::string& to) = 0;
+
+  /// Deletes for good. Never a folder.
+  virtual FileOutcome Remove(const std::string& path) = 0;
+
+  /// Moves the file to the desktop's recycle bin, the system's own confirmation shown over `ownerWindow` (the native
+  /// window handle, 0 for none). Returns 0 when the system reported success; the system's own number when it failed and
+  /// told the user so itself; kRecycleNotDone when it failed and nobody was told (Linux). Never deletes for good instead.
+  virtual int Recycle(const std::string& path, std::uintptr_t ownerWindow) = 0;
+};
+
+/// The system's own. Stateless; may be made as often as wanted.
+[[nodiscard]] std::unique_ptr<FileReads> MakeFileReads();
+[[nodiscard]] std::unique_ptr<FileChanges> MakeFileChanges();
+
+/// Opens one regular file with the system's own reader: OpenFile without an object.
+[[nodiscard]] std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path);
+
+/// `path` as a full path: relative ones start at the current folder; "." and doubled separators are dropped, ".." is
+/// resolved through the real folder. Does not need to exist. Links in the path stay as they are.
+[[nodiscard]] std::string FullPath(const std::string& path);
+
+/// The folder where the desktop keeps this user's deleted files, with a trailing separator; empty where there is none
+/// with a name of its own (Windows).
+[[nodiscard]] std::string UserTrashFolder();
+
+}  // namespace quillon

@@ -1,0 +1,84 @@
+#include "platform/FolderOrder.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/Text.h"
+
+namespace quillon {
+namespace {
+
+struct Key {
+  std::uint64_t start = 0;  ///< the first eight bytes after the prefix that all names share, big-endian
+  std::size_t offset = 0;   ///< of the upper-case name in the arena
+  std::size_t length = 0;
+  std::size_t entry = 0;
+};
+
+void AppendUpper(std::string& arena, const std::string& name) {
+  const std::size_t offset = arena.size();
+  arena += name;
+  for (std::size_t i = offset; i < arena.size(); ++i) {
+    const char c = arena[i];
+    if (static_cast<unsigned char>(c) >= 0x80) {
+      arena.replace(offset, std::string::npos, ToUpper(name));
+      return;
+    }
+    if (c >= 'a' && c <= 'z') arena[i] = static_cast<char>(c - ('a' - 'A'));
+  }
+}
+
+std::string_view UpperName(const std::string& arena, const Key& key) {
+  return std::string_view(arena).substr(key.offset, key.length);
+}
+
+std::size_t SharedPrefix(const std::string& arena, const std::vector<Key>& keys) {
+  const std::string_view first = UpperName(arena, keys.front());
+  std::size_t shared = first.size();
+  for (const Key& key : keys) {
+    const std::string_view name = UpperName(arena, key);
+    shared = std::min(shared, name.size());
+    const auto* end = first.begin() + shared;
+    shared = static_cast<std::size_t>(std::mismatch(first.begin(), end, name.begin()).first - first.begin());
+  }
+  return shared;
+}
+
+std::uint64_t StartOf(std::string_view name) {
+  std::uint64_t start = 0;
+  for (std::size_t i = 0; i < 8; ++i) {
+    start = start << 8u | (i < name.size() ? static_cast<unsigned char>(name[i]) : 0u);
+  }
+  return start;
+}
+
+}  // namespace
+
+void SortAsVolumeLists(std::vector<FolderEntry>& entries) {
+  if (entries.size() < 2) return;
+  std::string arena;
+  std::vector<Key> keys;
+  keys.reserve(entries.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    const std::size_t offset = arena.size();
+    AppendUpper(arena, entries[i].name);
+    keys.push_back({0, offset, arena.size() - offset, i});
+  }
+  const std::size_t shared = SharedPrefix(arena, keys);
+  for (Key& key : keys) key.start = StartOf(UpperName(arena, key).substr(shared));
+  std::sort(keys.begin(), keys.end(), [&](const Key& left, const Key& right) {
+    if (left.start != right.start) return left.start < right.start;
+    const int order = UpperName(arena, left).substr(shared).compare(UpperName(arena, right).substr(shared));
+    return order != 0 ? order < 0 : entries[left.entry].name < entries[right.entry].name;
+  });
+  std::vector<FolderEntry> sorted;
+  sorted.reserve(entries.size());
+  for (const Key& key : keys) sorted.push_back(std::move(entries[key.entry]));
+  entries = std::move(sorted);
+}
+
+}  // namespace quillon

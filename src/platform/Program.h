@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The running program and its surroundings.
+namespace quillon {
+
+/// The folder of the executable, with exactly one trailing separator.
+[[nodiscard]] std::string ProgramFolder();
+
+/// The executable's file name without folder and, on Windows, without ".exe".
+[[nodiscard]] std::string ProgramBaseName();
+
+/// The folder for this user's configuration files, with a trailing separator (need not exist yet).
+[[nodiscard]] std::string UserConfigurationFolder();
+
+/// The command line's arguments as UTF-8, without the program's own name.
+[[nodiscard]] std::vector<std::string> ProgramArguments(int argc, char** argv);
+
+/// From now on Ctrl-C no longer ends the program but is remembered.
+void CatchInterruption();
+[[nodiscard]] bool Interrupted();
+
+/// Standard output, unbuffered: the bytes as they are, no newline conversion; a Windows console is told that they are
+/// UTF-8. False when the other end was closed or the device is full.
+[[nodiscard]] bool WriteStandardOutput(std::string_view bytes);
+[[nodiscard]] bool WriteStandardError(std::string_view bytes);
+
+/// All of standard input, read to its end.
+[[nodiscard]] std::string ReadStandardInput();
+
+}  // namespace quillon

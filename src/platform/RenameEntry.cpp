@@ -1,0 +1,62 @@
+#include "platform/RenameEntry.h"
+
+#include "base/Text.h"
+#include "platform/EntryPath.h"
+#include "platform/TemporaryName.h"
+
+namespace quillon {
+namespace {
+
+// One entry of one folder under two spellings, in contrast to two hard links of one file.
+bool IsOneEntry(EntryChanges& changes, const std::string& from, const std::string& to, PathStyle style) {
+  const std::string fromFolder(SplitPath(from, style).folder);
+  const std::string toFolder(SplitPath(to, style).folder);
+  return changes.SameFile(from, to) && (fromFolder == toFolder || changes.SameFile(fromFolder, toFolder)) &&
+         changes.ListedName(from) == changes.ListedName(to);
+}
+
+// Puts the file back under its old name. Where even that fails, the caller must learn where the file is now.
+FileError TakeBack(EntryChanges& changes, const std::string& temporary, const std::string& from, FileError reason) {
+  if (!changes.RenameNoReplace(temporary, from)) return reason;
+  reason.number = file_error::kStranded;
+  reason.description += " (" + temporary + ")";
+  return reason;
+}
+
+FileOutcome RenameInTwoSteps(EntryChanges& changes, const std::string& from, const std::string& to, PathStyle style) {
+  const std::string folder(SplitPath(from, style).folder);
+  FileOutcome outcome;
+  for (int i = 0; i < kTemporaryNameAttempts; ++i) {
+    const std::string temporary = folder + TemporaryName();
+    outcome = changes.RenameNoReplace(from, temporary);
+    if (!outcome) {
+      outcome = changes.RenameNoReplace(temporary, to);
+      return outcome ? FileOutcome(TakeBack(changes, temporary, from, *outcome)) : outcome;
+    }
+    if (outcome->number != file_error::kAlreadyExists) break;
+  }
+  return outcome;
+}
+
+// The system reported success, but names that differ in letter case alone may be one to it.
+FileOutcome EnsureLetterCase(EntryChanges& changes, const std::string& from, const std::string& to, PathStyle style) {
+  const bool oldNameIsGone = changes.Look(from).has_value();
+  if (oldNameIsGone || changes.ListedName(to) == SplitPath(to, style).name) return std::nullopt;
+  return RenameInTwoSteps(changes, from, to, style);
+}
+
+}  // namespace
+
+FileOutcome RenameEntry(EntryChanges& changes, const std::string& from, const std::string& to, PathStyle style) {
+  if (from == to) return changes.Look(from);
+  FileOutcome outcome = changes.RenameNoReplace(from, to);
+  const std::string_view oldName = SplitPath(from, style).name;
+  const std::string_view newName = SplitPath(to, style).name;
+  if (!EqualIgnoringCase(oldName, newName)) return outcome;
+  if (!outcome) return oldName == newName ? outcome : EnsureLetterCase(changes, from, to, style);
+  if (outcome->number != file_error::kAlreadyExists || !IsOneEntry(changes, from, to, style)) return outcome;
+  if (changes.ListedName(to) == newName) return std::nullopt;
+  return RenameInTwoSteps(changes, from, to, style);
+}
+
+}  // namespace quillon

@@ -1,0 +1,14 @@
+#include "platform/SharedLibrary.h"
+
+#include <utility>
+
+namespace quillon {
+
+SharedLibrary::SharedLibrary(SharedLibrary&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
+
+SharedLibrary& SharedLibrary::operator=(SharedLibrary&& other) noexcept {
+  std::swap(handle_, other.handle_);
+  return *this;
+}
+
+}  // namespace quillon

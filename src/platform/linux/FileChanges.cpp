@@ -1,0 +1,121 @@
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <memory>
+
+#include "base/Text.h"
+#include "platform/EntryPath.h"
+#include "platform/FileSystem.h"
+#include "platform/MoveByCopying.h"
+#include "platform/RenameEntry.h"
+#include "platform/linux/CopyFile.h"
+#include "platform/linux/Descriptor.h"
+#include "platform/linux/NoReplaceRename.h"
+#include "platform/linux/SystemError.h"
+#include "platform/linux/Trash.h"
+
+namespace quillon {
+namespace {
+
+FileOutcome OutcomeOf(int failure) { return failure == 0 ? FileOutcome() : FileOutcome(ErrorOf(failure)); }
+
+FileOutcome LookAt(const std::string& path) {
+  struct stat status = {};
+  return OutcomeOf(::lstat(path.c_str(), &status) == 0 ? 0 : errno);
+}
+
+// The entry with exactly this name, else one that differs in letter case alone; empty when the folder lists neither.
+std::string FindListed(DIR* folder, std::string_view name) {
+  std::string similar;
+  while (const dirent* found = ::readdir(folder)) {
+    if (name == found->d_name) return found->d_name;
+    if (similar.empty() && EqualIgnoringCase(name, found->d_name)) similar = found->d_name;
+  }
+  return similar;
+}
+
+class LinuxEntries final : public EntryChanges {
+ public:
+  FileOutcome RenameNoReplace(const std::string& from, const std::string& to) override {
+    return OutcomeOf(quillon::RenameNoReplace(from, to));
+  }
+
+  FileOutcome Look(const std::string& path) override { return LookAt(path); }
+
+  bool SameFile(const std::string& left, const std::string& right) override {
+    struct stat one = {};
+    struct stat other = {};
+    if (::lstat(left.c_str(), &one) != 0 || ::lstat(right.c_str(), &other) != 0) return false;
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+  }
+
+  std::string ListedName(const std::string& path) override {
+    const EntryPath split = SplitPath(path, PathStyle::kLinux);
+    const std::string folder = split.folder.empty() ? "." : std::string(split.folder);
+    DIR* open = ::opendir(folder.c_str());
+    if (open == nullptr) return {};
+    std::string name = FindListed(open, split.name);
+    ::closedir(open);
+    return name;
+  }
+};
+
+class LinuxCopySteps final : public CopySteps {
+ public:
+  FileOutcome Look(const std::string& path) override { return LookAt(path); }
+
+  FileOutcome Copy(const std::string& from, const std::string& to) override {
+    return OutcomeOf(CopyWithAttributes(from, to));
+  }
+
+  FileOutcome Publish(const std::string& temporary, const std::string& to) override {
+    return OutcomeOf(RenameNoReplace(temporary, to));
+  }
+
+  FileOutcome FlushFolder(const std::string& folder) override {
+    const Descriptor open(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    // A folder that may be written but not listed cannot be flushed, and some file systems do not flush folders.
+    if (!open.Open()) return errno == EACCES ? FileOutcome() : OutcomeOf(errno);
+    if (::fsync(open.Number()) == 0 || errno == EINVAL || errno == EOPNOTSUPP) return std::nullopt;
+    return ErrorOf(errno);
+  }
+
+  FileOutcome Remove(const std::string& path) override { return OutcomeOf(::unlink(path.c_str()) == 0 ? 0 : errno); }
+};
+
+bool AreHoldable(const std::string& from, const std::string& to) {
+  if (HoldsNul(from) || HoldsNul(to)) return false;
+  return CanNameFile(SplitPath(from, PathStyle::kLinux).name) && CanNameFile(SplitPath(to, PathStyle::kLinux).name);
+}
+
+class LinuxFileChanges final : public FileChanges {
+ public:
+  FileOutcome Rename(const std::string& from, const std::string& to) override {
+    if (!AreHoldable(from, to)) return UnholdableName();
+    LinuxEntries entries;
+    return RenameEntry(entries, from, to, PathStyle::kLinux);
+  }
+
+  FileOutcome Move(const std::string& from, const std::string& to) override {
+    const FileOutcome outcome = Rename(from, to);
+    if (!outcome || outcome->number != file_error::kOwn + EXDEV) return outcome;
+    LinuxCopySteps steps;
+    return MoveByCopying(steps, from, to, PathStyle::kLinux);
+  }
+
+  FileOutcome Remove(const std::string& path) override {
+    if (HoldsNul(path)) return UnholdableName();
+    return OutcomeOf(::unlink(path.c_str()) == 0 ? 0 : errno);
+  }
+
+  int Recycle(const std::string& path, std::uintptr_t) override { return MoveToTrash(path); }
+};
+
+}  // namespace
+
+std::unique_ptr<FileChanges> MakeFileChanges() { return std::make_unique<LinuxFileChanges>(); }
+
+}  // namespace quillon

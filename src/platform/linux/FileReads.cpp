@@ -1,0 +1,111 @@
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "platform/FileSystem.h"
+#include "platform/FolderOrder.h"
+#include "platform/linux/SystemError.h"
+
+namespace quillon {
+namespace {
+
+struct FolderCloser {
+  void operator()(DIR* folder) const { ::closedir(folder); }
+};
+using OpenFolder = std::unique_ptr<DIR, FolderCloser>;
+
+enum class EntryKind { kFile, kFolder, kLink, kUnknown, kOther };
+
+EntryKind KindOf(unsigned char type) {
+  switch (type) {
+    case DT_REG:
+      return EntryKind::kFile;
+    case DT_DIR:
+      return EntryKind::kFolder;
+    case DT_LNK:
+      return EntryKind::kLink;
+    case DT_UNKNOWN:
+      return EntryKind::kUnknown;
+    default:
+      return EntryKind::kOther;
+  }
+}
+
+// What the entry is, or where `flags` say so what it leads to.
+EntryKind KindOnDisk(DIR* folder, const char* name, int flags) {
+  struct stat status = {};
+  if (::fstatat(::dirfd(folder), name, &status, flags) != 0) return EntryKind::kOther;
+  return KindOf(static_cast<unsigned char>(IFTODT(status.st_mode)));
+}
+
+bool IsDots(std::string_view name) { return name == "." || name == ".."; }
+
+void AddEntry(std::vector<FolderEntry>& entries, DIR* folder, const dirent& found) {
+  if (IsDots(found.d_name)) return;
+  EntryKind kind = KindOf(found.d_type);
+  if (kind == EntryKind::kUnknown) kind = KindOnDisk(folder, found.d_name, AT_SYMLINK_NOFOLLOW);
+  const bool isLink = kind == EntryKind::kLink;
+  if (isLink) kind = KindOnDisk(folder, found.d_name, 0);
+  if (kind != EntryKind::kFile && kind != EntryKind::kFolder) return;
+  entries.push_back({found.d_name, kind == EntryKind::kFolder, isLink});
+}
+
+FileStatus StatusOf(const struct stat& status) {
+  if (S_ISREG(status.st_mode)) return {FileStatus::Kind::kFile, static_cast<std::uint64_t>(status.st_size)};
+  return {S_ISDIR(status.st_mode) ? FileStatus::Kind::kFolder : FileStatus::Kind::kOther, 0};
+}
+
+class LinuxFileReads final : public FileReads {
+ public:
+  Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) override {
+    if (HoldsNul(folder)) return FolderErrorOf(EINVAL);
+    const OpenFolder open(::opendir(folder.c_str()));
+    if (!open) return FolderErrorOf(errno);
+    std::vector<FolderEntry> entries;
+    for (;;) {
+      errno = 0;
+      const dirent* found = ::readdir(open.get());
+      if (found == nullptr) break;
+      AddEntry(entries, open.get(), *found);
+    }
+    if (errno != 0) return FolderErrorOf(errno);
+    SortAsVolumeLists(entries);
+    return entries;
+  }
+
+  std::string RealPath(const std::string& folder) override {
+    if (HoldsNul(folder)) return {};
+    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(folder.c_str(), nullptr), &std::free);
+    return resolved ? std::string(resolved.get()) : std::string();
+  }
+
+  std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return OpenSystemFile(path); }
+
+  Result<FileStatus, FileError> Status(const std::string& path) override {
+    if (HoldsNul(path)) return UnholdableName();
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) == 0) return StatusOf(status);
+    if (errno == ENOENT || errno == ENOTDIR) return FileStatus();
+    return ErrorOf(errno);
+  }
+
+  bool SameFile(const std::string& left, const std::string& right) override {
+    if (HoldsNul(left) || HoldsNul(right)) return false;
+    struct stat one = {};
+    struct stat other = {};
+    if (::stat(left.c_str(), &one) != 0 || ::stat(right.c_str(), &other) != 0) return false;
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<FileReads> MakeFileReads() { return std::make_unique<LinuxFileReads>(); }
+
+}  // namespace quillon

@@ -1,0 +1,52 @@
+#include "platform/SharedLibrary.h"
+
+#include <dlfcn.h>
+#include <link.h>
+
+#include "platform/FileSystem.h"
+#include "platform/Program.h"
+
+namespace quillon {
+namespace {
+
+bool IsFile(const std::string& path) {
+  const auto status = MakeFileReads()->Status(path);
+  return status && status->kind == FileStatus::Kind::kFile;
+}
+
+// Where the dynamic linker finds the library: its search order is long and only itself knows it, so it is asked.
+std::optional<std::string> SystemLibraryFolder(const std::string& fileName) {
+  void* library = ::dlopen(fileName.c_str(), RTLD_LAZY | RTLD_LOCAL);
+  if (library == nullptr) return std::nullopt;
+  link_map* loaded = nullptr;
+  std::string path;
+  if (::dlinfo(library, RTLD_DI_LINKMAP, static_cast<void*>(&loaded)) == 0) path = loaded->l_name;
+  ::dlclose(library);
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return std::nullopt;
+  return path.substr(0, slash + 1);
+}
+
+}  // namespace
+
+std::string SharedLibraryFileName(const std::string& name) { return "lib" + name + ".so"; }
+
+std::optional<std::string> FindLibrary(const std::string& fileName) {
+  const bool plain = !fileName.empty() && fileName.find('/') == std::string::npos;
+  if (!plain) return std::nullopt;
+  std::string folder = ProgramFolder();
+  if (IsFile(folder + fileName)) return folder;
+  return SystemLibraryFolder(fileName);
+}
+
+SharedLibrary::SharedLibrary(const std::string& path) : handle_(::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {}
+
+SharedLibrary::~SharedLibrary() {
+  if (handle_ != nullptr) ::dlclose(handle_);
+}
+
+void* SharedLibrary::Symbol(const char* name) const {
+  return handle_ == nullptr ? nullptr : ::dlsym(handle_, name);
+}
+
+}  // namespace quillon

@@ -1,0 +1,47 @@
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+
+#include "platform/Program.h"
+
+namespace quillon {
+namespace {
+
+// A closed pipe is to be an answer, not the end of the program.
+void IgnoreBrokenPipes() {
+  static const bool ignored = ::signal(SIGPIPE, SIG_IGN) != SIG_ERR;
+  static_cast<void>(ignored);
+}
+
+bool WriteAll(int stream, std::string_view bytes) {
+  IgnoreBrokenPipes();
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(stream, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+}  // namespace
+
+bool WriteStandardOutput(std::string_view bytes) { return WriteAll(STDOUT_FILENO, bytes); }
+
+bool WriteStandardError(std::string_view bytes) { return WriteAll(STDERR_FILENO, bytes); }
+
+std::string ReadStandardInput() {
+  std::string all;
+  std::array<char, 65536> buffer = {};
+  while (!Interrupted()) {
+    const ssize_t got = ::read(STDIN_FILENO, buffer.data(), buffer.size());
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) break;
+    all.append(buffer.data(), static_cast<std::size_t>(got));
+  }
+  return all;
+}
+
+}  // namespace quillon

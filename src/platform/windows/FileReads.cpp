@@ -1,0 +1,142 @@
+#include <windows.h>
+
+#include <string_view>
+#include <utility>
+
+#include "platform/FileSystem.h"
+#include "platform/FolderOrder.h"
+#include "platform/WindowsPath.h"
+#include "platform/windows/Handle.h"
+#include "platform/windows/SystemError.h"
+#include "platform/windows/SystemPath.h"
+#include "platform/windows/Wide.h"
+
+namespace quillon {
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// For questions about what stands at a path, links followed; works for folders, too, and disturbs nobody.
+Handle OpenForQuestions(const std::wstring& path) {
+  return Handle(::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+bool IsFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+
+// Other reparse points (files kept in a cloud, deduplicated files) are ordinary files to us.
+bool IsLink(const WIN32_FIND_DATAW& found) {
+  if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
+  return found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT;
+}
+
+void AddEntry(std::vector<FolderEntry>& entries, const std::wstring& folder, const WIN32_FIND_DATAW& found) {
+  const std::wstring_view name = found.cFileName;
+  if (name == L"." || name == L"..") return;
+  const bool isLink = IsLink(found);
+  if (isLink && !OpenForQuestions(folder + std::wstring(name)).Open()) return;
+  entries.push_back({FromWide(name), IsFolder(found.dwFileAttributes), isLink});
+}
+
+class SearchCloser {
+ public:
+  explicit SearchCloser(HANDLE search) : search_(search) {}
+  SearchCloser(const SearchCloser&) = delete;
+  SearchCloser& operator=(const SearchCloser&) = delete;
+  ~SearchCloser() { ::FindClose(search_); }
+
+ private:
+  HANDLE search_;
+};
+
+std::string FinalPath(const Handle& file) {
+  const DWORD needed = ::GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
+  std::wstring path(needed, L'\0');
+  path.resize(::GetFinalPathNameByHandleW(file.Get(), path.data(), needed, FILE_NAME_NORMALIZED));
+  return PlainWindowsPath(FromWide(path));
+}
+
+Result<FileStatus, FileError> StatusOf(DWORD attributes, std::uint64_t high, std::uint64_t low) {
+  if (IsFolder(attributes)) return FileStatus{FileStatus::Kind::kFolder, 0};
+  return FileStatus{FileStatus::Kind::kFile, high << 32u | low};
+}
+
+Result<FileStatus, FileError> StatusError(DWORD number) {
+  if (number == ERROR_FILE_NOT_FOUND || number == ERROR_PATH_NOT_FOUND || number == ERROR_DIRECTORY) {
+    return FileStatus();
+  }
+  return ErrorOf(number);
+}
+
+Result<FileStatus, FileError> StatusBehindLink(const std::wstring& path) {
+  const Handle file = OpenForQuestions(path);
+  BY_HANDLE_FILE_INFORMATION found = {};
+  if (!file.Open() || !::GetFileInformationByHandle(file.Get(), &found)) return StatusError(::GetLastError());
+  return StatusOf(found.dwFileAttributes, found.nFileSizeHigh, found.nFileSizeLow);
+}
+
+class WindowsFileReads final : public FileReads {
+ public:
+  Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) override {
+    std::optional<std::wstring> path = SystemPath(folder);
+    if (!path) return FolderErrorOf(ERROR_INVALID_NAME);
+    if (!path->ends_with(L'\\')) *path += L'\\';
+    WIN32_FIND_DATAW found = {};
+    HANDLE search = ::FindFirstFileExW((*path + L'*').c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr,
+                                       FIND_FIRST_EX_LARGE_FETCH);
+    std::vector<FolderEntry> entries;
+    if (reinterpret_cast<LONG_PTR>(search) == -1) {
+      const DWORD failure = ::GetLastError();
+      // An empty root has not even "." in it.
+      if (failure == ERROR_FILE_NOT_FOUND) return entries;
+      return FolderErrorOf(failure);
+    }
+    const SearchCloser closer(search);
+    do AddEntry(entries, *path, found);
+    while (::FindNextFileW(search, &found));
+    if (const DWORD failure = ::GetLastError(); failure != ERROR_NO_MORE_FILES) return FolderErrorOf(failure);
+    SortAsVolumeLists(entries);
+    return entries;
+  }
+
+  std::string RealPath(const std::string& folder) override {
+    const std::optional<std::wstring> path = SystemPath(folder);
+    if (!path) return {};
+    const Handle open = OpenForQuestions(*path);
+    return open.Open() ? FinalPath(open) : std::string();
+  }
+
+  std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return OpenSystemFile(path); }
+
+  Result<FileStatus, FileError> Status(const std::string& path) override {
+    if (path.empty()) return FileStatus();
+    const std::optional<std::wstring> systemPath = ExistingPath(path);
+    if (!systemPath) return UnholdableName();
+    WIN32_FILE_ATTRIBUTE_DATA found = {};
+    if (!::GetFileAttributesExW(systemPath->c_str(), GetFileExInfoStandard, &found)) return StatusError(::GetLastError());
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return StatusBehindLink(*systemPath);
+    return StatusOf(found.dwFileAttributes, found.nFileSizeHigh, found.nFileSizeLow);
+  }
+
+  bool SameFile(const std::string& left, const std::string& right) override {
+    const std::optional<std::wstring> leftPath = ExistingPath(left);
+    const std::optional<std::wstring> rightPath = ExistingPath(right);
+    if (!leftPath || !rightPath) return false;
+    // Both stay open meanwhile: a file's number could be given away as soon as nobody holds it.
+    const Handle one = OpenForQuestions(*leftPath);
+    const Handle other = OpenForQuestions(*rightPath);
+    BY_HANDLE_FILE_INFORMATION first = {};
+    BY_HANDLE_FILE_INFORMATION second = {};
+    if (!one.Open() || !other.Open()) return false;
+    if (!::GetFileInformationByHandle(one.Get(), &first)) return false;
+    if (!::GetFileInformationByHandle(other.Get(), &second)) return false;
+    return first.dwVolumeSerialNumber == second.dwVolumeSerialNumber && first.nFileIndexHigh == second.nFileIndexHigh &&
+           first.nFileIndexLow == second.nFileIndexLow;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<FileReads> MakeFileReads() { return std::make_unique<WindowsFileReads>(); }
+
+}  // namespace quillon

@@ -1,0 +1,59 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/FileSystem.h"
+#include "platform/windows/Handle.h"
+#include "platform/windows/SystemPath.h"
+
+namespace quillon {
+namespace {
+
+class SystemFile final : public ByteSource {
+ public:
+  SystemFile(Handle file, std::uint64_t size, bool hiddenOrSystem)
+      : file_(std::move(file)), size_(size), hiddenOrSystem_(hiddenOrSystem) {}
+
+  [[nodiscard]] std::uint64_t Size() const override { return size_; }
+  [[nodiscard]] bool IsHiddenOrSystem() const override { return hiddenOrSystem_; }
+
+  std::size_t ReadAt(std::uint64_t offset, char* into, std::size_t count) override {
+    constexpr std::size_t kMostAtOnce = std::size_t{1} << 30u;
+    std::size_t done = 0;
+    while (done < count) {
+      OVERLAPPED place = {};
+      place.Offset = static_cast<DWORD>((offset + done) & 0xFFFFFFFFu);
+      place.OffsetHigh = static_cast<DWORD>((offset + done) >> 32u);
+      DWORD got = 0;
+      const auto wanted = static_cast<DWORD>(std::min(count - done, kMostAtOnce));
+      if (!::ReadFile(file_.Get(), into + done, wanted, &got, &place) || got == 0) break;
+      done += got;
+    }
+    return done;
+  }
+
+ private:
+  Handle file_;
+  std::uint64_t size_;
+  bool hiddenOrSystem_;
+};
+
+}  // namespace
+
+std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {
+  const std::optional<std::wstring> systemPath = ExistingPath(path);
+  if (!systemPath) return nullptr;
+  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  Handle file(::CreateFileW(systemPath->c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                            FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file.Open() || ::GetFileType(file.Get()) != FILE_TYPE_DISK) return nullptr;
+  BY_HANDLE_FILE_INFORMATION found = {};
+  if (!::GetFileInformationByHandle(file.Get(), &found)) return nullptr;
+  if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return nullptr;
+  const std::uint64_t size = std::uint64_t{found.nFileSizeHigh} << 32u | found.nFileSizeLow;
+  const bool hiddenOrSystem = (found.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0;
+  return std::make_unique<SystemFile>(std::move(file), size, hiddenOrSystem);
+}
+
+}  // namespace quillon

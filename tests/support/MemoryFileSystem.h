@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/FileSystem.h"
+#include "platform/PathStyle.h"
+
+namespace quillon::test {
+
+/// What was asked of a MemoryFileSystem.
+enum class FileCall { kReadFolder, kRealPath, kOpenFile, kStatus, kSameFile, kRename, kMove, kRemove, kRecycle };
+
+/// Files and folders in memory that keep the contracts of FileReads and FileChanges, with errors on demand and a log.
+/// Paths are full, written in the style given. A drive ("C:") is a folder under the root.
+class MemoryFileSystem final : public FileReads, public FileChanges {
+ public:
+  struct Options {
+    PathStyle style = SystemPathStyle();
+    bool ignoreCase = style == PathStyle::kWindows;
+  };
+
+  struct LoggedCall {
+    FileCall call = FileCall::kStatus;
+    std::string path;
+    std::string to;  ///< the target of a rename or a move
+
+    bool operator==(const LoggedCall&) const = default;
+  };
+
+  MemoryFileSystem();
+  explicit MemoryFileSystem(Options options);
+  ~MemoryFileSystem() override;
+
+  // Setting up. Missing folders on the way are made; what stands at the path is replaced. Nothing here is logged.
+  void AddFile(const std::string& path, std::string_view bytes = "");
+  void AddFolder(const std::string& path);
+  /// A link that leads to `target`, a full path that need not exist.
+  void AddLink(const std::string& path, const std::string& target);
+  /// Something that is neither file nor folder.
+  void AddPipe(const std::string& path);
+  /// A second name for an existing file.
+  void AddHardLink(const std::string& path, const std::string& existing);
+  /// Gives an existing file the hidden attribute.
+  void Hide(const std::string& path);
+
+  // What the disk looks like now. Not logged, and never fails on demand.
+  [[nodiscard]] bool Exists(const std::string& path) const;
+  /// The bytes of an existing file.
+  [[nodiscard]] std::string BytesOf(const std::string& path) const;
+  /// The names of an existing folder's entries as they are spelled there.
+  [[nodiscard]] std::vector<std::string> NamesIn(const std::string& folder) const;
+
+  /// From now on this call with this path (of a rename or move: the source) fails. Calls without an error in their
+  /// answer give their empty one; Recycle returns the error's number and does nothing.
+  void Fail(FileCall call, const std::string& path, FileError error);
+  /// The next recycling is declined: it reports success and the file stays.
+  void DeclineRecycling() { declineRecycling_ = true; }
+  /// The paths of the files that went to the recycle bin.
+  [[nodiscard]] const std::vector<std::string>& Recycled() const { return recycled_; }
+
+  [[nodiscard]] const std::vector<LoggedCall>& Calls() const { return calls_; }
+  [[nodiscard]] std::size_t CountOf(FileCall call) const;
+
+  Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) override;
+  std::string RealPath(const std::string& folder) override;
+  std::unique_ptr<ByteSource> OpenFile(const std::string& path) override;
+  Result<FileStatus, FileError> Status(const std::string& path) override;
+  bool SameFile(const std::string& left, const std::string& right) override;
+
+  FileOutcome Rename(const std::string& from, const std::string& to) override;
+  FileOutcome Move(const std::string& from, const std::string& to) override;
+  FileOutcome Remove(const std::string& path) override;
+  int Recycle(const std::string& path, std::uintptr_t ownerWindow) override;
+
+ private:
+  struct Node;
+  struct Entry;
+  class Entries;
+  using NodePointer = std::shared_ptr<Node>;
+  struct Place;
+
+  [[nodiscard]] std::string Key(std::string_view name) const;
+  [[nodiscard]] bool CanHold(std::string_view name) const;
+  [[nodiscard]] std::string HeldName(std::string_view name) const;
+  [[nodiscard]] std::vector<std::string_view> Pieces(std::string_view path) const;
+  [[nodiscard]] NodePointer Walk(std::string_view path, bool followLast, int depth = 0) const;
+  [[nodiscard]] Place PlaceOf(std::string_view path) const;
+  NodePointer MakeFolders(std::string_view folder);
+  NodePointer Put(const std::string& path, Node node);
+  FileOutcome Log(FileCall call, const std::string& path, const std::string& to = {});
+  FileOutcome ChangeName(const std::string& from, const std::string& to);
+  [[nodiscard]] FileOutcome CheckNames(const std::string& from, const std::string& to) const;
+
+  Options options_;
+  NodePointer root_;
+  std::map<std::pair<FileCall, std::string>, FileError> failures_;
+  std::vector<LoggedCall> calls_;
+  std::vector<std::string> recycled_;
+  bool declineRecycling_ = false;
+};
+
+}  // namespace quillon::test

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillon::test {
+
+struct ProcessResult {
+  int exitCode = -1;  ///< 128 and the signal's number for a program that a signal ended
+  std::string output;
+  std::string errors;
+};
+
+/// Runs a program to its end. Arguments are UTF-8 (on Linux any bytes).
+[[nodiscard]] ProcessResult RunProcess(const std::string& program, const std::vector<std::string>& arguments,
+                                       std::string_view input = "");
+
+}  // namespace quillon::test

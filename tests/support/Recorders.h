@@ -1,0 +1,170 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Ports.h"
+#include "filelist/FileList.h"
+#include "filelist/WindowPorts.h"
+
+/// Stand-ins for everything that logic asks of a window. All write into one log, in order, each event as a line such as
+/// "panel player: プレイヤー待機中...".
+namespace quillon::test {
+
+class EventLog {
+ public:
+  void Add(std::string event) { events_.push_back(std::move(event)); }
+  void Clear() { events_.clear(); }
+  [[nodiscard]] const std::vector<std::string>& Events() const { return events_; }
+  /// The events that start so.
+  [[nodiscard]] std::vector<std::string> StartingWith(std::string_view start) const;
+  [[nodiscard]] bool Has(std::string_view event) const;
+
+ private:
+  std::vector<std::string> events_;
+};
+
+/// "box [caption] text", the icon and the buttons behind it; line breaks are shown as "\r\n" is.
+[[nodiscard]] std::string BoxEvent(const Message& message);
+
+/// Shows nothing. A question without a scripted answer fails the test.
+class BoxRecorder final : public MessageBoxes {
+ public:
+  explicit BoxRecorder(EventLog& log) : log_(log) {}
+  bool Show(const Message& message) override;
+
+  void Answer(bool yes) { answers_.push_back(yes); }
+  [[nodiscard]] const std::vector<Message>& Shown() const { return shown_; }
+
+ private:
+  EventLog& log_;
+  std::deque<bool> answers_;
+  std::vector<Message> shown_;
+};
+
+class PanelRecorder final : public StatusPanels {
+ public:
+  explicit PanelRecorder(EventLog& log) : log_(log) {}
+  void SetPlayerText(const std::string& text) override { log_.Add("panel player: " + text); }
+  void SetModeText(const std::string& text) override { log_.Add("panel mode: " + text); }
+
+ private:
+  EventLog& log_;
+};
+
+class FilePanelRecorder final : public FilePanel {
+ public:
+  explicit FilePanelRecorder(EventLog& log) : log_(log) {}
+  void Reset() override { log_.Add("file panel reset"); }
+  void ShowRow(int index) override { log_.Add("file panel row " + std::to_string(index)); }
+  void ShowFileName(const std::string& path) override { log_.Add("file panel name " + path); }
+
+ private:
+  EventLog& log_;
+};
+
+class WindowRecorder final : public WindowState {
+ public:
+  explicit WindowRecorder(EventLog& log) : log_(log) {}
+  void SetPointer(Pointer pointer) override;
+  void SetEnabled(bool enabled) override { log_.Add(enabled ? "window enabled" : "window disabled"); }
+  void FocusList() override { log_.Add("focus list"); }
+
+ private:
+  EventLog& log_;
+};
+
+/// A player that holds one file.
+class PlayerRecorder final : public PlayerControl {
+ public:
+  explicit PlayerRecorder(EventLog& log) : log_(log) {}
+  void ReleaseFile(const std::string& path) override;
+  void Stop() override;
+
+  std::string loaded;  ///< empty: nothing
+
+ private:
+  EventLog& log_;
+};
+
+class ProgressRecorder final : public ProgressDisplay {
+ public:
+  explicit ProgressRecorder(EventLog& log) : log_(log) {}
+  void Begin(const std::string& headline, const std::string& line) override;
+  void Update(const std::string& percentText, const std::string& path) override;
+  void End() override { log_.Add("progress end"); }
+
+ private:
+  EventLog& log_;
+};
+
+class SearchRecorder final : public SearchDisplay {
+ public:
+  explicit SearchRecorder(EventLog& log) : log_(log) {}
+  void Begin(const std::string& status, const std::string& target) override;
+  void ShowFolder(const std::string& folder) override { log_.Add("search in " + folder); }
+  void PassedOver(const std::string& folder) override { log_.Add("search passed over " + folder); }
+  void End() override { log_.Add("search end"); }
+
+ private:
+  EventLog& log_;
+};
+
+/// Chooses what the test says; a dialog without a scripted choice fails the test.
+class FolderDialogRecorder final : public FolderDialog {
+ public:
+  explicit FolderDialogRecorder(EventLog& log) : log_(log) {}
+  std::string Choose(const std::string& prompt, const std::string& start) override;
+
+  /// An empty folder cancels.
+  void Answer(std::string folder) { answers_.push_back(std::move(folder)); }
+
+ private:
+  EventLog& log_;
+  std::deque<std::string> answers_;
+};
+
+/// Counts instead of logging: there is one call per item.
+class PendingRecorder final : public PendingMessages {
+ public:
+  void Process() override;
+
+  /// Runs once, during the n-th call from now on.
+  void At(std::size_t call, std::function<void()> then);
+  [[nodiscard]] std::size_t Count() const { return count_; }
+
+ private:
+  std::size_t count_ = 0;
+  std::size_t target_ = 0;
+  std::function<void()> then_;
+};
+
+class ListRecorder final : public FileListObserver {
+ public:
+  explicit ListRecorder(EventLog& log) : log_(log) {}
+  void RowChanged(int index) override { log_.Add("row " + std::to_string(index)); }
+  void RowsChanged() override { log_.Add("rows"); }
+
+ private:
+  EventLog& log_;
+};
+
+/// One of each.
+struct Recorders {
+  EventLog log;
+  BoxRecorder boxes{log};
+  PanelRecorder panels{log};
+  FilePanelRecorder filePanel{log};
+  WindowRecorder window{log};
+  PlayerRecorder player{log};
+  ProgressRecorder progress{log};
+  SearchRecorder search{log};
+  FolderDialogRecorder folders{log};
+  PendingRecorder pending;
+};
+
+}  // namespace quillon::test

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/Text.h"
+#include "filelist/FileList.h"
+#include "filelist/paths/basFileControl.h"
+
+/// Rows of a file list, made and read by tests.
+namespace quillon::test {
+
+/// An unchecked row of a file with this path, its rename name the present base name.
+inline FileItem RowFor(std::string location, PathStyle style = SystemPathStyle()) {
+  FileItem row;
+  row.renameName = BaseName(location, style);
+  row.title = row.artist = "---";
+  row.type = ToLower(Extension(location, style));
+  row.location = std::move(location);
+  return row;
+}
+
+template <class Of>
+auto FromEachRow(const FileList& list, Of of) {
+  std::vector<decltype(of(list.Row(1)))> values;
+  for (int index = 1; index <= list.Count(); ++index) values.push_back(of(list.Row(index)));
+  return values;
+}
+
+inline std::vector<std::string> Locations(const FileList& list) {
+  return FromEachRow(list, [](const FileItem& row) { return row.location; });
+}
+
+inline std::vector<std::string> RenameNames(const FileList& list) {
+  return FromEachRow(list, [](const FileItem& row) { return row.renameName; });
+}
+
+/// The indices of the rows for which `holds` is true.
+template <class Holds>
+std::vector<int> RowsWhere(const FileList& list, Holds holds) {
+  std::vector<int> indices;
+  for (int index = 1; index <= list.Count(); ++index) {
+    if (holds(list.Row(index))) indices.push_back(index);
+  }
+  return indices;
+}
+
+inline std::vector<int> CheckedRows(const FileList& list) {
+  return RowsWhere(list, [](const FileItem& row) { return row.checked; });
+}
+
+inline std::vector<int> SelectedRows(const FileList& list) {
+  return RowsWhere(list, [](const FileItem& row) { return row.selected; });
+}
+
+}  // namespace quillon::test

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillon::test {
+
+/// A folder of a test's own on a real disk, removed with everything in it at the end. Path with trailing separator.
+class TempFolder {
+ public:
+  TempFolder();
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+  ~TempFolder();
+
+  [[nodiscard]] const std::string& Path() const { return path_; }
+
+  /// Writes a file (missing folders are made); returns its full path. `name` may hold "/" for folders on every system.
+  std::string Write(std::string_view name, std::string_view bytes = "") const;
+  /// Makes a folder; returns its path with trailing separator.
+  std::string MakeFolder(std::string_view name) const;
+  /// The full path of a name in this folder, existing or not.
+  [[nodiscard]] std::string At(std::string_view name) const;
+  [[nodiscard]] bool Exists(std::string_view name) const;
+  /// The file's bytes; a test failure when it cannot be read.
+  [[nodiscard]] std::string Read(std::string_view name) const;
+
+ private:
+  std::string path_;
+};
+
+}  // namespace quillon::test
