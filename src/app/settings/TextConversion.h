@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+/// Texts as BASIC's conversion functions read them. A number is decimal: a sign, digits, a fraction, an exponent
+/// ("1.5",
+/// "-1", "+.5e1"), blanks around it. The words "True" and "False" count in any letter case. Anything else, the empty
+/// text included, fails.
+namespace quillon {
+
+/// Halves are rounded to the even neighbour, "True" is -1. Fails outside 16 bits, too.
+[[nodiscard]] std::optional<std::int16_t> IntegerFromText(std::string_view text);
+
+/// Every number but 0 is true.
+[[nodiscard]] std::optional<bool> BooleanFromText(std::string_view text);
+
+}  // namespace quillon

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quillon {
+
+/// One INI file in memory: "[section]" lines, "key=value" lines, comments from ";". Values are UTF-8 here; in the file
+/// they are code page 932, or UTF-8 where the file starts with a byte-order mark. Section and key names are ASCII and
+/// compared without regard to letter case; of several lines with one key the first counts. Lines that nobody writes to
+/// keep their bytes, their order and their ends.
+class IniFile {
+ public:
+  /// Longer values are cut to this many characters when read.
+  static constexpr std::size_t kLongestValue = 127;
+
+  /// Bound to the file, which is not touched yet.
+  explicit IniFile(std::string path) : path_(std::move(path)) {}
+
+  [[nodiscard]] const std::string& Path() const { return path_; }
+
+  /// Takes over the file's content; a file that is missing or cannot be read is empty.
+  void Load();
+
+  /// The leading blanks, sign and decimal digits of the value as a number that wraps around at 32 bits; 0 for a value
+  /// without such digits. The default stands in for a missing key and for an empty value.
+  [[nodiscard]] std::int32_t ReadInteger(std::string_view section, std::string_view key, std::int32_t fallback) const;
+
+  /// The value without surrounding blanks and at most kLongestValue characters long; bytes that code page 932 does not
+  /// know are U+30FB. The default, which stands in for a missing key, is not cut. Quotes are part of the value.
+  [[nodiscard]] std::string ReadString(std::string_view section, std::string_view key, std::string_view fallback) const;
+
+  /// The same, nullopt for a missing key (integers: or an empty value).
+  [[nodiscard]] std::optional<std::int32_t> FindInteger(std::string_view section, std::string_view key) const;
+  [[nodiscard]] std::optional<std::string> FindString(std::string_view section, std::string_view key) const;
+
+  /// Changes or adds one line in memory: a new key at the end of its section, a new section at the end of the file. The
+  /// value ends at its first line break or NUL. The first value that code page 932 cannot hold makes the whole file
+  /// UTF-8, for good; bytes that stand for no character stay as they are.
+  void WriteString(std::string_view section, std::string_view key, std::string_view value);
+
+  /// Puts the lines in the place of the file, all or nothing. False when that fails.
+  [[nodiscard]] bool Save() const;
+
+ private:
+  [[nodiscard]] std::optional<std::size_t> FindLine(std::string_view section, std::string_view key) const;
+  [[nodiscard]] std::optional<std::string> FindWholeString(std::string_view section, std::string_view key) const;
+  [[nodiscard]] std::string Decoded(std::string_view bytes) const;
+  [[nodiscard]] std::string Encoded(std::string_view value);
+  [[nodiscard]] std::string NewLineEnd() const;
+  void InsertLine(std::size_t index, std::string_view text);
+  std::size_t SectionEnd(std::string_view section);
+
+  std::string path_;
+  std::vector<std::string> lines_;  ///< with their ends, in the file's encoding
+  bool utf8_ = false;
+};
+
+}  // namespace quillon

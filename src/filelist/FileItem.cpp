@@ -1,0 +1,32 @@
+#include "filelist/FileItem.h"
+
+#include <array>
+
+#include "base/Text.h"
+
+namespace quillon {
+
+const char* ColumnCaption(Column column) {
+  static constexpr std::array<const char*, kColumnCount> kCaptions = {
+      "リネーム名", "タイトル", "著作権/アーティスト", "種類", "サイズ", "場所"};
+  return kCaptions.at(static_cast<std::size_t>(column));
+}
+
+std::string ColumnText(const FileItem& item, Column column) {
+  switch (column) {
+    case Column::kRenameName: return item.renameName;
+    case Column::kTitle: return item.title;
+    case Column::kArtist: return item.artist;
+    case Column::kType: return item.type;
+    case Column::kSize: return FormatThousands(item.size);
+    case Column::kLocation: return item.location;
+  }
+  return {};
+}
+
+bool HasNoTitle(const FileItem& item) {
+  const std::string_view title = Trim(item.title);
+  return title.empty() || title == "---";
+}
+
+}  // namespace quillon

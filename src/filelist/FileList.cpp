@@ -1,0 +1,232 @@
+#include "filelist/FileList.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Text.h"
+#include "filelist/paths/basFileControl.h"
+
+namespace quillon {
+
+std::size_t FileList::LocationHash::operator()(std::string_view location) const {
+  if (style == PathStyle::kLinux) return std::hash<std::string_view>()(location);
+  return std::hash<std::string>()(PathIdentity(location, style));
+}
+
+bool FileList::LocationEqual::Equal(std::string_view left, std::string_view right) const {
+  return style == PathStyle::kLinux ? left == right : PathIdentity(left, style) == PathIdentity(right, style);
+}
+
+FileList::FileList(PathStyle style)
+    : style_(style), locations_(0, LocationHash{style}, LocationEqual{style}) {}
+
+int FileList::SelectedIndex() const {
+  if (selectedCount_ == 0) return 0;
+  if (!firstSelected_) {
+    const auto found = std::find_if(rows_.begin(), rows_.end(), [](const auto& row) { return row->selected; });
+    firstSelected_ = static_cast<int>(found - rows_.begin()) + 1;
+  }
+  return *firstSelected_;
+}
+
+int FileList::FirstCheckedIndex() const {
+  if (checkedCount_ == 0) return 0;
+  if (!firstChecked_) {
+    const auto found = std::find_if(rows_.begin(), rows_.end(), [](const auto& row) { return row->checked; });
+    firstChecked_ = static_cast<int>(found - rows_.begin()) + 1;
+  }
+  return *firstChecked_;
+}
+
+int FileList::IndexOf(std::string_view location) const {
+  if (!ContainsFile(location)) return 0;
+  const LocationEqual equal{style_};
+  const auto found =
+      std::find_if(rows_.begin(), rows_.end(), [&](const auto& row) { return equal.Equal(row->location, location); });
+  return static_cast<int>(found - rows_.begin()) + 1;
+}
+
+bool FileList::ContainsFile(std::string_view location) const { return locations_.find(location) != locations_.end(); }
+
+bool FileList::ContainsFolder(std::string_view folder) const {
+  if (style_ == PathStyle::kLinux) return folders_.find(folder) != folders_.end();
+  return folders_.find(PathIdentity(folder, style_)) != folders_.end();
+}
+
+void FileList::CountFolder(std::string_view location, int change) {
+  std::string identity;
+  std::string_view folder = FolderPart(location, style_);
+  if (style_ != PathStyle::kLinux) folder = identity = PathIdentity(folder, style_);
+  auto found = folders_.find(folder);
+  if (found == folders_.end()) found = folders_.emplace(folder, 0).first;
+  found->second += change;
+  if (found->second == 0) folders_.erase(found);
+}
+
+void FileList::Register(FileItem& item) {
+  locations_.insert(&item);
+  CountFolder(item.location, 1);
+  if (item.checked) ++checkedCount_;
+  if (item.selected) ++selectedCount_;
+}
+
+void FileList::Unregister(FileItem& item) {
+  const auto [first, last] = locations_.equal_range(&item);
+  locations_.erase(std::find(first, last, &item));
+  CountFolder(item.location, -1);
+  if (item.checked) --checkedCount_;
+  if (item.selected) --selectedCount_;
+}
+
+void FileList::Add(FileItem item) {
+  rows_.push_back(std::make_unique<FileItem>(std::move(item)));
+  Register(*rows_.back());
+  if (firstSelected_ && selectedCount_ == 1) firstSelected_.reset();
+  if (firstChecked_ && checkedCount_ == 1) firstChecked_.reset();
+  if (quiet_ == 0 && observer_ != nullptr) observer_->RowsChanged();
+}
+
+void FileList::Replace(int index, FileItem item) {
+  FileItem& row = MutableRow(index);
+  Unregister(row);
+  item.selected = row.selected;
+  row = std::move(item);
+  Register(row);
+  firstChecked_.reset();
+  RowTouched(index);
+}
+
+void FileList::EndChanges() {
+  if (--quiet_ == 0) RowsTouched();
+}
+
+void FileList::SetRenameName(int index, std::string name) {
+  MutableRow(index).renameName = std::move(name);
+  RowTouched(index);
+}
+
+void FileList::SetLocation(int index, std::string location) {
+  FileItem& row = MutableRow(index);
+  const auto [first, last] = locations_.equal_range(&row);
+  auto node = locations_.extract(std::find(first, last, &row));
+  const bool sameFolder = FolderPart(row.location, style_) == FolderPart(location, style_);
+  if (!sameFolder) CountFolder(row.location, -1);
+  row.location = std::move(location);
+  if (!sameFolder) CountFolder(row.location, 1);
+  locations_.insert(std::move(node));
+  RowTouched(index);
+}
+
+void FileList::SetChecked(int index, bool checked) {
+  FileItem& row = MutableRow(index);
+  if (row.checked == checked) return;
+  row.checked = checked;
+  checkedCount_ += checked ? 1 : -1;
+  if (firstChecked_ && (checked ? index < *firstChecked_ : index == *firstChecked_)) firstChecked_.reset();
+  if (checked && checkedCount_ == 1) firstChecked_ = index;
+  RowTouched(index);
+}
+
+void FileList::SetSelected(int index, bool selected) {
+  FileItem& row = MutableRow(index);
+  if (row.selected == selected) return;
+  row.selected = selected;
+  selectedCount_ += selected ? 1 : -1;
+  if (firstSelected_ && (selected ? index < *firstSelected_ : index == *firstSelected_)) firstSelected_.reset();
+  if (selected && selectedCount_ == 1) firstSelected_ = index;
+  RowTouched(index);
+}
+
+void FileList::SelectOnly(int index) {
+  if (selectedCount_ != 1 || SelectedIndex() != index) SelectNone();
+  SetSelected(index, true);
+}
+
+void FileList::SelectNone() {
+  for (int index = SelectedIndex(); selectedCount_ > 0; ++index) SetSelected(index, false);
+}
+
+void FileList::SetAllChecked(const std::function<bool(const FileItem&)>& wanted) {
+  checkedCount_ = 0;
+  for (const auto& row : rows_) {
+    row->checked = wanted(*row);
+    if (row->checked) ++checkedCount_;
+  }
+  firstChecked_.reset();
+  RowsTouched();
+}
+
+void FileList::CheckAll() {
+  SetAllChecked([](const FileItem&) { return true; });
+}
+
+void FileList::UncheckAll() {
+  SetAllChecked([](const FileItem&) { return false; });
+}
+
+void FileList::InvertChecks() {
+  SetAllChecked([](const FileItem& row) { return !row.checked; });
+}
+
+void FileList::RemoveWhere(const std::function<bool(int index, const FileItem&)>& unwanted) {
+  int index = 0;
+  const auto kept = std::remove_if(rows_.begin(), rows_.end(), [&](const std::unique_ptr<FileItem>& row) {
+    if (!unwanted(++index, *row)) return false;
+    Unregister(*row);
+    return true;
+  });
+  if (kept == rows_.end()) return;
+  rows_.erase(kept, rows_.end());
+  RowsTouched();
+}
+
+void FileList::Clear() {
+  locations_.clear();
+  folders_.clear();
+  rows_.clear();
+  checkedCount_ = 0;
+  selectedCount_ = 0;
+  RowsTouched();
+}
+
+void FileList::Sort(Column column) {
+  descending_ = !descending_;
+  struct Keyed {
+    std::string key;
+    std::unique_ptr<FileItem> row;
+  };
+  std::vector<Keyed> keyed;
+  keyed.reserve(rows_.size());
+  for (auto& row : rows_) keyed.push_back({ToLower(ColumnText(*row, column)), std::move(row)});
+  std::stable_sort(keyed.begin(), keyed.end(), [this](const Keyed& left, const Keyed& right) {
+    return descending_ ? right.key < left.key : left.key < right.key;
+  });
+  for (std::size_t i = 0; i < keyed.size(); ++i) rows_[i] = std::move(keyed[i].row);
+  RowsTouched();
+}
+
+std::uint32_t FileList::IconNumber(std::string_view type) {
+  const auto found = iconNumbers_.find(type);
+  if (found != iconNumbers_.end()) return found->second;
+  const auto number = static_cast<std::uint32_t>(iconNumbers_.size() + 1);
+  iconNumbers_.emplace(type, number);
+  return number;
+}
+
+std::string FileList::IconKey(std::uint32_t number) { return "ICONKEY" + std::to_string(number); }
+
+void FileList::RowTouched(int index) const {
+  if (quiet_ == 0 && observer_ != nullptr) observer_->RowChanged(index);
+}
+
+void FileList::RowsTouched() {
+  firstSelected_.reset();
+  firstChecked_.reset();
+  if (quiet_ == 0 && observer_ != nullptr) observer_->RowsChanged();
+}
+
+std::string CheckCountText(const FileList& list) { return "チェック数： " + std::to_string(list.CheckedCount()); }
+
+std::string ItemCountText(const FileList& list) { return "アイテム数：  " + std::to_string(list.Count()); }
+
+}  // namespace quillon

@@ -1,0 +1,140 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "filelist/FileItem.h"
+#include "platform/PathStyle.h"
+
+namespace quillon {
+
+/// What a window hears of the list. Indices are 1-based. Called after the change, once per changed row or once for all.
+class FileListObserver {
+ public:
+  virtual ~FileListObserver() = default;
+  virtual void RowChanged(int index) = 0;
+  /// Rows were added, removed or reordered, or many changed.
+  virtual void RowsChanged() = 0;
+};
+
+/// The list of registered files, the one store that every command works on. Rows have 1-based indices; an index outside
+/// the list is never passed. Whether a file or folder is there, the counts, and the first selected and checked row (but
+/// for the first question after a change above it) cost the same in a list of any length.
+class FileList {
+ public:
+  explicit FileList(PathStyle style = SystemPathStyle());
+  FileList(const FileList&) = delete;
+  FileList& operator=(const FileList&) = delete;
+  ~FileList() = default;
+
+  /// At most one observer; null for none. It must outlive its registration.
+  void SetObserver(FileListObserver* observer) { observer_ = observer; }
+
+  [[nodiscard]] int Count() const { return static_cast<int>(rows_.size()); }
+  [[nodiscard]] int CheckedCount() const { return checkedCount_; }
+  [[nodiscard]] int SelectedCount() const { return selectedCount_; }
+  [[nodiscard]] const FileItem& Row(int index) const { return *rows_[static_cast<std::size_t>(index - 1)]; }
+
+  /// The first selected row from the top, 0 when none is selected.
+  [[nodiscard]] int SelectedIndex() const;
+  /// The first checked row from the top, 0 when none is checked.
+  [[nodiscard]] int FirstCheckedIndex() const;
+  /// The first row from the top with this location, 0 when there is none.
+  [[nodiscard]] int IndexOf(std::string_view location) const;
+
+  [[nodiscard]] bool ContainsFile(std::string_view location) const;
+  /// True when a row lies directly in this folder (trailing separator included).
+  [[nodiscard]] bool ContainsFolder(std::string_view folder) const;
+
+  /// Appends a row. Refusing a location that is already there is the caller's decision.
+  void Add(FileItem item);
+  /// Puts another file's facts, or the same file's read anew, in the row's place; selection stays.
+  void Replace(int index, FileItem item);
+  /// Between these two the observer hears nothing; at the end it hears RowsChanged once.
+  void BeginChanges() { ++quiet_; }
+  void EndChanges();
+
+  void SetRenameName(int index, std::string name);
+  void SetLocation(int index, std::string location);
+  void SetChecked(int index, bool checked);
+  void SetSelected(int index, bool selected);
+  /// Selects this row and no other.
+  void SelectOnly(int index);
+  void SelectNone();
+
+  void CheckAll();
+  void UncheckAll();
+  void InvertChecks();
+
+  /// Removes every row for which `unwanted` holds.
+  void RemoveWhere(const std::function<bool(int index, const FileItem&)>& unwanted);
+  void Clear();
+
+  /// Sorts once by the column's display texts, ignoring letter case, equal texts in their present order; rows added
+  /// later go to the end. Every call turns the order round, whichever column it names: the first one sorts descending.
+  void Sort(Column column);
+
+  /// The image list key ("ICONKEY" and a number) of a type's small icon: rows of one type share one image. The same type always has the same number.
+  [[nodiscard]] std::uint32_t IconNumber(std::string_view type);
+  [[nodiscard]] static std::string IconKey(std::uint32_t number);
+
+ private:
+  struct LocationHash {
+    using is_transparent = void;
+    PathStyle style;
+    std::size_t operator()(std::string_view location) const;
+    std::size_t operator()(const FileItem* item) const { return (*this)(std::string_view(item->location)); }
+  };
+  struct LocationEqual {
+    using is_transparent = void;
+    PathStyle style;
+    static std::string_view Text(const FileItem* item) { return item->location; }
+    static std::string_view Text(std::string_view text) { return text; }
+    bool Equal(std::string_view left, std::string_view right) const;
+    template <class Left, class Right>
+    bool operator()(const Left& left, const Right& right) const {
+      return Equal(Text(left), Text(right));
+    }
+  };
+  struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+  };
+
+  FileItem& MutableRow(int index) { return *rows_[static_cast<std::size_t>(index - 1)]; }
+  void Register(FileItem& item);
+  void Unregister(FileItem& item);
+  void CountFolder(std::string_view location, int change);
+  void SetAllChecked(const std::function<bool(const FileItem&)>& wanted);
+  void RowTouched(int index) const;
+  void RowsTouched();
+
+  PathStyle style_;
+  FileListObserver* observer_ = nullptr;
+  int quiet_ = 0;
+  // Rows stand on the heap: their addresses are the keys of locations_ and outlive a sort.
+  std::vector<std::unique_ptr<FileItem>> rows_;
+  // A multiset: a rename may give a row the location of a listed file that is no longer on disk.
+  std::unordered_multiset<FileItem*, LocationHash, LocationEqual> locations_;
+  std::unordered_map<std::string, int, TextHash, std::equal_to<>> folders_;  // rows directly in each folder
+  std::unordered_map<std::string, std::uint32_t, TextHash, std::equal_to<>> iconNumbers_;  // by type
+  int checkedCount_ = 0;
+  int selectedCount_ = 0;
+  bool descending_ = false;
+  // Found on demand, forgotten when the rows before them may have changed.
+  mutable std::optional<int> firstSelected_;
+  mutable std::optional<int> firstChecked_;
+};
+
+/// The two counts as the status bar shows them.
+[[nodiscard]] std::string CheckCountText(const FileList& list);
+[[nodiscard]] std::string ItemCountText(const FileList& list);
+
+}  // namespace quillon

@@ -1,0 +1,236 @@
+#include "filelist/FileLoader.h"
+
+#include <utility>
+
+#include "filelist/paths/basFileControl.h"
+#include "media/MediaInfo.h"
+
+namespace quillon {
+namespace {
+
+constexpr const char* kCaption = "フォルダ参照";
+constexpr const char* kDone = "% 完了しました";
+
+std::string Percent(std::size_t done, std::size_t all) { return "  " + std::to_string(done * 100 / all) + kDone; }
+
+}  // namespace
+
+std::string OpenFilePattern(const OptionValues::Find& find) {
+  if (find.filterChk != 1) return "*.*";
+  std::string text;
+  const auto append = [&](std::int16_t enabled, const std::string& extensions) {
+    if (enabled != 0) text += " " + extensions;
+  };
+  append(find.extEtc, find.extEtcText);
+  append(find.extHtml, find.extHtmlText);
+  append(find.extMusic, find.extMusicText);
+  append(find.extText, find.extTextText);
+  if (text.empty()) return "*.*";
+  std::string pattern;
+  for (const char c : text) {
+    if (c == ' ') {
+      pattern += ";*.";
+    } else {
+      pattern += c;
+    }
+  }
+  return pattern.substr(1);
+}
+
+std::vector<FileDialogFilter> OpenFileFilters(const OptionValues::Find& find) {
+  const std::string pattern = OpenFilePattern(find);
+  return {{"ファイル (" + pattern + ")", pattern},
+          {"すべてのメディアファイル", "*.mid;*.mp3;*.mpeg;*.mpe;*.mpg;*.avi;*.wav"},
+          {"MIDIファイル", "*.mid"},
+          {"MP3ファイル", "*.mp3"},
+          {"WAVEファイル", "*.wav"},
+          {"MPEGファイル", "*.mpe;*.mpg;*.mpeg"},
+          {"AVIファイル", "*.avi"}};
+}
+
+FileLoader::FileLoader(FileList& list, OptionValues& options, ApplyMode& mode, Ports ports, PathStyle style,
+                       std::chrono::milliseconds progressInterval)
+    : list_(list),
+      options_(options),
+      mode_(mode),
+      ports_(ports),
+      style_(style),
+      progressInterval_(progressInterval),
+      search_(ports.files, ports.search, ports.pending, style) {}
+
+std::string FileLoader::ChooseFolder() {
+  return ports_.folders.Choose("リネームするファイルが格納されているフォルダを選択してください", options_.system.dirPath);
+}
+
+LoadOutcome FileLoader::mnuFolderReference() {
+  const std::string folder = ChooseFolder();
+  return folder.empty() ? LoadOutcome::kCancelled : LoadChosenFolder(folder);
+}
+
+LoadOutcome FileLoader::LoadFolder(const std::string& folder) { return LoadChosenFolder(folder); }
+
+LoadOutcome FileLoader::LoadChosenFolder(std::string folder) {
+  for (;;) {
+    folder = WithTrailingSeparator(folder, style_);
+    options_.system.dirPath = folder;
+    if (list_.ContainsFolder(folder)) {
+      ports_.boxes.Show({kCaption, folder + "\r\n\r\n既にこのフォルダは読み込まれています", MessageIcon::kExclamation});
+      return LoadOutcome::kDuplicate;
+    }
+    ports_.search.Begin("フォルダ内を検索しています...", "検索対象 : " + folder);
+    FoundFiles found = search_.Search(folder, SearchFilter(options_.find), options_.list.subFolder != 0);
+    ports_.search.End();
+    if (found.error) return Failed(*found.error);
+    if (found.cancelled) return LoadOutcome::kCancelled;
+    const std::string trash = UserTrashFolder();
+    std::erase_if(found.paths, [&](const std::string& path) { return IsInRecycleBin(path, trash, style_); });
+    if (!found.paths.empty()) return Register(found.paths);
+    if (!ports_.boxes.Show({kCaption,
+                            "指定されたフォルダ内にファイルが見つかりませんでした\r\n別のフォルダを参照しますか",
+                            MessageIcon::kQuestion, MessageButtons::kYesNo})) {
+      return LoadOutcome::kNothing;
+    }
+    folder = ChooseFolder();
+    if (folder.empty()) return LoadOutcome::kCancelled;
+  }
+}
+
+LoadOutcome FileLoader::Register(const std::vector<std::string>& paths) {
+  if (options_.list.loadRemove != 0) {
+    ports_.player.Stop();
+    list_.Clear();
+  }
+  ResetPanels();
+  ports_.progress.Begin("ファイル情報解析中...", "");
+  ports_.progress.Update(std::string("0") + kDone, "");
+  Throttle throttle(progressInterval_);
+  std::optional<FileError> error;
+  list_.BeginChanges();
+  std::size_t done = 0;
+  for (const std::string& path : paths) {
+    ports_.pending.Process();
+    if (!list_.ContainsFile(path)) {
+      Result<FileItem, FileError> row = MakeRow(path);
+      if (!row) {
+        error = row.Failure();
+        break;
+      }
+      list_.Add(std::move(*row));
+    }
+    ++done;
+    if (throttle.Due() || done == paths.size()) ports_.progress.Update(Percent(done, paths.size()), "");
+  }
+  list_.EndChanges();
+  ports_.progress.End();
+  if (error) return Failed(*error);
+  ShowFirstRow();
+  return LoadOutcome::kLoaded;
+}
+
+LoadOutcome FileLoader::Failed(const FileError& error) {
+  options_.system.dirPath.clear();
+  if (error.number == file_error::kUnreachable) {
+    ports_.boxes.Show({kCaption,
+                       "指定されたパスにアクセスできません。メディアが挿入されているか確認してください\r\n"
+                       "ファイルを読み込めませんでした",
+                       MessageIcon::kExclamation});
+  } else {
+    ports_.boxes.Show({kCaption,
+                       "検索中にエラーが発生しました\r\nファイルの読み込みを中断しました (" +
+                           std::to_string(error.number) + ")",
+                       MessageIcon::kStop});
+  }
+  return LoadOutcome::kFailed;
+}
+
+Result<FileItem, FileError> FileLoader::MakeRow(const std::string& path) {
+  FileItem row;
+  row.type = GetMediaType(Extension(path, style_));
+  const std::unique_ptr<ByteSource> file = HasReader(row.type) ? ports_.files.OpenFile(path) : nullptr;
+  if (file) {
+    MediaInfo info = ReadMediaInfo(*file, row.type);
+    row.size = file->Size();
+    row.title = std::move(info.title);
+    row.artist = std::move(info.copyright);
+  } else {
+    const Result<FileStatus, FileError> status = ports_.files.Status(path);
+    if (!status) return status.Failure();
+    if (status->kind != FileStatus::Kind::kFile) return FileError{file_error::kNotFound, {}};
+    row.size = status->length;
+    if (!HasReader(row.type)) row.title = row.artist = kNoMediaText;
+  }
+  row.renameName = BaseName(path, style_);
+  row.location = path;
+  row.iconNumber = list_.IconNumber(row.type);
+  row.checked = options_.list.loadChk == 1;
+  return row;
+}
+
+LoadOutcome FileLoader::AddFile(const std::string& path) {
+  if (list_.ContainsFile(path)) {
+    ports_.boxes.Show({kCaption, "既にこのファイルは読み込まれています", MessageIcon::kExclamation});
+    return LoadOutcome::kDuplicate;
+  }
+  Result<FileItem, FileError> row = MakeRow(path);
+  if (!row) return Failed(row.Failure());
+  list_.Add(std::move(*row));
+  return LoadOutcome::kLoaded;
+}
+
+LoadOutcome FileLoader::LoadPath(const std::string& path) {
+  const Result<FileStatus, FileError> status = ports_.files.Status(path);
+  const bool isFile = status && status->kind == FileStatus::Kind::kFile;
+  return isFile ? AddFile(path) : LoadChosenFolder(path);
+}
+
+void FileLoader::LoadPaths(const std::vector<std::string>& paths) {
+  const std::int16_t loadRemove = std::exchange(options_.list.loadRemove, std::int16_t{0});
+  for (const std::string& path : paths) LoadPath(path);
+  options_.list.loadRemove = loadRemove;
+}
+
+void FileLoader::mnuReload() {
+  if (options_.system.msgbox == 0 &&
+      !ports_.boxes.Show({"再読み込み", "再読み込みを行うと現在の編集内容はすべて失われます。実行しますか",
+                          MessageIcon::kQuestion, MessageButtons::kOkCancel})) {
+    return;
+  }
+  ports_.player.Stop();
+  ResetPanels();
+  ports_.progress.Begin("登録されたファイルの再読み込み中...", "対象フォルダ : " + options_.system.dirPath);
+  Throttle throttle(progressInterval_);
+  const int count = list_.Count();
+  list_.BeginChanges();
+  std::vector<bool> missing(static_cast<std::size_t>(count) + 1);
+  for (int index = 1; index <= count; ++index) {
+    ports_.pending.Process();
+    Result<FileItem, FileError> row = MakeRow(list_.Row(index).location);
+    if (row) {
+      list_.Replace(index, std::move(*row));
+    } else {
+      missing[static_cast<std::size_t>(index)] = true;
+    }
+    if (throttle.Due() || index == count) {
+      ports_.progress.Update(std::to_string(index * 100LL / count) + kDone, "");
+    }
+  }
+  list_.RemoveWhere([&](int index, const FileItem&) { return missing[static_cast<std::size_t>(index)]; });
+  list_.EndChanges();
+  ports_.progress.End();
+  ShowFirstRow();
+  RereadApplyMode(mode_, options_, ports_.boxes);
+  ports_.panels.SetModeText(ApplyModeText(mode_));
+}
+
+void FileLoader::ResetPanels() {
+  ports_.filePanel.Reset();
+  ports_.panels.SetPlayerText(kPlayerIdleText);
+}
+
+void FileLoader::ShowFirstRow() {
+  if (list_.Count() == 0) return;
+  list_.SelectOnly(1);
+  ports_.filePanel.ShowRow(1);
+}
+
+}  // namespace quillon

@@ -1,0 +1,107 @@
+#include "filelist/FolderSearch.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Text.h"
+#include "filelist/paths/basFileControl.h"
+
+namespace quillon {
+namespace {
+
+// Far beyond any real tree; a guard against one that a broken file system makes endless.
+constexpr int kDeepest = 1000;
+
+bool IsOneOfTrashFolders(std::string_view component) {
+  constexpr std::string_view kTrash = ".Trash";
+  if (component == kTrash) return true;
+  if (component.substr(0, kTrash.size()) != kTrash || component.size() < kTrash.size() + 2) return false;
+  const std::string_view user = component.substr(kTrash.size());
+  return user[0] == '-' && std::all_of(user.begin() + 1, user.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+}  // namespace
+
+std::string SearchFilter(const OptionValues::Find& find) {
+  if (find.filterChk == 0) return {};
+  std::string filter;
+  const auto append = [&](std::int16_t enabled, const std::string& extensions) {
+    if (enabled == 0 || extensions.empty()) return;
+    if (!filter.empty()) filter += ' ';
+    filter += extensions;
+  };
+  append(find.extMusic, find.extMusicText);
+  append(find.extHtml, find.extHtmlText);
+  append(find.extText, find.extTextText);
+  append(find.extEtc, find.extEtcText);
+  return filter;
+}
+
+bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle style) {
+  if (style == PathStyle::kWindows) {
+    const std::string lower = ToLower(path);
+    return lower.find(":\\recycled") != std::string::npos || lower.find(":\\$recycle.bin") != std::string::npos;
+  }
+  if (!userTrash.empty() && path.substr(0, userTrash.size()) == userTrash) return true;
+  if (path.find("/.Trash") == std::string_view::npos) return false;
+  const std::vector<std::string_view> components = Split(FolderPart(path, style), '/');
+  return std::any_of(components.begin(), components.end(), IsOneOfTrashFolders);
+}
+
+FolderSearch::FolderSearch(FileReads& files, SearchDisplay& display, PendingMessages& pending, PathStyle style)
+    : files_(files), display_(display), pending_(pending), style_(style) {}
+
+FoundFiles FolderSearch::Search(const std::string& folder, const std::string& filter, bool subfolders) {
+  cancelled_ = false;
+  filter_ = filter;
+  subfolders_ = subfolders;
+  found_ = {};
+  followedLinks_.clear();
+  SearchFolder(WithTrailingSeparator(folder, style_), 0);
+  return std::move(found_);
+}
+
+// False when the whole search is to end.
+bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
+  if (labelThrottle_.Due()) display_.ShowFolder(folder);
+  Result<std::vector<FolderEntry>, FileError> entries = files_.ReadFolder(folder);
+  if (!entries) {
+    if (depth > 0 && entries.Failure().number == file_error::kAccess) {
+      display_.PassedOver(folder);
+      return true;
+    }
+    found_.error = entries.Failure();
+    return false;
+  }
+  std::vector<FolderEntry> below;
+  for (FolderEntry& entry : *entries) {
+    pending_.Process();
+    if (cancelled_) {
+      found_.cancelled = true;
+      return false;
+    }
+    if (entry.isFolder) {
+      if (subfolders_) below.push_back(std::move(entry));
+    } else if (MatchesExtensionFilter(entry.name, filter_, style_)) {
+      found_.paths.push_back(folder + entry.name);
+    }
+  }
+  *entries = {};
+  for (const FolderEntry& entry : below) {
+    if (depth >= kDeepest || !MayEnter(folder, entry)) continue;
+    if (!SearchFolder(folder + entry.name + PathSeparator(style_), depth + 1)) return false;
+  }
+  return true;
+}
+
+bool FolderSearch::MayEnter(const std::string& folder, const FolderEntry& entry) {
+  if (!entry.isLink) return true;
+  const std::string target = files_.RealPath(folder + entry.name);
+  if (target.empty()) return false;
+  const std::string here = WithTrailingSeparator(files_.RealPath(folder), style_);
+  const std::string leadsTo = WithTrailingSeparator(target, style_);
+  if (here.compare(0, leadsTo.size(), leadsTo) == 0) return false;
+  return followedLinks_.insert(target).second;
+}
+
+}  // namespace quillon

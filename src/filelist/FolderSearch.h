@@ -1,0 +1,60 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "app/settings/OptionValues.h"
+#include "base/Ports.h"
+#include "base/Throttle.h"
+#include "filelist/WindowPorts.h"
+#include "platform/FileSystem.h"
+#include "platform/PathStyle.h"
+
+namespace quillon {
+
+/// The filter list of a folder load: the extension lists of the enabled groups, separated by single spaces; empty, which
+/// matches every file, when the filter is off.
+[[nodiscard]] std::string SearchFilter(const OptionValues::Find& find);
+
+/// True for a path inside the recycle bin, which loads leave out: ":\recycled" and ":\$recycle.bin" on Windows, the trash
+/// folders of the desktop standard and `userTrash` on Linux.
+[[nodiscard]] bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle style);
+
+struct FoundFiles {
+  std::vector<std::string> paths;  ///< folder by folder: a folder's own files, then its subfolders', each sorted by name
+  bool cancelled = false;
+  std::optional<FileError> error;  ///< the search ended here
+};
+
+/// One search through a folder. Links to folders are followed once each, and never back up to a folder that the search
+/// is inside of.
+class FolderSearch {
+ public:
+  FolderSearch(FileReads& files, SearchDisplay& display, PendingMessages& pending, PathStyle style = SystemPathStyle());
+
+  /// Searches `folder` for files that pass the filter list. A folder below it that may not be read is passed over.
+  [[nodiscard]] FoundFiles Search(const std::string& folder, const std::string& filter, bool subfolders);
+
+  /// Ends the running search at its next entry; called while pending messages are processed.
+  void Cancel() { cancelled_ = true; }
+
+ private:
+  bool SearchFolder(const std::string& folder, int depth);
+  bool MayEnter(const std::string& folder, const FolderEntry& entry);
+
+  FileReads& files_;
+  SearchDisplay& display_;
+  PendingMessages& pending_;
+  PathStyle style_;
+  bool cancelled_ = false;
+  // Of the running search:
+  std::string filter_;
+  bool subfolders_ = false;
+  FoundFiles found_;
+  std::unordered_set<std::string> followedLinks_;
+  Throttle labelThrottle_{kProgressInterval};
+};
+
+}  // namespace quillon

@@ -1,0 +1,46 @@
+#include "filelist/ListCommands.h"
+
+namespace quillon {
+
+ListCommands::ListCommands(FileList& list, const OptionValues& options, ApplyMode& mode, Ports ports)
+    : list_(list), options_(options), mode_(mode), ports_(ports) {}
+
+void ListCommands::mnuThisListDel() {
+  const int selected = list_.SelectedIndex();
+  RemoveRows([selected](int index, const FileItem&) { return index == selected; });
+}
+
+void ListCommands::mnuUnChkListRem() {
+  RemoveRows([](int, const FileItem& row) { return !row.checked; });
+}
+
+void ListCommands::mnuAllClear() {
+  if (options_.system.msgbox == 0 &&
+      !ports_.boxes.Show({"リストクリア", "現在の編集内容を破棄して、リストをクリアします", MessageIcon::kQuestion,
+                          MessageButtons::kYesNo})) {
+    return;
+  }
+  ports_.player.Stop();
+  list_.Clear();
+  ResetPanels();
+  RereadApplyMode(mode_, options_, ports_.boxes);
+  ports_.panels.SetModeText(ApplyModeText(mode_));
+}
+
+void ListCommands::RemoveRows(const std::function<bool(int index, const FileItem&)>& unwanted) {
+  const int before = list_.Count();
+  list_.RemoveWhere([&](int index, const FileItem& row) {
+    if (!unwanted(index, row)) return false;
+    ports_.player.ReleaseFile(row.location);
+    return true;
+  });
+  if (list_.Count() != before) ResetPanels();
+}
+
+void ListCommands::ResetPanels() {
+  list_.SelectNone();
+  ports_.filePanel.Reset();
+  ports_.panels.SetPlayerText(kPlayerIdleText);
+}
+
+}  // namespace quillon

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <string>
+
+/// The parts of the main window that commands on the list change. Each is small, so that a test records just what it
+/// asks about. All texts are complete and UTF-8.
+namespace quillon {
+
+inline constexpr const char* kPlayerIdleText = "プレイヤー待機中...";
+
+class StatusPanels {
+ public:
+  virtual ~StatusPanels() = default;
+  virtual void SetPlayerText(const std::string& text) = 0;
+  virtual void SetModeText(const std::string& text) = 0;
+};
+
+/// The rename box and the information boxes, which follow the selected row.
+class FilePanel {
+ public:
+  virtual ~FilePanel() = default;
+  /// No row is shown: the rename box is emptied and disabled, the boxes show their empty state.
+  virtual void Reset() = 0;
+  /// Shows the facts of this row, read anew from its file.
+  virtual void ShowRow(int index) = 0;
+  /// Only the file name box: the shown row's file has another path now.
+  virtual void ShowFileName(const std::string& path) = 0;
+};
+
+enum class Pointer { kNormal, kBusyArrow, kHourglass };
+
+class WindowState {
+ public:
+  virtual ~WindowState() = default;
+  virtual void SetPointer(Pointer pointer) = 0;
+  virtual void SetEnabled(bool enabled) = 0;
+  virtual void FocusList() = 0;
+};
+
+/// What the list's commands need of the player.
+class PlayerControl {
+ public:
+  virtual ~PlayerControl() = default;
+  /// Stops and closes this file if it is the one that is loaded; the player then waits.
+  virtual void ReleaseFile(const std::string& path) = 0;
+  /// Stops whatever plays.
+  virtual void Stop() = 0;
+};
+
+/// The progress of a loop over files or rows, shown over the list or in a wait window.
+class ProgressDisplay {
+ public:
+  virtual ~ProgressDisplay() = default;
+  virtual void Begin(const std::string& headline, const std::string& line) = 0;
+  /// `path` is the item just done, empty where it is not shown; the window shortens it to fit.
+  virtual void Update(const std::string& percentText, const std::string& path) = 0;
+  virtual void End() = 0;
+};
+
+/// The progress window of a folder search.
+class SearchDisplay {
+ public:
+  virtual ~SearchDisplay() = default;
+  virtual void Begin(const std::string& status, const std::string& target) = 0;
+  /// The folder being searched; the window shortens it to fit.
+  virtual void ShowFolder(const std::string& folder) = 0;
+  /// A folder inside the searched one that may not be read; the search goes on without it.
+  virtual void PassedOver(const std::string& folder) = 0;
+  virtual void End() = 0;
+};
+
+class FolderDialog {
+ public:
+  virtual ~FolderDialog() = default;
+  /// The chosen folder, or an empty string when the dialog was cancelled.
+  virtual std::string Choose(const std::string& prompt, const std::string& start) = 0;
+};
+
+}  // namespace quillon

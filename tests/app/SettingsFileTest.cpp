@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "app/settings/Settings.h"
+#include "app/settings/SettingsFile.h"
+#include "platform/PathStyle.h"
+#include "platform/Program.h"
+#include "support/TempFolder.h"
+
+namespace quillon {
+namespace {
+
+std::string Separator() {
+  return SystemPathStyle() == PathStyle::kWindows ? "\\" : "/";
+}
+
+std::string InUserFolder(const std::string& baseName) {
+  return UserConfigurationFolder() + baseName + Separator() + baseName + ".ini";
+}
+
+TEST(SettingsFilePath, IsBesideTheProgram) {
+  const test::TempFolder folder;
+  EXPECT_EQ(SettingsFilePath(folder.Path(), "Quillon"), folder.At("Quillon.ini"));
+  EXPECT_FALSE(folder.Exists("Quillon.ini")) << "asking makes nothing";
+}
+
+TEST(SettingsFilePath, AddsAMissingSeparator) {
+  const test::TempFolder folder;
+  folder.MakeFolder("program");
+  EXPECT_EQ(SettingsFilePath(folder.At("program"), "Quillon"), folder.At("program/Quillon.ini"));
+}
+
+TEST(SettingsFilePath, FollowsTheProgramsName) {
+  const test::TempFolder folder;
+  EXPECT_EQ(SettingsFilePath(folder.Path(), "another.name"), folder.At("another.name.ini"));
+}
+
+TEST(SettingsFilePath, IsInTheUsersFolderWhereTheProgramsFolderTakesNoFiles) {
+  const test::TempFolder folder;
+  folder.Write("file");
+  EXPECT_EQ(SettingsFilePath(folder.At("missing"), "Quillon"), InUserFolder("Quillon"));
+  EXPECT_EQ(SettingsFilePath(folder.At("file"), "Quillon"), InUserFolder("Quillon"));
+}
+
+TEST(ResetSettings, DeletesTheFileUntilTheNextSave) {
+  const test::TempFolder folder;
+  const std::string path = folder.Write("Quillon.ini", "[Player]\r\nRepeat=1\r\n");
+  ResetSettings(path);
+  EXPECT_FALSE(folder.Exists("Quillon.ini"));
+  IniFile file(path);
+  file.Load();
+  const Result<OptionValues, SettingsError> values = ReadOptionValues(file);
+  ASSERT_TRUE(values.Ok());
+  EXPECT_EQ(values->player.repeat, 0);
+  EXPECT_FALSE(folder.Exists("Quillon.ini")) << "reading makes no file";
+}
+
+TEST(ResetSettings, IgnoresAMissingFile) {
+  const test::TempFolder folder;
+  ResetSettings(folder.At("none.ini"));
+  EXPECT_FALSE(folder.Exists("none.ini"));
+}
+
+TEST(ResetSettings, LeavesEverythingElse) {
+  const test::TempFolder folder;
+  folder.Write("Quillon.ini.bak", "x");
+  folder.MakeFolder("Quillon.ini");
+  ResetSettings(folder.At("Quillon.ini"));
+  EXPECT_TRUE(folder.Exists("Quillon.ini")) << "a folder is not deleted";
+  EXPECT_TRUE(folder.Exists("Quillon.ini.bak"));
+}
+
+}  // namespace
+}  // namespace quillon
