@@ -1,0 +1,104 @@
+#include "media/FileInformation.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "media/BlockReader.h"
+#include "media/MediaInfo.h"
+#include "platform/FileSystem.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::string_view kNothing = "---";
+
+std::string OrNothing(const std::string& text) {
+  return text.empty() ? std::string(kNothing) : text;
+}
+std::string OrNothing(std::int16_t number) {
+  return number == 0 ? std::string(kNothing) : std::to_string(number);
+}
+
+std::string Mp3Detail(const std::string& artist, const std::string& album, const std::string& comment,
+                      const std::string& year) {
+  return "アーティスト： " + OrNothing(artist) + " / アルバム： " + OrNothing(album) + " / コメント： " +
+         OrNothing(comment) + " / 年： " + OrNothing(year);
+}
+
+/// What stands behind "種類： ".
+struct TypeText {
+  std::string_view type;
+
+  std::string operator()(std::monostate) const { return std::string(type); }
+  std::string operator()(const MidiInfo& midi) const { return "MIDI (SMF Format " + std::to_string(midi.format) + ")"; }
+  std::string operator()(const Id3v1Info&) const { return "MP3 (ID3v1)"; }
+  std::string operator()(const Id3v2Info&) const { return "MP3 (ID3v2)"; }
+  std::string operator()(const RiffInfo& riff) const {
+    // The name is not among the texts shown, and does not count.
+    const bool empty = riff.artist.empty() && riff.product.empty() && riff.comment.empty() && riff.creationDate.empty();
+    return empty ? "MP3" : "MP3 (RMP)";
+  }
+};
+
+struct DetailText {
+  std::string operator()(std::monostate) const { return std::string(kNothing); }
+  std::string operator()(const MidiInfo& midi) const {
+    return "著作権： " + midi.copyright + " / 分解能： " + std::to_string(midi.division) + " / トラック数： " +
+           std::to_string(midi.trackCount);
+  }
+  std::string operator()(const Id3v1Info& tag) const {
+    return Mp3Detail(tag.artist, tag.album, tag.comment, OrNothing(tag.year));
+  }
+  std::string operator()(const Id3v2Info& tag) const {
+    return Mp3Detail(tag.artist, tag.album, tag.comment, OrNothing(tag.year));
+  }
+  std::string operator()(const RiffInfo& riff) const {
+    return Mp3Detail(riff.artist, riff.product, riff.comment, riff.creationDate);
+  }
+};
+
+std::string MinutesAndSeconds(std::int32_t milliseconds) {
+  const std::int32_t whole = milliseconds / 1000;
+  const std::int32_t rest = milliseconds % 1000;
+  const bool up = rest > 500 || (rest == 500 && whole % 2 != 0);
+  const std::int32_t total = whole + (up ? 1 : 0);
+  const std::string seconds = std::to_string(total % 60);
+  return std::to_string(total / 60) + ":" + (seconds.size() < 2 ? "0" : "") + seconds;
+}
+
+MediaRecord ReadRecord(ByteSource& file, std::string_view type) {
+  if (type == "MIDI") return ReadMidiInfo(file);
+  if (type != "MP3") return std::monostate();
+  BlockReader reader(file);
+  switch (DetectTagKind(reader)) {
+    case tag_kind::kId3v1:
+      return ReadId3v1(reader);
+    case tag_kind::kId3v2:
+      return ReadId3v2(reader);
+    default:
+      return ReadRiffInfo(reader);
+  }
+}
+
+}  // namespace
+
+std::string SummaryLine(std::uint64_t length, std::string_view type, const MediaRecord& record,
+                        std::optional<std::int32_t> playTimeMs) {
+  std::string line = "サイズ： " + FormatThousands(length) + " バイト / 種類： " + std::visit(TypeText{type}, record);
+  if (playTimeMs && IsPlayableType(type)) line += " / 演奏時間： " + MinutesAndSeconds(std::max(*playTimeMs, 0));
+  return line;
+}
+
+std::string DetailLine(const MediaRecord& record) {
+  return std::visit(DetailText(), record);
+}
+
+FileInformation ReadFileInformation(const std::string& path, std::string_view rowType,
+                                    std::optional<std::int32_t> playTimeMs) {
+  const auto file = OpenSystemFile(path);
+  if (!file) return {std::string(kNoFileSummary), std::string(kNoFileDetail)};
+  const MediaRecord record = ReadRecord(*file, rowType);
+  return {SummaryLine(file->Size(), rowType, record, playTimeMs), DetailLine(record)};
+}
+
+}  // namespace quillon

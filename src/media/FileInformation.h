@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "media/basID3TAGControl.h"
+#include "media/basMIDIInfo.h"
+#include "media/basRIFFInfo.h"
+
+/// The two lines that the information panel shows of the selected file. Complete texts, UTF-8.
+namespace quillon {
+
+/// Both lines while no file is shown.
+inline constexpr std::string_view kNoFileSummary = "サイズ： --- バイト / 種類： ---";
+inline constexpr std::string_view kNoFileDetail = "著作権： --- / 分解能： 0 / トラック数： 0";
+
+/// What the file's reader found: a MIDI file's record, an MP3 file's tag or (without a tag) its RIFF texts, and nothing
+/// for every other type.
+using MediaRecord = std::variant<std::monostate, MidiInfo, Id3v1Info, Id3v2Info, RiffInfo>;
+
+/// Size, type and play time. `length` is the file's length in bytes; `type` the row's media type text, which stands for
+/// itself where no record says more. `playTimeMs` is given when play times are wanted; it is shown, rounded to whole
+/// seconds (halves to even), for playable types only.
+[[nodiscard]] std::string SummaryLine(std::uint64_t length, std::string_view type, const MediaRecord& record,
+                                      std::optional<std::int32_t> playTimeMs);
+
+/// Copyright, division and tracks of a MIDI file; artist, album, comment and year of an MP3 file; "---" for others.
+[[nodiscard]] std::string DetailLine(const MediaRecord& record);
+
+struct FileInformation {
+  std::string summary;
+  std::string detail;
+
+  bool operator==(const FileInformation&) const = default;
+};
+
+/// Reads the file again and writes both lines. A file that cannot be opened gives the lines of no file.
+[[nodiscard]] FileInformation ReadFileInformation(const std::string& path, std::string_view rowType,
+                                                  std::optional<std::int32_t> playTimeMs);
+
+}  // namespace quillon

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/ByteSource.h"
+#include "media/BlockReader.h"
+
+/// The two tag formats of MP3 files. Texts are UTF-8.
+namespace quillon {
+
+/// The trailer of 128 bytes that begins with "TAG". Source: "ID3v1" and its extension "ID3v1.1".
+struct Id3v1Info {
+  std::int16_t version11 = 0;  ///< 1 when the comment has at most 14 characters, whatever stands behind it
+  std::string title;
+  std::string artist;
+  std::string album;
+  std::int16_t year = 0;  ///< the leading digits; 0 when there are none
+  std::string comment;
+  std::uint8_t track = 0;  ///< byte 126 of a version 1.1 trailer
+  std::uint8_t genre = 0;
+
+  bool operator==(const Id3v1Info&) const = default;
+};
+
+/// The tag at the start of the file that begins with "ID3". Source: "ID3 tag version 2.2.0" and "2.3.0" (id3.org).
+struct Id3v2Info {
+  std::uint8_t majorVersion = 0;
+  std::uint8_t revision = 0;
+  bool unsynchronisation = false;  ///< kept; the frames are read as they stand
+  bool extendedHeader = false;
+  bool experimental = false;
+  bool crcPresent = false;
+  std::int32_t tagSize = 0;
+  std::int32_t crc = 0;
+  std::string contentGroup;
+  std::string title;
+  std::string subtitle;
+  std::string artist;
+  std::string band;
+  std::string conductor;
+  std::string remixer;
+  std::string album;
+  std::int16_t year = 0;  ///< the leading digits; 0 when there are none or they do not fit
+  std::string commentDescription;
+  std::string comment;
+  std::string track;
+  std::string genre;
+
+  bool operator==(const Id3v2Info&) const = default;
+};
+
+enum class TagFields {
+  kTitleAndArtist,  ///< what a list row needs: other fields may stay empty
+  kAll,
+};
+
+/// Reads the last 128 bytes, which the caller knows to begin with "TAG". A shorter file gives the empty record. A text
+/// ends at its first zero byte and is decoded from code page 932; blanks stay.
+[[nodiscard]] Id3v1Info ReadId3v1(BlockReader& file, TagFields wanted = TagFields::kAll);
+[[nodiscard]] Id3v1Info ReadId3v1(ByteSource& file);
+[[nodiscard]] Id3v1Info ReadId3v1(const std::string& path);
+
+/// Reads the tag of a file that the caller knows to begin with "ID3".
+///
+/// Version 3 is read with four-letter frames, every other version with three-letter ones: a version 4 tag therefore
+/// gives its header numbers and no texts. A compressed frame ends the reading. Texts are in code page 932 (encoding 0)
+/// or UTF-16 with its mark (encoding 1); other encodings give an empty text. Of several frames of one kind the last
+/// counts. Frames without interest are passed over unread. A frame that the file cuts off gives the text that is there;
+/// bytes behind the end of the file count as zero.
+[[nodiscard]] Id3v2Info ReadId3v2(BlockReader& file, TagFields wanted = TagFields::kAll);
+[[nodiscard]] Id3v2Info ReadId3v2(ByteSource& file);
+[[nodiscard]] Id3v2Info ReadId3v2(const std::string& path);
+
+}  // namespace quillon

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/ByteSource.h"
+
+namespace quillon {
+
+/// Texts and header numbers of a Standard MIDI File.
+/// Source: "Standard MIDI Files 1.0", header chunk and the meta events FF 01, FF 02 and FF 03.
+struct MidiInfo {
+  std::int16_t format = 0;      ///< 0, 1 or 2, as stored
+  std::int16_t trackCount = 0;  ///< as stored
+  std::int16_t division = 0;    ///< ticks per quarter note
+  std::string title;            ///< the first track's first text or name event; UTF-8, decoded from code page 932
+  std::string copyright;        ///< the first track's copyright event
+
+  bool operator==(const MidiInfo&) const = default;
+};
+
+/// Reads the file whole, in one read, and finds chunks and events by their bytes alone: whatever stands before "MThd"
+/// is passed over, an event's bytes inside other data count as that event, and a text's length is one byte, so that a
+/// text of 128 bytes or more comes out shortened with its second length byte in front.
+///
+/// Never reports: a hidden or system file, one without "MThd" or "MTrk", one that ends inside a number, and one whose
+/// numbers do not fit (a division in SMPTE form) give the empty record. A text that the file cuts off is kept as far as
+/// it goes.
+[[nodiscard]] MidiInfo ReadMidiInfo(ByteSource& file);
+[[nodiscard]] MidiInfo ReadMidiInfo(const std::string& path);
+
+}  // namespace quillon

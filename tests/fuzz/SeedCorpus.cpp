@@ -1,0 +1,74 @@
+// Writes the inputs that the fuzzers start from: SeedCorpus FOLDER makes one folder for each fuzzer in it.
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "support/MediaBuilders.h"
+
+namespace {
+
+using namespace quillon::test;  // the builders are all that this program speaks of
+
+std::vector<std::string> MidiSeeds() {
+  const std::string named = MidiTrack(TimedMetaEvent(midi_event::kName, "Song") + MidiNote(60, 480));
+  const std::string text = MidiTrack(TimedMetaEvent(midi_event::kText, std::string(200, 'H')));
+  return {SimpleMidiFile("Song", "(C) somebody"), MidiFile(1, 480, {text, named}),
+          RiffList("RIFF", "RMID", {RiffChunk("data", MidiFile(1, 96, {named, text}))})};
+}
+
+std::vector<std::string> Id3Seeds() {
+  const Id3v1Texts trailer = {.title = "Song", .artist = "\x89\xCC", .year = "19a9", .comment = "Nice", .track = 7};
+  Id3v2Parts flags = {.frames = {{"TIT2", "m" + AnsiText("Song"), id3_frame_flag::kEncrypted},
+                                 {"TPE1", "g" + AnsiText("Artist"), id3_frame_flag::kGrouped},
+                                 {"TALB", "zip", id3_frame_flag::kCompressed}},
+                      .padding = 20,
+                      .extendedHeader = true,
+                      .crc = 0x1234567};
+  const Id3v2Parts four = {.frames = {{"TIT2", Utf16Text(u"\u6B4C\U0001F3B5")},
+                                      {"COMM", Utf16Comment(u"about", u"comment")},
+                                      {"APIC", std::string(3000, 'x')},
+                                      {"TYER", AnsiText("2003")},
+                                      {"TPE1", Utf16Text(u"\u4EBA", false)}}};
+  const Id3v2Parts three = {.major = 2, .frames = {{"TT2", AnsiText("Song")}, {"COM", AnsiComment("a", "b")}}};
+  const Id3v2Parts newer = {.major = 4, .frames = {{"TIT2", AnsiText("Song")}}};
+  return {Mp3Audio(1) + Id3v1Trailer(trailer), Id3v2Tag(flags), Id3v2Tag(four), Id3v2Tag(three), Id3v2Tag(newer)};
+}
+
+std::vector<std::string> RiffSeeds() {
+  const std::string odd =
+      RiffList("RIFF", "RMP3", {RiffChunk("JUNK", "odd"), InfoList({{"INAM", "\x83\x65\xB1\x83"}})});
+  return {RmpFile({{"INAM", "Song"}, {"IART", "Artist"}, {"IPRD", "Album"}, {"ICMT", "?"}, {"ICRD", "2001"}}, 1), odd,
+          WaveFile(10) + odd, AviFile()};
+}
+
+std::vector<std::string> HtmlSeeds() {
+  return {HtmlPage("Song", "text"), "<TITLE>Song\r\nand dance</TITLE>", "no start</title>", "</title>",
+          HtmlPage("\x83\x65\x83\x58\x83\x67", "")};
+}
+
+bool WriteSeeds(const std::filesystem::path& folder, const std::vector<std::string>& seeds) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  for (std::size_t i = 0; i < seeds.size(); ++i) {
+    std::ofstream file(folder / ("seed" + std::to_string(i)), std::ios::binary);
+    file.write(seeds[i].data(), static_cast<std::streamsize>(seeds[i].size()));
+    file.close();
+    if (!file) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fputs("usage: SeedCorpus FOLDER\n", stderr);
+    return 2;
+  }
+  const std::filesystem::path folder(argv[1]);
+  const bool written = WriteSeeds(folder / "MidiFuzzer", MidiSeeds()) && WriteSeeds(folder / "Id3Fuzzer", Id3Seeds()) &&
+                       WriteSeeds(folder / "RiffFuzzer", RiffSeeds()) && WriteSeeds(folder / "HtmlFuzzer", HtmlSeeds());
+  return written ? 0 : 1;
+}
