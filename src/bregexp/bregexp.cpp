@@ -1,0 +1,78 @@
+#include "bregexp/bregexp.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "bregexp/Substitution.h"
+
+// A compiler for Windows knows the first attribute only, one for Linux the second.
+#if __has_cpp_attribute(gnu::dllexport)
+#define BREGEXP_EXPORT [[gnu::dllexport]]
+#else
+#define BREGEXP_EXPORT [[gnu::visibility("default")]]
+#endif
+
+namespace quillon::bregexp {
+namespace {
+
+/// What a caller's slot points to: the last command and what became of it.
+struct Compiled {
+  explicit Compiled(std::string_view text) : command(text), outcome(Substitution::Compile(text)) {}
+
+  std::string command;
+  Result<Substitution, std::string_view> outcome;
+};
+
+std::string Run(Compiled& compiled, std::string_view target) {
+  return compiled.outcome.Ok() ? (*compiled.outcome).Apply(target) : std::string(compiled.outcome.Failure());
+}
+
+void FreeSlot(void** slot) {
+  if (slot == nullptr) return;
+  delete static_cast<Compiled*>(*slot);
+  *slot = nullptr;
+}
+
+std::string RunWithSlot(std::string_view command, std::string_view target, void** slot) {
+  if (slot == nullptr) {
+    Compiled once(command);
+    return Run(once, target);
+  }
+  if (*slot == nullptr || static_cast<const Compiled*>(*slot)->command != command) {
+    FreeSlot(slot);
+    *slot = std::make_unique<Compiled>(command).release();
+  }
+  return Run(*static_cast<Compiled*>(*slot), target);
+}
+
+std::size_t Copy(std::string_view text, char* result, std::size_t capacity) {
+  const std::size_t count = std::min(text.size(), capacity);
+  if (count > 0) std::memcpy(result, text.data(), count);
+  return text.size();
+}
+
+}  // namespace
+}  // namespace quillon::bregexp
+
+extern "C" BREGEXP_EXPORT BregexpReplace Replace;
+
+std::size_t Replace(const char* command, std::size_t commandLength, const char* target, std::size_t targetLength,
+                    char* result, std::size_t capacity, void** compiled) {
+  using namespace quillon::bregexp;
+  if (command == nullptr) {
+    FreeSlot(compiled);
+    return 0;
+  }
+  // The caller may be built with another runtime: nothing may be thrown across.
+  try {
+    return Copy(RunWithSlot({command, commandLength}, {target, targetLength}, compiled), result, capacity);
+  } catch (const std::bad_alloc&) {
+    return Copy(kInvalid, result, capacity);
+  }
+}

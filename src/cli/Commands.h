@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/Session.h"
+
+/// The four commands. Each returns the exit status.
+namespace quillon::cli {
+
+struct ListArguments {
+  Selection selection;
+  bool json = false;
+};
+[[nodiscard]] int RunList(const ListArguments& arguments);
+
+enum class Reader { kByType, kMidi, kId3v1, kId3v2, kRiff, kHtml };
+
+struct InfoArguments {
+  std::vector<std::string> paths;
+  Reader reader = Reader::kByType;
+  bool json = false;
+};
+[[nodiscard]] int RunInfo(const InfoArguments& arguments);
+
+struct ModifyArguments {
+  std::string settings;
+  std::optional<std::size_t> listCount;  ///< empty: the number of names read
+};
+[[nodiscard]] int RunModify(const ModifyArguments& arguments);
+
+struct RenameArguments {
+  Selection selection;
+  std::string settings;
+  bool toTitle = false;
+  bool modify = false;
+  bool apply = false;
+  bool json = false;
+};
+[[nodiscard]] int RunRename(const RenameArguments& arguments);
+
+}  // namespace quillon::cli

@@ -1,0 +1,116 @@
+#include <utility>
+
+#include "base/Text.h"
+#include "cli/Commands.h"
+#include "cli/Json.h"
+#include "cli/Output.h"
+#include "filelist/paths/basFileControl.h"
+#include "platform/Program.h"
+#include "rename/ModifyRenameNames.h"
+#include "rename/PlannedChanges.h"
+#include "rename/TitleRename.h"
+#include "rename/basQuillon.h"
+
+namespace quillon::cli {
+namespace {
+
+/// Writes what happens to each row while the batch runs.
+class Reporter final : public BatchObserver {
+ public:
+  Reporter(const RenameArguments& arguments, Output& output) : arguments_(arguments), output_(output) {}
+
+  bool Continue() override {
+    interrupted_ = interrupted_ || Interrupted();
+    return !interrupted_ && !output_.Closed();
+  }
+
+  void Applied(int /*index*/, const std::string& from, const std::string& to) override {
+    if (from == to) return;
+    if (arguments_.json) {
+      output_.Line(OneLine(Renamed(from, to)));
+    } else if (!arguments_.apply) {
+      output_.Line(WithReplacementCharacters(from) + " -> " + WithReplacementCharacters(to));
+    }
+  }
+
+  void Failed(const FileItem& row, const RowFailure& failure) {
+    if (arguments_.json) {
+      Json object = Renamed(row.location, AppliedPath(row));
+      object["code"] = failure.code;
+      object["reason"] = ApplyReason(failure.code);
+      output_.Line(OneLine(object));
+    } else {
+      output_.Line(WithReplacementCharacters(row.location) + ": " + ApplyReason(failure.code));
+    }
+  }
+
+  [[nodiscard]] bool WasInterrupted() const { return interrupted_; }
+
+ private:
+  static Json Renamed(const std::string& from, const std::string& to) {
+    Json object;
+    AddPath(object, "old", from);
+    AddPath(object, "new", to);
+    return object;
+  }
+
+  const RenameArguments& arguments_;
+  Output& output_;
+  bool interrupted_ = false;
+};
+
+void WriteSummary(const BatchOutcome& outcome, bool json, Output& output) {
+  const std::string second = outcome.stopped ? "エラーにより処理が中断されました" : SkippedLine(outcome.skipped);
+  if (json) {
+    Json object;
+    object["applied"] = outcome.applied;
+    object["skipped"] = outcome.skipped;
+    object["stopped"] = outcome.stopped;
+    object["summary"] = {AppliedLine(outcome.applied), second};
+    output.Line(OneLine(object));
+  } else {
+    output.Line(AppliedLine(outcome.applied));
+    output.Line(second);
+  }
+}
+
+void EditNames(const RenameArguments& arguments, Session& session, RenameEngine& engine) {
+  RegexLibrary regex;
+  if (arguments.toTitle) {
+    TitleRename(session.list, session.options, session.mode, engine, regex, session.console, session.console)
+        .RenameToTitles(true);
+  }
+  if (arguments.modify) {
+    ModifyRenameNames(session.list, session.options, session.mode, engine,
+                      {regex, session.console, session.console, session.console, session.console}, true);
+  }
+}
+
+}  // namespace
+
+int RunRename(const RenameArguments& arguments) {
+  std::optional<OptionValues> options = LoadSettings(arguments.settings);
+  if (!options) return kBadUsage;
+  Session session(std::move(*options));
+  const bool complete = session.Load(arguments.selection);
+  if (session.list.Count() == 0) return kNothingLoaded;
+
+  const std::unique_ptr<FileChanges> disk = MakeFileChanges();
+  PlannedChanges plan(*session.files);
+  SilentBoxes boxes;  // the reporter tells the failures and the summary
+  RenameEngine engine(session.list, session.options, session.mode,
+                      {arguments.apply ? *disk : static_cast<FileChanges&>(plan), boxes, session.console,
+                       session.console, session.console});
+  EditNames(arguments, session, engine);
+
+  CatchInterruption();
+  Output output;
+  Reporter reporter(arguments, output);
+  const BatchOutcome outcome = engine.ApplyRenameBatch(true, &reporter);
+  for (const RowFailure& failure : outcome.failures) reporter.Failed(session.list.Row(failure.index), failure);
+  if (arguments.apply) WriteSummary(outcome, arguments.json, output);
+  const bool done = complete && outcome.failures.empty() && !reporter.WasInterrupted();
+  return done ? kDone : kSomeFailed;
+}
+
+}  // namespace quillon::cli

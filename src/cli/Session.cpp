@@ -1,0 +1,65 @@
+#include "cli/Session.h"
+
+#include <utility>
+
+#include "app/settings/Settings.h"
+#include "cli/Output.h"
+#include "platform/WholeFile.h"
+
+namespace quillon::cli {
+namespace {
+
+// A message's lines, joined into one.
+std::string OnOneLine(std::string text) {
+  for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n")) text.replace(at, 2, " ");
+  return text;
+}
+
+}  // namespace
+
+bool Console::Show(const Message& message) {
+  // A question would have nobody to answer it; the first line says what happened.
+  const bool question = message.buttons != MessageButtons::kOk;
+  const std::string text = question ? message.text.substr(0, message.text.find("\r\n")) : message.text;
+  Complain(message.caption + ": " + OnOneLine(text));
+  return false;
+}
+
+void Console::PassedOver(const std::string& folder) { Complain("フォルダ参照: アクセスできません: " + folder); }
+
+Session::Session(OptionValues initial)
+    : options(std::move(initial)),
+      loader_(list, options, mode,
+              {*files, console, console, console, console, console, console, console, console}) {}
+
+bool Session::Load(const Selection& selection) {
+  options.list.subFolder = selection.subfolders ? 1 : 0;
+  options.list.loadRemove = 0;
+  options.find = {};
+  options.find.filterChk = selection.all ? 0 : 1;
+  if (selection.ownExtensions) options.find.extMusicText = selection.extensions;
+  bool complete = true;
+  for (const std::string& path : selection.paths) {
+    const LoadOutcome outcome = loader_.LoadPath(FullPath(path));
+    complete = complete && (outcome == LoadOutcome::kLoaded || outcome == LoadOutcome::kDuplicate);
+  }
+  return complete;
+}
+
+std::optional<OptionValues> LoadSettings(const std::string& path) {
+  if (path.empty()) return OptionValues{};
+  const std::string fullPath = FullPath(path);
+  if (!ReadWholeFile(fullPath)) {
+    Complain("設定ファイルを読み込めません: " + fullPath);
+    return std::nullopt;
+  }
+  IniFile file(fullPath);
+  file.Load();
+  Result<OptionValues, SettingsError> options = ReadOptionValues(file);
+  if (options) return std::move(*options);
+  const SettingsError& error = options.Failure();
+  Complain(OnOneLine(InitialisationError().text) + " ([" + error.section + "] " + error.key + "=" + error.text + ")");
+  return std::nullopt;
+}
+
+}  // namespace quillon::cli

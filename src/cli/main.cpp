@@ -1,0 +1,108 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
+
+#include "cli/Commands.h"
+#include "cli/Output.h"
+#include "platform/Program.h"
+
+namespace quillon::cli {
+namespace {
+
+void AddSelection(CLI::App& command, Selection& selection) {
+  command.add_option("PATH", selection.paths, "Files and folders")->required();
+  command.add_flag("--subfolders", selection.subfolders, "Search the folders' subfolders, too");
+  CLI::Option* extensions = command.add_option("--ext", selection.extensions,
+                                               "Extensions to load from folders, separated by blanks (\"mid mp3\")");
+  command.add_flag("--all", selection.all, "Load every file of the folders")->excludes(extensions);
+}
+
+struct Arguments {
+  ListArguments list;
+  InfoArguments info;
+  ModifyArguments modify;
+  RenameArguments rename;
+  std::size_t listCount = 0;
+};
+
+void AddList(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand("list", "Show the files' names, titles, artists, types and sizes");
+  command->add_flag("--json", arguments.list.json, "One JSON object per line");
+  AddSelection(*command, arguments.list.selection);
+}
+
+void AddInfo(CLI::App& app, Arguments& arguments) {
+  static const std::map<std::string, Reader> kReaders = {{"midi", Reader::kMidi},
+                                                         {"id3v1", Reader::kId3v1},
+                                                         {"id3v2", Reader::kId3v2},
+                                                         {"riff", Reader::kRiff},
+                                                         {"html", Reader::kHtml}};
+  CLI::App* command = app.add_subcommand("info", "Show what is known of each file");
+  command->add_flag("--json", arguments.info.json, "One JSON object per line");
+  command->add_option("--reader", arguments.info.reader, "Show the record of this reader: midi, id3v1, id3v2, riff, html")
+      ->transform(CLI::CheckedTransformer(kReaders));
+  command->add_option("FILE", arguments.info.paths, "Files")->required();
+}
+
+void AddModify(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand("modify", "Transform names from standard input by the modification rules");
+  command->add_option("--settings", arguments.modify.settings, "The settings file that holds the rules")->required();
+  command->add_option("--list-count", arguments.listCount, "How many rows the list is taken to hold");
+}
+
+void AddRename(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand("rename", "Show what would be renamed, or rename");
+  RenameArguments& rename = arguments.rename;
+  command->add_flag("--json", rename.json, "One JSON object per line");
+  command->add_flag("--to-title", rename.toTitle, "Set the names to the titles");
+  command->add_flag("--modify", rename.modify, "Transform the names by the modification rules");
+  command->add_option("--settings", rename.settings, "The settings file that holds rules and options");
+  command->add_flag("--apply", rename.apply, "Rename the files; without it nothing is changed");
+  AddSelection(*command, rename.selection);
+}
+
+int Run(CLI::App& app, Arguments& arguments) {
+  if (app.got_subcommand("list")) {
+    arguments.list.selection.ownExtensions = app.get_subcommand("list")->count("--ext") > 0;
+    return RunList(arguments.list);
+  }
+  if (app.got_subcommand("info")) return RunInfo(arguments.info);
+  if (app.got_subcommand("modify")) {
+    if (app.get_subcommand("modify")->count("--list-count") > 0) arguments.modify.listCount = arguments.listCount;
+    return RunModify(arguments.modify);
+  }
+  arguments.rename.selection.ownExtensions = app.get_subcommand("rename")->count("--ext") > 0;
+  return RunRename(arguments.rename);
+}
+
+int Main(int argc, char** argv) {
+  CLI::App app("Quillon gives many files proper names.", "quillon-cli");
+  app.set_version_flag("--version", QUILLON_VERSION);
+  app.require_subcommand(1);
+  Arguments arguments;
+  AddList(app, arguments);
+  AddInfo(app, arguments);
+  AddModify(app, arguments);
+  AddRename(app, arguments);
+  std::vector<std::string> words = ProgramArguments(argc, argv);
+  std::reverse(words.begin(), words.end());  // the parser takes them last word first
+  try {
+    app.parse(words);
+  } catch (const CLI::ParseError& stop) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const bool asked = app.exit(stop, out, err) == 0;
+    if (!asked) {
+      Complain(err.str());
+      return kBadUsage;
+    }
+    Output().Line(out.str());
+    return kDone;
+  }
+  return Run(app, arguments);
+}
+
+}  // namespace
+}  // namespace quillon::cli
+
+int main(int argc, char** argv) { return quillon::cli::Main(argc, argv); }

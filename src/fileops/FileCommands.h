@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/settings/OptionValues.h"
+#include "base/Ports.h"
+#include "filelist/FileList.h"
+#include "filelist/ListCommands.h"
+#include "filelist/WindowPorts.h"
+#include "platform/FileSystem.h"
+
+namespace quillon {
+
+/// Moves a file to the recycle bin. 0 on success, the system's own number on failure, kRecycleNotDone for a path that
+/// names no existing file; the recycle bin is not asked then.
+int RecycleFile(FileReads& files, FileChanges& disk, const std::string& path, std::uintptr_t ownerWindow);
+
+/// Deletes and moves listed files. The player lets go of a file first.
+class FileCommands {
+ public:
+  struct Ports {
+    FileReads& files;
+    FileChanges& disk;
+    MessageBoxes& boxes;
+    FolderDialog& folders;
+    PlayerControl& player;
+    FilePanel& filePanel;
+    WindowState& window;
+  };
+
+  /// `ownerWindow` is the main window's native handle, 0 for none.
+  FileCommands(FileList& list, OptionValues& options, ListCommands& rows, Ports ports, std::uintptr_t ownerWindow = 0,
+               PathStyle style = SystemPathStyle());
+
+  void mnuThisDel();
+  void mnuThisMove();
+  void mnuAllMove();
+  void mnuMove();
+
+ private:
+  bool DeleteForGood(const std::string& path);
+  bool DeleteToRecycleBin(const std::string& path);
+  void ReportDeletion(const FileError& error);
+  std::optional<std::string> ChooseTarget();
+  bool MoveRow(int index, const std::string& folder);
+  void ReportMove(const FileError& error);
+  void MoveBatch(bool allItems);
+  void DropMovedRows(const std::vector<bool>& moved);
+
+  FileList& list_;
+  OptionValues& options_;
+  ListCommands& rows_;
+  Ports ports_;
+  std::uintptr_t ownerWindow_;
+  PathStyle style_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,112 @@
+#include "rename/ModifyName.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "base/Text.h"
+#include "filelist/paths/basFileControl.h"
+#include "rename/CaseConversion.h"
+#include "rename/RepeatedRule.h"
+#include "rename/ReplaceText.h"
+#include "rename/SelfGrowth.h"
+#include "rename/WidthConversion.h"
+
+namespace quillon {
+namespace {
+
+// A name that grows this often in a row, and longer than its own characters or a count in the pattern could keep it
+// growing, is not going to stop.
+constexpr std::size_t kSteadyApplications = 64;
+
+/// Nullopt when the replacement would never get rid of the invalid characters, or makes the name too long.
+std::optional<std::string> ReplaceInvalidCharacters(std::string name, const std::string& replacement,
+                                                    PendingMessages& pending) {
+  for (;;) {
+    const int position = InvalidCharacterPosition(name);
+    if (position == 0) return name;
+    if (InvalidCharacterPosition(replacement) != 0) return std::nullopt;
+    pending.Process();
+    const std::string invalid(1, name[ByteOffset(name, static_cast<std::size_t>(position) - 1)]);
+    std::string next = ReplaceText(name, invalid, replacement, 1, kAllOccurrences, CompareMode::kBinary);
+    if (GrewPastEveryName(name, next)) return std::nullopt;
+    name = std::move(next);
+  }
+}
+
+std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode compareMode, std::string name,
+                                          std::size_t times, PendingMessages& pending) {
+  SelfGrowth growth(rule.find, rule.replacement, compareMode);
+  RepeatedRule repeated;
+  repeated.apply = [&](const std::string& text) {
+    return ReplaceText(text, rule.find, rule.replacement, 1, kAllOccurrences, compareMode);
+  };
+  if (growth.Possible()) {
+    growth.Watch(name);
+    repeated.shortcut = [&](const std::string& text, std::size_t remaining) { return growth.After(text, remaining); };
+  }
+  // Where the replacement holds the find text, no application leaves fewer finds than it found.
+  const bool findsItself = !FindOccurrences(rule.replacement, rule.find, compareMode, Overlapping::kNo).empty();
+  if (!findsItself) repeated.steadyApplications = kSteadyApplications + CharacterCount(name);
+  return ApplyRepeatedly(repeated, std::move(name), times, pending);
+}
+
+std::size_t LargestNumberIn(std::string_view pattern) {
+  std::size_t largest = 0;
+  for (std::size_t i = 0; i < pattern.size();) {
+    std::size_t number = 0;
+    for (; i < pattern.size() && pattern[i] >= '0' && pattern[i] <= '9'; ++i) {
+      number = std::min(number * 10 + static_cast<std::size_t>(pattern[i] - '0'), kLongestName);
+    }
+    largest = std::max(largest, number);
+    ++i;
+  }
+  return largest;
+}
+
+std::optional<std::string> ApplyRegexRule(const ReplaceRule& rule, bool ignoreCase, std::string name, std::size_t times,
+                                          RegexEngine& regex, PendingMessages& pending) {
+  RepeatedRule repeated;
+  repeated.apply = [&](const std::string& text) {
+    return RegexReplace(text, rule.find, rule.replacement, ignoreCase ? "gik" : "gk", regex).value_or(text);
+  };
+  repeated.steadyApplications = kSteadyApplications + CharacterCount(name) + LargestNumberIn(rule.find);
+  return ApplyRepeatedly(repeated, std::move(name), times, pending);
+}
+
+std::optional<std::string> ApplyRules(const OptionValues::Modify& rules, std::string name, std::size_t listCount,
+                                      RegexEngine& regex, PendingMessages& pending) {
+  const bool ignoreCase = rules.ignoreCase == 1;
+  const CompareMode compareMode = ignoreCase ? CompareMode::kText : CompareMode::kBinary;
+  for (const ReplaceRule& rule : rules.rules) {
+    if (rule.active != 1) continue;
+    std::optional<std::string> result =
+        rules.findCtrl == 1 ? ApplyRegexRule(rule, ignoreCase, std::move(name), listCount, regex, pending)
+                            : ApplyPlainRule(rule, compareMode, std::move(name), listCount, pending);
+    if (!result) return std::nullopt;
+    name = *std::move(result);
+  }
+  return name;
+}
+
+std::string ConvertWidthAndCase(const OptionValues::Modify& rules, std::string name) {
+  if (rules.narrow == 1) name = ToNarrow(name);
+  if (rules.wide == 1) name = ToWide(name);
+  if (rules.lower == 1) name = ToLower(name);
+  if (rules.upper == 1) name = ToUpper(name);
+  if (rules.proper == 1) name = ToProper(name);
+  return name;
+}
+
+}  // namespace
+
+ModifyResult ModifyName(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount,
+                        RegexEngine& regex, PendingMessages& pending) {
+  std::optional<std::string> modified = std::string(name);
+  if (rules.reviceFlag == 1) modified = ReplaceInvalidCharacters(*std::move(modified), rules.reviceText, pending);
+  if (modified) modified = ApplyRules(rules, *std::move(modified), listCount, regex, pending);
+  if (!modified) return {std::string(name), true};
+  return {ConvertWidthAndCase(rules, *std::move(modified)), false};
+}
+
+}  // namespace quillon

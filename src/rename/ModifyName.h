@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "app/settings/OptionValues.h"
+#include "base/Ports.h"
+#include "rename/RegexReplace.h"
+
+namespace quillon {
+
+struct ModifyResult {
+  std::string name;
+  bool leftAlone = false;  ///< a rule could never end, or made the name longer than 32,767 characters
+};
+
+/// The name transformed by the rules: invalid characters replaced, then the five replace rules in order, each applied
+/// `listCount` times in a row (the number of rows in the list), then width and letter case. Rules that are regular
+/// expressions do nothing without a library. A name that is left alone comes back as it was, whole.
+///
+/// Cost: a rule that stops changing the name, or brings an earlier one back, costs no more than it takes to see that,
+/// however long the list is; so does a plain rule that adds to the name once per row.
+[[nodiscard]] ModifyResult ModifyName(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount,
+                                      RegexEngine& regex, PendingMessages& pending);
+
+}  // namespace quillon

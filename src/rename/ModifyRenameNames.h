@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/settings/ApplyMode.h"
+#include "app/settings/OptionValues.h"
+#include "base/Ports.h"
+#include "base/Throttle.h"
+#include "filelist/FileList.h"
+#include "filelist/WindowPorts.h"
+#include "rename/RegexReplace.h"
+#include "rename/basQuillon.h"
+
+namespace quillon {
+
+struct ModifyPorts {
+  RegexEngine& regex;
+  PendingMessages& pending;
+  ProgressDisplay& progress;
+  WindowState& window;
+  MessageBoxes& boxes;
+};
+
+struct ModifyOutcome {
+  int leftAlone = 0;  ///< names that a rule would have made endless and that stay as they were
+  bool stopped = false;  ///< auto-apply mode: a row could not be applied
+};
+
+/// Passes the rename names of all rows, or of the checked ones, through the modification rules, showing the progress. In
+/// auto-apply mode each row is applied at once and the first failure ends the run, that row's rename name as it was.
+/// Names that were left alone are told once, at the end.
+ModifyOutcome ModifyRenameNames(FileList& list, const OptionValues& options, const ApplyMode& mode,
+                                RenameEngine& engine, const ModifyPorts& ports, bool allItems,
+                                std::chrono::milliseconds progressInterval = kProgressInterval);
+
+}  // namespace quillon

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <unordered_set>
+
+#include "platform/FileSystem.h"
+
+namespace quillon {
+
+/// Answers a batch of renames as the disk would, and changes nothing: names that earlier renames of the batch gave up are
+/// free, names that they took are taken. What only the attempt itself shows (a missing permission, a disk that fails
+/// meanwhile) is not foreseen. Moves and deletions are refused with file_error::kAccess: nothing plans them.
+class PlannedChanges final : public FileChanges {
+ public:
+  explicit PlannedChanges(FileReads& files) : files_(files) {}
+
+  FileOutcome Rename(const std::string& from, const std::string& to) override;
+  FileOutcome Move(const std::string& from, const std::string& to) override;
+  FileOutcome Remove(const std::string& path) override;
+  int Recycle(const std::string& path, std::uintptr_t ownerWindow) override;
+
+ private:
+  Result<bool, FileError> Exists(const std::string& path);
+
+  FileReads& files_;
+  std::unordered_set<std::string> taken_;
+  std::unordered_set<std::string> freed_;
+};
+
+}  // namespace quillon

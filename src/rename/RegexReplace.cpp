@@ -1,0 +1,88 @@
+#include "rename/RegexReplace.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "platform/Ansi.h"
+
+namespace quillon {
+namespace {
+
+// 32,768 characters of four bytes: an answer that does not fit has more of them than any name may have.
+constexpr std::size_t kAnswerCapacity = 4 * 32'768;
+
+std::string Command(std::string_view pattern, std::string_view replacement, std::string_view flags) {
+  std::string command;
+  command.reserve(pattern.size() + replacement.size() + flags.size() + 4);
+  command += "s/";
+  command += pattern;
+  command += '/';
+  command += replacement;
+  command += '/';
+  command += flags;
+  return command;
+}
+
+bool IsErrorText(std::string_view answer) {
+  const std::string lower = ToLower(FirstCharacters(answer, 25));
+  return lower == "invalidtargetparameter" || lower == "invalid target parameter" || lower.starts_with("unmatched");
+}
+
+std::optional<std::string> NameFromAnswer(std::optional<std::string> answer) {
+  return answer && IsErrorText(*answer) ? std::nullopt : std::move(answer);
+}
+
+std::string Utf8Flags(std::string_view flags) {
+  std::string utf8(flags);
+  std::replace(utf8.begin(), utf8.end(), 'k', 'u');
+  return utf8;
+}
+
+}  // namespace
+
+RegexLibrary::RegexLibrary(const std::string& name) {
+  const std::string fileName = SharedLibraryFileName(name);
+  const std::optional<std::string> folder = FindLibrary(fileName);
+  if (!folder) return;
+  library_ = SharedLibrary(*folder + fileName);
+  replace_ = reinterpret_cast<BregexpReplace*>(library_.Symbol("Replace"));
+  if (replace_ != nullptr) buffer_.resize(kAnswerCapacity);
+}
+
+RegexLibrary::~RegexLibrary() {
+  for (Slot& slot : slots_) {
+    if (slot.compiled != nullptr) replace_(nullptr, 0, nullptr, 0, nullptr, 0, &slot.compiled);
+  }
+}
+
+std::optional<std::string> RegexLibrary::Replace(std::string_view command, std::string_view target) {
+  if (!Available()) return std::nullopt;
+  const std::size_t length = replace_(command.data(), command.size(), target.data(), target.size(), buffer_.data(),
+                                      buffer_.size(), &SlotOf(command).compiled);
+  return buffer_.substr(0, std::min(length, buffer_.size()));
+}
+
+RegexLibrary::Slot& RegexLibrary::SlotOf(std::string_view command) {
+  const auto known =
+      std::find_if(slots_.begin(), slots_.end(), [&](const Slot& slot) { return slot.command == command; });
+  if (known != slots_.end()) return *known;
+  Slot& slot = slots_[nextSlot_];
+  nextSlot_ = (nextSlot_ + 1) % slots_.size();
+  slot.command = command;
+  return slot;
+}
+
+std::optional<std::string> RegexReplace(std::string_view target, std::string_view pattern, std::string_view replacement,
+                                        std::string_view flags, RegexEngine& engine) {
+  const std::optional<std::string> ansiTarget = Utf8ToAnsi(target);
+  const std::optional<std::string> ansiCommand =
+      ansiTarget ? Utf8ToAnsi(Command(pattern, replacement, flags)) : std::nullopt;
+  if (!ansiCommand) {
+    return NameFromAnswer(engine.Replace(Command(pattern, replacement, Utf8Flags(flags)), target));
+  }
+  std::optional<std::string> answer = engine.Replace(*ansiCommand, *ansiTarget);
+  if (answer) answer = AnsiToUtf8(*answer);
+  return NameFromAnswer(std::move(answer));
+}
+
+}  // namespace quillon

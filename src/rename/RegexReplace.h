@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "app/settings/OptionValues.h"
+#include "bregexp/bregexp.h"
+#include "platform/SharedLibrary.h"
+
+namespace quillon {
+
+/// What runs substitution commands.
+class RegexEngine {
+ public:
+  virtual ~RegexEngine() = default;
+
+  /// The answer to a command: the result text or an error text. Command, target and answer are in code page 932 when
+  /// the command's flags hold "k" and in UTF-8 when they hold "u". Nullopt when there is no engine.
+  virtual std::optional<std::string> Replace(std::string_view command, std::string_view target) = 0;
+};
+
+/// The regular-expression library, found by name in the program's folder or in the system's search order.
+class RegexLibrary final : public RegexEngine {
+ public:
+  RegexLibrary() : RegexLibrary("bregexp") {}
+  /// For tests: a library of another name.
+  explicit RegexLibrary(const std::string& name);
+  RegexLibrary(const RegexLibrary&) = delete;
+  RegexLibrary& operator=(const RegexLibrary&) = delete;
+  ~RegexLibrary() override;
+
+  [[nodiscard]] bool Available() const { return replace_ != nullptr; }
+
+  /// An answer that is too long for every name (more than 32,767 characters) is cut off beyond them.
+  std::optional<std::string> Replace(std::string_view command, std::string_view target) override;
+
+ private:
+  /// A command and the library's own compiled form of it.
+  struct Slot {
+    std::string command;
+    void* compiled = nullptr;
+  };
+
+  Slot& SlotOf(std::string_view command);
+
+  SharedLibrary library_;
+  BregexpReplace* replace_ = nullptr;
+  std::array<Slot, 2 * kReplaceRuleCount> slots_;  ///< each rule may be asked in both encodings
+  std::size_t nextSlot_ = 0;
+  std::string buffer_;
+};
+
+/// The target with the pattern's matches replaced. `flags` are those for text in code page 932 ("gk" or "gik"); where
+/// the rule or the target has no exact form there, the same is done in UTF-8. Nullopt when the engine answers with an
+/// error, or not at all: then the target stays as it is.
+[[nodiscard]] std::optional<std::string> RegexReplace(std::string_view target, std::string_view pattern,
+                                                      std::string_view replacement, std::string_view flags,
+                                                      RegexEngine& engine);
+
+}  // namespace quillon

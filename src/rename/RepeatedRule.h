@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "base/Ports.h"
+
+namespace quillon {
+
+/// The most characters that a rule may make a name grow to; a path on Windows cannot hold more.
+inline constexpr std::size_t kLongestName = 32'767;
+
+/// True when `after` is longer than `before` and longer than any name may be.
+[[nodiscard]] bool GrewPastEveryName(const std::string& before, const std::string& after);
+
+/// A rule that is applied again and again.
+struct RepeatedRule {
+  /// One application. The same name must always give the same answer.
+  std::function<std::string(const std::string& name)> apply;
+
+  /// After how many applications in a row that each made the name longer this is taken to go on for ever. 1 where it is
+  /// certain to.
+  std::size_t steadyApplications = 1;
+
+  /// Optional; called after each application that changed the name. May give the result of all `remaining` applications
+  /// at once.
+  std::function<std::optional<std::string>(const std::string& name, std::size_t remaining)> shortcut;
+};
+
+/// The name after `times` applications. An application that changes nothing ends the work, and so does a name that was
+/// there before: the applications that are left then only go round in a circle. Nullopt when the name grows past
+/// kLongestName, or will: it grew with each of `steadyApplications` applications in a row, and if it goes on by the
+/// least it grew in any of them it gets there. Pending messages are processed before every application.
+[[nodiscard]] std::optional<std::string> ApplyRepeatedly(const RepeatedRule& rule, std::string name, std::size_t times,
+                                                         PendingMessages& pending);
+
+}  // namespace quillon

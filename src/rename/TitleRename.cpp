@@ -1,0 +1,53 @@
+#include "rename/TitleRename.h"
+
+#include "filelist/paths/basFileControl.h"
+#include "rename/ModifyName.h"
+
+namespace quillon {
+
+TitleRename::TitleRename(FileList& list, const OptionValues& options, const ApplyMode& mode, RenameEngine& engine,
+                         RegexEngine& regex, PendingMessages& pending, WindowState& window)
+    : list_(list),
+      options_(options),
+      mode_(mode),
+      engine_(engine),
+      regex_(regex),
+      pending_(pending),
+      window_(window) {}
+
+void TitleRename::RenameToTitles(bool allItems) {
+  window_.SetPointer(Pointer::kBusyArrow);
+  for (int index = 1; index <= list_.Count(); ++index) {
+    if (!allItems && !list_.Row(index).checked) continue;
+    if (!RenameRow(index)) break;
+  }
+  window_.SetPointer(Pointer::kNormal);
+}
+
+// False when the run is to end.
+bool TitleRename::RenameRow(int index) {
+  const FileItem& row = list_.Row(index);
+  if (options_.rename.noTitleSkip == 1 && !mode_.automatic && HasNoTitle(row)) {
+    if (options_.rename.renameErrChk == 1) list_.SetChecked(index, true);
+    return true;
+  }
+  const std::string before = row.renameName;
+  list_.SetRenameName(index, NewName(row));
+  if (mode_.automatic) {
+    if (engine_.ApplyRenameName(index) == apply_code::kApplied) return true;
+    list_.SetRenameName(index, before);
+    if (options_.update.updateErrChk == 1) list_.SetChecked(index, true);
+    return false;
+  }
+  if (options_.rename.injusticeChk == 1 && InvalidCharacterPosition(row.renameName) != 0) {
+    list_.SetChecked(index, true);
+  }
+  return true;
+}
+
+std::string TitleRename::NewName(const FileItem& row) {
+  if (options_.rename.renameModify != 1) return row.title;
+  return ModifyName(row.title, options_.modify, static_cast<std::size_t>(list_.Count()), regex_, pending_).name;
+}
+
+}  // namespace quillon

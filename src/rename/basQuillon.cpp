@@ -1,0 +1,166 @@
+#include "rename/basQuillon.h"
+
+#include <utility>
+
+#include "base/Text.h"
+#include "filelist/paths/basFileControl.h"
+
+namespace quillon {
+namespace {
+
+constexpr const char* kCaption = "ファイルに適応";
+
+std::int16_t CodeOf(const FileError& error) {
+  switch (error.number) {
+    case file_error::kNotFound: return apply_code::kInvalidName;
+    case file_error::kAlreadyOpen:
+    case file_error::kAccess: return apply_code::kNoAccess;
+    case file_error::kAlreadyExists: return apply_code::kTargetExists;
+    default: return apply_code::kUnexpected;
+  }
+}
+
+}  // namespace
+
+const char* ApplyReason(std::int16_t code) {
+  switch (code) {
+    case apply_code::kNoName: return "リネーム名が存在しません";
+    case apply_code::kInvalidCharacter: return "リネーム名に不正な文字が含まれています";
+    case apply_code::kTargetExists: return "リネーム名と同名のファイルが存在します";
+    case apply_code::kNoAccess: return "ファイルにアクセスできません";
+    case apply_code::kInvalidName: return "リネーム名が無効 または 長すぎます";
+    default: return "リネームに適応できませんでした";
+  }
+}
+
+std::string AppliedPath(const FileItem& row, PathStyle style) {
+  std::string path(FolderPart(row.location, style));
+  const std::size_t folderLength = path.size();
+  path += TrimRight(row.renameName);
+  const std::string extension = Extension(row.location, style);
+  if (!extension.empty()) return path + "." + ToLower(extension);
+  while (path.size() > folderLength && (path.back() == '.' || path.back() == ' ')) path.pop_back();
+  return path;
+}
+
+std::string AppliedLine(int applied) {
+  return applied == 0 ? "正常に適応が完了したファイルはありません"
+                      : std::to_string(applied) + " 個のファイルを適応しました";
+}
+
+std::string SkippedLine(int skipped) {
+  return skipped == 0 ? "エラーでスキップされたファイルはありません"
+                      : std::to_string(skipped) + " 個のファイルがエラーでスキップされました";
+}
+
+RenameEngine::RenameEngine(FileList& list, OptionValues& options, const ApplyMode& mode, Ports ports, PathStyle style)
+    : list_(list), options_(options), mode_(mode), ports_(ports), style_(style) {}
+
+std::int16_t RenameEngine::ApplyRenameName(int index) { return Apply(index).code; }
+
+RowFailure RenameEngine::Apply(int index) {
+  ports_.player.ReleaseFile(list_.Row(index).location);
+  RowFailure result = Rename(index);
+  if (result.code == apply_code::kApplied) {
+    if (options_.update.updateRemChk == 1 && !mode_.automatic) list_.SetChecked(index, false);
+  } else if (options_.update.errSkip == 0 || result.code == apply_code::kUnexpected) {
+    Report(result);
+  }
+  return result;
+}
+
+RowFailure RenameEngine::Rename(int index) {
+  const FileItem& row = list_.Row(index);
+  if (Trim(row.renameName).empty()) return {index, apply_code::kNoName, {}};
+  if (InvalidCharacterPosition(row.renameName) != 0) return {index, apply_code::kInvalidCharacter, {}};
+  std::string path = AppliedPath(row, style_);
+  if (const FileOutcome error = ports_.disk.Rename(row.location, path)) return {index, CodeOf(*error), *error};
+  if (path != row.location) {
+    list_.SetLocation(index, std::move(path));
+    if (list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(list_.Row(index).location);
+  }
+  return {index, apply_code::kApplied, {}};
+}
+
+void RenameEngine::Report(const RowFailure& failure) {
+  const bool unexpected = failure.code == apply_code::kUnexpected;
+  ports_.boxes.Show({kCaption, std::string(ApplyReason(failure.code)) + "\r\nファイルに適応できませんでした",
+                     unexpected ? MessageIcon::kStop : MessageIcon::kExclamation});
+  ports_.window.SetEnabled(true);
+  ports_.window.FocusList();
+  list_.SelectOnly(failure.index);
+  ports_.filePanel.ShowRow(failure.index);
+}
+
+BatchOutcome RenameEngine::ApplyRenameBatch(bool allItems, BatchObserver* observer) {
+  ports_.window.SetPointer(Pointer::kHourglass);
+  ports_.window.SetEnabled(false);
+  BatchOutcome outcome;
+  for (int index = 1; index <= list_.Count() && !outcome.stopped; ++index) {
+    if (!allItems && !list_.Row(index).checked) continue;
+    if (observer != nullptr && !observer->Continue()) break;
+    const std::string from = observer != nullptr ? list_.Row(index).location : std::string();
+    const RowFailure result = Apply(index);
+    if (result.code == apply_code::kApplied && observer != nullptr) {
+      observer->Applied(index, from, list_.Row(index).location);
+    }
+    Count(result, outcome);
+  }
+  ShowSummary(outcome);
+  ports_.window.SetPointer(Pointer::kNormal);
+  ports_.window.SetEnabled(true);
+  return outcome;
+}
+
+void RenameEngine::Count(const RowFailure& result, BatchOutcome& outcome) {
+  if (result.code == apply_code::kApplied) {
+    ++outcome.applied;
+    return;
+  }
+  outcome.failures.push_back(result);
+  if (options_.update.updateErrChk == 1) list_.SetChecked(result.index, true);
+  if (result.code == apply_code::kUnexpected) {
+    outcome.stopped = true;
+  } else {
+    ++outcome.skipped;
+  }
+}
+
+void RenameEngine::ShowSummary(const BatchOutcome& outcome) {
+  if (outcome.stopped) {
+    if (outcome.applied > 0) {
+      ports_.boxes.Show({kCaption, AppliedLine(outcome.applied) + "\r\nエラーにより処理が中断されました",
+                         MessageIcon::kExclamation});
+    }
+  } else if (outcome.applied > 0 || outcome.skipped > 0) {
+    ports_.boxes.Show({kCaption, AppliedLine(outcome.applied) + "\r\n" + SkippedLine(outcome.skipped),
+                       outcome.skipped == 0 ? MessageIcon::kInformation : MessageIcon::kExclamation});
+  }
+}
+
+void RenameEngine::mnuThisUpdate() {
+  const int index = list_.SelectedIndex();
+  if (index == 0) return;
+  const std::int16_t errSkip = std::exchange(options_.update.errSkip, std::int16_t{0});
+  if (ApplyRenameName(index) == apply_code::kApplied) {
+    if (options_.update.updateRemChk == 1) list_.SetChecked(index, false);
+    ports_.boxes.Show({kCaption, "選択されたアイテムの適応が完了しました", MessageIcon::kInformation});
+  } else if (options_.update.updateErrChk == 1) {
+    list_.SetChecked(index, true);
+  }
+  options_.update.errSkip = errSkip;
+}
+
+void RenameEngine::mnuAllUpdate() { ConfirmedBatch(true, "全アイテムのリネーム名をファイルに適応します"); }
+
+void RenameEngine::mnuUpdate() { ConfirmedBatch(false, "チェックアイテムのリネーム名をファイルに適応します"); }
+
+void RenameEngine::ConfirmedBatch(bool allItems, const char* question) {
+  const bool confirmed =
+      options_.system.msgbox != 0 ||
+      ports_.boxes.Show({kCaption, std::string(question) + "\r\nこの操作は元に戻せません。実行しますか",
+                         MessageIcon::kQuestion, MessageButtons::kYesNo});
+  if (confirmed) ApplyRenameBatch(allItems);
+}
+
+}  // namespace quillon

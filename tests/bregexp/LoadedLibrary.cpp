@@ -1,0 +1,26 @@
+#include "LoadedLibrary.h"
+
+namespace quillon::test {
+
+LoadedLibrary::LoadedLibrary() {
+  const std::string name = SharedLibraryFileName("bregexp");
+  if (const auto folder = FindLibrary(name)) library_ = SharedLibrary(*folder + name);
+  replace_ = reinterpret_cast<BregexpReplace*>(library_.Symbol("Replace"));
+}
+
+LoadedLibrary::~LoadedLibrary() {
+  if (replace_ != nullptr) replace_(nullptr, 0, nullptr, 0, nullptr, 0, &slot_);
+}
+
+std::string LoadedLibrary::Replace(std::string_view command, std::string_view target) {
+  std::string result(256, '\0');
+  for (;;) {
+    const std::size_t length =
+        replace_(command.data(), command.size(), target.data(), target.size(), result.data(), result.size(), &slot_);
+    const bool complete = length <= result.size();
+    result.resize(length);
+    if (complete) return result;
+  }
+}
+
+}  // namespace quillon::test

@@ -1,0 +1,365 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "base/Text.h"
+#include "platform/Ansi.h"
+#include "platform/PathStyle.h"
+#include "support/MediaBuilders.h"
+#include "support/Process.h"
+#include "support/TempFolder.h"
+
+namespace quillon::test {
+namespace {
+
+using Json = nlohmann::json;
+
+// A cross-built test finds the program by the drive under which Wine shows the root folder.
+std::string CliPath() {
+  const std::string path = QUILLON_CLI;
+  return SystemPathStyle() == PathStyle::kWindows && path.front() == '/' ? "Z:" + path : path;
+}
+
+ProcessResult Cli(const std::vector<std::string>& arguments, std::string_view input = "") {
+  return RunProcess(CliPath(), arguments, input);
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+std::vector<Json> JsonLines(const std::string& text) {
+  std::vector<Json> objects;
+  for (const std::string& line : Lines(text)) objects.push_back(Json::parse(line));
+  return objects;
+}
+
+std::string Ansi(std::string_view text) { return Utf8ToAnsi(text).value(); }
+
+std::string Mp3(std::string_view title, std::string_view artist = "Artist") {
+  return Mp3Audio(2) + Id3v1Trailer({.title = Ansi(title), .artist = Ansi(artist), .year = "1999"});
+}
+
+// list
+
+TEST(CliListTest, JsonRowsHoldTheSixFieldsInSearchOrder) {
+  const TempFolder folder;
+  folder.Write("b.mp3", Mp3("荒城の月", "滝廉太郎"));
+  folder.Write("a.mid", SimpleMidiFile(Ansi("さくら"), "Trad."));
+  folder.Write("ignored.txt", "text");
+  const ProcessResult result = Cli({"list", "--json", folder.Path()});
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  const std::vector<Json> rows = JsonLines(result.output);
+  ASSERT_EQ(rows.size(), 2U);
+  EXPECT_EQ(rows[0]["rename_name"], "a");
+  EXPECT_EQ(rows[0]["title"], "さくら");
+  EXPECT_EQ(rows[0]["artist"], "Trad.");
+  EXPECT_EQ(rows[0]["type"], "MIDI");
+  EXPECT_EQ(rows[0]["location"], folder.At("a.mid"));
+  EXPECT_EQ(rows[1]["title"], "荒城の月");
+  EXPECT_EQ(rows[1]["size"], FormatThousands(folder.Read("b.mp3").size()));
+  EXPECT_EQ(rows[1].size(), 6U);
+}
+
+TEST(CliListTest, FiltersAndSubfoldersAreAsAskedFor) {
+  const TempFolder folder;
+  folder.Write("a.mid", SimpleMidiFile("A", ""));
+  folder.Write("b.txt", "");
+  folder.Write("noextension", "");
+  folder.Write("sub/c.mp3", Mp3("C"));
+  const struct {
+    const char* name;
+    std::vector<std::string> options;
+    std::vector<std::string> files;
+  } kCases[] = {{"media by default", {}, {"a.mid"}},
+                {"subfolders", {"--subfolders"}, {"a.mid", "sub/c.mp3"}},
+                {"extensions of one's own", {"--ext", "txt mid"}, {"a.mid", "b.txt"}},
+                {"all", {"--all", "--subfolders"}, {"a.mid", "b.txt", "noextension", "sub/c.mp3"}}};
+  for (const auto& row : kCases) {
+    SCOPED_TRACE(row.name);
+    std::vector<std::string> arguments = {"list", "--json"};
+    arguments.insert(arguments.end(), row.options.begin(), row.options.end());
+    arguments.push_back(folder.Path());
+    std::vector<std::string> found;
+    for (const Json& object : JsonLines(Cli(arguments).output)) found.push_back(object["location"]);
+    std::vector<std::string> expected;
+    for (const std::string& file : row.files) expected.push_back(folder.At(file));
+    EXPECT_EQ(found, expected);
+  }
+}
+
+TEST(CliListTest, ANamedFileIsTakenWhateverTheFilter) {
+  const TempFolder folder;
+  const std::string path = folder.Write("notes.txt", "text");
+  const std::vector<Json> rows = JsonLines(Cli({"list", "--json", path}).output);
+  ASSERT_EQ(rows.size(), 1U);
+  EXPECT_EQ(rows[0]["title"], "---");
+}
+
+TEST(CliListTest, TheTableIsAlignedByDisplayWidth) {
+  const TempFolder folder;
+  folder.Write("a.mid", SimpleMidiFile(Ansi("さくら"), "X"));
+  folder.Write("b.mid", SimpleMidiFile("abcdef", "Y"));
+  const std::vector<std::string> lines = Lines(Cli({"list", folder.Path()}).output);
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_EQ(lines[0].rfind("リネーム名  タイトル  著作権/アーティスト  種類  サイズ  場所", 0), 0U) << lines[0];
+  EXPECT_EQ(lines[1].rfind("a           さくら    X                    MIDI", 0), 0U) << lines[1];
+  EXPECT_EQ(lines[2].rfind("b           abcdef    Y                    MIDI", 0), 0U) << lines[2];
+}
+
+TEST(CliListTest, NothingLoadedIsStatusThreeWithTheReason) {
+  const TempFolder folder;
+  const ProcessResult empty = Cli({"list", folder.Path()});
+  EXPECT_EQ(empty.exitCode, 3);
+  EXPECT_EQ(empty.output, "");
+  EXPECT_NE(empty.errors.find("指定されたフォルダ内にファイルが見つかりませんでした"), std::string::npos) << empty.errors;
+  const ProcessResult missing = Cli({"list", folder.At("missing")});
+  EXPECT_EQ(missing.exitCode, 3);
+  EXPECT_NE(missing.errors.find("指定されたパスにアクセスできません"), std::string::npos) << missing.errors;
+}
+
+// info
+
+TEST(CliInfoTest, GivesTheRowAndThePanelLines) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.mp3", Mp3("Song", "Someone"));
+  const ProcessResult result = Cli({"info", "--json", path});
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  const Json object = Json::parse(result.output);
+  EXPECT_EQ(object["location"], path);
+  EXPECT_EQ(object["type"], "MP3");
+  EXPECT_EQ(object["tag_kind"], 0);
+  EXPECT_EQ(object["title"], "Song");
+  EXPECT_EQ(object["artist"], "Someone");
+  EXPECT_EQ(object["summary"],
+            "サイズ： " + FormatThousands(folder.Read("a.mp3").size()) + " バイト / 種類： MP3 (ID3v1)");
+  EXPECT_EQ(object["detail"], "アーティスト： Someone / アルバム： --- / コメント： --- / 年： 1999");
+}
+
+TEST(CliInfoTest, TagKindIsGivenForMp3Only) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.mid", SimpleMidiFile("Song", ""));
+  EXPECT_FALSE(Json::parse(Cli({"info", "--json", path}).output).contains("tag_kind"));
+}
+
+TEST(CliInfoTest, EachReaderGivesItsRecord) {
+  const TempFolder folder;
+  const std::string midi = folder.Write("a.mid", SimpleMidiFile("Song", "Me"));
+  const std::string id3v1 = folder.Write("1.mp3", Mp3("Song"));
+  Id3v2Parts tag{.major = 3};
+  tag.frames = {{"TIT2", AnsiText("Song")}};
+  const std::string id3v2 = folder.Write("2.mp3", Id3v2Tag(tag) + Mp3Audio(2));
+  const std::string riff = folder.Write("3.mp3", RmpFile({{"INAM", "Song"}}));
+  const std::string html = folder.Write("page.html", HtmlPage("Song", ""));
+  const struct {
+    const char* reader;
+    std::string path;
+    std::vector<std::string> fields;
+    const char* titleField;
+  } kCases[] = {
+      {"midi", midi, {"format", "track_count", "division", "title", "copyright"}, "title"},
+      {"id3v1", id3v1, {"version_1_1", "title", "artist", "album", "year", "comment", "track", "genre"}, "title"},
+      {"id3v2",
+       id3v2,
+       {"major_version", "revision", "unsynchronisation", "extended_header", "experimental", "crc_present", "tag_size",
+        "crc", "content_group", "title", "subtitle", "artist", "band", "conductor", "remixer", "album", "year",
+        "comment_description", "comment", "track", "genre"},
+       "title"},
+      {"riff", riff, {"name", "artist", "product", "creation_date", "comment"}, "name"},
+      {"html", html, {"title"}, "title"}};
+  for (const auto& row : kCases) {
+    SCOPED_TRACE(row.reader);
+    const ProcessResult result = Cli({"info", "--json", "--reader", row.reader, row.path});
+    const auto object = nlohmann::ordered_json::parse(result.output);
+    std::vector<std::string> names;
+    for (const auto& [name, value] : object.items()) names.push_back(name);
+    std::vector<std::string> expected = {"location", "reader"};
+    expected.insert(expected.end(), row.fields.begin(), row.fields.end());
+    EXPECT_EQ(names, expected);
+    EXPECT_EQ(object["reader"], row.reader);
+    EXPECT_EQ(object[row.titleField], "Song");
+  }
+}
+
+TEST(CliInfoTest, AMissingFileIsReportedAndTheOthersAreShown) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.mid", SimpleMidiFile("Song", ""));
+  const ProcessResult result = Cli({"info", "--json", folder.At("missing.mid"), path});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(JsonLines(result.output).size(), 1U);
+  EXPECT_NE(result.errors.find("missing.mid"), std::string::npos);
+}
+
+TEST(CliInfoTest, AReaderThatFailsSaysSo) {
+  const TempFolder folder;
+  const std::string path = folder.Write("page.html", "</title>");
+  EXPECT_TRUE(Json::parse(Cli({"info", "--json", "--reader", "html", path}).output).contains("error"));
+}
+
+// modify
+
+TEST(CliModifyTest, TransformsEachLineByTheRulesOfTheSettings) {
+  const TempFolder folder;
+  const std::string settings = folder.Write(
+      "q.ini", "[Modify]\r\nReviceFlag=1\r\nReviceText=_\r\n0ReplaceFlag=1\r\n0ReplaceObject=x\r\n0ReplaceRepace=y\r\n");
+  const ProcessResult result = Cli({"modify", "--settings", settings}, "a:b?c\nxx\n\nさくら");
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  EXPECT_EQ(result.output, "a_b_c\nyy\n\nさくら\n");
+}
+
+TEST(CliModifyTest, ARuleIsAppliedOncePerRowOfTheList) {
+  const TempFolder folder;
+  const std::string settings =
+      folder.Write("q.ini", "[Modify]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=aa\n");
+  EXPECT_EQ(Cli({"modify", "--settings", settings, "--list-count", "3"}, "a\n").output, "aaaaaaaa\n");
+  EXPECT_EQ(Cli({"modify", "--settings", settings}, "a\nb\n").output, "aaaa\nb\n");
+}
+
+TEST(CliModifyTest, RegularExpressionsGoThroughTheLoadedLibrary) {
+  const TempFolder folder;
+  const std::string settings = folder.Write(
+      "q.ini", "[Modify]\nFindCtrl=1\n0ReplaceFlag=1\n0ReplaceObject=^\\d+\\s\n0ReplaceRepace=\n"
+               "1ReplaceFlag=1\n1ReplaceObject=(.+)-(.+)\n1ReplaceRepace=$2+$1\n");
+  EXPECT_EQ(Cli({"modify", "--settings", settings, "--list-count", "1"}, "01 さくら-春\n").output, "春+さくら\n");
+}
+
+TEST(CliModifyTest, ANameThatWouldGrowWithoutEndStaysAsItWas) {
+  const TempFolder folder;
+  const std::string settings =
+      folder.Write("q.ini", "[Modify]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=aa\n");
+  const ProcessResult result = Cli({"modify", "--settings", settings, "--list-count", "100000"}, "banana\nbbb\n");
+  EXPECT_EQ(result.output, "banana\nbbb\n");
+  EXPECT_NE(result.errors.find("1 個のリネーム名"), std::string::npos) << result.errors;
+}
+
+TEST(CliModifyTest, ADamagedOrMissingSettingsFileIsAnError) {
+  const TempFolder folder;
+  const std::string damaged = folder.Write("q.ini", "[Player]\nRepeat=40000\n");
+  const ProcessResult result = Cli({"modify", "--settings", damaged}, "a\n");
+  EXPECT_EQ(result.exitCode, 2);
+  EXPECT_EQ(result.output, "");
+  EXPECT_NE(result.errors.find("設定ファイルが壊れている可能性があります"), std::string::npos) << result.errors;
+  EXPECT_EQ(Cli({"modify", "--settings", folder.At("missing.ini")}, "a\n").exitCode, 2);
+}
+
+// rename
+
+TEST(CliRenameTest, TheDryRunShowsExactlyWhatApplyingThenDoes) {
+  const TempFolder folder;
+  folder.Write("1.MP3", Mp3("さくら "));
+  folder.Write("2.mp3", Mp3("Second"));
+  folder.Write("untitled.mp3", Mp3Audio(2));
+  folder.Write("invalid.mp3", Mp3("what?"));
+  const ProcessResult plan = Cli({"rename", "--to-title", folder.Path()});
+  EXPECT_EQ(plan.exitCode, 1) << plan.errors;
+  EXPECT_TRUE(folder.Exists("1.MP3"));
+  EXPECT_EQ(Lines(plan.output),
+            (std::vector<std::string>{folder.At("1.MP3") + " -> " + folder.At("さくら.mp3"),
+                                      folder.At("2.mp3") + " -> " + folder.At("Second.mp3"),
+                                      folder.At("invalid.mp3") + ": リネーム名に不正な文字が含まれています"}));
+  const ProcessResult done = Cli({"rename", "--to-title", "--apply", folder.Path()});
+  EXPECT_EQ(done.exitCode, 1);
+  EXPECT_EQ(Lines(done.output),
+            (std::vector<std::string>{folder.At("invalid.mp3") + ": リネーム名に不正な文字が含まれています",
+                                      "3 個のファイルを適応しました", "1 個のファイルがエラーでスキップされました"}));
+  for (const char* name : {"さくら.mp3", "Second.mp3", "untitled.mp3", "invalid.mp3"}) {
+    EXPECT_TRUE(folder.Exists(name)) << name;
+  }
+}
+
+TEST(CliRenameTest, NothingIsEverReplaced) {
+  const TempFolder folder;
+  folder.Write("1.mp3", Mp3("same") + "");
+  folder.Write("2.mp3", Mp3("same", "Other"));
+  const std::string second = folder.Read("2.mp3");
+  const ProcessResult plan = Cli({"rename", "--to-title", folder.Path()});
+  const ProcessResult done = Cli({"rename", "--to-title", "--apply", folder.Path()});
+  for (const ProcessResult& result : {plan, done}) {
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.output.find(folder.At("2.mp3") + ": リネーム名と同名のファイルが存在します"), std::string::npos)
+        << result.output;
+  }
+  EXPECT_TRUE(folder.Exists("same.mp3"));
+  EXPECT_EQ(folder.Read("2.mp3"), second);
+}
+
+TEST(CliRenameTest, AllAppliedIsStatusZero) {
+  const TempFolder folder;
+  folder.Write("1.mp3", Mp3("One"));
+  const ProcessResult result = Cli({"rename", "--to-title", "--apply", folder.Path()});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(result.output, "1 個のファイルを適応しました\nエラーでスキップされたファイルはありません\n");
+}
+
+TEST(CliRenameTest, ModifiesByTheSettings) {
+  const TempFolder folder;
+  folder.Write("files/01 a.mp3", Mp3("x"));
+  const std::string settings =
+      folder.Write("q.ini", "[Modify]\nFindCtrl=1\n0ReplaceFlag=1\n0ReplaceObject=^\\d+\\s\n0ReplaceRepace=\nUpper=1\n");
+  const ProcessResult result = Cli({"rename", "--modify", "--settings", settings, "--apply", folder.At("files")});
+  EXPECT_EQ(result.exitCode, 0) << result.output << result.errors;
+  EXPECT_TRUE(folder.Exists("files/A.mp3"));
+}
+
+TEST(CliRenameTest, TitlesAreSkippedAsTheSettingsSay) {
+  const TempFolder folder;
+  folder.Write("files/clip.wav", WaveFile(10));
+  const std::string settings = folder.Write("q.ini", "[Rename]\nNoTitleSkip=0\n");
+  EXPECT_EQ(Cli({"rename", "--to-title", folder.At("files")}).output, "");
+  const ProcessResult result = Cli({"rename", "--to-title", "--settings", settings, folder.At("files")});
+  EXPECT_EQ(result.output, folder.At("files/clip.wav") + " -> " + folder.At("files/---.wav") + "\n");
+}
+
+TEST(CliRenameTest, JsonGivesOneObjectPerFileAndTheSummary) {
+  const TempFolder folder;
+  folder.Write("1.mp3", Mp3("One"));
+  folder.Write("2.mp3", Mp3("a|b"));
+  const std::vector<Json> objects = JsonLines(Cli({"rename", "--json", "--to-title", "--apply", folder.Path()}).output);
+  ASSERT_EQ(objects.size(), 3U);
+  EXPECT_EQ(objects[0]["old"], folder.At("1.mp3"));
+  EXPECT_EQ(objects[0]["new"], folder.At("One.mp3"));
+  EXPECT_EQ(objects[1]["code"], 2);
+  EXPECT_EQ(objects[1]["reason"], "リネーム名に不正な文字が含まれています");
+  EXPECT_EQ(objects[2]["applied"], 1);
+  EXPECT_EQ(objects[2]["skipped"], 1);
+}
+
+TEST(CliRenameTest, NothingLoadedIsStatusThree) {
+  const TempFolder folder;
+  EXPECT_EQ(Cli({"rename", "--to-title", "--apply", folder.Path()}).exitCode, 3);
+}
+
+// usage
+
+TEST(CliUsageTest, WrongUsageIsStatusTwoWithAWordAboutIt) {
+  const TempFolder folder;
+  const std::vector<std::string> kCases[] = {
+      {}, {"list"}, {"unknown"}, {"list", "--unknown", folder.Path()}, {"info", "--reader", "ogg", folder.Path()},
+      {"modify"}, {"list", "--all", "--ext", "mid", folder.Path()}, {"modify", "--settings", "x", "--list-count", "-1"}};
+  for (const std::vector<std::string>& arguments : kCases) {
+    SCOPED_TRACE(testing::PrintToString(arguments));
+    const ProcessResult result = Cli(arguments);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.output, "");
+    EXPECT_NE(result.errors, "");
+  }
+}
+
+TEST(CliUsageTest, HelpAndVersionGoToStandardOutput) {
+  const ProcessResult help = Cli({"--help"});
+  EXPECT_EQ(help.exitCode, 0);
+  EXPECT_NE(help.output.find("rename"), std::string::npos);
+  const ProcessResult version = Cli({"--version"});
+  EXPECT_EQ(version.exitCode, 0);
+  EXPECT_EQ(version.output.substr(0, 4), "1.01");
+}
+
+}  // namespace
+}  // namespace quillon::test
