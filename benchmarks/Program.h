@@ -56,8 +56,7 @@ struct Program {
   ApplyMode mode;
   std::unique_ptr<FileReads> files = MakeFileReads();
   std::unique_ptr<FileChanges> disk = MakeFileChanges();
-  FileLoader loader{list, options, mode,
-                    {*files, nobody, nobody, nobody, nobody, nobody, nobody, nobody, nobody}};
+  FileLoader loader{list, options, mode, {*files, nobody, nobody, nobody, nobody, nobody, nobody, nobody, nobody}};
   RenameEngine engine{list, options, mode, {*disk, nobody, nobody, nobody, nobody}};
   TitleRename titles{list, options, mode, engine, nobody, nobody, nobody};
 };

@@ -8,14 +8,20 @@
 namespace quillon {
 namespace {
 
-bool IsContinuation(unsigned char byte) { return (byte & 0xC0u) == 0x80u; }
+bool IsContinuation(unsigned char byte) {
+  return (byte & 0xC0u) == 0x80u;
+}
 
 bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
-char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; }
+char LowerAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+char UpperAscii(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
 
 template <class Mapping>
 std::string MapCharacters(std::string_view text, Mapping mapping) {

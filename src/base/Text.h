@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-/// Texts are UTF-8 in std::string. A character is a code point; a byte that does not belong to valid UTF-8 (a Linux file
-/// name may hold any bytes) counts as one character, is never changed, and equals only itself.
+/// Texts are UTF-8 in std::string. A character is a code point; a byte that does not belong to valid UTF-8 (a Linux
+/// file name may hold any bytes) counts as one character, is never changed, and equals only itself.
 namespace quillon {
 
 struct Character {

@@ -45,7 +45,7 @@ class CaseWriter {
  private:
   enum class Case { kAsIs, kUpper, kLower };
 
-  void AppendConverted(std::string_view character, Case letterCase);
+  void AppendConverted(std::string_view text, Case letterCase);
 
   std::string& into_;
   Encoding encoding_;

@@ -16,11 +16,11 @@ constexpr std::size_t kStepsPerText = 200'000'000;
 constexpr std::size_t kFewestSteps = 10'000;
 constexpr std::size_t kMostSteps = 1'000'000;
 constexpr std::uint32_t kHeapKibibytes = 64 * 1024;
-constexpr std::size_t kSmallJitStack = 32 * 1024;
-constexpr std::size_t kLargestJitStack = 4 * 1024 * 1024;
+constexpr std::size_t kSmallJitStack = std::size_t{32} * 1024;
+constexpr std::size_t kLargestJitStack = std::size_t{4} * 1024 * 1024;
 
 // In the working form of at most four bytes per character this is more than 65,536 characters.
-constexpr std::size_t kLongestResult = 4 * 65'536;
+constexpr std::size_t kLongestResult = std::size_t{4} * 65'536;
 
 std::uint32_t MatchLimit(std::size_t length) {
   return static_cast<std::uint32_t>(std::clamp(kStepsPerText / (length + 1), kFewestSteps, kMostSteps));

@@ -67,28 +67,18 @@ void AddRecord(Json& object, const Result<std::string, HtmlTitleError>& title) {
   if (title) {
     object["title"] = *title;
   } else {
-    object["error"] = title.Failure() == HtmlTitleError::kUnreadable ? "the file cannot be read"
-                                                                     : "the page has an end tag only";
+    object["error"] =
+        title.Failure() == HtmlTitleError::kUnreadable ? "the file cannot be read" : "the page has an end tag only";
   }
 }
 
 void AddReader(Json& object, const std::string& path, Reader reader) {
   switch (reader) {
-    case Reader::kMidi:
-      object["reader"] = "midi";
-      return AddRecord(object, ReadMidiInfo(path));
-    case Reader::kId3v1:
-      object["reader"] = "id3v1";
-      return AddRecord(object, ReadId3v1(path));
-    case Reader::kId3v2:
-      object["reader"] = "id3v2";
-      return AddRecord(object, ReadId3v2(path));
-    case Reader::kRiff:
-      object["reader"] = "riff";
-      return AddRecord(object, ReadRiffInfo(path));
-    case Reader::kHtml:
-      object["reader"] = "html";
-      return AddRecord(object, ReadHtmlTitle(path));
+    case Reader::kMidi: object["reader"] = "midi"; return AddRecord(object, ReadMidiInfo(path));
+    case Reader::kId3v1: object["reader"] = "id3v1"; return AddRecord(object, ReadId3v1(path));
+    case Reader::kId3v2: object["reader"] = "id3v2"; return AddRecord(object, ReadId3v2(path));
+    case Reader::kRiff: object["reader"] = "riff"; return AddRecord(object, ReadRiffInfo(path));
+    case Reader::kHtml: object["reader"] = "html"; return AddRecord(object, ReadHtmlTitle(path));
     case Reader::kByType: break;
   }
 }

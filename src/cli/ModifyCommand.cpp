@@ -43,7 +43,8 @@ int RunModify(const ModifyArguments& arguments) {
     if (output.Closed()) break;
   }
   if (leftAlone > 0) {
-    Complain(std::to_string(leftAlone) + " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした");
+    Complain(std::to_string(leftAlone) +
+             " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした");
   }
   return kDone;
 }

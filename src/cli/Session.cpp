@@ -25,12 +25,13 @@ bool Console::Show(const Message& message) {
   return false;
 }
 
-void Console::PassedOver(const std::string& folder) { Complain("フォルダ参照: アクセスできません: " + folder); }
+void Console::PassedOver(const std::string& folder) {
+  Complain("フォルダ参照: アクセスできません: " + folder);
+}
 
 Session::Session(OptionValues initial)
     : options(std::move(initial)),
-      loader_(list, options, mode,
-              {*files, console, console, console, console, console, console, console, console}) {}
+      loader_(list, options, mode, {*files, console, console, console, console, console, console, console, console}) {}
 
 bool Session::Load(const Selection& selection) {
   options.list.subFolder = selection.subfolders ? 1 : 0;

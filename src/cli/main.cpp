@@ -39,7 +39,8 @@ void AddInfo(CLI::App& app, Arguments& arguments) {
                                                          {"html", Reader::kHtml}};
   CLI::App* command = app.add_subcommand("info", "Show what is known of each file");
   command->add_flag("--json", arguments.info.json, "One JSON object per line");
-  command->add_option("--reader", arguments.info.reader, "Show the record of this reader: midi, id3v1, id3v2, riff, html")
+  command
+      ->add_option("--reader", arguments.info.reader, "Show the record of this reader: midi, id3v1, id3v2, riff, html")
       ->transform(CLI::CheckedTransformer(kReaders));
   command->add_option("FILE", arguments.info.paths, "Files")->required();
 }
@@ -105,4 +106,6 @@ int Main(int argc, char** argv) {
 }  // namespace
 }  // namespace quillon::cli
 
-int main(int argc, char** argv) { return quillon::cli::Main(argc, argv); }
+int main(int argc, char** argv) {
+  return quillon::cli::Main(argc, argv);
+}

@@ -7,8 +7,8 @@
 namespace quillon {
 
 const char* ColumnCaption(Column column) {
-  static constexpr std::array<const char*, kColumnCount> kCaptions = {
-      "リネーム名", "タイトル", "著作権/アーティスト", "種類", "サイズ", "場所"};
+  static constexpr std::array<const char*, kColumnCount> kCaptions = {"リネーム名", "タイトル", "著作権/アーティスト",
+                                                                      "種類",       "サイズ",   "場所"};
   return kCaptions.at(static_cast<std::size_t>(column));
 }
 

@@ -17,8 +17,7 @@ bool FileList::LocationEqual::Equal(std::string_view left, std::string_view righ
   return style == PathStyle::kLinux ? left == right : PathIdentity(left, style) == PathIdentity(right, style);
 }
 
-FileList::FileList(PathStyle style)
-    : style_(style), locations_(0, LocationHash{style}, LocationEqual{style}) {}
+FileList::FileList(PathStyle style) : style_(style), locations_(0, LocationHash{style}, LocationEqual{style}) {}
 
 int FileList::SelectedIndex() const {
   if (selectedCount_ == 0) return 0;
@@ -46,7 +45,9 @@ int FileList::IndexOf(std::string_view location) const {
   return static_cast<int>(found - rows_.begin()) + 1;
 }
 
-bool FileList::ContainsFile(std::string_view location) const { return locations_.find(location) != locations_.end(); }
+bool FileList::ContainsFile(std::string_view location) const {
+  return locations_.find(location) != locations_.end();
+}
 
 bool FileList::ContainsFolder(std::string_view folder) const {
   if (style_ == PathStyle::kLinux) return folders_.find(folder) != folders_.end();
@@ -213,7 +214,9 @@ std::uint32_t FileList::IconNumber(std::string_view type) {
   return number;
 }
 
-std::string FileList::IconKey(std::uint32_t number) { return "ICONKEY" + std::to_string(number); }
+std::string FileList::IconKey(std::uint32_t number) {
+  return "ICONKEY" + std::to_string(number);
+}
 
 void FileList::RowTouched(int index) const {
   if (quiet_ == 0 && observer_ != nullptr) observer_->RowChanged(index);
@@ -225,8 +228,12 @@ void FileList::RowsTouched() {
   if (quiet_ == 0 && observer_ != nullptr) observer_->RowsChanged();
 }
 
-std::string CheckCountText(const FileList& list) { return "チェック数： " + std::to_string(list.CheckedCount()); }
+std::string CheckCountText(const FileList& list) {
+  return "チェック数： " + std::to_string(list.CheckedCount());
+}
 
-std::string ItemCountText(const FileList& list) { return "アイテム数：  " + std::to_string(list.Count()); }
+std::string ItemCountText(const FileList& list) {
+  return "アイテム数：  " + std::to_string(list.Count());
+}
 
 }  // namespace quillon

@@ -81,7 +81,8 @@ class FileList {
   /// later go to the end. Every call turns the order round, whichever column it names: the first one sorts descending.
   void Sort(Column column);
 
-  /// The image list key ("ICONKEY" and a number) of a type's small icon: rows of one type share one image. The same type always has the same number.
+  /// The image list key ("ICONKEY" and a number) of a type's small icon: rows of one type share one image. The same
+  /// type always has the same number.
   [[nodiscard]] std::uint32_t IconNumber(std::string_view type);
   [[nodiscard]] static std::string IconKey(std::uint32_t number);
 

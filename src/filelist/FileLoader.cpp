@@ -11,7 +11,9 @@ namespace {
 constexpr const char* kCaption = "フォルダ参照";
 constexpr const char* kDone = "% 完了しました";
 
-std::string Percent(std::size_t done, std::size_t all) { return "  " + std::to_string(done * 100 / all) + kDone; }
+std::string Percent(std::size_t done, std::size_t all) {
+  return "  " + std::to_string(done * 100 / all) + kDone;
+}
 
 }  // namespace
 
@@ -59,7 +61,8 @@ FileLoader::FileLoader(FileList& list, OptionValues& options, ApplyMode& mode, P
       search_(ports.files, ports.search, ports.pending, style) {}
 
 std::string FileLoader::ChooseFolder() {
-  return ports_.folders.Choose("リネームするファイルが格納されているフォルダを選択してください", options_.system.dirPath);
+  return ports_.folders.Choose("リネームするファイルが格納されているフォルダを選択してください",
+                               options_.system.dirPath);
 }
 
 LoadOutcome FileLoader::mnuFolderReference() {
@@ -67,7 +70,9 @@ LoadOutcome FileLoader::mnuFolderReference() {
   return folder.empty() ? LoadOutcome::kCancelled : LoadChosenFolder(folder);
 }
 
-LoadOutcome FileLoader::LoadFolder(const std::string& folder) { return LoadChosenFolder(folder); }
+LoadOutcome FileLoader::LoadFolder(const std::string& folder) {
+  return LoadChosenFolder(folder);
+}
 
 LoadOutcome FileLoader::LoadChosenFolder(std::string folder) {
   for (;;) {
@@ -135,10 +140,10 @@ LoadOutcome FileLoader::Failed(const FileError& error) {
                        "ファイルを読み込めませんでした",
                        MessageIcon::kExclamation});
   } else {
-    ports_.boxes.Show({kCaption,
-                       "検索中にエラーが発生しました\r\nファイルの読み込みを中断しました (" +
-                           std::to_string(error.number) + ")",
-                       MessageIcon::kStop});
+    ports_.boxes.Show(
+        {kCaption,
+         "検索中にエラーが発生しました\r\nファイルの読み込みを中断しました (" + std::to_string(error.number) + ")",
+         MessageIcon::kStop});
   }
   return LoadOutcome::kFailed;
 }
@@ -223,6 +228,7 @@ void FileLoader::mnuReload() {
 }
 
 void FileLoader::ResetPanels() {
+  list_.SelectNone();
   ports_.filePanel.Reset();
   ports_.panels.SetPlayerText(kPlayerIdleText);
 }

@@ -57,6 +57,7 @@ FoundFiles FolderSearch::Search(const std::string& folder, const std::string& fi
   subfolders_ = subfolders;
   found_ = {};
   followedLinks_.clear();
+  linkedFrom_.clear();
   SearchFolder(WithTrailingSeparator(folder, style_), 0);
   return std::move(found_);
 }
@@ -88,20 +89,27 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
   }
   *entries = {};
   for (const FolderEntry& entry : below) {
-    if (depth >= kDeepest || !MayEnter(folder, entry)) continue;
-    if (!SearchFolder(folder + entry.name + PathSeparator(style_), depth + 1)) return false;
+    if (depth >= kDeepest) continue;
+    if (entry.isLink && !FollowLink(folder, entry)) continue;
+    const bool goOn = SearchFolder(folder + entry.name + PathSeparator(style_), depth + 1);
+    if (entry.isLink) linkedFrom_.pop_back();
+    if (!goOn) return false;
   }
   return true;
 }
 
-bool FolderSearch::MayEnter(const std::string& folder, const FolderEntry& entry) {
-  if (!entry.isLink) return true;
-  const std::string target = files_.RealPath(folder + entry.name);
+// True when the link is to be followed; its folder is then the last of linkedFrom_.
+bool FolderSearch::FollowLink(const std::string& folder, const FolderEntry& link) {
+  const std::string target = files_.RealPath(folder + link.name);
   if (target.empty()) return false;
-  const std::string here = WithTrailingSeparator(files_.RealPath(folder), style_);
   const std::string leadsTo = WithTrailingSeparator(target, style_);
-  if (here.compare(0, leadsTo.size(), leadsTo) == 0) return false;
-  return followedLinks_.insert(target).second;
+  linkedFrom_.push_back(WithTrailingSeparator(files_.RealPath(folder), style_));
+  const bool leadsBackUp = std::any_of(linkedFrom_.begin(), linkedFrom_.end(), [&](const std::string& inside) {
+    return inside.compare(0, leadsTo.size(), leadsTo) == 0;
+  });
+  const bool follow = !leadsBackUp && followedLinks_.insert(target).second;
+  if (!follow) linkedFrom_.pop_back();
+  return follow;
 }
 
 }  // namespace quillon

@@ -14,16 +14,17 @@
 
 namespace quillon {
 
-/// The filter list of a folder load: the extension lists of the enabled groups, separated by single spaces; empty, which
-/// matches every file, when the filter is off.
+/// The filter list of a folder load: the extension lists of the enabled groups, separated by single spaces; empty,
+/// which matches every file, when the filter is off.
 [[nodiscard]] std::string SearchFilter(const OptionValues::Find& find);
 
-/// True for a path inside the recycle bin, which loads leave out: ":\recycled" and ":\$recycle.bin" on Windows, the trash
-/// folders of the desktop standard and `userTrash` on Linux.
+/// True for a path inside the recycle bin, which loads leave out: ":\recycled" and ":\$recycle.bin" on Windows, the
+/// trash folders of the desktop standard and `userTrash` on Linux.
 [[nodiscard]] bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle style);
 
 struct FoundFiles {
-  std::vector<std::string> paths;  ///< folder by folder: a folder's own files, then its subfolders', each sorted by name
+  std::vector<std::string>
+      paths;  ///< folder by folder: a folder's own files, then its subfolders', each sorted by name
   bool cancelled = false;
   std::optional<FileError> error;  ///< the search ended here
 };
@@ -42,7 +43,7 @@ class FolderSearch {
 
  private:
   bool SearchFolder(const std::string& folder, int depth);
-  bool MayEnter(const std::string& folder, const FolderEntry& entry);
+  bool FollowLink(const std::string& folder, const FolderEntry& link);
 
   FileReads& files_;
   SearchDisplay& display_;
@@ -54,6 +55,7 @@ class FolderSearch {
   bool subfolders_ = false;
   FoundFiles found_;
   std::unordered_set<std::string> followedLinks_;
+  std::vector<std::string> linkedFrom_;  // the real folders that the search went out of by links
   Throttle labelThrottle_{kProgressInterval};
 };
 

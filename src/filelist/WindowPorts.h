@@ -57,7 +57,7 @@ class ProgressDisplay {
   virtual void End() = 0;
 };
 
-/// The progress window of a folder search.
+/// The progress window of a folder search, and the busy pointer for as long as the search lasts.
 class SearchDisplay {
  public:
   virtual ~SearchDisplay() = default;

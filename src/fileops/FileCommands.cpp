@@ -119,9 +119,13 @@ void FileCommands::mnuThisMove() {
   ports_.boxes.Show({kMoveCaption, *folder + "\r\n\r\nファイルの移動が完了しました", MessageIcon::kInformation});
 }
 
-void FileCommands::mnuAllMove() { MoveBatch(true); }
+void FileCommands::mnuAllMove() {
+  MoveBatch(true);
+}
 
-void FileCommands::mnuMove() { MoveBatch(false); }
+void FileCommands::mnuMove() {
+  MoveBatch(false);
+}
 
 void FileCommands::MoveBatch(bool allItems) {
   if (allItems ? list_.Count() == 0 : list_.CheckedCount() == 0) return;
@@ -140,8 +144,8 @@ void FileCommands::MoveBatch(bool allItems) {
   DropMovedRows(moved);
   ports_.window.SetPointer(Pointer::kNormal);
   ports_.window.SetEnabled(true);
-  ports_.boxes.Show({kMoveCaption, std::to_string(count) + " 個のファイルの移動が完了しました",
-                     MessageIcon::kInformation});
+  ports_.boxes.Show(
+      {kMoveCaption, std::to_string(count) + " 個のファイルの移動が完了しました", MessageIcon::kInformation});
 }
 
 }  // namespace quillon

@@ -34,6 +34,11 @@ MediaInfo ReadUntrimmed(ByteSource& file, std::string_view mediaType) {
   return {std::string(kNoMediaText), std::string(kNoMediaText)};
 }
 
+// A list's cell ends at a zero byte, and no file name can hold one.
+void CutToCell(std::string& text) {
+  text.resize(TrimRight(std::string_view(text.c_str())).size());
+}
+
 }  // namespace
 
 std::string GetMediaType(std::string_view extension) {
@@ -93,8 +98,8 @@ MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind) {
 
 MediaInfo ReadMediaInfo(ByteSource& file, std::string_view mediaType) {
   MediaInfo info = ReadUntrimmed(file, mediaType);
-  info.title.resize(TrimRight(info.title).size());
-  info.copyright.resize(TrimRight(info.copyright).size());
+  CutToCell(info.title);
+  CutToCell(info.copyright);
   return info;
 }
 

@@ -31,7 +31,7 @@ inline constexpr std::uint8_t kNone = 4;   ///< neither; also for a file that ca
 [[nodiscard]] std::uint8_t DetectTagKind(ByteSource& file);
 [[nodiscard]] std::uint8_t DetectTagKind(const std::string& path);
 
-/// The two texts of a list row, UTF-8, without trailing blanks.
+/// The two texts of a list row, UTF-8: up to the first zero byte that a file may hold in them, without trailing blanks.
 struct MediaInfo {
   std::string title;
   std::string copyright;  ///< the copyright of a MIDI file, the artist of an MP3 file

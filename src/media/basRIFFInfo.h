@@ -8,7 +8,7 @@
 namespace quillon {
 
 /// The texts of an MP3 stream wrapped in a RIFF file of the form "RMP3". UTF-8.
-/// Source: "Multimedia Programming Interface and Data Specifications 1.0", RIFF and the LIST "INFO".
+/// Source: Microsoft and IBM, "Resource Interchange File Format" (1991), and its LIST "INFO".
 struct RiffInfo {
   std::string name;          ///< INAM
   std::string artist;        ///< IART

@@ -16,17 +16,23 @@ constexpr char32_t kReplacement = 0x30FB;
 constexpr std::size_t kCodes = 0x10000;  // code page 932 knows only characters of the basic plane
 using Table = std::array<std::uint16_t, kCodes>;
 
-constexpr unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
+constexpr unsigned char Byte(char c) {
+  return static_cast<unsigned char>(c);
+}
 
-constexpr bool IsTrailByte(unsigned char byte) { return byte >= 0x40 && byte <= 0xFC && byte != 0x7F; }
+constexpr bool IsTrailByte(unsigned char byte) {
+  return byte >= 0x40 && byte <= 0xFC && byte != 0x7F;
+}
 
-constexpr std::size_t Code(unsigned char lead, unsigned char trail) { return std::size_t{lead} << 8u | trail; }
+constexpr std::size_t Code(unsigned char lead, unsigned char trail) {
+  return std::size_t{lead} << 8u | trail;
+}
 
 // The bytes that stand alone are few and regular; systems disagree about the odd ones, so they are settled here as
 // Windows has them.
 constexpr char32_t SingleCharacter(unsigned char byte) {
   if (byte <= 0x80) return byte;
-  if (byte == 0xA0) return 0xA0;
+  if (byte == 0xA0) return 0xF8F0;
   if (byte >= 0xA1 && byte <= 0xDF) return 0xFF61 + (byte - 0xA1u);
   if (byte >= 0xFD) return 0xF8F1 + (byte - 0xFDu);
   return kReplacement;
@@ -83,13 +89,15 @@ const Table& EncodeTable() {
 }
 
 std::size_t AsciiPrefix(std::string_view text) {
-  const auto* end = std::find_if(text.begin(), text.end(), [](char c) { return Byte(c) >= 0x80; });
+  const auto end = std::find_if(text.begin(), text.end(), [](char c) { return Byte(c) >= 0x80; });
   return static_cast<std::size_t>(end - text.begin());
 }
 
 }  // namespace
 
-bool IsAnsiLeadByte(unsigned char byte) { return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC); }
+bool IsAnsiLeadByte(unsigned char byte) {
+  return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+}
 
 std::string AnsiToUtf8(std::string_view bytes) {
   const std::size_t ascii = AsciiPrefix(bytes);

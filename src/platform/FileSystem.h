@@ -93,7 +93,8 @@ class FileChanges {
 
   /// Moves the file to the desktop's recycle bin, the system's own confirmation shown over `ownerWindow` (the native
   /// window handle, 0 for none). Returns 0 when the system reported success; the system's own number when it failed and
-  /// told the user so itself; kRecycleNotDone when it failed and nobody was told (Linux). Never deletes for good instead.
+  /// told the user so itself; kRecycleNotDone when it failed and nobody was told (Linux). Never deletes for good
+  /// instead.
   virtual int Recycle(const std::string& path, std::uintptr_t ownerWindow) = 0;
 };
 

@@ -19,16 +19,27 @@ struct Key {
   std::size_t entry = 0;
 };
 
-void AppendUpper(std::string& arena, const std::string& name) {
-  const std::size_t offset = arena.size();
-  arena += name;
-  for (std::size_t i = offset; i < arena.size(); ++i) {
-    const char c = arena[i];
-    if (static_cast<unsigned char>(c) >= 0x80) {
-      arena.replace(offset, std::string::npos, ToUpper(name));
-      return;
+// The scripts of East Asia know no letter case; their names are the ones there are many of.
+bool MayHaveCase(char32_t codePoint) {
+  return codePoint < 0x2E80 || codePoint > 0xA63F;
+}
+
+// The same as ToUpper, without a string per name.
+void AppendUpper(std::string& arena, std::string_view name) {
+  for (std::size_t i = 0; i < name.size();) {
+    const char byte = name[i];
+    if (static_cast<unsigned char>(byte) < 0x80) {
+      arena += byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - ('a' - 'A')) : byte;
+      ++i;
+      continue;
     }
-    if (c >= 'a' && c <= 'z') arena[i] = static_cast<char>(c - ('a' - 'A'));
+    const Character c = CharacterAt(name, i);
+    if (c.valid && MayHaveCase(c.codePoint)) {
+      AppendUtf8(arena, UpperCharacter(c.codePoint));
+    } else {
+      arena.append(name, i, c.length);
+    }
+    i += c.length;
   }
 }
 
@@ -42,7 +53,7 @@ std::size_t SharedPrefix(const std::string& arena, const std::vector<Key>& keys)
   for (const Key& key : keys) {
     const std::string_view name = UpperName(arena, key);
     shared = std::min(shared, name.size());
-    const auto* end = first.begin() + shared;
+    const auto end = first.begin() + static_cast<std::ptrdiff_t>(shared);
     shared = static_cast<std::size_t>(std::mismatch(first.begin(), end, name.begin()).first - first.begin());
   }
   return shared;

@@ -22,7 +22,7 @@ FileOutcome PublishAndRemoveSource(CopySteps& steps, const std::string& temporar
 }  // namespace
 
 FileOutcome MoveByCopying(CopySteps& steps, const std::string& from, const std::string& to, PathStyle style) {
-  if (const FileOutcome absent = steps.Look(from)) return absent;
+  if (FileOutcome absent = steps.Look(from)) return absent;
   // Publishing would find this out, too, but only after all the copying.
   if (!steps.Look(to)) return FileError{file_error::kAlreadyExists, "File exists"};
   const std::string folder(SplitPath(to, style).folder);

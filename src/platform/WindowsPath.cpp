@@ -13,12 +13,18 @@ constexpr std::string_view kLiteral = R"(\\?\)";
 constexpr std::string_view kDevice = R"(\\.\)";
 constexpr std::string_view kLiteralNetwork = R"(\\?\UNC\)";
 
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool IsLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
 
-bool IsDevicePath(std::string_view path) { return path.starts_with(kLiteral) || path.starts_with(kDevice); }
+bool IsDevicePath(std::string_view path) {
+  return path.starts_with(kLiteral) || path.starts_with(kDevice);
+}
 
 // How many of the pieces ".." must leave alone: the drive, or server and share.
-std::size_t RootPieces(std::string_view path) { return path.starts_with(R"(\\)") ? 2 : 1; }
+std::size_t RootPieces(std::string_view path) {
+  return path.starts_with(R"(\\)") ? 2 : 1;
+}
 
 std::vector<std::string_view> TidyPieces(std::string_view path) {
   std::vector<std::string_view> pieces;

@@ -10,8 +10,9 @@ namespace quillon {
 /// True for paths that do not depend on a current folder: a drive with "\", or a network or device path.
 [[nodiscard]] bool IsFullWindowsPath(std::string_view path);
 
-/// A full path in the form "C:\a\b" or "\\server\share\a": "/" as "\", without "." and doubled separators, ".." resolved
-/// as text (as Windows does). A trailing separator stays. Names keep dots and blanks at their end. Device paths
+/// A full path in the form "C:\a\b" or "\\server\share\a": "/" as "\", without "." and doubled separators, ".."
+/// resolved as text (as Windows does). A trailing separator stays. Names keep dots and blanks at their end. Device
+/// paths
 /// ("\\?\", "\\.\") stay as they are.
 [[nodiscard]] std::string TidyWindowsPath(std::string_view fullPath);
 

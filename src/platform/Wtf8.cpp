@@ -5,8 +5,12 @@
 namespace quillon {
 namespace {
 
-bool IsHigh(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLow(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+bool IsHigh(char32_t unit) {
+  return unit >= 0xD800 && unit <= 0xDBFF;
+}
+bool IsLow(char32_t unit) {
+  return unit >= 0xDC00 && unit <= 0xDFFF;
+}
 
 unsigned ByteAt(std::string_view text, std::size_t i) {
   return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u;

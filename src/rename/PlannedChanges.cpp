@@ -1,5 +1,7 @@
 #include "rename/PlannedChanges.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 #include "filelist/paths/basFileControl.h"
 
@@ -13,6 +15,16 @@ Result<bool, FileError> PlannedChanges::Exists(const std::string& path) {
   return status->kind != FileStatus::Kind::kAbsent && freed_.count(identity) == 0;
 }
 
+// One entry under two spellings, in contrast to two links to one file, which their folder lists both.
+bool PlannedChanges::IsOneEntry(const std::string& left, const std::string& right) {
+  if (!EqualIgnoringCase(left, right) || !files_.SameFile(left, right)) return false;
+  const auto entries = files_.ReadFolder(std::string(FolderPart(left)));
+  if (!entries) return true;
+  return std::count_if(entries->begin(), entries->end(), [&](const FolderEntry& entry) {
+           return entry.name == FileName(left) || entry.name == FileName(right);
+         }) < 2;
+}
+
 FileOutcome PlannedChanges::Rename(const std::string& from, const std::string& to) {
   if (FileName(to).empty()) return FileError{file_error::kNotFound, {}};
   const Result<bool, FileError> source = Exists(from);
@@ -21,8 +33,7 @@ FileOutcome PlannedChanges::Rename(const std::string& from, const std::string& t
   if (from == to) return std::nullopt;
   const Result<bool, FileError> target = Exists(to);
   if (!target) return target.Failure();
-  const bool sameFile = EqualIgnoringCase(from, to) && files_.SameFile(from, to);
-  if (*target && !sameFile) return FileError{file_error::kAlreadyExists, {}};
+  if (*target && !IsOneEntry(from, to)) return FileError{file_error::kAlreadyExists, {}};
   taken_.erase(PathIdentity(from));
   freed_.insert(PathIdentity(from));
   freed_.erase(PathIdentity(to));
@@ -30,10 +41,16 @@ FileOutcome PlannedChanges::Rename(const std::string& from, const std::string& t
   return std::nullopt;
 }
 
-FileOutcome PlannedChanges::Move(const std::string&, const std::string&) { return FileError{file_error::kAccess, {}}; }
+FileOutcome PlannedChanges::Move(const std::string&, const std::string&) {
+  return FileError{file_error::kAccess, {}};
+}
 
-FileOutcome PlannedChanges::Remove(const std::string&) { return FileError{file_error::kAccess, {}}; }
+FileOutcome PlannedChanges::Remove(const std::string&) {
+  return FileError{file_error::kAccess, {}};
+}
 
-int PlannedChanges::Recycle(const std::string&, std::uintptr_t) { return kRecycleNotDone; }
+int PlannedChanges::Recycle(const std::string&, std::uintptr_t) {
+  return kRecycleNotDone;
+}
 
 }  // namespace quillon

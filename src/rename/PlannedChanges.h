@@ -7,9 +7,9 @@
 
 namespace quillon {
 
-/// Answers a batch of renames as the disk would, and changes nothing: names that earlier renames of the batch gave up are
-/// free, names that they took are taken. What only the attempt itself shows (a missing permission, a disk that fails
-/// meanwhile) is not foreseen. Moves and deletions are refused with file_error::kAccess: nothing plans them.
+/// Answers a batch of renames as the disk would, and changes nothing: names that earlier renames of the batch gave up
+/// are free, names that they took are taken. What only the attempt itself shows (a missing permission, a disk that
+/// fails meanwhile) is not foreseen. Moves and deletions are refused with file_error::kAccess: nothing plans them.
 class PlannedChanges final : public FileChanges {
  public:
   explicit PlannedChanges(FileReads& files) : files_(files) {}
@@ -21,6 +21,7 @@ class PlannedChanges final : public FileChanges {
 
  private:
   Result<bool, FileError> Exists(const std::string& path);
+  bool IsOneEntry(const std::string& left, const std::string& right);
 
   FileReads& files_;
   std::unordered_set<std::string> taken_;

@@ -9,7 +9,7 @@ namespace quillon {
 namespace {
 
 // 32,768 characters of four bytes: an answer that does not fit has more of them than any name may have.
-constexpr std::size_t kAnswerCapacity = 4 * 32'768;
+constexpr std::size_t kAnswerCapacity = std::size_t{4} * 32'768;
 
 std::string Command(std::string_view pattern, std::string_view replacement, std::string_view flags) {
   std::string command;

@@ -21,7 +21,7 @@ Folded Fold(std::string_view text, CompareMode compareMode) {
   for (std::size_t i = 0; i < text.size();) {
     const Character c = CharacterAt(text, i);
     if (!c.valid) {
-      folded.characters += kInvalidBytes + static_cast<unsigned char>(text[i]);
+      folded.characters.push_back(kInvalidBytes + static_cast<unsigned char>(text[i]));
     } else {
       folded.characters += compareMode == CompareMode::kText ? LowerCharacter(c.codePoint) : c.codePoint;
     }

@@ -7,13 +7,7 @@ namespace quillon {
 
 TitleRename::TitleRename(FileList& list, const OptionValues& options, const ApplyMode& mode, RenameEngine& engine,
                          RegexEngine& regex, PendingMessages& pending, WindowState& window)
-    : list_(list),
-      options_(options),
-      mode_(mode),
-      engine_(engine),
-      regex_(regex),
-      pending_(pending),
-      window_(window) {}
+    : list_(list), options_(options), mode_(mode), engine_(engine), regex_(regex), pending_(pending), window_(window) {}
 
 void TitleRename::RenameToTitles(bool allItems) {
   window_.SetPointer(Pointer::kBusyArrow);

@@ -106,7 +106,7 @@ char32_t Joined(char32_t kana, char32_t mark) {
 
 }  // namespace
 
-std::string ToNarrow(std::string_view text) {
+std::string ToHalfWidth(std::string_view text) {
   std::string result;
   result.reserve(text.size());
   for (std::size_t i = 0; i < text.size();) {
@@ -123,7 +123,7 @@ std::string ToNarrow(std::string_view text) {
   return result;
 }
 
-std::string ToWide(std::string_view text) {
+std::string ToFullWidth(std::string_view text) {
   std::string result;
   result.reserve(text.size());
   for (std::size_t i = 0; i < text.size();) {

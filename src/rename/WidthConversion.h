@@ -13,9 +13,9 @@
 namespace quillon {
 
 /// A katakana with a voice mark becomes two half-width characters.
-[[nodiscard]] std::string ToNarrow(std::string_view text);
+[[nodiscard]] std::string ToHalfWidth(std::string_view text);
 
 /// A half-width katakana and the voice mark behind it become one character where there is one.
-[[nodiscard]] std::string ToWide(std::string_view text);
+[[nodiscard]] std::string ToFullWidth(std::string_view text);
 
 }  // namespace quillon

@@ -56,7 +56,9 @@ std::string SkippedLine(int skipped) {
 RenameEngine::RenameEngine(FileList& list, OptionValues& options, const ApplyMode& mode, Ports ports, PathStyle style)
     : list_(list), options_(options), mode_(mode), ports_(ports), style_(style) {}
 
-std::int16_t RenameEngine::ApplyRenameName(int index) { return Apply(index).code; }
+std::int16_t RenameEngine::ApplyRenameName(int index) {
+  return Apply(index).code;
+}
 
 RowFailure RenameEngine::Apply(int index) {
   ports_.player.ReleaseFile(list_.Row(index).location);
@@ -129,8 +131,8 @@ void RenameEngine::Count(const RowFailure& result, BatchOutcome& outcome) {
 void RenameEngine::ShowSummary(const BatchOutcome& outcome) {
   if (outcome.stopped) {
     if (outcome.applied > 0) {
-      ports_.boxes.Show({kCaption, AppliedLine(outcome.applied) + "\r\nエラーにより処理が中断されました",
-                         MessageIcon::kExclamation});
+      ports_.boxes.Show(
+          {kCaption, AppliedLine(outcome.applied) + "\r\nエラーにより処理が中断されました", MessageIcon::kExclamation});
     }
   } else if (outcome.applied > 0 || outcome.skipped > 0) {
     ports_.boxes.Show({kCaption, AppliedLine(outcome.applied) + "\r\n" + SkippedLine(outcome.skipped),
@@ -151,9 +153,13 @@ void RenameEngine::mnuThisUpdate() {
   options_.update.errSkip = errSkip;
 }
 
-void RenameEngine::mnuAllUpdate() { ConfirmedBatch(true, "全アイテムのリネーム名をファイルに適応します"); }
+void RenameEngine::mnuAllUpdate() {
+  ConfirmedBatch(true, "全アイテムのリネーム名をファイルに適応します");
+}
 
-void RenameEngine::mnuUpdate() { ConfirmedBatch(false, "チェックアイテムのリネーム名をファイルに適応します"); }
+void RenameEngine::mnuUpdate() {
+  ConfirmedBatch(false, "チェックアイテムのリネーム名をファイルに適応します");
+}
 
 void RenameEngine::ConfirmedBatch(bool allItems, const char* question) {
   const bool confirmed =

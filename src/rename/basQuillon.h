@@ -20,7 +20,7 @@ inline constexpr std::int16_t kApplied = 0;
 inline constexpr std::int16_t kNoName = 1;            ///< empty or blank
 inline constexpr std::int16_t kInvalidCharacter = 2;  ///< a character that a file name may not hold
 inline constexpr std::int16_t kTargetExists = 3;
-inline constexpr std::int16_t kNoAccess = 4;    ///< permission, or the file is open
+inline constexpr std::int16_t kNoAccess = 4;     ///< permission, or the file is open
 inline constexpr std::int16_t kInvalidName = 5;  ///< not a valid name, too long, or the file is gone
 inline constexpr std::int16_t kUnexpected = 16;  ///< any other error; stops a batch
 }  // namespace apply_code

@@ -236,7 +236,7 @@ TEST_F(IniFileTest, SavingUnchangedGivesTheSameBytes) {
                                              "\r\n",
                                              "[S]\r\nk=\x89\xB9\r\n",
                                              "[S]\nk=1",
-                                             "\xFF\xFE[\0S\0]\0",
+                                             std::string("\xFF\xFE[\0S\0]\0", 8),
                                              std::string("a\0b\r\r\n\n[", 8),
                                              std::string(kByteOrderMark) + "[S]\nk=é\n"};
   for (const std::string& bytes : contents) {

@@ -14,7 +14,7 @@ namespace {
 /// Bytes in memory; `readable` of them can be read, as when a disk fails half-way.
 class MemorySource final : public ByteSource {
  public:
-  explicit MemorySource(std::string bytes) : MemorySource(bytes, bytes.size()) {}
+  explicit MemorySource(const std::string& bytes) : MemorySource(bytes, bytes.size()) {}
   MemorySource(std::string bytes, std::size_t readable) : bytes_(std::move(bytes)), readable_(readable) {}
 
   [[nodiscard]] std::uint64_t Size() const override { return bytes_.size(); }

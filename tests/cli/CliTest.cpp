@@ -41,7 +41,9 @@ std::vector<Json> JsonLines(const std::string& text) {
   return objects;
 }
 
-std::string Ansi(std::string_view text) { return Utf8ToAnsi(text).value(); }
+std::string Ansi(std::string_view text) {
+  return Utf8ToAnsi(text).value();
+}
 
 std::string Mp3(std::string_view title, std::string_view artist = "Artist") {
   return Mp3Audio(2) + Id3v1Trailer({.title = Ansi(title), .artist = Ansi(artist), .year = "1999"});
@@ -119,7 +121,8 @@ TEST(CliListTest, NothingLoadedIsStatusThreeWithTheReason) {
   const ProcessResult empty = Cli({"list", folder.Path()});
   EXPECT_EQ(empty.exitCode, 3);
   EXPECT_EQ(empty.output, "");
-  EXPECT_NE(empty.errors.find("指定されたフォルダ内にファイルが見つかりませんでした"), std::string::npos) << empty.errors;
+  EXPECT_NE(empty.errors.find("指定されたフォルダ内にファイルが見つかりませんでした"), std::string::npos)
+      << empty.errors;
   const ProcessResult missing = Cli({"list", folder.At("missing")});
   EXPECT_EQ(missing.exitCode, 3);
   EXPECT_NE(missing.errors.find("指定されたパスにアクセスできません"), std::string::npos) << missing.errors;
@@ -168,9 +171,27 @@ TEST(CliInfoTest, EachReaderGivesItsRecord) {
       {"id3v1", id3v1, {"version_1_1", "title", "artist", "album", "year", "comment", "track", "genre"}, "title"},
       {"id3v2",
        id3v2,
-       {"major_version", "revision", "unsynchronisation", "extended_header", "experimental", "crc_present", "tag_size",
-        "crc", "content_group", "title", "subtitle", "artist", "band", "conductor", "remixer", "album", "year",
-        "comment_description", "comment", "track", "genre"},
+       {"major_version",
+        "revision",
+        "unsynchronisation",
+        "extended_header",
+        "experimental",
+        "crc_present",
+        "tag_size",
+        "crc",
+        "content_group",
+        "title",
+        "subtitle",
+        "artist",
+        "band",
+        "conductor",
+        "remixer",
+        "album",
+        "year",
+        "comment_description",
+        "comment",
+        "track",
+        "genre"},
        "title"},
       {"riff", riff, {"name", "artist", "product", "creation_date", "comment"}, "name"},
       {"html", html, {"title"}, "title"}};
@@ -208,7 +229,8 @@ TEST(CliInfoTest, AReaderThatFailsSaysSo) {
 TEST(CliModifyTest, TransformsEachLineByTheRulesOfTheSettings) {
   const TempFolder folder;
   const std::string settings = folder.Write(
-      "q.ini", "[Modify]\r\nReviceFlag=1\r\nReviceText=_\r\n0ReplaceFlag=1\r\n0ReplaceObject=x\r\n0ReplaceRepace=y\r\n");
+      "q.ini",
+      "[Modify]\r\nReviceFlag=1\r\nReviceText=_\r\n0ReplaceFlag=1\r\n0ReplaceObject=x\r\n0ReplaceRepace=y\r\n");
   const ProcessResult result = Cli({"modify", "--settings", settings}, "a:b?c\nxx\n\nさくら");
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_EQ(result.output, "a_b_c\nyy\n\nさくら\n");
@@ -216,24 +238,23 @@ TEST(CliModifyTest, TransformsEachLineByTheRulesOfTheSettings) {
 
 TEST(CliModifyTest, ARuleIsAppliedOncePerRowOfTheList) {
   const TempFolder folder;
-  const std::string settings =
-      folder.Write("q.ini", "[Modify]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=aa\n");
+  const std::string settings = folder.Write("q.ini", "[Modify]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=aa\n");
   EXPECT_EQ(Cli({"modify", "--settings", settings, "--list-count", "3"}, "a\n").output, "aaaaaaaa\n");
   EXPECT_EQ(Cli({"modify", "--settings", settings}, "a\nb\n").output, "aaaa\nb\n");
 }
 
 TEST(CliModifyTest, RegularExpressionsGoThroughTheLoadedLibrary) {
   const TempFolder folder;
-  const std::string settings = folder.Write(
-      "q.ini", "[Modify]\nFindCtrl=1\n0ReplaceFlag=1\n0ReplaceObject=^\\d+\\s\n0ReplaceRepace=\n"
-               "1ReplaceFlag=1\n1ReplaceObject=(.+)-(.+)\n1ReplaceRepace=$2+$1\n");
+  const std::string settings =
+      folder.Write("q.ini",
+                   "[Modify]\nFindCtrl=1\n0ReplaceFlag=1\n0ReplaceObject=^\\d+\\s\n0ReplaceRepace=\n"
+                   "1ReplaceFlag=1\n1ReplaceObject=(.+)-(.+)\n1ReplaceRepace=$2+$1\n");
   EXPECT_EQ(Cli({"modify", "--settings", settings, "--list-count", "1"}, "01 さくら-春\n").output, "春+さくら\n");
 }
 
 TEST(CliModifyTest, ANameThatWouldGrowWithoutEndStaysAsItWas) {
   const TempFolder folder;
-  const std::string settings =
-      folder.Write("q.ini", "[Modify]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=aa\n");
+  const std::string settings = folder.Write("q.ini", "[Modify]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=aa\n");
   const ProcessResult result = Cli({"modify", "--settings", settings, "--list-count", "100000"}, "banana\nbbb\n");
   EXPECT_EQ(result.output, "banana\nbbb\n");
   EXPECT_NE(result.errors.find("1 個のリネーム名"), std::string::npos) << result.errors;
@@ -301,8 +322,8 @@ TEST(CliRenameTest, AllAppliedIsStatusZero) {
 TEST(CliRenameTest, ModifiesByTheSettings) {
   const TempFolder folder;
   folder.Write("files/01 a.mp3", Mp3("x"));
-  const std::string settings =
-      folder.Write("q.ini", "[Modify]\nFindCtrl=1\n0ReplaceFlag=1\n0ReplaceObject=^\\d+\\s\n0ReplaceRepace=\nUpper=1\n");
+  const std::string settings = folder.Write(
+      "q.ini", "[Modify]\nFindCtrl=1\n0ReplaceFlag=1\n0ReplaceObject=^\\d+\\s\n0ReplaceRepace=\nUpper=1\n");
   const ProcessResult result = Cli({"rename", "--modify", "--settings", settings, "--apply", folder.At("files")});
   EXPECT_EQ(result.exitCode, 0) << result.output << result.errors;
   EXPECT_TRUE(folder.Exists("files/A.mp3"));
@@ -340,9 +361,14 @@ TEST(CliRenameTest, NothingLoadedIsStatusThree) {
 
 TEST(CliUsageTest, WrongUsageIsStatusTwoWithAWordAboutIt) {
   const TempFolder folder;
-  const std::vector<std::string> kCases[] = {
-      {}, {"list"}, {"unknown"}, {"list", "--unknown", folder.Path()}, {"info", "--reader", "ogg", folder.Path()},
-      {"modify"}, {"list", "--all", "--ext", "mid", folder.Path()}, {"modify", "--settings", "x", "--list-count", "-1"}};
+  const std::vector<std::string> kCases[] = {{},
+                                             {"list"},
+                                             {"unknown"},
+                                             {"list", "--unknown", folder.Path()},
+                                             {"info", "--reader", "ogg", folder.Path()},
+                                             {"modify"},
+                                             {"list", "--all", "--ext", "mid", folder.Path()},
+                                             {"modify", "--settings", "x", "--list-count", "-1"}};
   for (const std::vector<std::string>& arguments : kCases) {
     SCOPED_TRACE(testing::PrintToString(arguments));
     const ProcessResult result = Cli(arguments);

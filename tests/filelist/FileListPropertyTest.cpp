@@ -35,8 +35,12 @@ struct PlainList {
   }
 };
 
-bool IsChecked(const FileItem& row) { return row.checked; }
-bool IsSelected(const FileItem& row) { return row.selected; }
+bool IsChecked(const FileItem& row) {
+  return row.checked;
+}
+bool IsSelected(const FileItem& row) {
+  return row.selected;
+}
 
 class Walk {
  public:
@@ -75,7 +79,8 @@ class Walk {
       EXPECT_EQ(list_.ContainsFile(path), first != 0) << path;
     }
     for (const std::string& folder : folders_) {
-      const int first = plain_.First([&](const FileItem& row) { return Same(FolderPart(row.location, style_), folder); });
+      const int first =
+          plain_.First([&](const FileItem& row) { return Same(FolderPart(row.location, style_), folder); });
       EXPECT_EQ(list_.ContainsFolder(folder), first != 0) << folder;
     }
   }
@@ -149,8 +154,12 @@ class Walk {
         list_.SelectNone();
         for (FileItem& row : rows) row.selected = false;
         break;
-      case 21: Remove(); break;
-      case 22: SortBoth(); break;
+      case 21:
+        Remove();
+        break;
+      case 22:
+        SortBoth();
+        break;
       default:
         if (Below(6) != 0) return Remove();
         list_.Clear();

@@ -1,10 +1,9 @@
-#include "filelist/FileList.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "filelist/FileList.h"
 #include "support/Recorders.h"
 #include "support/Rows.h"
 
@@ -37,8 +36,8 @@ TEST(FileItem, ShowsItsColumnsInTheOrderOfTheList) {
   row.size = 1234567;
   row.location = "/f/a.mp3";
   const std::vector<std::pair<std::string, std::string>> expected = {
-      {"リネーム名", "新しい名前"}, {"タイトル", "題"},      {"著作権/アーティスト", "人"},
-      {"種類", "MP3"},              {"サイズ", "1,234,567"}, {"場所", "/f/a.mp3"}};
+      {"リネーム名", "新しい名前"}, {"タイトル", "題"},  {"著作権/アーティスト", "人"}, {"種類", "MP3"},
+      {"サイズ", "1,234,567"},      {"場所", "/f/a.mp3"}};
   ASSERT_EQ(expected.size(), std::size_t{kColumnCount});
   for (int i = 0; i < kColumnCount; ++i) {
     const auto column = static_cast<Column>(i);
@@ -50,7 +49,7 @@ TEST(FileItem, ShowsItsColumnsInTheOrderOfTheList) {
 
 TEST(FileItem, HasNoTitleWhenItIsBlankOrThreeDashes) {
   const std::vector<std::pair<std::string, bool>> rows = {
-      {"", true},      {"   ", true},  {"---", true},  {"  --- ", true},  {"--", false},
+      {"", true},      {"   ", true},   {"---", true}, {"  --- ", true},  {"--", false},
       {"----", false}, {"- --", false}, {"題", false}, {"\u3000", false}, {" 題 ", false}};
   for (const auto& [title, none] : rows) {
     FileItem row;

@@ -1,10 +1,9 @@
-#include "filelist/FolderSearch.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "filelist/FolderSearch.h"
 #include "support/MemoryFileSystem.h"
 #include "support/Recorders.h"
 
@@ -254,9 +253,10 @@ TEST(FolderSearchLinks, TwoLinksToOneFolderAreFollowedOnce) {
 }
 
 TEST(FolderSearchLinks, ALinkBackUpIsNotFollowed) {
-  const std::vector<std::pair<const char*, std::string>> targets = {
-      {"to itself's folder", "/top/m/x"}, {"to the root of the search", "/top/m"}, {"above the search", "/top"},
-      {"to the top of everything", "/"}};
+  const std::vector<std::pair<const char*, std::string>> targets = {{"to itself's folder", "/top/m/x"},
+                                                                    {"to the root of the search", "/top/m"},
+                                                                    {"above the search", "/top"},
+                                                                    {"to the top of everything", "/"}};
   for (const auto& [name, target] : targets) {
     Fixture f;
     f.Add({"/top/m/a.mid", "/top/m/x/b.mid"});

@@ -1,10 +1,9 @@
-#include "filelist/ListCommands.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "filelist/ListCommands.h"
 #include "support/Recorders.h"
 #include "support/Rows.h"
 
@@ -133,8 +132,8 @@ TEST(mnuAllClear, EmptiesTheListStopsThePlayerAndShowsTheMode) {
   EXPECT_EQ(f.list.Count(), 0);
   EXPECT_EQ(f.list.SelectedIndex(), 0);
   EXPECT_EQ(f.ports.player.loaded, "");
-  EXPECT_EQ(f.ports.log.Events(), Joined(Joined({kClearQuestion, "player stop"}, kPanelsReset),
-                                         {"panel mode: 手動適応モード"}));
+  EXPECT_EQ(f.ports.log.Events(),
+            Joined(Joined({kClearQuestion, "player stop"}, kPanelsReset), {"panel mode: 手動適応モード"}));
 }
 
 TEST(mnuAllClear, AsksNothingWhenConfirmationsAreOff) {

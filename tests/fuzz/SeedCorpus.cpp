@@ -1,7 +1,7 @@
 // Writes the inputs that the fuzzers start from: SeedCorpus FOLDER makes one folder for each fuzzer in it.
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <string>
 #include <vector>
 
@@ -64,7 +64,7 @@ bool WriteSeeds(const std::filesystem::path& folder, const std::vector<std::stri
 
 int main(int argc, char** argv) {
   if (argc != 2) {
-    std::fputs("usage: SeedCorpus FOLDER\n", stderr);
+    std::cerr << "usage: SeedCorpus FOLDER\n";
     return 2;
   }
   const std::filesystem::path folder(argv[1]);

@@ -151,6 +151,11 @@ TEST(MediaInfo, TrailingBlanksAreRemovedAndNothingElse) {
   EXPECT_EQ(Read(SimpleMidiFile("Song\t", "\x81\x40"), "MIDI"), (MediaInfo{"Song\t", "\u3000"}));
 }
 
+TEST(MediaInfo, ATextEndsAtItsFirstZeroByte) {
+  using namespace std::string_literals;
+  EXPECT_EQ(Read(SimpleMidiFile("Piano right\0"s, "A \0B"s), "MIDI"), (MediaInfo{"Piano right", "A"}));
+}
+
 TEST(MediaInfo, CostsOneReadForATagAndTwoForATrailer) {
   MemorySource tagged(Id3v2Tag({.frames = {{"TIT2", AnsiText("Song")}}, .padding = 200}) + Mp3Audio(100));
   EXPECT_EQ(ReadMediaInfo(tagged, "MP3").title, "Song");

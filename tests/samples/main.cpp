@@ -13,7 +13,9 @@
 namespace quillon::test {
 namespace {
 
-std::string Ansi(std::string_view text) { return Utf8ToAnsi(text).value(); }
+std::string Ansi(std::string_view text) {
+  return Utf8ToAnsi(text).value();
+}
 
 std::string Mp3WithId3v22(std::string_view title, std::string_view artist) {
   Id3v2Parts tag{.major = 2};
@@ -23,7 +25,9 @@ std::string Mp3WithId3v22(std::string_view title, std::string_view artist) {
 
 std::string Mp3WithId3v23(std::u16string_view title, std::u16string_view artist, std::string_view album) {
   Id3v2Parts tag{.major = 3};
-  tag.frames = {{"TIT2", Utf16Text(title)}, {"TPE1", Utf16Text(artist)}, {"TALB", AnsiText(Ansi(album))},
+  tag.frames = {{"TIT2", Utf16Text(title)},
+                {"TPE1", Utf16Text(artist)},
+                {"TALB", AnsiText(Ansi(album))},
                 {"TYER", AnsiText("1999")}};
   return Id3v2Tag(tag) + Mp3Audio(40);
 }
@@ -71,4 +75,6 @@ int Main(const std::vector<std::string>& arguments) {
 }  // namespace
 }  // namespace quillon::test
 
-int main(int argc, char** argv) { return quillon::test::Main(std::vector<std::string>(argv + 1, argv + argc)); }
+int main(int argc, char** argv) {
+  return quillon::test::Main(std::vector<std::string>(argv + 1, argv + argc));
+}

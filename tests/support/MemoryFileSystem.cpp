@@ -16,8 +16,12 @@ namespace {
 constexpr int kMostLinks = 40;
 constexpr std::size_t kLongestName = 255;
 
-FileError NotFound() { return {file_error::kNotFound, "No such file"}; }
-FileError Access() { return {file_error::kAccess, "Permission denied"}; }
+FileError NotFound() {
+  return {file_error::kNotFound, "No such file"};
+}
+FileError Access() {
+  return {file_error::kAccess, "Permission denied"};
+}
 
 class MemoryFile final : public ByteSource {
  public:
@@ -48,7 +52,7 @@ struct MemoryFileSystem::Entry {
 struct MemoryFileSystem::Node {
   enum class Kind { kFile, kFolder, kLink, kPipe };
   Kind kind = Kind::kFile;
-  std::string bytes;   ///< a link's target
+  std::string bytes;  ///< a link's target
   bool hidden = false;
   std::map<std::string, Entry> entries;  ///< by Key
 };
@@ -152,7 +156,8 @@ MemoryFileSystem::NodePointer MemoryFileSystem::Walk(std::string_view path, bool
     if (found == node->entries.end()) return nullptr;
     node = found->second.node;
     const bool follow = followLast || i + 1 < pieces.size();
-    if (node->kind == Node::Kind::kLink && follow) node = depth < kMostLinks ? Walk(node->bytes, true, depth + 1) : nullptr;
+    if (node->kind == Node::Kind::kLink && follow)
+      node = depth < kMostLinks ? Walk(node->bytes, true, depth + 1) : nullptr;
     if (!node) return nullptr;
   }
   return node;
@@ -189,13 +194,17 @@ void MemoryFileSystem::AddFile(const std::string& path, std::string_view bytes) 
   Put(path, {Node::Kind::kFile, std::string(bytes), false, {}});
 }
 
-void MemoryFileSystem::AddFolder(const std::string& path) { MakeFolders(path); }
+void MemoryFileSystem::AddFolder(const std::string& path) {
+  MakeFolders(path);
+}
 
 void MemoryFileSystem::AddLink(const std::string& path, const std::string& target) {
   Put(path, {Node::Kind::kLink, target, false, {}});
 }
 
-void MemoryFileSystem::AddPipe(const std::string& path) { Put(path, {Node::Kind::kPipe, {}, false, {}}); }
+void MemoryFileSystem::AddPipe(const std::string& path) {
+  Put(path, {Node::Kind::kPipe, {}, false, {}});
+}
 
 void MemoryFileSystem::AddHardLink(const std::string& path, const std::string& existing) {
   const NodePointer node = Walk(existing, false);
@@ -207,7 +216,9 @@ void MemoryFileSystem::Hide(const std::string& path) {
   if (const NodePointer node = Walk(path, true)) node->hidden = true;
 }
 
-bool MemoryFileSystem::Exists(const std::string& path) const { return Walk(path, false) != nullptr; }
+bool MemoryFileSystem::Exists(const std::string& path) const {
+  return Walk(path, false) != nullptr;
+}
 
 std::string MemoryFileSystem::BytesOf(const std::string& path) const {
   const NodePointer node = Walk(path, true);
@@ -306,12 +317,13 @@ bool MemoryFileSystem::SameFile(const std::string& left, const std::string& righ
 }
 
 FileOutcome MemoryFileSystem::CheckNames(const std::string& from, const std::string& to) const {
-  const bool holdable = CanNameFile(SplitPath(from, options_.style).name) && CanHold(SplitPath(to, options_.style).name);
+  const bool holdable =
+      CanNameFile(SplitPath(from, options_.style).name) && CanHold(SplitPath(to, options_.style).name);
   return holdable ? FileOutcome() : FileOutcome(NotFound());
 }
 
 FileOutcome MemoryFileSystem::ChangeName(const std::string& from, const std::string& to) {
-  if (const FileOutcome unholdable = CheckNames(from, to)) return unholdable;
+  if (FileOutcome unholdable = CheckNames(from, to)) return unholdable;
   const EntryPath target = SplitPath(to, options_.style);
   Entries entries(*this);
   return RenameEntry(entries, from, from == to ? to : std::string(target.folder) + HeldName(target.name),
@@ -319,17 +331,17 @@ FileOutcome MemoryFileSystem::ChangeName(const std::string& from, const std::str
 }
 
 FileOutcome MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
-  if (const FileOutcome failure = Log(FileCall::kRename, from, to)) return failure;
+  if (FileOutcome failure = Log(FileCall::kRename, from, to)) return failure;
   return ChangeName(from, to);
 }
 
 FileOutcome MemoryFileSystem::Move(const std::string& from, const std::string& to) {
-  if (const FileOutcome failure = Log(FileCall::kMove, from, to)) return failure;
+  if (FileOutcome failure = Log(FileCall::kMove, from, to)) return failure;
   return ChangeName(from, to);
 }
 
 FileOutcome MemoryFileSystem::Remove(const std::string& path) {
-  if (const FileOutcome failure = Log(FileCall::kRemove, path)) return failure;
+  if (FileOutcome failure = Log(FileCall::kRemove, path)) return failure;
   const NodePointer node = Walk(path, false);
   if (!node) return NotFound();
   if (node->kind == Node::Kind::kFolder) return Access();

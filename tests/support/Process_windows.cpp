@@ -1,5 +1,6 @@
-#include <gtest/gtest.h>
 #include <windows.h>
+
+#include <gtest/gtest.h>
 
 #include "support/Process.h"
 #include "support/TempFolder.h"
@@ -47,8 +48,8 @@ ProcessResult RunProcess(const std::string& program, const std::vector<std::stri
   for (const std::string& argument : arguments) commandLine += L' ' + Quoted(argument);
   PROCESS_INFORMATION process = {};
   DWORD exitCode = 127;
-  const bool started = CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                                      &process) != 0;
+  const bool started =
+      CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process) != 0;
   EXPECT_TRUE(started) << program;
   if (started) {
     WaitForSingleObject(process.hProcess, INFINITE);

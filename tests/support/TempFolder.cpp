@@ -18,14 +18,18 @@ namespace fs = std::filesystem;
 
 // On Windows a narrow path would be read in the process's code page; char8_t is UTF-8 on both systems. On Linux the
 // bytes pass as they are, valid UTF-8 or not.
-fs::path ToPath(std::string_view text) { return {std::u8string(text.begin(), text.end())}; }
+fs::path ToPath(std::string_view text) {
+  return {std::u8string(text.begin(), text.end())};
+}
 
 std::string ToText(const fs::path& path) {
   const std::u8string text = path.u8string();
   return {text.begin(), text.end()};
 }
 
-char Separator() { return SystemPathStyle() == PathStyle::kWindows ? '\\' : '/'; }
+char Separator() {
+  return SystemPathStyle() == PathStyle::kWindows ? '\\' : '/';
+}
 
 std::string NewFolder() {
   static std::atomic<int> counter = 0;

@@ -47,7 +47,8 @@ std::vector<std::string> SplitIniLines(std::string_view content) {
 }
 
 std::string_view IniLineEnd(std::string_view line) {
-  return line.substr(std::min(line.find_first_of(kLineEnds), line.size()));
+  const std::size_t content = line.find_last_not_of(kLineEnds);
+  return line.substr(content == std::string_view::npos ? 0 : content + 1);
 }
 
 bool IsBlankIniLine(std::string_view line) {

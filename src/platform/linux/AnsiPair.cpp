@@ -10,7 +10,9 @@ namespace quillon {
 namespace {
 
 // The C library's way of saying "none".
-bool IsOpen(iconv_t converter) { return reinterpret_cast<std::intptr_t>(converter) != -1; }
+bool IsOpen(iconv_t converter) {
+  return reinterpret_cast<std::intptr_t>(converter) != -1;
+}
 
 }  // namespace
 

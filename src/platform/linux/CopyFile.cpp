@@ -68,7 +68,9 @@ void CopyPermissions(int from, int to, const struct stat& source) {
   ::fchmod(to, source.st_mode & (sameOwner ? 07777u : 0777u));
 }
 
-std::array<timespec, 2> TimesOf(const struct stat& status) { return {status.st_atim, status.st_mtim}; }
+std::array<timespec, 2> TimesOf(const struct stat& status) {
+  return {status.st_atim, status.st_mtim};
+}
 
 bool SameTime(const timespec& left, const timespec& right) {
   return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;

@@ -20,7 +20,9 @@
 namespace quillon {
 namespace {
 
-FileOutcome OutcomeOf(int failure) { return failure == 0 ? FileOutcome() : FileOutcome(ErrorOf(failure)); }
+FileOutcome OutcomeOf(int failure) {
+  return failure == 0 ? FileOutcome() : FileOutcome(ErrorOf(failure));
+}
 
 FileOutcome LookAt(const std::string& path) {
   struct stat status = {};
@@ -100,7 +102,7 @@ class LinuxFileChanges final : public FileChanges {
   }
 
   FileOutcome Move(const std::string& from, const std::string& to) override {
-    const FileOutcome outcome = Rename(from, to);
+    FileOutcome outcome = Rename(from, to);
     if (!outcome || outcome->number != file_error::kOwn + EXDEV) return outcome;
     LinuxCopySteps steps;
     return MoveByCopying(steps, from, to, PathStyle::kLinux);
@@ -116,6 +118,8 @@ class LinuxFileChanges final : public FileChanges {
 
 }  // namespace
 
-std::unique_ptr<FileChanges> MakeFileChanges() { return std::make_unique<LinuxFileChanges>(); }
+std::unique_ptr<FileChanges> MakeFileChanges() {
+  return std::make_unique<LinuxFileChanges>();
+}
 
 }  // namespace quillon

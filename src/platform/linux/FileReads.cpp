@@ -44,7 +44,9 @@ EntryKind KindOnDisk(DIR* folder, const char* name, int flags) {
   return KindOf(static_cast<unsigned char>(IFTODT(status.st_mode)));
 }
 
-bool IsDots(std::string_view name) { return name == "." || name == ".."; }
+bool IsDots(std::string_view name) {
+  return name == "." || name == "..";
+}
 
 void AddEntry(std::vector<FolderEntry>& entries, DIR* folder, const dirent& found) {
   if (IsDots(found.d_name)) return;
@@ -106,6 +108,8 @@ class LinuxFileReads final : public FileReads {
 
 }  // namespace
 
-std::unique_ptr<FileReads> MakeFileReads() { return std::make_unique<LinuxFileReads>(); }
+std::unique_ptr<FileReads> MakeFileReads() {
+  return std::make_unique<LinuxFileReads>();
+}
 
 }  // namespace quillon

@@ -2,6 +2,8 @@
 
 namespace quillon {
 
-PathStyle SystemPathStyle() { return PathStyle::kLinux; }
+PathStyle SystemPathStyle() {
+  return PathStyle::kLinux;
+}
 
 }  // namespace quillon

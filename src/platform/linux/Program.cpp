@@ -15,7 +15,9 @@ std::string ExecutablePath() {
 // A signal handler can reach nothing but a variable of static storage.
 volatile std::sig_atomic_t interrupted = 0;
 
-void NoteInterruption(int) { interrupted = 1; }
+void NoteInterruption(int) {
+  interrupted = 1;
+}
 
 }  // namespace
 
@@ -40,6 +42,8 @@ void CatchInterruption() {
   ::sigaction(SIGINT, &action, nullptr);
 }
 
-bool Interrupted() { return interrupted != 0; }
+bool Interrupted() {
+  return interrupted != 0;
+}
 
 }  // namespace quillon

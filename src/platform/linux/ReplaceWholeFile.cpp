@@ -28,7 +28,7 @@ std::string BehindLinks(std::string path) {
     std::error_code failed;
     const std::string target = std::filesystem::read_symlink(path, failed).string();
     if (failed) break;
-    path = target.front() == '/' ? target : FolderOf(path) + target;
+    path = target.front() == '/' ? target : FolderOf(path).append(target);
   }
   return path;
 }

@@ -29,7 +29,9 @@ std::optional<std::string> SystemLibraryFolder(const std::string& fileName) {
 
 }  // namespace
 
-std::string SharedLibraryFileName(const std::string& name) { return "lib" + name + ".so"; }
+std::string SharedLibraryFileName(const std::string& name) {
+  return "lib" + name + ".so";
+}
 
 std::optional<std::string> FindLibrary(const std::string& fileName) {
   const bool plain = !fileName.empty() && fileName.find('/') == std::string::npos;

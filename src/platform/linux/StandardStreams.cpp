@@ -28,9 +28,13 @@ bool WriteAll(int stream, std::string_view bytes) {
 
 }  // namespace
 
-bool WriteStandardOutput(std::string_view bytes) { return WriteAll(STDOUT_FILENO, bytes); }
+bool WriteStandardOutput(std::string_view bytes) {
+  return WriteAll(STDOUT_FILENO, bytes);
+}
 
-bool WriteStandardError(std::string_view bytes) { return WriteAll(STDERR_FILENO, bytes); }
+bool WriteStandardError(std::string_view bytes) {
+  return WriteAll(STDERR_FILENO, bytes);
+}
 
 std::string ReadStandardInput() {
   std::string all;

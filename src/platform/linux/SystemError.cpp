@@ -50,7 +50,9 @@ bool IsOutOfReach(int number) {
 
 }  // namespace
 
-FileError ErrorOf(int number) { return {NumberOf(number), std::generic_category().message(number)}; }
+FileError ErrorOf(int number) {
+  return {NumberOf(number), std::generic_category().message(number)};
+}
 
 FileError FolderErrorOf(int number) {
   FileError error = ErrorOf(number);
@@ -58,8 +60,12 @@ FileError FolderErrorOf(int number) {
   return error;
 }
 
-FileError UnholdableName() { return ErrorOf(EINVAL); }
+FileError UnholdableName() {
+  return ErrorOf(EINVAL);
+}
 
-bool HoldsNul(const std::string& path) { return path.find('\0') != std::string::npos; }
+bool HoldsNul(const std::string& path) {
+  return path.find('\0') != std::string::npos;
+}
 
 }  // namespace quillon

@@ -9,7 +9,7 @@ inline constexpr int kTrashErrorOffset = 10000;
 
 /// Moves a file to the trash of the desktop. 0 on success, else kTrashErrorOffset plus the code of GIO's error; never
 /// deletes for good.
-/// Source: "The FreeDesktop.org Trash specification" 1.0, as GIO carries it out.
+/// Source: freedesktop.org's trash format 1.0, as GIO carries it out.
 [[nodiscard]] int MoveToTrash(const std::string& path);
 
 }  // namespace quillon

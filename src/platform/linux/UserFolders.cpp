@@ -37,7 +37,9 @@ std::string UserFolder(const char* variable, const char* underHome) {
   return home.empty() ? std::string() : WithSlash(home) + underHome;
 }
 
-std::string UserConfigurationFolder() { return UserFolder("XDG_CONFIG_HOME", ".config/"); }
+std::string UserConfigurationFolder() {
+  return UserFolder("XDG_CONFIG_HOME", ".config/");
+}
 
 std::string UserTrashFolder() {
   const std::string data = UserFolder("XDG_DATA_HOME", ".local/share/");

@@ -20,8 +20,8 @@ FileOutcome TakeBack(const std::wstring& copy, DWORD failure) {
 bool FlushAndDate(const std::wstring& copy, const BY_HANDLE_FILE_INFORMATION& source) {
   if (!::SetFileAttributesW(copy.c_str(), FILE_ATTRIBUTE_NORMAL)) return false;
   {
-    const Handle file(::CreateFileW(copy.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                    kOpenLinkItself, nullptr));
+    const Handle file(
+        ::CreateFileW(copy.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, kOpenLinkItself, nullptr));
     if (!file.Open()) return false;
     if (!::SetFileTime(file.Get(), &source.ftCreationTime, &source.ftLastAccessTime, &source.ftLastWriteTime)) {
       return false;

@@ -1,6 +1,8 @@
+// windows.h has to come first.
+// clang-format off
 #include <windows.h>
-
 #include <shellapi.h>
+// clang-format on
 
 #include <algorithm>
 #include <optional>
@@ -61,14 +63,14 @@ class WindowsEntries final : public EntryChanges {
 
 // A file that is only read-only must not make a move fail that has copied it already.
 FileOutcome RemoveEvenReadOnly(const std::string& path) {
-  const FileOutcome outcome = RemoveAt(path);
+  FileOutcome outcome = RemoveAt(path);
   const std::optional<std::wstring> systemPath = SystemPath(path);
   if (!outcome || !systemPath) return outcome;
   const DWORD attributes = ::GetFileAttributesW(systemPath->c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0) return outcome;
   constexpr DWORD kReadOnly = FILE_ATTRIBUTE_READONLY;
   ::SetFileAttributesW(systemPath->c_str(), attributes & ~kReadOnly);
-  const FileOutcome second = RemoveAt(path);
+  FileOutcome second = RemoveAt(path);
   if (second) ::SetFileAttributesW(systemPath->c_str(), attributes);
   return second;
 }
@@ -156,6 +158,8 @@ class WindowsFileChanges final : public FileChanges {
 
 }  // namespace
 
-std::unique_ptr<FileChanges> MakeFileChanges() { return std::make_unique<WindowsFileChanges>(); }
+std::unique_ptr<FileChanges> MakeFileChanges() {
+  return std::make_unique<WindowsFileChanges>();
+}
 
 }  // namespace quillon

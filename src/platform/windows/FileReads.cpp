@@ -22,7 +22,9 @@ Handle OpenForQuestions(const std::wstring& path) {
                               FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-bool IsFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+bool IsFolder(DWORD attributes) {
+  return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
 
 // Other reparse points (files kept in a cloud, deduplicated files) are ordinary files to us.
 bool IsLink(const WIN32_FIND_DATAW& found) {
@@ -113,7 +115,8 @@ class WindowsFileReads final : public FileReads {
     const std::optional<std::wstring> systemPath = ExistingPath(path);
     if (!systemPath) return UnholdableName();
     WIN32_FILE_ATTRIBUTE_DATA found = {};
-    if (!::GetFileAttributesExW(systemPath->c_str(), GetFileExInfoStandard, &found)) return StatusError(::GetLastError());
+    if (!::GetFileAttributesExW(systemPath->c_str(), GetFileExInfoStandard, &found))
+      return StatusError(::GetLastError());
     if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return StatusBehindLink(*systemPath);
     return StatusOf(found.dwFileAttributes, found.nFileSizeHigh, found.nFileSizeLow);
   }
@@ -137,6 +140,8 @@ class WindowsFileReads final : public FileReads {
 
 }  // namespace
 
-std::unique_ptr<FileReads> MakeFileReads() { return std::make_unique<WindowsFileReads>(); }
+std::unique_ptr<FileReads> MakeFileReads() {
+  return std::make_unique<WindowsFileReads>();
+}
 
 }  // namespace quillon

@@ -3,8 +3,12 @@
 
 namespace quillon {
 
-std::string FullPath(const std::string& path) { return TidySystemPath(path).value_or(path); }
+std::string FullPath(const std::string& path) {
+  return TidySystemPath(path).value_or(path);
+}
 
-std::string UserTrashFolder() { return {}; }
+std::string UserTrashFolder() {
+  return {};
+}
 
 }  // namespace quillon

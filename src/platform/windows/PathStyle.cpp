@@ -2,6 +2,8 @@
 
 namespace quillon {
 
-PathStyle SystemPathStyle() { return PathStyle::kWindows; }
+PathStyle SystemPathStyle() {
+  return PathStyle::kWindows;
+}
 
 }  // namespace quillon

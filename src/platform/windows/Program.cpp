@@ -1,9 +1,11 @@
 #include "platform/Program.h"
 
+// windows.h has to come first.
+// clang-format off
 #include <windows.h>
-
 #include <shellapi.h>
 #include <shlobj.h>
+// clang-format on
 
 #include <atomic>
 #include <memory>
@@ -69,8 +71,12 @@ std::vector<std::string> ProgramArguments(int, char**) {
   return arguments;
 }
 
-void CatchInterruption() { ::SetConsoleCtrlHandler(NoteInterruption, TRUE); }
+void CatchInterruption() {
+  ::SetConsoleCtrlHandler(NoteInterruption, TRUE);
+}
 
-bool Interrupted() { return interrupted; }
+bool Interrupted() {
+  return interrupted;
+}
 
 }  // namespace quillon

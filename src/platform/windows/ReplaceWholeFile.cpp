@@ -21,7 +21,9 @@ std::string BehindLinks(const std::string& path) {
   return real.empty() ? path : real;
 }
 
-std::string FolderOf(const std::string& path) { return std::string(SplitPath(path, PathStyle::kWindows).folder); }
+std::string FolderOf(const std::string& path) {
+  return std::string(SplitPath(path, PathStyle::kWindows).folder);
+}
 
 FileOutcome MakeFolders(const std::string& folder) {
   const std::optional<std::wstring> systemPath = SystemPath(folder);
@@ -29,7 +31,7 @@ FileOutcome MakeFolders(const std::string& folder) {
   if (::GetFileAttributesW(systemPath->c_str()) != INVALID_FILE_ATTRIBUTES) return std::nullopt;
   const std::string parent = FolderOf(folder.substr(0, folder.size() - 1));
   if (parent.size() < folder.size() && !parent.empty()) {
-    if (const FileOutcome failed = MakeFolders(parent)) return failed;
+    if (FileOutcome failed = MakeFolders(parent)) return failed;
   }
   if (::CreateDirectoryW(systemPath->c_str(), nullptr) || ::GetLastError() == ERROR_ALREADY_EXISTS) return std::nullopt;
   return ErrorOf(::GetLastError());
@@ -76,7 +78,7 @@ FileOutcome ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   if (!tidy) return UnholdableName();
   const std::string target = BehindLinks(*tidy);
   const std::string folder = FolderOf(target);
-  if (const FileOutcome failed = MakeFolders(folder)) return failed;
+  if (FileOutcome failed = MakeFolders(folder)) return failed;
   const std::optional<std::wstring> systemPath = SystemPath(target);
   if (!systemPath) return UnholdableName();
   const DWORD attributes = ::GetFileAttributesW(systemPath->c_str());

@@ -25,7 +25,9 @@ std::optional<std::string> SystemLibraryFolder(const std::wstring& fileName) {
 
 }  // namespace
 
-std::string SharedLibraryFileName(const std::string& name) { return ToUpper(name) + ".DLL"; }
+std::string SharedLibraryFileName(const std::string& name) {
+  return ToUpper(name) + ".DLL";
+}
 
 std::optional<std::string> FindLibrary(const std::string& fileName) {
   const std::optional<std::wstring> wideName = ToWide(fileName);

@@ -29,9 +29,13 @@ bool WriteAll(DWORD number, std::string_view bytes) {
 
 }  // namespace
 
-bool WriteStandardOutput(std::string_view bytes) { return WriteAll(STD_OUTPUT_HANDLE, bytes); }
+bool WriteStandardOutput(std::string_view bytes) {
+  return WriteAll(STD_OUTPUT_HANDLE, bytes);
+}
 
-bool WriteStandardError(std::string_view bytes) { return WriteAll(STD_ERROR_HANDLE, bytes); }
+bool WriteStandardError(std::string_view bytes) {
+  return WriteAll(STD_ERROR_HANDLE, bytes);
+}
 
 std::string ReadStandardInput() {
   HANDLE stream = ::GetStdHandle(STD_INPUT_HANDLE);

@@ -69,7 +69,9 @@ std::string Description(DWORD number) {
 
 }  // namespace
 
-FileError ErrorOf(DWORD number) { return {NumberOf(number), Description(number)}; }
+FileError ErrorOf(DWORD number) {
+  return {NumberOf(number), Description(number)};
+}
 
 FileError FolderErrorOf(DWORD number) {
   FileError error = ErrorOf(number);
@@ -77,8 +79,12 @@ FileError FolderErrorOf(DWORD number) {
   return error;
 }
 
-FileError UnholdableName() { return ErrorOf(ERROR_INVALID_NAME); }
+FileError UnholdableName() {
+  return ErrorOf(ERROR_INVALID_NAME);
+}
 
-FileOutcome OutcomeOf(BOOL succeeded) { return succeeded ? FileOutcome() : FileOutcome(ErrorOf(::GetLastError())); }
+FileOutcome OutcomeOf(BOOL succeeded) {
+  return succeeded ? FileOutcome() : FileOutcome(ErrorOf(::GetLastError()));
+}
 
 }  // namespace quillon

@@ -45,8 +45,8 @@ std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {
   const std::optional<std::wstring> systemPath = ExistingPath(path);
   if (!systemPath) return nullptr;
   constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  Handle file(::CreateFileW(systemPath->c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
-                            FILE_ATTRIBUTE_NORMAL, nullptr));
+  Handle file(::CreateFileW(systemPath->c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                            nullptr));
   if (!file.Open() || ::GetFileType(file.Get()) != FILE_TYPE_DISK) return nullptr;
   BY_HANDLE_FILE_INFORMATION found = {};
   if (!::GetFileInformationByHandle(file.Get(), &found)) return nullptr;

@@ -12,6 +12,8 @@ std::optional<std::wstring> ToWide(std::string_view text) {
   return std::wstring(units->begin(), units->end());
 }
 
-std::string FromWide(std::wstring_view text) { return Utf16ToWtf8(std::u16string(text.begin(), text.end())); }
+std::string FromWide(std::wstring_view text) {
+  return Utf16ToWtf8(std::u16string(text.begin(), text.end()));
+}
 
 }  // namespace quillon

@@ -1,0 +1,422 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "fileops/FileCommands.h"
+#include "support/MemoryFileSystem.h"
+#include "support/Recorders.h"
+#include "support/Rows.h"
+
+namespace quillon {
+namespace {
+
+using test::CheckedRows;
+using test::FileCall;
+using test::Locations;
+using Indices = std::vector<int>;
+using Texts = std::vector<std::string>;
+
+constexpr PathStyle kWin = PathStyle::kWindows;
+constexpr PathStyle kLin = PathStyle::kLinux;
+
+const char* const kQuestion =
+    "box [ファイル削除] /m/b.mid\\r\\n\\r\\nこのファイルを完全に削除してもよろしいですか (question, yes/no)";
+const char* const kCannotDelete = "box [ファイル削除] ファイルが削除できません (stop, ok)";
+const char* const kPrompt = "folder dialog: ファイルの移動先フォルダを選択してください | ";
+const char* const kMoved = "box [ファイル移動] /t/\\r\\n\\r\\nファイルの移動が完了しました (information, ok)";
+const Texts kPanelsReset = {"file panel reset", "panel player: プレイヤー待機中..."};
+
+std::string MovedCount(int count) {
+  return "box [ファイル移動] " + std::to_string(count) + " 個のファイルの移動が完了しました (information, ok)";
+}
+
+struct Fixture {
+  test::MemoryFileSystem files;
+  test::Recorders ports;
+  FileList list;
+  OptionValues options;
+  ApplyMode mode;
+  ListCommands rows;
+  FileCommands commands;
+  PathStyle style;
+
+  explicit Fixture(const Texts& names, PathStyle pathStyle = kLin)
+      : files({pathStyle, pathStyle == kWin}),
+        list(pathStyle),
+        rows(list, options, mode, {ports.boxes, ports.panels, ports.filePanel, ports.player}),
+        commands(list, options, rows,
+                 {files, files, ports.boxes, ports.folders, ports.player, ports.filePanel, ports.window}, 0, pathStyle),
+        style(pathStyle) {
+    for (const std::string& name : names) {
+      files.AddFile(Path(name), name);
+      list.Add(test::RowFor(Path(name), style));
+    }
+    files.AddFolder(style == kWin ? "C:\\t" : "/t");
+    options.list.delToTrashBox = false;
+    options.list.delCompMsg = 0;
+  }
+
+  [[nodiscard]] std::string Path(const std::string& name) const { return (style == kWin ? "C:\\m\\" : "/m/") + name; }
+};
+
+Texts Joined(Texts first, const Texts& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+TEST(RecycleFile, AsksTheRecycleBinOnlyForAnExistingFile) {
+  test::MemoryFileSystem files({kLin, false});
+  files.AddFile("/m/a.mid");
+  files.AddFolder("/m/folder");
+  EXPECT_EQ(RecycleFile(files, files, "/m/absent", 0), 1026);
+  EXPECT_EQ(RecycleFile(files, files, "/m/folder", 0), 1026);
+  EXPECT_EQ(files.CountOf(FileCall::kRecycle), 0u);
+  EXPECT_EQ(RecycleFile(files, files, "/m/a.mid", 0), 0);
+  EXPECT_EQ(files.Recycled(), Texts({"/m/a.mid"}));
+}
+
+TEST(RecycleFile, PassesTheSystemsOwnResultOn) {
+  test::MemoryFileSystem files({kLin, false});
+  files.AddFile("/m/a.mid");
+  files.Fail(FileCall::kRecycle, "/m/a.mid", {124, ""});
+  EXPECT_EQ(RecycleFile(files, files, "/m/a.mid", 0), 124);
+}
+
+TEST(DeleteForGood, AsksWithThePathWhenTheOptionSaysSo) {
+  for (const bool yes : {false, true}) {
+    Fixture f({"a.mid", "b.mid"});
+    f.options.list.delCompMsg = 1;
+    f.list.SelectOnly(2);
+    f.ports.boxes.Answer(yes);
+    f.commands.mnuThisDel();
+    EXPECT_EQ(f.ports.log.Events().front(), kQuestion);
+    EXPECT_EQ(f.files.Exists("/m/b.mid"), !yes);
+    EXPECT_EQ(f.list.Count(), yes ? 1 : 2);
+    if (!yes) {
+      EXPECT_EQ(f.ports.log.Events().size(), 1u) << "the player is not touched before the answer";
+    }
+  }
+}
+
+TEST(DeleteForGood, AsksNothingWhenConfirmationsAreOff) {
+  Fixture f({"a.mid"});
+  f.options.list.delCompMsg = 1;
+  f.options.system.msgbox = 1;
+  f.list.SelectOnly(1);
+  f.commands.mnuThisDel();
+  EXPECT_FALSE(f.files.Exists("/m/a.mid"));
+  EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
+}
+
+TEST(DeleteForGood, RemovesTheFileAndTheRowAndResetsThePanels) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.list.SelectOnly(2);
+  f.commands.mnuThisDel();
+  EXPECT_EQ(f.files.NamesIn("/m"), Texts({"a.mid", "c.mid"}));
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid", "/m/c.mid"}));
+  EXPECT_EQ(f.files.Recycled(), Texts());
+  EXPECT_EQ(f.list.SelectedIndex(), 0);
+  const Texts& events = f.ports.log.Events();
+  EXPECT_EQ(Texts(events.end() - 2, events.end()), kPanelsReset);
+}
+
+TEST(DeleteForGood, StopsThePlayerFirst) {
+  Fixture f({"a.mid"});
+  f.ports.player.loaded = "/m/a.mid";
+  f.files.Fail(FileCall::kRemove, "/m/a.mid", {file_error::kAccess, "denied"});
+  f.list.SelectOnly(1);
+  f.commands.mnuThisDel();
+  EXPECT_EQ(f.ports.player.loaded, "") << "even when the file cannot be deleted then";
+  EXPECT_EQ(f.ports.log.Events()[0], "player release /m/a.mid");
+  EXPECT_EQ(f.ports.log.Events()[1], "player stopped");
+}
+
+TEST(DeleteForGood, ReportsErrorsAndKeepsTheRow) {
+  struct Case {
+    FileError error;
+    const char* box;
+  };
+  const std::vector<Case> cases = {
+      {{75, "denied"},
+       "box [ファイル削除] このファイルにアクセスできません\\r\\n削除時にエラーが発生しました (exclamation, ok)"},
+      {{53, "No such file"}, "box [ファイル削除] 削除時にエラーが発生しました\\r\\n53 : No such file (stop, ok)"},
+      {{1005, "I/O error"}, "box [ファイル削除] 削除時にエラーが発生しました\\r\\n1005 : I/O error (stop, ok)"},
+  };
+  for (const Case& c : cases) {
+    Fixture f({"a.mid", "b.mid"});
+    f.files.Fail(FileCall::kRemove, "/m/b.mid", c.error);
+    f.list.SelectOnly(2);
+    f.commands.mnuThisDel();
+    EXPECT_EQ(f.ports.log.Events(), Texts({"player release /m/b.mid", c.box}));
+    EXPECT_EQ(f.list.Count(), 2);
+    EXPECT_EQ(f.list.SelectedIndex(), 2);
+    EXPECT_EQ(f.files.BytesOf("/m/b.mid"), "b.mid");
+  }
+}
+
+TEST(DeleteToRecycleBin, AsksNothingItself) {
+  Fixture f({"a.mid", "b.mid"});
+  f.options.list.delToTrashBox = true;
+  f.options.list.delCompMsg = 1;
+  f.ports.player.loaded = "/m/b.mid";
+  f.list.SelectOnly(2);
+  f.commands.mnuThisDel();
+  EXPECT_EQ(f.files.Recycled(), Texts({"/m/b.mid"}));
+  EXPECT_EQ(f.files.CountOf(FileCall::kRemove), 0u);
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid"}));
+  EXPECT_EQ(f.ports.log.Events()[1], "player stopped");
+  EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
+}
+
+TEST(DeleteToRecycleBin, KeepsTheRowWhenTheUserDeclined) {
+  Fixture f({"a.mid"});
+  f.options.list.delToTrashBox = true;
+  f.files.DeclineRecycling();
+  f.list.SelectOnly(1);
+  f.commands.mnuThisDel();
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid"}));
+  EXPECT_EQ(f.list.SelectedIndex(), 1);
+  EXPECT_EQ(f.ports.log.Events(), Texts({"player release /m/a.mid"}));
+}
+
+TEST(DeleteToRecycleBin, SaysThatAMissingFileCannotBeDeleted) {
+  Fixture f({"a.mid"});
+  f.options.list.delToTrashBox = true;
+  ASSERT_FALSE(f.files.Remove("/m/a.mid"));
+  f.list.SelectOnly(1);
+  f.commands.mnuThisDel();
+  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({kCannotDelete}));
+  EXPECT_EQ(f.list.Count(), 1);
+  EXPECT_EQ(f.files.CountOf(FileCall::kRecycle), 0u);
+}
+
+TEST(DeleteToRecycleBin, SaysSoWhenTheBinRefusedInSilence) {
+  Fixture f({"a.mid"});
+  f.options.list.delToTrashBox = true;
+  f.files.Fail(FileCall::kRecycle, "/m/a.mid", {kRecycleNotDone, ""});
+  f.list.SelectOnly(1);
+  f.commands.mnuThisDel();
+  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({kCannotDelete}));
+  EXPECT_EQ(f.list.Count(), 1);
+  EXPECT_TRUE(f.files.Exists("/m/a.mid"));
+}
+
+TEST(DeleteToRecycleBin, AnyOtherResultTakesTheRowOutLikeASuccess) {
+  Fixture f({"a.mid"});
+  f.options.list.delToTrashBox = true;
+  f.files.Fail(FileCall::kRecycle, "/m/a.mid", {124, ""});
+  f.list.SelectOnly(1);
+  f.commands.mnuThisDel();
+  EXPECT_EQ(f.list.Count(), 0);
+  EXPECT_EQ(f.ports.boxes.Shown().size(), 0u) << "the system has told the user itself";
+  EXPECT_TRUE(f.files.Exists("/m/a.mid"));
+}
+
+TEST(mnuThisDel, DoesNothingWithoutASelection) {
+  Fixture f({"a.mid"});
+  f.commands.mnuThisDel();
+  EXPECT_EQ(f.ports.log.Events(), Texts());
+  EXPECT_TRUE(f.files.Exists("/m/a.mid"));
+}
+
+TEST(mnuThisMove, StartsAtTheLastTargetAndACancelChangesNothing) {
+  Fixture f({"a.mid"});
+  f.options.system.movePath = "/last/";
+  f.list.SelectOnly(1);
+  f.ports.folders.Answer("");
+  f.commands.mnuThisMove();
+  EXPECT_EQ(f.ports.log.Events(), Texts({std::string(kPrompt) + "/last/"}));
+  EXPECT_EQ(f.options.system.movePath, "/last/");
+  EXPECT_EQ(f.files.CountOf(FileCall::kMove), 0u);
+}
+
+TEST(mnuThisMove, DoesNothingWithoutASelection) {
+  Fixture f({"a.mid"});
+  f.commands.mnuThisMove();
+  EXPECT_EQ(f.ports.log.Events(), Texts());
+}
+
+TEST(mnuThisMove, WithRemainListTheRowStaysAndFollowsItsFile) {
+  for (const char* target : {"/t", "/t/"}) {
+    Fixture f({"a.mid", "B.MID"});
+    f.ports.player.loaded = "/m/B.MID";
+    f.list.SelectOnly(2);
+    f.list.SetRenameName(2, "edited");
+    f.ports.folders.Answer(target);
+    f.commands.mnuThisMove();
+    EXPECT_EQ(f.ports.log.Events(),
+              Texts({kPrompt, "player release /m/B.MID", "player stopped", "file panel name /t/B.MID", kMoved}));
+    EXPECT_EQ(f.options.system.movePath, "/t/");
+    EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid", "/t/B.MID"})) << "name and extension do not change";
+    EXPECT_EQ(f.list.Row(2).renameName, "edited");
+    EXPECT_EQ(f.list.SelectedIndex(), 2);
+    EXPECT_EQ(f.files.BytesOf("/t/B.MID"), "B.MID");
+    EXPECT_FALSE(f.files.Exists("/m/B.MID"));
+  }
+}
+
+TEST(mnuThisMove, WithoutRemainListTheRowLeavesAndThePanelsAreReset) {
+  Fixture f({"a.mid", "b.mid"});
+  f.options.move.remainList = 0;
+  f.list.SelectOnly(1);
+  f.ports.folders.Answer("/t");
+  f.commands.mnuThisMove();
+  EXPECT_EQ(Locations(f.list), Texts({"/m/b.mid"}));
+  EXPECT_EQ(f.files.BytesOf("/t/a.mid"), "a.mid");
+  const Texts& events = f.ports.log.Events();
+  EXPECT_EQ(Texts(events.end() - 3, events.end()), Joined(kPanelsReset, {kMoved}));
+}
+
+TEST(mnuThisMove, WorksOnWindowsPaths) {
+  Fixture f({"表.mid"}, kWin);
+  f.list.SelectOnly(1);
+  f.ports.folders.Answer("C:\\t");
+  f.commands.mnuThisMove();
+  EXPECT_EQ(Locations(f.list), Texts({"C:\\t\\表.mid"}));
+  EXPECT_EQ(f.options.system.movePath, "C:\\t\\");
+  EXPECT_TRUE(f.files.Exists("C:\\t\\表.mid"));
+}
+
+TEST(mnuThisMove, ReportsErrorsAndLeavesFileAndRow) {
+  struct Case {
+    int number;
+    const char* box;
+  };
+  const std::vector<Case> cases = {
+      {58, "box [ファイル移動] 移動先に同名のファイルがあります\\r\\nファイルが移動できませんでした (exclamation, ok)"},
+      {75, "box [ファイル移動] 移動先にアクセスできません\\r\\nファイルが移動できませんでした (exclamation, ok)"},
+      {53, "box [ファイル移動] ファイルが移動できませんでした (stop, ok)"},
+      {file_error::kOwn + 28, "box [ファイル移動] ファイルが移動できませんでした (stop, ok)"},
+  };
+  for (const Case& c : cases) {
+    for (const std::int16_t remain : {std::int16_t{0}, std::int16_t{1}}) {
+      Fixture f({"a.mid"});
+      f.options.move.remainList = remain;
+      f.files.Fail(FileCall::kMove, "/m/a.mid", {c.number, "why"});
+      f.list.SelectOnly(1);
+      f.ports.folders.Answer("/t");
+      f.commands.mnuThisMove();
+      EXPECT_EQ(f.ports.log.Events(), Texts({kPrompt, "player release /m/a.mid", c.box}));
+      EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid"}));
+      EXPECT_EQ(f.files.BytesOf("/m/a.mid"), "a.mid");
+      EXPECT_EQ(f.list.SelectedIndex(), 1);
+    }
+  }
+}
+
+TEST(mnuThisMove, ANamesakeInTheTargetStaysWhole) {
+  Fixture f({"a.mid"});
+  f.files.AddFile("/t/a.mid", "other");
+  f.list.SelectOnly(1);
+  f.ports.folders.Answer("/t");
+  f.commands.mnuThisMove();
+  EXPECT_EQ(
+      f.ports.log.Events().back(),
+      "box [ファイル移動] 移動先に同名のファイルがあります\\r\\nファイルが移動できませんでした (exclamation, ok)");
+  EXPECT_EQ(f.files.BytesOf("/t/a.mid"), "other");
+  EXPECT_EQ(f.files.BytesOf("/m/a.mid"), "a.mid");
+}
+
+TEST(mnuThisMove, IntoItsOwnFolderChangesNothing) {
+  for (const PathStyle style : {kLin, kWin}) {
+    Fixture f({"a.mid"}, style);
+    f.list.SelectOnly(1);
+    f.ports.folders.Answer(f.Path(""));
+    f.commands.mnuThisMove();
+    EXPECT_EQ(f.files.NamesIn(f.Path("")), Texts({"a.mid"}));
+    EXPECT_EQ(Locations(f.list), Texts({f.Path("a.mid")}));
+  }
+}
+
+TEST(BatchMove, MovesAllOrTheCheckedRowsAndCountsThem) {
+  for (const bool all : {false, true}) {
+    Fixture f({"a.mid", "b.mid", "c.mid"});
+    f.list.SetChecked(1, true);
+    f.list.SetChecked(3, true);
+    f.ports.folders.Answer("/t");
+    all ? f.commands.mnuAllMove() : f.commands.mnuMove();
+    EXPECT_EQ(f.files.NamesIn("/t"), all ? Texts({"a.mid", "b.mid", "c.mid"}) : Texts({"a.mid", "c.mid"}));
+    EXPECT_EQ(f.ports.log.StartingWith("folder dialog").size(), 1u) << "one choice for all";
+    EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({MovedCount(all ? 3 : 2)}));
+    EXPECT_EQ(CheckedRows(f.list), Indices({1, 3}));
+    EXPECT_EQ(f.list.Row(1).location, "/t/a.mid");
+    EXPECT_EQ(f.list.Row(2).location, all ? "/t/b.mid" : "/m/b.mid");
+  }
+}
+
+TEST(BatchMove, ShowsEveryStepInItsOrder) {
+  Fixture f({"a.mid", "b.mid"});
+  f.ports.player.loaded = "/m/b.mid";
+  f.list.SelectOnly(2);
+  f.ports.folders.Answer("/t");
+  f.commands.mnuAllMove();
+  EXPECT_EQ(f.ports.log.Events(), Texts({kPrompt, "pointer hourglass", "window disabled", "player release /m/a.mid",
+                                         "player release /m/b.mid", "player stopped", "file panel name /t/b.mid",
+                                         "pointer normal", "window enabled", MovedCount(2)}));
+}
+
+TEST(BatchMove, GoesOnAfterAFailureAndCountsOnlyTheMoved) {
+  for (const std::int16_t remain : {std::int16_t{0}, std::int16_t{1}}) {
+    Fixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
+    f.options.move.remainList = remain;
+    f.files.AddFile("/t/b.mid", "other");
+    f.files.Fail(FileCall::kMove, "/m/c.mid", {file_error::kAccess, "denied"});
+    f.ports.folders.Answer("/t");
+    f.commands.mnuAllMove();
+    EXPECT_EQ(
+        f.ports.log.StartingWith("box"),
+        Texts({"box [ファイル移動] 移動先に同名のファイルがあります\\r\\nファイルが移動できませんでした (exclamation, "
+               "ok)",
+               "box [ファイル移動] 移動先にアクセスできません\\r\\nファイルが移動できませんでした (exclamation, ok)",
+               MovedCount(2)}));
+    EXPECT_EQ(Locations(f.list),
+              remain == 1 ? Texts({"/t/a.mid", "/m/b.mid", "/m/c.mid", "/t/d.mid"}) : Texts({"/m/b.mid", "/m/c.mid"}));
+  }
+}
+
+TEST(BatchMove, WithoutRemainListExactlyTheMovedRowsLeave) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.options.move.remainList = 0;
+  f.list.SetChecked(2, true);
+  f.list.SelectOnly(3);
+  f.ports.folders.Answer("/t");
+  f.commands.mnuMove();
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid", "/m/c.mid"}));
+  EXPECT_TRUE(f.ports.log.Has("file panel reset"));
+  EXPECT_EQ(f.list.SelectedIndex(), 0);
+}
+
+TEST(BatchMove, WhenNothingCouldBeMovedSaysZeroAndKeepsThePanels) {
+  Fixture f({"a.mid"});
+  f.options.move.remainList = 0;
+  f.files.AddFile("/t/a.mid", "other");
+  f.ports.folders.Answer("/t");
+  f.commands.mnuAllMove();
+  EXPECT_EQ(f.ports.log.StartingWith("box").back(), MovedCount(0));
+  EXPECT_FALSE(f.ports.log.Has("file panel reset"));
+  EXPECT_EQ(f.list.Count(), 1);
+}
+
+TEST(BatchMove, WithNothingInScopeAsksNothing) {
+  Fixture f({"a.mid"});
+  f.commands.mnuMove();
+  EXPECT_EQ(f.ports.log.Events(), Texts());
+  Fixture empty({});
+  empty.commands.mnuAllMove();
+  EXPECT_EQ(empty.ports.log.Events(), Texts());
+}
+
+TEST(BatchMove, TwoFilesOfOneNameDoNotMeetInTheTarget) {
+  Fixture f({"a.mid"});
+  f.files.AddFile("/n/a.mid", "second");
+  f.list.Add(test::RowFor("/n/a.mid", kLin));
+  f.ports.folders.Answer("/t");
+  f.commands.mnuAllMove();
+  EXPECT_EQ(f.files.BytesOf("/t/a.mid"), "a.mid");
+  EXPECT_EQ(f.files.BytesOf("/n/a.mid"), "second");
+  EXPECT_EQ(Locations(f.list), Texts({"/t/a.mid", "/n/a.mid"}));
+}
+
+}  // namespace
+}  // namespace quillon

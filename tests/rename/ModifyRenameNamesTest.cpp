@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "rename/ModifyRenameNames.h"
+#include "rename/RenameFixture.h"
+
+namespace quillon {
+namespace {
+
+using test::CheckedRows;
+using test::RenameFixture;
+using test::RenameNames;
+using Indices = std::vector<int>;
+using Texts = std::vector<std::string>;
+
+const char* const kBegin =
+    "progress begin: リネーム名を編集中です...\\r\\nしばらくお待ちください |   ファイル名を編集中...";
+
+std::string LeftAlone(int count) {
+  return "box [リネーム名の編集] " + std::to_string(count) +
+         " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした\\r\\n"
+         "置換する文字列に、検索する文字列や不正な文字が含まれていないか確認してください (exclamation, ok)";
+}
+
+struct NoRegex final : RegexEngine {
+  std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
+};
+
+struct Fixture : RenameFixture {
+  NoRegex regex;
+
+  explicit Fixture(const Texts& names) : RenameFixture(names) {}
+
+  ModifyOutcome Run(bool all, std::chrono::milliseconds interval = std::chrono::milliseconds(0)) {
+    return ModifyRenameNames(list, options, mode, engine,
+                             {regex, ports.pending, ports.progress, ports.window, ports.boxes}, all, interval);
+  }
+};
+
+TEST(ModifyRenameNames, ShowsEveryStepInItsOrder) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.options.modify.upper = 1;
+  const ModifyOutcome outcome = f.Run(true);
+  EXPECT_EQ(RenameNames(f.list), Texts({"A", "B", "C"}));
+  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/a.mid",
+                                         "progress: 66% 完了しました | /m/b.mid",
+                                         "progress: 100% 完了しました | /m/c.mid", "progress end", "pointer normal"}));
+  EXPECT_EQ(outcome.leftAlone, 0);
+  EXPECT_FALSE(outcome.stopped);
+  EXPECT_EQ(f.Names(), Texts({"a.mid", "b.mid", "c.mid"})) << "nothing is written to the disk";
+}
+
+TEST(ModifyRenameNames, CountsThePercentageOverTheCheckedRows) {
+  Fixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
+  f.options.modify.upper = 1;
+  f.list.SetChecked(2, true);
+  f.list.SetChecked(4, true);
+  f.Run(false);
+  EXPECT_EQ(RenameNames(f.list), Texts({"a", "B", "c", "D"}));
+  EXPECT_EQ(f.ports.log.StartingWith("progress: "),
+            Texts({"progress: 50% 完了しました | /m/b.mid", "progress: 100% 完了しました | /m/d.mid"}));
+  EXPECT_EQ(CheckedRows(f.list), Indices({2, 4}));
+}
+
+TEST(ModifyRenameNames, ShowsTheFirstAndTheLastPercentageHoweverSeldomProgressIsShown) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.Run(true, std::chrono::hours(1));
+  EXPECT_EQ(f.ports.log.StartingWith("progress: "),
+            Texts({"progress: 33% 完了しました | /m/a.mid", "progress: 100% 完了しました | /m/c.mid"}));
+}
+
+TEST(ModifyRenameNames, WithNothingInScopeOnlyOpensAndCloses) {
+  Fixture f({"a.mid"});
+  f.Run(false);
+  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress end", "pointer normal"}));
+}
+
+TEST(ModifyRenameNames, AppliesARuleAsOftenAsTheListHasRows) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.options.modify.rules[0] = {1, "a", "aa"};
+  f.list.SetChecked(1, true);
+  f.Run(false);
+  EXPECT_EQ(f.list.Row(1).renameName, "aaaaaaaa") << "three rows, three doublings, though one is in scope";
+}
+
+TEST(ModifyRenameNames, TellsTheObserverOnlyOfNamesThatChange) {
+  Fixture f({"a.mid", "B.mid"});
+  test::EventLog log;
+  test::ListRecorder recorder(log);
+  f.list.SetObserver(&recorder);
+  f.options.modify.upper = 1;
+  f.Run(true);
+  EXPECT_EQ(log.Events(), Texts({"row 1"}));
+}
+
+TEST(ModifyRenameNames, NamesThatARuleWouldMakeEndlessAreToldOnceAtTheEnd) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.SetNames({"x:y", "fine", "p?q:r"});
+  f.options.modify.reviceFlag = 1;
+  f.options.modify.reviceText = "<:>";
+  f.options.modify.upper = 1;
+  const ModifyOutcome outcome = f.Run(true);
+  EXPECT_EQ(RenameNames(f.list), Texts({"x:y", "FINE", "p?q:r"})) << "a name that is left alone stays whole";
+  EXPECT_EQ(outcome.leftAlone, 2);
+  const Texts& events = f.ports.log.Events();
+  EXPECT_EQ(Texts(events.end() - 3, events.end()), Texts({"progress end", "pointer normal", LeftAlone(2)}));
+}
+
+TEST(ModifyRenameNamesAutoApply, WritesEachNameToTheDiskAtOnce) {
+  Fixture f({"a.mid", "b.mid"});
+  f.mode.automatic = true;
+  f.options.modify.upper = 1;
+  f.Run(true);
+  EXPECT_EQ(f.Names(), Texts({"A.mid", "B.mid"}));
+  EXPECT_EQ(f.ports.log.StartingWith("progress: "),
+            Texts({"progress: 50% 完了しました | /m/A.mid", "progress: 100% 完了しました | /m/B.mid"}));
+}
+
+TEST(ModifyRenameNamesAutoApply, EndsAtTheFirstFailureAndPutsThatRenameNameBack) {
+  for (const std::int16_t check : {std::int16_t{0}, std::int16_t{1}}) {
+    Fixture f({"a.mid", "b.mid", "c.mid"});
+    f.mode.automatic = true;
+    f.options.update.updateErrChk = check;
+    f.options.modify.upper = 1;
+    f.files.AddFile("/m/B.mid", "taken");
+    const ModifyOutcome outcome = f.Run(true);
+    EXPECT_TRUE(outcome.stopped);
+    EXPECT_EQ(RenameNames(f.list), Texts({"A", "b", "c"}));
+    EXPECT_EQ(f.Names(), Texts({"A.mid", "B.mid", "b.mid", "c.mid"}));
+    EXPECT_EQ(CheckedRows(f.list), check == 1 ? Indices({2}) : Indices());
+    EXPECT_EQ(f.list.SelectedIndex(), 2) << "the failing row is shown";
+    EXPECT_EQ(f.ports.boxes.Shown().size(), 1u);
+    const Texts& events = f.ports.log.Events();
+    EXPECT_EQ(Texts(events.end() - 2, events.end()), Texts({"progress end", "pointer normal"}));
+  }
+}
+
+TEST(ModifyRenameNamesAutoApply, AppliesNamesThatTheRulesDoNotChange) {
+  Fixture f({"Song.MID"});
+  f.mode.automatic = true;
+  f.Run(true);
+  EXPECT_EQ(f.Names(), Texts({"Song.mid"}));
+}
+
+}  // namespace
+}  // namespace quillon

@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "rename/RenameFixture.h"
+#include "rename/TitleRename.h"
+
+namespace quillon {
+namespace {
+
+using test::CheckedRows;
+using test::FileCall;
+using test::RenameFixture;
+using test::RenameNames;
+using Indices = std::vector<int>;
+using Texts = std::vector<std::string>;
+
+struct NoRegex final : RegexEngine {
+  std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
+};
+
+struct Fixture : RenameFixture {
+  NoRegex regex;
+  TitleRename titles{list, options, mode, engine, regex, ports.pending, ports.window};
+
+  /// One file for each title: "1.mid", "2.mid" and so on.
+  explicit Fixture(const Texts& rowTitles) : RenameFixture(FileNames(rowTitles.size())) {
+    for (std::size_t i = 0; i < rowTitles.size(); ++i) {
+      FileItem row = list.Row(static_cast<int>(i) + 1);
+      row.title = rowTitles[i];
+      list.Replace(static_cast<int>(i) + 1, row);
+    }
+  }
+
+  static Texts FileNames(std::size_t count) {
+    Texts names;
+    for (std::size_t i = 1; i <= count; ++i) names.push_back(std::to_string(i) + ".mid");
+    return names;
+  }
+};
+
+TEST(TitleRename, SetsEveryRenameNameToItsTitle) {
+  Fixture f({"one", "ふたつ"});
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(RenameNames(f.list), Texts({"one", "ふたつ"}));
+  EXPECT_EQ(f.Names(), Texts({"1.mid", "2.mid"})) << "nothing is written to the disk";
+  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", "pointer normal"})) << "and no summary is shown";
+}
+
+TEST(TitleRename, OrOnlyThoseOfTheCheckedRows) {
+  Fixture f({"one", "two", "three"});
+  f.list.SetChecked(1, true);
+  f.list.SetChecked(3, true);
+  f.titles.RenameToTitles(false);
+  EXPECT_EQ(RenameNames(f.list), Texts({"one", "2", "three"}));
+  EXPECT_EQ(CheckedRows(f.list), Indices({1, 3}));
+}
+
+TEST(TitleRename, SkipsRowsWithoutATitleWhenTheOptionSaysSo) {
+  Fixture f({"", "   ", "---", " --- ", "--", "\u3000"});
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(RenameNames(f.list), Texts({"1", "2", "3", "4", "--", "\u3000"}));
+  EXPECT_EQ(f.list.CheckedCount(), 0);
+  f.options.rename.noTitleSkip = 0;
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(RenameNames(f.list), Texts({"", "   ", "---", " --- ", "--", "\u3000"}));
+}
+
+TEST(TitleRename, ChecksSkippedRowsWhenTheOptionSaysSo) {
+  Fixture f({"one", "", "---"});
+  f.options.rename.renameErrChk = 1;
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(CheckedRows(f.list), Indices({2, 3}));
+}
+
+TEST(TitleRename, ChecksInvalidNamesWhenTheOptionSaysSoAndReportsNothing) {
+  Fixture f({"a?b", "fine", "a/b", "a\tb"});
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(f.list.CheckedCount(), 0);
+  f.options.rename.injusticeChk = 1;
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(CheckedRows(f.list), Indices({1, 3}));
+  EXPECT_EQ(f.list.Row(1).renameName, "a?b") << "an invalid name is kept";
+  EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
+}
+
+TEST(TitleRename, PassesTitlesThroughTheModificationRulesWhenTheOptionSaysSo) {
+  Fixture f({"a:b", "cat"});
+  f.options.rename.injusticeChk = 1;
+  f.options.modify.reviceFlag = 1;
+  f.options.modify.reviceText = "_";
+  f.options.modify.upper = 1;
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(RenameNames(f.list), Texts({"a:b", "cat"}));
+  EXPECT_EQ(CheckedRows(f.list), Indices({1}));
+  f.list.UncheckAll();
+  f.options.rename.renameModify = 1;
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(RenameNames(f.list), Texts({"A_B", "CAT"}));
+  EXPECT_EQ(CheckedRows(f.list), Indices()) << "the new name is what is tested";
+  EXPECT_EQ(f.list.Row(1).title, "a:b");
+}
+
+TEST(TitleRename, AppliesARuleAsOftenAsTheListHasRows) {
+  Fixture f({"a", "b", "c"});
+  f.options.rename.renameModify = 1;
+  f.options.modify.rules[0] = {1, "a", "aa"};
+  f.list.SetChecked(1, true);
+  f.titles.RenameToTitles(false);
+  EXPECT_EQ(RenameNames(f.list), Texts({"aaaaaaaa", "2", "3"}));
+}
+
+TEST(TitleRenameAutoApply, WritesEachNameToTheDiskAtOnce) {
+  Fixture f({"one", "two"});
+  f.mode.automatic = true;
+  f.list.CheckAll();
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(f.Names(), Texts({"one.mid", "two.mid"}));
+  EXPECT_EQ(CheckedRows(f.list), Indices({1, 2})) << "check marks stay in auto-apply mode";
+  EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
+}
+
+TEST(TitleRenameAutoApply, EndsAtTheFirstFailureAndPutsThatRenameNameBack) {
+  for (const std::int16_t check : {std::int16_t{0}, std::int16_t{1}}) {
+    Fixture f({"one", "a?b", "three"});
+    f.mode.automatic = true;
+    f.options.update.updateErrChk = check;
+    f.list.SetRenameName(2, "before");
+    f.titles.RenameToTitles(true);
+    EXPECT_EQ(RenameNames(f.list), Texts({"one", "before", "3"}));
+    EXPECT_EQ(f.Names(), Texts({"2.mid", "3.mid", "one.mid"}));
+    EXPECT_EQ(CheckedRows(f.list), check == 1 ? Indices({2}) : Indices());
+    EXPECT_EQ(f.ports.boxes.Shown().size(), 1u);
+    EXPECT_EQ(f.ports.log.Events().back(), "pointer normal");
+  }
+}
+
+TEST(TitleRenameAutoApply, DoesNotSkipRowsWithoutATitle) {
+  Fixture dashes({"---", "two"});
+  dashes.mode.automatic = true;
+  dashes.titles.RenameToTitles(true);
+  EXPECT_EQ(dashes.Names(), Texts({"---.mid", "two.mid"}));
+
+  Fixture blank({" ", "two"});
+  blank.mode.automatic = true;
+  blank.titles.RenameToTitles(true);
+  EXPECT_EQ(RenameNames(blank.list), Texts({"1", "2"})) << "the blank name fails and ends the run";
+}
+
+TEST(TitleRenameAutoApply, DoesNotMarkInvalidNamesBeforeTheyAreApplied) {
+  Fixture f({"a?b"});
+  f.mode.automatic = true;
+  f.options.rename.injusticeChk = 1;
+  f.options.update.updateErrChk = 0;
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(f.list.CheckedCount(), 0);
+}
+
+TEST(TitleRename, ResultDoesNotDependOnTheStoredSettingOfTheMode) {
+  Fixture f({"one"});
+  f.options.update.autoUpdate = 1;
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(f.Names(), Texts({"1.mid"})) << "the mode in force counts";
+}
+
+}  // namespace
+}  // namespace quillon
