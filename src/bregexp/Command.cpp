@@ -12,20 +12,11 @@ bool ReadFlags(std::string_view flags, Command& command) {
   bool utf8 = false;
   for (const char flag : flags) {
     switch (flag) {
-      case 'g':
-        command.global = true;
-        break;
-      case 'i':
-        command.ignoreCase = true;
-        break;
-      case 'k':
-        ansi = true;
-        break;
-      case 'u':
-        utf8 = true;
-        break;
-      default:
-        return false;
+      case 'g': command.global = true; break;
+      case 'i': command.ignoreCase = true; break;
+      case 'k': ansi = true; break;
+      case 'u': utf8 = true; break;
+      default: return false;
     }
   }
   if (ansi) command.encoding = Encoding::kCodePage932;

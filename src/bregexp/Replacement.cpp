@@ -185,21 +185,15 @@ std::optional<std::vector<ReplacementPart>> ParseReplacement(std::string_view te
 
 void CaseWriter::Change(ReplacementPart::Kind kind) {
   switch (kind) {
-    case Kind::kUpper:
-      rest_ = Case::kUpper;
-      break;
-    case Kind::kLower:
-      rest_ = Case::kLower;
-      break;
+    case Kind::kUpper: rest_ = Case::kUpper; break;
+    case Kind::kLower: rest_ = Case::kLower; break;
     case Kind::kUpperNext:
       if (next_ == Case::kAsIs) next_ = Case::kUpper;
       break;
     case Kind::kLowerNext:
       if (next_ == Case::kAsIs) next_ = Case::kLower;
       break;
-    default:
-      rest_ = next_ = Case::kAsIs;
-      break;
+    default: rest_ = next_ = Case::kAsIs; break;
   }
 }
 

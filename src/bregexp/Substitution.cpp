@@ -36,12 +36,9 @@ std::string_view ErrorText(int compileError) {
   switch (compileError) {
     case PCRE2_ERROR_MISSING_CLOSING_PARENTHESIS:
     case PCRE2_ERROR_UNMATCHED_CLOSING_PARENTHESIS:
-    case PCRE2_ERROR_MISSING_COMMENT_CLOSING:
-      return kUnmatchedParentheses;
-    case PCRE2_ERROR_MISSING_SQUARE_BRACKET:
-      return kUnmatchedBrackets;
-    default:
-      return kInvalid;
+    case PCRE2_ERROR_MISSING_COMMENT_CLOSING: return kUnmatchedParentheses;
+    case PCRE2_ERROR_MISSING_SQUARE_BRACKET: return kUnmatchedBrackets;
+    default: return kInvalid;
   }
 }
 
@@ -140,23 +137,15 @@ void Substitution::AppendReplacement(std::string& result, std::string_view text)
   for (const ReplacementPart& part : replacement_) {
     if (result.size() > kLongestResult) return;
     switch (part.kind) {
-      case Kind::kLiteral:
-        writer.Append(part.text);
-        break;
+      case Kind::kLiteral: writer.Append(part.text); break;
       case Kind::kGroup: {
         const Match group = Found(part.group);
         writer.Append(group.start < group.end ? text.substr(group.start, group.end - group.start) : std::string_view());
         break;
       }
-      case Kind::kBefore:
-        writer.Append(text.substr(0, Found(0).start));
-        break;
-      case Kind::kAfter:
-        writer.Append(text.substr(Found(0).end));
-        break;
-      default:
-        writer.Change(part.kind);
-        break;
+      case Kind::kBefore: writer.Append(text.substr(0, Found(0).start)); break;
+      case Kind::kAfter: writer.Append(text.substr(Found(0).end)); break;
+      default: writer.Change(part.kind); break;
     }
   }
 }

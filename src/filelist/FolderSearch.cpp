@@ -88,14 +88,16 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
     }
   }
   *entries = {};
-  for (const FolderEntry& entry : below) {
-    if (depth >= kDeepest) continue;
-    if (entry.isLink && !FollowLink(folder, entry)) continue;
-    const bool goOn = SearchFolder(folder + entry.name + PathSeparator(style_), depth + 1);
-    if (entry.isLink) linkedFrom_.pop_back();
-    if (!goOn) return false;
-  }
-  return true;
+  return std::all_of(below.begin(), below.end(),
+                     [&](const FolderEntry& entry) { return SearchBelow(folder, entry, depth); });
+}
+
+// True also when the folder is passed over.
+bool FolderSearch::SearchBelow(const std::string& folder, const FolderEntry& entry, int depth) {
+  if (depth >= kDeepest || (entry.isLink && !FollowLink(folder, entry))) return true;
+  const bool goOn = SearchFolder(folder + entry.name + PathSeparator(style_), depth + 1);
+  if (entry.isLink) linkedFrom_.pop_back();
+  return goOn;
 }
 
 // True when the link is to be followed; its folder is then the last of linkedFrom_.

@@ -43,6 +43,7 @@ class FolderSearch {
 
  private:
   bool SearchFolder(const std::string& folder, int depth);
+  bool SearchBelow(const std::string& folder, const FolderEntry& entry, int depth);
   bool FollowLink(const std::string& folder, const FolderEntry& link);
 
   FileReads& files_;

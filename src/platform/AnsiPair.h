@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 /// The one question about code page 932's table that each system answers in its own way.
 namespace quillon {
 
@@ -9,15 +11,12 @@ inline constexpr char32_t kNoCharacter = 0;
 class AnsiPairs {
  public:
   AnsiPairs();
-  AnsiPairs(const AnsiPairs&) = delete;
-  AnsiPairs& operator=(const AnsiPairs&) = delete;
-  ~AnsiPairs();
 
   /// The character of a two-byte code; kNoCharacter where the pair is unassigned.
   [[nodiscard]] char32_t Decode(unsigned char lead, unsigned char trail) const;
 
  private:
-  void* converter_ = nullptr;
+  std::shared_ptr<void> converter_;  ///< where a system needs one
 };
 
 }  // namespace quillon

@@ -15,8 +15,8 @@
 namespace quillon {
 namespace {
 
-// A name that grows this often in a row, and longer than its own characters or a count in the pattern could keep it
-// growing, is not going to stop.
+// A name that a pattern makes longer this often in a row, and more often than its own characters or a count in the
+// pattern account for, is not going to stop growing.
 constexpr std::size_t kSteadyApplications = 64;
 
 /// Nullopt when the replacement would never get rid of the invalid characters, or makes the name too long.
@@ -45,9 +45,10 @@ std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode c
     growth.Watch(name);
     repeated.shortcut = [&](const std::string& text, std::size_t remaining) { return growth.After(text, remaining); };
   }
-  // Where the replacement holds the find text, no application leaves fewer finds than it found.
+  // Where the replacement holds the find text, no application leaves fewer finds than it found: it grows for ever.
+  // Other rules can grow a name for long and then stop, and plain ones are quick enough to see for themselves.
   const bool findsItself = !FindOccurrences(rule.replacement, rule.find, compareMode, Overlapping::kNo).empty();
-  if (!findsItself) repeated.steadyApplications = kSteadyApplications + CharacterCount(name);
+  if (!findsItself) repeated.steadyApplications = RepeatedRule::kNeverSure;
   return ApplyRepeatedly(repeated, std::move(name), times, pending);
 }
 
@@ -90,8 +91,8 @@ std::optional<std::string> ApplyRules(const OptionValues::Modify& rules, std::st
 }
 
 std::string ConvertWidthAndCase(const OptionValues::Modify& rules, std::string name) {
-  if (rules.narrow == 1) name = ToNarrow(name);
-  if (rules.wide == 1) name = ToWide(name);
+  if (rules.narrow == 1) name = ToHalfWidth(name);
+  if (rules.wide == 1) name = ToFullWidth(name);
   if (rules.lower == 1) name = ToLower(name);
   if (rules.upper == 1) name = ToUpper(name);
   if (rules.proper == 1) name = ToProper(name);

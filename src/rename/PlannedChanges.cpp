@@ -9,10 +9,10 @@ namespace quillon {
 
 Result<bool, FileError> PlannedChanges::Exists(const std::string& path) {
   const std::string identity = PathIdentity(path);
-  if (taken_.count(identity) != 0) return true;
+  if (taken_.contains(identity)) return true;
   const Result<FileStatus, FileError> status = files_.Status(path);
   if (!status) return status.Failure();
-  return status->kind != FileStatus::Kind::kAbsent && freed_.count(identity) == 0;
+  return status->kind != FileStatus::Kind::kAbsent && !freed_.contains(identity);
 }
 
 // One entry under two spellings, in contrast to two links to one file, which their folder lists both.

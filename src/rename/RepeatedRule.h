@@ -22,6 +22,7 @@ struct RepeatedRule {
 
   /// After how many applications in a row that each made the name longer this is taken to go on for ever. 1 where it is
   /// certain to.
+  static constexpr std::size_t kNeverSure = kLongestName;
   std::size_t steadyApplications = 1;
 
   /// Optional; called after each application that changed the name. May give the result of all `remaining` applications

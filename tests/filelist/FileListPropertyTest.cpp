@@ -154,12 +154,8 @@ class Walk {
         list_.SelectNone();
         for (FileItem& row : rows) row.selected = false;
         break;
-      case 21:
-        Remove();
-        break;
-      case 22:
-        SortBoth();
-        break;
+      case 21: Remove(); break;
+      case 22: SortBoth(); break;
       default:
         if (Below(6) != 0) return Remove();
         list_.Clear();

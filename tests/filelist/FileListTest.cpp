@@ -14,7 +14,6 @@ using test::CheckedRows;
 using test::EventLog;
 using test::ListRecorder;
 using test::Locations;
-using test::RenameNames;
 using test::RowFor;
 using test::SelectedRows;
 using Indices = std::vector<int>;

@@ -141,20 +141,11 @@ class Session {
     Shuffle();
     switch (dice_.Below(6)) {
       case 0:
-      case 1:
-        ApplyBatch();
-        break;
-      case 2:
-        ApplyOne();
-        break;
-      case 3:
-        MoveBatch();
-        break;
-      case 4:
-        MoveOne();
-        break;
-      default:
-        DeleteOne();
+      case 1: ApplyBatch(); break;
+      case 2: ApplyOne(); break;
+      case 3: MoveBatch(); break;
+      case 4: MoveOne(); break;
+      default: DeleteOne();
     }
     EXPECT_EQ(Values(Files()), expected_) << "contents lost or doubled";
     for (int index = 1; index <= list_.Count(); ++index) {

@@ -11,7 +11,6 @@ namespace quillon {
 namespace {
 
 using test::CheckedRows;
-using test::FileCall;
 using test::RenameFixture;
 using test::RenameNames;
 using Indices = std::vector<int>;

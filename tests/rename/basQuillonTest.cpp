@@ -9,7 +9,6 @@
 namespace quillon {
 namespace {
 
-using test::BoxEvent;
 using test::CheckedRows;
 using test::FileCall;
 using test::Locations;

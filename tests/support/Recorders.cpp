@@ -11,26 +11,19 @@ namespace {
 
 const char* IconName(MessageIcon icon) {
   switch (icon) {
-    case MessageIcon::kExclamation:
-      return "exclamation";
-    case MessageIcon::kStop:
-      return "stop";
-    case MessageIcon::kInformation:
-      return "information";
-    case MessageIcon::kQuestion:
-      return "question";
+    case MessageIcon::kExclamation: return "exclamation";
+    case MessageIcon::kStop: return "stop";
+    case MessageIcon::kInformation: return "information";
+    case MessageIcon::kQuestion: return "question";
   }
   return "?";
 }
 
 const char* ButtonNames(MessageButtons buttons) {
   switch (buttons) {
-    case MessageButtons::kOk:
-      return "ok";
-    case MessageButtons::kOkCancel:
-      return "ok/cancel";
-    case MessageButtons::kYesNo:
-      return "yes/no";
+    case MessageButtons::kOk: return "ok";
+    case MessageButtons::kOkCancel: return "ok/cancel";
+    case MessageButtons::kYesNo: return "yes/no";
   }
   return "?";
 }
@@ -82,15 +75,9 @@ bool BoxRecorder::Show(const Message& message) {
 
 void WindowRecorder::SetPointer(Pointer pointer) {
   switch (pointer) {
-    case Pointer::kNormal:
-      log_.Add("pointer normal");
-      break;
-    case Pointer::kBusyArrow:
-      log_.Add("pointer busy arrow");
-      break;
-    case Pointer::kHourglass:
-      log_.Add("pointer hourglass");
-      break;
+    case Pointer::kNormal: log_.Add("pointer normal"); break;
+    case Pointer::kBusyArrow: log_.Add("pointer busy arrow"); break;
+    case Pointer::kHourglass: log_.Add("pointer hourglass"); break;
   }
 }
 

@@ -24,16 +24,11 @@ enum class EntryKind { kFile, kFolder, kLink, kUnknown, kOther };
 
 EntryKind KindOf(unsigned char type) {
   switch (type) {
-    case DT_REG:
-      return EntryKind::kFile;
-    case DT_DIR:
-      return EntryKind::kFolder;
-    case DT_LNK:
-      return EntryKind::kLink;
-    case DT_UNKNOWN:
-      return EntryKind::kUnknown;
-    default:
-      return EntryKind::kOther;
+    case DT_REG: return EntryKind::kFile;
+    case DT_DIR: return EntryKind::kFolder;
+    case DT_LNK: return EntryKind::kLink;
+    case DT_UNKNOWN: return EntryKind::kUnknown;
+    default: return EntryKind::kOther;
   }
 }
 

@@ -12,8 +12,7 @@ int NumberOf(int number) {
     case ENOTDIR:
     case ENAMETOOLONG:
     case EINVAL:
-    case EILSEQ:
-      return file_error::kNotFound;
+    case EILSEQ: return file_error::kNotFound;
     case EACCES:
     case EPERM:
     case EROFS:
@@ -21,10 +20,8 @@ int NumberOf(int number) {
     case ETXTBSY:
     case EISDIR:  // only from deleting a folder, which is not allowed here
       return file_error::kAccess;
-    case EEXIST:
-      return file_error::kAlreadyExists;
-    default:
-      return file_error::kOwn + number;
+    case EEXIST: return file_error::kAlreadyExists;
+    default: return file_error::kOwn + number;
   }
 }
 
@@ -41,10 +38,8 @@ bool IsOutOfReach(int number) {
     case ENOTCONN:
     case ECONNREFUSED:
     case ECONNABORTED:
-    case ESTALE:
-      return true;
-    default:
-      return NumberOf(number) == file_error::kNotFound;
+    case ESTALE: return true;
+    default: return NumberOf(number) == file_error::kNotFound;
   }
 }
 

@@ -8,8 +8,6 @@ namespace quillon {
 
 AnsiPairs::AnsiPairs() = default;
 
-AnsiPairs::~AnsiPairs() = default;
-
 char32_t AnsiPairs::Decode(unsigned char lead, unsigned char trail) const {
   constexpr UINT kCodePage = 932;
   const std::array<char, 2> bytes = {static_cast<char>(lead), static_cast<char>(trail)};

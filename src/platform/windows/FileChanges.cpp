@@ -138,7 +138,8 @@ class WindowsFileChanges final : public FileChanges {
     if (!source) return ERROR_INVALID_NAME;
     source->push_back(L'\0');  // a list of one, ended by an empty entry
     SHFILEOPSTRUCTW request = {};
-    request.hwnd = reinterpret_cast<HWND>(ownerWindow);
+    // The handle travels as a number, so that no header outside knows the type.
+    request.hwnd = reinterpret_cast<HWND>(ownerWindow);  // NOLINT(performance-no-int-to-ptr)
     request.wFunc = FO_DELETE;
     request.pFrom = source->c_str();
     request.fFlags = FOF_ALLOWUNDO;

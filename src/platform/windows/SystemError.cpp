@@ -14,20 +14,16 @@ int NumberOf(DWORD number) {
     case ERROR_INVALID_NAME:
     case ERROR_BAD_PATHNAME:
     case ERROR_FILENAME_EXCED_RANGE:
-    case ERROR_DIRECTORY:
-      return file_error::kNotFound;
+    case ERROR_DIRECTORY: return file_error::kNotFound;
     case ERROR_ACCESS_DENIED:
     case ERROR_WRITE_PROTECT:
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
     case ERROR_BUSY:
-    case ERROR_USER_MAPPED_FILE:
-      return file_error::kAccess;
+    case ERROR_USER_MAPPED_FILE: return file_error::kAccess;
     case ERROR_FILE_EXISTS:
-    case ERROR_ALREADY_EXISTS:
-      return file_error::kAlreadyExists;
-    default:
-      return file_error::kOwn + static_cast<int>(number);
+    case ERROR_ALREADY_EXISTS: return file_error::kAlreadyExists;
+    default: return file_error::kOwn + static_cast<int>(number);
   }
 }
 
@@ -49,10 +45,8 @@ bool IsOutOfReach(DWORD number) {
     case ERROR_DEVICE_NOT_CONNECTED:
     case ERROR_NO_NETWORK:
     case ERROR_NETWORK_UNREACHABLE:
-    case ERROR_HOST_UNREACHABLE:
-      return true;
-    default:
-      return NumberOf(number) == file_error::kNotFound;
+    case ERROR_HOST_UNREACHABLE: return true;
+    default: return NumberOf(number) == file_error::kNotFound;
   }
 }
 

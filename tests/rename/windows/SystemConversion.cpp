@@ -1,7 +1,8 @@
 #include "SystemConversion.h"
 
-#include <gtest/gtest.h>
 #include <windows.h>
+
+#include <gtest/gtest.h>
 
 namespace quillon::test {
 namespace {
@@ -24,14 +25,10 @@ std::string ToUtf8(const std::wstring& wide) {
 
 DWORD Flags(SystemConversion conversion) {
   switch (conversion) {
-    case SystemConversion::kHalfWidth:
-      return LCMAP_HALFWIDTH;
-    case SystemConversion::kFullWidth:
-      return LCMAP_FULLWIDTH;
-    case SystemConversion::kLower:
-      return LCMAP_LOWERCASE;
-    case SystemConversion::kUpper:
-      return LCMAP_UPPERCASE;
+    case SystemConversion::kHalfWidth: return LCMAP_HALFWIDTH;
+    case SystemConversion::kFullWidth: return LCMAP_FULLWIDTH;
+    case SystemConversion::kLower: return LCMAP_LOWERCASE;
+    case SystemConversion::kUpper: return LCMAP_UPPERCASE;
   }
   return 0;
 }

@@ -1,0 +1,217 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "base/Text.h"
+#include "platform/FileWorld.h"
+#include "platform/RenameEntry.h"
+
+namespace quillon::test {
+namespace {
+
+using testing::ElementsAre;
+
+/// How a volume answers a rename between two spellings of one name.
+enum class CaseChange { kApart, kDone, kRefused, kPretended };
+
+/// One folder, "/", whose entries are names with the numbers of their files.
+class Volume final : public EntryChanges {
+ public:
+  explicit Volume(CaseChange caseChange) : caseChange_(caseChange) {}
+
+  void Add(const std::string& name, int file) { entries_[name] = file; }
+
+  [[nodiscard]] std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& [name, file] : entries_) names.push_back(name);
+    return names;
+  }
+
+  /// From now on renames to this path fail, but the first `successes` ones.
+  void FailTo(const std::string& path, int number, int successes = 0) { failures_[path] = {number, successes}; }
+  /// From now on every rename after `successes` ones fails.
+  void FailAfter(int successes, int number) { failAfter_ = {number, successes}; }
+
+  [[nodiscard]] int Renames() const { return renames_; }
+  [[nodiscard]] int Looks() const { return looks_; }
+  [[nodiscard]] int Listings() const { return listings_; }
+
+  FileOutcome RenameNoReplace(const std::string& from, const std::string& to) override {
+    ++renames_;
+    if (failAfter_.number != 0 && failAfter_.successes-- <= 0) return FileError{failAfter_.number, "injected"};
+    if (const auto failure = failures_.find(to); failure != failures_.end() && failure->second.successes-- <= 0) {
+      return FileError{failure->second.number, "injected"};
+    }
+    const auto source = Find(from);
+    if (source == entries_.end()) return FileError{file_error::kNotFound, "absent"};
+    const auto target = Find(to);
+    if (target == source && caseChange_ == CaseChange::kPretended) return std::nullopt;
+    const bool mayBeSame = target == source && caseChange_ == CaseChange::kDone;
+    if (target != entries_.end() && !mayBeSame) return FileError{file_error::kAlreadyExists, "exists"};
+    const int file = source->second;
+    entries_.erase(source);
+    entries_[to.substr(1)] = file;
+    return std::nullopt;
+  }
+
+  FileOutcome Look(const std::string& path) override {
+    ++looks_;
+    return Find(path) == entries_.end() ? FileOutcome(FileError{file_error::kNotFound, "absent"}) : FileOutcome();
+  }
+
+  bool SameFile(const std::string& left, const std::string& right) override {
+    const auto one = Find(left);
+    const auto other = Find(right);
+    return one != entries_.end() && other != entries_.end() && one->second == other->second;
+  }
+
+  std::string ListedName(const std::string& path) override {
+    ++listings_;
+    const auto found = Find(path);
+    return found == entries_.end() ? std::string() : found->first;
+  }
+
+ private:
+  struct Failure {
+    int number = 0;
+    int successes = 0;
+  };
+
+  std::map<std::string, int>::iterator Find(const std::string& path) {
+    const std::string name = path.substr(1);
+    const auto exact = entries_.find(name);
+    if (exact != entries_.end() || caseChange_ == CaseChange::kApart) return exact;
+    auto entry = entries_.begin();
+    while (entry != entries_.end() && !EqualIgnoringCase(entry->first, name)) ++entry;
+    return entry;
+  }
+
+  CaseChange caseChange_;
+  std::map<std::string, int> entries_;
+  std::map<std::string, Failure> failures_;
+  Failure failAfter_;
+  int renames_ = 0;
+  int looks_ = 0;
+  int listings_ = 0;
+};
+
+FileOutcome Rename(Volume& volume, const std::string& from, const std::string& to) {
+  return RenameEntry(volume, "/" + from, "/" + to, PathStyle::kLinux);
+}
+
+int NumberOf(const FileOutcome& outcome) {
+  return outcome ? outcome->number : 0;
+}
+
+TEST(RenameEntry, AnOrdinaryRenameAsksTheVolumeOnce) {
+  Volume volume(CaseChange::kApart);
+  volume.Add("old", 1);
+  EXPECT_EQ(Rename(volume, "old", "new"), std::nullopt);
+  EXPECT_EQ(volume.Renames(), 1);
+  EXPECT_EQ(volume.Looks(), 0);
+  EXPECT_EQ(volume.Listings(), 0);
+}
+
+TEST(RenameEntry, AnExistingTargetIsReportedWithoutFurtherQuestions) {
+  Volume volume(CaseChange::kRefused);
+  volume.Add("old", 1);
+  volume.Add("new", 2);
+  EXPECT_EQ(NumberOf(Rename(volume, "old", "new")), file_error::kAlreadyExists);
+  EXPECT_EQ(volume.Renames(), 1);
+  EXPECT_EQ(volume.Looks() + volume.Listings(), 0);
+}
+
+TEST(RenameEntry, WhereCaseIsKeptApartTheFolderIsNotRead) {
+  Volume volume(CaseChange::kApart);
+  volume.Add("song", 1);
+  EXPECT_EQ(Rename(volume, "song", "SONG"), std::nullopt);
+  EXPECT_EQ(volume.Renames(), 1);
+  EXPECT_EQ(volume.Looks(), 1);
+  EXPECT_EQ(volume.Listings(), 0);
+}
+
+TEST(RenameEntry, AChangeOfCaseIsCarriedOutHoweverTheVolumeAnswers) {
+  struct Row {
+    const char* name;
+    CaseChange caseChange;
+    int renames;
+  };
+  for (const Row& row :
+       {Row{"does it", CaseChange::kDone, 1}, Row{"takes the file for its obstacle", CaseChange::kRefused, 3},
+        Row{"reports success and does nothing", CaseChange::kPretended, 3}}) {
+    SCOPED_TRACE(row.name);
+    Volume volume(row.caseChange);
+    volume.Add("song", 1);
+    EXPECT_EQ(Rename(volume, "song", "SONG"), std::nullopt);
+    EXPECT_THAT(volume.Names(), ElementsAre("SONG"));
+    EXPECT_EQ(volume.Renames(), row.renames);
+  }
+}
+
+TEST(RenameEntry, TheFilesRealNameIsItsOwnHoweverTheCallerSpellsIt) {
+  for (const CaseChange caseChange : {CaseChange::kDone, CaseChange::kRefused, CaseChange::kPretended}) {
+    Volume volume(caseChange);
+    volume.Add("Song", 1);
+    EXPECT_EQ(Rename(volume, "SONG", "Song"), std::nullopt);
+    EXPECT_THAT(volume.Names(), ElementsAre("Song"));
+    EXPECT_EQ(volume.Renames(), 1);
+  }
+}
+
+TEST(RenameEntry, HardLinksThatDifferInCaseAreTwoEntries) {
+  Volume volume(CaseChange::kApart);
+  volume.Add("song", 1);
+  volume.Add("SONG", 1);
+  EXPECT_EQ(NumberOf(Rename(volume, "song", "SONG")), file_error::kAlreadyExists);
+  EXPECT_THAT(volume.Names(), ElementsAre("SONG", "song"));
+  EXPECT_EQ(volume.Renames(), 1);
+}
+
+TEST(RenameEntry, NeighboursThatDifferInCaseAreTwoEntriesWithoutReadingTheFolder) {
+  Volume volume(CaseChange::kApart);
+  volume.Add("song", 1);
+  volume.Add("SONG", 2);
+  EXPECT_EQ(NumberOf(Rename(volume, "song", "SONG")), file_error::kAlreadyExists);
+  EXPECT_EQ(volume.Listings(), 0);
+}
+
+TEST(RenameEntry, WhenTheFirstOfTwoStepsFailsNothingHasHappened) {
+  Volume volume(CaseChange::kRefused);
+  volume.Add("song", 1);
+  volume.FailAfter(1, file_error::kAccess);
+  EXPECT_EQ(NumberOf(Rename(volume, "song", "SONG")), file_error::kAccess);
+  EXPECT_THAT(volume.Names(), ElementsAre("song"));
+}
+
+TEST(RenameEntry, WhenTheSecondOfTwoStepsFailsTheFileGetsItsOldNameBack) {
+  Volume volume(CaseChange::kPretended);
+  volume.Add("song", 1);
+  volume.FailTo("/SONG", file_error::kAccess, 1);
+  EXPECT_EQ(NumberOf(Rename(volume, "song", "SONG")), file_error::kAccess);
+  EXPECT_THAT(volume.Names(), ElementsAre("song"));
+}
+
+TEST(RenameEntry, AFileThatCannotGetItsOldNameBackIsNamedInTheError) {
+  Volume volume(CaseChange::kPretended);
+  volume.Add("song", 1);
+  volume.FailAfter(2, file_error::kAccess);
+  const FileOutcome outcome = Rename(volume, "song", "SONG");
+  ASSERT_TRUE(outcome);
+  EXPECT_EQ(outcome->number, file_error::kStranded);
+  ASSERT_EQ(volume.Names().size(), 1U);
+  EXPECT_THAT(outcome->description, testing::HasSubstr(volume.Names().front()));
+}
+
+TEST(RenameEntry, TheOwnNameOnlyLooks) {
+  Volume volume(CaseChange::kApart);
+  volume.Add("song", 1);
+  EXPECT_EQ(Rename(volume, "song", "song"), std::nullopt);
+  EXPECT_EQ(volume.Renames(), 0);
+  EXPECT_EQ(volume.Looks(), 1);
+}
+
+}  // namespace
+}  // namespace quillon::test

@@ -1,0 +1,450 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Text.h"
+#include "rename/ModifyName.h"
+#include "rename/RepeatedRule.h"
+#include "rename/ReplaceText.h"
+
+namespace quillon {
+namespace {
+
+class CountingMessages final : public PendingMessages {
+ public:
+  void Process() override { ++count; }
+  int count = 0;
+};
+
+using Answers = std::map<std::string, std::string>;
+
+/// Answers by a table from target to result, counts the calls and keeps the last command.
+class TableEngine final : public RegexEngine {
+ public:
+  explicit TableEngine(Answers answers) : answers_(std::move(answers)) {}
+
+  std::optional<std::string> Replace(std::string_view command, std::string_view target) override {
+    ++calls;
+    lastCommand = command;
+    const auto found = answers_.find(std::string(target));
+    return found == answers_.end() ? std::string(target) : found->second;
+  }
+
+  int calls = 0;
+  std::string lastCommand;
+
+ private:
+  Answers answers_;
+};
+
+/// Answers by a function.
+class FunctionEngine final : public RegexEngine {
+ public:
+  explicit FunctionEngine(std::function<std::string(std::string)> answer) : answer_(std::move(answer)) {}
+
+  std::optional<std::string> Replace(std::string_view, std::string_view target) override {
+    ++calls;
+    return answer_(std::string(target));
+  }
+
+  int calls = 0;
+
+ private:
+  std::function<std::string(std::string)> answer_;
+};
+
+class AbsentEngine final : public RegexEngine {
+ public:
+  std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
+};
+
+OptionValues::Modify Rule(const std::string& find, const std::string& replacement) {
+  OptionValues::Modify rules;
+  rules.rules[0] = {1, find, replacement};
+  return rules;
+}
+
+OptionValues::Modify RegexRule(const std::string& find, const std::string& replacement) {
+  OptionValues::Modify rules = Rule(find, replacement);
+  rules.findCtrl = 1;
+  return rules;
+}
+
+ModifyResult Modify(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount = 1) {
+  AbsentEngine engine;
+  CountingMessages pending;
+  return ModifyName(name, rules, listCount, engine, pending);
+}
+
+std::string Modified(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount = 1) {
+  const ModifyResult result = Modify(name, rules, listCount);
+  EXPECT_FALSE(result.leftAlone);
+  return result.name;
+}
+
+ModifyResult ModifyWithLibrary(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount = 1) {
+  RegexLibrary library;
+  EXPECT_TRUE(library.Available()) << "the library does not stand beside the test program";
+  CountingMessages pending;
+  return ModifyName(name, rules, listCount, library, pending);
+}
+
+bool IsLeftAlone(const ModifyResult& result, std::string_view name) {
+  return result.leftAlone && result.name == name;
+}
+
+std::string Repeat(std::string_view text, std::size_t count) {
+  std::string result;
+  for (std::size_t i = 0; i < count; ++i) result += text;
+  return result;
+}
+
+TEST(ModifyName, WithoutRulesNothingChanges) {
+  EXPECT_EQ(Modified("a:b ｱ Ａ", OptionValues::Modify(), 5), "a:b ｱ Ａ");
+  EXPECT_EQ(Modified("", OptionValues::Modify(), 5), "");
+}
+
+TEST(ModifyName, ReplacesEveryInvalidCharacter) {
+  OptionValues::Modify rules;
+  rules.reviceFlag = 1;
+  rules.reviceText = "_";
+  EXPECT_EQ(Modified("a:b?c", rules), "a_b_c");
+  EXPECT_EQ(Modified("\"*/:<>?\\|\r", rules), "__________");
+  EXPECT_EQ(Modified("表:ソ?", rules), "表_ソ_");
+  EXPECT_EQ(Modified("tab\tand：full-width", rules), "tab\tand：full-width");
+  rules.reviceText = "";
+  EXPECT_EQ(Modified("a::b?c", rules), "abc");
+  rules.reviceText = "--";
+  EXPECT_EQ(Modified("a::b", rules), "a----b");
+  rules.reviceFlag = 0;
+  EXPECT_EQ(Modified("a:b", rules), "a:b");
+}
+
+TEST(ModifyName, InvalidCharactersAreReplacedEvenWithAnEmptyList) {
+  OptionValues::Modify rules;
+  rules.reviceFlag = 1;
+  rules.reviceText = "_";
+  EXPECT_EQ(Modified("a:b", rules, 0), "a_b");
+}
+
+TEST(ModifyName, AnInvalidReplacementForInvalidCharactersEndsAtOnce) {
+  for (const char* text : {":", "x?", "*y"}) {
+    SCOPED_TRACE(text);
+    OptionValues::Modify rules = Rule("a", "b");
+    rules.reviceFlag = 1;
+    rules.reviceText = text;
+    rules.upper = 1;
+    EXPECT_TRUE(IsLeftAlone(Modify("a:b", rules), "a:b"));
+    EXPECT_EQ(Modified("ab", rules), "BB");  // nothing to replace, nothing endless
+  }
+}
+
+TEST(ModifyName, APlainRuleThatFindsItselfGrowsOncePerRow) {
+  EXPECT_EQ(Modified("a", Rule("a", "aa"), 3), "aaaaaaaa");
+  EXPECT_EQ(Modified("bab", Rule("a", "aa"), 3), "baaaaaaaab");
+  EXPECT_EQ(Modified("a", Rule("a", "aa"), 0), "a");
+  EXPECT_EQ(Modified("a", Rule("a", "aa"), 1), "aa");
+  EXPECT_EQ(Modified("a", Rule("a", "ab"), 5), "abbbbb");
+}
+
+TEST(ModifyName, RulesRunInOrderAndInactiveOnesDoNot) {
+  OptionValues::Modify rules;
+  rules.rules[0] = {1, "a", "b"};
+  rules.rules[1] = {0, "b", "x"};
+  rules.rules[2] = {1, "b", "c"};
+  rules.rules[3] = {1, "", "y"};
+  rules.rules[4] = {1, "c", "d"};
+  EXPECT_EQ(Modified("abc", rules, 4), "ddd");
+}
+
+TEST(ModifyName, EachRuleIsAppliedForAllRowsBeforeTheNext) {
+  OptionValues::Modify rules;
+  rules.rules[0] = {1, "a", "ab"};
+  rules.rules[1] = {1, "b", ""};
+  EXPECT_EQ(Modified("a", rules, 3), "a");
+  rules.rules[0] = {1, "ab", "b"};
+  rules.rules[1] = {0, "", ""};
+  EXPECT_EQ(Modified("aaab", rules, 2), "ab");
+}
+
+TEST(ModifyName, IgnoreCaseIsForFindingOnly) {
+  OptionValues::Modify rules = Rule("ab", "Xy");
+  EXPECT_EQ(Modified("abAB", rules), "XyAB");
+  rules.ignoreCase = 1;
+  EXPECT_EQ(Modified("abAB", rules), "XyXy");
+}
+
+TEST(ModifyName, AReplacementTextMayBeABlank) {
+  EXPECT_EQ(Modified("a_b", Rule("_", " ")), "a b");
+}
+
+TEST(ModifyName, WidthAndCaseStepsRunInOrder) {
+  struct Row {
+    const char* name;
+    std::int16_t narrow, wide, lower, upper, proper;
+    std::string text, expected;
+  };
+  const Row rows[] = {
+      {"narrow", 1, 0, 0, 0, 0, "Ａｂアﾊﾞ　", "Abｱﾊﾞ "},
+      {"wide", 0, 1, 0, 0, 0, "Abｱﾊﾞ ", "Ａｂアバ　"},
+      {"narrow and wide: wide", 1, 1, 0, 0, 0, "AｂｱアガｶﾞX", "ＡｂアアガガＸ"},
+      {"lower", 0, 0, 1, 0, 0, "AbＣ", "abｃ"},
+      {"upper", 0, 0, 0, 1, 0, "aBｃ", "ABＣ"},
+      {"proper", 0, 0, 0, 0, 1, "hello WORLD", "Hello World"},
+      {"lower and upper: upper", 0, 0, 1, 1, 0, "aB", "AB"},
+      {"upper and proper: proper", 0, 0, 0, 1, 1, "hello WORLD", "Hello World"},
+      {"all of them", 1, 1, 1, 1, 1, "hello WORLD", "Ｈｅｌｌｏ　Ｗｏｒｌｄ"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    OptionValues::Modify rules;
+    rules.narrow = row.narrow;
+    rules.wide = row.wide;
+    rules.lower = row.lower;
+    rules.upper = row.upper;
+    rules.proper = row.proper;
+    EXPECT_EQ(Modified(row.text, rules), row.expected);
+    EXPECT_EQ(Modified(row.text, rules, 0), row.expected);
+  }
+}
+
+TEST(ModifyName, StepsComeInTheirOrder) {
+  OptionValues::Modify rules = Rule("-", "ｱ");
+  rules.reviceFlag = 1;
+  rules.reviceText = "-";
+  rules.wide = 1;
+  EXPECT_EQ(Modified("x:", rules), "ｘア");  // invalid characters, then rules, then width
+  rules = Rule("ａ", "Q");
+  rules.narrow = 1;
+  rules.lower = 1;
+  EXPECT_EQ(Modified("ａa", rules), "qa");  // the rule sees the full-width letter
+  rules = OptionValues::Modify();
+  rules.reviceFlag = 1;
+  rules.reviceText = "_";
+  rules.narrow = 1;
+  EXPECT_EQ(Modified("a？", rules), "a?");  // what the width step makes is not looked at again
+}
+
+TEST(ModifyName, PassesRegularExpressionsToTheEngine) {
+  TableEngine engine(Answers{{"name", "other"}});
+  CountingMessages pending;
+  OptionValues::Modify rules = RegexRule("n", "o");
+  EXPECT_EQ(ModifyName("name", rules, 3, engine, pending).name, "other");
+  EXPECT_EQ(engine.lastCommand, "s/n/o/gk");
+  rules.ignoreCase = 1;
+  EXPECT_EQ(ModifyName("name", rules, 3, engine, pending).name, "other");
+  EXPECT_EQ(engine.lastCommand, "s/n/o/gik");
+}
+
+TEST(ModifyName, AnErrorOfTheEngineLeavesTheNameAndTheOtherRulesGoOn) {
+  TableEngine engine(Answers{{"name", "unmatched () in regexp"}});
+  CountingMessages pending;
+  OptionValues::Modify rules = RegexRule("(", "x");
+  rules.upper = 1;
+  const ModifyResult result = ModifyName("name", rules, 3, engine, pending);
+  EXPECT_EQ(result.name, "NAME");
+  EXPECT_FALSE(result.leftAlone);
+}
+
+TEST(ModifyName, AnUnmatchedPatternLeavesTheName) {
+  EXPECT_EQ(ModifyWithLibrary("name (1", RegexRule("(", "x"), 3).name, "name (1");
+  EXPECT_EQ(ModifyWithLibrary("name [1", RegexRule("[", "x"), 3).name, "name [1");
+}
+
+TEST(ModifyName, RegularExpressionsDoNothingWithoutALibrary) {
+  OptionValues::Modify rules = RegexRule("a", "b");
+  rules.upper = 1;
+  EXPECT_EQ(Modified("a", rules, 3), "A");
+}
+
+TEST(ModifyName, RegularExpressionsFindAsTheyShould) {
+  OptionValues::Modify rules = RegexRule("^(\\d+)[ _]*(.*)$", "$2 - $1");
+  EXPECT_EQ(ModifyWithLibrary("01 _曲名", rules, 1).name, "曲名 - 01");
+  rules = RegexRule("(ア|イ)+", "<$&>");
+  EXPECT_EQ(ModifyWithLibrary("アイウ", rules, 2).name, "<<アイ>>ウ");
+}
+
+TEST(ModifyName, ARuleThatChangesNothingMoreIsNotAppliedAgain) {
+  TableEngine engine(Answers{{"a", "b"}, {"b", "c"}});
+  CountingMessages pending;
+  EXPECT_EQ(ModifyName("a", RegexRule("x", "y"), 1'000'000, engine, pending).name, "c");
+  EXPECT_EQ(engine.calls, 3);
+  EXPECT_EQ(pending.count, 3);
+}
+
+TEST(ModifyName, PendingMessagesAreProcessedBeforeEveryApplicationAndInvalidCharacter) {
+  AbsentEngine engine;
+  CountingMessages pending;
+  OptionValues::Modify rules = Rule("a", "aa");
+  rules.reviceFlag = 1;
+  rules.reviceText = "_";
+  rules.rules[4] = {1, "q", "r"};
+  EXPECT_EQ(ModifyName("?a:?", rules, 3, engine, pending).name, "_aaaaaaaa__");
+  EXPECT_EQ(pending.count, 2 + 3 + 1);
+}
+
+TEST(ModifyName, CyclesOfAnyPeriodGiveTheExactResult) {
+  for (std::size_t period = 1; period <= 12; ++period) {
+    for (std::size_t lead : {0u, 1u, 5u}) {
+      for (std::size_t count : {0u, 1u, 2u, 7u, 11u, 12u, 13u, 50u, 999u, 100'000u}) {
+        SCOPED_TRACE(std::to_string(period) + " after " + std::to_string(lead) + ", " + std::to_string(count) +
+                     " rows");
+        FunctionEngine engine([&](const std::string& name) {
+          const std::size_t next = std::stoul(name) + 1;
+          return std::to_string(next < lead + period ? next : lead);
+        });
+        CountingMessages pending;
+        const std::size_t expected = count < lead ? count : lead + (count - lead) % period;
+        EXPECT_EQ(ModifyName("0", RegexRule("x", "y"), count, engine, pending).name, std::to_string(expected));
+        EXPECT_LT(engine.calls, 100);
+      }
+    }
+  }
+}
+
+TEST(ModifyName, ASwappingPatternCostsNothingInALongList) {
+  const OptionValues::Modify rules = RegexRule("^(\\w)(.*?)(\\w)$", "$3$2$1");
+  EXPECT_EQ(ModifyWithLibrary("abc", rules, 100'000).name, "abc");
+  EXPECT_EQ(ModifyWithLibrary("abc", rules, 99'999).name, "cba");
+}
+
+TEST(ModifyName, ANameThatGrowsPastTheLimitIsLeftAloneWhole) {
+  OptionValues::Modify rules = Rule("x", "y");
+  rules.rules[1] = {1, "a", "aa"};
+  rules.upper = 1;
+  EXPECT_TRUE(IsLeftAlone(Modify("xa", rules, 100), "xa"));
+  EXPECT_TRUE(IsLeftAlone(Modify("xa", rules, 15), "xa"));
+  EXPECT_EQ(CharacterCount(Modified("xa", rules, 14)), 1u + 16384u);
+}
+
+TEST(ModifyName, TheLimitCountsCharacters) {
+  const ModifyResult result = Modify("あ", Rule("あ", "ああ"), 14);
+  EXPECT_FALSE(result.leftAlone);
+  EXPECT_EQ(result.name.size(), 3u * 16384u);
+  EXPECT_EQ(Modified("a", Rule("a", "ab"), kLongestName - 1), "a" + Repeat("b", kLongestName - 1));
+  EXPECT_TRUE(IsLeftAlone(Modify("a", Rule("a", "ab"), kLongestName), "a"));
+}
+
+TEST(ModifyName, ANameThatIsTooLongAlreadyMayChangeButNotGrow) {
+  const std::string name(40'000, 'a');
+  EXPECT_EQ(Modified(name, Rule("a", "b"), 3), std::string(40'000, 'b'));
+  EXPECT_EQ(Modified(name, Rule("aa", "a"), 1), std::string(20'000, 'a'));
+  EXPECT_TRUE(IsLeftAlone(Modify(name + "c", Rule("c", "cc"), 1), name + "c"));
+}
+
+TEST(ModifyName, ReplacingInvalidCharactersStopsAtTheLimitToo) {
+  OptionValues::Modify rules;
+  rules.reviceFlag = 1;
+  rules.reviceText = std::string(100, '_');
+  const std::string name(400, '?');
+  EXPECT_TRUE(IsLeftAlone(Modify(name, rules), name));
+  EXPECT_EQ(Modified(std::string(300, '?'), rules), std::string(30'000, '_'));
+}
+
+/// Applies a rule the slow way, as long as the name is no longer than it may be.
+std::string OneByOne(std::string name, const ReplaceRule& rule, std::size_t times, CompareMode compareMode) {
+  for (std::size_t i = 0; i < times && name.size() <= kLongestName; ++i) {
+    name = ReplaceText(name, rule.find, rule.replacement, 1, kAllOccurrences, compareMode);
+  }
+  return name;
+}
+
+TEST(ModifyName, PlainRulesGiveWhatTheSlowWayGives) {
+  const std::string texts[] = {"", "a", "b", "ab", "ba", "aa", "bb", "aba", "bab", "aab", "abb"};
+  const std::string names[] = {"a", "ab", "aab", "abab", "bbab", "aabba", "babaab", "aAbB"};
+  for (const std::string& find : texts) {
+    for (const std::string& replacement : texts) {
+      for (const std::string& name : names) {
+        for (const std::size_t times : {1u, 2u, 5u, 11u, 40u}) {
+          for (const CompareMode mode : {CompareMode::kBinary, CompareMode::kText}) {
+            OptionValues::Modify rules = Rule(find, replacement);
+            rules.ignoreCase = mode == CompareMode::kText ? 1 : 0;
+            const ModifyResult result = Modify(name, rules, times);
+            const std::string slow = OneByOne(name, rules.rules[0], times, mode);
+            EXPECT_EQ(result.leftAlone, slow.size() > kLongestName) << name << ": " << find << " to " << replacement;
+            EXPECT_TRUE(result.leftAlone || result.name == slow) << name << ": " << find << " to " << replacement;
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(ModifyName, LinearGrowthIsExactInLongLists) {
+  struct Row {
+    const char* name;
+    std::string text, find, replacement;
+  };
+  const Row rows[] = {
+      {"behind", "xax", "a", "ab"},
+      {"in front", "xax", "a", "ba"},
+      {"around", "xaxa", "a", "bac"},
+      {"Japanese", "曲あ名", "あ", "いあ"},
+      {"several", "a.a.a", "a", "a-"},
+      {"what is added looks like a part of the find text", "aab", "ab", "aab"},
+      {"the name makes one more find on the way", "xyxxy", "xxy", "xxxy"},
+      {"long find text, short addition", "hello", "hello", "hellol"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    const OptionValues::Modify rules = Rule(row.find, row.replacement);
+    EXPECT_TRUE(Modified(row.text, rules, 5000) == OneByOne(row.text, rules.rules[0], 5000, CompareMode::kBinary));
+  }
+}
+
+TEST(ModifyName, LinearGrowthCostsNothingInALongList) {
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 50; ++i) {
+    const std::string rest = std::to_string(i);
+    EXPECT_EQ(Modified("a" + rest, Rule("a", "ab"), 30'000).size(), 30'001 + rest.size());
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
+TEST(ModifyName, EndlessGrowthIsRecognisedEarly) {
+  FunctionEngine prefix([](const std::string& name) { return "x" + name; });
+  CountingMessages pending;
+  EXPECT_TRUE(IsLeftAlone(ModifyName("name", RegexRule("^", "x"), 100'000, prefix, pending), "name"));
+  EXPECT_EQ(prefix.calls, 64 + 4);
+  EXPECT_TRUE(IsLeftAlone(Modify("a", Rule("a", "ab"), 100'000), "a"));
+  EXPECT_TRUE(IsLeftAlone(ModifyWithLibrary("name", RegexRule("^", "x"), 100'000), "name"));
+}
+
+TEST(ModifyName, GrowthThatStaysWithinTheLimitIsExact) {
+  EXPECT_EQ(ModifyWithLibrary("name", RegexRule("^", "x"), 1000).name, std::string(1000, 'x') + "name");
+  EXPECT_EQ(Modified("name", Rule("n", "nn"), 10), std::string(1024, 'n') + "ame");
+}
+
+TEST(ModifyName, GrowthThatEndsByItselfIsExact) {
+  // A count in the pattern, and the name's own characters, can keep a name growing for a while.
+  EXPECT_EQ(ModifyWithLibrary("7", RegexRule("^(.{1,199})$", "0$1"), 100'000).name, std::string(199, '0') + "7");
+  const std::string name = "a" + std::string(200, 'b');
+  EXPECT_EQ(Modified(name, Rule("ab", "bca"), 100'000), Repeat("bc", 200) + "a");
+  const OptionValues::Modify slow = Rule("ab", "bba");  // the finds run out after a thousand applications
+  EXPECT_TRUE(Modified("aaaaaaaaaab", slow, 100'000) == Repeat("b", 1024) + Repeat("a", 10));
+}
+
+TEST(ModifyName, ARegularExpressionThatExplodesIsLeftAlone) {
+  EXPECT_TRUE(IsLeftAlone(ModifyWithLibrary("abc", RegexRule(".", "$&$&$`$'"), 100), "abc"));
+  const std::string name(2000, 'a');
+  EXPECT_TRUE(IsLeftAlone(ModifyWithLibrary(name, RegexRule(".", "$`$'"), 1), name));
+}
+
+TEST(ModifyName, ManyNamesTakeNoTime) {
+  OptionValues::Modify rules;
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
+    rules.rules[i] = {1, std::string(1, static_cast<char>('a' + i)), std::string(1, static_cast<char>('A' + i))};
+  }
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 20'000; ++i) EXPECT_EQ(Modified("abcde track", rules, 100'000), "ABCDE trACk");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
+}  // namespace
+}  // namespace quillon
