@@ -35,7 +35,7 @@ fi
 
 cli=$top/build/linux/bin/quillon-cli
 say "quillon-cli list --all --subfolders $*"
-"$cli" list --all --subfolders "$@"
+"$cli" list --all --subfolders "$@" || say "Not every path gave files."
 say "quillon-cli rename --to-title --subfolders $*   (a dry run: nothing is renamed)"
 status=0
 "$cli" rename --to-title --subfolders "$@" || status=$?

@@ -14,8 +14,10 @@ mkdir -p "$prefix/include" "$prefix/done" "$work"
 apt_source() {
   local folder=$work/apt
   mkdir -p "$folder/lists/partial"
-  if [ -f /etc/apt/sources.list.d/debian.sources ]; then
-    sed 's/^Types: deb$/Types: deb-src/' /etc/apt/sources.list.d/debian.sources >"$folder/debian.sources"
+  local sources
+  sources=$(ls /etc/apt/sources.list.d/debian.sources /etc/apt/sources.list.d/ubuntu.sources 2>/dev/null | head -n 1)
+  if [ -n "$sources" ]; then
+    sed 's/^Types: deb.*$/Types: deb-src/' "$sources" >"$folder/debian.sources"
     set -- "-oDir::Etc::sourcelist=$folder/debian.sources" "$@"
   else
     sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$folder/debian.list"

@@ -1,9 +1,9 @@
 #include <utility>
 
-#include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Json.h"
 #include "cli/Output.h"
+#include "cli/Table.h"
 #include "filelist/paths/basFileControl.h"
 #include "media/FileInformation.h"
 #include "media/MediaInfo.h"
@@ -98,7 +98,7 @@ void AddRow(Json& object, const std::string& path) {
 void WriteFields(const Json& object, Output& output) {
   for (const auto& [name, value] : object.items()) {
     const bool text = value.is_string();
-    output.Line(name + ": " + (text ? WithReplacementCharacters(value.get_ref<const std::string&>()) : value.dump()));
+    output.Line(name + ": " + (text ? OnOneLine(value.get_ref<const std::string&>()) : value.dump()));
   }
   output.Line("");
 }

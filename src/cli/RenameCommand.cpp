@@ -1,9 +1,9 @@
 #include <utility>
 
-#include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Json.h"
 #include "cli/Output.h"
+#include "cli/Table.h"
 #include "filelist/paths/basFileControl.h"
 #include "platform/Program.h"
 #include "rename/ModifyRenameNames.h"
@@ -29,7 +29,7 @@ class Reporter final : public BatchObserver {
     if (arguments_.json) {
       output_.Line(OneLine(Renamed(from, to)));
     } else if (!arguments_.apply) {
-      output_.Line(WithReplacementCharacters(from) + " -> " + WithReplacementCharacters(to));
+      output_.Line(OnOneLine(from) + " -> " + OnOneLine(to));
     }
   }
 
@@ -40,7 +40,7 @@ class Reporter final : public BatchObserver {
       object["reason"] = ApplyReason(failure.code);
       output_.Line(OneLine(object));
     } else {
-      output_.Line(WithReplacementCharacters(row.location) + ": " + ApplyReason(failure.code));
+      output_.Line(OnOneLine(row.location) + ": " + ApplyReason(failure.code));
     }
   }
 
@@ -77,7 +77,8 @@ void WriteSummary(const BatchOutcome& outcome, bool json, Output& output) {
 void EditNames(const RenameArguments& arguments, Session& session, RenameEngine& engine) {
   RegexLibrary regex;
   if (arguments.toTitle) {
-    TitleRename(session.list, session.options, session.mode, engine, regex, session.console, session.console)
+    TitleRename(session.list, session.options, session.mode, engine, regex, session.console, session.console,
+                session.console)
         .RenameToTitles(true);
   }
   if (arguments.modify) {

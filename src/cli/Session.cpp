@@ -10,7 +10,7 @@ namespace quillon::cli {
 namespace {
 
 // A message's lines, joined into one.
-std::string OnOneLine(std::string text) {
+std::string WithoutLineBreaks(std::string text) {
   for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n")) text.replace(at, 2, " ");
   return text;
 }
@@ -21,7 +21,7 @@ bool Console::Show(const Message& message) {
   // A question would have nobody to answer it; the first line says what happened.
   const bool question = message.buttons != MessageButtons::kOk;
   const std::string text = question ? message.text.substr(0, message.text.find("\r\n")) : message.text;
-  Complain(message.caption + ": " + OnOneLine(text));
+  Complain(message.caption + ": " + WithoutLineBreaks(text));
   return false;
 }
 
@@ -59,7 +59,8 @@ std::optional<OptionValues> LoadSettings(const std::string& path) {
   Result<OptionValues, SettingsError> options = ReadOptionValues(file);
   if (options) return std::move(*options);
   const SettingsError& error = options.Failure();
-  Complain(OnOneLine(InitialisationError().text) + " ([" + error.section + "] " + error.key + "=" + error.text + ")");
+  Complain(WithoutLineBreaks(InitialisationError().text) + " ([" + error.section + "] " + error.key + "=" + error.text +
+           ")");
   return std::nullopt;
 }
 

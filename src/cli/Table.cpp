@@ -29,6 +29,10 @@ Cell MakeCell(const std::string& text) {
 
 }  // namespace
 
+std::string OnOneLine(const std::string& text) {
+  return MakeCell(text).text;
+}
+
 void WriteTable(const std::vector<std::vector<std::string>>& rows, Output& output) {
   std::vector<std::size_t> widths;
   for (const std::vector<std::string>& row : rows) {

@@ -7,8 +7,11 @@
 
 namespace quillon::cli {
 
-/// Writes rows with their columns aligned, two blanks between them; a full-width character counts as two cells. Control
-/// characters and invalid bytes, which would spoil the lines, appear as U+FFFD. The last column is not padded.
+/// The text on one line: control characters and invalid bytes appear as U+FFFD.
+[[nodiscard]] std::string OnOneLine(const std::string& text);
+
+/// Writes rows with their columns aligned, two blanks between them; a full-width character counts as two cells. The
+/// last column is not padded.
 void WriteTable(const std::vector<std::vector<std::string>>& rows, Output& output);
 
 }  // namespace quillon::cli

@@ -23,7 +23,20 @@ struct Arguments {
   ModifyArguments modify;
   RenameArguments rename;
   std::size_t listCount = 0;
+  std::string readerName;
 };
+
+const std::map<std::string, Reader> kReaders = {{"midi", Reader::kMidi},
+                                                {"id3v1", Reader::kId3v1},
+                                                {"id3v2", Reader::kId3v2},
+                                                {"riff", Reader::kRiff},
+                                                {"html", Reader::kHtml}};
+
+std::vector<std::string> Names(const std::map<std::string, Reader>& readers) {
+  std::vector<std::string> names;
+  for (const auto& [name, reader] : readers) names.push_back(name);
+  return names;
+}
 
 void AddList(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("list", "Show the files' names, titles, artists, types and sizes");
@@ -32,16 +45,10 @@ void AddList(CLI::App& app, Arguments& arguments) {
 }
 
 void AddInfo(CLI::App& app, Arguments& arguments) {
-  static const std::map<std::string, Reader> kReaders = {{"midi", Reader::kMidi},
-                                                         {"id3v1", Reader::kId3v1},
-                                                         {"id3v2", Reader::kId3v2},
-                                                         {"riff", Reader::kRiff},
-                                                         {"html", Reader::kHtml}};
   CLI::App* command = app.add_subcommand("info", "Show what is known of each file");
   command->add_flag("--json", arguments.info.json, "One JSON object per line");
-  command
-      ->add_option("--reader", arguments.info.reader, "Show the record of this reader: midi, id3v1, id3v2, riff, html")
-      ->transform(CLI::CheckedTransformer(kReaders));
+  command->add_option("--reader", arguments.readerName, "Show the record of this reader")
+      ->check(CLI::IsMember(Names(kReaders)));
   command->add_option("FILE", arguments.info.paths, "Files")->required();
 }
 
@@ -67,7 +74,10 @@ int Run(CLI::App& app, Arguments& arguments) {
     arguments.list.selection.ownExtensions = app.get_subcommand("list")->count("--ext") > 0;
     return RunList(arguments.list);
   }
-  if (app.got_subcommand("info")) return RunInfo(arguments.info);
+  if (app.got_subcommand("info")) {
+    if (!arguments.readerName.empty()) arguments.info.reader = kReaders.at(arguments.readerName);
+    return RunInfo(arguments.info);
+  }
   if (app.got_subcommand("modify")) {
     if (app.get_subcommand("modify")->count("--list-count") > 0) arguments.modify.listCount = arguments.listCount;
     return RunModify(arguments.modify);

@@ -82,8 +82,6 @@ void FileList::Unregister(FileItem& item) {
 void FileList::Add(FileItem item) {
   rows_.push_back(std::make_unique<FileItem>(std::move(item)));
   Register(*rows_.back());
-  if (firstSelected_ && selectedCount_ == 1) firstSelected_.reset();
-  if (firstChecked_ && checkedCount_ == 1) firstChecked_.reset();
   if (quiet_ == 0 && observer_ != nullptr) observer_->RowsChanged();
 }
 

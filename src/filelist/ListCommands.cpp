@@ -1,5 +1,8 @@
 #include "filelist/ListCommands.h"
 
+#include <string>
+#include <vector>
+
 namespace quillon {
 
 ListCommands::ListCommands(FileList& list, const OptionValues& options, ApplyMode& mode, Ports ports)
@@ -28,13 +31,14 @@ void ListCommands::mnuAllClear() {
 }
 
 void ListCommands::RemoveRows(const std::function<bool(int index, const FileItem&)>& unwanted) {
-  const int before = list_.Count();
+  std::vector<std::string> removed;
   list_.RemoveWhere([&](int index, const FileItem& row) {
     if (!unwanted(index, row)) return false;
-    ports_.player.ReleaseFile(row.location);
+    removed.push_back(row.location);
     return true;
   });
-  if (list_.Count() != before) ResetPanels();
+  for (const std::string& location : removed) ports_.player.ReleaseFile(location);
+  if (!removed.empty()) ResetPanels();
 }
 
 void ListCommands::ResetPanels() {

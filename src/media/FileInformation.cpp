@@ -71,12 +71,9 @@ MediaRecord ReadRecord(ByteSource& file, std::string_view type) {
   if (type != "MP3") return std::monostate();
   BlockReader reader(file);
   switch (DetectTagKind(reader)) {
-    case tag_kind::kId3v1:
-      return ReadId3v1(reader);
-    case tag_kind::kId3v2:
-      return ReadId3v2(reader);
-    default:
-      return ReadRiffInfo(reader);
+    case tag_kind::kId3v1: return ReadId3v1(reader);
+    case tag_kind::kId3v2: return ReadId3v2(reader);
+    default: return ReadRiffInfo(reader);
   }
 }
 

@@ -120,37 +120,26 @@ constexpr std::uint32_t Id(std::string_view letters) {
 std::string* TextField(Id3v2Info& info, std::uint32_t id) {
   switch (id) {
     case Id("TALB"):
-    case Id("TAL"):
-      return &info.album;
+    case Id("TAL"): return &info.album;
     case Id("TCON"):
-    case Id("TCO"):
-      return &info.genre;
+    case Id("TCO"): return &info.genre;
     case Id("TIT1"):
-    case Id("TT1"):
-      return &info.contentGroup;
+    case Id("TT1"): return &info.contentGroup;
     case Id("TIT2"):
-    case Id("TT2"):
-      return &info.title;
+    case Id("TT2"): return &info.title;
     case Id("TIT3"):
-    case Id("TT3"):
-      return &info.subtitle;
+    case Id("TT3"): return &info.subtitle;
     case Id("TPE1"):
-    case Id("TP1"):
-      return &info.artist;
+    case Id("TP1"): return &info.artist;
     case Id("TPE2"):
-    case Id("TP2"):
-      return &info.band;
+    case Id("TP2"): return &info.band;
     case Id("TPE3"):
-    case Id("TP3"):
-      return &info.conductor;
+    case Id("TP3"): return &info.conductor;
     case Id("TPE4"):
-    case Id("TP4"):
-      return &info.remixer;
+    case Id("TP4"): return &info.remixer;
     case Id("TRCK"):
-    case Id("TRK"):
-      return &info.track;
-    default:
-      return nullptr;
+    case Id("TRK"): return &info.track;
+    default: return nullptr;
   }
 }
 
@@ -208,6 +197,7 @@ void ReadComment(std::string_view data, Id3v2Info& info) {
 }
 
 void ReadFrameData(BlockReader& file, const Frame& frame, TagFields wanted, Id3v2Info& info) {
+  if (frame.isPadding) return;  // a zero byte is part of no identifier
   std::string* const field = TextField(info, frame.id);
   if (wanted == TagFields::kTitleAndArtist && field != &info.title && field != &info.artist) return;
   if (field != nullptr) {

@@ -58,10 +58,12 @@ class FileReads {
   virtual ~FileReads() = default;
 
   /// The folder's entries without "." and "..", sorted by name ignoring case (upper-case code points, then bytes).
-  /// Entries that are neither file nor folder (pipes, sockets, devices) and links that lead nowhere are left out.
+  /// Entries that are neither file nor folder (pipes, sockets, devices) and links that lead nowhere are left out. A
+  /// folder that is not there, or is none, is out of reach (52).
   virtual Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) = 0;
 
-  /// The folder's path with every link in it resolved; empty when it cannot be reached.
+  /// The folder's path with every link in it resolved, without a trailing separator except for a root; empty when it
+  /// cannot be reached.
   virtual std::string RealPath(const std::string& folder) = 0;
 
   /// Opens a regular file for reading without keeping anyone else out; null when that fails.
@@ -81,14 +83,16 @@ class FileChanges {
   virtual ~FileChanges() = default;
 
   /// Renames within one folder. A rename to the file's own current name succeeds and touches nothing; one that changes
-  /// letter case only is carried out on file systems that ignore case, too.
+  /// letter case only is carried out on file systems that ignore case, too. Two hard links are two files. On Windows
+  /// dots and blanks at the end of the new name are dropped, as everywhere there.
   virtual FileOutcome Rename(const std::string& from, const std::string& to) = 0;
 
   /// Moves to another folder under the given full path; to another volume by copying, flushing, publishing without
-  /// replacing, then deleting the source. Times and permissions are kept.
+  /// replacing, then deleting the source. Times and permissions are kept as far as the target volume knows them. A link
+  /// is moved itself. A folder is not moved to another volume.
   virtual FileOutcome Move(const std::string& from, const std::string& to) = 0;
 
-  /// Deletes for good. Never a folder.
+  /// Deletes for good. Never a folder (75). A link is deleted itself.
   virtual FileOutcome Remove(const std::string& path) = 0;
 
   /// Moves the file to the desktop's recycle bin, the system's own confirmation shown over `ownerWindow` (the native
@@ -106,7 +110,8 @@ class FileChanges {
 [[nodiscard]] std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path);
 
 /// `path` as a full path: relative ones start at the current folder; "." and doubled separators are dropped, ".." is
-/// resolved through the real folder. Does not need to exist. Links in the path stay as they are.
+/// resolved through the real folder (on Windows as text, as the system does). Does not need to exist. Links in the path
+/// stay as they are, and so does a trailing separator. An empty path stays empty.
 [[nodiscard]] std::string FullPath(const std::string& path);
 
 /// The folder where the desktop keeps this user's deleted files, with a trailing separator; empty where there is none

@@ -12,7 +12,13 @@ bool IsOneEntry(EntryChanges& changes, const std::string& from, const std::strin
   const std::string fromFolder(SplitPath(from, style).folder);
   const std::string toFolder(SplitPath(to, style).folder);
   return changes.SameFile(from, to) && (fromFolder == toFolder || changes.SameFile(fromFolder, toFolder)) &&
-         changes.ListedName(from) == changes.ListedName(to);
+         (changes.HasOneName(from) || changes.ListedName(from) == changes.ListedName(to));
+}
+
+// True when the folder is seen to list the file under exactly this name. A file with one name is not looked for: going
+// through a temporary name is right in any case, and reading a large folder for each of its files would take ages.
+bool IsListedAs(EntryChanges& changes, const std::string& path, PathStyle style) {
+  return !changes.HasOneName(path) && changes.ListedName(path) == SplitPath(path, style).name;
 }
 
 // Puts the file back under its old name. Where even that fails, the caller must learn where the file is now.
@@ -41,7 +47,7 @@ FileOutcome RenameInTwoSteps(EntryChanges& changes, const std::string& from, con
 // The system reported success, but names that differ in letter case alone may be one to it.
 FileOutcome EnsureLetterCase(EntryChanges& changes, const std::string& from, const std::string& to, PathStyle style) {
   const bool oldNameIsGone = changes.Look(from).has_value();
-  if (oldNameIsGone || changes.ListedName(to) == SplitPath(to, style).name) return std::nullopt;
+  if (oldNameIsGone || IsListedAs(changes, to, style)) return std::nullopt;
   return RenameInTwoSteps(changes, from, to, style);
 }
 
@@ -55,7 +61,7 @@ FileOutcome RenameEntry(EntryChanges& changes, const std::string& from, const st
   if (!EqualIgnoringCase(oldName, newName)) return outcome;
   if (!outcome) return oldName == newName ? outcome : EnsureLetterCase(changes, from, to, style);
   if (outcome->number != file_error::kAlreadyExists || !IsOneEntry(changes, from, to, style)) return outcome;
-  if (changes.ListedName(to) == newName) return std::nullopt;
+  if (IsListedAs(changes, to, style)) return std::nullopt;
   return RenameInTwoSteps(changes, from, to, style);
 }
 

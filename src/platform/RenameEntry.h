@@ -21,6 +21,10 @@ class EntryChanges {
   /// True when both paths lead to one existing file, be it by one name or by two.
   virtual bool SameFile(const std::string& left, const std::string& right) = 0;
 
+  /// True when the file surely has no other name (a link count of one), which spares reading its folder. False when
+  /// that is not known or the listed name is as quick to ask for.
+  virtual bool HasOneName(const std::string& path) = 0;
+
   /// The name under which the folder lists what this path leads to; empty when it leads nowhere.
   virtual std::string ListedName(const std::string& path) = 0;
 };

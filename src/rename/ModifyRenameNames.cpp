@@ -6,7 +6,6 @@
 #include "rename/ModifyName.h"
 
 namespace quillon {
-namespace {
 
 void TellLeftAlone(int count, MessageBoxes& boxes) {
   if (count == 0) return;
@@ -16,8 +15,6 @@ void TellLeftAlone(int count, MessageBoxes& boxes) {
                   "置換する文字列に、検索する文字列や不正な文字が含まれていないか確認してください",
               MessageIcon::kExclamation});
 }
-
-}  // namespace
 
 ModifyOutcome ModifyRenameNames(FileList& list, const OptionValues& options, const ApplyMode& mode,
                                 RenameEngine& engine, const ModifyPorts& ports, bool allItems,

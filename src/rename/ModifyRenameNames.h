@@ -19,6 +19,9 @@ struct ModifyPorts {
   MessageBoxes& boxes;
 };
 
+/// Says how many names a rule would have made endless, or longer than any name may be; nothing for 0.
+void TellLeftAlone(int count, MessageBoxes& boxes);
+
 struct ModifyOutcome {
   int leftAlone = 0;     ///< names that a rule would have made endless and that stay as they were
   bool stopped = false;  ///< auto-apply mode: a row could not be applied

@@ -1,7 +1,5 @@
 #include "rename/PlannedChanges.h"
 
-#include <algorithm>
-
 #include "base/Text.h"
 #include "filelist/paths/basFileControl.h"
 
@@ -18,11 +16,18 @@ Result<bool, FileError> PlannedChanges::Exists(const std::string& path) {
 // One entry under two spellings, in contrast to two links to one file, which their folder lists both.
 bool PlannedChanges::IsOneEntry(const std::string& left, const std::string& right) {
   if (!EqualIgnoringCase(left, right) || !files_.SameFile(left, right)) return false;
-  const auto entries = files_.ReadFolder(std::string(FolderPart(left)));
-  if (!entries) return true;
-  return std::count_if(entries->begin(), entries->end(), [&](const FolderEntry& entry) {
-           return entry.name == FileName(left) || entry.name == FileName(right);
-         }) < 2;
+  ListFolder(std::string(FolderPart(left)));
+  return !listed_.contains(std::string(FileName(left))) || !listed_.contains(std::string(FileName(right)));
+}
+
+// The disk stays as it is while renames are planned: neighbours need one listing.
+void PlannedChanges::ListFolder(const std::string& folder) {
+  if (folder == listedFolder_) return;
+  listedFolder_ = folder;
+  listed_.clear();
+  const Result<std::vector<FolderEntry>, FileError> entries = files_.ReadFolder(folder);
+  if (!entries) return;
+  for (const FolderEntry& entry : *entries) listed_.insert(entry.name);
 }
 
 FileOutcome PlannedChanges::Rename(const std::string& from, const std::string& to) {

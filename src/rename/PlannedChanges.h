@@ -23,7 +23,11 @@ class PlannedChanges final : public FileChanges {
   Result<bool, FileError> Exists(const std::string& path);
   bool IsOneEntry(const std::string& left, const std::string& right);
 
+  void ListFolder(const std::string& folder);
+
   FileReads& files_;
+  std::string listedFolder_;  ///< whose names are in `listed_`
+  std::unordered_set<std::string> listed_;
   std::unordered_set<std::string> taken_;
   std::unordered_set<std::string> freed_;
 };

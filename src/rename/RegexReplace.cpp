@@ -77,12 +77,13 @@ std::optional<std::string> RegexReplace(std::string_view target, std::string_vie
   const std::optional<std::string> ansiTarget = Utf8ToAnsi(target);
   const std::optional<std::string> ansiCommand =
       ansiTarget ? Utf8ToAnsi(Command(pattern, replacement, flags)) : std::nullopt;
-  if (!ansiCommand) {
-    return NameFromAnswer(engine.Replace(Command(pattern, replacement, Utf8Flags(flags)), target));
+  if (ansiCommand) {
+    std::optional<std::string> answer = engine.Replace(*ansiCommand, *ansiTarget);
+    if (!answer) return std::nullopt;
+    if (std::optional<std::string> name = NameFromAnswer(AnsiToUtf8(*answer))) return name;
+    // An error, then: perhaps only because code page 932 cannot hold the result ("\x{e9}").
   }
-  std::optional<std::string> answer = engine.Replace(*ansiCommand, *ansiTarget);
-  if (answer) answer = AnsiToUtf8(*answer);
-  return NameFromAnswer(std::move(answer));
+  return NameFromAnswer(engine.Replace(Command(pattern, replacement, Utf8Flags(flags)), target));
 }
 
 }  // namespace quillon

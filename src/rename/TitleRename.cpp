@@ -1,21 +1,33 @@
 #include "rename/TitleRename.h"
 
+#include <utility>
+
 #include "filelist/paths/basFileControl.h"
 #include "rename/ModifyName.h"
+#include "rename/ModifyRenameNames.h"
 
 namespace quillon {
 
 TitleRename::TitleRename(FileList& list, const OptionValues& options, const ApplyMode& mode, RenameEngine& engine,
-                         RegexEngine& regex, PendingMessages& pending, WindowState& window)
-    : list_(list), options_(options), mode_(mode), engine_(engine), regex_(regex), pending_(pending), window_(window) {}
+                         RegexEngine& regex, PendingMessages& pending, WindowState& window, MessageBoxes& boxes)
+    : list_(list),
+      options_(options),
+      mode_(mode),
+      engine_(engine),
+      regex_(regex),
+      pending_(pending),
+      window_(window),
+      boxes_(boxes) {}
 
 void TitleRename::RenameToTitles(bool allItems) {
   window_.SetPointer(Pointer::kBusyArrow);
+  leftAlone_ = 0;
   for (int index = 1; index <= list_.Count(); ++index) {
     if (!allItems && !list_.Row(index).checked) continue;
     if (!RenameRow(index)) break;
   }
   window_.SetPointer(Pointer::kNormal);
+  TellLeftAlone(leftAlone_, boxes_);
 }
 
 // False when the run is to end.
@@ -41,7 +53,10 @@ bool TitleRename::RenameRow(int index) {
 
 std::string TitleRename::NewName(const FileItem& row) {
   if (options_.rename.renameModify != 1) return row.title;
-  return ModifyName(row.title, options_.modify, static_cast<std::size_t>(list_.Count()), regex_, pending_).name;
+  ModifyResult result =
+      ModifyName(row.title, options_.modify, static_cast<std::size_t>(list_.Count()), regex_, pending_);
+  if (result.leftAlone) ++leftAlone_;
+  return std::move(result.name);
 }
 
 }  // namespace quillon

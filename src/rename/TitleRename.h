@@ -12,11 +12,12 @@ namespace quillon {
 
 /// Sets rename names to titles, for all rows or the checked ones. Rows without a title are skipped as the options say;
 /// with `Rename`/`RenameModify` the title passes through the modification rules first. In auto-apply mode each row is
-/// applied at once and the first failure ends the run, that row's rename name as it was.
+/// applied at once and the first failure ends the run, that row's rename name as it was. Titles that the rules left
+/// alone are told once, at the end.
 class TitleRename {
  public:
   TitleRename(FileList& list, const OptionValues& options, const ApplyMode& mode, RenameEngine& engine,
-              RegexEngine& regex, PendingMessages& pending, WindowState& window);
+              RegexEngine& regex, PendingMessages& pending, WindowState& window, MessageBoxes& boxes);
 
   void RenameToTitles(bool allItems);
 
@@ -31,6 +32,8 @@ class TitleRename {
   RegexEngine& regex_;
   PendingMessages& pending_;
   WindowState& window_;
+  MessageBoxes& boxes_;
+  int leftAlone_ = 0;  // of the running batch
 };
 
 }  // namespace quillon

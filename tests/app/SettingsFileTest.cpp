@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "app/settings/Settings.h"
 #include "app/settings/SettingsFile.h"
@@ -69,6 +70,44 @@ TEST(ResetSettings, LeavesEverythingElse) {
   ResetSettings(folder.At("Quillon.ini"));
   EXPECT_TRUE(folder.Exists("Quillon.ini")) << "a folder is not deleted";
   EXPECT_TRUE(folder.Exists("Quillon.ini.bak"));
+}
+
+class AnsweringBoxes final : public MessageBoxes {
+ public:
+  explicit AnsweringBoxes(bool answer) : answer_(answer) {}
+  bool Show(const Message& message) override {
+    shown.push_back(message);
+    return answer_;
+  }
+  std::vector<Message> shown;
+
+ private:
+  bool answer_;
+};
+
+TEST(mnuOptionDefaultExit, AsksAndDeletesTheFileOnYesOnly) {
+  const test::TempFolder folder;
+  const std::string path = folder.Write("Quillon.ini", "[Player]\r\nRepeat=1\r\n");
+  AnsweringBoxes no(false);
+  EXPECT_FALSE(mnuOptionDefaultExit(path, {}, no));
+  EXPECT_TRUE(folder.Exists("Quillon.ini"));
+  ASSERT_EQ(no.shown.size(), 1U);
+  EXPECT_EQ(no.shown[0], (Message{"設定をデフォルトに戻して終了", "設定をすべてデフォルトに戻して終了します",
+                                  MessageIcon::kQuestion, MessageButtons::kYesNo}));
+  AnsweringBoxes yes(true);
+  EXPECT_TRUE(mnuOptionDefaultExit(path, {}, yes));
+  EXPECT_FALSE(folder.Exists("Quillon.ini"));
+}
+
+TEST(mnuOptionDefaultExit, DoesNotAskWhenConfirmationsAreOff) {
+  const test::TempFolder folder;
+  const std::string path = folder.Write("Quillon.ini", "[System]\r\nMsgbox=1\r\n");
+  OptionValues options;
+  options.system.msgbox = 1;
+  AnsweringBoxes boxes(false);
+  EXPECT_TRUE(mnuOptionDefaultExit(path, options, boxes));
+  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_FALSE(folder.Exists("Quillon.ini"));
 }
 
 }  // namespace

@@ -366,6 +366,7 @@ TEST(CliUsageTest, WrongUsageIsStatusTwoWithAWordAboutIt) {
                                              {"unknown"},
                                              {"list", "--unknown", folder.Path()},
                                              {"info", "--reader", "ogg", folder.Path()},
+                                             {"info", "--reader", "5", folder.Path()},
                                              {"modify"},
                                              {"list", "--all", "--ext", "mid", folder.Path()},
                                              {"modify", "--settings", "x", "--list-count", "-1"}};

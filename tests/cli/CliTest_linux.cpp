@@ -32,6 +32,13 @@ TEST(CliBytesTest, ANameThatIsNotUtf8IsListedWithItsBytesAndRenamedWithoutDamage
   EXPECT_TRUE(folder.Exists("Song.mp3"));
 }
 
+TEST(CliBytesTest, EachFileHasOneLineWhateverItsTitleHolds) {
+  const TempFolder folder;
+  folder.Write("1.mp3", Mp3Audio(2) + Id3v1Trailer({.title = "one\ntwo"}));
+  EXPECT_EQ(RunProcess(QUILLON_CLI, {"rename", "--to-title", folder.Path()}).output,
+            folder.At("1.mp3") + " -> " + folder.At("one\uFFFDtwo.mp3") + "\n");
+}
+
 TEST(CliPipeTest, AClosedPipeEndsTheProgramQuietly) {
   const TempFolder folder;
   for (int i = 0; i < 2000; ++i) folder.Write("a long enough file name " + std::to_string(i) + ".wav");

@@ -83,6 +83,27 @@ TEST(mnuThisListDel, LeavesThePlayerAloneWhenAnotherFileLeaves) {
   EXPECT_EQ(f.ports.player.loaded, "/f/b");
 }
 
+// A player looks at the list when it lets go of a file: the rows must be whole then.
+TEST(mnuUnChkListRem, LetsThePlayerSeeTheListAsItIsAfterTheRemoval) {
+  Fixture f({"a", "b", "c"});
+  f.list.SetChecked(3, true);
+  struct LookingPlayer final : PlayerControl {
+    explicit LookingPlayer(const FileList& seen) : list(seen) {}
+    void ReleaseFile(const std::string& path) override { released.push_back(path + " of " + Rows()); }
+    void Stop() override {}
+    std::string Rows() const {
+      std::string rows;
+      for (int index = 1; index <= list.Count(); ++index) rows += list.Row(index).location;
+      return rows;
+    }
+    const FileList& list;
+    Texts released;
+  } player(f.list);
+  ListCommands commands(f.list, f.options, f.mode, {f.ports.boxes, f.ports.panels, f.ports.filePanel, player});
+  commands.mnuUnChkListRem();
+  EXPECT_EQ(player.released, Texts({"/f/a of /f/c", "/f/b of /f/c"}));
+}
+
 TEST(mnuUnChkListRem, LeavesAListWhoseRowsAreAllCheckedUnchanged) {
   Fixture f({"a", "b"});
   f.list.CheckAll();

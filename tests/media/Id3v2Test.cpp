@@ -386,5 +386,11 @@ TEST(Id3v2, ReadsByPath) {
   EXPECT_EQ(ReadId3v2(folder.At("none.mp3")), Id3v2Info());
 }
 
+TEST(Id3v2, AnIdentifierThatBeginsWithAZeroByteIsNone) {
+  using namespace std::string_literals;
+  MemorySource file(Id3v2Tag({.frames = {{"\0TT2"s, AnsiText("no title")}}}));
+  EXPECT_EQ(ReadId3v2(file).title, "");
+}
+
 }  // namespace
 }  // namespace quillon

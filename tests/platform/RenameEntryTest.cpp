@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
@@ -67,6 +68,15 @@ class Volume final : public EntryChanges {
     const auto other = Find(right);
     return one != entries_.end() && other != entries_.end() && one->second == other->second;
   }
+
+  bool HasOneName(const std::string& path) override {
+    const auto found = Find(path);
+    if (!countsNames || found == entries_.end()) return false;
+    return std::count_if(entries_.begin(), entries_.end(),
+                         [&](const auto& entry) { return entry.second == found->second; }) == 1;
+  }
+
+  bool countsNames = false;  ///< whether the volume knows how many names a file has
 
   std::string ListedName(const std::string& path) override {
     ++listings_;
@@ -168,6 +178,18 @@ TEST(RenameEntry, HardLinksThatDifferInCaseAreTwoEntries) {
   EXPECT_EQ(NumberOf(Rename(volume, "song", "SONG")), file_error::kAlreadyExists);
   EXPECT_THAT(volume.Names(), ElementsAre("SONG", "song"));
   EXPECT_EQ(volume.Renames(), 1);
+}
+
+TEST(RenameEntry, AFileWithOneNameChangesItsCaseWithoutReadingTheFolder) {
+  for (const CaseChange caseChange : {CaseChange::kDone, CaseChange::kRefused, CaseChange::kPretended}) {
+    Volume volume(caseChange);
+    volume.countsNames = true;
+    volume.Add("song", 1);
+    volume.Add("other", 2);
+    EXPECT_EQ(Rename(volume, "song", "SONG"), std::nullopt);
+    EXPECT_THAT(volume.Names(), ElementsAre("SONG", "other"));
+    EXPECT_EQ(volume.Listings(), 0);
+  }
 }
 
 TEST(RenameEntry, NeighboursThatDifferInCaseAreTwoEntriesWithoutReadingTheFolder) {

@@ -106,6 +106,7 @@ std::vector<BatchCase> BatchCases() {
       {"the source is missing and keeps its name", {}, {"a.mid"}, {"a"}, {5}, {}},
       {"the source was taken by an earlier row", {"a.mid"}, {"a.mid", "a.mid"}, {"x", "y"}, {0, 5}, {}},
       {"too long a name", {"a.mid"}, {"a.mid"}, {std::string(300, 'x')}, {5}, {}},
+      {"a control character", {"a.mid"}, {"a.mid"}, {"x\ty"}, {0}, {5}},
       {"nothing left of the name", {"readme"}, {"readme"}, {". ."}, {5}, {}},
       {"no name and an invalid one", {"a.mid", "b.mid"}, {"a.mid", "b.mid"}, {" ", "a?"}, {1, 2}, {}},
   };

@@ -103,6 +103,15 @@ TEST(RegexReplace, RecognisesErrorTexts) {
   }
 }
 
+TEST(RegexReplace, AnErrorInCodePage932IsTriedAgainInUtf8) {
+  struct Engine final : RegexEngine {
+    std::optional<std::string> Replace(std::string_view command, std::string_view) override {
+      return command.ends_with("gu") ? "é" : "invalid target parameter";
+    }
+  } engine;
+  EXPECT_EQ(RegexReplace("b", "b", "\\x{e9}", "gk", engine), "é");
+}
+
 TEST(RegexReplace, WithoutAnEngineThereIsNoAnswer) {
   RecordingEngine engine(std::nullopt);
   EXPECT_EQ(RegexReplace("a", "a", "b", "gk", engine), std::nullopt);

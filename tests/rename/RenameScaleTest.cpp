@@ -69,8 +69,8 @@ TEST(RenameScale, NoBatchIsQuadratic) {
        [](LongList& all) {
          all.options.rename.renameModify = 1;
          all.options.modify.rules[0] = {1, "title", "song"};
-         TitleRename titles(all.list, all.options, all.mode, all.engine, all.regex, all.ports.pending,
-                            all.ports.window);
+         TitleRename titles(all.list, all.options, all.mode, all.engine, all.regex, all.ports.pending, all.ports.window,
+                            all.ports.boxes);
          titles.RenameToTitles(true);
          EXPECT_EQ(all.list.Row(1).renameName, "song 1");
        }},

@@ -22,7 +22,7 @@ struct NoRegex final : RegexEngine {
 
 struct Fixture : RenameFixture {
   NoRegex regex;
-  TitleRename titles{list, options, mode, engine, regex, ports.pending, ports.window};
+  TitleRename titles{list, options, mode, engine, regex, ports.pending, ports.window, ports.boxes};
 
   /// One file for each title: "1.mid", "2.mid" and so on.
   explicit Fixture(const Texts& rowTitles) : RenameFixture(FileNames(rowTitles.size())) {
@@ -67,6 +67,19 @@ TEST(TitleRename, SkipsRowsWithoutATitleWhenTheOptionSaysSo) {
   EXPECT_EQ(RenameNames(f.list), Texts({"", "   ", "---", " --- ", "--", "\u3000"}));
 }
 
+TEST(TitleRename, TellsOnceOfTitlesThatARuleWouldMakeEndless) {
+  Fixture f(Texts(40, "aaa"));
+  f.options.rename.renameModify = 1;
+  f.options.modify.rules[0] = {1, "a", "aa"};
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(RenameNames(f.list), Texts(40, "aaa"));
+  int told = 0;
+  for (const std::string& event : f.ports.log.Events()) {
+    if (event.find("box [リネーム名の編集] 40 個のリネーム名は") == 0) ++told;
+  }
+  EXPECT_EQ(told, 1);
+}
+
 TEST(TitleRename, ChecksSkippedRowsWhenTheOptionSaysSo) {
   Fixture f({"one", "", "---"});
   f.options.rename.renameErrChk = 1;
@@ -109,6 +122,25 @@ TEST(TitleRename, AppliesARuleAsOftenAsTheListHasRows) {
   f.list.SetChecked(1, true);
   f.titles.RenameToTitles(false);
   EXPECT_EQ(RenameNames(f.list), Texts({"aaaaaaaa", "2", "3"}));
+}
+
+TEST(TitleRename, TitlesThatARuleWouldMakeEndlessAreToldOnceAtTheEnd) {
+  Fixture f({"x:y", "fine", "p?q"});
+  f.options.rename.renameModify = 1;
+  f.options.modify.reviceFlag = 1;
+  f.options.modify.reviceText = "<:>";
+  for (int run = 0; run < 2; ++run) {
+    f.ports.log.Clear();
+    f.titles.RenameToTitles(true);
+    EXPECT_EQ(RenameNames(f.list), Texts({"x:y", "fine", "p?q"}));
+    EXPECT_EQ(
+        f.ports.log.Events(),
+        Texts(
+            {"pointer busy arrow", "pointer normal",
+             "box [リネーム名の編集] 2 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした"
+             "\\r\\n置換する文字列に、検索する文字列や不正な文字が含まれていないか確認してください (exclamation, ok)"}))
+        << "a second run counts anew";
+  }
 }
 
 TEST(TitleRenameAutoApply, WritesEachNameToTheDiskAtOnce) {

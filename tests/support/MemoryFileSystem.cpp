@@ -95,6 +95,8 @@ class MemoryFileSystem::Entries final : public EntryChanges {
     return node && node == files_.Walk(right, EndsAsFolder(right));
   }
 
+  bool HasOneName(const std::string&) override { return false; }
+
   std::string ListedName(const std::string& path) override {
     const Place place = files_.PlaceOf(path);
     if (!place.folder) return {};
@@ -301,12 +303,9 @@ Result<FileStatus, FileError> MemoryFileSystem::Status(const std::string& path) 
   const NodePointer node = Walk(path, true);
   if (!node) return FileStatus();
   switch (node->kind) {
-    case Node::Kind::kFile:
-      return FileStatus{FileStatus::Kind::kFile, node->bytes.size()};
-    case Node::Kind::kFolder:
-      return FileStatus{FileStatus::Kind::kFolder, 0};
-    default:
-      return FileStatus{FileStatus::Kind::kOther, 0};
+    case Node::Kind::kFile: return FileStatus{FileStatus::Kind::kFile, node->bytes.size()};
+    case Node::Kind::kFolder: return FileStatus{FileStatus::Kind::kFolder, 0};
+    default: return FileStatus{FileStatus::Kind::kOther, 0};
   }
 }
 

@@ -17,7 +17,8 @@ struct ApplyMode {
 /// What the mode panel reads.
 [[nodiscard]] const char* ApplyModeText(const ApplyMode& mode);
 
-/// Brings the mode in line with the setting, as after a reload and a list clear; says so when automatic mode begins.
+/// Brings the mode in line with the setting, as after a reload and a list clear; says so when it is automatic then. The
+/// option value is kept in step by whoever writes the setting.
 void RereadApplyMode(ApplyMode& mode, const OptionValues& options, MessageBoxes& boxes);
 
 }  // namespace quillon

@@ -24,6 +24,14 @@ std::string SettingsFilePath(const std::string& programFolder, const std::string
   return InFolder(InFolder(UserConfigurationFolder(), baseName), name);
 }
 
+bool mnuOptionDefaultExit(const std::string& path, const OptionValues& options, MessageBoxes& boxes) {
+  const bool confirmed = options.system.msgbox != 0 ||
+                         boxes.Show({"設定をデフォルトに戻して終了", "設定をすべてデフォルトに戻して終了します",
+                                     MessageIcon::kQuestion, MessageButtons::kYesNo});
+  if (confirmed) ResetSettings(path);
+  return confirmed;
+}
+
 void ResetSettings(const std::string& path) {
   // Failing is fine: what cannot be deleted is not there, or is not the program's to delete.
   const FileOutcome ignored = MakeFileChanges()->Remove(path);

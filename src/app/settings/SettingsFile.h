@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include "app/settings/OptionValues.h"
+#include "base/Ports.h"
+
 /// Where the settings file stands.
 namespace quillon {
 
@@ -9,6 +12,10 @@ namespace quillon {
 /// the base name inside the user's configuration folder. There is one file only: a file beside the program that cannot
 /// be replaced is not read. Fixed for the run; ask once.
 [[nodiscard]] std::string SettingsFilePath(const std::string& programFolder, const std::string& baseName);
+
+/// The command that resets the settings and quits: asks, unless confirmations are off, and deletes the file. True when
+/// the program is to end at once, without writing its settings.
+[[nodiscard]] bool mnuOptionDefaultExit(const std::string& path, const OptionValues& options, MessageBoxes& boxes);
 
 /// Deletes the file, so that the next start uses every default. A failure (no such file) does not matter.
 void ResetSettings(const std::string& path);

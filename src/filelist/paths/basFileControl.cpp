@@ -40,10 +40,8 @@ bool IsInvalidInName(char c) {
     case '?':
     case '\\':
     case '|':
-    case '\r':
-      return true;
-    default:
-      return false;
+    case '\r': return true;
+    default: return false;
   }
 }
 

@@ -54,6 +54,11 @@ class LinuxEntries final : public EntryChanges {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
   }
 
+  bool HasOneName(const std::string& path) override {
+    struct stat status = {};
+    return ::lstat(path.c_str(), &status) == 0 && status.st_nlink == 1;
+  }
+
   std::string ListedName(const std::string& path) override {
     const EntryPath split = SplitPath(path, PathStyle::kLinux);
     const std::string folder = split.folder.empty() ? "." : std::string(split.folder);
@@ -113,7 +118,7 @@ class LinuxFileChanges final : public FileChanges {
     return OutcomeOf(::unlink(path.c_str()) == 0 ? 0 : errno);
   }
 
-  int Recycle(const std::string& path, std::uintptr_t) override { return MoveToTrash(path); }
+  int Recycle(const std::string& path, std::uintptr_t) override { return MoveToTrash(path) ? 0 : kRecycleNotDone; }
 };
 
 }  // namespace

@@ -6,17 +6,12 @@
 
 namespace quillon {
 
-int MoveToTrash(const std::string& path) {
-  if (HoldsNul(path)) return kTrashErrorOffset + G_IO_ERROR_INVALID_FILENAME;
+bool MoveToTrash(const std::string& path) {
+  if (HoldsNul(path)) return false;
   GFile* file = g_file_new_for_path(path.c_str());
-  GError* error = nullptr;
-  int result = 0;
-  if (g_file_trash(file, nullptr, &error) == FALSE) {
-    result = kTrashErrorOffset + (error != nullptr ? error->code : G_IO_ERROR_FAILED);
-  }
-  g_clear_error(&error);
+  const bool moved = g_file_trash(file, nullptr, nullptr) != FALSE;
   g_object_unref(file);
-  return result;
+  return moved;
 }
 
 }  // namespace quillon

@@ -50,6 +50,8 @@ class WindowsEntries final : public EntryChanges {
     return MakeFileReads()->SameFile(left, right);
   }
 
+  bool HasOneName(const std::string&) override { return false; }
+
   std::string ListedName(const std::string& path) override {
     const std::optional<std::wstring> systemPath = SystemPath(path);
     if (!systemPath) return {};
@@ -135,7 +137,7 @@ class WindowsFileChanges final : public FileChanges {
   int Recycle(const std::string& path, std::uintptr_t ownerWindow) override {
     const std::optional<std::string> tidy = TidySystemPath(path);
     std::optional<std::wstring> source = tidy ? ToWide(*tidy) : std::nullopt;
-    if (!source) return ERROR_INVALID_NAME;
+    if (!source) return kRecycleNotDone;
     source->push_back(L'\0');  // a list of one, ended by an empty entry
     SHFILEOPSTRUCTW request = {};
     // The handle travels as a number, so that no header outside knows the type.
@@ -143,7 +145,9 @@ class WindowsFileChanges final : public FileChanges {
     request.wFunc = FO_DELETE;
     request.pFrom = source->c_str();
     request.fFlags = FOF_ALLOWUNDO;
-    return ::SHFileOperationW(&request);
+    const int result = ::SHFileOperationW(&request);
+    // A declined confirmation is no failure: the caller sees by itself that the file is still there.
+    return request.fAnyOperationsAborted != FALSE || result == ERROR_CANCELLED ? 0 : result;
   }
 
  private:

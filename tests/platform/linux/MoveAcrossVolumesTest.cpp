@@ -150,9 +150,11 @@ TEST_F(MoveAcrossVolumes, ATargetFolderThatMayNotBeWrittenLeavesTheSource) {
 }
 
 TEST_F(MoveAcrossVolumes, ASourceThatMayNotBeDeletedTakesItsCopyBack) {
-  const std::string from = here_.Write("file", "content");
+  const std::string from = here_.Write("locked/file", "content");
+  ASSERT_EQ(::chmod(here_.At("locked").c_str(), 0555), 0);
   EXPECT_EQ(RunAsOrdinaryUser([&] { return Move(from, there_ + "file"); }), file_error::kAccess);
-  EXPECT_EQ(here_.Read("file"), "content");
+  EXPECT_EQ(::chmod(here_.At("locked").c_str(), 0755), 0);
+  EXPECT_EQ(here_.Read("locked/file"), "content");
   EXPECT_TRUE(NamesThere().empty());
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/FileSystem.h"
+#include "platform/Program.h"
 #include "platform/WholeFile.h"
 #include "platform/linux/ChildProcess.h"
 #include "platform/linux/Trash.h"
@@ -15,62 +16,70 @@
 namespace quillon::test {
 namespace {
 
-// GIO looks up the user's folders once per process, so each test has a process with a home of its own.
-int InOwnHome(const TempFolder& home, const std::function<int()>& work) {
-  return RunInChild([&] {
-    ::setenv("HOME", home.Path().c_str(), 1);
-    ::setenv("XDG_DATA_HOME", home.At("data").c_str(), 1);
-    return work();
-  });
+/// GIO looks up the user's folders once per process, perhaps already for another test, so that each test here runs once
+/// more in a new process with a home of its own. The tester's real trash stays as it is.
+class Trash : public testing::Test {
+ protected:
+  /// True in the process with its own home; in the other one the verdict of that process is taken over.
+  static bool InOwnHome() {
+    if (std::getenv(kMark) != nullptr) return true;
+    const TempFolder home;
+    const std::string filter = std::string("Trash.") + testing::UnitTest::GetInstance()->current_test_info()->name();
+    EXPECT_TRUE(RunTool({"env", "-u", "GTEST_TOTAL_SHARDS", "-u", "GTEST_OUTPUT", "HOME=" + home.Path(),
+                         "XDG_DATA_HOME=" + home.At("data"), std::string(kMark) + "=1",
+                         ProgramFolder() + ProgramBaseName(), "--gtest_filter=" + filter}))
+        << "for details: HOME=... XDG_DATA_HOME=... " << kMark << "=1 with --gtest_filter=" << filter;
+    return false;
+  }
+
+  static std::string InTrash(const std::string& name) {
+    return ReadWholeFile(UserTrashFolder() + name).value_or("absent: " + name);
+  }
+
+ private:
+  static constexpr const char* kMark = "QUILLON_TEST_HAS_OWN_HOME";
+};
+
+TEST_F(Trash, AFileGoesToTheUsersTrashWithANoteOfWhereItWas) {
+  if (!InOwnHome()) return;
+  const TempFolder folder;
+  EXPECT_EQ(MakeFileChanges()->Recycle(folder.Write("music/曲.mid", "content"), 0), 0);
+  EXPECT_FALSE(folder.Exists("music/曲.mid"));
+  EXPECT_EQ(InTrash("files/曲.mid"), "content");
+  EXPECT_THAT(InTrash("info/曲.mid.trashinfo"), testing::HasSubstr("/music/%E6%9B%B2.mid"));
 }
 
-TEST(Trash, AFileGoesToTheUsersTrashWithANoteOfWhereItWas) {
-  const TempFolder home;
-  const std::string path = home.Write("music/曲.mid", "content");
-  const int result = InOwnHome(home, [&] { return MakeFileChanges()->Recycle(path, 0) == 0 ? 0 : 1; });
-  EXPECT_EQ(result, 0);
-  EXPECT_FALSE(home.Exists("music/曲.mid"));
-  EXPECT_EQ(home.Read("data/Trash/files/曲.mid"), "content");
-  EXPECT_THAT(home.Read("data/Trash/info/曲.mid.trashinfo"), testing::HasSubstr("/music/%E6%9B%B2.mid"));
+TEST_F(Trash, ItsFolderIsWhatTheEnvironmentSays) {
+  if (!InOwnHome()) return;
+  EXPECT_EQ(UserTrashFolder(), std::string(std::getenv("XDG_DATA_HOME")) + "/Trash/");
 }
 
-TEST(Trash, ItsFolderIsTheOneWeKnow) {
-  const TempFolder home;
-  const std::string path = home.Write("song.mid", "content");
-  const int result = InOwnHome(home, [&] {
-    if (UserTrashFolder() != home.At("data/Trash/")) return 1;
-    if (MakeFileChanges()->Recycle(path, 0) != 0) return 2;
-    return ReadWholeFile(UserTrashFolder() + "files/song.mid") == "content" ? 0 : 3;
-  });
-  EXPECT_EQ(result, 0);
+TEST_F(Trash, NamesThatAreNotUtf8AreNoObstacle) {
+  if (!InOwnHome()) return;
+  const TempFolder folder;
+  EXPECT_TRUE(MoveToTrash(folder.Write("\x8B\xC8.mid", "content")));
+  EXPECT_EQ(InTrash("files/\x8B\xC8.mid"), "content");
 }
 
-TEST(Trash, NamesThatAreNotUtf8AreNoObstacle) {
-  const TempFolder home;
-  const std::string path = home.Write("\x8B\xC8.mid", "content");
-  EXPECT_EQ(InOwnHome(home, [&] { return MoveToTrash(path) == 0 ? 0 : 1; }), 0);
-  EXPECT_EQ(home.Read("data/Trash/files/\x8B\xC8.mid"), "content");
+TEST_F(Trash, AnAbsentFileIsAnError) {
+  if (!InOwnHome()) return;
+  const TempFolder folder;
+  EXPECT_FALSE(MoveToTrash(folder.At("absent")));
+  EXPECT_FALSE(MoveToTrash(std::string("a\0b", 3)));
+  EXPECT_EQ(MakeFileChanges()->Recycle(folder.At("absent"), 0), kRecycleNotDone);
 }
 
-TEST(Trash, AnAbsentFileIsAnError) {
-  const TempFolder home;
-  const int result = InOwnHome(home, [&] { return MoveToTrash(home.At("absent")) >= kTrashErrorOffset ? 0 : 1; });
-  EXPECT_EQ(result, 0);
-  EXPECT_GE(MoveToTrash(std::string("a\0b", 3)), kTrashErrorOffset);
-}
-
-TEST(Trash, WhereThereIsNoTrashTheFileStays) {
+TEST_F(Trash, WhereThereIsNoTrashTheFileStays) {
   const std::string folder = "/dev/shm/quillon-trash-test-" + std::to_string(::getpid()) + "/";
   std::error_code failed;
   std::filesystem::create_directory(folder, failed);
   if (failed) GTEST_SKIP() << "/dev/shm cannot be written";
-  ASSERT_EQ(ReplaceWholeFile(folder + "song.mid", "content"), std::nullopt);
-  const TempFolder home;
-  const int result =
-      InOwnHome(home, [&] { return MakeFileChanges()->Recycle(folder + "song.mid", 0) >= kTrashErrorOffset ? 0 : 1; });
-  EXPECT_EQ(ReadWholeFile(folder + "song.mid"), "content");
+  if (InOwnHome()) {
+    EXPECT_EQ(ReplaceWholeFile(folder + "song.mid", "content"), std::nullopt);
+    EXPECT_EQ(MakeFileChanges()->Recycle(folder + "song.mid", 0), kRecycleNotDone);
+    EXPECT_EQ(ReadWholeFile(folder + "song.mid"), "content");
+  }
   std::filesystem::remove_all(folder);
-  EXPECT_EQ(result, 0);
 }
 
 }  // namespace

@@ -1,0 +1,41 @@
+#include "platform/Shell.h"
+
+#include <gio/gio.h>
+
+#include "platform/linux/SystemError.h"
+
+namespace quillon {
+namespace {
+
+constexpr int kAccessDenied = 5;
+
+int AnswerOf(const GError* error) {
+  if (error == nullptr) return kShellOpened;
+  if (g_error_matches(error, G_IO_ERROR, G_IO_ERROR_NOT_FOUND) != FALSE) return kShellFileNotFound;
+  if (g_error_matches(error, G_IO_ERROR, G_IO_ERROR_NOT_SUPPORTED) != FALSE) return kShellNoProgram;
+  return kAccessDenied;
+}
+
+int Open(GFile* file) {
+  const bool local = g_file_is_native(file) != FALSE;
+  if (local && g_file_query_exists(file, nullptr) == FALSE) return kShellFileNotFound;
+  char* const uri = g_file_get_uri(file);
+  GError* error = nullptr;
+  g_app_info_launch_default_for_uri(uri, nullptr, &error);
+  const int answer = AnswerOf(error);
+  g_clear_error(&error);
+  g_free(uri);
+  return answer;
+}
+
+}  // namespace
+
+int OpenWithShell(const std::string& target, std::uintptr_t /*ownerWindow*/) {
+  if (target.empty() || HoldsNul(target)) return kShellFileNotFound;
+  GFile* const file = g_file_new_for_commandline_arg(target.c_str());
+  const int answer = Open(file);
+  g_object_unref(file);
+  return answer;
+}
+
+}  // namespace quillon
