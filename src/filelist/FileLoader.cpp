@@ -212,7 +212,7 @@ void FileLoader::mnuReload() {
     Result<FileItem, FileError> row = MakeRow(list_.Row(index).location);
     if (row) {
       list_.Replace(index, std::move(*row));
-    } else {
+    } else if (row.Failure().number == file_error::kNotFound) {
       missing[static_cast<std::size_t>(index)] = true;
     }
     if (throttle.Due() || index == count) {

@@ -71,7 +71,8 @@ class FileLoader {
   /// The same for several paths, which all add to one list even when loading is set to clear it first.
   void LoadPaths(const std::vector<std::string>& paths);
 
-  /// Reads every listed file anew, after asking; edited rename names are lost, rows of files that are gone leave.
+  /// Reads every listed file anew, after asking; edited rename names are lost, rows of files that are gone leave,
+  /// rows whose files cannot be looked at just now stay as they are.
   void mnuReload();
 
   /// Ends a running search; nothing is registered then.

@@ -47,7 +47,8 @@ FileOutcome RenameInTwoSteps(EntryChanges& changes, const std::string& from, con
 // The system reported success, but names that differ in letter case alone may be one to it.
 FileOutcome EnsureLetterCase(EntryChanges& changes, const std::string& from, const std::string& to, PathStyle style) {
   const bool oldNameIsGone = changes.Look(from).has_value();
-  if (oldNameIsGone || IsListedAs(changes, to, style)) return std::nullopt;
+  // The old name may also be somebody else's new file by now.
+  if (oldNameIsGone || !changes.SameFile(from, to) || IsListedAs(changes, to, style)) return std::nullopt;
   return RenameInTwoSteps(changes, from, to, style);
 }
 

@@ -39,6 +39,19 @@ TEST(CliBytesTest, EachFileHasOneLineWhateverItsTitleHolds) {
             folder.At("1.mp3") + " -> " + folder.At("one\uFFFDtwo.mp3") + "\n");
 }
 
+TEST(CliBytesTest, ALinkThatLeadsNowhereIsInTheWayInTheDryRunToo) {
+  const TempFolder folder;
+  folder.Write("1.mp3", Mp3Audio(2) + Id3v1Trailer({.title = "Song"}));
+  ASSERT_EQ(symlink("nowhere", folder.At("Song.mp3").c_str()), 0);
+  for (const char* option : {"--to-title", "--apply"}) {
+    SCOPED_TRACE(option);
+    const ProcessResult result = RunProcess(QUILLON_CLI, {"rename", "--to-title", option, folder.At("1.mp3")});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.output.find("リネーム名と同名のファイルが存在します"), std::string::npos) << result.output;
+  }
+  EXPECT_TRUE(folder.Exists("1.mp3"));
+}
+
 TEST(CliPipeTest, AClosedPipeEndsTheProgramQuietly) {
   const TempFolder folder;
   for (int i = 0; i < 2000; ++i) folder.Write("a long enough file name " + std::to_string(i) + ".wav");

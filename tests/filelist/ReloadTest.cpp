@@ -111,6 +111,15 @@ TEST(mnuReload, RowsOfFilesThatAreGoneLeave) {
   EXPECT_TRUE(f.ports.log.Has("file panel row 1"));
 }
 
+TEST(mnuReload, RowsWhoseFilesCannotBeLookedAtStayAsTheyAre) {
+  Fixture f({"a", "b"});
+  f.list.SetRenameName(1, "edited");
+  f.files.Fail(test::FileCall::kStatus, "/m/a", {file_error::kAccess, "refused"});
+  f.loader.mnuReload();
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a", "/m/b"}));
+  EXPECT_EQ(f.list.Row(1).renameName, "edited");
+}
+
 TEST(mnuReload, ShowsNoRowWhenEveryFileIsGone) {
   Fixture f({"a"});
   ASSERT_FALSE(f.files.Remove("/m/a"));

@@ -301,7 +301,7 @@ Result<FileStatus, FileError> MemoryFileSystem::Status(const std::string& path) 
     if (piece.find('\0') != std::string_view::npos) return NotFound();
   }
   const NodePointer node = Walk(path, true);
-  if (!node) return FileStatus();
+  if (!node) return FileStatus{Walk(path, false) ? FileStatus::Kind::kOther : FileStatus::Kind::kAbsent, 0};
   switch (node->kind) {
     case Node::Kind::kFile: return FileStatus{FileStatus::Kind::kFile, node->bytes.size()};
     case Node::Kind::kFolder: return FileStatus{FileStatus::Kind::kFolder, 0};

@@ -88,8 +88,10 @@ class LinuxFileReads final : public FileReads {
     if (HoldsNul(path)) return UnholdableName();
     struct stat status = {};
     if (::stat(path.c_str(), &status) == 0) return StatusOf(status);
-    if (errno == ENOENT || errno == ENOTDIR) return FileStatus();
-    return ErrorOf(errno);
+    if (errno != ENOENT && errno != ENOTDIR) return ErrorOf(errno);
+    // A link that leads nowhere is not absent: its name is taken.
+    const bool taken = ::lstat(path.c_str(), &status) == 0;
+    return FileStatus{taken ? FileStatus::Kind::kOther : FileStatus::Kind::kAbsent, 0};
   }
 
   bool SameFile(const std::string& left, const std::string& right) override {

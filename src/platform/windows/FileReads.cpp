@@ -73,8 +73,12 @@ Result<FileStatus, FileError> StatusError(DWORD number) {
 Result<FileStatus, FileError> StatusBehindLink(const std::wstring& path) {
   const Handle file = OpenForQuestions(path);
   BY_HANDLE_FILE_INFORMATION found = {};
-  if (!file.Open() || !::GetFileInformationByHandle(file.Get(), &found)) return StatusError(::GetLastError());
-  return StatusOf(found.dwFileAttributes, found.nFileSizeHigh, found.nFileSizeLow);
+  if (file.Open() && ::GetFileInformationByHandle(file.Get(), &found)) {
+    return StatusOf(found.dwFileAttributes, found.nFileSizeHigh, found.nFileSizeLow);
+  }
+  const Result<FileStatus, FileError> status = StatusError(::GetLastError());
+  // A link that leads nowhere is not absent: its name is taken.
+  return status && status->kind == FileStatus::Kind::kAbsent ? FileStatus{FileStatus::Kind::kOther, 0} : status;
 }
 
 class WindowsFileReads final : public FileReads {
