@@ -108,17 +108,16 @@ void WriteFields(const Json& object, Output& output) {
 int RunInfo(const InfoArguments& arguments) {
   const std::unique_ptr<FileReads> files = MakeFileReads();
   Output output;
-  std::size_t missing = 0;
+  std::size_t unread = 0;
   for (const std::string& argument : arguments.paths) {
     const std::string path = FullPath(argument);
-    const Result<FileStatus, FileError> status = files->Status(path);
-    const bool present = status && status->kind == FileStatus::Kind::kFile;
-    if (!present) {
-      ++missing;
-      Complain("ファイルが見つかりません: " + path);
+    const bool readable = files->OpenFile(path) != nullptr;
+    if (!readable) {
+      ++unread;
+      Complain("ファイルを読み込めません: " + path);
     }
-    // A reader answers for any path, with its empty record for one that names no file.
-    if (!present && arguments.reader == Reader::kByType) continue;
+    // A reader answers for any path, with its empty record for one that cannot be read.
+    if (!readable && arguments.reader == Reader::kByType) continue;
     Json object;
     AddPath(object, "location", path);
     if (arguments.reader == Reader::kByType) {
@@ -133,8 +132,8 @@ int RunInfo(const InfoArguments& arguments) {
     }
     if (output.Closed()) break;
   }
-  if (missing == arguments.paths.size()) return kNothingLoaded;
-  return missing == 0 ? kDone : kSomeFailed;
+  if (unread == arguments.paths.size()) return kNothingLoaded;
+  return output.Flush() && unread == 0 ? kDone : kSomeFailed;
 }
 
 }  // namespace quillon::cli

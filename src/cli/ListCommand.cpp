@@ -47,7 +47,7 @@ int RunList(const ListArguments& arguments) {
   } else {
     WriteRows(session.list, output);
   }
-  return complete ? kDone : kSomeFailed;
+  return output.Flush() && complete ? kDone : kSomeFailed;
 }
 
 }  // namespace quillon::cli

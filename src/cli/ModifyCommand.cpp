@@ -46,7 +46,7 @@ int RunModify(const ModifyArguments& arguments) {
     Complain(std::to_string(leftAlone) +
              " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした");
   }
-  return kDone;
+  return output.Flush() ? kDone : kSomeFailed;
 }
 
 }  // namespace quillon::cli

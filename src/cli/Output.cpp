@@ -11,9 +11,14 @@ void Output::Line(std::string_view text) {
   if (buffer_.size() >= kPiece) Flush();
 }
 
-void Output::Flush() {
-  if (!buffer_.empty() && !closed_) closed_ = !WriteStandardOutput(buffer_);
+bool Output::Flush() {
+  if (!buffer_.empty() && !closed_) {
+    const StreamResult result = WriteStandardOutput(buffer_);
+    closed_ = result != StreamResult::kWritten;
+    if (result == StreamResult::kFailed) Complain("標準出力に書き込めません");
+  }
   buffer_.clear();
+  return !closed_;
 }
 
 void Complain(std::string_view text) {

@@ -6,7 +6,7 @@
 namespace quillon::cli {
 
 /// Standard output, gathered and written in large pieces; what is left is written at the end of the object's life. Once
-/// the other end is closed everything more is dropped quietly.
+/// the other end is closed everything more is dropped quietly; any other failure is complained of once.
 class Output {
  public:
   Output() = default;
@@ -15,9 +15,11 @@ class Output {
   ~Output() { Flush(); }
 
   void Line(std::string_view text);
-  void Flush();
 
-  /// True when the other end was closed: there is nobody left to write for.
+  /// Writes what is left. False when something could not be written, now or before.
+  bool Flush();
+
+  /// True when nothing can be written any more.
   [[nodiscard]] bool Closed() const { return closed_; }
 
  private:

@@ -59,18 +59,20 @@ class Reporter final : public BatchObserver {
   bool interrupted_ = false;
 };
 
-void WriteSummary(const BatchOutcome& outcome, bool json, Output& output) {
+void WriteSummary(const BatchOutcome& outcome, bool interrupted, bool json, Output& output) {
   const std::string second = outcome.stopped ? "エラーにより処理が中断されました" : SkippedLine(outcome.skipped);
   if (json) {
     Json object;
     object["applied"] = outcome.applied;
     object["skipped"] = outcome.skipped;
     object["stopped"] = outcome.stopped;
+    object["interrupted"] = interrupted;
     object["summary"] = {AppliedLine(outcome.applied), second};
     output.Line(OneLine(object));
   } else {
     output.Line(AppliedLine(outcome.applied));
     output.Line(second);
+    if (interrupted) Complain("中断されました。残りのファイルは元のままです");
   }
 }
 
@@ -109,8 +111,8 @@ int RunRename(const RenameArguments& arguments) {
   Reporter reporter(arguments, output);
   const BatchOutcome outcome = engine.ApplyRenameBatch(true, &reporter);
   for (const RowFailure& failure : outcome.failures) reporter.Failed(session.list.Row(failure.index), failure);
-  if (arguments.apply) WriteSummary(outcome, arguments.json, output);
-  const bool done = complete && outcome.failures.empty() && !reporter.WasInterrupted();
+  if (arguments.apply) WriteSummary(outcome, reporter.WasInterrupted(), arguments.json, output);
+  const bool done = output.Flush() && complete && outcome.failures.empty() && !reporter.WasInterrupted();
   return done ? kDone : kSomeFailed;
 }
 

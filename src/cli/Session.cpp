@@ -21,11 +21,13 @@ bool Console::Show(const Message& message) {
   // A question would have nobody to answer it; the first line says what happened.
   const bool question = message.buttons != MessageButtons::kOk;
   const std::string text = question ? message.text.substr(0, message.text.find("\r\n")) : message.text;
-  Complain(message.caption + ": " + WithoutLineBreaks(text));
+  const bool named = subject_.empty() || text.find(subject_) != std::string::npos;
+  Complain(message.caption + ": " + WithoutLineBreaks(text) + (named ? "" : ": " + subject_));
   return false;
 }
 
 void Console::PassedOver(const std::string& folder) {
+  passedOver_ = true;
   Complain("フォルダ参照: アクセスできません: " + folder);
 }
 
@@ -41,10 +43,12 @@ bool Session::Load(const Selection& selection) {
   if (selection.ownExtensions) options.find.extMusicText = selection.extensions;
   bool complete = true;
   for (const std::string& path : selection.paths) {
+    console.SetSubject(FullPath(path));
     const LoadOutcome outcome = loader_.LoadPath(FullPath(path));
     complete = complete && (outcome == LoadOutcome::kLoaded || outcome == LoadOutcome::kDuplicate);
   }
-  return complete;
+  console.SetSubject({});
+  return complete && !console.HasPassedOver();
 }
 
 std::optional<OptionValues> LoadSettings(const std::string& path) {

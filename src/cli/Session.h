@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/settings/ApplyMode.h"
@@ -44,6 +45,15 @@ class Console final : public MessageBoxes,
   void ShowFolder(const std::string&) override {}
   void PassedOver(const std::string& folder) override;
   std::string Choose(const std::string&, const std::string&) override { return {}; }
+
+  /// True when a load went on without something.
+  [[nodiscard]] bool HasPassedOver() const { return passedOver_; }
+  /// The path that messages are about from now on.
+  void SetSubject(std::string path) { subject_ = std::move(path); }
+
+ private:
+  bool passedOver_ = false;
+  std::string subject_;
 };
 
 /// Messages that are told in another way.

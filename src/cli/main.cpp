@@ -107,7 +107,9 @@ int Main(int argc, char** argv) {
       Complain(err.str());
       return kBadUsage;
     }
-    Output().Line(out.str());
+    std::string text = out.str();
+    if (!text.empty() && text.back() == '\n') text.pop_back();
+    Output().Line(text);
     return kDone;
   }
   return Run(app, arguments);

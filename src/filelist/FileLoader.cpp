@@ -116,11 +116,14 @@ LoadOutcome FileLoader::Register(const std::vector<std::string>& paths) {
     ports_.pending.Process();
     if (!list_.ContainsFile(path)) {
       Result<FileItem, FileError> row = MakeRow(path);
-      if (!row) {
+      if (row) {
+        list_.Add(std::move(*row));
+      } else if (row.Failure().number == file_error::kAccess) {
+        ports_.search.PassedOver(path);
+      } else {
         error = row.Failure();
         break;
       }
-      list_.Add(std::move(*row));
     }
     ++done;
     if (throttle.Due() || done == paths.size()) ports_.progress.Update(Percent(done, paths.size()), "");

@@ -56,9 +56,10 @@ FoundFiles FolderSearch::Search(const std::string& folder, const std::string& fi
   filter_ = filter;
   subfolders_ = subfolders;
   found_ = {};
-  followedLinks_.clear();
+  searched_.clear();
   linkedFrom_.clear();
-  SearchFolder(WithTrailingSeparator(folder, style_), 0);
+  root_ = WithTrailingSeparator(folder, style_);
+  SearchFolder(root_, 0);
   return std::move(found_);
 }
 
@@ -67,7 +68,8 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
   if (labelThrottle_.Due()) display_.ShowFolder(folder);
   Result<std::vector<FolderEntry>, FileError> entries = files_.ReadFolder(folder);
   if (!entries) {
-    if (depth > 0 && entries.Failure().number == file_error::kAccess) {
+    const int number = entries.Failure().number;
+    if (depth > 0 && (number == file_error::kAccess || number == file_error::kUnreachable)) {
       display_.PassedOver(folder);
       return true;
     }
@@ -105,13 +107,17 @@ bool FolderSearch::FollowLink(const std::string& folder, const FolderEntry& link
   const std::string target = files_.RealPath(folder + link.name);
   if (target.empty()) return false;
   const std::string leadsTo = WithTrailingSeparator(target, style_);
-  linkedFrom_.push_back(WithTrailingSeparator(files_.RealPath(folder), style_));
-  const bool leadsBackUp = std::any_of(linkedFrom_.begin(), linkedFrom_.end(), [&](const std::string& inside) {
-    return inside.compare(0, leadsTo.size(), leadsTo) == 0;
-  });
-  const bool follow = !leadsBackUp && followedLinks_.insert(target).second;
-  if (!follow) linkedFrom_.pop_back();
-  return follow;
+  if (searched_.empty()) searched_.push_back(WithTrailingSeparator(files_.RealPath(root_), style_));
+  const std::string here = WithTrailingSeparator(files_.RealPath(folder), style_);
+  const bool searchedAnyway = std::any_of(searched_.begin(), searched_.end(),
+                                          [&](const std::string& whole) { return leadsTo.starts_with(whole); });
+  const bool leadsBackUp =
+      here.starts_with(leadsTo) || std::any_of(linkedFrom_.begin(), linkedFrom_.end(),
+                                               [&](const std::string& inside) { return inside.starts_with(leadsTo); });
+  if (searchedAnyway || leadsBackUp) return false;
+  searched_.push_back(leadsTo);
+  linkedFrom_.push_back(here);
+  return true;
 }
 
 }  // namespace quillon

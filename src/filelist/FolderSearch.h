@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "app/settings/OptionValues.h"
@@ -29,13 +28,13 @@ struct FoundFiles {
   std::optional<FileError> error;  ///< the search ended here
 };
 
-/// One search through a folder. Links to folders are followed once each, and never back up to a folder that the search
-/// is inside of.
+/// One search through a folder. A link to a folder is followed unless its folder is searched anyway, as part of the
+/// searched folder or of one that an earlier link led to, or the search is inside of it.
 class FolderSearch {
  public:
   FolderSearch(FileReads& files, SearchDisplay& display, PendingMessages& pending, PathStyle style = SystemPathStyle());
 
-  /// Searches `folder` for files that pass the filter list. A folder below it that may not be read is passed over.
+  /// Searches `folder` for files that pass the filter list. A folder below it that cannot be read is passed over.
   [[nodiscard]] FoundFiles Search(const std::string& folder, const std::string& filter, bool subfolders);
 
   /// Ends the running search at its next entry; called while pending messages are processed.
@@ -55,7 +54,8 @@ class FolderSearch {
   std::string filter_;
   bool subfolders_ = false;
   FoundFiles found_;
-  std::unordered_set<std::string> followedLinks_;
+  std::string root_;
+  std::vector<std::string> searched_;    // real folders that are searched whole; empty until the first link
   std::vector<std::string> linkedFrom_;  // the real folders that the search went out of by links
   Throttle labelThrottle_{kProgressInterval};
 };

@@ -64,7 +64,8 @@ class SearchDisplay {
   virtual void Begin(const std::string& status, const std::string& target) = 0;
   /// The folder being searched; the window shortens it to fit.
   virtual void ShowFolder(const std::string& folder) = 0;
-  /// A folder inside the searched one that may not be read; the search goes on without it.
+  /// A folder inside the searched one that cannot be read, or a file of it that may not be looked at; the load goes on
+  /// without it.
   virtual void PassedOver(const std::string& folder) = 0;
   virtual void End() = 0;
 };

@@ -11,6 +11,9 @@
 namespace quillon {
 namespace {
 
+// No page is as long; what is, is no page, and is not read into memory.
+constexpr std::uint64_t kLargestPage = std::uint64_t{1} << 28u;
+
 constexpr std::string_view kStartTag = "<title>";
 constexpr std::string_view kEndTag = "</title>";
 
@@ -36,6 +39,7 @@ std::string JoinedLines(std::string_view bytes) {
 }  // namespace
 
 Result<std::string, HtmlTitleError> ReadHtmlTitle(ByteSource& file) {
+  if (file.Size() > kLargestPage) return HtmlTitleError::kUnreadable;
   const std::string bytes = file.Read(0, file.Size());
   if (bytes.size() < file.Size()) return HtmlTitleError::kUnreadable;
   const std::string text = JoinedLines(bytes);

@@ -8,7 +8,7 @@
 namespace quillon {
 
 enum class HtmlTitleError {
-  kUnreadable,      ///< the file cannot be opened or not be read to its end
+  kUnreadable,      ///< the file cannot be opened or not be read to its end, or is longer than 256 MiB
   kNegativeLength,  ///< an end tag among the first six characters, and no start tag
 };
 

@@ -15,6 +15,8 @@ namespace quillon {
 namespace {
 
 constexpr std::size_t kChunkHeaderLength = 8;
+// Far more than any file holds; a bound for files made of empty chunks.
+constexpr int kMostChunks = 100000;
 constexpr std::size_t kTypeLength = 4;  // the form of a RIFF, the type of a LIST
 
 struct Chunk {
@@ -34,13 +36,18 @@ std::uint64_t SizeField(std::string_view header) {
          std::uint64_t{ByteAt(header, 6)} << 16u | std::uint64_t{ByteAt(header, 7)} << 24u;
 }
 
+/// Ids are printable; anything else is no RIFF data, such as the sound of a plain MP3 file.
+bool IsChunkId(std::string_view id) {
+  return std::all_of(id.begin(), id.end(), [](char c) { return c >= ' ' && c <= '~'; });
+}
+
 /// The first chunk of this id (and, for a RIFF or LIST, this type) among those that begin at `from` and before `end`.
 std::optional<Chunk> FindChunk(BlockReader& file, std::uint64_t from, std::uint64_t end, std::string_view id,
                                std::string_view type = {}) {
   end = std::min(end, file.Size());
-  while (from + kChunkHeaderLength <= end) {
+  for (int looked = 0; looked < kMostChunks && from + kChunkHeaderLength <= end; ++looked) {
     const std::string_view header = file.View(from, kChunkHeaderLength + kTypeLength);
-    if (header.size() < kChunkHeaderLength) break;
+    if (header.size() < kChunkHeaderLength || !IsChunkId(header.substr(0, kTypeLength))) break;
     const Chunk chunk{from + kChunkHeaderLength, SizeField(header)};
     if (header.starts_with(id) && (type.empty() || header.substr(kChunkHeaderLength) == type)) return chunk;
     from = chunk.Next();

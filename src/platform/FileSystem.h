@@ -69,8 +69,8 @@ class FileReads {
   /// Opens a regular file for reading without keeping anyone else out; null when that fails.
   virtual std::unique_ptr<ByteSource> OpenFile(const std::string& path) = 0;
 
-  /// What stands at this path, links followed; kOther for one that leads nowhere. kAbsent is an answer; an error is a path the system cannot hold (53)
-  /// or is not allowed to look at (75).
+  /// What stands at this path, links followed; kOther for one that leads nowhere. kAbsent is an answer; an error is a
+  /// path the system cannot hold (53) or is not allowed to look at (75).
   virtual Result<FileStatus, FileError> Status(const std::string& path) = 0;
 
   /// True when both paths name the same existing file.

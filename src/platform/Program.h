@@ -23,10 +23,16 @@ namespace quillon {
 void CatchInterruption();
 [[nodiscard]] bool Interrupted();
 
-/// Standard output, unbuffered: the bytes as they are, no newline conversion; a Windows console is told that they are
-/// UTF-8. False when the other end was closed or the device is full.
-[[nodiscard]] bool WriteStandardOutput(std::string_view bytes);
-[[nodiscard]] bool WriteStandardError(std::string_view bytes);
+enum class StreamResult {
+  kWritten,
+  kClosed,  ///< nobody reads the pipe any more
+  kFailed,  ///< a full disk, a closed stream
+};
+
+/// Standard output and error, unbuffered: the bytes as they are, no newline conversion; a Windows console is told that
+/// they are UTF-8.
+[[nodiscard]] StreamResult WriteStandardOutput(std::string_view bytes);
+[[nodiscard]] StreamResult WriteStandardError(std::string_view bytes);
 
 /// All of standard input, read to its end.
 [[nodiscard]] std::string ReadStandardInput();

@@ -34,11 +34,17 @@ const char* ApplyReason(std::int16_t code) {
 }
 
 std::string AppliedPath(const FileItem& row, PathStyle style) {
-  std::string path(FolderPart(row.location, style));
+  std::string path;
+  path.reserve(row.location.size() + row.renameName.size());
+  path += FolderPart(row.location, style);
   const std::size_t folderLength = path.size();
   path += TrimRight(row.renameName);
   const std::string extension = Extension(row.location, style);
-  if (!extension.empty()) return path + "." + ToLower(extension);
+  if (!extension.empty()) {
+    path += '.';
+    path += ToLower(extension);
+    return path;
+  }
   while (path.size() > folderLength && (path.back() == '.' || path.back() == ' ')) path.pop_back();
   return path;
 }

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <string>
 
@@ -65,6 +66,15 @@ TEST(CliPipeTest, AClosedPipeEndsTheProgramQuietly) {
   pclose(pipe);
   EXPECT_EQ(lines, 1);
   EXPECT_EQ(folder.Read("errors.txt"), "");
+}
+
+TEST(CliPipeTest, OutputThatCannotBeWrittenIsNoSuccess) {
+  const TempFolder folder;
+  folder.Write("a.wav");
+  const std::string errors = folder.At("errors.txt");
+  const std::string command = std::string(QUILLON_CLI) + " list " + folder.Path() + " >/dev/full 2>" + errors;
+  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
+  EXPECT_NE(folder.Read("errors.txt").find("標準出力に書き込めません"), std::string::npos);
 }
 
 TEST(CliSignalTest, AnInterruptionStopsBetweenTwoFilesAndLosesNone) {

@@ -285,10 +285,19 @@ TEST(LoadFolderErrors, NoRowIsSelectedWhileThePanelsShowNone) {
   f.loader.LoadFolder("/m/");
   ASSERT_EQ(f.list.SelectedIndex(), 1);
   f.ports.log.Clear();
-  f.files.Fail(FileCall::kStatus, "/n/b.txt", {file_error::kAccess, "denied"});
+  f.files.Fail(FileCall::kStatus, "/n/b.txt", {file_error::kOwn + 5, "input/output error"});
   EXPECT_EQ(f.loader.LoadFolder("/n/"), LoadOutcome::kFailed);
   EXPECT_EQ(f.ports.log.StartingWith("file panel"), Texts({"file panel reset"}));
   EXPECT_EQ(f.list.SelectedIndex(), 0);
+}
+
+TEST(LoadFolderErrors, AFileThatMayNotBeLookedAtIsPassedOverAndNamed) {
+  Fixture f({"/m/a.txt", "/m/b.txt", "/m/c.txt"});
+  f.files.Fail(FileCall::kStatus, "/m/b.txt", {file_error::kAccess, "denied"});
+  EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kLoaded);
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.txt", "/m/c.txt"}));
+  EXPECT_EQ(f.ports.log.StartingWith("search passed over"), Texts({"search passed over /m/b.txt"}));
+  EXPECT_TRUE(f.ports.log.StartingWith("box").empty());
 }
 
 TEST(LoadFolderErrors, AFileThatVanishedSinceTheSearchEndsTheLoad) {

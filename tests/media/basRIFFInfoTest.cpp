@@ -183,5 +183,18 @@ TEST(RiffInfo, ReadsByPath) {
   EXPECT_EQ(ReadRiffInfo(folder.At("none.mp3")), kEmpty);
 }
 
+TEST(RiffInfo, AFileThatIsNoRiffFileIsNotWalkedThrough) {
+  MemorySource zeros(std::string(1000000, '\0'));
+  EXPECT_EQ(ReadRiffInfo(zeros), RiffInfo());
+  EXPECT_LE(zeros.reads, 1);
+  std::string emptyChunks;
+  for (int i = 0; i < 200000; ++i) emptyChunks += RiffChunk("JUNK", "");
+  const std::string song = RiffList("RIFF", "RMP3", {InfoList({{"INAM", "Song"}})});
+  MemorySource tooMany(emptyChunks + song);
+  EXPECT_EQ(ReadRiffInfo(tooMany), RiffInfo());
+  MemorySource some(RiffChunk("JUNK", "x") + song);
+  EXPECT_EQ(ReadRiffInfo(some).name, "Song");
+}
+
 }  // namespace
 }  // namespace quillon

@@ -15,24 +15,24 @@ void IgnoreBrokenPipes() {
   static_cast<void>(ignored);
 }
 
-bool WriteAll(int stream, std::string_view bytes) {
+StreamResult WriteAll(int stream, std::string_view bytes) {
   IgnoreBrokenPipes();
   while (!bytes.empty()) {
     const ssize_t written = ::write(stream, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
+    if (written <= 0) return errno == EPIPE ? StreamResult::kClosed : StreamResult::kFailed;
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
-  return true;
+  return StreamResult::kWritten;
 }
 
 }  // namespace
 
-bool WriteStandardOutput(std::string_view bytes) {
+StreamResult WriteStandardOutput(std::string_view bytes) {
   return WriteAll(STDOUT_FILENO, bytes);
 }
 
-bool WriteStandardError(std::string_view bytes) {
+StreamResult WriteStandardError(std::string_view bytes) {
   return WriteAll(STDERR_FILENO, bytes);
 }
 

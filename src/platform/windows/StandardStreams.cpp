@@ -15,25 +15,29 @@ void MakeConsoleUtf8(HANDLE stream) {
   if (::GetConsoleMode(stream, &mode)) ::SetConsoleOutputCP(CP_UTF8);
 }
 
-bool WriteAll(DWORD number, std::string_view bytes) {
+StreamResult WriteAll(DWORD number, std::string_view bytes) {
   HANDLE stream = ::GetStdHandle(number);
   MakeConsoleUtf8(stream);
   while (!bytes.empty()) {
     DWORD written = 0;
     const auto count = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
-    if (!::WriteFile(stream, bytes.data(), count, &written, nullptr) || written == 0) return false;
+    if (!::WriteFile(stream, bytes.data(), count, &written, nullptr) || written == 0) {
+      const DWORD failure = ::GetLastError();
+      const bool closed = failure == ERROR_BROKEN_PIPE || failure == ERROR_NO_DATA;
+      return closed ? StreamResult::kClosed : StreamResult::kFailed;
+    }
     bytes.remove_prefix(written);
   }
-  return true;
+  return StreamResult::kWritten;
 }
 
 }  // namespace
 
-bool WriteStandardOutput(std::string_view bytes) {
+StreamResult WriteStandardOutput(std::string_view bytes) {
   return WriteAll(STD_OUTPUT_HANDLE, bytes);
 }
 
-bool WriteStandardError(std::string_view bytes) {
+StreamResult WriteStandardError(std::string_view bytes) {
   return WriteAll(STD_ERROR_HANDLE, bytes);
 }
 

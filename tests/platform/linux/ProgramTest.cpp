@@ -32,7 +32,7 @@ TEST(StandardStreams, OutputArrivesByteForByte) {
   const std::string bytes("曲\r\n\0\xFF", 7);
   const int result = RunInChild([&] {
     ::dup2(pipe.writing, STDOUT_FILENO);
-    return WriteStandardOutput(bytes) ? 0 : 1;
+    return WriteStandardOutput(bytes) == StreamResult::kWritten ? 0 : 1;
   });
   EXPECT_EQ(result, 0);
   ::close(pipe.writing);
@@ -49,7 +49,8 @@ TEST(StandardStreams, AClosedPipeIsAnAnswer) {
   const int result = RunInChild([&] {
     ::dup2(pipe.writing, STDOUT_FILENO);
     ::dup2(pipe.writing, STDERR_FILENO);
-    return WriteStandardOutput("text") || WriteStandardError("text") ? 1 : 0;
+    const bool closed = WriteStandardOutput("text") == StreamResult::kClosed;
+    return closed && WriteStandardError("text") == StreamResult::kClosed ? 0 : 1;
   });
   ::close(pipe.writing);
   EXPECT_EQ(result, 0) << "and not the end of the program";
@@ -58,7 +59,7 @@ TEST(StandardStreams, AClosedPipeIsAnAnswer) {
 TEST(StandardStreams, AFullDeviceIsAnAnswer) {
   const int result = RunInChild([] {
     ::dup2(::open("/dev/full", O_WRONLY), STDOUT_FILENO);
-    return WriteStandardOutput("text") ? 1 : 0;
+    return WriteStandardOutput("text") == StreamResult::kFailed ? 0 : 1;
   });
   EXPECT_EQ(result, 0);
 }
