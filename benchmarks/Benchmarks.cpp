@@ -64,6 +64,7 @@ void LoadTagLib(State& state) {
 
 std::vector<std::string> Renamed(const std::vector<std::string>& paths) {
   std::vector<std::string> renamed;
+  renamed.reserve(paths.size());
   for (const std::string& path : paths)
     renamed.push_back(path.substr(0, path.size() - 4) + "x" + path.substr(path.size() - 4));
   return renamed;
@@ -130,6 +131,7 @@ void ModifyNames(State& state) {
   rules.rules = {{{1, "number", "No."}, {1, "Song", "曲"}, {1, " ", "_"}, {1, "0", "０"}, {1, "missing", "found"}}};
   Nobody nobody;
   std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(CountOf(state)));
   for (int i = 0; i < CountOf(state); ++i) names.push_back("Song number " + std::to_string(i));
   for ([[maybe_unused]] auto _ : state) {
     for (const std::string& name : names) DoNotOptimize(ModifyName(name, rules, names.size(), nobody, nobody));

@@ -21,6 +21,7 @@ void WriteRows(const FileList& list, Output& output) {
   std::vector<std::vector<std::string>> rows;
   rows.reserve(static_cast<std::size_t>(list.Count()) + 1);
   std::vector<std::string> cells;
+  cells.reserve(kColumnCount);
   for (int column = 0; column < kColumnCount; ++column) cells.emplace_back(ColumnCaption(static_cast<Column>(column)));
   rows.push_back(cells);
   for (int index = 1; index <= list.Count(); ++index) {

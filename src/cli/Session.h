@@ -74,7 +74,7 @@ struct Selection {
 /// The list of one run, loaded from the command line's paths.
 class Session {
  public:
-  explicit Session(OptionValues options);
+  explicit Session(OptionValues initial);
 
   /// Loads the paths in their order; true when each of them gave or already had its rows.
   bool Load(const Selection& selection);

@@ -34,6 +34,7 @@ const std::map<std::string, Reader> kReaders = {{"midi", Reader::kMidi},
 
 std::vector<std::string> Names(const std::map<std::string, Reader>& readers) {
   std::vector<std::string> names;
+  names.reserve(readers.size());
   for (const auto& [name, reader] : readers) names.push_back(name);
   return names;
 }

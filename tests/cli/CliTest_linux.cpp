@@ -6,8 +6,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <string>
 
@@ -56,25 +54,19 @@ TEST(CliBytesTest, ALinkThatLeadsNowhereIsInTheWayInTheDryRunToo) {
 TEST(CliPipeTest, AClosedPipeEndsTheProgramQuietly) {
   const TempFolder folder;
   for (int i = 0; i < 2000; ++i) folder.Write("a long enough file name " + std::to_string(i) + ".wav");
-  const std::string errors = folder.At("errors.txt");
-  const std::string command =
-      std::string(QUILLON_CLI) + " list --json " + folder.Path() + " 2>" + errors + " | head -n 1 | wc -l";
-  FILE* const pipe = popen(command.c_str(), "r");
-  ASSERT_NE(pipe, nullptr);
-  int lines = 0;
-  EXPECT_EQ(std::fscanf(pipe, "%d", &lines), 1);
-  pclose(pipe);
-  EXPECT_EQ(lines, 1);
-  EXPECT_EQ(folder.Read("errors.txt"), "");
+  const ProcessResult result = RunProcess(
+      "/bin/sh", {"-c", std::string(QUILLON_CLI) + " list --json " + folder.Path() + " | head -n 1 | wc -l"});
+  EXPECT_EQ(result.output, "1\n");
+  EXPECT_EQ(result.errors, "");
 }
 
 TEST(CliPipeTest, OutputThatCannotBeWrittenIsNoSuccess) {
   const TempFolder folder;
   folder.Write("a.wav");
-  const std::string errors = folder.At("errors.txt");
-  const std::string command = std::string(QUILLON_CLI) + " list " + folder.Path() + " >/dev/full 2>" + errors;
-  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
-  EXPECT_NE(folder.Read("errors.txt").find("標準出力に書き込めません"), std::string::npos);
+  const ProcessResult result =
+      RunProcess("/bin/sh", {"-c", std::string(QUILLON_CLI) + " list " + folder.Path() + " >/dev/full"});
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(result.errors, "標準出力に書き込めません\n");
 }
 
 TEST(CliSignalTest, AnInterruptionStopsBetweenTwoFilesAndLosesNone) {
