@@ -50,6 +50,7 @@ run_suite() {
   say "$name: building"
   build_preset "$preset" "$@"
   rm -rf "build/$preset/results"
+  mkdir -p "build/$preset/results"
   say "$name: testing"
   ctest --preset "$preset" -j2 || failed=1
   count_results "$name" "$preset" "$(ctest --preset "$preset" -N | sed -n 's/^Total Tests: //p')"

@@ -79,6 +79,12 @@ void FileList::Unregister(FileItem& item) {
   if (item.selected) --selectedCount_;
 }
 
+void FileList::Reserve(std::size_t more) {
+  if (more < rows_.size()) return;  // growing by itself costs less than many small steps would
+  rows_.reserve(rows_.size() + more);
+  locations_.reserve(locations_.size() + more);
+}
+
 void FileList::Add(FileItem item) {
   rows_.push_back(std::make_unique<FileItem>(std::move(item)));
   Register(*rows_.back());

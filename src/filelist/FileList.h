@@ -53,6 +53,8 @@ class FileList {
   /// True when a row lies directly in this folder (trailing separator included).
   [[nodiscard]] bool ContainsFolder(std::string_view folder) const;
 
+  /// Makes room for this many more rows, so that adding them does not move what is there again and again.
+  void Reserve(std::size_t more);
   /// Appends a row. Refusing a location that is already there is the caller's decision.
   void Add(FileItem item);
   /// Puts another file's facts, or the same file's read anew, in the row's place; selection stays.

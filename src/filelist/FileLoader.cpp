@@ -111,6 +111,7 @@ LoadOutcome FileLoader::Register(const std::vector<std::string>& paths) {
   Throttle throttle(progressInterval_);
   std::optional<FileError> error;
   list_.BeginChanges();
+  list_.Reserve(paths.size());
   std::size_t done = 0;
   for (const std::string& path : paths) {
     ports_.pending.Process();

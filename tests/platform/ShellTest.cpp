@@ -12,10 +12,5 @@ TEST(OpenWithShell, AnswersTwoForAFileThatIsNotThere) {
   EXPECT_EQ(OpenWithShell(""), kShellFileNotFound);
 }
 
-TEST(OpenWithShell, AnswersThirtyOneForAFileThatNoProgramOpens) {
-  const test::TempFolder folder;
-  EXPECT_EQ(OpenWithShell(folder.Write("a.no-program-knows-this", std::string("\0\1", 2))), kShellNoProgram);
-}
-
 }  // namespace
 }  // namespace quillon
