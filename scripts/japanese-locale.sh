@@ -2,7 +2,7 @@
 # Makes the Japanese locale that Wine takes its code page from, when it is missing.
 set -euo pipefail
 . "$(dirname "$0")/common.sh"
-locale -a | grep -qi '^ja_JP.utf-\?8$' && exit 0
+locale -a | grep -i '^ja_JP.utf-\?8$' >/dev/null && exit 0
 need_packages locales
 say "Making the locale ja_JP.UTF-8"
 as_root sed -i 's/^# *\(ja_JP.UTF-8 UTF-8\)/\1/' /etc/locale.gen

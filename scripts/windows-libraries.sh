@@ -14,8 +14,10 @@ mkdir -p "$prefix/include" "$prefix/done" "$work"
 apt_source() {
   local folder=$work/apt
   mkdir -p "$folder/lists/partial"
-  local sources
-  sources=$(ls /etc/apt/sources.list.d/debian.sources /etc/apt/sources.list.d/ubuntu.sources 2>/dev/null | head -n 1)
+  local sources='' candidate
+  for candidate in /etc/apt/sources.list.d/debian.sources /etc/apt/sources.list.d/ubuntu.sources; do
+    if [ -f "$candidate" ]; then sources=$candidate; fi
+  done
   if [ -n "$sources" ]; then
     sed 's/^Types: deb.*$/Types: deb-src/' "$sources" >"$folder/debian.sources"
     set -- "-oDir::Etc::sourcelist=$folder/debian.sources" "$@"
