@@ -37,6 +37,7 @@ class Nobody final : public MessageBoxes,
   void FocusList() override {}
   void ReleaseFile(const std::string&) override {}
   void Stop() override {}
+  void Choose(const std::string&) override {}
   void Begin(const std::string&, const std::string&) override {}
   void Update(const std::string&, const std::string&) override {}
   void End() override {}

@@ -39,6 +39,7 @@ class Console final : public MessageBoxes,
   void FocusList() override {}
   void ReleaseFile(const std::string&) override {}
   void Stop() override {}
+  void Choose(const std::string&) override {}
   void Update(const std::string&, const std::string&) override {}
   void Begin(const std::string&, const std::string&) override {}
   void End() override {}

@@ -45,6 +45,8 @@ class PlayerControl {
   virtual void ReleaseFile(const std::string& path) = 0;
   /// Stops whatever plays.
   virtual void Stop() = 0;
+  /// The file that playing starts with from now on.
+  virtual void Choose(const std::string& path) = 0;
 };
 
 /// The progress of a loop over files or rows, shown over the list or in a wait window.

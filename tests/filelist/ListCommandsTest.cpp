@@ -91,6 +91,7 @@ TEST(mnuUnChkListRem, LetsThePlayerSeeTheListAsItIsAfterTheRemoval) {
     explicit LookingPlayer(const FileList& seen) : list(seen) {}
     void ReleaseFile(const std::string& path) override { released.push_back(path + " of " + Rows()); }
     void Stop() override {}
+    void Choose(const std::string&) override {}
     std::string Rows() const {
       std::string rows;
       for (int index = 1; index <= list.Count(); ++index) rows += list.Row(index).location;

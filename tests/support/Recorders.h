@@ -84,6 +84,7 @@ class PlayerRecorder final : public PlayerControl {
   explicit PlayerRecorder(EventLog& log) : log_(log) {}
   void ReleaseFile(const std::string& path) override;
   void Stop() override;
+  void Choose(const std::string& path) override { log_.Add("player chooses " + path); }
 
   std::string loaded;  ///< empty: nothing
 

@@ -1,0 +1,278 @@
+#include "app/Application.h"
+
+#include <utility>
+
+#include "app/settings/SettingsFile.h"
+#include "app/settings/basINIControl.h"
+#include "filelist/paths/basFileControl.h"
+#include "media/MediaInfo.h"
+#include "platform/Shell.h"
+
+namespace quillon {
+namespace {
+
+constexpr const char* kModeCaption = "設定";
+
+}  // namespace
+
+Application::Application(OptionValues options, Paths paths, Ports ports, std::uintptr_t ownerWindow, PathStyle style)
+    : ports_(std::move(ports)),
+      paths_(std::move(paths)),
+      style_(style),
+      options_(std::move(options)),
+      mode_{options_.update.autoUpdate == 1},
+      list_(style),
+      status_(ports_.panels),
+      information_(list_, options_, ports_.information, ports_.playTimes, style),
+      listCommands_(list_, options_, mode_, {ports_.boxes, status_, *this, ports_.player}),
+      loader_(list_, options_, mode_,
+              {ports_.files, ports_.boxes, ports_.pending, ports_.search, ports_.loading, ports_.folders, status_,
+               *this, ports_.player},
+              style),
+      engine_(list_, options_, mode_, {ports_.disk, ports_.boxes, *this, ports_.window, ports_.player}, style),
+      titles_(list_, options_, mode_, engine_, regex_, ports_.pending, ports_.window, ports_.boxes),
+      editing_(list_, options_, mode_, engine_, titles_,
+               {ports_.renameBox, ports_.boxes, *this, ports_.player, status_}, style),
+      fileCommands_(list_, options_, listCommands_,
+                    {ports_.files, ports_.disk, ports_.boxes, ports_.folders, ports_.player, *this, ports_.window},
+                    ownerWindow, style) {}
+
+void Application::Start() {
+  ports_.main.SetAlwaysOnTop(options_.system.front);
+  status_.SetModeText(ApplyModeText(mode_));
+  status_.SetPlayerText(kPlayerIdleText);
+  Reset();
+}
+
+void Application::Run(const std::function<void()>& action) {
+  if (running_) return;
+  running_ = true;
+  action();
+  editing_.Refresh();
+  // Of several selected rows the first one went: the panels follow to the next.
+  if (const int selected = list_.SelectedIndex(); selected != 0 && !showsRow_) ShowRow(selected);
+  running_ = false;
+}
+
+bool Application::IsEnabled(Command command) const {
+  return quillon::IsEnabled(command, StateOf(list_, mode_));
+}
+
+void Application::Execute(Command command) {
+  if (!IsEnabled(command)) return;
+  if (command == Command::mnuThisEditRenameName) {  // goes on after this call
+    if (!running_) ports_.main.EditLabel(list_.SelectedIndex());
+    return;
+  }
+  Run([&] {
+    ports_.main.SetAnswering(false);
+    RunCommand(command);
+    ports_.main.SetAnswering(true);
+  });
+}
+
+void Application::RunCommand(Command command) {
+  switch (command) {
+    case Command::mnuFolderReference: loader_.mnuFolderReference(); break;
+    case Command::mnuFileLoad: OpenFiles(); break;
+    case Command::mnuReload: loader_.mnuReload(); break;
+    case Command::mnuAllClear: listCommands_.mnuAllClear(); break;
+    case Command::mnuUpdate: engine_.mnuUpdate(); break;
+    case Command::mnuAllUpdate: engine_.mnuAllUpdate(); break;
+    case Command::mnuOptionDefaultExit:
+      if (mnuOptionDefaultExit(paths_.settings, options_, ports_.boxes)) ports_.main.EndAtOnce();
+      break;
+    case Command::mnuExit: ports_.main.Close(); break;
+    case Command::mnuShowHelp: ShowHelp(); break;
+    default: RunListCommand(command);
+  }
+}
+
+void Application::RunListCommand(Command command) {
+  switch (command) {
+    case Command::mnuRename: editing_.mnuRename(); break;
+    case Command::mnuAllRename: editing_.mnuAllRename(); break;
+    case Command::mnuModify: ports_.main.ShowModifyDialog(false); break;
+    case Command::mnuAllModify: ports_.main.ShowModifyDialog(true); break;
+    case Command::mnuUndo: editing_.mnuUndo(); break;
+    case Command::mnuAllUndo: editing_.mnuAllUndo(); break;
+    case Command::mnuMove: fileCommands_.mnuMove(); break;
+    case Command::mnuAllMove: fileCommands_.mnuAllMove(); break;
+    default: RunCheckCommand(command);
+  }
+}
+
+void Application::RunCheckCommand(Command command) {
+  switch (command) {
+    case Command::mnuAllChk: listCommands_.mnuAllChk(); break;
+    case Command::mnuChkRem: listCommands_.mnuChkRem(); break;
+    case Command::mnuTurnChk: listCommands_.mnuTurnChk(); break;
+    case Command::mnuUnChkListRem: listCommands_.mnuUnChkListRem(); break;
+    default: RunRowCommand(command);
+  }
+}
+
+void Application::RunRowCommand(Command command) {
+  switch (command) {
+    case Command::mnuThisUpdate: engine_.mnuThisUpdate(); break;
+    case Command::mnuThisRename: editing_.mnuThisRename(); break;
+    case Command::mnuThisUndo: editing_.mnuThisUndo(); break;
+    case Command::mnuThisMove: fileCommands_.mnuThisMove(); break;
+    case Command::mnuThisDel: fileCommands_.mnuThisDel(); break;
+    case Command::mnuThisListDel: listCommands_.mnuThisListDel(); break;
+    default: RunViewCommand(command);
+  }
+}
+
+void Application::RunViewCommand(Command command) {
+  switch (command) {
+    case Command::mnuFront: ToggleFront(); break;
+    case Command::mnuApplyMode: SwitchMode(); break;
+    case Command::mnuSortRenameName:
+    case Command::mnuSortTitle:
+    case Command::mnuSortArtist:
+    case Command::mnuSortType:
+    case Command::mnuSortSize:
+    case Command::mnuSortLocation: Sort(SortColumn(command)); break;
+    default: break;
+  }
+}
+
+void Application::Sort(Column column) {
+  if (editing_.MayLeaveRow()) list_.Sort(column);
+}
+
+void Application::LoadPaths(const std::vector<std::string>& paths) {
+  if (paths.empty()) return;
+  Run([&] {
+    ports_.main.SetAnswering(false);
+    loader_.LoadPaths(paths);
+    ports_.main.SetAnswering(true);
+  });
+}
+
+void Application::OpenFiles() {
+  for (const std::string& path :
+       ports_.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.dirPath)) {
+    loader_.AddFile(path);
+  }
+}
+
+void Application::ModifyRows(bool allItems) {
+  ModifyRenameNames(list_, options_, mode_, engine_,
+                    {regex_, ports_.pending, ports_.waiting, ports_.window, ports_.boxes}, allItems);
+  editing_.Refresh();
+}
+
+void Application::ToggleFront() {
+  options_.system.front = !options_.system.front;
+  ports_.main.SetAlwaysOnTop(options_.system.front);
+}
+
+void Application::ShowHelp() {
+  if (ports_.openWithShell(paths_.help) == kShellFileNotFound) {
+    ports_.boxes.Show({"ヘルプの表示", "ヘルプファイルが開けませんでした", MessageIcon::kStop});
+  }
+}
+
+void Application::ModePanelClicked() {
+  Run([&] { SwitchMode(); });
+}
+
+void Application::SwitchMode() {
+  if (mode_.automatic) {
+    SetMode(false, "自動適応モードが無効になりました");
+  } else if (list_.Count() == 0) {
+    SetMode(true, "自動適応モードが有効になりました");
+  } else {
+    ports_.boxes.Show({kModeCaption,
+                       "この設定は 次回起動時 または 「再読み込み」「リストクリア」 実行後に有効となります",
+                       MessageIcon::kInformation});
+    StoreAutoUpdate(1);
+  }
+}
+
+void Application::SetMode(bool automatic, const char* message) {
+  status_.SetModeText(automatic ? kAutoApplyText : kManualApplyText);
+  ports_.boxes.Show({kModeCaption, message, MessageIcon::kInformation});
+  StoreAutoUpdate(automatic ? 1 : 0);
+  mode_.automatic = automatic;
+}
+
+// Reaches the file at once, alone: the other settings wait for the end.
+void Application::StoreAutoUpdate(std::int16_t value) {
+  options_.update.autoUpdate = value;
+  if (WriteAutoUpdate(paths_.settings, value)) return;
+  ports_.boxes.Show(
+      {kModeCaption, "設定ファイルに書き込めないため、この設定は保存されません", MessageIcon::kExclamation});
+}
+
+void Application::Reset() {
+  showsRow_ = false;
+  editing_.Load(0);
+  information_.Clear();
+}
+
+void Application::ShowRow(int index) {
+  showsRow_ = true;
+  editing_.Load(index);
+  information_.ShowRow(index);
+  ports_.player.Choose(list_.Row(index).location);
+  status_.ShowSelection(std::string(FileName(list_.Row(index).location, style_)));
+  ports_.main.ScrollToRow(index);
+}
+
+void Application::SelectionChanged() {
+  Run([&] {
+    if (!editing_.MayLeaveRow()) return;
+    if (const int selected = list_.SelectedIndex(); selected != 0) {
+      ShowRow(selected);
+    } else {
+      Reset();
+    }
+  });
+}
+
+void Application::RowActivated(int index) {
+  Run([&] {
+    const FileItem& row = list_.Row(index);
+    if (!IsPlayableType(row.type)) (void)ports_.openWithShell(row.location);
+  });
+}
+
+void Application::HeaderClicked(Column column) {
+  Run([&] { Sort(column); });
+}
+
+void Application::LabelEdited(int index, const std::string& name) {
+  Run([&] { editing_.LabelEdited(index, name); });
+}
+
+void Application::RenameBoxChanged() {
+  Run([&] { editing_.Changed(); });
+}
+
+void Application::RenameBoxEntered() {
+  Run([&] { editing_.EnterPressed(); });
+}
+
+void Application::AskForName() {
+  Run([&] { editing_.AskForName(); });
+}
+
+void Application::RenameBoxFocused() {
+  Run([&] { editing_.GotFocus(); });
+}
+
+void Application::RenameBoxClicked() {
+  Run([&] { editing_.Clicked(); });
+}
+
+bool Application::SaveSettings(WindowGeometry geometry) {
+  IniFile file(paths_.settings);
+  file.Load();
+  WriteOptionValues(file, options_, geometry);
+  return file.Save();
+}
+
+}  // namespace quillon

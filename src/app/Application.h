@@ -1,0 +1,166 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/CommandTable.h"
+#include "app/InformationPanel.h"
+#include "app/settings/ApplyMode.h"
+#include "app/settings/OptionValues.h"
+#include "app/settings/Settings.h"
+#include "base/Ports.h"
+#include "filelist/FileList.h"
+#include "filelist/FileLoader.h"
+#include "filelist/ListCommands.h"
+#include "filelist/SelectionStatus.h"
+#include "filelist/WindowPorts.h"
+#include "fileops/FileCommands.h"
+#include "platform/FileSystem.h"
+#include "rename/ModifyRenameNames.h"
+#include "rename/RegexReplace.h"
+#include "rename/RenameEditing.h"
+#include "rename/TitleRename.h"
+#include "rename/basQuillon.h"
+
+namespace quillon {
+
+/// What the main window does that no smaller port names.
+class MainWindow {
+ public:
+  virtual ~MainWindow() = default;
+  /// Brings the row into view; the keyboard goes on from there.
+  virtual void ScrollToRow(int index) = 0;
+  virtual void EditLabel(int index) = 0;
+  /// Files picked in the open-file dialog; empty when it was cancelled.
+  [[nodiscard]] virtual std::vector<std::string> ChooseFiles(const std::string& title,
+                                                             const std::vector<FileDialogFilter>& filters,
+                                                             const std::string& folder) = 0;
+  virtual void ShowModifyDialog(bool allItems) = 0;
+  virtual void SetAlwaysOnTop(bool front) = 0;
+  /// No command is taken while another one runs.
+  virtual void SetAnswering(bool answering) = 0;
+  virtual void Close() = 0;
+  /// Ends the process without the window's usual unload.
+  virtual void EndAtOnce() = 0;
+};
+
+/// The program behind the main window: owns what all commands share, and carries every command out. While a command
+/// runs (its loops let messages through), further ones are refused.
+class Application : private FilePanel {
+ public:
+  struct Ports {
+    MainWindow& main;
+    WindowState& window;
+    StatusPanels& panels;
+    RenameBox& renameBox;
+    InformationBoxes& information;
+    MessageBoxes& boxes;
+    PendingMessages& pending;
+    SearchDisplay& search;
+    ProgressDisplay& loading;  ///< over the list
+    ProgressDisplay& waiting;  ///< the wait window of frmModify
+    FolderDialog& folders;
+    PlayerControl& player;
+    PlayTimes& playTimes;
+    FileReads& files;
+    FileChanges& disk;
+    /// The shell's verb "Open"; see OpenWithShell.
+    std::function<int(const std::string& target)> openWithShell;
+  };
+
+  struct Paths {
+    std::string settings;
+    std::string help;
+  };
+
+  /// `options` is what the settings file held; it is edited in place. `ownerWindow` is the main window's native handle.
+  Application(OptionValues options, Paths paths, Ports ports, std::uintptr_t ownerWindow = 0,
+              PathStyle style = SystemPathStyle());
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
+  ~Application() override = default;
+
+  [[nodiscard]] FileList& List() { return list_; }
+  [[nodiscard]] OptionValues& Options() { return options_; }
+  [[nodiscard]] const ApplyMode& Mode() const { return mode_; }
+  [[nodiscard]] bool RegexAvailable() const { return regex_.Available(); }
+
+  /// True while a command or an event of a box is being carried out.
+  [[nodiscard]] bool IsRunning() const { return running_; }
+
+  /// Panels, boxes and the always-on-top state as the settings say. Before the first command.
+  void Start();
+
+  /// Runs the command if it is enabled now and none runs already.
+  void Execute(Command command);
+  [[nodiscard]] bool IsEnabled(Command command) const;
+
+  /// The command line's paths, and what was dropped on the list.
+  void LoadPaths(const std::vector<std::string>& paths);
+  void CancelSearch() { loader_.CancelSearch(); }
+
+  /// frmModify's own command.
+  void ModifyRows(bool allItems);
+
+  void ModePanelClicked();
+
+  // Events of the list. The selected flags are in step with the screen already.
+  void SelectionChanged();
+  void RowActivated(int index);
+  void HeaderClicked(Column column);
+  void LabelEdited(int index, const std::string& name);
+
+  // Events of the rename box.
+  void RenameBoxChanged();
+  void RenameBoxEntered();
+  [[nodiscard]] bool RenameBoxMayNotBeLeft() const { return !running_ && editing_.MayNotBeLeft(); }
+  void AskForName();
+  void RenameBoxFocused();
+  void RenameBoxClicked();
+
+  void WindowResized() { information_.RefillFileName(); }
+
+  /// Writes every setting but the stored apply mode. False when the file cannot be written.
+  bool SaveSettings(WindowGeometry geometry);
+
+ private:
+  // FilePanel
+  void Reset() override;
+  void ShowRow(int index) override;
+  void ShowFileName(const std::string& path) override { information_.ShowFileName(path); }
+
+  void Run(const std::function<void()>& action);
+  void RunCommand(Command command);
+  void RunListCommand(Command command);
+  void RunCheckCommand(Command command);
+  void RunRowCommand(Command command);
+  void RunViewCommand(Command command);
+  void OpenFiles();
+  void ShowHelp();
+  void ToggleFront();
+  void Sort(Column column);
+  void SwitchMode();
+  void SetMode(bool automatic, const char* message);
+  void StoreAutoUpdate(std::int16_t value);
+
+  Ports ports_;
+  Paths paths_;
+  PathStyle style_;
+  OptionValues options_;
+  ApplyMode mode_;
+  FileList list_;
+  SelectionStatus status_;
+  RegexLibrary regex_;
+  InformationPanel information_;
+  ListCommands listCommands_;
+  FileLoader loader_;
+  RenameEngine engine_;
+  TitleRename titles_;
+  RenameEditing editing_;
+  FileCommands fileCommands_;
+  bool running_ = false;
+  bool showsRow_ = false;  // the panels show the selected row
+};
+
+}  // namespace quillon

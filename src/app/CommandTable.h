@@ -1,0 +1,107 @@
+#pragma once
+
+#include <span>
+
+#include "app/settings/ApplyMode.h"
+#include "filelist/FileList.h"
+
+/// Every command of the main window: its menu entry, its keys, and when it is enabled.
+namespace quillon {
+
+/// Commands are named after their menu items: `All` for every row, `This` for the selected row, none for the checked
+/// rows.
+enum class Command {
+  kSeparator,  ///< stands between groups of a menu; no command
+  mnuFolderReference,
+  mnuFileLoad,
+  mnuReload,
+  mnuAllClear,
+  mnuUpdate,
+  mnuAllUpdate,
+  mnuOption,
+  mnuOptionDefaultExit,
+  mnuExit,
+  mnuRename,
+  mnuAllRename,
+  mnuModify,
+  mnuAllModify,
+  mnuUndo,
+  mnuAllUndo,
+  mnuMove,
+  mnuAllMove,
+  mnuAllChk,
+  mnuChkRem,
+  mnuTurnChk,
+  mnuUnChkListRem,
+  mnuPlay,
+  mnuFront,
+  mnuApplyMode,
+  mnuSortRenameName,
+  mnuSortTitle,
+  mnuSortArtist,
+  mnuSortType,
+  mnuSortSize,
+  mnuSortLocation,
+  mnuShowHelp,
+  mnuVarInfo,
+  mnuThisUpdate,
+  mnuThisRename,
+  mnuThisUndo,
+  mnuThisEditRenameName,
+  mnuThisMove,
+  mnuThisDel,
+  mnuThisListDel,
+};
+
+/// What a command needs to be enabled.
+enum class Needs { kNothing, kRows, kCheckedRows, kSelectedRow, kNotBuilt };
+
+struct CommandEntry {
+  Command command = Command::kSeparator;
+  const char* caption = "";   ///< with its access key, "&F"
+  const char* shortcut = "";  ///< as wx writes it, "Ctrl+O"; empty for none
+  Needs needs = Needs::kNothing;
+  bool manualModeOnly = false;
+};
+
+/// What the enabling rules look at.
+struct CommandState {
+  int rows = 0;
+  int checked = 0;
+  bool selected = false;
+  bool automatic = false;
+};
+[[nodiscard]] CommandState StateOf(const FileList& list, const ApplyMode& mode);
+
+/// The command's entry; every command but kSeparator has one.
+[[nodiscard]] const CommandEntry& EntryOf(Command command);
+[[nodiscard]] bool IsEnabled(Command command, const CommandState& state);
+
+struct MenuEntries {
+  const char* caption;
+  std::span<const Command> commands;
+};
+
+/// The menu bar's menus, in order. The sort commands are a submenu of their own, kSortCaption, in the view menu: there
+/// the first of them stands for all.
+[[nodiscard]] std::span<const MenuEntries> MenuBarEntries();
+inline constexpr const char* kSortCaption = "並べ替え(&S)";
+[[nodiscard]] std::span<const Command> SortCommands();
+[[nodiscard]] Column SortColumn(Command command);
+
+/// The row menu, mnulvwFiles_RClk_Menu. Its shortcuts work while the list has the focus.
+[[nodiscard]] std::span<const Command> RowMenuCommands();
+
+/// One button of the tool bar; kSeparator where there is none.
+struct ToolBarButton {
+  Command command = Command::kSeparator;
+  const char* label = "";             ///< also its tool tip
+  const char* picture = "";           ///< a name in resources/icons
+  Command all = Command::kSeparator;  ///< of its drop-down menu: the same for all rows
+  const char* allCaption = "";
+};
+
+/// Buttons 1 to 9.
+[[nodiscard]] std::span<const ToolBarButton> ToolBarButtons();
+
+}  // namespace quillon

@@ -1,0 +1,39 @@
+#include "app/InformationPanel.h"
+
+#include "filelist/paths/basFileControl.h"
+#include "media/FileInformation.h"
+#include "media/MediaInfo.h"
+
+namespace quillon {
+
+InformationPanel::InformationPanel(const FileList& list, const OptionValues& options, InformationBoxes& boxes,
+                                   PlayTimes& playTimes, PathStyle style)
+    : list_(list), options_(options), boxes_(boxes), playTimes_(playTimes), style_(style) {}
+
+void InformationPanel::Clear() {
+  boxes_.SetTitle("");
+  boxes_.SetFileName("");
+  boxes_.SetSummary(std::string(kNoFileSummary));
+  boxes_.SetDetail(std::string(kNoFileDetail));
+}
+
+void InformationPanel::ShowRow(int index) {
+  const FileItem& row = list_.Row(index);
+  std::optional<std::int32_t> playTime;
+  if (options_.system.loadTime == 1 && IsPlayableType(row.type)) playTime = playTimes_.LengthOf(row.location);
+  const FileInformation information = ReadFileInformation(row.location, row.type, playTime);
+  boxes_.SetTitle(row.title);
+  ShowFileName(row.location);
+  boxes_.SetSummary(information.summary);
+  boxes_.SetDetail(information.detail);
+}
+
+void InformationPanel::ShowFileName(const std::string& path) {
+  boxes_.SetFileName(ShortenPath(path, boxes_.FileNameCharacters(), style_));
+}
+
+void InformationPanel::RefillFileName() {
+  if (const int selected = list_.SelectedIndex(); selected != 0) ShowFileName(list_.Row(selected).location);
+}
+
+}  // namespace quillon

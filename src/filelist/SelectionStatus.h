@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "filelist/WindowPorts.h"
+
+namespace quillon {
+
+/// The panel that the player and the selected row share. It names the selected row only where the player has nothing to
+/// say: while it waits, has stopped, or the panel names a row already.
+class SelectionStatus final : public StatusPanels {
+ public:
+  explicit SelectionStatus(StatusPanels& panels) : panels_(panels) {}
+
+  void SetPlayerText(const std::string& text) override;
+  void SetModeText(const std::string& text) override { panels_.SetModeText(text); }
+
+  /// "選択： " and the name, or the shortened path, of the selected row's file.
+  void ShowSelection(const std::string& name);
+
+ private:
+  StatusPanels& panels_;
+  std::string text_ = kPlayerIdleText;
+};
+
+}  // namespace quillon
