@@ -24,10 +24,11 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
       list_(style),
       status_(ports_.panels),
       information_(list_, options_, ports_.information, ports_.playTimes, style),
+      passedOver_(ports_.search),
       listCommands_(list_, options_, mode_, {ports_.boxes, status_, *this, ports_.player}),
       loader_(list_, options_, mode_,
-              {ports_.files, ports_.boxes, ports_.pending, ports_.search, ports_.loading, ports_.folders, status_,
-               *this, ports_.player},
+              {ports_.files, ports_.boxes, ports_.pending, passedOver_, ports_.loading, ports_.folders, status_, *this,
+               ports_.player},
               style),
       engine_(list_, options_, mode_, {ports_.disk, ports_.boxes, *this, ports_.window, ports_.player}, style),
       titles_(list_, options_, mode_, engine_, regex_, ports_.pending, ports_.window, ports_.boxes),
@@ -54,6 +55,16 @@ void Application::Run(const std::function<void()>& action) {
   running_ = false;
 }
 
+// What may last: the window repaints meanwhile but takes no orders.
+void Application::RunAnswerless(const std::function<void()>& action) {
+  Run([&] {
+    ports_.main.SetAnswering(false);
+    action();
+    passedOver_.Tell(ports_.boxes);
+    ports_.main.SetAnswering(true);
+  });
+}
+
 bool Application::IsEnabled(Command command) const {
   return quillon::IsEnabled(command, StateOf(list_, mode_));
 }
@@ -64,11 +75,7 @@ void Application::Execute(Command command) {
     if (!running_) ports_.main.EditLabel(list_.SelectedIndex());
     return;
   }
-  Run([&] {
-    ports_.main.SetAnswering(false);
-    RunCommand(command);
-    ports_.main.SetAnswering(true);
-  });
+  RunAnswerless([&] { RunCommand(command); });
 }
 
 void Application::RunCommand(Command command) {
@@ -82,7 +89,7 @@ void Application::RunCommand(Command command) {
     case Command::mnuOptionDefaultExit:
       if (mnuOptionDefaultExit(paths_.settings, options_, ports_.boxes)) ports_.main.EndAtOnce();
       break;
-    case Command::mnuExit: ports_.main.Close(); break;
+    case Command::mnuExit: ports_.main.Quit(); break;
     case Command::mnuShowHelp: ShowHelp(); break;
     default: RunListCommand(command);
   }
@@ -144,11 +151,7 @@ void Application::Sort(Column column) {
 
 void Application::LoadPaths(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
-  Run([&] {
-    ports_.main.SetAnswering(false);
-    loader_.LoadPaths(paths);
-    ports_.main.SetAnswering(true);
-  });
+  RunAnswerless([&] { loader_.LoadPaths(paths); });
 }
 
 void Application::OpenFiles() {

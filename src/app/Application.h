@@ -6,6 +6,7 @@
 
 #include "app/CommandTable.h"
 #include "app/InformationPanel.h"
+#include "app/PassedOver.h"
 #include "app/settings/ApplyMode.h"
 #include "app/settings/OptionValues.h"
 #include "app/settings/Settings.h"
@@ -40,7 +41,8 @@ class MainWindow {
   virtual void SetAlwaysOnTop(bool front) = 0;
   /// No command is taken while another one runs.
   virtual void SetAnswering(bool answering) = 0;
-  virtual void Close() = 0;
+  /// Asks the window to close, as its own close button does.
+  virtual void Quit() = 0;
   /// Ends the process without the window's usual unload.
   virtual void EndAtOnce() = 0;
 };
@@ -136,6 +138,7 @@ class Application : private FilePanel {
   void RunCheckCommand(Command command);
   void RunRowCommand(Command command);
   void RunViewCommand(Command command);
+  void RunAnswerless(const std::function<void()>& action);
   void OpenFiles();
   void ShowHelp();
   void ToggleFront();
@@ -153,6 +156,7 @@ class Application : private FilePanel {
   SelectionStatus status_;
   RegexLibrary regex_;
   InformationPanel information_;
+  PassedOverPaths passedOver_;
   ListCommands listCommands_;
   FileLoader loader_;
   RenameEngine engine_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,8 +17,13 @@ namespace quillon {
 /// The folder for this user's configuration files, with a trailing separator (need not exist yet).
 [[nodiscard]] std::string UserConfigurationFolder();
 
-/// The command line's arguments as UTF-8, without the program's own name.
+/// The command line's arguments as UTF-8 (Linux: byte for byte), without the program's own name. A null `argv` stands for
+/// a main() that somebody else has: the system is asked.
 [[nodiscard]] std::vector<std::string> ProgramArguments(int argc, char** argv);
+
+/// The command line behind the program's own name, as it was typed, where the system hands it over whole (Windows);
+/// nullopt where programs get their arguments one by one.
+[[nodiscard]] std::optional<std::string> RawCommandLine();
 
 /// From now on Ctrl-C no longer ends the program but is remembered.
 void CatchInterruption();

@@ -85,8 +85,10 @@ struct Folder {
 };
 
 /// A folder inside another one stands before it.
-constexpr std::array<Folder, 13> kFolders = {{{"base/", 0},
+constexpr std::array<Folder, 16> kFolders = {{{"base/", 0},
+                                              {"platform/desktop/", 2},
                                               {"platform/", 1},
+                                              {"controls/", 3},
                                               {"app/settings/", 2},
                                               {"filelist/paths/", 2},
                                               {"bregexp/", 2},
@@ -97,7 +99,8 @@ constexpr std::array<Folder, 13> kFolders = {{{"base/", 0},
                                               {"player/", 6},
                                               {"dialogs/", 7},
                                               {"app/", 8},
-                                              {"cli/", 9}}};
+                                              {"cli/", 9},
+                                              {"quillon/", 9}}};
 
 const Folder* FolderOf(std::string_view pathBelowSrc) {
   const auto* const found = std::find_if(kFolders.begin(), kFolders.end(), [pathBelowSrc](const Folder& folder) {
@@ -189,7 +192,9 @@ Findings FindSystemHeaders(const SourceFile& file) {
 
 Findings FindWindowHeaders(const SourceFile& file) {
   const std::string_view name = NameOf(file);
-  if (!IsUnder(file, "src/") || !IsCode(file) || name.starts_with("frm") || name.starts_with("lvwFiles.")) return {};
+  const bool isWindow = name.starts_with("frm") || name.starts_with("lvwFiles") || IsUnder(file, "src/controls/") ||
+                        IsUnder(file, "src/quillon/");
+  if (!IsUnder(file, "src/") || !IsCode(file) || isWindow) return {};
   return CheckLines(file, [](std::string_view line) -> std::optional<std::string> {
     for (const auto& header : {Included(line, '<', '>'), Included(line, '"', '"')}) {
       if (header && header->starts_with("wx/")) return std::string(*header);

@@ -2,7 +2,12 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <memory>
+#include <string_view>
+
+#include "base/Text.h"
 
 namespace quillon {
 namespace {
@@ -19,6 +24,17 @@ void NoteInterruption(int) {
   interrupted = 1;
 }
 
+/// Each argument ends with a NUL; the first one is the program.
+std::vector<std::string> ProcessArguments() {
+  std::ifstream file("/proc/self/cmdline", std::ios::binary);  // its size is told as 0
+  const std::string all{std::istreambuf_iterator<char>(file), {}};
+  std::vector<std::string> arguments;
+  for (const std::string_view argument : Split(all, '\0')) arguments.emplace_back(argument);
+  if (!arguments.empty()) arguments.pop_back();
+  if (!arguments.empty()) arguments.erase(arguments.begin());
+  return arguments;
+}
+
 }  // namespace
 
 std::string ProgramFolder() {
@@ -32,7 +48,12 @@ std::string ProgramBaseName() {
 }
 
 std::vector<std::string> ProgramArguments(int argc, char** argv) {
+  if (argv == nullptr) return ProcessArguments();
   return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
+}
+
+std::optional<std::string> RawCommandLine() {
+  return std::nullopt;
 }
 
 void CatchInterruption() {

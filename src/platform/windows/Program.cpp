@@ -7,6 +7,7 @@
 #include <shlobj.h>
 // clang-format on
 
+#include <algorithm>
 #include <atomic>
 #include <memory>
 
@@ -69,6 +70,15 @@ std::vector<std::string> ProgramArguments(int, char**) {
   std::vector<std::string> arguments;
   for (int i = 1; all && i < count; ++i) arguments.push_back(FromWide(all.get()[i]));
   return arguments;
+}
+
+std::optional<std::string> RawCommandLine() {
+  std::wstring_view line = ::GetCommandLineW();
+  const bool quoted = line.starts_with(L'"');
+  const std::size_t nameEnd = line.find(quoted ? L'"' : L' ', 1);
+  line.remove_prefix(std::min(nameEnd == std::wstring_view::npos ? line.size() : nameEnd + 1, line.size()));
+  line.remove_prefix(std::min(line.find_first_not_of(L' '), line.size()));
+  return FromWide(line);
 }
 
 void CatchInterruption() {

@@ -1,0 +1,214 @@
+#include "app/frmMain.h"
+
+#include <wx/app.h>
+#include <wx/display.h>
+#include <wx/filedlg.h>
+#include <wx/menu.h>
+#include <wx/utils.h>
+
+#include <utility>
+
+#include "base/Text.h"
+#include "controls/Pictures.h"
+#include "controls/Twips.h"
+#include "controls/WxText.h"
+#include "platform/Shell.h"
+#include "rename/frmModify.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::chrono::milliseconds kShowDuringLoadAfter(500);
+constexpr int kTitleBar = 12;  // DIP: half of its height
+
+/// A measure in twips, kept as it was read while it still stands for these pixels: rounding must not add up over runs.
+template <class Twips>
+void Keep(const wxWindow& window, Twips& twips, int pixels) {
+  if (ToPixels(window, twips) != pixels) twips = ToTwips(window, pixels);
+}
+
+}  // namespace
+
+frmMain::frmMain(OptionValues options, Application::Paths paths)
+    : wxFrame(nullptr, wxID_ANY, kMainTitle),
+      boxes_(this),
+      files_(MakeFileReads()),
+      disk_(MakeFileChanges()),
+      frmWait_(this) {
+  SetName("frmMain");
+  SetIcons(ProgramIcons());
+  MakeMenus();
+  MakeToolBar();
+  MakeStatusBar();
+  MakeControls();
+  pending_ = std::make_unique<YieldingMessages>([this] { BeforeYield(); });
+  const auto handle = reinterpret_cast<std::uintptr_t>(GetHandle());
+  app_ = std::make_unique<Application>(
+      std::move(options), std::move(paths),
+      Application::Ports{*this, *this, *this, *renameBox_, *information_, boxes_, *pending_, *frmFolderRef_, *loading_,
+                         frmWait_, *this, noPlayer_, noPlayer_, *files_, *disk_,
+                         [handle](const std::string& target) { return OpenWithShell(target, handle); }},
+      handle);
+  lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
+  controls_.list = &lvwFiles_->Window();
+  controls_.list->MoveBeforeInTabOrder(controls_.fraFileInfo);
+  app_->List().SetObserver(this);
+  ApplySettings();
+  BindEvents();
+  app_->Start();
+  UpdateCounts();
+  UpdateCommands();
+}
+
+frmMain::~frmMain() {
+  app_->List().SetObserver(nullptr);
+}
+
+void frmMain::MakeControls() {
+  controls_.panel = new wxPanel(this);
+  MakeFileInfo(controls_);
+  MakeMusicPlayer(controls_);
+  loading_ = std::make_unique<LoadingLabel>(*controls_.panel, [this]() -> wxWindow& { return *controls_.list; });
+  controls_.lblNowloading = &loading_->Window();
+  frmFolderRef_ = new frmFolderRef(this, [this] { app_->CancelSearch(); });
+  renameBox_ = MakeRenameBox(*controls_.txtAlterTitle);
+  information_ = MakeInformationBoxes(controls_);
+  // Nothing can be played yet.
+  for (wxWindow* control : std::initializer_list<wxWindow*>{controls_.cmdPlay, controls_.cmdStop, controls_.sldPosition,
+                                                            controls_.lblTime}) {
+    control->Disable();
+  }
+}
+
+void frmMain::Start(const std::vector<std::string>& paths) {
+  started_ = std::chrono::steady_clock::now();
+  app_->LoadPaths(paths);
+  if (!IsShown()) Show();
+  lvwFiles_->Window().SetFocus();
+}
+
+// A load from the command line that lasts shows the window, so that there is something to look at.
+void frmMain::BeforeYield() {
+  loading_->ShowIfLate();
+  if (!IsShown() && std::chrono::steady_clock::now() - started_ > kShowDuringLoadAfter) Show();
+}
+
+void frmMain::ComeForward() {
+  if (IsIconized()) Iconize(false);
+  wxWindow* front = this;
+  for (wxWindow* window : wxTopLevelWindows) {
+    const auto* dialog = dynamic_cast<wxDialog*>(window);
+    if (dialog != nullptr && dialog->IsShown()) front = window;
+  }
+  Raise();
+  if (front != this) front->Raise();
+}
+
+void frmMain::ApplySettings() {
+  const OptionValues::Window& window = app_->Options().window;
+  const wxSize size(ToPixels(*this, window.width), ToPixels(*this, window.height));
+  const wxRect screen = wxDisplay(this).GetGeometry();
+  wxPoint place(screen.x + screen.width / 2 - size.x / 2, screen.y + screen.height / 2 - size.y / 2);
+  const wxPoint centred = place;
+  if (window.left) place.x = ToPixels(*this, *window.left);
+  if (window.top) place.y = ToPixels(*this, *window.top);
+  // A screen that is gone: the window would be nowhere to be seen.
+  const bool visible = wxDisplay::GetFromPoint(place + wxPoint(size.x / 2, FromDIP(kTitleBar))) != wxNOT_FOUND;
+  SetMinSize(SmallestSize(*this));
+  SetSize(wxRect(visible ? place : centred, size));
+  for (int i = 0; i < kColumnCount; ++i) {
+    const auto column = static_cast<Column>(i);
+    lvwFiles_->SetColumnWidth(column, ToPixels(*this, window.columnWidths.at(static_cast<std::size_t>(i))));
+  }
+  controls_.chkRepeat->SetValue(app_->Options().player.repeat != 0);
+}
+
+void frmMain::KeepSettings() {
+  OptionValues& options = app_->Options();
+  const wxRect rect = GetRect();
+  options.window.left = options.window.left.value_or(ToTwips(*this, rect.x));
+  options.window.top = options.window.top.value_or(ToTwips(*this, rect.y));
+  Keep(*this, *options.window.left, rect.x);
+  Keep(*this, *options.window.top, rect.y);
+  Keep(*this, options.window.width, rect.width);
+  Keep(*this, options.window.height, rect.height);
+  for (int i = 0; i < kColumnCount; ++i) {
+    Keep(*this, options.window.columnWidths.at(static_cast<std::size_t>(i)),
+         lvwFiles_->ColumnWidth(static_cast<Column>(i)));
+  }
+  options.player.repeat = controls_.chkRepeat->GetValue() ? 1 : 0;
+}
+
+void frmMain::OnClose(wxCloseEvent& event) {
+  if (app_->IsRunning() && event.CanVeto()) {
+    closeWanted_ = true;
+    app_->CancelSearch();
+    event.Veto();
+    return;
+  }
+  if (saves_) {
+    KeepSettings();
+    const bool normal = !IsIconized() && !IsMaximized() && !IsFullScreen();
+    (void)app_->SaveSettings(normal ? WindowGeometry::kWrite : WindowGeometry::kKeep);  // nobody is told
+  }
+  Destroy();
+}
+
+void frmMain::Quit() {
+  CallAfter([this] { Close(); });
+}
+
+void frmMain::EndAtOnce() {
+  saves_ = false;
+  CallAfter([this] { Close(); });
+}
+
+void frmMain::ScrollToRow(int index) {
+  lvwFiles_->ShowRow(index);
+}
+
+std::vector<std::string> frmMain::ChooseFiles(const std::string& title, const std::vector<FileDialogFilter>& filters,
+                                              const std::string& folder) {
+  wxString wildcard;
+  for (const FileDialogFilter& filter : filters) {
+    if (!wildcard.empty()) wildcard += '|';
+    wildcard += ToWx(filter.description) + '|' + ToWx(filter.pattern);
+  }
+  wxFileDialog dialog(this, ToWx(title), ToWx(folder), "", wildcard, wxFD_OPEN | wxFD_FILE_MUST_EXIST | wxFD_MULTIPLE);
+  if (dialog.ShowModal() != wxID_OK) return {};
+  wxArrayString chosen;
+  dialog.GetPaths(chosen);
+  return PathsFromWx(chosen);
+}
+
+std::string frmMain::Choose(const std::string& prompt, const std::string& start) {
+  wxDirDialog dialog(this, ToWx(prompt), ToWx(start), wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
+  return dialog.ShowModal() == wxID_OK ? PathFromWx(dialog.GetPath()) : std::string();
+}
+
+void frmMain::ShowModifyDialog(bool allItems) {
+  frmModify dialog(this, app_->Options().modify, OpenedFor::kExecute, app_->RegexAvailable(), boxes_,
+                   [this, allItems] { app_->ModifyRows(allItems); });
+  dialog.ShowModal();
+}
+
+void frmMain::SetAlwaysOnTop(bool front) {
+  const long style = GetWindowStyleFlag();
+  SetWindowStyleFlag(front ? style | wxSTAY_ON_TOP : style & ~wxSTAY_ON_TOP);
+  GetMenuBar()->Check(IdOf(Command::mnuFront), front);
+}
+
+void frmMain::SetAnswering(bool answering) {
+  lvwFiles_->SetAnswering(answering);
+  controls_.txtAlterTitle->SetEditable(answering);
+  if (answering && std::exchange(closeWanted_, false)) Quit();
+}
+
+void frmMain::SetPointer(Pointer pointer) {
+  if (wxIsBusy()) wxEndBusyCursor();
+  if (pointer == Pointer::kNormal) return;
+  const wxCursor cursor(pointer == Pointer::kHourglass ? wxCURSOR_WAIT : wxCURSOR_ARROWWAIT);
+  wxBeginBusyCursor(&cursor);
+}
+
+}  // namespace quillon

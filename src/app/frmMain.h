@@ -1,0 +1,120 @@
+#pragma once
+
+#include <wx/dirdlg.h>
+#include <wx/frame.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/Application.h"
+#include "app/NoPlayer.h"
+#include "app/frmMainBoxes.h"
+#include "app/frmMainLayout.h"
+#include "app/frmMainLoading.h"
+#include "app/settings/OptionValues.h"
+#include "controls/WxMessageBoxes.h"
+#include "filelist/frmFolderRef.h"
+#include "filelist/lvwFiles.h"
+#include "rename/frmWait.h"
+
+namespace quillon {
+
+/// The title of the main window, by which a later instance finds it.
+inline constexpr const char* kMainTitle = "Quillon";
+/// What Windows calls its kind of window.
+inline constexpr const char* kMainWindowClass = "wxWindowNR";
+
+/// The main window: turns events into calls of the Application, and shows what that says.
+class frmMain final : public wxFrame,
+                      private MainWindow,
+                      private WindowState,
+                      private StatusPanels,
+                      private FolderDialog,
+                      private FileListObserver {
+ public:
+  frmMain(OptionValues options, Application::Paths paths);
+  frmMain(const frmMain&) = delete;
+  frmMain& operator=(const frmMain&) = delete;
+  ~frmMain() override;
+
+  /// Loads the command line's paths, then shows the window; a load that lasts shows it earlier.
+  void Start(const std::vector<std::string>& paths);
+
+  /// Restored from minimised and in front of other windows, together with the dialog that it has open.
+  void ComeForward();
+
+  [[nodiscard]] Application& App() { return *app_; }
+  [[nodiscard]] lvwFiles& List() { return *lvwFiles_; }
+
+  /// The menu item's and tool button's id of a command, and the other way round.
+  [[nodiscard]] static int IdOf(Command command);
+  [[nodiscard]] static Command CommandOf(int id);
+
+ private:
+  // MainWindow
+  void ScrollToRow(int index) override;
+  void EditLabel(int index) override { lvwFiles_->EditLabel(index); }
+  [[nodiscard]] std::vector<std::string> ChooseFiles(const std::string& title,
+                                                     const std::vector<FileDialogFilter>& filters,
+                                                     const std::string& folder) override;
+  void ShowModifyDialog(bool allItems) override;
+  void SetAlwaysOnTop(bool front) override;
+  void SetAnswering(bool answering) override;
+  void Quit() override;
+  void EndAtOnce() override;
+  // WindowState
+  void SetPointer(Pointer pointer) override;
+  void SetEnabled(bool enabled) override { Enable(enabled); }
+  void FocusList() override { lvwFiles_->Window().SetFocus(); }
+  // StatusPanels
+  void SetPlayerText(const std::string& text) override;
+  void SetModeText(const std::string& text) override;
+  // FolderDialog
+  std::string Choose(const std::string& prompt, const std::string& start) override;
+  // FileListObserver
+  void RowChanged(int index) override;
+  void RowsChanged() override;
+
+  void MakeControls();
+  void MakeMenus();
+  void MakeToolBar();
+  void MakeStatusBar();
+  [[nodiscard]] lvwFiles::Handlers ListHandlers();
+  void BindEvents();
+  void BindRenameBox();
+  void OnPanelSize();
+  void Run(Command command);
+  void ShowRowMenu(wxPoint screen);
+  bool UseListKey(const wxKeyEvent& event);
+  void OnStatusBarClick(wxMouseEvent& event);
+  void OnClose(wxCloseEvent& event);
+  void ScheduleUpdate();
+  void UpdateCounts();
+  void UpdateCommands();
+  void ApplySettings();
+  void KeepSettings();
+  void BeforeYield();
+
+  WxMessageBoxes boxes_;
+  NoPlayer noPlayer_;
+  std::unique_ptr<FileReads> files_;
+  std::unique_ptr<FileChanges> disk_;
+  frmWait frmWait_;
+  // Owned by the window, like every wx child:
+  frmMainControls controls_;
+  frmFolderRef* frmFolderRef_ = nullptr;
+  std::unique_ptr<RenameBox> renameBox_;
+  std::unique_ptr<InformationBoxes> information_;
+  std::unique_ptr<LoadingLabel> loading_;
+  std::unique_ptr<PendingMessages> pending_;
+  std::unique_ptr<Application> app_;
+  std::unique_ptr<lvwFiles> lvwFiles_;
+  std::chrono::steady_clock::time_point started_;
+  bool updateScheduled_ = false;
+  bool closeWanted_ = false;  // while a command ran
+  bool saves_ = true;
+};
+
+}  // namespace quillon

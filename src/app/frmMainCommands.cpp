@@ -1,0 +1,253 @@
+#include <wx/accel.h>
+#include <wx/menu.h>
+#include <wx/settings.h>
+#include <wx/statusbr.h>
+#include <wx/toolbar.h>
+
+#include "app/frmMain.h"
+#include "controls/Pictures.h"
+#include "controls/WxText.h"
+#include "controls/basLoadFileIcon.h"
+
+/// The main window's commands: menus, tool bar, status bar, keys, and the events of its controls.
+namespace quillon {
+namespace {
+
+constexpr int kFirstId = wxID_HIGHEST + 100;
+constexpr int kToolPicture = 24;  // DIP
+
+constexpr int kModePanel = 0;
+constexpr int kPlayerPanel = 1;
+constexpr int kCheckPanel = 2;
+constexpr int kItemPanel = 3;
+
+// DIP; the panel without a width takes the rest.
+constexpr int kModeWidth = 130;
+constexpr int kCountWidth = 130;
+
+wxString MenuText(const CommandEntry& entry) {
+  const wxString caption = ToWx(entry.caption);
+  return *entry.shortcut == '\0' ? caption : caption + '\t' + entry.shortcut;
+}
+
+void AppendCommand(wxMenu& menu, Command command) {
+  if (command == Command::kSeparator) {
+    menu.AppendSeparator();
+    return;
+  }
+  const wxItemKind kind = command == Command::mnuFront ? wxITEM_CHECK : wxITEM_NORMAL;
+  menu.Append(frmMain::IdOf(command), MenuText(EntryOf(command)), "", kind);
+}
+
+wxMenu* MakeMenu(std::span<const Command> commands) {
+  auto* menu = new wxMenu;
+  for (const Command command : commands) {
+    if (command != SortCommands().front()) {
+      AppendCommand(*menu, command);
+      continue;
+    }
+    auto* sort = new wxMenu;
+    for (const Command sortCommand : SortCommands()) AppendCommand(*sort, sortCommand);
+    menu->AppendSubMenu(sort, ToWx(kSortCaption));
+  }
+  return menu;
+}
+
+constexpr int kLastCommand = static_cast<int>(Command::mnuThisListDel);
+
+}  // namespace
+
+int frmMain::IdOf(Command command) {
+  return kFirstId + static_cast<int>(command);
+}
+
+Command frmMain::CommandOf(int id) {
+  return static_cast<Command>(id - kFirstId);
+}
+
+void frmMain::MakeMenus() {
+  auto* bar = new wxMenuBar;
+  for (const MenuEntries& menu : MenuBarEntries()) bar->Append(MakeMenu(menu.commands), ToWx(menu.caption));
+  SetMenuBar(bar);
+}
+
+void frmMain::MakeToolBar() {
+  wxToolBar* bar = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT);
+  bar->SetName("Toolbar");
+  const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
+  for (const ToolBarButton& button : ToolBarButtons()) {
+    if (button.command == Command::kSeparator) {
+      bar->AddSeparator();
+      continue;
+    }
+    const bool dropDown = button.all != Command::kSeparator;
+    const int id = IdOf(button.command);
+    bar->AddTool(id, ToWx(button.label), Picture(button.picture, kToolPicture, ink), ToWx(button.label),
+                 dropDown ? wxITEM_DROPDOWN : wxITEM_NORMAL);
+    if (!dropDown) continue;
+    auto* menu = new wxMenu;
+    menu->Append(IdOf(button.all), ToWx(button.allCaption));
+    bar->SetDropdownMenu(id, menu);
+  }
+  bar->Realize();
+}
+
+void frmMain::MakeStatusBar() {
+  wxStatusBar* bar = CreateStatusBar(4);
+  bar->SetName("StatusBar");
+  const int widths[] = {FromDIP(kModeWidth), -1, FromDIP(kCountWidth), FromDIP(kCountWidth)};
+  bar->SetStatusWidths(4, widths);
+  bar->SetToolTip(ToWx("適応モードの表示をクリックすると、モードが切り替わります"));
+  SetStatusBarPane(-1);  // menu help would overwrite a panel
+}
+
+lvwFiles::Handlers frmMain::ListHandlers() {
+  lvwFiles::Handlers handlers;
+  handlers.selectionChanged = [this] { app_->SelectionChanged(); };
+  handlers.activated = [this](int index) { app_->RowActivated(index); };
+  handlers.headerClicked = [this](Column column) { app_->HeaderClicked(column); };
+  handlers.renamed = [this](int index, const std::string& name) { app_->LabelEdited(index, name); };
+  handlers.menuWanted = [this](wxPoint screen) { ShowRowMenu(screen); };
+  handlers.keyPressed = [this](wxKeyEvent& event) { return UseListKey(event); };
+  handlers.dropped = [this](const wxArrayString& paths) {
+    const std::vector<std::string> dropped = PathsFromWx(paths);
+    CallAfter([this, dropped] { app_->LoadPaths(dropped); });  // the other program waits for the drop to end
+  };
+  handlers.iconOf = [](const FileItem& row, int pixels) { return LoadFileIcon(row.location, row.type, pixels); };
+  return handlers;
+}
+
+void frmMain::BindEvents() {
+  const int first = IdOf(Command::kSeparator);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent& event) { Run(CommandOf(event.GetId())); }, first, first + kLastCommand);
+  Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+    UpdateCommands();
+    event.Skip();
+  });
+  Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
+  GetStatusBar()->Bind(wxEVT_LEFT_DOWN, &frmMain::OnStatusBarClick, this);
+  controls_.panel->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    OnPanelSize();
+    event.Skip();
+  });
+  BindRenameBox();
+}
+
+void frmMain::BindRenameBox() {
+  wxTextCtrl& box = *controls_.txtAlterTitle;
+  box.Bind(wxEVT_TEXT, [this](wxCommandEvent&) { app_->RenameBoxChanged(); });
+  box.Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { app_->RenameBoxEntered(); });
+  box.Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+    app_->RenameBoxFocused();
+    event.Skip();
+  });
+  box.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+    // A message box must not open while the focus is on its way.
+    if (app_->RenameBoxMayNotBeLeft() && IsActive()) CallAfter([this] { app_->AskForName(); });
+    event.Skip();
+  });
+  box.Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
+    app_->RenameBoxClicked();
+    event.Skip();
+  });
+}
+
+// While the window is minimised there is nothing to lay out.
+void frmMain::OnPanelSize() {
+  if (IsIconized()) return;
+  const int toolBar = GetToolBar()->GetSize().y;
+  const int statusBar = GetStatusBar()->GetSize().y;
+  LayOut(controls_, {toolBar, statusBar});
+  app_->WindowResized();
+}
+
+void frmMain::Run(Command command) {
+  if (command == Command::mnuFront)
+    SetAlwaysOnTop(app_->Options().system.front);  // the menu has turned its mark already
+  app_->Execute(command);
+  UpdateCommands();
+}
+
+void frmMain::ShowRowMenu(wxPoint screen) {
+  const std::unique_ptr<wxMenu> menu(MakeMenu(RowMenuCommands()));
+  menu->SetTitle("");
+  for (const Command command : RowMenuCommands()) {
+    if (command != Command::kSeparator) menu->Enable(IdOf(command), app_->IsEnabled(command));
+  }
+  PopupMenu(menu.get(), ScreenToClient(screen));
+}
+
+// The row menu's keys, while the list has the focus.
+bool frmMain::UseListKey(const wxKeyEvent& event) {
+  wxAcceleratorEntry pressed(event.GetModifiers() == wxMOD_SHIFT ? wxACCEL_SHIFT : wxACCEL_NORMAL, event.GetKeyCode());
+  if (event.GetModifiers() != wxMOD_NONE && event.GetModifiers() != wxMOD_SHIFT) return false;
+  for (const Command command : RowMenuCommands()) {
+    const CommandEntry& entry = EntryOf(command);
+    wxAcceleratorEntry key;
+    if (*entry.shortcut == '\0' || !key.FromString(wxString('\t') + entry.shortcut)) continue;
+    if (key.GetFlags() != pressed.GetFlags() || key.GetKeyCode() != pressed.GetKeyCode()) continue;
+    CallAfter([this, command] { Run(command); });
+    return true;
+  }
+  return false;
+}
+
+void frmMain::OnStatusBarClick(wxMouseEvent& event) {
+  wxRect panel;
+  if (GetStatusBar()->GetFieldRect(kModePanel, panel) && panel.Contains(event.GetPosition())) {
+    CallAfter([this] { app_->ModePanelClicked(); });
+  }
+  event.Skip();
+}
+
+void frmMain::SetPlayerText(const std::string& text) {
+  SetStatusText(ToWx(text), kPlayerPanel);
+}
+
+void frmMain::SetModeText(const std::string& text) {
+  SetStatusText(ToWx(text), kModePanel);
+}
+
+void frmMain::RowChanged(int index) {
+  lvwFiles_->RowChanged(index);
+  ScheduleUpdate();
+}
+
+void frmMain::RowsChanged() {
+  lvwFiles_->RowsChanged();
+  ScheduleUpdate();
+}
+
+void frmMain::ScheduleUpdate() {
+  if (updateScheduled_) return;
+  updateScheduled_ = true;
+  CallAfter([this] {
+    updateScheduled_ = false;
+    UpdateCounts();
+    UpdateCommands();
+  });
+}
+
+void frmMain::UpdateCounts() {
+  SetStatusText(ToWx(CheckCountText(app_->List())), kCheckPanel);
+  SetStatusText(ToWx(ItemCountText(app_->List())), kItemPanel);
+}
+
+void frmMain::UpdateCommands() {
+  wxMenuBar& menus = *GetMenuBar();
+  for (int i = 1; i <= kLastCommand; ++i) {
+    const auto command = static_cast<Command>(i);
+    wxMenuItem* item = menus.FindItem(IdOf(command));
+    if (item != nullptr && item->IsEnabled() != app_->IsEnabled(command)) item->Enable(app_->IsEnabled(command));
+  }
+  const CommandState state = StateOf(app_->List(), app_->Mode());
+  for (const ToolBarButton& button : ToolBarButtons()) {
+    if (button.command == Command::kSeparator) continue;
+    // A button stays while its drop-down menu has something to offer.
+    const Command any = button.all != Command::kSeparator ? button.all : button.command;
+    GetToolBar()->EnableTool(IdOf(button.command), quillon::IsEnabled(any, state));
+  }
+}
+
+}  // namespace quillon

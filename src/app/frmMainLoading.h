@@ -1,0 +1,55 @@
+#pragma once
+
+#include <wx/panel.h>
+#include <wx/stattext.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "base/Ports.h"
+#include "base/Throttle.h"
+#include "filelist/WindowPorts.h"
+
+namespace quillon {
+
+/// What stands in the place of the list while files are read: lblNowloading, which covers it, with picNowLoding and its
+/// caption lblPicNowLoding in the middle. A quick load never flashes it.
+class LoadingLabel final : public ProgressDisplay {
+ public:
+  /// The label's window is made as a child of `parent`; `list` is hidden while it shows.
+  LoadingLabel(wxWindow& parent, const std::function<wxWindow&()>& list);
+
+  [[nodiscard]] wxWindow& Window() { return *lblNowloading_; }
+
+  void Begin(const std::string& headline, const std::string& line) override;
+  void Update(const std::string& percentText, const std::string& path) override;
+  void End() override;
+
+  /// Called now and then while it may have to appear.
+  void ShowIfLate();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  std::function<wxWindow&()> list_;
+  wxPanel* lblNowloading_;
+  wxStaticText* lblPicNowLoding_;
+  wxStaticText* lblLine_;
+  wxStaticText* lblPercent_;
+  Clock::time_point begun_;
+  bool active_ = false;
+};
+
+/// Lets messages through in long loops, at most every ten milliseconds: more often would cost more than the loop.
+class YieldingMessages final : public PendingMessages {
+ public:
+  explicit YieldingMessages(std::function<void()> before) : before_(std::move(before)) {}
+  void Process() override;
+
+ private:
+  std::function<void()> before_;
+  Throttle throttle_{std::chrono::milliseconds(10)};
+};
+
+}  // namespace quillon

@@ -1,0 +1,45 @@
+#include "controls/Pictures.h"
+
+#include <wx/bitmap.h>
+#include <wx/colour.h>
+#include <wx/icon.h>
+
+#include <string>
+#include <utility>
+
+#include "controls/PictureData.h"
+#include "controls/WxText.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::string_view kInk = "#000000";
+
+std::string InInk(std::string text, const wxColour& ink) {
+  const std::string colour = FromWx(wxString::Format("#%02x%02x%02x", ink.Red(), ink.Green(), ink.Blue()));
+  for (std::size_t at = text.find(kInk); at != std::string::npos; at = text.find(kInk, at + colour.size())) {
+    text.replace(at, kInk.size(), colour);
+  }
+  return text;
+}
+
+}  // namespace
+
+wxBitmapBundle Picture(std::string_view name, int dip, const wxColour& ink) {
+  std::string text(PictureData(name));
+  if (text.empty()) return {};
+  if (ink.IsOk()) text = InInk(std::move(text), ink);
+  return wxBitmapBundle::FromSVG(text.data(), wxSize(dip, dip));
+}
+
+wxIconBundle ProgramIcons() {
+  wxIconBundle icons;
+  for (const int size : {16, 20, 24, 32, 40, 48, 64, 128, 256}) {
+    wxIcon icon;
+    icon.CopyFromBitmap(Picture("quillon", size, *wxBLACK).GetBitmap(wxSize(size, size)));
+    icons.AddIcon(icon);
+  }
+  return icons;
+}
+
+}  // namespace quillon

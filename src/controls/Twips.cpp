@@ -1,0 +1,27 @@
+#include "controls/Twips.h"
+
+#include <cmath>
+
+namespace quillon {
+namespace {
+
+constexpr double kTwipsPerInch = 1440.0;
+constexpr int kDipPerInch = 96;
+
+// wx keeps pixels that the desktop scales itself (GTK) apart from those that it does not (Windows): DIP are the measure
+// that both share.
+double TwipsPerPixel(const wxWindow& window) {
+  return kTwipsPerInch / window.FromDIP(wxSize(kDipPerInch, kDipPerInch)).x;
+}
+
+}  // namespace
+
+int ToPixels(const wxWindow& window, std::int32_t twips) {
+  return static_cast<int>(std::lround(twips / TwipsPerPixel(window)));
+}
+
+std::int32_t ToTwips(const wxWindow& window, int pixels) {
+  return static_cast<std::int32_t>(std::lround(pixels * TwipsPerPixel(window)));
+}
+
+}  // namespace quillon

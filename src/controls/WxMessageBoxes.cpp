@@ -1,0 +1,55 @@
+#include "controls/WxMessageBoxes.h"
+
+#include <wx/app.h>
+#include <wx/dialog.h>
+#include <wx/msgdlg.h>
+
+#include "controls/WxText.h"
+
+namespace quillon {
+namespace {
+
+long StyleOf(const Message& message) {
+  long style = wxCENTRE;
+  switch (message.icon) {
+    case MessageIcon::kExclamation: style |= wxICON_EXCLAMATION; break;
+    case MessageIcon::kStop: style |= wxICON_ERROR; break;
+    case MessageIcon::kInformation: style |= wxICON_INFORMATION; break;
+    case MessageIcon::kQuestion: style |= wxICON_QUESTION; break;
+  }
+  switch (message.buttons) {
+    case MessageButtons::kOk: return style | wxOK;
+    case MessageButtons::kOkCancel: return style | wxOK | wxCANCEL;
+    case MessageButtons::kYesNo: return style | wxYES_NO;
+  }
+  return style;
+}
+
+/// The modal dialog that is open over `parent`, if there is one.
+wxWindow* TopmostDialog(wxWindow* parent) {
+  wxWindow* top = parent;
+  for (wxWindow* window : wxTopLevelWindows) {
+    const auto* dialog = dynamic_cast<wxDialog*>(window);
+    if (dialog != nullptr && dialog->IsModal() && dialog->IsShown()) top = window;
+  }
+  return top;
+}
+
+}  // namespace
+
+bool WxMessageBoxes::Show(const Message& message) {
+  wxString text = ToWx(message.text);
+  text.Replace("\r\n", "\n");
+  wxMessageDialog dialog(TopmostDialog(parent_), text, ToWx(message.caption), StyleOf(message));
+  if (message.buttons == MessageButtons::kYesNo) {
+    dialog.SetYesNoLabels(ToWx("はい(&Y)"), ToWx("いいえ(&N)"));
+  } else if (message.buttons == MessageButtons::kOkCancel) {
+    dialog.SetOKCancelLabels("OK", ToWx("キャンセル"));
+  } else {
+    dialog.SetOKLabel("OK");
+  }
+  const int answer = dialog.ShowModal();
+  return answer == wxID_YES || answer == wxID_OK;
+}
+
+}  // namespace quillon

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <wx/window.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "filelist/FileList.h"
+
+namespace quillon {
+
+/// The list of files on the screen: rows with check box, small icon and six columns, which it asks the FileList for as
+/// it shows them. Two faces: the system's virtual list view on Windows, a tree view with a virtual model on GTK, since
+/// those are the ones that assistive technology can read. Row indices are 1-based, as in FileList.
+///
+/// What the user selects and checks stands in the FileList before a handler is called; what logic selects or changes
+/// there shows after the messages that are pending then. Handlers are never called for what logic does.
+class lvwFiles : public FileListObserver {
+ public:
+  struct Handlers {
+    std::function<void()> selectionChanged;    ///< once for many rows
+    std::function<void(int index)> activated;  ///< a double click, or Enter
+    std::function<void(Column column)> headerClicked;
+    std::function<void(int index, const std::string& name)> renamed;  ///< a label edit ended with this text
+    std::function<void(wxPoint screen)> menuWanted;                   ///< right button, menu key, Shift+F10
+    std::function<bool(wxKeyEvent& event)> keyPressed;                ///< true when it was used; not while editing
+    std::function<void(const wxArrayString& paths)> dropped;          ///< files and folders
+    std::function<wxBitmap(const FileItem& row, int pixels)> iconOf;  ///< asked once per icon number and size
+  };
+
+  /// The window is a child of `parent`, which deletes it; the returned object must live as long. The caller registers
+  /// it, or an observer that passes on what it hears, with `list`.
+  [[nodiscard]] static std::unique_ptr<lvwFiles> Make(wxWindow& parent, FileList& list, Handlers handlers);
+
+  [[nodiscard]] virtual wxWindow& Window() = 0;
+
+  /// Of the six columns of FileItem.h, in pixels of the window.
+  [[nodiscard]] virtual int ColumnWidth(Column column) const = 0;
+  virtual void SetColumnWidth(Column column, int pixels) = 0;
+
+  /// Scrolls the row into view and makes it the one that the keyboard goes on from; the selection stays.
+  virtual void ShowRow(int index) = 0;
+
+  /// Starts editing the row's rename name in place; ends with `renamed`, or with nothing when it is cancelled.
+  virtual void EditLabel(int index) = 0;
+  [[nodiscard]] virtual bool IsEditing() const = 0;
+
+  /// Whether header clicks, label edits and so on are taken; off while a command runs. Painting and scrolling go on.
+  virtual void SetAnswering(bool answering) = 0;
+};
+
+}  // namespace quillon

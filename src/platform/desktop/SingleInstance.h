@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+/// Finding out whether the program runs already, for this user on this display.
+namespace quillon {
+
+class SingleInstance {
+ public:
+  virtual ~SingleInstance() = default;
+
+  /// False when another instance was there before.
+  [[nodiscard]] virtual bool IsFirst() const = 0;
+
+  /// For a later instance: brings the first one's main window, or the dialog that it has open, to the front, restored
+  /// from minimised. Does nothing when that window cannot be found.
+  virtual void BringFirstForward() = 0;
+
+  /// For the first instance: `raise` is called, from the message loop, whenever a later instance asks for it. Where the
+  /// later instance raises the window itself (Windows) it is never called.
+  virtual void OnRaise(std::function<void()> raise) = 0;
+};
+
+/// `title` is the main window's title, which also names the program. Windows: a named mutex of this session, and the
+/// top-level window of class `windowClass` with exactly this title. Linux: a name on the session bus, one per display;
+/// without a session bus every instance is the first.
+[[nodiscard]] std::unique_ptr<SingleInstance> MakeSingleInstance(const std::string& title,
+                                                                 const std::string& windowClass);
+
+}  // namespace quillon

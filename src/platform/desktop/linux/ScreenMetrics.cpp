@@ -1,0 +1,20 @@
+#include "platform/desktop/ScreenMetrics.h"
+
+#include <gdk/gdk.h>
+
+namespace quillon {
+
+ScreenMetrics QueryScreen() {
+  GdkDisplay* const display = gdk_display_get_default();
+  if (display == nullptr) return {};
+  GdkMonitor* monitor = gdk_display_get_primary_monitor(display);
+  // Not every window system calls one of its screens the main one.
+  if (monitor == nullptr) monitor = gdk_display_get_monitor(display, 0);
+  if (monitor == nullptr) return {};
+  GdkRectangle area = {};
+  gdk_monitor_get_geometry(monitor, &area);
+  GdkVisual* const visual = gdk_screen_get_system_visual(gdk_display_get_default_screen(display));
+  return {area.width, area.height, gdk_visual_get_depth(visual)};
+}
+
+}  // namespace quillon

@@ -1,0 +1,7 @@
+#include "platform/desktop/DesktopStyle.h"
+
+namespace quillon {
+
+void ApplyDesktopStyle() {}
+
+}  // namespace quillon

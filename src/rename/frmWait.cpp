@@ -1,0 +1,145 @@
+#include "rename/frmWait.h"
+
+#include <wx/app.h>
+#include <wx/dialog.h>
+#include <wx/evtloop.h>
+#include <wx/gauge.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "base/Text.h"
+#include "controls/WxText.h"
+#include "filelist/paths/basFileControl.h"
+
+namespace quillon {
+namespace {
+
+constexpr int kTextWidth = 380;  // DIP
+constexpr int kGap = 12;         // DIP
+constexpr int kSmallGap = 4;     // DIP
+constexpr int kPercents = 100;
+
+/// The modal dialog that is open over `parent`, if there is one.
+wxWindow* TopmostDialog(wxWindow* parent) {
+  wxWindow* top = parent;
+  for (wxWindow* window : wxTopLevelWindows) {
+    const auto* dialog = dynamic_cast<wxDialog*>(window);
+    if (dialog != nullptr && dialog->IsModal() && dialog->IsShown()) top = window;
+  }
+  return top;
+}
+
+long StyleOver(const wxWindow* parent) {
+  const bool onTop = parent != nullptr && parent->HasFlag(wxSTAY_ON_TOP);
+  return wxCAPTION | (onTop ? wxSTAY_ON_TOP : 0);
+}
+
+/// The path with "..." in place of as few of its first folders as needed; it can still be too wide.
+wxString Shortened(const wxStaticText& label, std::string_view path, int width) {
+  const auto fits = [&](const wxString& text) { return label.GetTextExtent(text).x <= width; };
+  if (fits(ToWx(path))) return ToWx(path);
+  std::size_t fitting = 0;
+  std::size_t tooLong = CharacterCount(path);
+  while (tooLong - fitting > 1) {
+    const std::size_t middle = fitting + (tooLong - fitting) / 2;
+    (fits(ToWx(ShortenPath(path, middle))) ? fitting : tooLong) = middle;
+  }
+  return ToWx(ShortenPath(path, fitting));
+}
+
+}  // namespace
+
+class frmWait::Window final : public wxDialog {
+ public:
+  Window(wxWindow* parent, const std::string& headline, const std::string& line);
+
+  void ShowProgress(const std::string& percentText, const std::string& path);
+  void PaintNow();
+
+ private:
+  wxStaticText* AddLabel(wxSizer& column, const char* name, long style);
+
+  wxStaticText* lblHeadline_ = nullptr;
+  wxStaticText* lblLine_ = nullptr;
+  wxGauge* gauge_ = nullptr;
+  wxStaticText* lblPercent_ = nullptr;
+  wxStaticText* lblPath_ = nullptr;
+};
+
+frmWait::Window::Window(wxWindow* parent, const std::string& headline, const std::string& line)
+    : wxDialog(parent, wxID_ANY, wxTheApp->GetAppDisplayName(), wxDefaultPosition, wxDefaultSize, StyleOver(parent)) {
+  SetName("frmWait");
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  lblHeadline_ = AddLabel(*column, "lblHeadline", 0);
+  column->AddSpacer(FromDIP(kGap));
+  lblLine_ = AddLabel(*column, "lblLine", 0);
+  gauge_ = new wxGauge(this, wxID_ANY, kPercents);
+  gauge_->SetName("gauge");
+  column->Add(gauge_, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, FromDIP(kSmallGap)));
+  lblPercent_ = AddLabel(*column, "lblPercent", wxST_NO_AUTORESIZE);
+  lblPath_ = AddLabel(*column, "lblPath", wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE);
+  wxString lines = ToWx(headline);
+  lines.Replace("\r\n", "\n");
+  lblHeadline_->SetLabelText(lines);
+  lblLine_->SetLabelText(ToWx(line));
+  auto* border = new wxBoxSizer(wxVERTICAL);
+  border->Add(column, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kGap)));
+  column->SetMinSize(FromDIP(kTextWidth), -1);
+  SetSizerAndFit(border);
+  CentreOnParent();
+  // Only End closes it.
+  SetEscapeId(wxID_NONE);
+  Bind(wxEVT_CLOSE_WINDOW, [](wxCloseEvent& event) { event.Veto(event.CanVeto()); });
+}
+
+wxStaticText* frmWait::Window::AddLabel(wxSizer& column, const char* name, long style) {
+  // A text of its own gives a label that stays as wide as the window the height of a line.
+  auto* label = new wxStaticText(this, wxID_ANY, " ", wxDefaultPosition, wxDefaultSize, style);
+  label->SetName(name);
+  column.Add(label, wxSizerFlags().Expand());
+  return label;
+}
+
+void frmWait::Window::ShowProgress(const std::string& percentText, const std::string& path) {
+  gauge_->SetValue(static_cast<int>(std::clamp<std::int64_t>(LeadingNumber(percentText), 0, kPercents)));
+  lblPercent_->SetLabelText(ToWx(percentText));
+  lblPath_->SetLabelText(Shortened(*lblPath_, path, lblPath_->GetClientSize().x));
+  PaintNow();
+}
+
+/// A busy program paints nothing by itself; clicks and keys stay where they are.
+void frmWait::Window::PaintNow() {
+  wxDialog::Update();
+  if (wxEventLoopBase* const loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_UI);
+}
+
+frmWait::Window* frmWait::Shown() const {
+  return static_cast<Window*>(window_.get());
+}
+
+void frmWait::Begin(const std::string& headline, const std::string& line) {
+  End();
+  auto* const window = new Window(TopmostDialog(parent_), headline, line);
+  window_ = window;
+  window->ShowWithoutActivating();
+  window->PaintNow();
+}
+
+void frmWait::Update(const std::string& percentText, const std::string& path) {
+  if (Window* const window = Shown()) window->ShowProgress(percentText, path);
+}
+
+void frmWait::End() {
+  Window* const window = Shown();
+  if (window == nullptr) return;
+  window->Hide();
+  window->Destroy();
+  window_ = nullptr;
+}
+
+}  // namespace quillon
