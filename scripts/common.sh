@@ -31,7 +31,8 @@ need_packages() {
     fail "apt-get could not install: ${missing[*]}"
 }
 
-linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev libglib2.0-dev libcli11-dev nlohmann-json3-dev)
+linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev libglib2.0-dev libcli11-dev nlohmann-json3-dev
+  libwxgtk3.2-dev libgtk-3-dev)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev locales libxml2-utils util-linux)
 windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
 style_packages=(clang-format clang-tidy)

@@ -56,6 +56,7 @@ build() {
     tail -n 30 "$work/$name.log" >&2
     fail "$name for Windows could not be built (log: $work/$name.log)"
   }
+  rm -rf "$work/build-$name"
   touch "$prefix/done/$name-$version"
 }
 
@@ -73,6 +74,19 @@ fi
 if ! is_done utf8proc-2.8.0; then
   unpack utf8proc 2.8.0-1
   build utf8proc 2.8.0 "$work/utf8proc"
+fi
+if ! is_done wxwidgets-3.2.2; then
+  unpack wxwidgets3.2 3.2.2+dfsg-2
+  # Its SVG pictures are drawn by the NanoSVG that comes with it; wxUSE_SVG is about writing SVG files, which needs libpng.
+  wx_off=(AUI ARCHIVE_STREAMS ARTPROVIDER_TANGO CRASHREPORT DEBUGREPORT DIALUP_MANAGER DOC_VIEW_ARCHITECTURE EXPAT
+    FSVOLUME FS_ARCHIVE FS_INET FS_ZIP GRID HELP HTML IPC JOYSTICK LIBJPEG LIBLZMA LIBPNG LIBTIFF MDI MDI_ARCHITECTURE
+    MEDIACTRL MS_HTML_HELP OPENGL PRINTING_ARCHITECTURE PROPGRID PROTOCOL REGEX RIBBON RICHTEXT SECRETSTORE SOCKETS
+    SOUND STC SVG TARSTREAM URL WEBREQUEST WEBVIEW WIZARDDLG WXHTML_HELP XML XRC ZIPSTREAM ZLIB)
+  wx_off=("${wx_off[@]/#/-DwxUSE_}")
+  wx_off=("${wx_off[@]/%/=OFF}")
+  build wxwidgets 3.2.2 "$work/wxwidgets3.2" -DwxBUILD_SHARED=OFF -DwxBUILD_TOOLKIT=msw \
+    "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG" "-DCMAKE_C_FLAGS_RELEASE=-O2 -DNDEBUG" \
+    -DwxUSE_ACCESSIBILITY=ON -DwxUSE_UIACTIONSIMULATOR=ON -DwxUSE_NANOSVG=builtin "${wx_off[@]}"
 fi
 googletest_version=$(dpkg-query -W -f='${Version}' googletest)
 if ! is_done "googletest-$googletest_version"; then

@@ -83,14 +83,32 @@ void frmMain::MakeControls() {
 void frmMain::Start(const std::vector<std::string>& paths) {
   started_ = std::chrono::steady_clock::now();
   app_->LoadPaths(paths);
-  if (!IsShown()) Show();
+  ShowLaidOut();
   lvwFiles_->Window().SetFocus();
 }
 
 // A load from the command line that lasts shows the window, so that there is something to look at.
 void frmMain::BeforeYield() {
   loading_->ShowIfLate();
-  if (!IsShown() && std::chrono::steady_clock::now() - started_ > kShowDuringLoadAfter) Show();
+  if (std::chrono::steady_clock::now() - started_ > kShowDuringLoadAfter) ShowLaidOut();
+}
+
+// Controls know their real heights only once they are shown.
+void frmMain::ShowLaidOut() {
+  if (IsShown()) return;
+  OnPanelSize();
+  const wxRect place = GetRect();
+  Show();
+  controls_.panel->Bind(wxEVT_PAINT, [this, place, first = true](wxPaintEvent& event) mutable {
+    if (std::exchange(first, false)) CallAfter([this, place] { SettleAt(place); });
+    event.Skip();
+  });
+}
+
+// Once the window is on the screen: GTK may have forgotten the place while it asked for the frame's measures.
+void frmMain::SettleAt(const wxRect& place) {
+  if (GetRect() != place && !IsMaximized()) SetSize(place);
+  OnPanelSize();
 }
 
 void frmMain::ComeForward() {

@@ -96,6 +96,8 @@ class frmMain final : public wxFrame,
   void ApplySettings();
   void KeepSettings();
   void BeforeYield();
+  void ShowLaidOut();
+  void SettleAt(const wxRect& place);
 
   WxMessageBoxes boxes_;
   NoPlayer noPlayer_;

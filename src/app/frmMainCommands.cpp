@@ -75,6 +75,7 @@ void frmMain::MakeToolBar() {
   wxToolBar* bar = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT);
   bar->SetName("Toolbar");
   const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
+  const wxColour grey = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
   for (const ToolBarButton& button : ToolBarButtons()) {
     if (button.command == Command::kSeparator) {
       bar->AddSeparator();
@@ -82,8 +83,9 @@ void frmMain::MakeToolBar() {
     }
     const bool dropDown = button.all != Command::kSeparator;
     const int id = IdOf(button.command);
-    bar->AddTool(id, ToWx(button.label), Picture(button.picture, kToolPicture, ink), ToWx(button.label),
-                 dropDown ? wxITEM_DROPDOWN : wxITEM_NORMAL);
+    bar->AddTool(id, ToWx(button.label), Picture(button.picture, kToolPicture, ink),
+                 Picture(button.picture, kToolPicture, grey), dropDown ? wxITEM_DROPDOWN : wxITEM_NORMAL,
+                 ToWx(button.label));
     if (!dropDown) continue;
     auto* menu = new wxMenu;
     menu->Append(IdOf(button.all), ToWx(button.allCaption));

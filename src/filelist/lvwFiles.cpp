@@ -2,6 +2,7 @@
 #include <wx/image.h>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 
@@ -18,7 +19,8 @@ bool BreaksLine(wxUniChar character) {
 
 wxString OnOneLine(wxString text) {
   if (std::none_of(text.begin(), text.end(), [](wxUniChar c) { return BreaksLine(c); })) return text;
-  std::replace_if(text.begin(), text.end(), [](wxUniChar c) { return BreaksLine(c); }, wxUniChar(' '));
+  std::replace_if(
+      text.begin(), text.end(), [](wxUniChar c) { return BreaksLine(c); }, wxUniChar(' '));
   return text;
 }
 
@@ -53,6 +55,11 @@ class lvwFilesBase::DropTarget : public wxFileDropTarget {
 };
 
 lvwFilesBase::lvwFilesBase(FileList& list, Handlers handlers) : list_(list), handlers_(std::move(handlers)) {}
+
+int lvwFilesBase::FirstWidth(Column column) {
+  static constexpr std::array<int, kColumnCount> kWidths = {240, 180, 140, 120, 90, 300};
+  return kWidths.at(static_cast<std::size_t>(column));
+}
 
 void lvwFilesBase::Start(wxWindow& window) {
   window_ = &window;
@@ -102,7 +109,7 @@ void lvwFilesBase::ShowSelection(bool kept, const Changes& changes) {
   if (!kept) shown_ = NativeSelection();
   if (kept && !changes.moved && !changes.many &&
       std::none_of(changes.rows.begin(), changes.rows.end(), [this](int index) {
-        return list_.Row(index).selected != std::binary_search(shown_.begin(), shown_.end(), index);
+        return IsRow(index) && list_.Row(index).selected != std::binary_search(shown_.begin(), shown_.end(), index);
       })) {
     return;
   }
@@ -218,7 +225,7 @@ void lvwFilesBase::Activate(int index) {
   if (IsRow(index) && handlers_.activated) handlers_.activated(index);
 }
 
-void lvwFilesBase::ClickHeader(int column) {
+void lvwFilesBase::ClickHeader(int column) const {
   if (!answering_ || column < 0 || column >= kColumnCount) return;
   if (handlers_.headerClicked) handlers_.headerClicked(static_cast<Column>(column));
 }

@@ -23,6 +23,7 @@ class lvwFilesBase : public lvwFiles {
  protected:
   /// Up to so many changed rows are told apart; beyond that all that show are looked at again.
   static constexpr std::size_t kFewRows = 64;
+  static constexpr int kIconSize = 16;  // in DIP
 
   struct Changes {
     bool moved = false;     ///< rows came, went or stand elsewhere
@@ -31,6 +32,9 @@ class lvwFilesBase : public lvwFiles {
   };
 
   lvwFilesBase(FileList& list, Handlers handlers);
+
+  /// Until another one is set, in DIP.
+  [[nodiscard]] static int FirstWidth(Column column);
 
   /// For the end of the derived constructor: `window` is complete, what the list holds shows soon.
   void Start(wxWindow& window);
@@ -59,7 +63,7 @@ class lvwFilesBase : public lvwFiles {
   /// Whether the key is used up.
   bool UseKey(wxKeyEvent& event);
   void Activate(int index);
-  void ClickHeader(int column);
+  void ClickHeader(int column) const;
   void WantMenu(wxPoint screen);
   void SetChecked(int index, bool checked);
 

@@ -1,5 +1,4 @@
 #include <wx/bmpbndl.h>
-#include <wx/dataview.h>
 
 #include <algorithm>
 #include <array>
@@ -10,42 +9,10 @@
 
 #include "controls/WxText.h"
 #include "filelist/lvwFilesBase.h"
+#include "filelist/lvwFilesGtk.h"
 
 namespace quillon {
 namespace {
-
-/// The view's columns: the check box, the icon, then the six of FileItem.h.
-constexpr unsigned kCheckColumn = 0;
-constexpr unsigned kIconColumn = 1;
-constexpr unsigned kFirstTextColumn = 2;
-constexpr int kIconSize = 16;
-constexpr std::array<int, kColumnCount> kFirstWidths = {240, 180, 140, 120, 90, 300};
-
-/// Where the model has its cells from. Rows are 1-based.
-class CellSource {
- public:
-  virtual ~CellSource() = default;
-  virtual void GetCell(wxVariant& value, int index, unsigned column) = 0;
-  virtual void CheckClicked(int index, bool checked) = 0;
-};
-
-class RowModel : public wxDataViewVirtualListModel {
- public:
-  explicit RowModel(CellSource& source) : source_(source) {}
-
-  void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override {
-    source_.GetCell(value, static_cast<int>(row) + 1, column);
-  }
-
-  // The view asks for this after a click on the check box only: an edited name is taken before.
-  bool SetValueByRow(const wxVariant& value, unsigned row, unsigned column) override {
-    if (column == kCheckColumn) source_.CheckClicked(static_cast<int>(row) + 1, value.GetBool());
-    return false;
-  }
-
- private:
-  CellSource& source_;
-};
 
 class GtkFileList : public lvwFilesBase, private CellSource {
  public:
@@ -91,7 +58,7 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   }
 
   wxObjectDataPtr<RowModel> model_;
-  wxDataViewCtrl* view_;
+  RowView* view_;
   wxDataViewTextRenderer* nameRenderer_ = nullptr;
   std::array<int, kColumnCount> widths_{};
   std::unordered_map<std::uint32_t, wxVariant> icons_;
@@ -101,9 +68,7 @@ class GtkFileList : public lvwFilesBase, private CellSource {
 };
 
 GtkFileList::GtkFileList(wxWindow& parent, FileList& list, Handlers handlers)
-    : lvwFilesBase(list, std::move(handlers)),
-      model_(new RowModel(*this)),
-      view_(new wxDataViewCtrl(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxDV_MULTIPLE)) {
+    : lvwFilesBase(list, std::move(handlers)), model_(new RowModel(*this)), view_(new RowView(parent)) {
   view_->AssociateModel(model_.get());
   AddColumns();
   BindRows();
@@ -116,8 +81,7 @@ void GtkFileList::AddColumns() {
   constexpr int kLeft = wxALIGN_LEFT | wxALIGN_CENTRE_VERTICAL;
   constexpr int kRight = wxALIGN_RIGHT | wxALIGN_CENTRE_VERTICAL;
   auto* check = new wxDataViewToggleRenderer("bool", wxDATAVIEW_CELL_ACTIVATABLE, wxALIGN_CENTRE);
-  view_->AppendColumn(
-      new wxDataViewColumn(wxString(), check, kCheckColumn, view_->FromDIP(30), wxALIGN_CENTRE, 0));
+  view_->AppendColumn(new wxDataViewColumn(wxString(), check, kCheckColumn, view_->FromDIP(30), wxALIGN_CENTRE, 0));
   auto* icon = new wxDataViewBitmapRenderer("wxBitmapBundle", wxDATAVIEW_CELL_INERT, wxALIGN_CENTRE);
   view_->AppendColumn(new wxDataViewColumn(wxString(), icon, kIconColumn, view_->FromDIP(28), wxALIGN_CENTRE, 0));
   for (int i = 0; i < kColumnCount; ++i) {
@@ -131,10 +95,10 @@ void GtkFileList::AddColumns() {
     text->EnableEllipsize(wxELLIPSIZE_END);
     if (isName) nameRenderer_ = text;
     const auto number = static_cast<std::size_t>(i);
-    widths_[number] = view_->FromDIP(kFirstWidths[number]);
-    view_->AppendColumn(new wxDataViewColumn(ToWx(ColumnCaption(column)), text, kFirstTextColumn + static_cast<unsigned>(i),
-                                             widths_[number], isNumber ? wxALIGN_RIGHT : wxALIGN_LEFT,
-                                             wxDATAVIEW_COL_RESIZABLE));
+    widths_[number] = view_->FromDIP(FirstWidth(column));
+    view_->AppendColumn(new wxDataViewColumn(ToWx(ColumnCaption(column)), text,
+                                             kFirstTextColumn + static_cast<unsigned>(i), widths_[number],
+                                             isNumber ? wxALIGN_RIGHT : wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE));
   }
 }
 
@@ -194,8 +158,8 @@ void GtkFileList::OnKeyDown(wxKeyEvent& event) {
   if (UseKey(event)) return;
   // A letter would open the tree view's own search box, which looks through every row's first column.
   const bool isCharacter = event.GetUnicodeKey() >= WXK_SPACE && event.GetUnicodeKey() != WXK_DELETE;
-  const bool opensSearch = (isCharacter && !event.HasModifiers()) ||
-                           (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'F');
+  const bool opensSearch =
+      (isCharacter && !event.HasModifiers()) || (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'F');
   event.Skip(IsEditing() || !opensSearch);
 }
 
@@ -250,19 +214,19 @@ bool GtkFileList::ShowRows(const Changes& changes) {
     asked_.clear();
   }
   for (const int index : changed) {
-    if (IsRow(index)) model_->RowChanged(static_cast<unsigned>(index - 1));
+    if (index <= static_cast<int>(model_->GetCount())) model_->RowChanged(static_cast<unsigned>(index - 1));
   }
   view_->Refresh();
   return kept;
 }
 
-/// Rows at the end come and go one by one where they are few, since a reset loses the place in the list.
+/// Rows at the end come and go one by one where they are few, since a reset loses the place in the list and costs about
+/// a tenth of that for every row that stays.
 bool GtkFileList::AdaptCount() {
-  constexpr int kFewNewRows = 2000;
   const int count = List().Count();
   const int shown = static_cast<int>(model_->GetCount());
   if (count == shown) return true;
-  if (std::abs(count - shown) > kFewNewRows || count == 0) {
+  if (count == 0 || std::abs(count - shown) > std::max(1000, shown / 10)) {
     ResetRows(count);
     return false;
   }
@@ -274,11 +238,10 @@ bool GtkFileList::AdaptCount() {
 void GtkFileList::ResetRows(int count) {
   const int focused = RowOf(view_->GetCurrentItem());
   const int top = RowOf(view_->GetTopItem());
-  const int page = view_->GetCountPerPage();
   asked_.clear();
   model_->Reset(static_cast<unsigned>(count));
   if (focused >= 1 && focused <= count) view_->SetCurrentItem(ItemOf(focused));
-  if (top > 1 && top <= count) view_->EnsureVisible(ItemOf(std::min(count, top + std::max(page, 1) - 1)));
+  if (top > 1 && top <= count) view_->EnsureVisible(ItemOf(top));
 }
 
 std::vector<int> GtkFileList::NativeSelection() const {

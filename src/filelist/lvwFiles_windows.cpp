@@ -1,7 +1,7 @@
 #include <wx/imaglist.h>
 #include <wx/listctrl.h>
+#include <wx/wupdlock.h>
 
-#include <array>
 #include <unordered_map>
 #include <utility>
 
@@ -10,9 +10,6 @@
 
 namespace quillon {
 namespace {
-
-constexpr int kIconSize = 16;
-constexpr std::array<int, kColumnCount> kFirstWidths = {240, 180, 140, 120, 90, 300};
 
 /// Where the list view has its cells from. Rows are 1-based.
 class CellSource {
@@ -26,8 +23,7 @@ class CellSource {
 class RowView : public wxListCtrl {
  public:
   RowView(wxWindow& parent, CellSource& source)
-      : wxListCtrl(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                   wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS),
+      : wxListCtrl(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS),
         source_(source) {}
 
   wxString OnGetItemText(long row, long column) const override {
@@ -51,9 +47,7 @@ class WindowsFileList : public lvwFilesBase, private CellSource {
 
   wxWindow& Window() override { return *view_; }
   int ColumnWidth(Column column) const override { return view_->GetColumnWidth(static_cast<int>(column)); }
-  void SetColumnWidth(Column column, int pixels) override {
-    view_->SetColumnWidth(static_cast<int>(column), pixels);
-  }
+  void SetColumnWidth(Column column, int pixels) override { view_->SetColumnWidth(static_cast<int>(column), pixels); }
   void ShowRow(int index) override;
   void EditLabel(int index) override;
 
@@ -104,7 +98,7 @@ void WindowsFileList::AddColumns() {
     const auto column = static_cast<Column>(i);
     view_->InsertColumn(i, ToWx(ColumnCaption(column)),
                         column == Column::kSize ? wxLIST_FORMAT_RIGHT : wxLIST_FORMAT_LEFT,
-                        view_->FromDIP(kFirstWidths.at(static_cast<std::size_t>(i))));
+                        view_->FromDIP(FirstWidth(column)));
   }
 }
 
@@ -205,11 +199,6 @@ void WindowsFileList::BindInput() {
     TakeSoon();
     event.Skip();
   });
-  // The character of a key that was used as such would be searched for.
-  view_->Bind(wxEVT_CHAR, [](wxKeyEvent& event) {
-    const int key = event.GetKeyCode();
-    event.Skip(key != WXK_SPACE && key != WXK_RETURN && key != WXK_NUMPAD_ENTER && key != WXK_CONTROL_A);
-  });
   view_->Bind(wxEVT_CONTEXT_MENU, &WindowsFileList::OnMenu, this);
   view_->Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
     NewIcons();
@@ -246,7 +235,9 @@ bool WindowsFileList::ShowRows(const Changes& changes) {
   const bool kept = view_->GetItemCount() == List().Count();
   if (!kept) view_->SetItemCount(List().Count());
   if (kept && !changes.moved && !changes.many) {
-    for (const int index : changes.rows) view_->RefreshItem(index - 1);
+    for (const int index : changes.rows) {
+      if (IsRow(index)) view_->RefreshItem(index - 1);
+    }
   } else {
     view_->Refresh();
   }

@@ -1,6 +1,7 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
+#include "controls/TextBox.h"
 #include "controls/WxText.h"
 #include "rename/frmModify.h"
 
@@ -48,7 +49,7 @@ wxCheckBox* frmModify::MakeCheckBox(wxWindow* parent, const char* caption, const
 }
 
 wxTextCtrl* frmModify::MakeTextBox(wxWindow* parent, const std::string& name) {
-  auto* box = new wxTextCtrl(parent, wxID_ANY);
+  auto* box = new TextBox(parent);
   box->SetName(name);
   box->SetMinSize(wxSize(FromDIP(kTextWidth), -1));
   return box;

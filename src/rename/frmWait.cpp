@@ -135,11 +135,8 @@ void frmWait::Update(const std::string& percentText, const std::string& path) {
 }
 
 void frmWait::End() {
-  Window* const window = Shown();
-  if (window == nullptr) return;
-  window->Hide();
-  window->Destroy();
-  window_ = nullptr;
+  // At once: GTK shows a window that is hidden while it is about to appear, and a destroyed one lives on until idle.
+  delete Shown();
 }
 
 }  // namespace quillon

@@ -1,0 +1,72 @@
+#include "controls/TextBox.h"
+
+#include <wx/platinfo.h>
+
+#include <algorithm>
+
+namespace quillon {
+namespace {
+
+/// Where two texts begin to differ.
+std::size_t FirstDifference(const wxString& left, const wxString& right) {
+  const auto [difference, other] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
+  return static_cast<std::size_t>(difference - left.begin());
+}
+
+}  // namespace
+
+TextBox::TextBox(wxWindow* parent, wxWindowID id)
+    : wxTextCtrl(parent, id), native_(wxPlatformInfo::Get().GetPortId() != wxPORT_GTK) {
+  if (native_) return;
+  Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
+    event.Skip();
+    Changed();
+  });
+  Bind(wxEVT_KEY_DOWN, &TextBox::OnKeyDown, this);
+}
+
+bool TextBox::CanUndo() const {
+  return native_ ? wxTextCtrl::CanUndo() : other_.has_value();
+}
+
+void TextBox::Undo() {
+  if (native_) {
+    wxTextCtrl::Undo();
+  } else if (other_) {
+    const wxString before = GetValue();
+    wxTextCtrl::DoSetValue(*other_, SetValue_SendEvent);
+    SetInsertionPointEnd();
+    text_ = GetValue();
+    other_ = before;
+    typedUpTo_ = 0;
+  }
+}
+
+void TextBox::DoSetValue(const wxString& value, int flags) {
+  wxTextCtrl::DoSetValue(value, flags);
+  text_ = GetValue();
+  other_.reset();
+  typedUpTo_ = 0;
+}
+
+void TextBox::Changed() {
+  const wxString now = GetValue();
+  if (now == text_) return;
+  if (!ContinuesTyping(now)) other_ = text_;
+  typedUpTo_ = now.length() == text_.length() + 1 ? FirstDifference(text_, now) + 1 : 0;
+  text_ = now;
+}
+
+bool TextBox::ContinuesTyping(const wxString& now) const {
+  return typedUpTo_ != 0 && now.length() == text_.length() + 1 && FirstDifference(text_, now) == typedUpTo_;
+}
+
+void TextBox::OnKeyDown(wxKeyEvent& event) {
+  if (event.GetKeyCode() == 'Z' && event.GetModifiers() == wxMOD_CONTROL) {
+    Undo();
+  } else {
+    event.Skip();
+  }
+}
+
+}  // namespace quillon

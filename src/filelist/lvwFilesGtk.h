@@ -1,0 +1,55 @@
+#pragma once
+
+#include <wx/dataview.h>
+
+/// What GTK's face of the list is made of: a tree view over a model that knows no more than how many rows there are.
+namespace quillon {
+
+/// The view's columns: the check box, the icon, then the six of FileItem.h.
+inline constexpr unsigned kCheckColumn = 0;
+inline constexpr unsigned kIconColumn = 1;
+inline constexpr unsigned kFirstTextColumn = 2;
+
+/// Where the tree view's model has its cells from. Rows are 1-based.
+class CellSource {
+ public:
+  virtual ~CellSource() = default;
+  virtual void GetCell(wxVariant& value, int index, unsigned column) = 0;
+  virtual void CheckClicked(int index, bool checked) = 0;
+};
+
+class RowModel : public wxDataViewVirtualListModel {
+ public:
+  explicit RowModel(CellSource& source) : source_(source) {}
+
+  void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override {
+    source_.GetCell(value, static_cast<int>(row) + 1, column);
+  }
+
+  // The view asks for this after a click on the check box only: an edited name is taken before.
+  bool SetValueByRow(const wxVariant& value, unsigned row, unsigned column) override {
+    if (column == kCheckColumn) source_.CheckClicked(static_cast<int>(row) + 1, value.GetBool());
+    return false;
+  }
+
+ private:
+  CellSource& source_;
+};
+
+/// A tree view that ends an edit before it goes: the editor would else tell a renderer that is no more.
+class RowView : public wxDataViewCtrl {
+ public:
+  explicit RowView(wxWindow& parent)
+      : wxDataViewCtrl(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxDV_MULTIPLE) {}
+  ~RowView() override { StopEditing(); }
+  RowView(const RowView&) = delete;
+  RowView& operator=(const RowView&) = delete;
+
+  /// Cancels it, if one goes on: setting the cursor does.
+  void StopEditing() {
+    const wxDataViewItem item = GetCurrentItem();
+    if (item.IsOk()) SetCurrentItem(item);
+  }
+};
+
+}  // namespace quillon
