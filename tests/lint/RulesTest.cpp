@@ -86,7 +86,10 @@ TEST(WindowHeaders, BelongIntoWindows) {
                                     {"window", "src/app/frmMain.cpp", "#include <wx/frame.h>\n", {}},
                                     {"window's header", "src/dialogs/frmOption.h", "#include <wx/dialog.h>\n", {}},
                                     {"list", "src/app/lvwFiles.cpp", "#include <wx/listctrl.h>\n", {}},
-                                    {"a name like the list's", "src/app/lvwFilesRows.cpp", "#include <wx/a.h>\n", {1}},
+                                    {"list for one system", "src/filelist/lvwFiles_linux.cpp", "#include <wx/a.h>\n", {}},
+                                    {"a name like the list's", "src/app/lvwFile.cpp", "#include <wx/a.h>\n", {1}},
+                                    {"shared by windows", "src/controls/Twips.cpp", "#include <wx/a.h>\n", {}},
+                                    {"the program", "src/quillon/basSubMain.cpp", "#include <wx/a.h>\n", {}},
                                     {"test", "tests/gui/a.cpp", "#include <wx/wx.h>\n", {}},
                                     {"another library", "src/app/a.cpp", "#include <wxyz/a.h>\n", {}},
                                 });
