@@ -13,6 +13,7 @@
 #include "controls/Twips.h"
 #include "controls/WxText.h"
 #include "platform/Shell.h"
+#include "platform/desktop/AccessibleName.h"
 #include "rename/frmModify.h"
 
 namespace quillon {
@@ -52,6 +53,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths)
   lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
   controls_.list = &lvwFiles_->Window();
   controls_.list->MoveBeforeInTabOrder(controls_.fraFileInfo);
+  NameControls();
   app_->List().SetObserver(this);
   ApplySettings();
   BindEvents();
@@ -77,6 +79,23 @@ void frmMain::MakeControls() {
   for (wxWindow* control : std::initializer_list<wxWindow*>{controls_.cmdPlay, controls_.cmdStop, controls_.sldPosition,
                                                             controls_.lblTime}) {
     control->Disable();
+  }
+}
+
+// For assistive technology: the labels beside the boxes are seen, not heard.
+void frmMain::NameControls() {
+  const std::initializer_list<std::pair<wxWindow*, const char*>> names = {{controls_.list, "ファイルリスト"},
+                                                                          {controls_.txtAlterTitle, "リネーム名"},
+                                                                          {controls_.txtTitle, "タイトル"},
+                                                                          {controls_.txtFileName, "ファイル名"},
+                                                                          {controls_.txtFileInfo, "ファイル情報"},
+                                                                          {controls_.txtFileDetail, "詳細"},
+                                                                          {controls_.sldPosition, "再生位置"},
+                                                                          {controls_.cmdPlay, "再生"},
+                                                                          {controls_.cmdStop, "停止"},
+                                                                          {controls_.chkRepeat, "リピート"}};
+  for (const auto& [control, name] : names) {
+    SetAccessibleName(reinterpret_cast<std::uintptr_t>(control->GetHandle()), name);
   }
 }
 

@@ -78,6 +78,7 @@ class frmMain final : public wxFrame,
   void RowsChanged() override;
 
   void MakeControls();
+  void NameControls();
   void MakeMenus();
   void MakeToolBar();
   void MakeStatusBar();

@@ -135,10 +135,8 @@ std::vector<int> lvwFilesBase::SelectedRows() const {
   return rows;
 }
 
-void lvwFilesBase::TakeSelection() {
-  if (showing_) return;
-  std::vector<int> native = NativeSelection();
-  if (native == shown_) return;
+void lvwFilesBase::TakeSelection(std::vector<int> native) {
+  if (showing_ || native == shown_) return;
   shown_ = std::move(native);
   if (answering_ && !pending_.moved) {
     PutSelection(shown_);
@@ -170,7 +168,7 @@ void lvwFilesBase::Announce() {
 bool lvwFilesBase::UseKey(wxKeyEvent& event) {
   if (IsEditing()) return false;
   if (!answering_) return !event.AltDown();  // the window's own keys go on
-  TakeSelection();
+  TakeUntold();
   Announce();
   const int key = event.GetKeyCode();
   if (event.GetModifiers() == wxMOD_NONE && key == WXK_SPACE) {
@@ -220,7 +218,7 @@ void lvwFilesBase::SetChecked(int index, bool checked) {
 
 void lvwFilesBase::Activate(int index) {
   if (!answering_) return;
-  TakeSelection();
+  TakeUntold();
   Announce();
   if (IsRow(index) && handlers_.activated) handlers_.activated(index);
 }
@@ -232,7 +230,7 @@ void lvwFilesBase::ClickHeader(int column) const {
 
 void lvwFilesBase::WantMenu(wxPoint screen) {
   if (!answering_) return;
-  TakeSelection();
+  TakeUntold();
   Announce();
   if (handlers_.menuWanted) handlers_.menuWanted(screen);
 }

@@ -55,7 +55,10 @@ class lvwFilesBase : public lvwFiles {
   /// Shows now what has not been shown yet.
   void ShowPending();
   /// When the user may have selected something: the FileList's selection becomes the control's.
-  void TakeSelection();
+  void TakeSelection() { TakeSelection(NativeSelection()); }
+  void TakeSelection(std::vector<int> native);
+  /// Takes what the user has selected and no event has told yet; a face whose events tell it at once has nothing to do.
+  virtual void TakeUntold() {}
   /// Calls `selectionChanged` if it is due; AnnounceSoon does after the pending messages.
   void Announce();
   void AnnounceSoon();

@@ -103,8 +103,13 @@ void GtkFileList::AddColumns() {
 }
 
 void GtkFileList::BindRows() {
-  view_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) {
-    TakeSelection();
+  view_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](const wxDataViewEvent& event) {
+    if (IsShowing()) return;
+    if (event.GetItem().IsOk()) {
+      TakeSelection({RowOf(event.GetItem())});  // the only one
+    } else {
+      TakeSelection();
+    }
     AnnounceSoon();
   });
   view_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent& event) {

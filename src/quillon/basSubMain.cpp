@@ -1,7 +1,9 @@
 #include <wx/app.h>
 #include <wx/uilocale.h>
 
+#include <cstdlib>
 #include <memory>
+#include <optional>
 
 #include "app/CommandLine.h"
 #include "app/frmMain.h"
@@ -33,20 +35,27 @@ Result<OptionValues, SettingsError> ReadSettings(const std::string& path) {
 /// The program: one instance for a user's session, its one main window.
 class QuillonApp final : public wxApp {
  public:
+  // Before the window system is started: it takes away what a desktop passes on about who started the program.
+  bool Initialize(int& count, wxChar** arguments) override {
+    instance_ = MakeSingleInstance(kMainTitle, kMainWindowClass);
+    return wxApp::Initialize(count, arguments);
+  }
+
   bool OnInit() override {
     SetAppName(kMainTitle);
-    wxUILocale::UseDefault();
-    instance_ = MakeSingleInstance(kMainTitle, kMainWindowClass);
     if (!instance_->IsFirst()) {
       instance_->BringFirstForward();
-      return false;
+      exitStatus_ = EXIT_SUCCESS;
+      return true;
     }
+    wxUILocale::UseDefault();
     ApplyDesktopStyle();
     const Application::Paths paths = ProgramPaths();
     Result<OptionValues, SettingsError> options = ReadSettings(paths.settings);
     if (!options) {
       WxMessageBoxes(nullptr).Show(InitialisationError());
-      return false;
+      exitStatus_ = EXIT_FAILURE;
+      return true;
     }
     auto* window = new frmMain(*std::move(options), paths);  // deletes itself when it is closed
     SetTopWindow(window);
@@ -55,6 +64,8 @@ class QuillonApp final : public wxApp {
     window->CallAfter([window] { window->Start(CommandLinePaths(RawCommandLine(), ProgramArguments(0, nullptr))); });
     return true;
   }
+
+  int OnRun() override { return exitStatus_ ? *exitStatus_ : wxApp::OnRun(); }
 
   int OnExit() override {
     instance_.reset();
@@ -66,6 +77,7 @@ class QuillonApp final : public wxApp {
 
  private:
   std::unique_ptr<SingleInstance> instance_;
+  std::optional<int> exitStatus_;  // there is nothing to run
 };
 
 }  // namespace quillon

@@ -158,7 +158,7 @@ void RenameEditing::mnuThisRename() {
   list_.SetRenameName(index, list_.Row(index).title);
   Load(index);
   if (!mode_.automatic) return;
-  if (list_.Row(index).title.empty()) {
+  if (Trim(list_.Row(index).title).empty()) {
     lastGoodRenameText_ = accepted;
     return Tell("タイトルが存在しないため適応できません");
   }

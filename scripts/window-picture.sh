@@ -1,0 +1,96 @@
+#!/usr/bin/env bash
+# Saves a picture of the main window, with its frame: window-picture.sh FILE.png PROGRAM SETTINGS [PATH...]
+# The window opens on a display and a session bus of its own, from a copy of the program beside a copy of that settings
+# file: what stands beside the program has no influence and is not changed. KEYS ("Down Down") are pressed when
+# everything is loaded. A Windows program runs under Wine.
+set -euo pipefail
+scripts=$(cd "$(dirname "$0")" && pwd)
+. "$scripts/common.sh"
+
+seconds=60
+
+# The processor time that a process has used, in hundredths of a second; empty when it has ended.
+time_used() {
+  local line
+  line=$(cat "/proc/$1/stat" 2>/dev/null) || return 0
+  set -- ${line##*) }
+  echo $((${12} + ${13}))
+}
+
+screen() { import -silent -window root png:- | sha256sum; }
+
+# Waits until the program has nothing to do and the screen stays the same.
+wait_until_settled() {
+  local last='' now quiet=0
+  for ((i = 0; i < seconds * 5; ++i)); do
+    now="$(time_used "$program") $(screen)"
+    [ -n "$(time_used "$program")" ] || fail "the program has ended by itself"
+    if [ "$now" = "$last" ]; then quiet=$((quiet + 1)); else quiet=0; fi
+    [ "$quiet" -ge 3 ] && return 0
+    last=$now
+    sleep 0.2
+  done
+  fail "the window did not come to rest within $seconds seconds"
+}
+
+wait_for_window() {
+  for ((i = 0; i < seconds * 10; ++i)); do
+    window=$(xdotool search --onlyvisible --name '^Quillon$' 2>/dev/null | tail -n 1) || true
+    [ -n "$window" ] && return 0
+    kill -0 "$program" 2>/dev/null || fail "the program has ended without a window"
+    sleep 0.1
+  done
+  fail "no window appeared within $seconds seconds"
+}
+
+# The window and what the window manager has put around it, as WIDTHxHEIGHT+X+Y.
+outer_rectangle() {
+  local information extents
+  information=$(xwininfo -id "$window")
+  value_of() { sed -n "s/^ *$1: *//p" <<<"$information"; }
+  extents=$(xprop -id "$window" _NET_FRAME_EXTENTS | sed -n 's/.*= //p' | tr -d ,)
+  read -r left right top bottom <<<"${extents:-0 0 0 0}"
+  echo "$(($(value_of Width) + left + right))x$(($(value_of Height) + top + bottom))$(
+  )+$(($(value_of 'Absolute upper-left X') - left))+$(($(value_of 'Absolute upper-left Y') - top))"
+}
+
+# The rest of it runs on the new display.
+if [ "${1:-}" = --on-display ]; then
+  shift
+  file=$1
+  shift
+  xdotool mousemove 1279 1023  # what the pointer is over would look different
+  "$@" >/dev/null 2>&1 9>&- &
+  program=$!
+  trap 'kill "$program" 2>/dev/null || true' EXIT
+  wait_for_window
+  wait_until_settled
+  if [ -n "${KEYS:-}" ]; then
+    xdotool windowfocus --sync "$window" key --delay 100 $KEYS
+    wait_until_settled
+  fi
+  import -silent -window root -crop "$(outer_rectangle)" +repage -strip -depth 8 -define png:compression-level=9 \
+    "png:$file" || fail "'$file' cannot be written"
+  # The window is asked to close, so that it ends as always.
+  xdotool windowfocus --sync "$window" key ctrl+q
+  for ((i = 0; i < 50; ++i)); do
+    kill -0 "$program" 2>/dev/null || exit 0
+    sleep 0.1
+  done
+  say "The window did not close by itself."
+  exit 0
+fi
+
+[ $# -ge 3 ] || fail "usage: window-picture.sh FILE.png PROGRAM SETTINGS [PATH...]"
+file=$(realpath -m "$1")
+program=$2
+settings=$3
+shift 3
+copy=$(mktemp -d)
+trap 'rm -rf "$copy"' EXIT
+name=$(basename "$program")
+cp "$program" "$copy/"
+find "$(dirname "$program")" -maxdepth 1 \( -name libbregexp.so -o -name BREGEXP.DLL \) -exec cp {} "$copy/" \;
+cp "$settings" "$copy/${name%.exe}.ini"
+if [ "${name%.exe}" = "$name" ]; then command=("$copy/$name"); else command=("$scripts/wine.sh" "$copy/$name"); fi
+"$scripts/with-display.sh" dbus-run-session -- "$scripts/window-picture.sh" --on-display "$file" "${command[@]}" "$@"

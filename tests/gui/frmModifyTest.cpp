@@ -1,0 +1,527 @@
+#include <gtest/gtest.h>
+#include <wx/frame.h>
+#include <wx/uiaction.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "controls/WxText.h"
+#include "gui/Settle.h"
+#include "rename/frmModify.h"
+#include "rename/frmModifyMenus.h"
+
+namespace quillon {
+namespace {
+
+using test::Settle;
+using test::SettleUntil;
+
+struct Boxes final : MessageBoxes {
+  std::vector<Message> shown;
+  std::function<void()> then;  ///< called while the box is open
+
+  bool Show(const Message& message) override {
+    shown.push_back(message);
+    if (then) then();
+    return true;
+  }
+};
+
+class ModifyDialog : public testing::Test {
+ protected:
+  void SetUp() override {
+    main = new wxFrame(nullptr, wxID_ANY, "main");
+    main->Show();
+    // Else the window manager may give the focus to the main window after the dialog.
+    EXPECT_TRUE(SettleUntil([this] { return main->IsActive(); }));
+  }
+
+  void TearDown() override {
+    dialog.reset();
+    main->Destroy();
+    Settle();
+  }
+
+  void Make(OpenedFor purpose = OpenedFor::kExecute, bool regexAvailable = true) {
+    dialog = std::make_unique<frmModify>(main, rules, purpose, regexAvailable, boxes, [this] {
+      ++runs;
+      if (duringRun) duringRun();
+    });
+  }
+
+  void Open(OpenedFor purpose = OpenedFor::kExecute, bool regexAvailable = true) {
+    Make(purpose, regexAvailable);
+    dialog->Show();
+    EXPECT_TRUE(SettleUntil([this] { return dialog->IsActive(); }));
+  }
+
+  template <class Control>
+  Control& Get(const std::string& name) {
+    auto* const control = dynamic_cast<Control*>(wxWindow::FindWindowByName(name, dialog.get()));
+    if (control == nullptr) throw std::runtime_error("no such control: " + name);
+    return *control;
+  }
+
+  wxTextCtrl& Text(const std::string& name) { return Get<wxTextCtrl>(name); }
+  void Type(const std::string& name, const std::string& text) { Text(name).SetValue(ToWx(text)); }
+  std::string Typed(const std::string& name) { return FromWx(Text(name).GetValue()); }
+  bool Checked(const std::string& name) { return Get<wxCheckBox>(name).GetValue(); }
+  bool Enabled(const std::string& name) { return Get<wxWindow>(name).IsEnabled(); }
+
+  void Check(const std::string& name, bool checked = true) {
+    auto& box = Get<wxCheckBox>(name);
+    box.SetValue(checked);
+    wxCommandEvent event(wxEVT_CHECKBOX, box.GetId());
+    event.SetEventObject(&box);
+    event.SetInt(checked ? 1 : 0);
+    box.ProcessWindowEvent(event);
+  }
+
+  void Click(const std::string& name) {
+    auto& button = Get<wxButton>(name);
+    wxCommandEvent event(wxEVT_BUTTON, button.GetId());
+    event.SetEventObject(&button);
+    button.ProcessWindowEvent(event);
+  }
+
+  /// Shows the dialog until `act` has closed it.
+  int ShowModalAnd(const std::function<void()>& act) {
+    dialog->CallAfter(act);
+    return dialog->ShowModal();
+  }
+
+  static std::string FocusName() {
+    const wxWindow* const focus = wxWindow::FindFocus();
+    return focus == nullptr ? "" : FromWx(focus->GetName());
+  }
+
+  bool FocusGoesTo(const std::string& name) {
+    return SettleUntil([&] { return FocusName() == name; });
+  }
+
+  void Focus(const std::string& name) {
+    Get<wxWindow>(name).SetFocus();
+    EXPECT_TRUE(FocusGoesTo(name)) << name << ", not " << FocusName();
+    Settle();
+  }
+
+  void ChooseEntry(int entry) {
+    wxCommandEvent event(wxEVT_MENU, entry);
+    event.SetEventObject(dialog.get());
+    dialog->ProcessWindowEvent(event);
+  }
+
+  OptionValues::Modify rules;
+  Boxes boxes;
+  int runs = 0;
+  std::function<void()> duringRun;
+  wxFrame* main = nullptr;
+  std::unique_ptr<frmModify> dialog;
+};
+
+/// Every text different, both states of flags.
+OptionValues::Modify FullRules() {
+  OptionValues::Modify rules;
+  rules.reviceFlag = 1;
+  rules.reviceText = "＿ & _";
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
+    rules.rules[i] = {static_cast<std::int16_t>(i % 2), "検索 &" + std::to_string(i), " 置換😀" + std::to_string(i)};
+  }
+  rules.findCtrl = rules.ignoreCase = rules.narrow = rules.lower = 1;
+  return rules;
+}
+
+std::vector<std::string> Texts(const OptionValues::Modify& rules) {
+  std::vector<std::string> texts = {rules.reviceText};
+  for (const ReplaceRule& rule : rules.rules) {
+    texts.push_back(std::to_string(rule.active) + " [" + rule.find + "] [" + rule.replacement + "]");
+  }
+  return texts;
+}
+
+std::vector<int> Flags(const OptionValues::Modify& rules) {
+  return {rules.reviceFlag, rules.findCtrl, rules.ignoreCase, rules.narrow,   rules.wide,
+          rules.lower,      rules.upper,    rules.proper,     rules.nonUnload};
+}
+
+void ExpectEqual(const OptionValues::Modify& left, const OptionValues::Modify& right) {
+  EXPECT_EQ(Texts(left), Texts(right));
+  EXPECT_EQ(Flags(left), Flags(right));
+}
+
+TEST_F(ModifyDialog, HasTheCaptions) {
+  Make();
+  EXPECT_EQ(FromWx(dialog->GetTitle()), "リネーム名の編集");
+  const std::pair<const char*, const char*> captions[] = {
+      {"chkInjustice", "不正な文字はすべて置換する(&I)"},
+      {"optFindCtrl_No", "通常検索(&N)"},
+      {"optFindCtrl_S", "正規表現で検索(&S)"},
+      {"chkIgnoreCase", "大文字小文字を無視(&C)"},
+      {"chkNarrow", "全角を半角へ変換(&N)"},
+      {"chkWide", "半角を全角へ変換(&W)"},
+      {"chkLower", "大文字を小文字へ変換(&L)"},
+      {"chkUpper", "小文字を大文字へ変換(&U)"},
+      {"chkProper", "文字の先頭を大文字へ変換(&P)"},
+      {"chkNonUnload", "実行後も閉じない(&O)"},
+      {"mnuEdit", "編集(&E)"},
+      {"mnuHelp", "ヘルプ(&H)"},
+      {"cmdOK", "実行"},
+      {"cmdCancel", "キャンセル"},
+  };
+  for (const auto& [name, caption] : captions) EXPECT_EQ(FromWx(Get<wxWindow>(name).GetLabel()), caption);
+  Make(OpenedFor::kSettings);
+  EXPECT_EQ(FromWx(Get<wxButton>("cmdOK").GetLabel()), "OK");
+}
+
+TEST_F(ModifyDialog, ShowsTheRules) {
+  rules = FullRules();
+  Make();
+  EXPECT_TRUE(Checked("chkInjustice"));
+  EXPECT_EQ(Typed("txtRevice"), "＿ & _");
+  EXPECT_FALSE(Checked("chkReplace0"));
+  EXPECT_TRUE(Checked("chkReplace3"));
+  EXPECT_EQ(Typed("txtObject4"), "検索 &4");
+  EXPECT_EQ(Typed("txtReplace0"), " 置換😀0");
+  EXPECT_TRUE(Get<wxRadioButton>("optFindCtrl_S").GetValue());
+  for (const char* on : {"chkIgnoreCase", "chkNarrow", "chkLower"}) EXPECT_TRUE(Checked(on)) << on;
+  for (const char* off : {"chkWide", "chkUpper", "chkProper", "chkNonUnload"}) EXPECT_FALSE(Checked(off)) << off;
+}
+
+TEST_F(ModifyDialog, OkStoresWhatIsShownThenRunsWithTheDialogClosed) {
+  const OptionValues::Modify before = FullRules();
+  rules = before;
+  Make();
+  bool shownDuringRun = true;
+  duringRun = [&] {
+    shownDuringRun = dialog->IsShown() || dialog->IsModal();
+    ExpectEqual(rules, before);
+  };
+  EXPECT_EQ(ShowModalAnd([this] { Click("cmdOK"); }), wxID_OK);
+  EXPECT_EQ(runs, 1);
+  EXPECT_FALSE(shownDuringRun);
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(ModifyDialog, OkStoresEachControlInItsPlace) {
+  Make();
+  OptionValues::Modify expected;
+  expected.reviceFlag = 1;
+  expected.reviceText = "?";
+  expected.rules[0] = {1, " ", ""};
+  expected.rules[4] = {0, "a\\b", "c"};
+  expected.findCtrl = expected.ignoreCase = expected.wide = expected.upper = expected.proper = 1;
+  ShowModalAnd([this] {
+    Check("chkInjustice");
+    Type("txtRevice", "?");
+    Check("chkReplace0");
+    Type("txtObject0", " ");
+    Type("txtObject4", "a\\b");
+    Type("txtReplace4", "c");
+    Get<wxRadioButton>("optFindCtrl_S").SetValue(true);
+    for (const char* name : {"chkIgnoreCase", "chkWide", "chkUpper", "chkProper"}) Check(name);
+    Click("cmdOK");
+  });
+  ExpectEqual(rules, expected);
+}
+
+TEST_F(ModifyDialog, EachConversionIsStoredInItsPlace) {
+  const std::pair<const char*, std::int16_t OptionValues::Modify::*> flags[] = {
+      {"chkIgnoreCase", &OptionValues::Modify::ignoreCase},
+      {"chkNarrow", &OptionValues::Modify::narrow},
+      {"chkWide", &OptionValues::Modify::wide},
+      {"chkLower", &OptionValues::Modify::lower},
+      {"chkUpper", &OptionValues::Modify::upper},
+      {"chkProper", &OptionValues::Modify::proper}};
+  for (const auto& [name, flag] : flags) {
+    rules = {};
+    Make(OpenedFor::kSettings);
+    const char* const checkBox = name;
+    ShowModalAnd([this, checkBox] {
+      Check(checkBox);
+      Click("cmdOK");
+    });
+    OptionValues::Modify expected;
+    expected.*flag = 1;
+    ExpectEqual(rules, expected);
+    Make(OpenedFor::kSettings);
+    EXPECT_TRUE(Checked(name)) << "and is shown again";
+  }
+}
+
+TEST_F(ModifyDialog, CancelAndClosingChangeNothing) {
+  const std::function<void()> ways[] = {[this] { Click("cmdCancel"); }, [this] { dialog->Close(); }};
+  for (const auto& way : ways) {
+    rules = FullRules();
+    Make();
+    const int answer = ShowModalAnd([&] {
+      Type("txtObject1", "other");
+      Check("chkProper");
+      way();
+    });
+    EXPECT_EQ(answer, wxID_CANCEL);
+    ExpectEqual(rules, FullRules());
+    EXPECT_EQ(runs, 0);
+  }
+}
+
+TEST_F(ModifyDialog, StaysOpenWhenTheUserWantsThat) {
+  Open();
+  Focus("chkUpper");
+  bool shown = false;
+  bool enabled = true;
+  duringRun = [&] {
+    shown = dialog->IsShown();
+    enabled = dialog->IsEnabled();
+    EXPECT_EQ(rules.nonUnload, 1);
+  };
+  Check("chkNonUnload");
+  Click("cmdOK");
+  Click("cmdOK");
+  EXPECT_EQ(runs, 2);
+  EXPECT_TRUE(shown);
+  EXPECT_FALSE(enabled) << "no second run can start from within the first";
+  EXPECT_TRUE(dialog->IsShown());
+  EXPECT_TRUE(dialog->IsEnabled());
+  EXPECT_TRUE(FocusGoesTo("chkUpper")) << FocusName();
+}
+
+TEST_F(ModifyDialog, NothingRunsForTheSettings) {
+  Make(OpenedFor::kSettings);
+  ShowModalAnd([this] {
+    Type("txtObject2", "x");
+    Click("cmdOK");
+  });
+  EXPECT_EQ(rules.rules[2].find, "x");
+  EXPECT_EQ(runs, 0);
+
+  Make(OpenedFor::kSettings);
+  EXPECT_EQ(ShowModalAnd([this] {
+              Check("chkNonUnload");
+              Click("cmdOK");
+              EXPECT_TRUE(dialog->IsShown());
+              Click("cmdCancel");
+            }),
+            wxID_CANCEL);
+  EXPECT_EQ(rules.nonUnload, 1) << "stored by OK";
+  EXPECT_EQ(runs, 0);
+}
+
+TEST_F(ModifyDialog, TextBoxesFollowTheirCheckBoxes) {
+  rules.rules[3].active = 1;
+  Make();
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
+    EXPECT_EQ(Enabled("txtObject" + std::to_string(i)), i == 3);
+    EXPECT_EQ(Enabled("txtReplace" + std::to_string(i)), i == 3);
+  }
+  EXPECT_FALSE(Enabled("txtRevice"));
+  Check("chkInjustice");
+  EXPECT_TRUE(Enabled("txtRevice"));
+  Check("chkInjustice", false);
+  EXPECT_FALSE(Enabled("txtRevice"));
+  Check("chkReplace0");
+  Check("chkReplace3", false);
+  EXPECT_TRUE(Enabled("txtObject0"));
+  EXPECT_TRUE(Enabled("txtReplace0"));
+  EXPECT_FALSE(Enabled("txtObject3"));
+  EXPECT_FALSE(Enabled("txtReplace3"));
+}
+
+TEST_F(ModifyDialog, RefusesACheckedRuleWithNothingToFind) {
+  Open();
+  Check("chkReplace1");
+  Check("chkNonUnload");
+  Click("cmdOK");
+  ASSERT_EQ(boxes.shown.size(), 1u);
+  EXPECT_EQ(boxes.shown[0].text, "検索する文字列を指定してください\r\n左のチェックを外すとこの項目は無効になります");
+  EXPECT_TRUE(FocusGoesTo("txtObject1")) << FocusName();
+  EXPECT_EQ(runs, 0);
+  EXPECT_EQ(rules.nonUnload, 0) << "nothing is stored";
+}
+
+TEST_F(ModifyDialog, RefusesAnInvalidReplacementWithTheCaretBeforeIt) {
+  Open();
+  Check("chkReplace2");
+  Type("txtObject2", "a");
+  Type("txtReplace2", "日😀b?c");
+  Focus("cmdOK");
+  std::string focusDuringBox;
+  boxes.then = [&] {
+    FocusGoesTo("txtReplace2");
+    focusDuringBox = FocusName();
+  };
+  Click("cmdOK");
+  ASSERT_EQ(boxes.shown.size(), 1u);
+  EXPECT_EQ(boxes.shown[0].text,
+            "置換する文字列に不正な文字が含まれています\r\n不正な文字には置換することが出来ません");
+  EXPECT_EQ(focusDuringBox, "txtReplace2");
+  Settle();
+  EXPECT_EQ(FocusName(), "txtReplace2");
+  const wxTextCtrl& box = Text("txtReplace2");
+  EXPECT_EQ(box.GetInsertionPoint(), static_cast<long>(ToWx("日😀b").length()));
+  EXPECT_EQ(box.GetStringSelection(), "") << "the focus does not select here";
+  EXPECT_EQ(runs, 0);
+}
+
+TEST_F(ModifyDialog, LeadsToTheCheckBoxOfARuleThatIsOff) {
+  Open();
+  Type("txtReplace4", "a:b");
+  Click("cmdOK");
+  ASSERT_EQ(boxes.shown.size(), 1u);
+  EXPECT_TRUE(FocusGoesTo("chkReplace4")) << FocusName();
+  EXPECT_EQ(Text("txtReplace4").GetInsertionPoint(), 1);
+  EXPECT_EQ(runs, 0);
+}
+
+TEST_F(ModifyDialog, WithoutTheLibraryThePlainSearchIsShownAndRunAndTheChoiceKept) {
+  rules.findCtrl = 1;
+  Make(OpenedFor::kExecute, false);
+  EXPECT_FALSE(Enabled("optFindCtrl_S"));
+  EXPECT_FALSE(Get<wxRadioButton>("optFindCtrl_S").GetValue());
+  EXPECT_TRUE(Get<wxRadioButton>("optFindCtrl_No").GetValue());
+  std::int16_t findCtrlDuringRun = 1;
+  duringRun = [&] { findCtrlDuringRun = rules.findCtrl; };
+  ShowModalAnd([this] { Click("cmdOK"); });
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(findCtrlDuringRun, 0);
+  EXPECT_EQ(rules.findCtrl, 1);
+
+  Make(OpenedFor::kExecute, true);
+  EXPECT_TRUE(Enabled("optFindCtrl_S"));
+  duringRun = [&] { findCtrlDuringRun = rules.findCtrl; };
+  ShowModalAnd([this] { Click("cmdOK"); });
+  EXPECT_EQ(findCtrlDuringRun, 1);
+}
+
+TEST_F(ModifyDialog, TheFocusSelectsTheWholeTextOfARule) {
+  rules.rules[0] = {1, "find me", "put this"};
+  Open();
+  for (const char* name : {"txtObject0", "txtReplace0"}) {
+    Text(name).SetSelection(2, 2);
+    Focus(name);
+    EXPECT_EQ(FromWx(Text(name).GetStringSelection()), Typed(name));
+  }
+}
+
+TEST_F(ModifyDialog, ComingBackToTheDialogKeepsTheSelection) {
+  rules.rules[0] = {1, "find me", ""};
+  Open();
+  Focus("txtObject0");
+  Text("txtObject0").SetSelection(2, 4);
+  auto* other = new wxFrame(nullptr, wxID_ANY, "other");
+  other->Show();
+  other->Raise();
+  EXPECT_TRUE(SettleUntil([&] { return other->IsActive() && !dialog->IsActive(); }));
+  other->Destroy();
+  dialog->Raise();
+  EXPECT_TRUE(FocusGoesTo("txtObject0")) << FocusName();
+  Settle();
+  EXPECT_EQ(FromWx(Text("txtObject0").GetStringSelection()), "nd");
+}
+
+TEST_F(ModifyDialog, TheEditMenuWorksOnTheBoxThatHadTheFocus) {
+  rules.rules[0] = {1, "abcdef", ""};
+  Open();
+  Focus("txtObject0");
+  Text("txtObject0").SetSelection(1, 3);
+  Focus("mnuEdit");
+  ChooseEntry(kMnuCut);
+  EXPECT_EQ(Typed("txtObject0"), "adef");
+  Focus("txtReplace0");
+  ChooseEntry(kMnuPaste);
+  EXPECT_EQ(Typed("txtReplace0"), "bc");
+  Focus("chkUpper");
+  ChooseEntry(kMnuPaste);
+  EXPECT_EQ(Typed("txtReplace0"), "bc") << "no box has the focus now";
+  EXPECT_EQ(Typed("txtObject0"), "adef");
+}
+
+TEST_F(ModifyDialog, DeleteTakesTheSelectionOrTheNextCharacter) {
+  rules.rules[0] = {1, "ab😀c", ""};
+  Open();
+  Focus("txtObject0");
+  Text("txtObject0").SetSelection(0, 1);
+  ChooseEntry(kMnuDelete);
+  EXPECT_EQ(Typed("txtObject0"), "b😀c");
+  Text("txtObject0").SetInsertionPoint(1);
+  ChooseEntry(kMnuDelete);
+  EXPECT_EQ(Typed("txtObject0"), "bc");
+  Text("txtObject0").SetInsertionPointEnd();
+  ChooseEntry(kMnuDelete);
+  EXPECT_EQ(Typed("txtObject0"), "bc");
+}
+
+TEST_F(ModifyDialog, EnterExecutesAndEscapeCancels) {
+  rules.rules[0] = {1, "a", "b"};
+  Make();
+  wxUIActionSimulator keys;
+  const auto press = [&](int key) {
+    Focus("txtObject0");
+    keys.Char(key);
+  };
+  EXPECT_EQ(ShowModalAnd([&] { press(WXK_RETURN); }), wxID_OK);
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(ShowModalAnd([&] { press(WXK_ESCAPE); }), wxID_CANCEL);
+  EXPECT_EQ(runs, 1);
+}
+
+std::vector<std::string> Captions(const wxMenu& menu) {
+  std::vector<std::string> captions;
+  for (const wxMenuItem* item : menu.GetMenuItems()) captions.push_back(FromWx(item->GetItemLabel()));
+  return captions;
+}
+
+TEST(ModifyMenus, ListTheSyntaxOfRegularExpressions) {
+  using List = std::vector<std::string>;
+  const std::unique_ptr<wxMenu> menu = MakeHelpMenu();
+  EXPECT_EQ(Captions(*menu), (List{"制御文字(&C)", "特殊文字(&S)"}));
+  const auto& items = menu->GetMenuItems();
+  EXPECT_EQ(Captions(*items[0]->GetSubMenu()),
+            (List{"\\   エスケープ文字", "^   行の最初にマッチ", ".   すべての文字にマッチ (改行を除く)", "|   選択",
+                  "()  グループ化", "[]  文字クラス"}));
+  EXPECT_EQ(Captions(*items[1]->GetSubMenu()),
+            (List{"\\w  単語の構成文字 (英数字と \"_\") にマッチ", "\\W  単語の構成文字以外にマッチ",
+                  "\\s  空白文字にマッチ", "\\S  空白文字以外にマッチ", "\\d  数字にマッチ", "\\D  数字以外にマッチ"}));
+}
+
+TEST_F(ModifyDialog, TheEditMenuUndoesWhatWasTyped) {
+  rules.rules[0] = {1, "abc", ""};
+  Open();
+  Focus("txtObject0");
+  wxUIActionSimulator keys;
+  keys.Char('X');
+  ASSERT_TRUE(SettleUntil([this] { return Typed("txtObject0") == "x"; })) << "typed over the selection";
+  ChooseEntry(kMnuUndo);
+  EXPECT_EQ(Typed("txtObject0"), "abc");
+}
+
+TEST_F(ModifyDialog, TheEditMenuOffersWhatTheBoxCanDo) {
+  rules.rules[0] = {1, "abc", ""};
+  Open();
+  Focus("txtObject0");
+  const auto enabled = [](const wxTextCtrl& box, int entry) {
+    return MakeEditMenu(&box)->FindItem(entry)->IsEnabled();
+  };
+  const wxTextCtrl& box = Text("txtObject0");
+  EXPECT_FALSE(enabled(box, kMnuUndo));
+  for (const int entry : {kMnuCut, kMnuCopy, kMnuDelete}) EXPECT_TRUE(enabled(box, entry)) << entry;
+  Text("txtObject0").SetInsertionPoint(1);
+  for (const int entry : {kMnuCut, kMnuCopy}) EXPECT_FALSE(enabled(box, entry)) << entry;
+  EXPECT_TRUE(enabled(box, kMnuDelete));
+  EXPECT_FALSE(enabled(Text("txtReplace0"), kMnuDelete)) << "empty";
+  Type("txtObject1", "disabled");
+  EXPECT_FALSE(enabled(Text("txtObject1"), kMnuDelete));
+}
+
+TEST(ModifyMenus, WithoutABoxNoEntryCanBeChosen) {
+  const std::unique_ptr<wxMenu> menu = MakeEditMenu(nullptr);
+  ASSERT_EQ(menu->GetMenuItemCount(), 5u);
+  for (const wxMenuItem* item : menu->GetMenuItems()) EXPECT_FALSE(item->IsEnabled()) << FromWx(item->GetItemLabel());
+}
+
+}  // namespace
+}  // namespace quillon
