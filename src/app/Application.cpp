@@ -24,7 +24,7 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
       list_(style),
       status_(ports_.panels),
       information_(list_, options_, ports_.information, ports_.playTimes, style),
-      passedOver_(ports_.search),
+      passedOver_(ports_.search, status_),
       listCommands_(list_, options_, mode_, {ports_.boxes, status_, *this, ports_.player}),
       loader_(list_, options_, mode_,
               {ports_.files, ports_.boxes, ports_.pending, passedOver_, ports_.loading, ports_.folders, status_, *this,

@@ -9,6 +9,16 @@ constexpr std::size_t kMostNamed = 5;
 
 }  // namespace
 
+void PassedOverPaths::Begin(const std::string& status, const std::string& target) {
+  status_.ShowForNow(status);
+  display_.Begin(status, target);
+}
+
+void PassedOverPaths::End() {
+  display_.End();
+  status_.ShowAgain();
+}
+
 void PassedOverPaths::PassedOver(const std::string& path) {
   ++count_;
   if (named_.size() < kMostNamed) named_.push_back(path);

@@ -10,6 +10,7 @@
 
 #include "base/Text.h"
 #include "controls/Pictures.h"
+#include "controls/TopmostDialog.h"
 #include "controls/Twips.h"
 #include "controls/WxText.h"
 #include "platform/Shell.h"
@@ -132,13 +133,8 @@ void frmMain::SettleAt(const wxRect& place) {
 
 void frmMain::ComeForward() {
   if (IsIconized()) Iconize(false);
-  wxWindow* front = this;
-  for (wxWindow* window : wxTopLevelWindows) {
-    const auto* dialog = dynamic_cast<wxDialog*>(window);
-    if (dialog != nullptr && dialog->IsShown()) front = window;
-  }
   Raise();
-  if (front != this) front->Raise();
+  TopmostDialog(this)->Raise();
 }
 
 void frmMain::ApplySettings() {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "controls/Pictures.h"
+#include "controls/TextBox.h"
 #include "controls/Twips.h"
 #include "controls/WxText.h"
 
@@ -31,7 +32,7 @@ constexpr int kSmallGap = 45;
 constexpr int kPicture = 16;  // DIP
 
 wxTextCtrl* MakeBox(wxWindow* parent, const char* name, long style) {
-  auto* box = new wxTextCtrl(parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, style);
+  auto* box = new TextBox(parent, wxID_ANY, style);
   box->SetName(name);
   return box;
 }

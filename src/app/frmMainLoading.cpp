@@ -59,6 +59,7 @@ void LoadingLabel::Update(const std::string& percentText, const std::string& /*p
 
 void LoadingLabel::ShowIfLate() {
   if (!active_ || lblNowloading_->IsShown() || Clock::now() - begun_ < kLate) return;
+  hadFocus_ = list_().HasFocus() || list_().IsDescendant(wxWindow::FindFocus());
   list_().Hide();
   lblNowloading_->Layout();
   lblNowloading_->Show();
@@ -69,6 +70,7 @@ void LoadingLabel::End() {
   if (!lblNowloading_->IsShown()) return;
   lblNowloading_->Hide();
   list_().Show();
+  if (hadFocus_) list_().SetFocus();
 }
 
 void YieldingMessages::Process() {

@@ -39,6 +39,7 @@ class LoadingLabel final : public ProgressDisplay {
   wxStaticText* lblPercent_;
   Clock::time_point begun_;
   bool active_ = false;
+  bool hadFocus_ = false;  // the list
 };
 
 /// Lets messages through in long loops, at most every ten milliseconds: more often would cost more than the loop.

@@ -15,8 +15,9 @@ std::size_t FirstDifference(const wxString& left, const wxString& right) {
 
 }  // namespace
 
-TextBox::TextBox(wxWindow* parent, wxWindowID id)
-    : wxTextCtrl(parent, id), native_(wxPlatformInfo::Get().GetPortId() != wxPORT_GTK) {
+TextBox::TextBox(wxWindow* parent, wxWindowID id, long style)
+    : wxTextCtrl(parent, id, "", wxDefaultPosition, wxDefaultSize, style),
+      native_(wxPlatformInfo::Get().GetPortId() != wxPORT_GTK) {
   if (native_) return;
   Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
     event.Skip();

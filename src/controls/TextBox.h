@@ -11,7 +11,7 @@ namespace quillon {
 /// step. A text that the program sets is no step and cannot be undone.
 class TextBox final : public wxTextCtrl {
  public:
-  explicit TextBox(wxWindow* parent, wxWindowID id = wxID_ANY);
+  explicit TextBox(wxWindow* parent, wxWindowID id = wxID_ANY, long style = 0);
 
   bool CanUndo() const override;
   void Undo() override;

@@ -4,6 +4,7 @@
 #include <wx/dialog.h>
 #include <wx/msgdlg.h>
 
+#include "controls/TopmostDialog.h"
 #include "controls/WxText.h"
 
 namespace quillon {
@@ -23,16 +24,6 @@ long StyleOf(const Message& message) {
     case MessageButtons::kYesNo: return style | wxYES_NO;
   }
   return style;
-}
-
-/// The modal dialog that is open over `parent`, if there is one.
-wxWindow* TopmostDialog(wxWindow* parent) {
-  wxWindow* top = parent;
-  for (wxWindow* window : wxTopLevelWindows) {
-    const auto* dialog = dynamic_cast<wxDialog*>(window);
-    if (dialog != nullptr && dialog->IsModal() && dialog->IsShown()) top = window;
-  }
-  return top;
 }
 
 }  // namespace

@@ -18,6 +18,10 @@ class SelectionStatus final : public StatusPanels {
   /// "選択： " and the name, or the shortened path, of the selected row's file.
   void ShowSelection(const std::string& name);
 
+  /// A text that stands there only while something goes on; the one before it comes back.
+  void ShowForNow(const std::string& text) { panels_.SetPlayerText(text); }
+  void ShowAgain() { panels_.SetPlayerText(text_); }
+
  private:
   StatusPanels& panels_;
   std::string text_ = kPlayerIdleText;

@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "base/Text.h"
+#include "controls/TopmostDialog.h"
 #include "controls/WxText.h"
 #include "filelist/paths/basFileControl.h"
 
@@ -23,16 +24,6 @@ constexpr int kTextWidth = 380;  // DIP
 constexpr int kGap = 12;         // DIP
 constexpr int kSmallGap = 4;     // DIP
 constexpr int kPercents = 100;
-
-/// The modal dialog that is open over `parent`, if there is one.
-wxWindow* TopmostDialog(wxWindow* parent) {
-  wxWindow* top = parent;
-  for (wxWindow* window : wxTopLevelWindows) {
-    const auto* dialog = dynamic_cast<wxDialog*>(window);
-    if (dialog != nullptr && dialog->IsModal() && dialog->IsShown()) top = window;
-  }
-  return top;
-}
 
 long StyleOver(const wxWindow* parent) {
   const bool onTop = parent != nullptr && parent->HasFlag(wxSTAY_ON_TOP);
