@@ -50,8 +50,6 @@ void Application::Run(const std::function<void()>& action) {
   running_ = true;
   action();
   editing_.Refresh();
-  // Of several selected rows the first one went: the panels follow to the next.
-  if (const int selected = list_.SelectedIndex(); selected != 0 && !showsRow_) ShowRow(selected);
   running_ = false;
 }
 
@@ -59,6 +57,7 @@ void Application::Run(const std::function<void()>& action) {
 void Application::RunAnswerless(const std::function<void()>& action) {
   Run([&] {
     ports_.main.SetAnswering(false);
+    (void)editing_.MayLeaveRow();  // an emptied name comes back before anything is done with it
     action();
     passedOver_.Tell(ports_.boxes);
     ports_.main.SetAnswering(true);
@@ -75,6 +74,7 @@ void Application::Execute(Command command) {
     if (!running_) ports_.main.EditLabel(list_.SelectedIndex());
     return;
   }
+  if (IsSort(command)) return HeaderClicked(SortColumn(command));
   RunAnswerless([&] { RunCommand(command); });
 }
 
@@ -135,18 +135,8 @@ void Application::RunViewCommand(Command command) {
   switch (command) {
     case Command::mnuFront: ToggleFront(); break;
     case Command::mnuApplyMode: SwitchMode(); break;
-    case Command::mnuSortRenameName:
-    case Command::mnuSortTitle:
-    case Command::mnuSortArtist:
-    case Command::mnuSortType:
-    case Command::mnuSortSize:
-    case Command::mnuSortLocation: Sort(SortColumn(command)); break;
     default: break;
   }
-}
-
-void Application::Sort(Column column) {
-  if (editing_.MayLeaveRow()) list_.Sort(column);
 }
 
 void Application::LoadPaths(const std::vector<std::string>& paths) {
@@ -211,13 +201,11 @@ void Application::StoreAutoUpdate(std::int16_t value) {
 }
 
 void Application::Reset() {
-  showsRow_ = false;
   editing_.Load(0);
   information_.Clear();
 }
 
 void Application::ShowRow(int index) {
-  showsRow_ = true;
   editing_.Load(index);
   information_.ShowRow(index);
   ports_.player.Choose(list_.Row(index).location);
@@ -244,7 +232,9 @@ void Application::RowActivated(int index) {
 }
 
 void Application::HeaderClicked(Column column) {
-  Run([&] { Sort(column); });
+  Run([&] {
+    if (editing_.MayLeaveRow()) list_.Sort(column);
+  });
 }
 
 void Application::LabelEdited(int index, const std::string& name) {

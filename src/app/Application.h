@@ -142,7 +142,6 @@ class Application : private FilePanel {
   void OpenFiles();
   void ShowHelp();
   void ToggleFront();
-  void Sort(Column column);
   void SwitchMode();
   void SetMode(bool automatic, const char* message);
   void StoreAutoUpdate(std::int16_t value);
@@ -164,7 +163,6 @@ class Application : private FilePanel {
   RenameEditing editing_;
   FileCommands fileCommands_;
   bool running_ = false;
-  bool showsRow_ = false;  // the panels show the selected row
 };
 
 }  // namespace quillon

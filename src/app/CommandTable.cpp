@@ -114,6 +114,10 @@ std::span<const Command> SortCommands() {
   return kSortMenu;
 }
 
+bool IsSort(Command command) {
+  return std::find(kSortMenu.begin(), kSortMenu.end(), command) != kSortMenu.end();
+}
+
 Column SortColumn(Command command) {
   return static_cast<Column>(static_cast<int>(command) - static_cast<int>(mnuSortRenameName));
 }

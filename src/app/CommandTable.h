@@ -87,6 +87,7 @@ struct MenuEntries {
 [[nodiscard]] std::span<const MenuEntries> MenuBarEntries();
 inline constexpr const char* kSortCaption = "並べ替え(&S)";
 [[nodiscard]] std::span<const Command> SortCommands();
+[[nodiscard]] bool IsSort(Command command);
 [[nodiscard]] Column SortColumn(Command command);
 
 /// The row menu, mnulvwFiles_RClk_Menu. Its shortcuts work while the list has the focus.

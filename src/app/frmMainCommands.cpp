@@ -155,9 +155,9 @@ void frmMain::BindRenameBox() {
   });
 }
 
-// While the window is minimised there is nothing to lay out.
+// While the window is minimised, or has not got its size yet, there is nothing to lay out.
 void frmMain::OnPanelSize() {
-  if (IsIconized()) return;
+  if (IsIconized() || controls_.panel->GetClientSize().x < SmallestSize(*this).x / 2) return;
   const int toolBar = GetToolBar()->GetSize().y;
   const int statusBar = GetStatusBar()->GetSize().y;
   LayOut(controls_, {toolBar, statusBar});
@@ -209,6 +209,7 @@ void frmMain::SetPlayerText(const std::string& text) {
 
 void frmMain::SetModeText(const std::string& text) {
   SetStatusText(ToWx(text), kModePanel);
+  ScheduleUpdate();  // the mode enables and disables commands
 }
 
 void frmMain::RowChanged(int index) {

@@ -40,7 +40,7 @@ void RenameEditing::Changed() {
     return;
   }
   if (mode_.automatic) ReplaceInvalidText();
-  WriteToSelectedRows(ports_.box.Text());
+  WriteTo(SelectedRows(), ports_.box.Text());
   if (!mode_.automatic) return;
   if (!Trim(ports_.box.Text()).empty()) ApplyTyped();
   if (!ports_.box.Text().empty()) lastGoodRenameText_ = ports_.box.Text();
@@ -54,23 +54,30 @@ void RenameEditing::ReplaceInvalidText() {
   ports_.box.SetCaret(std::max(caret - 1, 0));
 }
 
-void RenameEditing::WriteToSelectedRows(const std::string& name) {
-  int left = list_.SelectedCount();
-  for (int index = list_.SelectedIndex(); left > 0; ++index) {
-    if (!list_.Row(index).selected) continue;
-    list_.SetRenameName(index, name);
-    --left;
+std::vector<int> RenameEditing::SelectedRows() const {
+  std::vector<int> rows;
+  const auto count = static_cast<std::size_t>(list_.SelectedCount());
+  rows.reserve(count);
+  for (int index = list_.SelectedIndex(); rows.size() < count; ++index) {
+    if (list_.Row(index).selected) rows.push_back(index);
   }
+  return rows;
+}
+
+void RenameEditing::WriteTo(const std::vector<int>& rows, const std::string& name) {
+  for (const int index : rows) list_.SetRenameName(index, name);
 }
 
 void RenameEditing::ApplyTyped() {
   const int index = list_.SelectedIndex();
-  const std::string lastGood = lastGoodRenameText_;  // showing a failed row loads what was typed
+  // Showing a failed row selects it alone, and loads what was typed.
+  const std::vector<int> typedInto = SelectedRows();
+  const std::string lastGood = lastGoodRenameText_;
   if (engine_.ApplyRenameName(index) != apply_code::kApplied) {
     ports_.box.TakeFocus();
     ports_.box.SetText(lastGood);
     ports_.box.SelectWholeText();
-    WriteToSelectedRows(lastGood);
+    WriteTo(typedInto, lastGood);
     lastGoodRenameText_ = lastGood;
     if (options_.update.updateErrChk == 1) list_.SetChecked(index, true);
   }

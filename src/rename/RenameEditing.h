@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "app/settings/ApplyMode.h"
 #include "app/settings/OptionValues.h"
@@ -75,7 +76,8 @@ class RenameEditing {
 
  private:
   void ReplaceInvalidText();
-  void WriteToSelectedRows(const std::string& name);
+  [[nodiscard]] std::vector<int> SelectedRows() const;
+  void WriteTo(const std::vector<int>& rows, const std::string& name);
   void ApplyTyped();
   bool ApplyOrCheck(int index);
   bool Confirmed(const char* caption, const char* text, MessageIcon icon);

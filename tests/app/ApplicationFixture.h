@@ -1,0 +1,111 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/Application.h"
+#include "app/InformationRecorders.h"
+#include "platform/Shell.h"
+#include "rename/RenameBoxRecorder.h"
+#include "support/Recorders.h"
+#include "support/Rows.h"
+#include "support/TempFolder.h"
+
+namespace quillon::test {
+
+class MainWindowRecorder final : public MainWindow {
+ public:
+  explicit MainWindowRecorder(EventLog& log) : log_(log) {}
+
+  void ScrollToRow(int index) override { log_.Add("main scrolls to " + std::to_string(index)); }
+  void EditLabel(int index) override { log_.Add("main edits label " + std::to_string(index)); }
+  std::vector<std::string> ChooseFiles(const std::string& title, const std::vector<FileDialogFilter>& filters,
+                                       const std::string& folder) override {
+    log_.Add("main file dialog: " + title + " | " + folder);
+    shownFilters = filters;
+    return chosenFiles;
+  }
+  void ShowModifyDialog(bool allItems) override {
+    log_.Add(allItems ? "main modify dialog for all rows" : "main modify dialog for checked rows");
+    if (modifyDialog) modifyDialog(allItems);
+  }
+  void SetAlwaysOnTop(bool front) override { log_.Add(front ? "main on top" : "main not on top"); }
+  void SetAnswering(bool answering) override { log_.Add(answering ? "main answers" : "main does not answer"); }
+  void Quit() override { log_.Add("main quits"); }
+  void EndAtOnce() override { log_.Add("main ends at once"); }
+
+  std::vector<std::string> chosenFiles;
+  std::vector<FileDialogFilter> shownFilters;
+  std::function<void(bool allItems)> modifyDialog;
+
+ private:
+  EventLog& log_;
+};
+
+/// The program behind a window of recorders. Files are real ones in `folder`; the settings file is to be
+/// "Quillon.ini" in `home`.
+struct ApplicationFixture {
+  TempFolder folder;
+  TempFolder home;
+  Recorders ports;
+  MainWindowRecorder main{ports.log};
+  RenameBoxRecorder box{ports.log};
+  InformationBoxRecorder information;
+  PlayTimeRecorder playTimes;
+  std::unique_ptr<FileReads> files = MakeFileReads();
+  std::unique_ptr<FileChanges> disk = MakeFileChanges();
+  int shellAnswer = kShellOpened;
+  Application app;
+
+  explicit ApplicationFixture(const OptionValues& options = Options(), std::string_view settingsName = "Quillon.ini")
+      : app(options, {home.At(settingsName), home.At("Quillon.chm")},
+            {main, ports.window, ports.panels, box, information, ports.boxes, ports.pending, ports.search,
+             ports.progress, ports.progress, ports.folders, ports.player, playTimes, *files, *disk,
+             [this](const std::string& target) {
+               ports.log.Add("shell opens " + target);
+               return shellAnswer;
+             }}) {}
+
+  /// Every file is loaded, unchecked; there is no question but those of a test about questions.
+  static OptionValues Options() {
+    OptionValues options;
+    options.find.filterChk = 0;
+    options.list.loadChk = 0;
+    options.list.delToTrashBox = false;
+    options.list.delCompMsg = 0;
+    return options;
+  }
+
+  /// Makes these files, loads their folder, and forgets what happened so far.
+  void Load(const std::vector<std::string>& names) {
+    for (const std::string& name : names) folder.Write(name, name);
+    app.LoadPaths({folder.Path()});
+    ports.log.Clear();
+  }
+
+  /// What a click (with the keys for more rows held) does.
+  void Select(const std::vector<int>& rows) {
+    app.List().SelectNone();
+    for (const int row : rows) app.List().SetSelected(row, true);
+    app.SelectionChanged();
+  }
+
+  void Type(const std::string& text) {
+    box.Put(text, static_cast<int>(CharacterCount(text)));
+    app.RenameBoxChanged();
+  }
+
+  [[nodiscard]] std::vector<std::string> Names() { return RenameNames(app.List()); }
+  [[nodiscard]] const EventLog& Log() const { return ports.log; }
+  [[nodiscard]] std::vector<std::string> Boxes() const { return ports.log.StartingWith("box "); }
+  [[nodiscard]] std::string LastPanel(std::string_view which) const {
+    const auto panels = ports.log.StartingWith("panel " + std::string(which) + ": ");
+    return panels.empty() ? std::string() : panels.back().substr(("panel " + std::string(which) + ": ").size());
+  }
+};
+
+}  // namespace quillon::test

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/InformationPanel.h"
+
+namespace quillon::test {
+
+/// The boxes of the information panel as they stand.
+class InformationBoxRecorder final : public InformationBoxes {
+ public:
+  void SetTitle(const std::string& text) override { title = text; }
+  void SetFileName(const std::string& text) override { fileName = text; }
+  void SetSummary(const std::string& text) override { summary = text; }
+  void SetDetail(const std::string& text) override { detail = text; }
+  [[nodiscard]] std::size_t FileNameCharacters() const override { return room; }
+
+  std::string title;
+  std::string fileName;
+  std::string summary;
+  std::string detail;
+  std::size_t room = 1000;
+};
+
+/// Every file plays this long.
+class PlayTimeRecorder final : public PlayTimes {
+ public:
+  std::optional<std::int32_t> LengthOf(const std::string& path) override {
+    asked.push_back(path);
+    return length;
+  }
+
+  std::optional<std::int32_t> length;
+  std::vector<std::string> asked;
+};
+
+}  // namespace quillon::test
