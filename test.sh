@@ -52,11 +52,12 @@ run_suite() {
   rm -rf "build/$preset/results"
   mkdir -p "build/$preset/results"
   say "$name: testing"
-  ctest --preset "$preset" -j2 || failed=1
+  # Desktop icons and the like need a display and a session bus; windows are tested on displays of their own.
+  scripts/with-display.sh dbus-run-session -- ctest --preset "$preset" -j2 || failed=1
   count_results "$name" "$preset" "$(ctest --preset "$preset" -N | sed -n 's/^Total Tests: //p')"
 }
 
-need_packages "${linux_packages[@]}" "${test_packages[@]}"
+need_packages "${linux_packages[@]}" "${window_packages[@]}" "${test_packages[@]}"
 run_suite "Linux" linux -DQUILLON_BENCHMARKS=ON
 
 if ! $quick; then

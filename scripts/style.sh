@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Checks the sources' format and runs the static analysis over what the Linux preset compiles. Files whose text and
-# headers have not changed since they were last found clean are passed over.
+# Checks the format of all sources and runs the static analysis over src/ as the Linux preset compiles it; with --all over
+# tests and benchmarks, too. Files whose text and headers have not changed since they were last found clean are passed
+# over.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -9,7 +10,13 @@ mapfile -t files < <(git ls-files --cached --others --exclude-standard '*.cpp' '
 clang-format --dry-run -Werror "${files[@]}" || fail "clang-format: run clang-format -i on the files above"
 
 [ -f build/linux/compile_commands.json ] || fail "configure first: cmake --preset linux"
-mapfile -t sources < <(sed -n "s|^ *\"file\": \"$PWD/\(.*\)\",*|\1|p" build/linux/compile_commands.json | sort -u)
+folder='src/'
+case "${1:-}" in
+  "") ;;
+  --all) folder='' ;;
+  *) fail "unknown argument '$1' (known: --all)" ;;
+esac
+mapfile -t sources < <(sed -n "s|^ *\"file\": \"$PWD/\(.*\)\",*|\1|p" build/linux/compile_commands.json | grep "^$folder" | sort -u)
 clean=$quillon_cache/clean
 mkdir -p "$clean"
 everything=$(cat .clang-tidy $(git ls-files --cached --others --exclude-standard '*.h') | sha256sum | cut -d' ' -f1)
