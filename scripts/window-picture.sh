@@ -56,11 +56,12 @@ outer_rectangle() {
 
 # The rest of it runs on the new display.
 if [ "${1:-}" = --on-display ]; then
+  exec 2>&7
   shift
   file=$1
   shift
   xdotool mousemove 1279 1023  # what the pointer is over would look different
-  "$@" >/dev/null 2>&1 9>&- &
+  "$@" >/dev/null 2>&1 7>&- &
   program=$!
   trap 'kill "$program" 2>/dev/null || true' EXIT
   wait_for_window
@@ -93,4 +94,6 @@ cp "$program" "$copy/"
 find "$(dirname "$program")" -maxdepth 1 \( -name libbregexp.so -o -name BREGEXP.DLL \) -exec cp {} "$copy/" \;
 cp "$settings" "$copy/${name%.exe}.ini"
 if [ "${name%.exe}" = "$name" ]; then command=("$copy/$name"); else command=("$scripts/wine.sh" "$copy/$name"); fi
-"$scripts/with-display.sh" dbus-run-session -- "$scripts/window-picture.sh" --on-display "$file" "${command[@]}" "$@"
+# The bus and what it starts are talkative: only this script's own errors get through.
+"$scripts/with-display.sh" dbus-run-session -- "$scripts/window-picture.sh" --on-display "$file" "${command[@]}" "$@" \
+  7>&2 >/dev/null 2>&1

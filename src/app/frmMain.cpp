@@ -65,6 +65,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths)
 
 frmMain::~frmMain() {
   app_->List().SetObserver(nullptr);
+  controls_.panel->Destroy();  // a control that loses the focus as it goes still tells its handler
 }
 
 void frmMain::MakeControls() {
@@ -96,7 +97,7 @@ void frmMain::NameControls() {
                                                                           {controls_.cmdStop, "停止"},
                                                                           {controls_.chkRepeat, "リピート"}};
   for (const auto& [control, name] : names) {
-    SetAccessibleName(reinterpret_cast<std::uintptr_t>(control->GetHandle()), name);
+    SetAccessibleName(control->GetHandle(), name);
   }
 }
 

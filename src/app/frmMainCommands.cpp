@@ -95,7 +95,7 @@ void frmMain::MakeToolBar() {
 }
 
 void frmMain::MakeStatusBar() {
-  wxStatusBar* bar = CreateStatusBar(4);
+  wxStatusBar* bar = CreateStatusBar(4, wxSTB_DEFAULT_STYLE & ~wxSTB_SHOW_TIPS);  // it has a tool tip of its own
   bar->SetName("StatusBar");
   const int widths[] = {FromDIP(kModeWidth), -1, FromDIP(kCountWidth), FromDIP(kCountWidth)};
   bar->SetStatusWidths(4, widths);

@@ -13,6 +13,13 @@ class TestApp final : public wxApp {
     return true;
   }
 
+  // wx would open a box and wait.
+  void OnAssertFailure(const wxChar* file, int line, const wxChar* function, const wxChar* condition,
+                       const wxChar* message) override {
+    ADD_FAILURE() << wxString(file).utf8_string() << ':' << line << ": " << wxString(function).utf8_string() << ": "
+                  << wxString(condition).utf8_string() << ": " << wxString(message).utf8_string();
+  }
+
   int OnRun() override {
     wxGUIEventLoop loop;
     const wxEventLoopActivator activated(&loop);

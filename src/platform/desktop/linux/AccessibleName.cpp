@@ -4,8 +4,8 @@
 
 namespace quillon {
 
-void SetAccessibleName(std::uintptr_t control, const std::string& name) {
-  GtkWidget* widget = reinterpret_cast<GtkWidget*>(control);
+void SetAccessibleName(void* control, const std::string& name) {
+  GtkWidget* widget = static_cast<GtkWidget*>(control);
   // What scrolls is the frame of the control that is meant.
   if (GTK_IS_SCROLLED_WINDOW(widget)) {
     if (GtkWidget* const inside = gtk_bin_get_child(GTK_BIN(widget))) widget = inside;

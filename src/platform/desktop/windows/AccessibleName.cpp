@@ -11,13 +11,13 @@
 
 namespace quillon {
 
-void SetAccessibleName(std::uintptr_t control, const std::string& name) {
+void SetAccessibleName(void* control, const std::string& name) {
   IAccPropServices* services = nullptr;
   if (FAILED(::CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
                                 reinterpret_cast<void**>(&services)))) {
     return;
   }
-  services->SetHwndPropStr(reinterpret_cast<HWND>(control), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
+  services->SetHwndPropStr(static_cast<HWND>(control), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
                            PROPID_ACC_NAME, ToWide(name).value_or(std::wstring()).c_str());
   services->Release();
 }
