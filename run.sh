@@ -43,9 +43,9 @@ install_packages() {
   esac
   # Any Japanese font will do.
   if [ "$job" != cli ] && command -v fc-list >/dev/null && [ -n "$(fc-list :lang=ja)" ]; then
-    packages=("${packages[@]/fonts-ipafont-gothic/}")
+    mapfile -t packages < <(printf '%s\n' "${packages[@]}" | grep -vx fonts-ipafont-gothic)
   fi
-  need_packages $(printf '%s\n' "${packages[@]}")
+  need_packages "${packages[@]}"
 }
 
 build() {

@@ -15,6 +15,7 @@
 #include "controls/WxText.h"
 #include "platform/Shell.h"
 #include "platform/desktop/AccessibleName.h"
+#include "platform/desktop/ScreenMetrics.h"
 #include "rename/frmModify.h"
 
 namespace quillon {
@@ -141,8 +142,8 @@ void frmMain::ComeForward() {
 void frmMain::ApplySettings() {
   const OptionValues::Window& window = app_->Options().window;
   const wxSize size(ToPixels(*this, window.width), ToPixels(*this, window.height));
-  const wxRect screen = wxDisplay(this).GetGeometry();
-  wxPoint place(screen.x + screen.width / 2 - size.x / 2, screen.y + screen.height / 2 - size.y / 2);
+  const ScreenMetrics screen = QueryScreen();
+  wxPoint place(screen.width / 2 - size.x / 2, screen.height / 2 - size.y / 2);
   const wxPoint centred = place;
   if (window.left) place.x = ToPixels(*this, *window.left);
   if (window.top) place.y = ToPixels(*this, *window.top);

@@ -21,9 +21,10 @@ constexpr int kPlayerPanel = 1;
 constexpr int kCheckPanel = 2;
 constexpr int kItemPanel = 3;
 
-// DIP; the panel without a width takes the rest.
-constexpr int kModeWidth = 130;
-constexpr int kCountWidth = 130;
+constexpr int kPanelMargin = 20;  // DIP
+
+// The widest count that a panel has to show.
+constexpr const char* kWidestCount = "アイテム数：  0000000";
 
 wxString MenuText(const CommandEntry& entry) {
   const wxString caption = ToWx(entry.caption);
@@ -97,7 +98,10 @@ void frmMain::MakeToolBar() {
 void frmMain::MakeStatusBar() {
   wxStatusBar* bar = CreateStatusBar(4, wxSTB_DEFAULT_STYLE & ~wxSTB_SHOW_TIPS);  // it has a tool tip of its own
   bar->SetName("StatusBar");
-  const int widths[] = {FromDIP(kModeWidth), -1, FromDIP(kCountWidth), FromDIP(kCountWidth)};
+  const int margin = bar->FromDIP(kPanelMargin);
+  const int mode = bar->GetTextExtent(ToWx(kAutoApplyText)).x + margin;
+  const int count = bar->GetTextExtent(ToWx(kWidestCount)).x + margin;
+  const int widths[] = {mode, -1, count, count};  // the player's panel takes the rest
   bar->SetStatusWidths(4, widths);
   bar->SetToolTip(ToWx("適応モードの表示をクリックすると、モードが切り替わります"));
   SetStatusBarPane(-1);  // menu help would overwrite a panel

@@ -59,7 +59,7 @@ std::array<wxTextCtrl*, 5> Boxes(const frmMainControls& controls) {
 struct InfoHeights {
   int row;  // the least height of a row
   int gap;
-  [[nodiscard]] int All() const { return 5 * row + 6 * gap; }
+  [[nodiscard]] int All() const { return 5 * row + 8 * gap; }
 };
 
 InfoHeights MeasureInfo(const frmMainControls& controls) {
@@ -82,15 +82,15 @@ void LayOutInfo(const frmMainControls& controls) {
   const int left = std::max(ToPixels(window, kBoxesLeft), labelsLeft + widestLabel + ToPixels(window, kSideGap));
   const int width = size.x - left - ToPixels(window, kBoxesRight);
   const InfoHeights heights = MeasureInfo(controls);
-  const int step = (size.y - heights.gap) / 5;
-  int top = heights.gap;
+  const int firstTop = 3 * heights.gap;  // off the list
+  const int step = (size.y - firstTop) / 5;
   const std::array<wxTextCtrl*, 5> boxes = Boxes(controls);
   for (std::size_t i = 0; i < boxes.size(); ++i) {
-    const int height = std::min(step - heights.gap, heights.row);
+    const int height = std::min(step - 1, heights.row);
+    const int top = firstTop + static_cast<int>(i) * step;
     boxes[i]->SetSize(left, top, width, height);
     const wxSize label = controls.labels[i]->GetBestSize();
     controls.labels[i]->SetSize(labelsLeft, top + (height - label.y) / 2, label.x, label.y);
-    top += step;
   }
 }
 
