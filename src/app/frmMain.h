@@ -82,6 +82,7 @@ class frmMain final : public wxFrame,
   void MakeMenus();
   void MakeToolBar();
   void MakeStatusBar();
+  void RefreshPictures();
   [[nodiscard]] lvwFiles::Handlers ListHandlers();
   void BindEvents();
   void BindRenameBox();

@@ -95,6 +95,18 @@ void frmMain::MakeToolBar() {
   bar->Realize();
 }
 
+// The desktop's theme has changed: what is drawn in its ink is drawn anew.
+void frmMain::RefreshPictures() {
+  const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
+  const wxColour grey = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
+  for (const ToolBarButton& button : ToolBarButtons()) {
+    if (button.command == Command::kSeparator) continue;
+    GetToolBar()->SetToolNormalBitmap(IdOf(button.command), Picture(button.picture, kToolPicture, ink));
+    GetToolBar()->SetToolDisabledBitmap(IdOf(button.command), Picture(button.picture, kToolPicture, grey));
+  }
+  SetButtonPictures(controls_);
+}
+
 void frmMain::MakeStatusBar() {
   wxStatusBar* bar = CreateStatusBar(4, wxSTB_DEFAULT_STYLE & ~wxSTB_SHOW_TIPS);  // it has a tool tip of its own
   bar->SetName("StatusBar");
@@ -132,6 +144,10 @@ void frmMain::BindEvents() {
     event.Skip();
   });
   Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    RefreshPictures();
+    event.Skip();
+  });
   GetStatusBar()->Bind(wxEVT_LEFT_DOWN, &frmMain::OnStatusBarClick, this);
   controls_.panel->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     OnPanelSize();

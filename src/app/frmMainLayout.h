@@ -37,6 +37,9 @@ struct frmMainControls {
 void MakeFileInfo(frmMainControls& controls);
 void MakeMusicPlayer(frmMainControls& controls);
 
+/// The player's pictures in the theme's present ink.
+void SetButtonPictures(const frmMainControls& controls);
+
 /// Heights of the bars around the controls, in pixels.
 struct BarHeights {
   int toolBar = 0;
