@@ -42,8 +42,8 @@ wxBitmapBundle ButtonPicture(std::string_view name) {
 }
 
 template <class Button>
-Button* MakeButton(wxWindow* parent, const char* name, const char* label) {
-  auto* button = new Button(parent, wxID_ANY, wxBitmapBundle());
+Button* MakeButton(wxWindow* parent, const char* name, const char* label, std::string_view picture) {
+  auto* button = new Button(parent, wxID_ANY, ButtonPicture(picture));
   button->SetName(name);
   button->SetLabel(ToWx(label));  // what a screen reader says
   button->SetToolTip(ToWx(label));
@@ -147,10 +147,9 @@ void MakeMusicPlayer(frmMainControls& controls) {
   controls.sldPosition->SetName("sldPosition");
   controls.lblTime = new wxStaticText(frame, wxID_ANY, "00:00 / 00:00");
   controls.lblTime->SetName("lblTime");
-  controls.cmdPlay = MakeButton<wxBitmapButton>(frame, "cmdPlay", "再生");
-  controls.cmdStop = MakeButton<wxBitmapButton>(frame, "cmdStop", "停止");
-  controls.chkRepeat = MakeButton<wxBitmapToggleButton>(frame, "chkRepeat", "リピート");
-  SetButtonPictures(controls);
+  controls.cmdPlay = MakeButton<wxBitmapButton>(frame, "cmdPlay", "再生", "play");
+  controls.cmdStop = MakeButton<wxBitmapButton>(frame, "cmdStop", "停止", "stop");
+  controls.chkRepeat = MakeButton<wxBitmapToggleButton>(frame, "chkRepeat", "リピート", "repeat");
 }
 
 void SetButtonPictures(const frmMainControls& controls) {

@@ -34,7 +34,7 @@ wxBitmapBundle Picture(std::string_view name, int dip, const wxColour& ink) {
 
 wxIconBundle ProgramIcons() {
   wxIconBundle icons;
-  for (const int size : {16, 20, 24, 32, 40, 48, 64, 128, 256}) {
+  for (const int size : {16, 24, 32, 48, 64}) {
     wxIcon icon;
     icon.CopyFromBitmap(Picture("quillon", size, *wxBLACK).GetBitmap(wxSize(size, size)));
     icons.AddIcon(icon);

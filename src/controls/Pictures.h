@@ -13,7 +13,7 @@ namespace quillon {
 /// bundle.
 [[nodiscard]] wxBitmapBundle Picture(std::string_view name, int dip, const wxColour& ink);
 
-/// The program's icon in the usual sizes.
+/// The program's icon in the sizes that window frames and task bars show.
 [[nodiscard]] wxIconBundle ProgramIcons();
 
 }  // namespace quillon

@@ -1,7 +1,5 @@
 #include "controls/TextBox.h"
 
-#include <wx/platinfo.h>
-
 #include <algorithm>
 
 namespace quillon {
@@ -16,8 +14,7 @@ std::size_t FirstDifference(const wxString& left, const wxString& right) {
 }  // namespace
 
 TextBox::TextBox(wxWindow* parent, wxWindowID id, long style)
-    : wxTextCtrl(parent, id, "", wxDefaultPosition, wxDefaultSize, style),
-      native_(wxPlatformInfo::Get().GetPortId() != wxPORT_GTK) {
+    : wxTextCtrl(parent, id, "", wxDefaultPosition, wxDefaultSize, style), native_(TextBoxesCanUndo()) {
   if (native_) return;
   Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
     event.Skip();

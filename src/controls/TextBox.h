@@ -6,6 +6,9 @@
 
 namespace quillon {
 
+/// Whether the system's own text boxes of one line can undo.
+[[nodiscard]] bool TextBoxesCanUndo();
+
 /// A text box of one line that can undo on every system. Where the system's own cannot (GTK) this goes one step back,
 /// and forth again, also with Ctrl+Z, as the system's own does on Windows; characters typed one after another are one
 /// step. A text that the program sets is no step and cannot be undone.

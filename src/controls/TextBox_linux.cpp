@@ -1,0 +1,9 @@
+#include "controls/TextBox.h"
+
+namespace quillon {
+
+bool TextBoxesCanUndo() {
+  return false;
+}
+
+}  // namespace quillon
