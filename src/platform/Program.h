@@ -17,8 +17,8 @@ namespace quillon {
 /// The folder for this user's configuration files, with a trailing separator (need not exist yet).
 [[nodiscard]] std::string UserConfigurationFolder();
 
-/// The command line's arguments as UTF-8 (Linux: byte for byte), without the program's own name. A null `argv` stands for
-/// a main() that somebody else has: the system is asked.
+/// The command line's arguments as UTF-8 (Linux: byte for byte), without the program's own name. A null `argv` stands
+/// for a main() that somebody else has: the system is asked.
 [[nodiscard]] std::vector<std::string> ProgramArguments(int argc, char** argv);
 
 /// The command line behind the program's own name, as it was typed, where the system hands it over whole (Windows);

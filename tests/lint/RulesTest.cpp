@@ -78,21 +78,22 @@ TEST(SystemHeaders, BelongIntoThePlatformFolder) {
 }
 
 TEST(WindowHeaders, BelongIntoWindows) {
-  ExpectEach(FindWindowHeaders, {
-                                    {"logic", "src/rename/a.cpp", "#include <wx/string.h>\n", {1}},
-                                    {"logic, quoted", "src/rename/a.h", "#include \"wx/wx.h\"\n", {1}},
-                                    {"platform", "src/platform/a.cpp", "#include <wx/string.h>\n", {1}},
-                                    {"beside a window", "src/app/MainMenu.cpp", "#include <wx/menu.h>\n", {1}},
-                                    {"window", "src/app/frmMain.cpp", "#include <wx/frame.h>\n", {}},
-                                    {"window's header", "src/dialogs/frmOption.h", "#include <wx/dialog.h>\n", {}},
-                                    {"list", "src/app/lvwFiles.cpp", "#include <wx/listctrl.h>\n", {}},
-                                    {"list for one system", "src/filelist/lvwFiles_linux.cpp", "#include <wx/a.h>\n", {}},
-                                    {"a name like the list's", "src/app/lvwFile.cpp", "#include <wx/a.h>\n", {1}},
-                                    {"shared by windows", "src/controls/Twips.cpp", "#include <wx/a.h>\n", {}},
-                                    {"the program", "src/quillon/basSubMain.cpp", "#include <wx/a.h>\n", {}},
-                                    {"test", "tests/gui/a.cpp", "#include <wx/wx.h>\n", {}},
-                                    {"another library", "src/app/a.cpp", "#include <wxyz/a.h>\n", {}},
-                                });
+  ExpectEach(FindWindowHeaders,
+             {
+                 {"logic", "src/rename/a.cpp", "#include <wx/string.h>\n", {1}},
+                 {"logic, quoted", "src/rename/a.h", "#include \"wx/wx.h\"\n", {1}},
+                 {"platform", "src/platform/a.cpp", "#include <wx/string.h>\n", {1}},
+                 {"beside a window", "src/app/MainMenu.cpp", "#include <wx/menu.h>\n", {1}},
+                 {"window", "src/app/frmMain.cpp", "#include <wx/frame.h>\n", {}},
+                 {"window's header", "src/dialogs/frmOption.h", "#include <wx/dialog.h>\n", {}},
+                 {"list", "src/app/lvwFiles.cpp", "#include <wx/listctrl.h>\n", {}},
+                 {"list for one system", "src/filelist/lvwFiles_linux.cpp", "#include <wx/a.h>\n", {}},
+                 {"a name like the list's", "src/app/lvwFile.cpp", "#include <wx/a.h>\n", {1}},
+                 {"shared by windows", "src/controls/Twips.cpp", "#include <wx/a.h>\n", {}},
+                 {"the program", "src/quillon/basSubMain.cpp", "#include <wx/a.h>\n", {}},
+                 {"test", "tests/gui/a.cpp", "#include <wx/wx.h>\n", {}},
+                 {"another library", "src/app/a.cpp", "#include <wxyz/a.h>\n", {}},
+             });
 }
 
 TEST(Includes, PointDownwards) {

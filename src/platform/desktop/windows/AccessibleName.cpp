@@ -17,8 +17,8 @@ void SetAccessibleName(void* control, const std::string& name) {
                                 reinterpret_cast<void**>(&services)))) {
     return;
   }
-  services->SetHwndPropStr(static_cast<HWND>(control), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
-                           PROPID_ACC_NAME, ToWide(name).value_or(std::wstring()).c_str());
+  services->SetHwndPropStr(static_cast<HWND>(control), static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME,
+                           ToWide(name).value_or(std::wstring()).c_str());
   services->Release();
 }
 
