@@ -58,6 +58,7 @@ run_suite() {
 }
 
 need_packages "${linux_packages[@]}" "${window_packages[@]}" "${test_packages[@]}"
+scripts/japanese-locale.sh
 run_suite "Linux" linux -DQUILLON_BENCHMARKS=ON
 
 if ! $quick; then
@@ -68,7 +69,6 @@ if ! $quick; then
   run_suite "Linux with sanitizers" linux-asan
 
   need_packages "${windows_packages[@]}"
-  scripts/japanese-locale.sh
   scripts/windows-libraries.sh
   # A server that stays up between test programs saves each of them a second. One may be up already.
   scripts/wine.sh --server -p600 || true

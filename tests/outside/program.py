@@ -1,0 +1,81 @@
+"""A private copy of the program, so that its settings file, which stands beside it, is its own."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+
+import display
+from wait import PATIENCE, until
+
+TITLE = "Quillon"
+
+
+class Program:
+    """The program in a folder of its own. `close` ends what still runs."""
+
+    FILES = ("quillon", "libbregexp.so")
+    SETTINGS = "quillon.ini"
+
+    def __init__(self, built):
+        self._temporary = tempfile.TemporaryDirectory(prefix="quillon-outside-")
+        self.folder = pathlib.Path(self._temporary.name)
+        self.home = self.folder / "program"
+        self.home.mkdir()
+        for name in self.FILES:
+            shutil.copy2(pathlib.Path(built) / name, self.home)
+        self._running = []
+
+    @property
+    def settings(self):
+        return self.home / self.SETTINGS
+
+    def command(self, arguments):
+        return [str(self.home / "quillon"), *map(str, arguments)]
+
+    def start(self, *arguments, **environment):
+        """Starts one instance; it need not show a window."""
+        return self._start(self.command(arguments), environment)
+
+    def _start(self, command, environment):
+        process = subprocess.Popen(
+            command,
+            cwd=self.home,
+            env=dict(os.environ, **environment),
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+        )
+        self._running.append(process)
+        return process
+
+    def start_and_show(self, *arguments, **environment):
+        """Starts the first instance, and waits for its main window to have the focus."""
+        process = self.start(*arguments, **environment)
+        until(lambda: display.active_title() == TITLE or process.poll() is not None, "the main window")
+        if process.poll() is not None:
+            raise AssertionError(f"the program ended at once with status {process.returncode}")
+        return process
+
+    def close(self):
+        for process in self._running:
+            if process.poll() is None:
+                process.kill()
+            process.wait()
+        # The next program of this name is the first again once the window is gone.
+        until(lambda: not display.visible_windows(TITLE), "the window gone")
+        self._temporary.cleanup()
+
+    def close_window(self, process):
+        """Closes the main window as its own close button does; the exit status."""
+        display.press("alt+F4")
+        return self.status(process)
+
+    @staticmethod
+    def status(process, patience=PATIENCE):
+        """Waits for the end of an instance."""
+        try:
+            return process.wait(patience)
+        except subprocess.TimeoutExpired:
+            raise AssertionError("the program did not end") from None

@@ -1,0 +1,327 @@
+"""What a person does with the program on Linux: keys, clicks and drops, read back on the screen and on the disk."""
+
+import os
+import pathlib
+import subprocess
+import sys
+import unittest
+
+import display
+import drag_source
+import reader
+import samples
+from display import press, write
+from program import TITLE, Program
+from wait import until, until_equal
+
+_SIMPLE_INPUT_METHOD = {"GTK_IM_MODULE": "gtk-im-context-simple"}
+_HIRAGANA_A = ("ctrl+shift+u", "3", "0", "4", "2")
+_TITLES_QUESTION = "チェックアイテムのリネーム名を、それぞれのタイトルに変更します"
+_APPLY_QUESTION = "チェックアイテムのリネーム名をファイルに適応します"
+_INITIALISATION_ERROR = (
+    "設定ファイルが壊れている可能性があります\n"
+    "再度起動してください\n"
+    "それでも初期化エラーが出る場合はヘルプを参照してください"
+)
+
+
+def answer(caption, text, key="Return"):
+    """Waits for the dialog, presses a key in it, and waits for it to close."""
+    buttons = reader.wait_for_dialog(text)
+    until_equal(display.active_title, caption, "the dialog in front")
+    press(key)
+    until(lambda: text not in str(reader.dialog()), f"“{text}” closed")
+    return buttons
+
+
+class Linux(unittest.TestCase):
+    built = None  # the folder of the built program
+
+    def setUp(self):
+        self.program = Program(self.built)
+        self.addCleanup(self.program.close)
+        self.files = samples.fill(self.program.folder / "曲 と 音")
+
+    def names(self):
+        return sorted(os.listdir(self.files))
+
+    def load(self, **environment):
+        """Starts the program with the sample folder."""
+        process = self.program.start_and_show(self.files, **environment)
+        reader.wait_for_names(["01", "02", "曲 03"])
+        until(reader.list_has_focus, "the list focused")
+        return process
+
+    def focus_rename_box(self):
+        press("alt+n")
+        until(reader.rename_box_has_focus, "the rename box focused")
+        press("ctrl+a")
+
+    def other_window(self, *paths):
+        """Another program's window, which has the focus then."""
+        script = pathlib.Path(drag_source.__file__)
+        process = subprocess.Popen([sys.executable, "-B", script, *paths], stdin=subprocess.DEVNULL)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        until_equal(display.active_title, drag_source.TITLE, "the other window in front")
+
+    def test_starts_with_a_folder(self):
+        self.load()
+        rows = reader.rows()
+        self.assertEqual([row.title for row in rows], ["さくら", "Greensleeves", "荒城の月"])
+        self.assertEqual([row[3] for row in rows], ["", "", "滝廉太郎"])
+        self.assertEqual([row[4] for row in rows], ["MIDI", "MIDI", "MP3"])
+        self.assertEqual([row.location for row in rows], [str(self.files / name) for name in self.names()])
+        self.assertEqual([row.checked for row in rows], [True, True, True])
+        self.assertEqual(reader.selected(), [0])
+        reader.wait_for_box("リネーム名", "01")
+        reader.wait_for_box("タイトル", "さくら")
+        self.assertIn("01.mid", reader.box("ファイル名"))
+        self.assertIn("MIDI", reader.box("ファイル情報"))
+        self.assertIn("トラック数： 1", reader.box("詳細"))
+
+    def test_the_boxes_follow_the_selected_row(self):
+        self.load()
+        press("Down", "Down")
+        until_equal(reader.selected, [2], "the third row selected")
+        reader.wait_for_box("リネーム名", "曲 03")
+        reader.wait_for_box("タイトル", "荒城の月")
+        self.assertIn("曲 03.mp3", reader.box("ファイル名"))
+        self.assertIn("MP3", reader.box("ファイル情報"))
+        press("Up")
+        reader.wait_for_box("リネーム名", "02")
+
+    def test_renames_to_titles_and_applies(self):
+        self.load()
+        press("ctrl+t")
+        self.assertEqual(answer("タイトルにリネーム", _TITLES_QUESTION), ["OK", "キャンセル"])
+        reader.wait_for_names(["さくら", "Greensleeves", "荒城の月"])
+        self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
+        press("ctrl+s")
+        answer("ファイルに適応", _APPLY_QUESTION)
+        answer("ファイルに適応", "3 個のファイルを適応しました\nエラーでスキップされたファイルはありません")
+        self.assertEqual(self.names(), ["Greensleeves.mid", "さくら.mid", "荒城の月.mp3"])
+        until_equal(lambda: [row.checked for row in reader.rows()], [False] * 3, "the rows unchecked")
+        self.assertEqual(
+            [os.path.basename(row.location) for row in reader.rows()],
+            ["さくら.mid", "Greensleeves.mid", "荒城の月.mp3"],
+        )
+        self.assertIn("さくら.mid", reader.box("ファイル名"))
+
+    def test_a_question_that_is_declined_changes_nothing(self):
+        self.load()
+        press("ctrl+t")
+        answer("タイトルにリネーム", _TITLES_QUESTION, "Escape")
+        self.focus_rename_box()
+        write("other")
+        reader.wait_for_names(["other", "02", "曲 03"])
+        press("ctrl+s")
+        answer("ファイルに適応", _APPLY_QUESTION, "Escape")
+        until_equal(display.active_title, TITLE, "the window in front")
+        self.assertIsNone(reader.dialog())
+        self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
+        self.assertEqual([row.checked for row in reader.rows()], [True] * 3)
+
+    def test_enter_in_the_rename_box_walks_down(self):
+        self.load()
+        self.focus_rename_box()
+        write("alpha")
+        press("Return")
+        reader.wait_for_box("リネーム名", "02")
+        self.assertEqual(reader.selected(), [1])
+        write("beta")  # over the whole text, which is selected
+        press("Return")
+        reader.wait_for_box("リネーム名", "曲 03")
+        reader.wait_for_names(["alpha", "beta", "曲 03"])
+        self.assertTrue(reader.rename_box_has_focus())
+        press("ctrl+s")
+        answer("ファイルに適応", _APPLY_QUESTION)
+        answer("ファイルに適応", "3 個のファイルを適応しました")
+        self.assertEqual(self.names(), ["alpha.mid", "beta.mid", "曲 03.mp3"])
+
+    def test_f2_edits_the_label(self):
+        self.load()
+        press("Down", "F2")
+        until(lambda: reader.list_has_focus() is False, "the label editor")
+        press("ctrl+a")
+        write("label")
+        press("Return")
+        reader.wait_for_names(["01", "label", "曲 03"])
+        reader.wait_for_box("リネーム名", "label")
+        until(reader.list_has_focus, "the list focused")
+        press("F2")
+        until(lambda: reader.list_has_focus() is False, "the label editor again")
+        write("dropped")
+        press("Escape")
+        until(reader.list_has_focus, "the list focused again")
+        self.assertEqual([row.name for row in reader.rows()], ["01", "label", "曲 03"])
+        self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
+
+    def test_a_click_on_a_header_sorts(self):
+        self.load()
+        display.click(*reader.header_centre("タイトル"))
+        reader.wait_for_names(["曲 03", "01", "02"])
+        display.click(*reader.header_centre("リネーム名"))  # every click turns the order round
+        reader.wait_for_names(["01", "02", "曲 03"])
+        self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
+
+    def test_space_toggles_the_check(self):
+        self.load()
+        press("Down", "space")
+        until_equal(lambda: [row.checked for row in reader.rows()], [True, False, True], "one row unchecked")
+        press("space")
+        until_equal(lambda: [row.checked for row in reader.rows()], [True] * 3, "it is checked again")
+
+    def test_unchecked_rows_are_not_applied(self):
+        self.load()
+        press("space", "ctrl+shift+t")
+        answer("タイトルにリネーム", "全アイテムのリネーム名を、それぞれのタイトルに変更します")
+        press("ctrl+s")
+        answer("ファイルに適応", _APPLY_QUESTION)
+        answer("ファイルに適応", "2 個のファイルを適応しました")
+        self.assertEqual(self.names(), ["01.mid", "Greensleeves.mid", "荒城の月.mp3"])
+        self.assertEqual(os.path.basename(reader.rows()[0].location), "01.mid")
+
+    def test_shift_f10_opens_the_row_menu(self):
+        self.load()
+        press("Down", "shift+F10")
+        menu = until(reader.open_menu, "the row menu")
+        self.assertEqual(menu[1:4], ["リネーム名の変更(E)", "タイトルにリネーム(T)", "元に戻す(Z)"])
+        self.assertEqual(menu[-1], "リストから削除(L)")
+        press("t")
+        reader.wait_for_names(["01", "Greensleeves", "曲 03"])
+        reader.wait_for_box("リネーム名", "Greensleeves")
+
+    def test_a_right_click_opens_the_menu_of_its_row(self):
+        self.load()
+        display.click(*reader.cell_centre(2, "リネーム名"), button=3)
+        until(reader.open_menu, "the row menu")
+        until_equal(reader.selected, [2], "the clicked row selected")
+        press("l")
+        reader.wait_for_names(["01", "02"])
+        self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
+
+    def test_access_keys_open_the_menus(self):
+        process = self.load()
+        press("alt+f")
+        menu = until(reader.open_menu, "the file menu")
+        self.assertEqual(menu[0], "フォルダ参照(O)...")
+        press("x")
+        self.assertEqual(self.program.status(process), 0)
+
+    def test_a_dropped_folder_is_loaded(self):
+        self.program.start_and_show()
+        self.assertEqual(until(lambda: [reader.rows()], "the list"), [[]])
+        target = reader.list_centre()
+        self.other_window(self.files)
+        display.drag((drag_source.SIZE // 2, drag_source.SIZE // 2), target)
+        reader.wait_for_names(["01", "02", "曲 03"])
+        self.assertEqual(reader.rows()[2].location, str(self.files / "曲 03.mp3"))
+
+    def test_a_later_instance_brings_the_minimised_window_back(self):
+        first = self.load()
+        display.minimise(display.visible_windows(TITLE)[0])
+        until(lambda: not display.visible_windows(TITLE), "the window minimised")
+        self.assertEqual(self.program.status(self.program.start(), patience=3), 0)
+        until_equal(display.active_title, TITLE, "the window in front")
+        self.assertEqual(len(display.visible_windows(TITLE)), 1)
+        self.assertIsNone(first.poll())
+        reader.wait_for_names(["01", "02", "曲 03"])
+
+    def test_a_later_instance_brings_the_open_dialog_forward(self):
+        first = self.load()
+        press("ctrl+t")
+        reader.wait_for_dialog(_TITLES_QUESTION)
+        self.other_window()
+        self.assertEqual(self.program.status(self.program.start(), patience=3), 0)
+        answer("タイトルにリネーム", _TITLES_QUESTION)
+        reader.wait_for_names(["さくら", "Greensleeves", "荒城の月"])
+        self.assertIsNone(first.poll())
+
+    def test_damaged_settings_are_told_and_left_alone(self):
+        damaged = b"[Player]\r\nRepeat=40000\r\n"
+        self.program.settings.write_bytes(damaged)
+        process = self.program.start(self.files)
+        self.assertEqual(answer("初期化エラー", _INITIALISATION_ERROR), ["OK"])
+        self.assertEqual(self.program.status(process), 1)
+        self.assertEqual(display.visible_windows(TITLE), [])
+        self.assertEqual(self.program.settings.read_bytes(), damaged)
+
+    def test_place_and_column_widths_survive_a_restart(self):
+        process = self.load()
+        [window] = display.visible_windows(TITLE)
+        display.xdotool("windowmove", window, 111, 77, "windowsize", window, 800, 560)
+        until_equal(lambda: display.geometry(window)[2:], (800, 560), "the window's size")
+        left, top, width, height = reader.header_extents("リネーム名")
+        edge = (left + width - 1, top + height // 2)
+        display.drag(edge, (edge[0] + 60, edge[1]))
+        until(lambda: reader.header_extents("リネーム名")[2] >= width + 40, "a wider column")
+        place, column = display.geometry(window), reader.header_extents("リネーム名")[2]
+        self.assertEqual(self.program.close_window(process), 0)
+        self.load()
+        [window] = display.visible_windows(TITLE)
+        until_equal(lambda: display.geometry(window), place, "the window's place")
+        until_equal(lambda: reader.header_extents("リネーム名")[2], column, "the column's width")
+
+    def test_files_and_folders_on_the_command_line(self):
+        single = self.program.folder / "ひとつ だけ %20.mid"
+        single.write_bytes(samples.midi("春の小川"))
+        self.program.start_and_show(single, self.files)
+        reader.wait_for_names(["ひとつ だけ %20", "01", "02", "曲 03"])
+        self.assertEqual(reader.rows()[0].title, "春の小川")
+        self.assertEqual(reader.rows()[0].location, str(single))
+
+    def test_reset_and_quit_deletes_the_settings(self):
+        self.program.settings.write_bytes(b"[List]\r\nLoadChk=0\r\n")
+        process = self.load()
+        self.assertEqual([row.checked for row in reader.rows()], [False] * 3)
+        press("alt+f")
+        until(reader.open_menu, "the file menu")
+        press("d")
+        answer("設定をデフォルトに戻して終了", "設定をすべてデフォルトに戻して終了します")
+        self.assertEqual(self.program.status(process), 0)
+        self.assertFalse(self.program.settings.exists())
+
+    def test_an_input_methods_enter_stays_in_the_rename_box(self):
+        self.load(**_SIMPLE_INPUT_METHOD)
+        self.focus_rename_box()
+        press(*_HIRAGANA_A, "Return")
+        reader.wait_for_box("リネーム名", "あ")
+        press("x")  # behind the Return: it would be in another row by now
+        reader.wait_for_box("リネーム名", "あx")
+        self.assertEqual(reader.selected(), [0])
+        press("Return")
+        reader.wait_for_box("リネーム名", "02")
+        reader.wait_for_names(["あx", "02", "曲 03"])
+
+    def test_an_input_methods_enter_stays_in_the_label_editor(self):
+        self.load(**_SIMPLE_INPUT_METHOD)
+        press("F2")
+        until(lambda: reader.list_has_focus() is False, "the label editor")
+        press("ctrl+a", *_HIRAGANA_A, "Return", "x", "Return")
+        reader.wait_for_names(["あx", "02", "曲 03"])
+        until(reader.list_has_focus, "the list focused")
+
+    def test_opens_a_file_of_the_last_folder(self):
+        self.program.settings.write_text(f"[System]\r\nDirPath={self.files}/\r\n", encoding="cp932")
+        self.program.start_and_show()
+        press("ctrl+shift+o")
+        until_equal(display.active_title, "ファイルを開く", "the dialog in front")
+        display.click(*until(lambda: reader.dialog_item_centre("曲 03.mp3"), "the file in the dialog"))
+        press("Return")
+        reader.wait_for_no_dialog()
+        reader.wait_for_names(["曲 03"])
+
+    def test_opens_a_folder_by_its_path(self):
+        path = self.program.folder / "plain"  # it can be typed
+        path.mkdir()
+        (path / "one.mid").write_bytes(samples.midi("One"))
+        self.program.start_and_show()
+        press("ctrl+o")
+        caption = "リネームするファイルが格納されているフォルダを選択してください"
+        until_equal(display.active_title, caption, "the dialog in front")
+        write(str(path))
+        until(lambda: (reader.dialog_entry() or "").rstrip("/") == str(path), "the path in the dialog")
+        press("Return")
+        reader.wait_for_no_dialog()
+        reader.wait_for_names(["one"])
