@@ -113,6 +113,8 @@ bool RenameEditing::MayNotBeLeft() const {
 
 void RenameEditing::AskForName() {
   Tell("リネーム名を入力してください");
+  // What took the focus may have been a click on another row.
+  if (list_.SelectedIndex() != editingItemIndex_) static_cast<void>(MayLeaveRow());
   ports_.box.TakeFocus();
 }
 

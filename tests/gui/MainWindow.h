@@ -1,0 +1,108 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <wx/textctrl.h>
+#include <wx/uiaction.h>
+#include <wx/weakref.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/frmMain.h"
+#include "gui/Dialogs.h"
+#include "support/TempFolder.h"
+
+namespace quillon::test {
+
+/// Processes events until the condition holds; false when it did not within ten seconds.
+[[nodiscard]] bool Until(const std::function<bool()>& condition);
+
+/// The program's main window on a display, with a folder of files and a settings file of its own. Commands come as the
+/// events of menu items, keys and clicks from the simulator.
+class MainWindowTest : public testing::Test {
+ protected:
+  void TearDown() override;
+
+  /// Every file is loaded, checked as it is by default; deleting is for good.
+  static OptionValues Options();
+
+  /// Makes the window and waits until it is shown and active.
+  void Open(const OptionValues& options, const std::vector<std::string>& paths = {});
+  /// Opens it with the files of `folder` loaded.
+  void OpenFolder(const OptionValues& options = Options()) { Open(options, {folder.Path()}); }
+  /// Closes it as its close button does and waits until it is gone.
+  void CloseWindow();
+  [[nodiscard]] bool IsOpen() const { return window_ != nullptr; }
+
+  [[nodiscard]] frmMain& Frame() const { return *window_; }
+  [[nodiscard]] Application& App() const { return Frame().App(); }
+  [[nodiscard]] FileList& List() const { return App().List(); }
+  [[nodiscard]] Application::Paths Paths() const { return {home.At("Quillon.ini"), home.At("Quillon.chm")}; }
+
+  /// Waits until everything that is posted by now has been done, with what that has posted.
+  void Drain() const;
+  /// The menu item's event; waits until the command is over.
+  void Run(Command command) const;
+  /// The event alone.
+  void Post(Command command) const;
+
+  template <class Control>
+  [[nodiscard]] Control& Get(const std::string& name) const {
+    auto* const control = dynamic_cast<Control*>(wxWindow::FindWindowByName(name, &Frame()));
+    if (control == nullptr) throw std::runtime_error("no such control: " + name);
+    return *control;
+  }
+  [[nodiscard]] wxTextCtrl& Box() const { return Get<wxTextCtrl>("txtAlterTitle"); }
+  [[nodiscard]] std::string Text(const std::string& name) const;
+  [[nodiscard]] std::string Status(int panel) const;
+  [[nodiscard]] bool MenuEnabled(Command command) const;
+
+  /// The rename names of all rows.
+  [[nodiscard]] std::vector<std::string> Names() const;
+  [[nodiscard]] std::vector<int> CheckedRows() const;
+  [[nodiscard]] std::vector<int> SelectedRows() const;
+
+  // The user's hands. Each waits for the window's answer to be over.
+  void Key(int key, int modifiers = wxMOD_NONE) const;
+  void Click(wxPoint screen) const;
+  void ClickRow(int index) const;
+  void ClickBox() const;
+  /// At this many quarters of its width: two clicks on one place could be a double click.
+  void ClickModePanel(int quarters = 2) const;
+  void FocusList() const;
+  void FocusBox() const;
+  void SelectRow(int index) const;  ///< with the arrow keys
+  [[nodiscard]] static std::string FocusName();
+
+  /// Writes a MIDI file with this title; returns its path.
+  std::string WriteMidi(const std::string& name, const std::string& title, const std::string& copyright = {}) const;
+  /// The bytes that WriteMidi gives a file.
+  [[nodiscard]] static std::string Midi(const std::string& title, const std::string& copyright = {});
+
+  TempFolder folder;
+  TempFolder home;
+  Dialogs dialogs;
+
+ private:
+  wxWeakRef<frmMain> window_;
+};
+
+/// The panels of the status bar.
+inline constexpr int kModePanel = 0;
+inline constexpr int kSelectionPanel = 1;
+inline constexpr int kChecksPanel = 2;
+inline constexpr int kItemsPanel = 3;
+
+inline constexpr const char* kManual = "手動適応モード";
+inline constexpr const char* kAutomatic = "自動適応モード";
+
+// What the native list shows, asked for as each system's control has it.
+/// A row's rename name on the screen.
+[[nodiscard]] wxRect NativeRowRect(lvwFiles& list, int index);
+[[nodiscard]] std::string NativeText(lvwFiles& list, int index, Column column);
+[[nodiscard]] int NativeCount(lvwFiles& list);
+[[nodiscard]] std::vector<int> NativeSelection(lvwFiles& list);
+
+}  // namespace quillon::test

@@ -1,0 +1,154 @@
+#include <wx/platinfo.h>
+#include <wx/stattext.h>
+#include <wx/statusbr.h>
+#include <wx/toolbar.h>
+
+#include "controls/Twips.h"
+#include "controls/WxText.h"
+#include "gui/MainWindow.h"
+#include "gui/Settle.h"
+
+/// Where the main window's controls stand. Measures are in twips, as they are given.
+namespace quillon::test {
+namespace {
+
+class LayoutOfMainWindow : public MainWindowTest {
+ protected:
+  [[nodiscard]] int Pixels(int twips) const { return ToPixels(Frame(), twips); }
+  [[nodiscard]] wxRect RectOf(const std::string& name) const { return Get<wxWindow>(name).GetRect(); }
+
+  /// The inside of the window, bars included.
+  [[nodiscard]] wxSize Inside() const {
+    const wxSize panel = Get<wxWindow>("fraFileInfo").GetParent()->GetClientSize();
+    return {panel.x, panel.y + ToolBarHeight() + Frame().GetStatusBar()->GetSize().y};
+  }
+  [[nodiscard]] int ToolBarHeight() const { return Frame().GetToolBar()->GetSize().y; }
+
+  void Resize(wxSize size) const {
+    Frame().SetSize(size);
+    ASSERT_TRUE(Until([&] { return Frame().GetSize() == size; }));
+    Settle();
+  }
+
+  /// Windows' controls fit into the measures; GTK's may need more room.
+  static bool IsExact() { return wxPlatformInfo::Get().GetPortId() == wxPORT_MSW; }
+
+  void ExpectPlaces() const {
+    const wxSize inside = Inside();
+    const wxRect list = RectOf("lvwFiles");
+    const wxRect info = RectOf("fraFileInfo");
+    const wxRect player = RectOf("fraMusicPlayer");
+    for (const wxRect& part : {list, info, player}) EXPECT_EQ(part.width, inside.x - Pixels(60));
+    EXPECT_EQ(list.y, 0);
+    EXPECT_EQ(info.y, list.height) << "directly below the list";
+    EXPECT_EQ(info.GetBottom() + 1, player.y);
+    const int belowList = inside.y - list.height;
+    const int playerFromBottom = inside.y - ToolBarHeight() - player.y;
+    EXPECT_GE(belowList, Pixels(3570));
+    EXPECT_GE(playerFromBottom, Pixels(1125));
+    if (IsExact()) {
+      EXPECT_EQ(belowList, Pixels(3570));
+      EXPECT_EQ(playerFromBottom, Pixels(1125));
+    }
+    ExpectInfo(info);
+    ExpectPlayer(player);
+  }
+
+  void ExpectInfo(const wxRect& info) const {
+    int bottom = 0;
+    for (const char* name : {"txtAlterTitle", "txtTitle", "txtFileName", "txtFileInfo", "txtFileDetail"}) {
+      const wxRect box = RectOf(name);
+      EXPECT_EQ(box.GetRight() + 1, info.width - Pixels(240)) << name;
+      EXPECT_GE(box.x, Pixels(1560)) << name;
+      if (IsExact()) {
+        EXPECT_EQ(box.x, Pixels(1560)) << name;
+      }
+      EXPECT_GE(box.y, bottom) << name;
+      EXPECT_GE(box.height, Get<wxTextCtrl>(name).GetCharHeight()) << name;
+      bottom = box.GetBottom() + 1;
+    }
+    EXPECT_LE(bottom, info.height);
+  }
+
+  void ExpectPlayer(const wxRect& player) const {
+    EXPECT_EQ(RectOf("cmdPlay").x, player.width - Pixels(1335));
+    EXPECT_EQ(RectOf("cmdStop").x, player.width - Pixels(975));
+    EXPECT_EQ(RectOf("chkRepeat").x, player.width - Pixels(615));
+    EXPECT_EQ(RectOf("sldPosition").width, player.width - Pixels(3100));
+    EXPECT_GT(RectOf("lblTime").x, RectOf("sldPosition").GetRight());
+    EXPECT_LT(RectOf("lblTime").GetRight(), RectOf("cmdPlay").x);
+    for (const char* name : {"sldPosition", "lblTime", "cmdPlay", "cmdStop", "chkRepeat"}) {
+      EXPECT_TRUE(wxRect(player.GetSize()).Contains(RectOf(name))) << name;
+    }
+  }
+};
+
+TEST_F(LayoutOfMainWindow, FollowsTheRulesAtEverySize) {
+  WriteMidi("a.mid", "First");
+  OpenFolder();
+  ExpectPlaces();
+  const int listBefore = RectOf("lvwFiles").height;
+  const int insideBefore = Inside().y;
+  Resize({900, 720});
+  ExpectPlaces();
+  EXPECT_EQ(RectOf("lvwFiles").height - listBefore, Inside().y - insideBefore) << "the list takes what there is more";
+  Resize(Frame().GetMinSize());
+  ExpectPlaces();
+}
+
+TEST_F(LayoutOfMainWindow, HasASmallestSize) {
+  Open(Options());
+  EXPECT_EQ(Frame().GetMinSize(), wxSize(Pixels(6870), Pixels(5580)));
+  Frame().SetSize(wxSize(100, 100));
+  EXPECT_TRUE(Until([this] { return Frame().GetSize() == wxSize(Pixels(6870), Pixels(5580)); }))
+      << Frame().GetSize().x << " x " << Frame().GetSize().y;
+}
+
+TEST_F(LayoutOfMainWindow, ShowsEveryLabelInFull) {
+  Open(Options());
+  Resize(Frame().GetMinSize());
+  int labels = 0;
+  for (const wxWindow* child : Get<wxWindow>("fraFileInfo").GetChildren()) {
+    const auto* label = dynamic_cast<const wxStaticText*>(child);
+    if (label == nullptr) continue;
+    ++labels;
+    EXPECT_LE(label->GetTextExtent(label->GetLabelText()).x, label->GetSize().x) << FromWx(label->GetLabelText());
+    EXPECT_LE(label->GetRect().GetRight(), RectOf("txtAlterTitle").x) << FromWx(label->GetLabelText());
+  }
+  EXPECT_EQ(labels, 5);
+}
+
+TEST_F(LayoutOfMainWindow, StatusPanelsHoldTheirTexts) {
+  Open(Options());
+  const wxStatusBar& bar = *Frame().GetStatusBar();
+  const auto expectFits = [&](int panel, const char* text) {
+    wxRect rect;
+    ASSERT_TRUE(bar.GetFieldRect(panel, rect));
+    EXPECT_LE(bar.GetTextExtent(ToWx(text)).x, rect.width) << text;
+  };
+  expectFits(kModePanel, kAutomatic);
+  expectFits(kModePanel, kManual);
+  expectFits(kSelectionPanel, "プレイヤー待機中...");
+  expectFits(kChecksPanel, "チェック数： 100000");
+  expectFits(kItemsPanel, "アイテム数：  100000");
+}
+
+TEST_F(LayoutOfMainWindow, TheFileNameIsShortenedToItsBox) {
+  const std::string path =
+      WriteMidi("a long folder name/another long folder name/yet another long folder name/a.mid", "First");
+  Open(Options(), {path});
+  const auto expectShortened = [&](int width) {
+    Resize({width, 600});
+    const std::string shown = Text("txtFileName");
+    EXPECT_TRUE(shown.ends_with("a.mid")) << shown;
+    return shown.size();
+  };
+  ClickRow(1);
+  const std::size_t narrow = expectShortened(500);
+  const std::size_t wide = expectShortened(1200);
+  EXPECT_LT(narrow, wide);
+  EXPECT_LT(narrow, path.size());
+}
+
+}  // namespace
+}  // namespace quillon::test

@@ -1,0 +1,202 @@
+#include <wx/dialog.h>
+#include <wx/tglbtn.h>
+
+#include "app/settings/Settings.h"
+#include "app/settings/basINIControl.h"
+#include "controls/Twips.h"
+#include "gui/MainWindow.h"
+#include "gui/Settle.h"
+
+/// What the main window keeps from one run to the next.
+namespace quillon::test {
+namespace {
+
+class SettingsOfMainWindow : public MainWindowTest {
+ protected:
+  [[nodiscard]] OptionValues Saved() const {
+    IniFile file(Paths().settings);
+    file.Load();
+    Result<OptionValues, SettingsError> options = ReadOptionValues(file);
+    EXPECT_TRUE(options);
+    return options ? *std::move(options) : OptionValues();
+  }
+
+  [[nodiscard]] std::vector<int> ColumnWidths() const {
+    std::vector<int> widths(kColumnCount);
+    int column = 0;
+    for (int& width : widths) width = Frame().List().ColumnWidth(static_cast<Column>(column++));
+    return widths;
+  }
+
+  /// A window that was closed at another place than a first start has.
+  void SaveOnce() {
+    Open(Options());
+    Frame().SetSize(wxRect(60, 70, 700, 560));
+    ASSERT_TRUE(Until([this] { return Frame().GetRect() == wxRect(60, 70, 700, 560); }));
+    Settle();
+    CloseWindow();
+  }
+
+  static std::vector<std::int32_t> Geometry(const OptionValues& options) {
+    const OptionValues::Window& window = options.window;
+    return {window.left.value_or(-1), window.top.value_or(-1), window.width, window.height};
+  }
+};
+
+TEST_F(SettingsOfMainWindow, AFirstStartIsCentredWithTheUsualMeasures) {
+  Open(Options());
+  const wxRect rect = Frame().GetRect();
+  EXPECT_EQ(rect.GetSize(), wxSize(ToPixels(Frame(), 9520), ToPixels(Frame(), 6655)));
+  const wxSize screen = wxGetDisplaySize();
+  EXPECT_EQ(rect.x, screen.x / 2 - rect.width / 2);
+  EXPECT_EQ(rect.y, screen.y / 2 - rect.height / 2);
+  std::vector<int> expected;
+  for (const int twips : {1800, 1800, 1800, 660, 900, 2300}) expected.push_back(ToPixels(Frame(), twips));
+  EXPECT_EQ(ColumnWidths(), expected);
+}
+
+TEST_F(SettingsOfMainWindow, PlaceSizeAndColumnsSurviveARestart) {
+  Open(Options());
+  const wxRect place(90, 80, 733, 541);
+  Frame().SetSize(place);
+  const std::vector<int> columns = {201, 52, 83, 64, 75, 333};
+  for (int i = 0; i < kColumnCount; ++i) {
+    Frame().List().SetColumnWidth(static_cast<Column>(i), columns[static_cast<std::size_t>(i)]);
+  }
+  Get<wxBitmapToggleButton>("chkRepeat").SetValue(true);
+  ASSERT_TRUE(Until([&] { return Frame().GetRect() == place && ColumnWidths() == columns; }));
+  Settle();
+  CloseWindow();
+
+  const OptionValues saved = Saved();
+  EXPECT_EQ(saved.player.repeat, 1);
+  for (int run = 0; run < 2; ++run) {
+    Open(Saved());
+    EXPECT_EQ(Frame().GetRect(), place) << run;
+    EXPECT_EQ(ColumnWidths(), columns) << run;
+    EXPECT_TRUE(Get<wxBitmapToggleButton>("chkRepeat").GetValue());
+    CloseWindow();
+    EXPECT_EQ(Geometry(Saved()), Geometry(saved)) << "rounding does not add up";
+  }
+}
+
+TEST_F(SettingsOfMainWindow, AMaximisedWindowKeepsThePlaceItHadBefore) {
+  SaveOnce();
+  const OptionValues before = Saved();
+  Open(before);
+  Frame().List().SetColumnWidth(Column::kTitle, 99);
+  Frame().Maximize();
+  ASSERT_TRUE(Until([this] { return Frame().IsMaximized() && Frame().GetSize().x > 1000; }));
+  Settle();
+  CloseWindow();
+  EXPECT_EQ(Geometry(Saved()), Geometry(before));
+  Open(Saved());
+  EXPECT_EQ(Frame().List().ColumnWidth(Column::kTitle), 99) << "column widths are written always";
+}
+
+TEST_F(SettingsOfMainWindow, AMinimisedWindowKeepsThePlaceItHadBefore) {
+  SaveOnce();
+  const OptionValues before = Saved();
+  Open(before);
+  Frame().Iconize();
+  ASSERT_TRUE(Until([this] { return Frame().IsIconized(); }));
+  Settle();
+  CloseWindow();
+  EXPECT_EQ(Geometry(Saved()), Geometry(before));
+}
+
+TEST_F(SettingsOfMainWindow, APlaceOnNoScreenIsNotTaken) {
+  OptionValues options = Options();
+  options.window.left = 1000000;
+  options.window.top = 1000000;
+  Open(options);
+  EXPECT_TRUE(wxRect(wxGetDisplaySize()).Contains(Frame().GetRect().GetTopLeft()));
+}
+
+TEST_F(SettingsOfMainWindow, ClosingWritesEverySettingButTheApplyMode) {
+  OptionValues options = Options();
+  options.update.autoUpdate = 1;
+  options.modify.rules[0] = {1, "検索", "置換"};
+  options.system.dirPath = folder.Path();
+  Open(options);
+  CloseWindow();
+  EXPECT_EQ(home.Read("Quillon.ini").find("AutoUpdate"), std::string::npos);
+  const OptionValues saved = Saved();
+  EXPECT_EQ(saved.modify.rules[0].find, "検索");
+  EXPECT_EQ(saved.system.dirPath, folder.Path());
+  EXPECT_EQ(saved.find.filterChk, 0);
+  EXPECT_EQ(saved.update.autoUpdate, 0);
+}
+
+TEST_F(SettingsOfMainWindow, QuitClosesAndWrites) {
+  Open(Options());
+  Run(Command::mnuExit);
+  EXPECT_TRUE(Until([this] { return !IsOpen(); }));
+  EXPECT_TRUE(home.Exists("Quillon.ini"));
+}
+
+TEST_F(SettingsOfMainWindow, ResetAndQuitAsksDeletesTheFileAndWritesNothing) {
+  SaveOnce();
+  Open(Saved());
+  dialogs.Answer(false);
+  Run(Command::mnuOptionDefaultExit);
+  EXPECT_TRUE(IsOpen());
+  EXPECT_TRUE(home.Exists("Quillon.ini"));
+  dialogs.Answer();
+  Run(Command::mnuOptionDefaultExit);
+  EXPECT_TRUE(Until([this] { return !IsOpen(); }));
+  EXPECT_EQ(dialogs.TakeShown().at(1),
+            (Message{"設定をデフォルトに戻して終了", "設定をすべてデフォルトに戻して終了します", MessageIcon::kQuestion,
+                     MessageButtons::kYesNo}));
+  EXPECT_FALSE(home.Exists("Quillon.ini"));
+}
+
+TEST_F(SettingsOfMainWindow, ResetAndQuitDoesNotAskWhenConfirmationsAreOff) {
+  SaveOnce();
+  OptionValues options = Saved();
+  options.system.msgbox = 1;
+  Open(options);
+  Run(Command::mnuOptionDefaultExit);
+  EXPECT_TRUE(Until([this] { return !IsOpen(); }));
+  EXPECT_FALSE(home.Exists("Quillon.ini"));
+}
+
+TEST_F(SettingsOfMainWindow, TheWindowClosesWithTheFocusInTheRenameBox) {
+  folder.Write("a.txt");
+  OptionValues options = Options();
+  options.update.autoUpdate = 1;
+  OpenFolder(options);
+  FocusBox();
+  Key(WXK_DELETE);
+  ASSERT_EQ(Text("txtAlterTitle"), "");
+  CloseWindow();
+  EXPECT_TRUE(home.Exists("Quillon.ini"));
+  EXPECT_TRUE(folder.Exists("a.txt"));
+}
+
+TEST_F(SettingsOfMainWindow, TheWindowClosesWhileANameIsEditedInTheList) {
+  folder.Write("a.txt");
+  OpenFolder();
+  FocusList();
+  Key(WXK_F2);
+  ASSERT_TRUE(Until([this] { return Frame().List().IsEditing(); }));
+  Key('x');
+  CloseWindow();
+  EXPECT_TRUE(home.Exists("Quillon.ini"));
+  EXPECT_TRUE(folder.Exists("a.txt"));
+}
+
+TEST_F(SettingsOfMainWindow, TheWindowClosesAfterTheDialogThatIsOpen) {
+  folder.Write("a.txt");
+  OpenFolder();
+  dialogs.Use([this](wxDialog& dialog) {
+    EXPECT_FALSE(Frame().Close());
+    dialog.EndModal(wxID_CANCEL);
+  });
+  Run(Command::mnuModify);
+  EXPECT_TRUE(Until([this] { return !IsOpen(); }));
+  EXPECT_TRUE(home.Exists("Quillon.ini"));
+}
+
+}  // namespace
+}  // namespace quillon::test

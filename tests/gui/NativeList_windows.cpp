@@ -1,0 +1,38 @@
+#include <wx/listctrl.h>
+
+#include "controls/WxText.h"
+#include "gui/MainWindow.h"
+
+namespace quillon::test {
+namespace {
+
+wxListCtrl& View(lvwFiles& list) {
+  return dynamic_cast<wxListCtrl&>(list.Window());
+}
+
+}  // namespace
+
+wxRect NativeRowRect(lvwFiles& list, int index) {
+  wxRect rect;
+  View(list).GetItemRect(index - 1, rect, wxLIST_RECT_LABEL);
+  return {View(list).ClientToScreen(rect.GetTopLeft()), rect.GetSize()};
+}
+
+std::string NativeText(lvwFiles& list, int index, Column column) {
+  return FromWx(View(list).GetItemText(index - 1, static_cast<int>(column)));
+}
+
+int NativeCount(lvwFiles& list) {
+  return View(list).GetItemCount();
+}
+
+std::vector<int> NativeSelection(lvwFiles& list) {
+  std::vector<int> rows;
+  long row = -1;
+  while ((row = View(list).GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) != -1) {
+    rows.push_back(static_cast<int>(row) + 1);
+  }
+  return rows;
+}
+
+}  // namespace quillon::test
