@@ -145,10 +145,7 @@ void Application::LoadPaths(const std::vector<std::string>& paths) {
 }
 
 void Application::OpenFiles() {
-  for (const std::string& path :
-       ports_.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.dirPath)) {
-    loader_.AddFile(path);
-  }
+  loader_.LoadPaths(ports_.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.dirPath));
 }
 
 void Application::ModifyRows(bool allItems) {

@@ -100,7 +100,7 @@ class Application : private FilePanel {
 
   /// The command line's paths, and what was dropped on the list.
   void LoadPaths(const std::vector<std::string>& paths);
-  void CancelSearch() { loader_.CancelSearch(); }
+  void CancelLoad() { loader_.Cancel(); }
 
   /// frmModify's own command.
   void ModifyRows(bool allItems);

@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 
 #include <wx/app.h>
+#include <wx/dirdlg.h>
 #include <wx/display.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
@@ -8,7 +9,7 @@
 
 #include <utility>
 
-#include "base/Text.h"
+#include "controls/DialogPattern.h"
 #include "controls/Pictures.h"
 #include "controls/TopmostDialog.h"
 #include "controls/Twips.h"
@@ -75,7 +76,7 @@ void frmMain::MakeControls() {
   MakeMusicPlayer(controls_);
   loading_ = std::make_unique<LoadingLabel>(*controls_.panel, [this]() -> wxWindow& { return *controls_.list; });
   controls_.lblNowloading = &loading_->Window();
-  frmFolderRef_ = new frmFolderRef(this, [this] { app_->CancelSearch(); });
+  frmFolderRef_ = new frmFolderRef(this, [this] { app_->CancelLoad(); });
   renameBox_ = MakeRenameBox(*controls_.txtAlterTitle);
   information_ = MakeInformationBoxes(controls_);
   // Nothing can be played yet.
@@ -176,8 +177,8 @@ void frmMain::KeepSettings() {
 
 void frmMain::OnClose(wxCloseEvent& event) {
   if (app_->IsRunning() && event.CanVeto()) {
-    closeWanted_ = true;
-    app_->CancelSearch();
+    closeWanted_ = !answering_;  // a message box that is open is answered first, and the user asks again
+    app_->CancelLoad();
     event.Veto();
     return;
   }
@@ -207,7 +208,7 @@ std::vector<std::string> frmMain::ChooseFiles(const std::string& title, const st
   wxString wildcard;
   for (const FileDialogFilter& filter : filters) {
     if (!wildcard.empty()) wildcard += '|';
-    wildcard += ToWx(filter.description) + '|' + ToWx(filter.pattern);
+    wildcard += ToWx(filter.description) + '|' + ToWx(DialogPattern(filter.pattern));
   }
   wxFileDialog dialog(this, ToWx(title), ToWx(folder), "", wildcard, wxFD_OPEN | wxFD_FILE_MUST_EXIST | wxFD_MULTIPLE);
   if (dialog.ShowModal() != wxID_OK) return {};
@@ -234,6 +235,7 @@ void frmMain::SetAlwaysOnTop(bool front) {
 }
 
 void frmMain::SetAnswering(bool answering) {
+  answering_ = answering;
   lvwFiles_->SetAnswering(answering);
   controls_.txtAlterTitle->SetEditable(answering);
   if (answering && std::exchange(closeWanted_, false)) Quit();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <wx/dirdlg.h>
 #include <wx/frame.h>
 
 #include <chrono>
@@ -116,6 +115,8 @@ class frmMain final : public wxFrame,
   std::unique_ptr<Application> app_;
   std::unique_ptr<lvwFiles> lvwFiles_;
   std::chrono::steady_clock::time_point started_;
+  wxWindow* focused_ = nullptr;  // the child that last had the focus
+  bool answering_ = true;
   bool updateScheduled_ = false;
   bool closeWanted_ = false;  // while a command ran
   bool saves_ = true;

@@ -4,6 +4,8 @@
 #include <wx/statusbr.h>
 #include <wx/toolbar.h>
 
+#include <utility>
+
 #include "app/frmMain.h"
 #include "controls/Pictures.h"
 #include "controls/WxText.h"
@@ -108,7 +110,8 @@ void frmMain::RefreshPictures() {
 }
 
 void frmMain::MakeStatusBar() {
-  wxStatusBar* bar = CreateStatusBar(4, wxSTB_DEFAULT_STYLE & ~wxSTB_SHOW_TIPS);  // it has a tool tip of its own
+  // In the middle: a path's end tells which file it is. The bar has a tool tip of its own.
+  wxStatusBar* bar = CreateStatusBar(4, wxSTB_SIZEGRIP | wxSTB_ELLIPSIZE_MIDDLE);
   bar->SetName("StatusBar");
   const int margin = bar->FromDIP(kPanelMargin);
   const int mode = bar->GetTextExtent(ToWx(kAutoApplyText)).x + margin;
@@ -160,9 +163,11 @@ void frmMain::BindRenameBox() {
   wxTextCtrl& box = *controls_.txtAlterTitle;
   box.Bind(wxEVT_TEXT, [this](wxCommandEvent&) { app_->RenameBoxChanged(); });
   box.Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { app_->RenameBoxEntered(); });
-  box.Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
-    app_->RenameBoxFocused();
+  // Coming back to the box from another window is no new start: what is typed next goes on where the caret stands.
+  controls_.panel->Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
     event.Skip();
+    if (std::exchange(focused_, event.GetWindow()) == event.GetWindow()) return;
+    if (event.GetWindow() == controls_.txtAlterTitle) app_->RenameBoxFocused();
   });
   box.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
     // A message box must not open while the focus is on its way.

@@ -7,15 +7,14 @@
 #include <wx/statbmp.h>
 
 #include "controls/Pictures.h"
+#include "controls/ShortenedToFit.h"
 #include "controls/WxText.h"
-#include "filelist/paths/basFileControl.h"
 
 namespace quillon {
 namespace {
 
 constexpr std::chrono::milliseconds kLate(50);
 constexpr int kPicture = 48;  // DIP
-constexpr std::size_t kPathLength = 56;
 
 }  // namespace
 
@@ -47,7 +46,7 @@ LoadingLabel::LoadingLabel(wxWindow& parent, const std::function<wxWindow&()>& l
 
 void LoadingLabel::Begin(const std::string& headline, const std::string& line) {
   lblPicNowLoding_->SetLabelText(ToWx(headline));
-  lblLine_->SetLabelText(ToWx(ShortenPath(line, kPathLength)));
+  lblLine_->SetLabelText(ShortenedToFit(*lblLine_, line, list_().GetClientSize().x));
   lblPercent_->SetLabelText("");
   begun_ = Clock::now();
   active_ = true;

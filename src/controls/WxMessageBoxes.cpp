@@ -39,7 +39,12 @@ bool WxMessageBoxes::Show(const Message& message) {
   } else {
     dialog.SetOKLabel("OK");
   }
+  // Windows gives the focus to another program when a box over a disabled window closes.
+  wxWindow* const owner = dialog.GetParent();
+  const bool disabled = owner != nullptr && !owner->IsThisEnabled();
+  if (disabled) owner->Enable();
   const int answer = dialog.ShowModal();
+  if (disabled) owner->Disable();
   return answer == wxID_YES || answer == wxID_OK;
 }
 

@@ -66,15 +66,12 @@ std::string FileLoader::ChooseFolder() {
 }
 
 LoadOutcome FileLoader::mnuFolderReference() {
+  cancelled_ = false;
   const std::string folder = ChooseFolder();
-  return folder.empty() ? LoadOutcome::kCancelled : LoadChosenFolder(folder);
+  return folder.empty() ? LoadOutcome::kCancelled : LoadFolder(folder);
 }
 
-LoadOutcome FileLoader::LoadFolder(const std::string& folder) {
-  return LoadChosenFolder(folder);
-}
-
-LoadOutcome FileLoader::LoadChosenFolder(std::string folder) {
+LoadOutcome FileLoader::LoadFolder(std::string folder) {
   for (;;) {
     folder = WithTrailingSeparator(folder, style_);
     options_.system.dirPath = folder;
@@ -115,6 +112,7 @@ LoadOutcome FileLoader::Register(const std::vector<std::string>& paths) {
   std::size_t done = 0;
   for (const std::string& path : paths) {
     ports_.pending.Process();
+    if (cancelled_) break;
     if (!list_.ContainsFile(path)) {
       Result<FileItem, FileError> row = MakeRow(path);
       if (row) {
@@ -177,7 +175,7 @@ Result<FileItem, FileError> FileLoader::MakeRow(const std::string& path) {
 
 LoadOutcome FileLoader::AddFile(const std::string& path) {
   if (list_.ContainsFile(path)) {
-    ports_.boxes.Show({kCaption, "既にこのファイルは読み込まれています", MessageIcon::kExclamation});
+    TellDuplicates(1);
     return LoadOutcome::kDuplicate;
   }
   Result<FileItem, FileError> row = MakeRow(path);
@@ -187,15 +185,62 @@ LoadOutcome FileLoader::AddFile(const std::string& path) {
 }
 
 LoadOutcome FileLoader::LoadPath(const std::string& path) {
+  return IsFile(path) ? AddFile(path) : LoadFolder(path);
+}
+
+bool FileLoader::IsFile(const std::string& path) const {
   const Result<FileStatus, FileError> status = ports_.files.Status(path);
-  const bool isFile = status && status->kind == FileStatus::Kind::kFile;
-  return isFile ? AddFile(path) : LoadChosenFolder(path);
+  return status && status->kind == FileStatus::Kind::kFile;
 }
 
 void FileLoader::LoadPaths(const std::vector<std::string>& paths) {
+  cancelled_ = false;
   const std::int16_t loadRemove = std::exchange(options_.list.loadRemove, std::int16_t{0});
-  for (const std::string& path : paths) LoadPath(path);
+  std::vector<std::string> files;  // that follow one another
+  for (const std::string& path : paths) {
+    if (IsFile(path)) {
+      files.push_back(path);
+      continue;
+    }
+    AddFiles(std::exchange(files, {}));
+    if (!cancelled_) LoadFolder(path);
+    if (cancelled_) break;
+  }
+  AddFiles(files);
   options_.list.loadRemove = loadRemove;
+}
+
+void FileLoader::AddFiles(const std::vector<std::string>& paths) {
+  if (paths.size() == 1) AddFile(paths.front());
+  if (paths.size() <= 1 || cancelled_) return;
+  ports_.progress.Begin("ファイル情報解析中...", "");
+  Throttle throttle(progressInterval_);
+  std::size_t done = 0;
+  std::size_t duplicates = 0;
+  list_.BeginChanges();
+  for (const std::string& path : paths) {
+    ports_.pending.Process();
+    if (cancelled_) break;
+    if (list_.ContainsFile(path)) {
+      ++duplicates;
+    } else if (Result<FileItem, FileError> row = MakeRow(path)) {
+      list_.Add(std::move(*row));
+    } else {
+      ports_.search.PassedOver(path);
+    }
+    ++done;
+    if (throttle.Due() || done == paths.size()) ports_.progress.Update(Percent(done, paths.size()), "");
+  }
+  list_.EndChanges();
+  ports_.progress.End();
+  TellDuplicates(duplicates);
+}
+
+void FileLoader::TellDuplicates(std::size_t count) {
+  if (count == 0) return;
+  const std::string text = count == 1 ? "既にこのファイルは読み込まれています"
+                                      : std::to_string(count) + " 個のファイルは既に読み込まれています";
+  ports_.boxes.Show({kCaption, text, MessageIcon::kExclamation});
 }
 
 void FileLoader::mnuReload() {

@@ -60,7 +60,7 @@ class FileLoader {
   LoadOutcome mnuFolderReference();
 
   /// Loads this folder without asking.
-  LoadOutcome LoadFolder(const std::string& folder);
+  LoadOutcome LoadFolder(std::string folder);
 
   /// Adds one file, whatever the filter says.
   LoadOutcome AddFile(const std::string& path);
@@ -68,20 +68,27 @@ class FileLoader {
   /// Command line and drops: an existing file is added, anything else is loaded as a folder.
   LoadOutcome LoadPath(const std::string& path);
 
-  /// The same for several paths, which all add to one list even when loading is set to clear it first.
+  /// The same for several paths, which all add to one list even when loading is set to clear it first. Files that
+  /// follow one another show their progress, and those of them that are listed already are told once, with their
+  /// number.
   void LoadPaths(const std::vector<std::string>& paths);
 
   /// Reads every listed file anew, after asking; edited rename names are lost, rows of files that are gone leave,
   /// rows whose files cannot be looked at just now stay as they are.
   void mnuReload();
 
-  /// Ends a running search; nothing is registered then.
-  void CancelSearch() { search_.Cancel(); }
+  /// Ends what runs, further paths included: of a search nothing is registered, files that are listed already stay.
+  void Cancel() {
+    cancelled_ = true;
+    search_.Cancel();
+  }
 
  private:
-  LoadOutcome LoadChosenFolder(std::string folder);
   LoadOutcome Register(const std::vector<std::string>& paths);
   LoadOutcome Failed(const FileError& error);
+  [[nodiscard]] bool IsFile(const std::string& path) const;
+  void AddFiles(const std::vector<std::string>& paths);
+  void TellDuplicates(std::size_t count);
   Result<FileItem, FileError> MakeRow(const std::string& path);
   void ResetPanels();
   void ShowFirstRow();
@@ -94,6 +101,7 @@ class FileLoader {
   PathStyle style_;
   std::chrono::milliseconds progressInterval_;
   FolderSearch search_;
+  bool cancelled_ = false;
 };
 
 }  // namespace quillon

@@ -4,14 +4,13 @@
 #include <wx/sizer.h>
 #include <wx/utils.h>
 
+#include "controls/ShortenedToFit.h"
 #include "controls/WxText.h"
-#include "filelist/paths/basFileControl.h"
 
 namespace quillon {
 namespace {
 
 constexpr int kShowAfterMs = 50;  // a quick search never flashes the window
-constexpr std::size_t kPathLength = 56;
 constexpr int kWidth = 440;
 constexpr int kGap = 12;
 
@@ -44,7 +43,7 @@ frmFolderRef::frmFolderRef(wxWindow* parent, std::function<void()> cancel)
 
 void frmFolderRef::Begin(const std::string& /*status*/, const std::string& target) {
   wxBeginBusyCursor();
-  lblTarget_->SetLabelText(ToWx(ShortenPath(target, kPathLength)));
+  lblTarget_->SetLabelText(ShortenedToFit(*lblTarget_, target, FromDIP(kWidth)));
   lblFolder_->SetLabelText("");
   timFolderRef_.StartOnce(kShowAfterMs);
 }
@@ -57,7 +56,7 @@ void frmFolderRef::OnTimer() {
 }
 
 void frmFolderRef::ShowFolder(const std::string& folder) {
-  lblFolder_->SetLabelText(ToWx(ShortenPath(folder, kPathLength)));
+  lblFolder_->SetLabelText(ShortenedToFit(*lblFolder_, folder, FromDIP(kWidth)));
 }
 
 void frmFolderRef::End() {

@@ -72,9 +72,6 @@ class QuillonApp final : public wxApp {
     return wxApp::OnExit();
   }
 
-  // The standard options of wx are not ours: every argument is a path.
-  void OnInitCmdLine(wxCmdLineParser& /*parser*/) override {}
-
  private:
   std::unique_ptr<SingleInstance> instance_;
   std::optional<int> exitStatus_;  // there is nothing to run

@@ -9,7 +9,7 @@ namespace quillon {
 namespace {
 
 constexpr const char* kAutoApplyCaption = "自動適応モード";
-constexpr std::size_t kStatusPathLength = 60;  // characters; what a status panel of usual width shows
+constexpr std::size_t kStatusPathLength = 40;  // characters
 
 }  // namespace
 

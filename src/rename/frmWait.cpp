@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "base/Text.h"
+#include "controls/ShortenedToFit.h"
 #include "controls/TopmostDialog.h"
 #include "controls/WxText.h"
 #include "filelist/paths/basFileControl.h"
@@ -28,19 +29,6 @@ constexpr int kPercents = 100;
 long StyleOver(const wxWindow* parent) {
   const bool onTop = parent != nullptr && parent->HasFlag(wxSTAY_ON_TOP);
   return wxCAPTION | (onTop ? wxSTAY_ON_TOP : 0);
-}
-
-/// The path with "..." in place of as few of its first folders as needed; it can still be too wide.
-wxString Shortened(const wxStaticText& label, std::string_view path, int width) {
-  const auto fits = [&](const wxString& text) { return label.GetTextExtent(text).x <= width; };
-  if (fits(ToWx(path))) return ToWx(path);
-  std::size_t fitting = 0;
-  std::size_t tooLong = CharacterCount(path);
-  while (tooLong - fitting > 1) {
-    const std::size_t middle = fitting + (tooLong - fitting) / 2;
-    (fits(ToWx(ShortenPath(path, middle))) ? fitting : tooLong) = middle;
-  }
-  return ToWx(ShortenPath(path, fitting));
 }
 
 }  // namespace
@@ -99,7 +87,7 @@ wxStaticText* frmWait::Window::AddLabel(wxSizer& column, const char* name, long 
 void frmWait::Window::ShowProgress(const std::string& percentText, const std::string& path) {
   gauge_->SetValue(static_cast<int>(std::clamp<std::int64_t>(LeadingNumber(percentText), 0, kPercents)));
   lblPercent_->SetLabelText(ToWx(percentText));
-  lblPath_->SetLabelText(Shortened(*lblPath_, path, lblPath_->GetClientSize().x));
+  lblPath_->SetLabelText(ShortenedToFit(*lblPath_, path, lblPath_->GetClientSize().x));
   PaintNow();
 }
 

@@ -234,12 +234,48 @@ TEST(LoadFolder, NothingFoundLeavesTheListAndThePanels) {
 
 TEST(LoadFolder, ACancelledSearchRegistersNothing) {
   Fixture f({"/m/a", "/m/b", "/m/c"});
-  f.ports.pending.At(2, [&] { f.loader.CancelSearch(); });
+  f.ports.pending.At(2, [&] { f.loader.Cancel(); });
   EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kCancelled);
   EXPECT_EQ(f.list.Count(), 0);
   EXPECT_EQ(f.ports.log.Events(),
             Texts({"search begin: フォルダ内を検索しています... | 検索対象 : /m/", "search in /m/", "search end"}));
   EXPECT_EQ(f.options.system.dirPath, "/m/");
+}
+
+TEST(LoadPaths, SeveralFilesShowTheirProgressAndLetMessagesThrough) {
+  Fixture f({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
+  f.loader.LoadPaths({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
+  EXPECT_EQ(f.list.Count(), 3);
+  EXPECT_EQ(f.ports.pending.Count(), 3U);
+  EXPECT_EQ(f.ports.log.StartingWith("progress begin").size(), 1U);
+  EXPECT_EQ(f.ports.log.StartingWith("progress end").size(), 1U);
+}
+
+TEST(LoadPaths, FilesThatAreListedAlreadyAreToldOnce) {
+  Fixture f({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
+  f.loader.LoadPaths({"/m/a.mid", "/m/b.mid"});
+  f.loader.LoadPaths({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
+  EXPECT_EQ(f.list.Count(), 3);
+  ASSERT_EQ(f.ports.boxes.Shown().size(), 1U);
+  EXPECT_EQ(f.ports.boxes.Shown()[0].text, "2 個のファイルは既に読み込まれています");
+}
+
+TEST(LoadPaths, CancellingEndsTheFurtherPathsToo) {
+  Fixture f({"/m/a.mid", "/n/b.mid", "/o/c.mid"});
+  f.ports.pending.At(1, [&] { f.loader.Cancel(); });
+  f.loader.LoadPaths({"/m/", "/n/", "/o/c.mid"});
+  EXPECT_EQ(f.list.Count(), 0);
+  EXPECT_EQ(f.ports.log.StartingWith("search begin").size(), 1U);
+  f.loader.LoadPaths({"/n/"});
+  EXPECT_EQ(f.list.Count(), 1);
+}
+
+TEST(LoadPaths, CancellingAmongFilesKeepsThoseThatAreListed) {
+  Fixture f({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
+  f.ports.pending.At(2, [&] { f.loader.Cancel(); });
+  f.loader.LoadPaths({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
+  EXPECT_EQ(f.list.Count(), 1);
+  EXPECT_TRUE(f.ports.log.Has("progress end"));
 }
 
 TEST(LoadFolderErrors, AnUnreachablePathClearsTheLastFolder) {

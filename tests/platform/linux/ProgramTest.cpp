@@ -113,7 +113,11 @@ TEST(ProgramArguments, AreAllButTheProgramsName) {
   std::array<char*, 3> all = {name.data(), first.data(), second.data()};
   EXPECT_EQ(ProgramArguments(3, all.data()), (std::vector<std::string>{first, second}));
   EXPECT_EQ(ProgramArguments(1, all.data()), std::vector<std::string>{});
-  EXPECT_EQ(ProgramArguments(0, nullptr), std::vector<std::string>{});
+}
+
+TEST(ProgramArguments, AreThoseOfTheProcessWhereMainBelongsToSomebodyElse) {
+  const std::vector<std::string> own = testing::internal::GetArgvs();
+  EXPECT_EQ(ProgramArguments(0, nullptr), (std::vector<std::string>{own.begin() + 1, own.end()}));
 }
 
 TEST(UserFolders, AreWhatTheVariableSaysOrLieUnderTheHome) {

@@ -1,0 +1,9 @@
+#include "controls/DialogPattern.h"
+
+namespace quillon {
+
+std::string DialogPattern(const std::string& pattern) {
+  return pattern;
+}
+
+}  // namespace quillon
