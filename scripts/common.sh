@@ -37,8 +37,8 @@ test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev libxcb1-de
 # What the window needs to look as it should, and to be asked whether a display is there.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
 # What tests, pictures and benchmarks of the window need: a display of its own, keys and clicks, accessibility.
-window_packages=("${look_packages[@]}" xvfb xauth openbox xdotool imagemagick dbus dbus-x11 at-spi2-core
-  python3-pyatspi gir1.2-atspi-2.0)
+window_packages=("${look_packages[@]}" xvfb xauth openbox xdotool imagemagick dbus dbus-x11 at-spi2-core python3
+  python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0)
 windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
 style_packages=(clang-format clang-tidy)
 

@@ -3,6 +3,7 @@
 
 #include "controls/TextBox.h"
 #include "controls/WxText.h"
+#include "platform/desktop/AccessibleName.h"
 #include "rename/frmModify.h"
 
 namespace quillon {
@@ -68,6 +69,7 @@ wxSizer* frmModify::MakeInvalidBox() {
   auto* group = MakeGroup(this, wxHORIZONTAL, "不正な文字の置換");
   chkInjustice_ = MakeCheckBox(group->GetStaticBox(), "不正な文字はすべて置換する(&I)", "chkInjustice");
   txtRevice_ = MakeTextBox(group->GetStaticBox(), "txtRevice");
+  SetAccessibleName(txtRevice_->GetHandle(), "不正な文字を置き換える文字");
   group->Add(chkInjustice_, wxSizerFlags().CenterVertical().Border(wxALL, FromDIP(kSmallGap)));
   group->Add(txtRevice_, wxSizerFlags(1).CenterVertical().Border(wxALL, FromDIP(kSmallGap)));
   return group;
@@ -93,6 +95,11 @@ void frmModify::AddRule(wxFlexGridSizer& grid, wxWindow* parent, std::size_t ind
   rule.chkReplace = MakeCheckBox(parent, ("&" + std::to_string(index + 1)).c_str(), ("chkReplace" + digit).c_str());
   rule.txtObject = MakeTextBox(parent, "txtObject" + digit);
   rule.txtReplace = MakeTextBox(parent, "txtReplace" + digit);
+  // The headings and the number beside the boxes are seen, not heard.
+  const std::string number = std::to_string(index + 1);
+  SetAccessibleName(rule.chkReplace->GetHandle(), "置換 " + number);
+  SetAccessibleName(rule.txtObject->GetHandle(), "検索する文字列 " + number);
+  SetAccessibleName(rule.txtReplace->GetHandle(), "置換する文字列 " + number);
   grid.Add(rule.chkReplace, wxSizerFlags().CenterVertical());
   grid.Add(rule.txtObject, wxSizerFlags().Expand());
   grid.Add(rule.txtReplace, wxSizerFlags().Expand());

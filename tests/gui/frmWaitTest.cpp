@@ -88,6 +88,7 @@ TEST_F(WaitWindow, ShortensPathsToItsWidth) {
 TEST_F(WaitWindow, KeepsItsSizeWhateverItShows) {
   frmWait wait(main);
   wait.Begin("a\r\nb", "c");
+  Settle();  // the window manager tells the frame's measures
   const wxSize before = Window()->GetSize();
   wait.Update("5% 完了しました", "/" + std::string(3000, 'x') + ".mid");
   Settle();
