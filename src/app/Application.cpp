@@ -210,6 +210,11 @@ void Application::ShowRow(int index) {
   ports_.main.ScrollToRow(index);
 }
 
+void Application::ShowFileName(const std::string& path) {
+  information_.ShowFileName(path);
+  status_.ShowSelection(std::string(FileName(path, style_)));
+}
+
 void Application::SelectionChanged() {
   Run([&] {
     if (!editing_.MayLeaveRow()) return;
@@ -230,7 +235,9 @@ void Application::RowActivated(int index) {
 
 void Application::HeaderClicked(Column column) {
   Run([&] {
-    if (editing_.MayLeaveRow()) list_.Sort(column);
+    if (!editing_.MayLeaveRow()) return;
+    list_.Sort(column);
+    if (const int selected = list_.SelectedIndex(); selected != 0) ports_.main.ScrollToRow(selected);
   });
 }
 

@@ -130,7 +130,7 @@ class Application : private FilePanel {
   // FilePanel
   void Reset() override;
   void ShowRow(int index) override;
-  void ShowFileName(const std::string& path) override { information_.ShowFileName(path); }
+  void ShowFileName(const std::string& path) override;
 
   void Run(const std::function<void()>& action);
   void RunCommand(Command command);

@@ -7,6 +7,7 @@
 #include <wx/menu.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "controls/DialogPattern.h"
@@ -23,7 +24,10 @@ namespace quillon {
 namespace {
 
 constexpr std::chrono::milliseconds kShowDuringLoadAfter(500);
-constexpr int kTitleBar = 12;  // DIP: half of its height
+constexpr int kTitleBar = 12;        // DIP: half of its height
+constexpr int kSmallestList = 80;    // DIP
+constexpr int kFirstListSize = 200;  // DIP
+constexpr int kWidestColumn = 4000;  // DIP
 
 /// A measure in twips, kept as it was read while it still stands for these pixels: rounding must not add up over runs.
 template <class Twips>
@@ -56,6 +60,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths)
   lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
   controls_.list = &lvwFiles_->Window();
   controls_.list->MoveBeforeInTabOrder(controls_.fraFileInfo);
+  controls_.list->SetSize(FromDIP(wxSize(kFirstListSize, kFirstListSize)));  // GTK complains of less
   NameControls();
   app_->List().SetObserver(this);
   ApplySettings();
@@ -120,12 +125,20 @@ void frmMain::BeforeYield() {
 void frmMain::ShowLaidOut() {
   if (IsShown()) return;
   OnPanelSize();
+  GrowSmallestSize();
   const wxRect place = GetRect();
   Show();
   controls_.panel->Bind(wxEVT_PAINT, [this, place, first = true](wxPaintEvent& event) mutable {
     if (std::exchange(first, false)) CallAfter([this, place] { SettleAt(place); });
     event.Skip();
   });
+}
+
+// Large fonts ask for more room below the list: some of the list has to stay.
+void frmMain::GrowSmallestSize() {
+  const int missing = FromDIP(kSmallestList) - (controls_.list->GetSize().y - (GetSize().y - GetMinSize().y));
+  if (missing > 0) SetMinSize(GetMinSize() + wxSize(0, missing));
+  SetSize(wxRect(GetPosition(), wxSize(std::max(GetSize().x, GetMinSize().x), std::max(GetSize().y, GetMinSize().y))));
 }
 
 // Once the window is on the screen: GTK may have forgotten the place while it asked for the frame's measures.
@@ -142,8 +155,9 @@ void frmMain::ComeForward() {
 
 void frmMain::ApplySettings() {
   const OptionValues::Window& window = app_->Options().window;
-  const wxSize size(ToPixels(*this, window.width), ToPixels(*this, window.height));
   const ScreenMetrics screen = QueryScreen();
+  wxSize size(ToPixels(*this, window.width), ToPixels(*this, window.height));
+  size.DecTo(wxSize(screen.width, screen.height));
   wxPoint place(screen.width / 2 - size.x / 2, screen.height / 2 - size.y / 2);
   const wxPoint centred = place;
   if (window.left) place.x = ToPixels(*this, *window.left);
@@ -154,7 +168,8 @@ void frmMain::ApplySettings() {
   SetSize(wxRect(visible ? place : centred, size));
   for (int i = 0; i < kColumnCount; ++i) {
     const auto column = static_cast<Column>(i);
-    lvwFiles_->SetColumnWidth(column, ToPixels(*this, window.columnWidths.at(static_cast<std::size_t>(i))));
+    const int width = ToPixels(*this, window.columnWidths.at(static_cast<std::size_t>(i)));
+    lvwFiles_->SetColumnWidth(column, std::clamp(width, 0, FromDIP(kWidestColumn)));
   }
   controls_.chkRepeat->SetValue(app_->Options().player.repeat != 0);
 }

@@ -98,6 +98,7 @@ class frmMain final : public wxFrame,
   void KeepSettings();
   void BeforeYield();
   void ShowLaidOut();
+  void GrowSmallestSize();
   void SettleAt(const wxRect& place);
 
   WxMessageBoxes boxes_;

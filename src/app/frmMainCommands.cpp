@@ -182,7 +182,9 @@ void frmMain::BindRenameBox() {
 
 // While the window is minimised, or has not got its size yet, there is nothing to lay out.
 void frmMain::OnPanelSize() {
-  if (IsIconized() || controls_.panel->GetClientSize().x < SmallestSize(*this).x / 2) return;
+  const wxSize size = controls_.panel->GetClientSize();
+  const wxSize smallest = SmallestSize(*this);
+  if (IsIconized() || size.x < smallest.x / 2 || size.y < smallest.y * 2 / 3) return;
   const int toolBar = GetToolBar()->GetSize().y;
   const int statusBar = GetStatusBar()->GetSize().y;
   LayOut(controls_, {toolBar, statusBar});
@@ -190,6 +192,11 @@ void frmMain::OnPanelSize() {
 }
 
 void frmMain::Run(Command command) {
+  if (lvwFiles_->IsEditing()) {  // what is typed counts: the command comes after it
+    FocusList();
+    CallAfter([this, command] { CallAfter([this, command] { Run(command); }); });
+    return;
+  }
   if (command == Command::mnuFront)
     SetAlwaysOnTop(app_->Options().system.front);  // the menu has turned its mark already
   app_->Execute(command);

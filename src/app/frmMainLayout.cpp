@@ -109,10 +109,13 @@ void LayOutPlayer(const frmMainControls& controls) {
   place(*controls.cmdStop, kStopFromRight);
   place(*controls.chkRepeat, kRepeatFromRight);
   const int sliderLeft = ToPixels(window, kSliderLeft);
-  const int sliderWidth = size.x - ToPixels(window, kSliderShorter);
-  PlaceCentred(*controls.sldPosition, sliderLeft, sliderWidth, controls.sldPosition->GetBestSize().y, size.y);
   const wxSize label = controls.lblTime->GetBestSize();
-  const int between = size.x - ToPixels(window, kPlayFromRight) - sliderLeft - sliderWidth;
+  const int gap = ToPixels(window, kSliderLeft);
+  const int timeRight = size.x - ToPixels(window, kPlayFromRight);
+  const int sliderWidth =
+      std::max(std::min(size.x - ToPixels(window, kSliderShorter), timeRight - label.x - 2 * gap - sliderLeft), button);
+  PlaceCentred(*controls.sldPosition, sliderLeft, sliderWidth, controls.sldPosition->GetBestSize().y, size.y);
+  const int between = timeRight - sliderLeft - sliderWidth;
   PlaceCentred(*controls.lblTime, sliderLeft + sliderWidth + (between - label.x) / 2, label.x, label.y, size.y);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "controls/WxText.h"
 #include "filelist/lvwFilesBase.h"
 #include "filelist/lvwFilesGtk.h"
+#include "platform/desktop/CellEditor.h"
 
 namespace quillon {
 namespace {
@@ -60,6 +62,7 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   wxObjectDataPtr<RowModel> model_;
   RowView* view_;
   wxDataViewTextRenderer* nameRenderer_ = nullptr;
+  std::optional<CellEditor> editor_;  // of nameRenderer_
   std::array<int, kColumnCount> widths_{};
   std::unordered_map<std::uint32_t, wxVariant> icons_;
   // The rows that were painted or read aloud since they last changed: nobody knows more of the others than that they
@@ -130,10 +133,14 @@ void GtkFileList::BindRows() {
 }
 
 void GtkFileList::BindEditing() {
+  editor_.emplace(nameRenderer_->GetGtkHandle());
   view_->Bind(wxEVT_DATAVIEW_ITEM_START_EDITING, &GtkFileList::BeginOrRefuse, this);
   view_->Bind(wxEVT_DATAVIEW_ITEM_EDITING_DONE, [this](wxDataViewEvent& event) {
     nameRenderer_->SetMode(wxDATAVIEW_CELL_INERT);
-    if (event.IsEditCancelled()) {
+    const std::optional<std::string> left = event.IsEditCancelled() ? editor_->TypedText() : std::nullopt;
+    if (left) {
+      EndEdit(ToWx(*left));  // by a click elsewhere, which keeps what was typed
+    } else if (event.IsEditCancelled()) {
       CancelEdit();
     } else {
       EndEdit(event.GetValue().GetString());

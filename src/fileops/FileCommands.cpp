@@ -45,6 +45,11 @@ bool FileCommands::DeleteForGood(const std::string& path) {
 }
 
 bool FileCommands::DeleteToRecycleBin(const std::string& path) {
+  const bool ask = !ports_.disk.RecycleAsks() && options_.system.msgbox == 0;
+  if (ask && !ports_.boxes.Show({kDeleteCaption, path + "\r\n\r\nこのファイルをごみ箱に移動してもよろしいですか",
+                                 MessageIcon::kQuestion, MessageButtons::kYesNo})) {
+    return false;
+  }
   ports_.player.ReleaseFile(path);
   const int result = RecycleFile(ports_.files, ports_.disk, path, ownerWindow_);
   if (result == kRecycleNotDone) {

@@ -100,6 +100,9 @@ class FileChanges {
   /// told the user so itself; kRecycleNotDone when it failed and nobody was told (Linux). Never deletes for good
   /// instead.
   virtual int Recycle(const std::string& path, std::uintptr_t ownerWindow) = 0;
+
+  /// False where the desktop recycles without a question (Linux): the caller asks then.
+  [[nodiscard]] virtual bool RecycleAsks() const { return true; }
 };
 
 /// The system's own. Stateless; may be made as often as wanted.

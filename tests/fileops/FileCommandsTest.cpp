@@ -169,6 +169,33 @@ TEST(DeleteToRecycleBin, AsksNothingItself) {
   EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
 }
 
+TEST(DeleteToRecycleBin, IsAskedForWhereTheDesktopDoesNotAsk) {
+  for (const bool yes : {false, true}) {
+    Fixture f({"a.mid", "b.mid"});
+    f.options.list.delToTrashBox = true;
+    f.files.recycleAsks = false;
+    f.list.SelectOnly(2);
+    f.ports.boxes.Answer(yes);
+    f.commands.mnuThisDel();
+    ASSERT_EQ(f.ports.boxes.Shown().size(), 1u);
+    EXPECT_EQ(f.ports.boxes.Shown()[0],
+              (Message{"ファイル削除", "/m/b.mid\r\n\r\nこのファイルをごみ箱に移動してもよろしいですか",
+                       MessageIcon::kQuestion, MessageButtons::kYesNo}));
+    EXPECT_EQ(f.files.Recycled(), yes ? Texts({"/m/b.mid"}) : Texts());
+  }
+}
+
+TEST(DeleteToRecycleBin, IsNotAskedForWhenConfirmationsAreOff) {
+  Fixture f({"a.mid", "b.mid"});
+  f.options.list.delToTrashBox = true;
+  f.options.system.msgbox = 1;
+  f.files.recycleAsks = false;
+  f.list.SelectOnly(2);
+  f.commands.mnuThisDel();
+  EXPECT_TRUE(f.ports.boxes.Shown().empty());
+  EXPECT_EQ(f.files.Recycled(), Texts({"/m/b.mid"}));
+}
+
 TEST(DeleteToRecycleBin, KeepsTheRowWhenTheUserDeclined) {
   Fixture f({"a.mid"});
   f.options.list.delToTrashBox = true;

@@ -77,6 +77,9 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   FileOutcome Move(const std::string& from, const std::string& to) override;
   FileOutcome Remove(const std::string& path) override;
   int Recycle(const std::string& path, std::uintptr_t ownerWindow) override;
+  [[nodiscard]] bool RecycleAsks() const override { return recycleAsks; }
+
+  bool recycleAsks = true;
 
  private:
   struct Node;

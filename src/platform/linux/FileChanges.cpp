@@ -118,6 +118,7 @@ class LinuxFileChanges final : public FileChanges {
     return OutcomeOf(::unlink(path.c_str()) == 0 ? 0 : errno);
   }
 
+  [[nodiscard]] bool RecycleAsks() const override { return false; }
   int Recycle(const std::string& path, std::uintptr_t) override { return MoveToTrash(path) ? 0 : kRecycleNotDone; }
 };
 

@@ -43,6 +43,15 @@ class MainWindow {
                              ::GetModuleHandleW(nullptr), nullptr);
   }
 
+  /// Waits until the window is in the foreground: the window manager takes its time. False after five seconds.
+  static bool ComesForward(HWND window) {
+    for (int i = 0; i < 500 && ::GetForegroundWindow() != window; ++i) {
+      Process();
+      ::Sleep(10);
+    }
+    return ::GetForegroundWindow() == window;
+  }
+
   /// Does what has been posted to this thread's windows.
   static void Process() {
     MSG message = {};
@@ -87,7 +96,7 @@ TEST(SingleInstance, TheFirstsWindowIsRestored) {
   EXPECT_EQ(test::RunOtherInstance(kTitle, kClass).output, test::kLater);
   MainWindow::Process();
   EXPECT_FALSE(window.Minimised());
-  EXPECT_EQ(::GetForegroundWindow(), window.Get());
+  EXPECT_TRUE(MainWindow::ComesForward(window.Get()));
 }
 
 TEST(SingleInstance, AnyClassWillDoWhenNoneIsGiven) {
@@ -113,7 +122,7 @@ TEST(SingleInstance, AnOpenDialogComesForwardAndItsOwnerIsRestored) {
   MainWindow::Process();
   EXPECT_FALSE(window.Minimised());
   EXPECT_TRUE(::IsWindowVisible(dialog));
-  EXPECT_EQ(::GetForegroundWindow(), dialog);
+  EXPECT_TRUE(MainWindow::ComesForward(dialog));
 }
 
 TEST(SingleInstance, AWindowOfAnotherTitleOrClassIsLeftAlone) {
