@@ -122,6 +122,33 @@ TEST_F(CommandsOfMainWindow, F2EditsTheNameInTheList) {
   EXPECT_EQ(Names()[1], "n");
 }
 
+TEST_F(CommandsOfMainWindow, ANameTypedInTheListCountsWhenAnotherRowIsClicked) {
+  OpenFolder();
+  FocusList();
+  Key(WXK_F2);
+  ASSERT_TRUE(Until([this] { return Frame().List().IsEditing(); }));
+  Key('n');
+  ClickRow(3);
+  EXPECT_TRUE(Until([this] { return Names()[0] == "n"; })) << Names()[0];
+  EXPECT_TRUE(Until([this] { return SelectedRows() == Rows{3}; }));
+  EXPECT_EQ(Text("txtAlterTitle"), "c");
+}
+
+TEST_F(CommandsOfMainWindow, ANameTypedInTheListCountsForACommandGivenMeanwhile) {
+  OpenFolder();
+  FocusList();
+  Key(WXK_F2);
+  ASSERT_TRUE(Until([this] { return Frame().List().IsEditing(); }));
+  Key('n');
+  dialogs.Answer(true);
+  dialogs.Answer(true);
+  Post(Command::mnuUpdate);
+  EXPECT_TRUE(Until([this] { return folder.Exists("n.mid"); }));
+  EXPECT_TRUE(Until([this] { return dialogs.AllShown() && !App().IsRunning(); }));
+  EXPECT_EQ(dialogs.TakeShown().size(), 2u);
+  EXPECT_FALSE(folder.Exists("a.mid"));
+}
+
 TEST_F(CommandsOfMainWindow, DeleteDeletesTheFileInTheListAndACharacterInTheBox) {
   OpenFolder();
   FocusList();
