@@ -5,8 +5,8 @@
 
 namespace quillon {
 
-/// Follows the text box with which GTK edits a cell in place. GTK takes every way out of it but Enter for Esc; this tells
-/// them apart. Only on systems with GTK.
+/// Follows the text box with which GTK edits a cell in place. GTK takes every way out of it but Enter for Esc; this
+/// tells them apart. Only on systems with GTK.
 class CellEditor {
  public:
   /// `renderer` is the cell's GtkCellRenderer, which must live as long.
