@@ -17,6 +17,10 @@ case "${1:-}" in
   *) fail "unknown argument '$1' (known: --all)" ;;
 esac
 mapfile -t sources < <(sed -n "s|^ *\"file\": \"$PWD/\(.*\)\",*|\1|p" build/linux/compile_commands.json | grep "^$folder" | sort -u)
+# Headers that GCC has compiled are nothing to clang.
+commands=$(mktemp -d)
+trap 'rm -rf "$commands"' EXIT
+sed 's/ -Winvalid-pch -include [^ ]*cmake_pch\.hxx//' build/linux/compile_commands.json >"$commands/compile_commands.json"
 clean=$quillon_cache/clean
 mkdir -p "$clean"
 everything=$(cat .clang-tidy $(git ls-files --cached --others --exclude-standard '*.h') | sha256sum | cut -d' ' -f1)
@@ -24,9 +28,9 @@ check() {
   local source=$1 key
   key=$(cat "$source" <(echo "$everything") | sha256sum | cut -d' ' -f1)
   [ -f "$clean/$key" ] && return 0
-  clang-tidy --quiet -p build/linux --extra-arg=-Wno-unknown-warning-option "$source" 2>/dev/null || return 1
+  clang-tidy --quiet -p "$commands" --extra-arg=-Wno-unknown-warning-option "$source" 2>/dev/null || return 1
   touch "$clean/$key"
 }
 export -f check
-export clean everything
+export clean everything commands
 printf '%s\n' "${sources[@]}" | xargs -P "$(nproc)" -I{} bash -c 'check {}' || fail "clang-tidy found the above"

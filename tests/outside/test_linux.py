@@ -228,6 +228,17 @@ class Linux(unittest.TestCase):
         self.assertIsNone(first.poll())
         reader.wait_for_names(["01", "02", "曲 03"])
 
+    def test_a_later_instance_loads_nothing_and_leaves_the_settings_alone(self):
+        self.load()
+        other = self.files.parent / "other"
+        other.mkdir()
+        (other / "z.mid").write_bytes((self.files / "01.mid").read_bytes())
+        self.assertFalse(self.program.settings.exists())
+        self.assertEqual(self.program.status(self.program.start(other), patience=3), 0)
+        until_equal(display.active_title, TITLE, "the window in front")
+        self.assertFalse(self.program.settings.exists())
+        self.assertEqual([row.name for row in reader.rows()], ["01", "02", "曲 03"])
+
     def test_a_later_instance_brings_the_open_dialog_forward(self):
         first = self.load()
         press("ctrl+t")
