@@ -10,13 +10,13 @@ mapfile -t files < <(git ls-files --cached --others --exclude-standard '*.cpp' '
 clang-format --dry-run -Werror "${files[@]}" || fail "clang-format: run clang-format -i on the files above"
 
 [ -f build/linux/compile_commands.json ] || fail "configure first: cmake --preset linux"
-folder='src/'
+folders='src/'
 case "${1:-}" in
   "") ;;
-  --all) folder='' ;;
+  --all) folders='(src|tests|benchmarks)/' ;;
   *) fail "unknown argument '$1' (known: --all)" ;;
 esac
-mapfile -t sources < <(sed -n "s|^ *\"file\": \"$PWD/\(.*\)\",*|\1|p" build/linux/compile_commands.json | grep "^$folder" | sort -u)
+mapfile -t sources < <(sed -n "s|^ *\"file\": \"$PWD/\(.*\)\",*|\1|p" build/linux/compile_commands.json | grep -E "^$folders" | sort -u)
 # Headers that GCC has compiled are nothing to clang.
 commands=$(mktemp -d)
 trap 'rm -rf "$commands"' EXIT
