@@ -25,7 +25,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kShowDuringLoadAfter(500);
 constexpr int kTitleBar = 12;        // DIP: half of its height
-constexpr int kSmallestList = 80;    // DIP
+constexpr int kSmallestList = 40;    // DIP: less than what usual fonts leave
 constexpr int kFirstListSize = 200;  // DIP
 constexpr int kWidestColumn = 4000;  // DIP
 
