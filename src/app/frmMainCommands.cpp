@@ -130,10 +130,7 @@ lvwFiles::Handlers frmMain::ListHandlers() {
   handlers.renamed = [this](int index, const std::string& name) { app_->LabelEdited(index, name); };
   handlers.menuWanted = [this](wxPoint screen) { ShowRowMenu(screen); };
   handlers.keyPressed = [this](wxKeyEvent& event) { return UseListKey(event); };
-  handlers.dropped = [this](const wxArrayString& paths) {
-    const std::vector<std::string> dropped = PathsFromWx(paths);
-    CallAfter([this, dropped] { app_->LoadPaths(dropped); });  // the other program waits for the drop to end
-  };
+  handlers.dropped = [this](const wxArrayString& paths) { app_->LoadPaths(PathsFromWx(paths)); };
   handlers.iconOf = [](const FileItem& row, int pixels) { return LoadFileIcon(row.location, row.type, pixels); };
   return handlers;
 }

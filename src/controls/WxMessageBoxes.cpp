@@ -31,7 +31,8 @@ long StyleOf(const Message& message) {
 bool WxMessageBoxes::Show(const Message& message) {
   wxString text = ToWx(message.text);
   text.Replace("\r\n", "\n");
-  wxMessageDialog dialog(TopmostDialog(parent_), text, ToWx(message.caption), StyleOf(message));
+  wxWindow* const owner = TopmostDialog(parent_);
+  wxMessageDialog dialog(owner, text, ToWx(message.caption), StyleOf(message));
   if (message.buttons == MessageButtons::kYesNo) {
     dialog.SetYesNoLabels(ToWx("はい(&Y)"), ToWx("いいえ(&N)"));
   } else if (message.buttons == MessageButtons::kOkCancel) {
@@ -40,7 +41,6 @@ bool WxMessageBoxes::Show(const Message& message) {
     dialog.SetOKLabel("OK");
   }
   // Windows gives the focus to another program when a box over a disabled window closes.
-  wxWindow* const owner = dialog.GetParent();
   const bool disabled = owner != nullptr && !owner->IsThisEnabled();
   if (disabled) owner->Enable();
   const int answer = dialog.ShowModal();
