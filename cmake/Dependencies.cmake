@@ -44,6 +44,7 @@ target_include_directories(json SYSTEM INTERFACE ${JSON_INCLUDE})
 if(NOT WIN32)
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0)
+  pkg_check_modules(GSTREAMER REQUIRED IMPORTED_TARGET gstreamer-1.0 gstreamer-video-1.0)
   pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
 endif()
 

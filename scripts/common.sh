@@ -32,12 +32,15 @@ need_packages() {
 }
 
 linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev libglib2.0-dev libcli11-dev nlohmann-json3-dev
-  libwxgtk3.2-dev libgtk-3-dev)
+  libwxgtk3.2-dev libgtk-3-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev)
+# What plays MP3, MIDI, WAVE, MPEG and AVI, and the instruments of MIDI.
+play_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
+  gstreamer1.0-x gstreamer1.0-pulseaudio timgm6mb-soundfont)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev libxcb1-dev locales libxml2-utils util-linux)
 # What the window needs to look as it should, and to be asked whether a display is there.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
 # What tests, pictures and benchmarks of the window need: a display of its own, keys and clicks, accessibility.
-window_packages=("${look_packages[@]}" xvfb xauth openbox xdotool imagemagick dbus dbus-x11 at-spi2-core python3
+window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb xauth openbox xdotool imagemagick dbus dbus-x11 at-spi2-core python3
   python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0)
 windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
 style_packages=(clang-format clang-tidy)

@@ -23,19 +23,23 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
       mode_{options_.update.autoUpdate == 1},
       list_(style),
       status_(ports_.panels),
-      information_(list_, options_, ports_.information, ports_.playTimes, style),
+      player_(list_, options_,
+              {ports_.device, ports_.files, ports_.playerPanel, ports_.movie, status_, ports_.boxes, ports_.window,
+               ports_.openWithShell},
+              style),
+      information_(list_, options_, ports_.information, player_, style),
       passedOver_(ports_.search, status_),
-      listCommands_(list_, options_, mode_, {ports_.boxes, status_, *this, ports_.player}),
+      listCommands_(list_, options_, mode_, {ports_.boxes, status_, *this, player_}),
       loader_(list_, options_, mode_,
               {ports_.files, ports_.boxes, ports_.pending, passedOver_, ports_.loading, ports_.folders, status_, *this,
-               ports_.player},
+               player_},
               style),
-      engine_(list_, options_, mode_, {ports_.disk, ports_.boxes, *this, ports_.window, ports_.player}, style),
+      engine_(list_, options_, mode_, {ports_.disk, ports_.boxes, *this, ports_.window, player_}, style),
       titles_(list_, options_, mode_, engine_, regex_, ports_.pending, ports_.window, ports_.boxes),
-      editing_(list_, options_, mode_, engine_, titles_,
-               {ports_.renameBox, ports_.boxes, *this, ports_.player, status_}, style),
+      editing_(list_, options_, mode_, engine_, titles_, {ports_.renameBox, ports_.boxes, *this, player_, status_},
+               style),
       fileCommands_(list_, options_, listCommands_,
-                    {ports_.files, ports_.disk, ports_.boxes, ports_.folders, ports_.player, *this, ports_.window},
+                    {ports_.files, ports_.disk, ports_.boxes, ports_.folders, player_, *this, ports_.window},
                     ownerWindow, style) {}
 
 void Application::Start() {
@@ -133,6 +137,7 @@ void Application::RunRowCommand(Command command) {
 
 void Application::RunViewCommand(Command command) {
   switch (command) {
+    case Command::mnuPlay: player_.mnuPlay(); break;
     case Command::mnuFront: ToggleFront(); break;
     case Command::mnuApplyMode: SwitchMode(); break;
     default: break;
@@ -204,8 +209,8 @@ void Application::Reset() {
 
 void Application::ShowRow(int index) {
   editing_.Load(index);
+  player_.Choose(list_.Row(index).location);
   information_.ShowRow(index);
-  ports_.player.Choose(list_.Row(index).location);
   status_.ShowSelection(std::string(FileName(list_.Row(index).location, style_)));
   ports_.main.ScrollToRow(index);
 }
@@ -229,7 +234,12 @@ void Application::SelectionChanged() {
 void Application::RowActivated(int index) {
   Run([&] {
     const FileItem& row = list_.Row(index);
-    if (!IsPlayableType(row.type)) (void)ports_.openWithShell(row.location);
+    if (IsPlayableType(row.type)) {
+      player_.Choose(row.location);
+      player_.mnuPlay();
+    } else {
+      (void)ports_.openWithShell(row.location);
+    }
   });
 }
 

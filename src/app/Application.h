@@ -18,6 +18,7 @@
 #include "filelist/WindowPorts.h"
 #include "fileops/FileCommands.h"
 #include "platform/FileSystem.h"
+#include "player/MusicPlayer.h"
 #include "rename/ModifyRenameNames.h"
 #include "rename/RegexReplace.h"
 #include "rename/RenameEditing.h"
@@ -63,8 +64,9 @@ class Application : private FilePanel {
     ProgressDisplay& loading;  ///< over the list
     ProgressDisplay& waiting;  ///< the wait window of frmModify
     FolderDialog& folders;
-    PlayerControl& player;
-    PlayTimes& playTimes;
+    CommandDevice& device;
+    PlayerPanel& playerPanel;
+    MovieWindow& movie;
     FileReads& files;
     FileChanges& disk;
     /// The shell's verb "Open"; see OpenWithShell.
@@ -106,6 +108,9 @@ class Application : private FilePanel {
   void ModifyRows(bool allItems);
 
   void ModePanelClicked();
+
+  /// The player's buttons, sliders and timer come to it directly: they work while a command runs, too.
+  [[nodiscard]] MusicPlayer& Player() { return player_; }
 
   // Events of the list. The selected flags are in step with the screen already.
   void SelectionChanged();
@@ -153,6 +158,7 @@ class Application : private FilePanel {
   ApplyMode mode_;
   FileList list_;
   SelectionStatus status_;
+  MusicPlayer player_;
   RegexLibrary regex_;
   InformationPanel information_;
   PassedOverPaths passedOver_;

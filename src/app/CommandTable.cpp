@@ -30,7 +30,7 @@ constexpr std::array kEntries = {
     CommandEntry{mnuChkRem, "すべてのチェックをはずす(&C)", "Ctrl+Shift+K", Needs::kRows},
     CommandEntry{mnuTurnChk, "チェックを反転する(&I)", "Ctrl+I", Needs::kRows},
     CommandEntry{mnuUnChkListRem, "チェックのないアイテムをリストから削除(&D)", "", Needs::kRows},
-    CommandEntry{mnuPlay, "再生(&P)", "", Needs::kNotBuilt},
+    CommandEntry{mnuPlay, "再生(&P)", "", Needs::kSelectedRow},
     CommandEntry{mnuFront, "常に手前に表示(&F)", ""},
     CommandEntry{mnuApplyMode, "適応モードの切り替え(&M)", ""},
     CommandEntry{mnuSortRenameName, "リネーム名(&R)", "", Needs::kRows},

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 
 #include "app/settings/OptionValues.h"
 #include "filelist/FileList.h"
+#include "filelist/WindowPorts.h"
 #include "platform/PathStyle.h"
 
 namespace quillon {
@@ -22,15 +21,7 @@ class InformationBoxes {
   [[nodiscard]] virtual std::size_t FileNameCharacters() const = 0;
 };
 
-/// How long a file plays.
-class PlayTimes {
- public:
-  virtual ~PlayTimes() = default;
-  /// Milliseconds; nullopt while nothing can tell.
-  [[nodiscard]] virtual std::optional<std::int32_t> LengthOf(const std::string& path) = 0;
-};
-
-/// What is known of the selected row's file, read from the file each time.
+/// What is known of the selected row's file, read from the file each time. It is the one that the player has chosen.
 class InformationPanel {
  public:
   InformationPanel(const FileList& list, const OptionValues& options, InformationBoxes& boxes, PlayTimes& playTimes,

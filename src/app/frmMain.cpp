@@ -40,6 +40,7 @@ void Keep(const wxWindow& window, Twips& twips, int pixels) {
 frmMain::frmMain(OptionValues options, Application::Paths paths)
     : wxFrame(nullptr, wxID_ANY, kMainTitle),
       boxes_(this),
+      device_(MakeCommandDevice()),
       files_(MakeFileReads()),
       disk_(MakeFileChanges()),
       frmWait_(this) {
@@ -54,7 +55,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths)
   app_ = std::make_unique<Application>(
       std::move(options), std::move(paths),
       Application::Ports{*this, *this, *this, *renameBox_, *information_, boxes_, *pending_, *frmFolderRef_, *loading_,
-                         frmWait_, *this, noPlayer_, noPlayer_, *files_, *disk_,
+                         frmWait_, *this, *device_, *playerPanel_, *movie_, *files_, *disk_,
                          [handle](const std::string& target) { return OpenWithShell(target, handle); }},
       handle);
   lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
@@ -78,17 +79,18 @@ frmMain::~frmMain() {
 void frmMain::MakeControls() {
   controls_.panel = new wxPanel(this);
   MakeFileInfo(controls_);
-  MakeMusicPlayer(controls_);
+  MakeMusicPlayer(controls_, {[this] { app_->Player().SliderPressed(); },
+                              [this](std::int32_t value) { app_->Player().SliderReleased(value); },
+                              [](std::int32_t value) { return MusicPlayer::SliderTip(value); }});
   loading_ = std::make_unique<LoadingLabel>(*controls_.panel, [this]() -> wxWindow& { return *controls_.list; });
   controls_.lblNowloading = &loading_->Window();
   frmFolderRef_ = new frmFolderRef(this, [this] { app_->CancelLoad(); });
   renameBox_ = MakeRenameBox(*controls_.txtAlterTitle);
   information_ = MakeInformationBoxes(controls_);
-  // Nothing can be played yet.
-  for (wxWindow* control : std::initializer_list<wxWindow*>{controls_.cmdPlay, controls_.cmdStop, controls_.sldPosition,
-                                                            controls_.lblTime}) {
-    control->Disable();
-  }
+  playerPanel_ = std::make_unique<FraMusicPlayer>(controls_, [this] { app_->Player().timMCIChecker(); });
+  movie_ = std::make_unique<FloatingMovie>([this] {
+    return new frmMoviePlayer({*this, app_->Player(), boxes_, app_->Options().system.front, [] {}});
+  });
 }
 
 // For assistive technology: the labels beside the boxes are seen, not heard.
@@ -171,7 +173,9 @@ void frmMain::ApplySettings() {
     const int width = ToPixels(*this, window.columnWidths.at(static_cast<std::size_t>(i)));
     lvwFiles_->SetColumnWidth(column, std::clamp(width, 0, FromDIP(kWidestColumn)));
   }
-  controls_.chkRepeat->SetValue(app_->Options().player.repeat != 0);
+  std::int16_t& repeat = app_->Options().player.repeat;
+  repeat = repeat != 0 ? 1 : 0;
+  controls_.chkRepeat->SetValue(repeat == 1);
 }
 
 void frmMain::KeepSettings() {
@@ -187,7 +191,6 @@ void frmMain::KeepSettings() {
     Keep(*this, options.window.columnWidths.at(static_cast<std::size_t>(i)),
          lvwFiles_->ColumnWidth(static_cast<Column>(i)));
   }
-  options.player.repeat = controls_.chkRepeat->GetValue() ? 1 : 0;
 }
 
 void frmMain::OnClose(wxCloseEvent& event) {
@@ -197,6 +200,7 @@ void frmMain::OnClose(wxCloseEvent& event) {
     event.Veto();
     return;
   }
+  app_->Player().Shutdown();
   if (saves_) {
     KeepSettings();
     const bool normal = !IsIconized() && !IsMaximized() && !IsFullScreen();

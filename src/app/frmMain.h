@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "app/Application.h"
-#include "app/NoPlayer.h"
 #include "app/frmMainBoxes.h"
 #include "app/frmMainLayout.h"
 #include "app/frmMainLoading.h"
+#include "app/frmMainPlayer.h"
 #include "app/settings/OptionValues.h"
 #include "controls/WxMessageBoxes.h"
 #include "filelist/frmFolderRef.h"
@@ -85,6 +85,7 @@ class frmMain final : public wxFrame,
   [[nodiscard]] lvwFiles::Handlers ListHandlers();
   void BindEvents();
   void BindRenameBox();
+  void BindPlayer();
   void OnPanelSize();
   void Run(Command command);
   void ShowRowMenu(wxPoint screen);
@@ -102,7 +103,7 @@ class frmMain final : public wxFrame,
   void SettleAt(const wxRect& place);
 
   WxMessageBoxes boxes_;
-  NoPlayer noPlayer_;
+  std::unique_ptr<CommandDevice> device_;
   std::unique_ptr<FileReads> files_;
   std::unique_ptr<FileChanges> disk_;
   frmWait frmWait_;
@@ -111,6 +112,8 @@ class frmMain final : public wxFrame,
   frmFolderRef* frmFolderRef_ = nullptr;
   std::unique_ptr<RenameBox> renameBox_;
   std::unique_ptr<InformationBoxes> information_;
+  std::unique_ptr<FraMusicPlayer> playerPanel_;
+  std::unique_ptr<FloatingMovie> movie_;
   std::unique_ptr<LoadingLabel> loading_;
   std::unique_ptr<PendingMessages> pending_;
   std::unique_ptr<Application> app_;

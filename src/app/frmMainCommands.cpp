@@ -106,7 +106,7 @@ void frmMain::RefreshPictures() {
     GetToolBar()->SetToolNormalBitmap(IdOf(button.command), Picture(button.picture, kToolPicture, ink));
     GetToolBar()->SetToolDisabledBitmap(IdOf(button.command), Picture(button.picture, kToolPicture, grey));
   }
-  SetButtonPictures(controls_);
+  playerPanel_->RefreshPictures();
 }
 
 void frmMain::MakeStatusBar() {
@@ -154,6 +154,7 @@ void frmMain::BindEvents() {
     event.Skip();
   });
   BindRenameBox();
+  BindPlayer();
 }
 
 void frmMain::BindRenameBox() {
@@ -175,6 +176,13 @@ void frmMain::BindRenameBox() {
     app_->RenameBoxClicked();
     event.Skip();
   });
+}
+
+void frmMain::BindPlayer() {
+  controls_.cmdPlay->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { app_->Player().cmdPlay(); });
+  controls_.cmdStop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { app_->Player().cmdStop(); });
+  controls_.chkRepeat->Bind(
+      wxEVT_TOGGLEBUTTON, [this](wxCommandEvent& event) { app_->Options().player.repeat = event.IsChecked() ? 1 : 0; });
 }
 
 // While the window is minimised, or has not got its size yet, there is nothing to lay out.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "controls/Pictures.h"
 #include "controls/TextBox.h"
@@ -142,21 +143,24 @@ void MakeFileInfo(frmMainControls& controls) {
   controls.txtFileDetail = MakeBox(frame, "txtFileDetail", wxTE_READONLY);
 }
 
-void MakeMusicPlayer(frmMainControls& controls) {
+void MakeMusicPlayer(frmMainControls& controls, PositionSlider::Handlers slider) {
   auto* frame = new wxPanel(controls.panel);
   frame->SetName("fraMusicPlayer");
   controls.fraMusicPlayer = frame;
-  controls.sldPosition = new wxSlider(frame, wxID_ANY, 0, 0, 1);
+  controls.sldPosition = new PositionSlider(frame, std::move(slider));
   controls.sldPosition->SetName("sldPosition");
-  controls.lblTime = new wxStaticText(frame, wxID_ANY, "00:00 / 00:00");
+  controls.lblTime = new wxStaticText(frame, wxID_ANY, kIdleTime);
   controls.lblTime->SetName("lblTime");
   controls.cmdPlay = MakeButton<wxBitmapButton>(frame, "cmdPlay", "再生", "play");
   controls.cmdStop = MakeButton<wxBitmapButton>(frame, "cmdStop", "停止", "stop");
   controls.chkRepeat = MakeButton<wxBitmapToggleButton>(frame, "chkRepeat", "リピート", "repeat");
 }
 
-void SetButtonPictures(const frmMainControls& controls) {
-  controls.cmdPlay->SetBitmap(ButtonPicture("play"));
+void SetButtonPictures(const frmMainControls& controls, PlayButton play) {
+  controls.cmdPlay->SetBitmap(ButtonPicture(play == PlayButton::kPlay ? "play" : "pause"));
+  const wxString label = ToWx(play == PlayButton::kPlay ? "再生" : "一時停止");
+  controls.cmdPlay->SetLabel(label);
+  controls.cmdPlay->SetToolTip(label);
   controls.cmdStop->SetBitmap(ButtonPicture("stop"));
   controls.chkRepeat->SetBitmap(ButtonPicture("repeat"));
 }
@@ -179,6 +183,13 @@ void LayOut(const frmMainControls& controls, BarHeights bars) {
   controls.fraMusicPlayer->SetSize(left, playerTop, width, innerHeight - bars.toolBar - bars.statusBar - playerTop);
   LayOutInfo(controls);
   LayOutPlayer(controls);
+}
+
+void ShowTime(const frmMainControls& controls, const wxString& text) {
+  if (controls.lblTime->GetLabel() == text) return;
+  const int width = controls.lblTime->GetBestSize().x;
+  controls.lblTime->SetLabel(text);
+  if (controls.lblTime->GetBestSize().x != width) LayOutPlayer(controls);
 }
 
 wxSize SmallestSize(const wxWindow& window) {

@@ -2,12 +2,14 @@
 
 #include <wx/bmpbuttn.h>
 #include <wx/panel.h>
-#include <wx/slider.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 #include <wx/tglbtn.h>
 
 #include <array>
+
+#include "controls/PositionSlider.h"
+#include "player/PlayerPorts.h"
 
 namespace quillon {
 
@@ -26,7 +28,7 @@ struct frmMainControls {
   wxTextCtrl* txtFileDetail = nullptr;
 
   wxPanel* fraMusicPlayer = nullptr;
-  wxSlider* sldPosition = nullptr;
+  PositionSlider* sldPosition = nullptr;
   wxStaticText* lblTime = nullptr;
   wxBitmapButton* cmdPlay = nullptr;
   wxBitmapButton* cmdStop = nullptr;
@@ -35,10 +37,10 @@ struct frmMainControls {
 
 /// Makes fraFileInfo and fraMusicPlayer with what they hold.
 void MakeFileInfo(frmMainControls& controls);
-void MakeMusicPlayer(frmMainControls& controls);
+void MakeMusicPlayer(frmMainControls& controls, PositionSlider::Handlers slider);
 
 /// The player's pictures in the theme's present ink.
-void SetButtonPictures(const frmMainControls& controls);
+void SetButtonPictures(const frmMainControls& controls, PlayButton play);
 
 /// Heights of the bars around the controls, in pixels.
 struct BarHeights {
@@ -49,6 +51,9 @@ struct BarHeights {
 /// Places the controls in the panel. Heights and widths are the window's own, in twips, bars included; where the
 /// desktop's fonts or controls need more room below the list than that, they get it and the list is shorter.
 void LayOut(const frmMainControls& controls, BarHeights bars);
+
+/// Another text for lblTime: it has the room that it needs.
+void ShowTime(const frmMainControls& controls, const wxString& text);
 
 /// The smallest size of the window, in pixels.
 [[nodiscard]] wxSize SmallestSize(const wxWindow& window);

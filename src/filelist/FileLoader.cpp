@@ -100,6 +100,7 @@ LoadOutcome FileLoader::LoadFolder(std::string folder) {
 LoadOutcome FileLoader::Register(const std::vector<std::string>& paths) {
   if (options_.list.loadRemove != 0) {
     ports_.player.Stop();
+    ports_.player.Choose("");
     list_.Clear();
   }
   ResetPanels();

@@ -24,6 +24,7 @@ void ListCommands::mnuAllClear() {
     return;
   }
   ports_.player.Stop();
+  ports_.player.Choose("");
   list_.Clear();
   ResetPanels();
   RereadApplyMode(mode_, options_, ports_.boxes);
@@ -37,7 +38,7 @@ void ListCommands::RemoveRows(const std::function<bool(int index, const FileItem
     removed.push_back(row.location);
     return true;
   });
-  for (const std::string& location : removed) ports_.player.ReleaseFile(location);
+  for (const std::string& location : removed) ports_.player.FileRemoved(location);
   if (!removed.empty()) ResetPanels();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 /// The parts of the main window that commands on the list change. Each is small, so that a test records just what it
@@ -45,8 +46,20 @@ class PlayerControl {
   virtual void ReleaseFile(const std::string& path) = 0;
   /// Stops whatever plays.
   virtual void Stop() = 0;
-  /// The file that playing starts with from now on.
+  /// The file that playing starts with from now on; empty for none.
   virtual void Choose(const std::string& path) = 0;
+  /// The file has another path now: when it was chosen, it stays so.
+  virtual void FileMoved(const std::string& from, const std::string& to) = 0;
+  /// The file has left the list: it is released, and no longer chosen.
+  virtual void FileRemoved(const std::string& path) = 0;
+};
+
+/// How long a file plays.
+class PlayTimes {
+ public:
+  virtual ~PlayTimes() = default;
+  /// Of the file that playing would start with; milliseconds, 0 when it cannot be played.
+  [[nodiscard]] virtual std::int32_t LengthOfChosenFile() = 0;
 };
 
 /// The progress of a loop over files or rows, shown over the list or in a wait window.

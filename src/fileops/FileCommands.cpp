@@ -89,6 +89,7 @@ bool FileCommands::MoveRow(int index, const std::string& folder) {
     return false;
   }
   if (options_.move.remainList == 1) {
+    ports_.player.FileMoved(from, to);
     list_.SetLocation(index, to);
     if (list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(to);
   }

@@ -84,6 +84,7 @@ RowFailure RenameEngine::Rename(int index) {
   std::string path = AppliedPath(row, style_);
   if (const FileOutcome error = ports_.disk.Rename(row.location, path)) return {index, CodeOf(*error), *error};
   if (path != row.location) {
+    ports_.player.FileMoved(row.location, path);
     list_.SetLocation(index, std::move(path));
     if (list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(list_.Row(index).location);
   }

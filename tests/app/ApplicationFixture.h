@@ -10,7 +10,9 @@
 #include "app/Application.h"
 #include "app/InformationRecorders.h"
 #include "platform/Shell.h"
+#include "player/PlayerRecorders.h"
 #include "rename/RenameBoxRecorder.h"
+#include "support/FakeDevice.h"
 #include "support/Recorders.h"
 #include "support/Rows.h"
 #include "support/TempFolder.h"
@@ -55,7 +57,9 @@ struct ApplicationFixture {
   MainWindowRecorder main{ports.log};
   RenameBoxRecorder box{ports.log};
   InformationBoxRecorder information;
-  PlayTimeRecorder playTimes;
+  FakeDevice device;
+  PanelControls playerPanel;
+  MovieControls movie;
   std::unique_ptr<FileReads> files = MakeFileReads();
   std::unique_ptr<FileChanges> disk = MakeFileChanges();
   int shellAnswer = kShellOpened;
@@ -64,7 +68,7 @@ struct ApplicationFixture {
   explicit ApplicationFixture(const OptionValues& options = Options(), std::string_view settingsName = "Quillon.ini")
       : app(options, {home.At(settingsName), home.At("Quillon.chm")},
             {main, ports.window, ports.panels, box, information, ports.boxes, ports.pending, ports.search,
-             ports.progress, ports.progress, ports.folders, ports.player, playTimes, *files, *disk,
+             ports.progress, ports.progress, ports.folders, device, playerPanel, movie, *files, *disk,
              [this](const std::string& target) {
                ports.log.Add("shell opens " + target);
                return shellAnswer;

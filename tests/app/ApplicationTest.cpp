@@ -152,7 +152,7 @@ TEST(Application, LoadingAFolderSelectsAndShowsItsFirstRow) {
   EXPECT_EQ(f.information.fileName, f.folder.At("a.txt"));
   EXPECT_TRUE(f.information.summary.starts_with("サイズ： 5 バイト")) << f.information.summary;
   EXPECT_EQ(f.LastPanel("player"), "選択： a.txt");
-  EXPECT_TRUE(f.Log().Has("player chooses " + f.folder.At("a.txt")));
+  EXPECT_EQ(f.app.Player().Paths().playFilePath, f.folder.At("a.txt"));
   EXPECT_EQ(f.app.Options().system.dirPath, f.folder.Path());
 }
 

@@ -107,6 +107,7 @@ const std::vector<EnablingRow>& EnablingTable() {
       {mnuUndo, "0001 0000"},
       {mnuMove, "0001 0001"},
       // for the selected row
+      {mnuPlay, "0010 0010"},
       {mnuThisUpdate, "0010 0000"},
       {mnuThisRename, "0010 0010"},
       {mnuThisUndo, "0010 0000"},

@@ -56,7 +56,7 @@ TEST(mnuThisListDel, TakesTheSelectedRowOutAndResetsThePanels) {
   f.commands.mnuThisListDel();
   EXPECT_EQ(Locations(f.list), Texts({"/f/a", "/f/c"}));
   EXPECT_EQ(f.list.SelectedIndex(), 0);
-  EXPECT_EQ(f.ports.log.Events(), Joined({"player release /f/b"}, kPanelsReset));
+  EXPECT_EQ(f.ports.log.Events(), Joined({"player forgets /f/b"}, kPanelsReset));
 }
 
 TEST(mnuThisListDel, DoesNothingWithoutASelection) {
@@ -72,7 +72,7 @@ TEST(mnuThisListDel, StopsThePlayerWhenItsFileLeaves) {
   f.list.SelectOnly(2);
   f.commands.mnuThisListDel();
   EXPECT_EQ(f.ports.player.loaded, "");
-  EXPECT_EQ(f.ports.log.Events(), Joined({"player release /f/b", "player stopped"}, kPanelsReset));
+  EXPECT_EQ(f.ports.log.Events(), Joined({"player forgets /f/b", "player stopped"}, kPanelsReset));
 }
 
 TEST(mnuThisListDel, LeavesThePlayerAloneWhenAnotherFileLeaves) {
@@ -89,9 +89,11 @@ TEST(mnuUnChkListRem, LetsThePlayerSeeTheListAsItIsAfterTheRemoval) {
   f.list.SetChecked(3, true);
   struct LookingPlayer final : PlayerControl {
     explicit LookingPlayer(const FileList& seen) : list(seen) {}
-    void ReleaseFile(const std::string& path) override { released.push_back(path + " of " + Rows()); }
+    void ReleaseFile(const std::string&) override {}
     void Stop() override {}
     void Choose(const std::string&) override {}
+    void FileMoved(const std::string&, const std::string&) override {}
+    void FileRemoved(const std::string& path) override { released.push_back(path + " of " + Rows()); }
     std::string Rows() const {
       std::string rows;
       for (int index = 1; index <= list.Count(); ++index) rows += list.Row(index).location;
@@ -119,7 +121,7 @@ TEST(mnuUnChkListRem, EmptiesAListWithoutChecks) {
   Fixture f({"a", "b"});
   f.commands.mnuUnChkListRem();
   EXPECT_EQ(f.list.Count(), 0);
-  EXPECT_EQ(f.ports.log.Events(), Joined({"player release /f/a", "player release /f/b"}, kPanelsReset));
+  EXPECT_EQ(f.ports.log.Events(), Joined({"player forgets /f/a", "player forgets /f/b"}, kPanelsReset));
 }
 
 TEST(mnuUnChkListRem, KeepsTheCheckedRowsInTheirOrder) {
@@ -155,7 +157,7 @@ TEST(mnuAllClear, EmptiesTheListStopsThePlayerAndShowsTheMode) {
   EXPECT_EQ(f.list.SelectedIndex(), 0);
   EXPECT_EQ(f.ports.player.loaded, "");
   EXPECT_EQ(f.ports.log.Events(),
-            Joined(Joined({kClearQuestion, "player stop"}, kPanelsReset), {"panel mode: 手動適応モード"}));
+            Joined(Joined({kClearQuestion, "player stop", "player chooses "}, kPanelsReset), {"panel mode: 手動適応モード"}));
 }
 
 TEST(mnuAllClear, AsksNothingWhenConfirmationsAreOff) {
@@ -173,7 +175,7 @@ TEST(mnuAllClear, SwitchesToAutoApplyModeWhenTheSettingIsOn) {
   f.commands.mnuAllClear();
   EXPECT_TRUE(f.mode.automatic);
   EXPECT_EQ(f.ports.log.Events(),
-            Joined(Joined({"player stop"}, kPanelsReset), {kAutoOn, "panel mode: 自動適応モード"}));
+            Joined(Joined({"player stop", "player chooses "}, kPanelsReset), {kAutoOn, "panel mode: 自動適応モード"}));
 }
 
 TEST(mnuAllClear, LeavesAutoApplyModeWhenTheSettingIsOff) {

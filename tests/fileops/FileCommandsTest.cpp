@@ -267,11 +267,12 @@ TEST(mnuThisMove, DoesNothingWithoutASelection) {
 TEST(mnuThisMove, WithRemainListTheRowStaysAndFollowsItsFile) {
   for (const char* target : {"/t", "/t/"}) {
     Fixture f({"a.mid", "B.MID"});
-    f.ports.player.loaded = "/m/B.MID";
+    f.ports.player.loaded = f.ports.player.chosen = "/m/B.MID";
     f.list.SelectOnly(2);
     f.list.SetRenameName(2, "edited");
     f.ports.folders.Answer(target);
     f.commands.mnuThisMove();
+    EXPECT_EQ(f.ports.player.chosen, "/t/B.MID");
     EXPECT_EQ(f.ports.log.Events(),
               Texts({kPrompt, "player release /m/B.MID", "player stopped", "file panel name /t/B.MID", kMoved}));
     EXPECT_EQ(f.options.system.movePath, "/t/");

@@ -85,8 +85,9 @@ struct Folder {
 };
 
 /// A folder inside another one stands before it.
-constexpr std::array<Folder, 16> kFolders = {{{"base/", 0},
+constexpr std::array<Folder, 17> kFolders = {{{"base/", 0},
                                               {"platform/desktop/", 2},
+                                              {"platform/multimedia/", 2},
                                               {"platform/", 1},
                                               {"controls/", 3},
                                               {"app/settings/", 2},

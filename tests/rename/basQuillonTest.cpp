@@ -79,7 +79,9 @@ TEST(ApplyRenameName, RenamesTheFileAndFollowsIt) {
     RenameFixture f({"Song.MP3", "other.mid"}, style);
     f.list.CheckAll();
     f.list.SetRenameName(1, "New");
+    f.ports.player.chosen = f.Path("Song.MP3");
     EXPECT_EQ(f.engine.ApplyRenameName(1), apply_code::kApplied);
+    EXPECT_EQ(f.ports.player.chosen, f.Path("New.mp3"));
     EXPECT_EQ(f.list.Row(1).location, f.Path("New.mp3"));
     EXPECT_EQ(f.list.Row(1).renameName, "New");
     EXPECT_EQ(f.files.BytesOf(f.Path("New.mp3")), "Song.MP3");

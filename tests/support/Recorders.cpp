@@ -88,6 +88,23 @@ void PlayerRecorder::ReleaseFile(const std::string& path) {
   log_.Add("player stopped");
 }
 
+void PlayerRecorder::Choose(const std::string& path) {
+  log_.Add("player chooses " + path);
+  chosen = path;
+}
+
+// Not logged: what matters is where it leads.
+void PlayerRecorder::FileMoved(const std::string& from, const std::string& to) {
+  if (chosen == from) chosen = to;
+}
+
+void PlayerRecorder::FileRemoved(const std::string& path) {
+  log_.Add("player forgets " + path);
+  if (path != loaded) return;
+  loaded.clear();
+  log_.Add("player stopped");
+}
+
 void PlayerRecorder::Stop() {
   log_.Add("player stop");
   loaded.clear();

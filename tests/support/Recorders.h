@@ -84,9 +84,12 @@ class PlayerRecorder final : public PlayerControl {
   explicit PlayerRecorder(EventLog& log) : log_(log) {}
   void ReleaseFile(const std::string& path) override;
   void Stop() override;
-  void Choose(const std::string& path) override { log_.Add("player chooses " + path); }
+  void Choose(const std::string& path) override;
+  void FileMoved(const std::string& from, const std::string& to) override;
+  void FileRemoved(const std::string& path) override;
 
   std::string loaded;  ///< empty: nothing
+  std::string chosen;
 
  private:
   EventLog& log_;

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <wx/timer.h>
+#include <wx/weakref.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "app/frmMainLayout.h"
+#include "base/Ports.h"
+#include "player/MusicPlayer.h"
+#include "player/PlayerPorts.h"
+#include "player/frmMoviePlayer.h"
+
+namespace quillon {
+
+/// fraMusicPlayer as logic sees it, and its timer timMCIChecker.
+class FraMusicPlayer final : public PlayerPanel {
+ public:
+  FraMusicPlayer(const frmMainControls& controls, std::function<void()> tick);
+
+  /// In the theme's present ink.
+  void RefreshPictures() { SetButtonPictures(controls_, button_); }
+
+  void SetButton(PlayButton button) override;
+  void SetTimer(int interval) override;
+  void SetLength(std::int32_t length) override { controls_.sldPosition->SetLength(length); }
+  void SetPosition(std::int32_t position) override;
+  void SetTime(const std::string& text) override;
+
+ private:
+  class Timer final : public wxTimer {
+   public:
+    explicit Timer(std::function<void()> tick) : tick_(std::move(tick)) {}
+    void Notify() override { tick_(); }
+
+   private:
+    std::function<void()> tick_;
+  };
+
+  const frmMainControls& controls_;
+  Timer timMCIChecker_;
+  PlayButton button_ = PlayButton::kPlay;
+};
+
+/// The movie window above the main window, as long as there is one.
+class FloatingMovie final : public MovieWindow {
+ public:
+  using MakeWindow = std::function<frmMoviePlayer*()>;
+
+  explicit FloatingMovie(MakeWindow make) : make_(std::move(make)) {}
+
+  [[nodiscard]] bool Show() override;
+  void Close() override;
+  void SetPosition(std::int32_t position) override;
+  void SetTime(const std::string& text) override;
+
+ private:
+  MakeWindow make_;
+  wxWeakRef<frmMoviePlayer> window_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <wx/slider.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace quillon {
+
+/// The slider of a player: its value is a position in milliseconds. From the press of a mouse button, or of a key that
+/// moves it, until the release it belongs to the user, and shows the position in a tip beside its thumb.
+class PositionSlider final : public wxSlider {
+ public:
+  struct Handlers {
+    std::function<void()> pressed;
+    std::function<void(std::int32_t value)> released;  ///< also when the focus or the mouse is taken away meanwhile
+    std::function<std::string(std::int32_t value)> tip;
+  };
+
+  PositionSlider(wxWindow* parent, Handlers handlers);
+
+  /// The maximum; steps follow it.
+  void SetLength(std::int32_t length);
+};
+
+}  // namespace quillon

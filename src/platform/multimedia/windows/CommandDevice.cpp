@@ -1,0 +1,132 @@
+#include "platform/multimedia/CommandDevice.h"
+
+#include <windows.h>
+// After windows.h, which it needs:
+#include <mmsystem.h>
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include "base/Text.h"
+#include "platform/FileSystem.h"
+#include "platform/windows/Wide.h"
+
+namespace quillon {
+namespace {
+
+/// The words of a command in lower case; a quoted one keeps its letters and loses the quotes.
+std::vector<std::string> Words(std::string_view command) {
+  std::vector<std::string> words;
+  for (command = Trim(command); !command.empty(); command = Trim(command)) {
+    const bool quoted = command.front() == '"';
+    if (quoted) command.remove_prefix(1);
+    const std::size_t end = std::min(command.find(quoted ? '"' : ' '), command.size());
+    words.push_back(quoted ? std::string(command.substr(0, end)) : ToLower(command.substr(0, end)));
+    command.remove_prefix(std::min(end + 1, command.size()));
+  }
+  return words;
+}
+
+bool AsksForMode(const std::vector<std::string>& words) {
+  return words.size() == 3 && words[0] == "status" && words[2] == "mode";
+}
+
+bool OpensByExtension(const std::vector<std::string>& words) {
+  return words.size() >= 2 && words[0] == "open" && std::find(words.begin() + 2, words.end(), "type") == words.end();
+}
+
+bool SeeksToPosition(const std::vector<std::string>& words) {
+  return words.size() == 4 && words[0] == "seek" && words[2] == "to" && words[3] != "start" && words[3] != "end";
+}
+
+const char* NameOfMode(DWORD_PTR mode) {
+  switch (LOWORD(mode)) {
+    case MCI_MODE_STOP: return "stopped";
+    case MCI_MODE_PLAY: return "playing";
+    case MCI_MODE_PAUSE: return "paused";
+    case MCI_MODE_SEEK: return "seeking";
+    case MCI_MODE_RECORD: return "recording";
+    case MCI_MODE_OPEN: return "open";
+    default: return "not ready";
+  }
+}
+
+/// The number without the device's own in its upper half.
+int ErrorNumber(MCIERROR error) {
+  return LOWORD(error);
+}
+
+CommandReply SendToSystem(const std::string& command) {
+  constexpr std::size_t kLongestReply = 1024;
+  const std::optional<std::wstring> wide = ToWide(command);
+  if (!wide) return {command_error::kFileNotFound};
+  std::wstring reply(kLongestReply, L'\0');
+  const MCIERROR error = mciSendStringW(wide->c_str(), reply.data(), static_cast<UINT>(reply.size()), nullptr);
+  if (error != 0) return {ErrorNumber(error)};
+  return {0, FromWide(reply.c_str())};
+}
+
+/// Some languages' versions of Windows have words of their own for the modes; the number is the same everywhere.
+CommandReply Mode(const std::string& command, const std::string& alias) {
+  const std::optional<std::wstring> wide = ToWide(alias);
+  const MCIDEVICEID device = wide ? mciGetDeviceIDW(wide->c_str()) : 0;
+  if (device == 0) return SendToSystem(command);
+  MCI_STATUS_PARMS status = {};
+  status.dwItem = MCI_STATUS_MODE;
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the interface passes a pointer as a number
+  const MCIERROR error = mciSendCommandW(device, MCI_STATUS, MCI_STATUS_ITEM, reinterpret_cast<DWORD_PTR>(&status));
+  if (error != 0) return {ErrorNumber(error)};
+  return {0, NameOfMode(status.dwReturn)};
+}
+
+/// What the device of the extension cannot open (newer codecs in AVI, long paths) DirectShow often can.
+CommandReply Open(const std::string& command, const std::string& file) {
+  CommandReply first = SendToSystem(command);
+  if (first.error == 0 || first.error == command_error::kAliasInUse || !OpenSystemFile(file)) return first;
+  CommandReply second = SendToSystem(command + " type MPEGVideo");
+  return second.error == 0 ? second : first;
+}
+
+/// DirectShow's device lacks this command in Wine, where failing also stops it at the start: playing from there and
+/// stopping at once leads to the same place.
+CommandReply Seek(const std::string& command, const std::string& alias, const std::string& position) {
+  CommandReply first = SendToSystem(command);
+  if (first.error != command_error::kInternal) return first;
+  const CommandReply length = SendToSystem("status " + alias + " length");
+  if (LeadingNumber(position) < 0 || LeadingNumber(position) > LeadingNumber(length.text)) {
+    return {command_error::kOutOfRange};
+  }
+  if (SendToSystem("play " + alias + " from " + position).error != 0) return first;
+  return {SendToSystem("stop " + alias).error};
+}
+
+CommandReply CarryOut(const std::string& command) {
+  const std::vector<std::string> words = Words(command);
+  if (AsksForMode(words)) return Mode(command, words[1]);
+  if (OpensByExtension(words)) return Open(command, words[1]);
+  if (SeeksToPosition(words)) return Seek(command, words[1], words[3]);
+  return SendToSystem(command);
+}
+
+class SystemCommandDevice final : public CommandDevice {
+ public:
+  SystemCommandDevice() = default;
+  SystemCommandDevice(const SystemCommandDevice&) = delete;
+  SystemCommandDevice& operator=(const SystemCommandDevice&) = delete;
+  ~SystemCommandDevice() override { mciSendStringW(L"close all", nullptr, 0, nullptr); }
+
+  CommandReply Send(const std::string& command, int replySize) override {
+    CommandReply reply = CarryOut(command);
+    reply.text = FirstCharacters(reply.text, static_cast<std::size_t>(std::max(replySize - 1, 0)));
+    return reply;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<CommandDevice> MakeCommandDevice() {
+  return std::make_unique<SystemCommandDevice>();
+}
+
+}  // namespace quillon

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "player/basMCIControl.h"
+
+/// The measures of the movie window. All are twips, but where pixels are named.
+namespace quillon {
+
+struct TwipsSize {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+
+  bool operator==(const TwipsSize&) const = default;
+};
+
+inline constexpr std::int32_t kWiderThanPicture = 140;
+inline constexpr std::int32_t kTallerThanPicture = 1095;  ///< title bar, menu bar and fraPlayer
+inline constexpr std::int32_t kSmallestMovieHeight = 1950;
+
+/// What stands around the picture.
+struct MovieSurround {
+  TwipsSize system;              ///< how much larger the window is than its inner area
+  std::int32_t playerHeight = 0;  ///< the least that fraPlayer needs
+  std::int32_t timeWidth = 0;     ///< what lblTime needs, with its gaps
+};
+
+/// How much larger the window is than the picture: the allowances, or more where the system takes more.
+[[nodiscard]] TwipsSize AllowanceOf(const MovieSurround& surround);
+
+/// A picture of these pixels on a screen with so many twips to a pixel.
+[[nodiscard]] TwipsSize NaturalSize(PictureSize pixels, double twipsPerPixel);
+
+/// The window for the picture in `factor` times its natural size; nullopt when its width or height is no 16-bit number.
+[[nodiscard]] std::optional<TwipsSize> MovieWindowSize(TwipsSize natural, int factor, TwipsSize allowance);
+
+/// The window for the picture in its natural size, or as large as fits into `screen`, its shape kept.
+[[nodiscard]] TwipsSize MovieWindowWithin(TwipsSize screen, TwipsSize natural, TwipsSize allowance);
+
+/// Where the controls stand in the inner area. The slider's width is part of fraPlayer's.
+struct MovieLayout {
+  std::int32_t pictureLeft = 0;
+  TwipsSize picture;
+  std::int32_t playerLeft = 0;
+  std::int32_t playerTop = 0;
+  TwipsSize player;
+  std::int32_t sliderWidth = 0;
+};
+
+[[nodiscard]] MovieLayout LayOutMovie(TwipsSize window, const MovieSurround& surround);
+
+/// The least size of the window.
+[[nodiscard]] TwipsSize SmallestMovieWindow(const MovieSurround& surround);
+
+/// What a device that draws into a window of this many pixels fills, where the desktop makes `scale` of the screen's
+/// pixels out of one of the window's.
+[[nodiscard]] PictureSize DestinationPixels(PictureSize window, double scale);
+
+}  // namespace quillon

@@ -1,0 +1,292 @@
+#include "player/MusicPlayer.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <utility>
+
+#include "filelist/paths/basFileControl.h"
+#include "media/MediaInfo.h"
+
+namespace quillon {
+namespace {
+
+constexpr int kTickInterval = 50;
+constexpr const char* kCaption = "プレイヤー";
+
+constexpr const char* kPlaying = "再生中： ";
+constexpr const char* kPaused = "一時停止： ";
+constexpr const char* kStopped = "停止： ";
+constexpr const char* kLoading = "読み込み中... ";
+
+std::string TwoDigits(long long number) {
+  const std::string digits = std::to_string(std::llabs(number));
+  return digits.size() < 2 ? "0" + digits : digits;
+}
+
+std::string MinutesAndSeconds(std::int32_t milliseconds) {
+  const auto seconds = std::llrint(milliseconds / 1000.0);  // halves to even
+  return TwoDigits(seconds / 60) + ":" + TwoDigits(seconds % 60);
+}
+
+}  // namespace
+
+std::string TimeText(std::int32_t elapsed, std::int32_t total) {
+  return MinutesAndSeconds(elapsed) + " / " + MinutesAndSeconds(total);
+}
+
+MusicPlayer::MusicPlayer(const FileList& list, const OptionValues& options, Ports ports, PathStyle style)
+    : list_(list),
+      options_(options),
+      ports_(std::move(ports)),
+      style_(style),
+      mci_(ports_.device, ports_.files, paths_) {}
+
+void MusicPlayer::cmdPlay() {
+  // Without a current row there is still the file that plays, or was chosen last.
+  if (const int current = list_.SelectedIndex(); current != 0 && !IsPlayableType(list_.Row(current).type)) {
+    (void)ports_.openWithShell(list_.Row(current).location);
+    return;
+  }
+  if (paths_.playFilePath.empty()) {
+    ports_.boxes.Show({kCaption, "再生するファイルを指定してください", MessageIcon::kExclamation});
+    return;
+  }
+  ports_.window.SetPointer(Pointer::kBusyArrow);
+  bool done = true;
+  switch (mci_.Mode()) {
+    case MCIMode::kPlaying: Pause(); break;
+    case MCIMode::kPaused: Resume(); break;
+    default: done = StartChosen();
+  }
+  ports_.window.SetPointer(Pointer::kNormal);
+  if (!done) Recover();
+}
+
+void MusicPlayer::Pause() {
+  mci_.MCICommand("pause");
+  ports_.panel.SetButton(PlayButton::kPlay);
+  SetTimer(0);
+  ShowStatus(kPaused, paths_.playingFilePath);
+}
+
+void MusicPlayer::Resume() {
+  SetTimer(kTickInterval);
+  mci_.MCICommand("play");
+  ports_.panel.SetButton(PlayButton::kPause);
+  ShowStatus(kPlaying, paths_.playingFilePath);
+}
+
+bool MusicPlayer::StartChosen() {
+  // Stopped at a point, the device still holds its file: another one could not be opened.
+  if (!paths_.playingFilePath.empty() && paths_.playingFilePath != paths_.playFilePath) {
+    CloseMovie();
+    mci_.MCICommand("close");
+  }
+  ShowStatus(kLoading, paths_.playFilePath);
+  mci_.MCICommand("open");
+  paths_.playingFilePath = paths_.playFilePath;
+  const std::optional<std::int32_t> length = mci_.Length();
+  if (!length) return false;
+  length_ = *length;
+  ports_.panel.SetLength(length_);
+  if (!mci_.Source().empty() && !movieShown_) {
+    movieShown_ = ports_.movie.Show();
+    if (!movieShown_) return false;
+  }
+  Resume();
+  return true;
+}
+
+void MusicPlayer::Recover() {
+  mci_.MCICommand("close");
+  paths_ = {};
+  CloseMovie();
+  ports_.status.SetPlayerText(kPlayerIdleText);
+  ShowIdle();
+  ports_.boxes.Show({kCaption,
+                     "指定されたファイルは再生できません\r\n"
+                     "このファイルはサポートされていないか、壊れている可能性があります",
+                     MessageIcon::kStop});
+}
+
+void MusicPlayer::cmdStop() {
+  const MCIMode mode = mci_.Mode();
+  if (mode != MCIMode::kPlaying && mode != MCIMode::kPaused) return;
+  CloseMovie();
+  StopAndClose();
+  ShowStatus(kStopped, paths_.playingFilePath);
+  ShowIdle();
+  paths_.playingFilePath.clear();
+}
+
+void MusicPlayer::mnuPlay() {
+  cmdStop();
+  // Stopped at a point: it would go on from there.
+  if (mci_.Mode() == MCIMode::kStopped) mci_.MCICommand("prev");
+  cmdPlay();
+}
+
+// Messages are not let through in here: a dialog opened by one of them would hold the player up.
+void MusicPlayer::timMCIChecker() {
+  if (interval_ == 0) return;
+  if (mci_.Mode() == MCIMode::kStopped && !sliderSeeking_ && FileEnded()) return;
+  if (!sliderSeeking_) SetPosition(mci_.MCIPosition());
+  ShowTime(mci_.MCIPosition());
+}
+
+bool MusicPlayer::FileEnded() {
+  if (options_.player.repeat != 0) {
+    mci_.MCICommand("prev");
+    mci_.MCICommand("play");
+    return true;
+  }
+  StopAndClose();
+  CloseMovie();
+  SetTimer(0);
+  if (options_.player.allPlay == 1) {
+    PlayNext();
+    if (interval_ != 0) return true;
+  }
+  ports_.panel.SetButton(PlayButton::kPlay);
+  if (!paths_.playingFilePath.empty()) ShowStatus(kStopped, paths_.playingFilePath);
+  paths_.playingFilePath.clear();
+  return false;
+}
+
+// The player stays silent when the list has nothing to play, or a current row of another kind is opened instead.
+void MusicPlayer::PlayNext() {
+  const int next = NextPlayableRow();
+  if (next == 0) return;
+  Choose(list_.Row(next).location);
+  cmdPlay();
+}
+
+// Behind the last row comes the first. 0 after a whole round without a playable one.
+int MusicPlayer::NextPlayableRow() const {
+  int row = list_.IndexOf(paths_.playingFilePath);
+  if (row == 0) row = list_.Count();
+  for (int looked = 0; looked < list_.Count(); ++looked) {
+    row = row < list_.Count() ? row + 1 : 1;
+    if (IsPlayableType(list_.Row(row).type)) return row;
+  }
+  return 0;
+}
+
+void MusicPlayer::SliderReleased(std::int32_t value) {
+  switch (mci_.Mode()) {
+    case MCIMode::kPlaying:
+      mci_.MCISeek(value);
+      mci_.MCICommand("play");
+      break;
+    case MCIMode::kPaused: mci_.MCISeek(value); break;
+    default: ShowTime(value); mci_.MCISeek(value);
+  }
+  sliderSeeking_ = false;
+  SetPosition(value);
+}
+
+std::string MusicPlayer::SliderTip(std::int32_t value) {
+  return MinutesAndSeconds(value);
+}
+
+void MusicPlayer::MoviePlay() {
+  switch (mci_.Mode()) {
+    case MCIMode::kPlaying: Pause(); break;
+    case MCIMode::kPaused: Resume(); break;
+    default: break;
+  }
+}
+
+void MusicPlayer::MovieClosed() {
+  if (MovieUnloaded()) paths_.playingFilePath.clear();
+}
+
+void MusicPlayer::CloseMovie() {
+  if (!movieShown_) return;
+  ports_.movie.Close();
+  (void)MovieUnloaded();
+}
+
+// True when that has stopped the file.
+bool MusicPlayer::MovieUnloaded() {
+  movieShown_ = false;
+  const MCIMode mode = mci_.Mode();
+  if (mode != MCIMode::kPlaying && mode != MCIMode::kPaused) return false;
+  StopAndClose();
+  ShowStatus(kStopped, paths_.playingFilePath);
+  ShowIdle();
+  return true;
+}
+
+void MusicPlayer::Shutdown() {
+  CloseMovie();
+  SetTimer(0);
+  mci_.MCICommand("close");
+  mci_.CloseAll();
+}
+
+void MusicPlayer::ReleaseFile(const std::string& path) {
+  if (path.empty() || path != paths_.playingFilePath) return;
+  Stop();
+  ports_.status.SetPlayerText(kPlayerIdleText);
+}
+
+void MusicPlayer::Stop() {
+  if (paths_.playingFilePath.empty()) return;
+  const std::string path = paths_.playingFilePath;
+  cmdStop();
+  if (paths_.playingFilePath.empty()) return;
+  // Stopped at a point, or never opened: the stop button does nothing, but the file is let go.
+  CloseMovie();
+  mci_.MCICommand("close");
+  ShowIdle();
+  paths_.playingFilePath.clear();
+}
+
+void MusicPlayer::FileMoved(const std::string& from, const std::string& to) {
+  if (paths_.playFilePath == from) paths_.playFilePath = to;
+}
+
+void MusicPlayer::FileRemoved(const std::string& path) {
+  ReleaseFile(path);
+  FileMoved(path, {});
+}
+
+void MusicPlayer::StopAndClose() {
+  mci_.MCICommand("stop");
+  mci_.MCICommand("close");
+}
+
+void MusicPlayer::ShowIdle() {
+  SetTimer(0);
+  ports_.panel.SetButton(PlayButton::kPlay);
+  SetPosition(0);
+  SetTime(kIdleTime);
+}
+
+void MusicPlayer::ShowTime(std::int32_t position) {
+  SetTime(TimeText(position, length_));
+}
+
+void MusicPlayer::SetTimer(int interval) {
+  interval_ = interval;
+  ports_.panel.SetTimer(interval);
+}
+
+void MusicPlayer::SetPosition(std::int32_t position) {
+  position_ = position;
+  ports_.panel.SetPosition(position);
+  if (movieShown_ && !sliderSeeking_) ports_.movie.SetPosition(position);
+}
+
+void MusicPlayer::SetTime(std::string text) {
+  time_ = std::move(text);
+  ports_.panel.SetTime(time_);
+  if (movieShown_) ports_.movie.SetTime(" " + time_);
+}
+
+void MusicPlayer::ShowStatus(const char* state, const std::string& path) {
+  ports_.status.SetPlayerText(state + std::string(FileName(path, style_)));
+}
+
+}  // namespace quillon

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "app/settings/OptionValues.h"
+#include "base/Ports.h"
+#include "filelist/FileList.h"
+#include "filelist/WindowPorts.h"
+#include "player/PlayerPorts.h"
+#include "player/basMCIControl.h"
+
+namespace quillon {
+
+/// The player of the listed files. Events of its controls and ticks of its timer come in, commands to the device and
+/// what the controls show go out. Times are milliseconds.
+///
+/// | state              | PlayingFilePath | device    | timer |
+/// |--------------------|-----------------|-----------|-------|
+/// | idle               | empty           | closed    | 0     |
+/// | playing            | the file        | "playing" | 50    |
+/// | paused             | the file        | "paused"  | 0     |
+/// | stopped at a point | the file        | "stopped" | 0     |
+class MusicPlayer final : public PlayerControl, public PlayTimes {
+ public:
+  struct Ports {
+    CommandDevice& device;
+    FileReads& files;
+    PlayerPanel& panel;
+    MovieWindow& movie;
+    StatusPanels& status;
+    MessageBoxes& boxes;
+    WindowState& window;
+    /// The shell's verb "Open"; see OpenWithShell.
+    std::function<int(const std::string& target)> openWithShell;
+  };
+
+  MusicPlayer(const FileList& list, const OptionValues& options, Ports ports, PathStyle style = SystemPathStyle());
+  MusicPlayer(const MusicPlayer&) = delete;
+  MusicPlayer& operator=(const MusicPlayer&) = delete;
+  ~MusicPlayer() override = default;
+
+  // Events of the controls.
+  void cmdPlay();
+  void cmdStop();
+  /// Plays the chosen file from its beginning.
+  void mnuPlay();
+  void timMCIChecker();
+
+  // The position sliders of both windows. `value` is the moved slider's.
+  void SliderPressed() { sliderSeeking_ = true; }
+  /// The text beside the thumb.
+  [[nodiscard]] static std::string SliderTip(std::int32_t value);
+  void SliderReleased(std::int32_t value);
+  [[nodiscard]] bool SliderSeeking() const { return sliderSeeking_; }
+
+  // The movie window.
+  [[nodiscard]] basMCIControl& Device() { return mci_; }
+  [[nodiscard]] bool IsPlaying() { return mci_.Mode() == MCIMode::kPlaying; }
+  /// The pop-up menu's own mnuPlay: pauses, or goes on.
+  void MoviePlay();
+  /// The user has closed it.
+  void MovieClosed();
+  [[nodiscard]] std::int32_t Length() const { return length_; }
+  [[nodiscard]] std::int32_t Position() const { return position_; }
+  [[nodiscard]] const std::string& Time() const { return time_; }
+
+  /// Closes everything that the process opened, before it ends.
+  void Shutdown();
+
+  [[nodiscard]] const PlayerPaths& Paths() const { return paths_; }
+
+  // PlayerControl
+  void ReleaseFile(const std::string& path) override;
+  void Stop() override;
+  void Choose(const std::string& path) override { paths_.playFilePath = path; }
+  void FileMoved(const std::string& from, const std::string& to) override;
+  void FileRemoved(const std::string& path) override;
+
+  // PlayTimes
+  [[nodiscard]] std::int32_t LengthOfChosenFile() override { return mci_.MCIFileLength(); }
+
+ private:
+  void Pause();
+  void Resume();
+  [[nodiscard]] bool StartChosen();
+  void Recover();
+  /// False when the tick goes on.
+  [[nodiscard]] bool FileEnded();
+  void PlayNext();
+  [[nodiscard]] int NextPlayableRow() const;
+  void CloseMovie();
+  bool MovieUnloaded();
+  void StopAndClose();
+  void ShowIdle();
+  void ShowTime(std::int32_t position);
+  void SetTimer(int interval);
+  void SetPosition(std::int32_t position);
+  void SetTime(std::string text);
+  void ShowStatus(const char* state, const std::string& path);
+
+  const FileList& list_;
+  const OptionValues& options_;
+  Ports ports_;
+  PathStyle style_;
+  PlayerPaths paths_;
+  basMCIControl mci_;
+  std::int32_t length_ = 0;
+  std::int32_t position_ = 0;
+  std::string time_ = kIdleTime;
+  int interval_ = 0;
+  bool sliderSeeking_ = false;
+  bool movieShown_ = false;
+};
+
+/// Two times as lblTime shows them, "mm:ss / mm:ss": whole seconds, halves to even; minutes go on beyond 99.
+[[nodiscard]] std::string TimeText(std::int32_t elapsed, std::int32_t total);
+
+}  // namespace quillon

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// What the player asks of its windows. Times are milliseconds.
+namespace quillon {
+
+enum class PlayButton { kPlay, kPause };
+
+inline constexpr const char* kIdleTime = "00:00 / 00:00";
+
+/// The player's controls in the main window: they show what they are told, and keep nothing.
+class PlayerPanel {
+ public:
+  virtual ~PlayerPanel() = default;
+  /// The symbol on cmdPlay.
+  virtual void SetButton(PlayButton button) = 0;
+  /// How often timMCIChecker ticks; 0 ends it.
+  virtual void SetTimer(int interval) = 0;
+  /// The maximum and the value of sldPosition.
+  virtual void SetLength(std::int32_t length) = 0;
+  virtual void SetPosition(std::int32_t position) = 0;
+  /// lblTime.
+  virtual void SetTime(const std::string& text) = 0;
+};
+
+/// The window that shows a playing file's picture, frmMoviePlayer. There is at most one.
+class MovieWindow {
+ public:
+  virtual ~MovieWindow() = default;
+  /// Opens the window for the file that is open; false when it has no picture that can be shown.
+  [[nodiscard]] virtual bool Show() = 0;
+  /// Takes it from the screen, without a word to the player.
+  virtual void Close() = 0;
+  /// Its slider and label follow the main window's.
+  virtual void SetPosition(std::int32_t position) = 0;
+  virtual void SetTime(const std::string& text) = 0;
+};
+
+}  // namespace quillon

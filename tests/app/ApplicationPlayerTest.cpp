@@ -1,0 +1,206 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/ApplicationFixture.h"
+
+namespace quillon {
+namespace {
+
+using enum Command;
+using test::ApplicationFixture;
+using Texts = std::vector<std::string>;
+
+constexpr const char* kIdle = "プレイヤー待機中...";
+
+/// A program with three files, all of which the device can play for ten seconds.
+struct PlayingFixture : ApplicationFixture {
+  explicit PlayingFixture(const OptionValues& options = Options()) : ApplicationFixture(options) {
+    Load({"a.mp3", "b.mid", "c.wav"});
+    for (int row = 1; row <= app.List().Count(); ++row) device.AddFile(app.List().Row(row).location, 10000);
+  }
+
+  /// A double click.
+  void Activate(int row) {
+    Select({row});
+    app.RowActivated(row);
+  }
+
+  [[nodiscard]] std::string Playing() const { return device.OpenFile("mci"); }
+  [[nodiscard]] std::string At(const char* name) const { return folder.At(name); }
+};
+
+TEST(Playing, ADoubleClickPlaysTheRowInPlaceOfWhatPlays) {
+  PlayingFixture f;
+  f.Activate(1);
+  EXPECT_EQ(f.Playing(), f.At("a.mp3"));
+  EXPECT_EQ(f.LastPanel("player"), "再生中： a.mp3");
+  f.Activate(2);
+  EXPECT_EQ(f.Playing(), f.At("b.mid"));
+  EXPECT_EQ(f.LastPanel("player"), "再生中： b.mid");
+  EXPECT_EQ(f.Log().StartingWith("shell"), Texts());
+}
+
+TEST(Playing, TheCommandPlaysTheSelectedRow) {
+  PlayingFixture f;
+  f.Select({3});
+  f.app.Execute(mnuPlay);
+  EXPECT_EQ(f.Playing(), f.At("c.wav"));
+}
+
+TEST(Playing, AnotherSelectionLeavesThePlayersTextAlone) {
+  PlayingFixture f;
+  f.Activate(1);
+  f.Select({2});
+  EXPECT_EQ(f.LastPanel("player"), "再生中： a.mp3");
+  f.app.Player().cmdStop();
+  EXPECT_EQ(f.LastPanel("player"), "停止： a.mp3");
+  f.Select({3});
+  EXPECT_EQ(f.LastPanel("player"), "選択： c.wav");
+}
+
+TEST(Playing, TheButtonWorksWithoutASelectionToo) {
+  PlayingFixture f;
+  f.Activate(1);
+  f.Select({});
+  f.app.Player().cmdPlay();
+  EXPECT_EQ(f.LastPanel("player"), "一時停止： a.mp3");
+}
+
+TEST(Playing, ApplyingANameReleasesTheFileAndTheRenamedOneCanBePlayed) {
+  PlayingFixture f;
+  f.Activate(1);
+  f.app.List().SetRenameName(1, "new");
+  f.app.Execute(mnuThisUpdate);
+  EXPECT_EQ(f.Playing(), "");
+  EXPECT_TRUE(f.folder.Exists("new.mp3"));
+  EXPECT_TRUE(f.Log().Has("panel player: " + std::string(kIdle)));
+  f.device.AddFile(f.At("new.mp3"), 10000);
+  f.app.Player().cmdPlay();
+  EXPECT_EQ(f.Playing(), f.At("new.mp3"));
+}
+
+TEST(Playing, ApplyingReleasesTheFileEvenWhenTheNameCannotBeUsed) {
+  PlayingFixture f;
+  f.Activate(1);
+  f.app.List().SetRenameName(1, "a:b");
+  f.app.Execute(mnuThisUpdate);
+  EXPECT_EQ(f.Playing(), "");
+}
+
+TEST(Playing, ABatchReleasesTheFileThatItRenames) {
+  OptionValues options = ApplicationFixture::Options();
+  options.system.msgbox = 1;
+  PlayingFixture f(options);
+  f.Activate(2);
+  f.app.List().SetRenameName(2, "new");
+  f.app.List().SetChecked(1, true);
+  f.app.Execute(mnuUpdate);
+  EXPECT_EQ(f.Playing(), f.At("b.mid")) << "its row is not checked";
+  f.app.Execute(mnuAllUpdate);
+  EXPECT_EQ(f.Playing(), "");
+  EXPECT_TRUE(f.folder.Exists("new.mid"));
+}
+
+TEST(Playing, DeletingStopsFirst) {
+  PlayingFixture f;
+  f.Activate(1);
+  f.app.Execute(mnuThisDel);
+  EXPECT_EQ(f.Playing(), "");
+  EXPECT_FALSE(f.folder.Exists("a.mp3"));
+  EXPECT_EQ(f.app.Player().Paths().playFilePath, "");
+  EXPECT_EQ(f.LastPanel("player"), kIdle);
+}
+
+TEST(Playing, AMovedFileIsReleasedAndPlaysFromItsNewPlace) {
+  PlayingFixture f;
+  f.Activate(1);
+  const std::string target = f.home.MakeFolder("target");
+  f.ports.folders.Answer(target);
+  f.app.Execute(mnuThisMove);
+  EXPECT_EQ(f.Playing(), "");
+  f.device.AddFile(target + "a.mp3", 10000);
+  f.app.Player().cmdPlay();
+  EXPECT_EQ(f.Playing(), target + "a.mp3");
+}
+
+TEST(Playing, TakingTheRowOutOfTheListStops) {
+  for (const Command command : {mnuThisListDel, mnuUnChkListRem}) {
+    PlayingFixture f;
+    f.Activate(1);
+    f.app.Execute(command);
+    EXPECT_EQ(f.Playing(), "");
+    EXPECT_EQ(f.app.Player().Paths().playFilePath, "");
+    EXPECT_EQ(f.LastPanel("player"), kIdle);
+  }
+}
+
+TEST(Playing, ClearingTheListStops) {
+  PlayingFixture f;
+  f.Activate(1);
+  f.ports.boxes.Answer(true);
+  f.app.Execute(mnuAllClear);
+  EXPECT_EQ(f.Playing(), "");
+  f.app.Player().cmdPlay();
+  EXPECT_EQ(f.Log().Events().back().rfind("box [プレイヤー] 再生するファイルを指定してください", 0), 0u);
+}
+
+TEST(Playing, ReloadingStopsAndTheFileStaysChosen) {
+  PlayingFixture f;
+  f.Activate(1);
+  f.ports.boxes.Answer(true);
+  f.app.Execute(mnuReload);
+  EXPECT_EQ(f.Playing(), "");
+  EXPECT_EQ(f.app.Player().Paths().playFilePath, f.At("a.mp3"));
+}
+
+TEST(Playing, LoadingIntoAListThatIsClearedFirstStops) {
+  OptionValues options = ApplicationFixture::Options();
+  options.list.loadRemove = 1;
+  PlayingFixture f(options);
+  f.Activate(1);
+  f.home.Write("other/d.mp3");
+  f.ports.folders.Answer(f.home.At("other/"));
+  f.app.Execute(mnuFolderReference);
+  EXPECT_EQ(f.app.List().Count(), 1);
+  EXPECT_EQ(f.Playing(), "");
+}
+
+TEST(Playing, GoesOnThroughTheListWhenTheSettingSaysSo) {
+  OptionValues options = ApplicationFixture::Options();
+  options.player.allPlay = 1;
+  PlayingFixture f(options);
+  f.Activate(3);
+  f.device.Pass(10000);
+  f.app.Player().timMCIChecker();
+  EXPECT_EQ(f.Playing(), f.At("a.mp3")) << "behind the last comes the first";
+}
+
+TEST(PlayTime, IsShownForTheSelectedRowAndDisturbsNothing) {
+  OptionValues options = ApplicationFixture::Options();
+  options.system.loadTime = 1;
+  PlayingFixture f(options);
+  f.Activate(1);
+  f.device.Pass(1000);
+  f.device.AddFile(f.At("b.mid"), 185000);
+  f.device.TakeSent();
+  f.Select({2});
+  EXPECT_TRUE(f.information.summary.ends_with(" / 演奏時間： 3:05")) << f.information.summary;
+  EXPECT_EQ(f.device.TakeSent(),
+            Texts({"Open \"" + f.At("b.mid") + "\" alias MCILENGTH", "set MCILENGTH time format milliseconds",
+                   "status MCILENGTH length", "Close MCILENGTH"}));
+  EXPECT_EQ(f.Playing(), f.At("a.mp3"));
+  EXPECT_EQ(f.device.Send("status mci mode", 16).text, "playing");
+}
+
+TEST(PlayTime, IsNotAskedForUnlessTheSettingSaysSo) {
+  PlayingFixture f;
+  f.device.TakeSent();
+  f.Select({2});
+  EXPECT_EQ(f.device.TakeSent(), Texts());
+}
+
+}  // namespace
+}  // namespace quillon

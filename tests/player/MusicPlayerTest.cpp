@@ -1,0 +1,616 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "player/MusicPlayer.h"
+#include "player/PlayerRecorders.h"
+#include "support/FakeDevice.h"
+#include "support/MemoryFileSystem.h"
+#include "support/Recorders.h"
+#include "support/Rows.h"
+
+namespace quillon {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr const char* kIdle = "panel player: プレイヤー待機中...";
+constexpr const char* kCannotPlay =
+    "box [プレイヤー] "
+    "指定されたファイルは再生できません\\r\\nこのファイルはサポートされていないか、壊れている可能性があります";
+
+class MusicPlayerTest : public testing::Test {
+ protected:
+  MusicPlayerTest() {
+    AddRow("/m/a.mp3", "MP3", 4000);
+    AddRow("/m/page.html", "HTML", 0);
+    AddRow("/m/b.mid", "MIDI", 185000);
+    AddRow("/m/clip.avi", "AVI", 9000, "320 240");
+  }
+
+  void AddRow(const std::string& path, const std::string& type, std::int32_t length, const std::string& picture = {}) {
+    FileItem row = test::RowFor(path, PathStyle::kLinux);
+    row.type = type;
+    list.Add(row);
+    files.AddFile(path, "x");
+    if (length > 0) device.AddFile(path, length, picture);
+  }
+
+  /// What a click on the row does.
+  void Select(int row) {
+    list.SelectOnly(row);
+    player.Choose(list.Row(row).location);
+  }
+
+  void Start(int row) {
+    Select(row);
+    player.cmdPlay();
+    ports.log.Clear();
+    device.TakeSent();
+  }
+
+  /// Time passes, and the timer ticks as the window's does.
+  void Pass(std::int32_t milliseconds) {
+    for (std::int32_t passed = 0; passed < milliseconds; passed += 50) {
+      device.Pass(50);
+      if (panel.interval != 0) player.timMCIChecker();
+    }
+  }
+
+  std::string Mode() { return device.Send("status mci mode", 16).text; }
+  Texts Statuses() { return ports.log.StartingWith("panel player: "); }
+
+  FileList list{PathStyle::kLinux};
+  OptionValues options;
+  test::FakeDevice device;
+  test::MemoryFileSystem files{{PathStyle::kLinux, false}};
+  test::Recorders ports;
+  test::PanelControls panel;
+  test::MovieControls movie;
+  MusicPlayer player{list,
+                     options,
+                     {device, files, panel, movie, ports.panels, ports.boxes, ports.window,
+                      [this](const std::string& target) {
+                        ports.log.Add("shell opens " + target);
+                        return 42;
+                      }},
+                     PathStyle::kLinux};
+};
+
+// The play button.
+
+TEST_F(MusicPlayerTest, StartsTheChosenFile) {
+  Select(1);
+  player.cmdPlay();
+  EXPECT_EQ(device.TakeSent(),
+            Texts({"status MCI mode", "Open \"/m/a.mp3\" alias MCI", "set MCI time format milliseconds",
+                   "status MCI length", "where MCI source", "Play MCI"}));
+  EXPECT_EQ(ports.log.Events(), Texts({"pointer busy arrow", "panel player: 読み込み中... a.mp3",
+                                       "panel player: 再生中： a.mp3", "pointer normal"}));
+  EXPECT_EQ(panel.button, PlayButton::kPause);
+  EXPECT_EQ(panel.interval, 50);
+  EXPECT_EQ(panel.length, 4000);
+  EXPECT_EQ(player.Paths().playingFilePath, "/m/a.mp3");
+  EXPECT_FALSE(movie.open);
+}
+
+TEST_F(MusicPlayerTest, PausesAndGoesOn) {
+  Start(1);
+  Pass(1000);
+  device.TakeSent();
+  player.cmdPlay();
+  EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "Pause MCI"}));
+  EXPECT_EQ(Statuses().back(), "panel player: 一時停止： a.mp3");
+  EXPECT_EQ(panel.button, PlayButton::kPlay);
+  EXPECT_EQ(panel.interval, 0);
+  player.cmdPlay();
+  EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "Play MCI"}));
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： a.mp3");
+  EXPECT_EQ(panel.button, PlayButton::kPause);
+  EXPECT_EQ(panel.interval, 50);
+}
+
+TEST_F(MusicPlayerTest, PausingNamesTheFileThatPlaysNotTheOneChosenMeanwhile) {
+  Start(1);
+  Select(3);
+  player.cmdPlay();
+  EXPECT_EQ(Statuses().back(), "panel player: 一時停止： a.mp3");
+  player.cmdPlay();
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： a.mp3");
+}
+
+TEST_F(MusicPlayerTest, OpensARowOfAnotherKindWithTheShellAndLeavesThePlayerAsItWas) {
+  Start(1);
+  Select(2);
+  player.cmdPlay();
+  EXPECT_EQ(ports.log.Events(), Texts({"shell opens /m/page.html"}));
+  EXPECT_EQ(device.TakeSent(), Texts());
+  EXPECT_EQ(panel.interval, 50);
+}
+
+TEST_F(MusicPlayerTest, AsksForAFileWhenNoneIsChosen) {
+  player.cmdPlay();
+  EXPECT_EQ(ports.log.Events(), Texts({"box [プレイヤー] 再生するファイルを指定してください (exclamation, ok)"}));
+  EXPECT_EQ(device.TakeSent(), Texts());
+}
+
+TEST_F(MusicPlayerTest, AFileThatIsGoneShowsPlayingAndStaysSilent) {
+  ASSERT_FALSE(files.Remove("/m/a.mp3"));
+  Select(1);
+  player.cmdPlay();
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： a.mp3");
+  EXPECT_EQ(panel.length, 0);
+  EXPECT_EQ(panel.interval, 50);
+  Pass(200);
+  EXPECT_EQ(panel.interval, 50) << "the mode never reads stopped";
+  player.cmdStop();
+  EXPECT_EQ(panel.interval, 50) << "the stop button does nothing";
+  Select(3);
+  player.cmdPlay();
+  EXPECT_EQ(device.OpenFile("mci"), "/m/b.mid") << "another file starts";
+}
+
+// Recovery.
+
+TEST_F(MusicPlayerTest, RecoversFromALengthThatIsNoTime) {
+  device.scripted["status mci length"] = "99999999999";
+  Select(1);
+  player.cmdPlay();
+  EXPECT_EQ(ports.log.Events().back().rfind(kCannotPlay, 0), 0u) << ports.log.Events().back();
+  EXPECT_NE(ports.log.Events().back().find("stop"), std::string::npos);
+  EXPECT_TRUE(ports.log.Has(kIdle));
+  EXPECT_TRUE(ports.log.Has("pointer normal"));
+  EXPECT_EQ(device.OpenFile("mci"), "");
+  EXPECT_EQ(player.Paths().playFilePath, "");
+  EXPECT_EQ(player.Paths().playingFilePath, "");
+  EXPECT_EQ(panel.interval, 0);
+  EXPECT_EQ(panel.button, PlayButton::kPlay);
+  EXPECT_EQ(panel.position, 0);
+  EXPECT_EQ(panel.time, "00:00 / 00:00");
+}
+
+TEST_F(MusicPlayerTest, RecoversFromAPictureThatCannotBeShown) {
+  movie.canShow = false;
+  Select(4);
+  player.cmdPlay();
+  EXPECT_EQ(ports.log.Events().back().rfind(kCannotPlay, 0), 0u) << ports.log.Events().back();
+  EXPECT_EQ(device.OpenFile("mci"), "");
+  EXPECT_FALSE(movie.open);
+}
+
+// The stop button.
+
+TEST_F(MusicPlayerTest, StopsWhatPlays) {
+  Start(1);
+  Pass(1000);
+  device.TakeSent();
+  player.cmdStop();
+  EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "Stop MCI", "Close MCI"}));
+  EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3");
+  EXPECT_EQ(panel.interval, 0);
+  EXPECT_EQ(panel.position, 0);
+  EXPECT_EQ(panel.time, "00:00 / 00:00");
+  EXPECT_EQ(panel.button, PlayButton::kPlay);
+  EXPECT_EQ(player.Paths().playingFilePath, "");
+}
+
+TEST_F(MusicPlayerTest, StopsWhatIsPaused) {
+  Start(1);
+  player.cmdPlay();
+  player.cmdStop();
+  EXPECT_EQ(device.OpenFile("mci"), "");
+  EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3");
+}
+
+TEST_F(MusicPlayerTest, StoppingDoesNothingWhileNothingPlays) {
+  player.cmdStop();
+  EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode"}));
+  EXPECT_EQ(ports.log.Events(), Texts());
+}
+
+// The menu's play.
+
+TEST_F(MusicPlayerTest, TheMenuStartsTheChosenFileFromItsBeginning) {
+  Start(1);
+  Pass(1000);
+  player.mnuPlay();
+  EXPECT_EQ(Mode(), "playing");
+  EXPECT_EQ(device.Send("status mci position", 16).text, "0");
+  Pass(500);
+  Select(3);
+  player.mnuPlay();
+  EXPECT_EQ(device.OpenFile("mci"), "/m/b.mid");
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： b.mid");
+}
+
+TEST_F(MusicPlayerTest, TheMenuStartsFromTheBeginningAlsoWhenStoppedAtAPoint) {
+  Start(1);
+  player.cmdPlay();
+  player.SliderPressed();
+  player.SliderReleased(3000);
+  player.mnuPlay();
+  EXPECT_EQ(Mode(), "playing");
+  EXPECT_EQ(device.Send("status mci position", 16).text, "0");
+}
+
+// The timer.
+
+TEST_F(MusicPlayerTest, ATickMovesSliderAndLabel) {
+  Start(3);
+  device.Pass(61500);
+  player.timMCIChecker();
+  EXPECT_EQ(panel.position, 61500);
+  EXPECT_EQ(panel.time, "01:02 / 03:05");
+}
+
+TEST_F(MusicPlayerTest, ATickThatWaitedWhileThePauseCameDoesNothing) {
+  Start(1);
+  Pass(1000);
+  player.cmdPlay();
+  device.TakeSent();
+  device.Pass(50);
+  player.timMCIChecker();
+  EXPECT_EQ(device.TakeSent(), Texts());
+}
+
+TEST_F(MusicPlayerTest, TheSliderIsTheUsersWhileItIsHeldAndTheLabelGoesOn) {
+  Start(1);
+  Pass(1000);
+  player.SliderPressed();
+  Pass(1000);
+  EXPECT_EQ(panel.position, 1000);
+  EXPECT_EQ(panel.time, "00:02 / 00:04");
+}
+
+TEST_F(MusicPlayerTest, StopsAtTheEnd) {
+  Start(1);
+  Pass(3950);
+  device.TakeSent();
+  Pass(50);
+  EXPECT_EQ(device.TakeSent(),
+            Texts({"status MCI mode", "Stop MCI", "Close MCI", "set MCI time format milliseconds",
+                   "status MCI position", "set MCI time format milliseconds", "status MCI position"}));
+  EXPECT_EQ(panel.interval, 0);
+  EXPECT_EQ(panel.button, PlayButton::kPlay);
+  EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3");
+  EXPECT_EQ(player.Paths().playingFilePath, "");
+  EXPECT_EQ(panel.position, 0);
+  EXPECT_EQ(panel.time, "00:00 / 00:04");
+}
+
+TEST_F(MusicPlayerTest, RepeatsAtTheEnd) {
+  options.player.repeat = 1;
+  options.player.allPlay = 1;
+  Start(1);
+  Pass(3950);
+  const std::string label = panel.time;
+  device.TakeSent();
+  Pass(50);
+  EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "Seek MCI to Start", "Play MCI"}));
+  EXPECT_EQ(panel.time, label) << "not in this tick";
+  EXPECT_EQ(panel.interval, 50);
+  Pass(1000);
+  EXPECT_EQ(panel.position, 1000);
+}
+
+TEST_F(MusicPlayerTest, DoesNotRepeatWhileTheSliderIsHeld) {
+  options.player.repeat = 1;
+  Start(1);
+  player.SliderPressed();
+  Pass(4500);
+  EXPECT_EQ(Mode(), "stopped");
+  player.SliderReleased(2000);
+  EXPECT_EQ(Mode(), "stopped") << "the release found neither playing nor paused";
+  EXPECT_EQ(device.Send("status mci position", 16).text, "2000");
+}
+
+// Continuous play.
+
+TEST_F(MusicPlayerTest, PlaysTheNextPlayableRowAndStartsOverBehindTheLast) {
+  options.player.allPlay = 1;
+  Start(1);
+  Pass(4000);
+  EXPECT_EQ(device.OpenFile("mci"), "/m/b.mid") << "past the page";
+  EXPECT_EQ(player.Paths().playFilePath, "/m/b.mid");
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： b.mid");
+  Pass(185000);
+  EXPECT_EQ(device.OpenFile("mci"), "/m/clip.avi");
+  EXPECT_TRUE(movie.open);
+  Pass(9000);
+  EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3");
+  EXPECT_FALSE(movie.open);
+  EXPECT_EQ(panel.interval, 50);
+}
+
+TEST_F(MusicPlayerTest, PlaysTheOnlyPlayableRowAgain) {
+  options.player.allPlay = 1;
+  list.RemoveWhere([](int index, const FileItem&) { return index > 2; });
+  Start(1);
+  Pass(4000);
+  EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3");
+  EXPECT_EQ(Mode(), "playing");
+  EXPECT_EQ(device.Send("status mci position", 16).text, "0");
+}
+
+TEST_F(MusicPlayerTest, GoesOnWithTheFirstRowWhenThePlayingOneIsGone) {
+  options.player.allPlay = 1;
+  Start(3);
+  list.RemoveWhere([](int index, const FileItem&) { return index == 3; });
+  Pass(185000);
+  EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3");
+}
+
+TEST_F(MusicPlayerTest, OpensACurrentRowOfAnotherKindInsteadOfTheNextFile) {
+  options.player.allPlay = 1;
+  Start(1);
+  list.SelectOnly(2);
+  Pass(4000);
+  EXPECT_TRUE(ports.log.Has("shell opens /m/page.html"));
+  EXPECT_EQ(device.OpenFile("mci"), "");
+  EXPECT_EQ(panel.interval, 0);
+  EXPECT_EQ(panel.button, PlayButton::kPlay);
+  EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3");
+}
+
+TEST_F(MusicPlayerTest, EndsWhenTheListHasNothingToPlayAnyMore) {
+  options.player.allPlay = 1;
+  for (const bool empty : {false, true}) {
+    MusicPlayerTest::list.SelectNone();
+    Start(1);
+    list.RemoveWhere([empty](int index, const FileItem&) { return empty || index != 2; });
+    Pass(4000);
+    EXPECT_EQ(panel.interval, 0);
+    EXPECT_EQ(panel.button, PlayButton::kPlay);
+    EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3");
+    list.Clear();
+    AddRow("/m/a.mp3", "MP3", 4000);
+  }
+}
+
+// The slider.
+
+TEST_F(MusicPlayerTest, ReleasedWhilePlayingItGoesOnFromThere) {
+  Start(1);
+  Pass(500);
+  player.SliderPressed();
+  EXPECT_TRUE(player.SliderSeeking());
+  device.TakeSent();
+  player.SliderReleased(3000);
+  EXPECT_EQ(device.TakeSent(),
+            Texts({"status MCI mode", "set MCI time format milliseconds", "seek MCI to 3000", "Play MCI"}));
+  EXPECT_FALSE(player.SliderSeeking());
+  EXPECT_EQ(Mode(), "playing");
+  Pass(500);
+  EXPECT_EQ(panel.position, 3500);
+}
+
+TEST_F(MusicPlayerTest, ReleasedWhilePausedItIsStoppedThereAndPlayGoesOn) {
+  Start(1);
+  player.cmdPlay();
+  player.SliderPressed();
+  device.TakeSent();
+  player.SliderReleased(3000);
+  EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "set MCI time format milliseconds", "seek MCI to 3000"}));
+  EXPECT_EQ(Mode(), "stopped");
+  player.cmdStop();
+  EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3") << "the stop button does nothing";
+  player.cmdPlay();
+  EXPECT_EQ(Mode(), "playing");
+  EXPECT_EQ(device.Send("status mci position", 16).text, "3000");
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： a.mp3");
+}
+
+TEST_F(MusicPlayerTest, StoppedAtAPointAnotherChosenFileIsPlayedUnderItsOwnName) {
+  Start(4);
+  player.cmdPlay();
+  player.SliderPressed();
+  player.SliderReleased(3000);
+  Select(3);
+  player.cmdPlay();
+  EXPECT_EQ(device.OpenFile("mci"), "/m/b.mid");
+  EXPECT_EQ(player.Paths().playingFilePath, "/m/b.mid");
+  EXPECT_FALSE(movie.open);
+}
+
+TEST_F(MusicPlayerTest, ReleasedInAnyOtherModeTheLabelFollows) {
+  Start(3);
+  player.cmdPlay();
+  player.SliderReleased(1000);
+  device.TakeSent();
+  player.SliderReleased(61500);
+  EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "set MCI time format milliseconds", "seek MCI to 61500"}));
+  EXPECT_EQ(panel.time, "01:02 / 03:05");
+}
+
+TEST_F(MusicPlayerTest, ASliderMovedInTheMovieWindowMovesTheMainOne) {
+  Start(4);
+  player.cmdPlay();
+  player.SliderPressed();
+  player.SliderReleased(3000);
+  EXPECT_EQ(panel.position, 3000);
+  EXPECT_EQ(movie.position, 3000);
+}
+
+// Times.
+
+TEST(TimeText, IsMinutesAndSecondsWithHalvesToEven) {
+  EXPECT_EQ(TimeText(0, 0), "00:00 / 00:00");
+  EXPECT_EQ(TimeText(1500, 2500), "00:02 / 00:02");
+  EXPECT_EQ(TimeText(500, 3500), "00:00 / 00:04");
+  EXPECT_EQ(TimeText(59500, 59499), "01:00 / 00:59");
+  EXPECT_EQ(TimeText(5405000, 6000000), "90:05 / 100:00");
+  EXPECT_EQ(TimeText(2147483647, -61000), "35791:24 / 01:01");
+}
+
+TEST(SliderTip, IsThePositionAlone) {
+  EXPECT_EQ(MusicPlayer::SliderTip(0), "00:00");
+  EXPECT_EQ(MusicPlayer::SliderTip(61500), "01:02");
+  EXPECT_EQ(MusicPlayer::SliderTip(6000000), "100:00");
+}
+
+// The movie window.
+
+TEST_F(MusicPlayerTest, APictureOpensTheMovieWindowBeforeItPlays) {
+  Select(4);
+  player.cmdPlay();
+  EXPECT_TRUE(movie.open);
+  EXPECT_EQ(player.Length(), 9000);
+  Pass(1000);
+  EXPECT_EQ(movie.position, 1000);
+  EXPECT_EQ(movie.time, " 00:01 / 00:09");
+}
+
+TEST_F(MusicPlayerTest, TheMovieWindowsSliderIsTheUsersWhileItIsHeld) {
+  Start(4);
+  Pass(1000);
+  player.SliderPressed();
+  Pass(1000);
+  EXPECT_EQ(movie.position, 1000);
+  EXPECT_EQ(movie.time, " 00:02 / 00:09");
+}
+
+TEST_F(MusicPlayerTest, StopAndEndCloseTheMovieWindow) {
+  Start(4);
+  player.cmdStop();
+  EXPECT_FALSE(movie.open);
+  EXPECT_EQ(Statuses().back(), "panel player: 停止： clip.avi");
+  EXPECT_EQ(player.Paths().playingFilePath, "");
+  Start(4);
+  Pass(9000);
+  EXPECT_FALSE(movie.open);
+  EXPECT_EQ(device.OpenFile("mci"), "");
+}
+
+TEST_F(MusicPlayerTest, TheMovieWindowPausesAndGoesOn) {
+  Start(4);
+  EXPECT_TRUE(player.IsPlaying());
+  player.MoviePlay();
+  EXPECT_FALSE(player.IsPlaying());
+  EXPECT_EQ(Mode(), "paused");
+  EXPECT_EQ(Statuses().back(), "panel player: 一時停止： clip.avi");
+  EXPECT_EQ(panel.button, PlayButton::kPlay);
+  EXPECT_EQ(panel.interval, 0);
+  player.MoviePlay();
+  EXPECT_EQ(Mode(), "playing");
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： clip.avi");
+  EXPECT_EQ(panel.button, PlayButton::kPause);
+  EXPECT_EQ(panel.interval, 50);
+}
+
+TEST_F(MusicPlayerTest, ClosingTheMovieWindowStopsPlayback) {
+  for (const bool paused : {false, true}) {
+    Start(4);
+    Pass(1000);
+    if (paused) player.cmdPlay();
+    device.TakeSent();
+    player.MovieClosed();
+    EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "Stop MCI", "Close MCI"}));
+    EXPECT_EQ(Statuses().back(), "panel player: 停止： clip.avi");
+    EXPECT_EQ(panel.interval, 0);
+    EXPECT_EQ(panel.time, "00:00 / 00:00");
+    EXPECT_EQ(panel.button, PlayButton::kPlay);
+    EXPECT_EQ(player.Paths().playingFilePath, "");
+  }
+}
+
+TEST_F(MusicPlayerTest, AMovieWindowClosedWhileStoppedAtAPointComesBackWithPlay) {
+  Start(4);
+  player.cmdPlay();
+  player.SliderReleased(3000);
+  player.MovieClosed();
+  EXPECT_EQ(device.OpenFile("mci"), "/m/clip.avi");
+  player.cmdPlay();
+  EXPECT_EQ(movie.shown, 2);
+  EXPECT_EQ(device.Send("status mci position", 16).text, "3000");
+}
+
+// What the list's commands need.
+
+TEST_F(MusicPlayerTest, LetsGoOfTheFileItPlaysOrHasPaused) {
+  for (const bool paused : {false, true}) {
+    Start(4);
+    Pass(1000);
+    if (paused) player.cmdPlay();
+    player.ReleaseFile("/m/clip.avi");
+    EXPECT_EQ(device.OpenFile("mci"), "");
+    EXPECT_FALSE(movie.open);
+    EXPECT_EQ(panel.interval, 0);
+    EXPECT_EQ(panel.position, 0);
+    EXPECT_EQ(panel.time, "00:00 / 00:00");
+    EXPECT_EQ(panel.button, PlayButton::kPlay);
+    EXPECT_EQ(player.Paths().playingFilePath, "");
+    EXPECT_TRUE(ports.log.Has("panel player: 停止： clip.avi"));
+    EXPECT_EQ(Statuses().back(), kIdle);
+  }
+}
+
+TEST_F(MusicPlayerTest, LetsGoOfAFileStoppedAtAPoint) {
+  Start(1);
+  player.cmdPlay();
+  player.SliderReleased(3000);
+  player.ReleaseFile("/m/a.mp3");
+  EXPECT_EQ(device.OpenFile("mci"), "");
+  EXPECT_EQ(player.Paths().playingFilePath, "");
+  EXPECT_EQ(Statuses().back(), kIdle);
+}
+
+TEST_F(MusicPlayerTest, GoesOnWhenAnotherFileIsReleased) {
+  Start(1);
+  player.ReleaseFile("/m/b.mid");
+  player.FileRemoved("/m/b.mid");
+  EXPECT_EQ(Mode(), "playing");
+  EXPECT_EQ(ports.log.Events(), Texts());
+}
+
+TEST_F(MusicPlayerTest, ARenamedFileStaysChosen) {
+  Select(1);
+  player.FileMoved("/m/b.mid", "/m/c.mid");
+  EXPECT_EQ(player.Paths().playFilePath, "/m/a.mp3");
+  player.FileMoved("/m/a.mp3", "/m/new.mp3");
+  EXPECT_EQ(player.Paths().playFilePath, "/m/new.mp3");
+}
+
+TEST_F(MusicPlayerTest, ARemovedFileIsNoLongerChosen) {
+  Start(1);
+  player.FileRemoved("/m/a.mp3");
+  EXPECT_EQ(device.OpenFile("mci"), "");
+  EXPECT_EQ(player.Paths().playFilePath, "");
+  EXPECT_EQ(Statuses().back(), kIdle);
+}
+
+TEST_F(MusicPlayerTest, StopsWhateverIsLoaded) {
+  Start(1);
+  player.Stop();
+  EXPECT_EQ(device.OpenFile("mci"), "");
+  Start(1);
+  player.cmdPlay();
+  player.SliderReleased(3000);
+  player.Stop();
+  EXPECT_EQ(device.OpenFile("mci"), "");
+  ports.log.Clear();
+  device.TakeSent();
+  player.Stop();
+  EXPECT_EQ(device.TakeSent(), Texts());
+  EXPECT_EQ(ports.log.Events(), Texts());
+}
+
+TEST_F(MusicPlayerTest, ClosesEverythingAtTheEndOfTheProgram) {
+  Start(4);
+  device.TakeSent();
+  player.Shutdown();
+  EXPECT_FALSE(movie.open);
+  EXPECT_EQ(panel.interval, 0);
+  const Texts sent = device.TakeSent();
+  ASSERT_GE(sent.size(), 2u);
+  EXPECT_EQ(sent[sent.size() - 2], "Close MCI");
+  EXPECT_EQ(sent.back(), "close all");
+}
+
+TEST_F(MusicPlayerTest, TellsHowLongTheChosenFilePlays) {
+  Select(3);
+  EXPECT_EQ(player.LengthOfChosenFile(), 185000);
+}
+
+}  // namespace
+}  // namespace quillon

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "player/PlayerPorts.h"
+
+namespace quillon::test {
+
+/// The player's controls as they stand.
+struct PanelControls final : PlayerPanel {
+  void SetButton(PlayButton to) override { button = to; }
+  void SetTimer(int to) override { interval = to; }
+  void SetLength(std::int32_t to) override { length = to; }
+  void SetPosition(std::int32_t to) override { position = to; }
+  void SetTime(const std::string& to) override { time = to; }
+
+  PlayButton button = PlayButton::kPlay;
+  int interval = 0;
+  std::int32_t length = 0;
+  std::int32_t position = 0;
+  std::string time = kIdleTime;
+};
+
+/// The movie window as it stands.
+struct MovieControls final : MovieWindow {
+  bool Show() override {
+    ++shown;
+    open = canShow;
+    return canShow;
+  }
+  void Close() override { open = false; }
+  void SetPosition(std::int32_t to) override { position = to; }
+  void SetTime(const std::string& to) override { time = to; }
+
+  bool canShow = true;
+  bool open = false;
+  int shown = 0;
+  std::int32_t position = 0;
+  std::string time;
+};
+
+}  // namespace quillon::test

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Text.h"
+#include "platform/multimedia/CommandDevice.h"
+
+namespace quillon::test {
+
+/// Writes down what is sent. A command is answered by the scripted reply, in whatever letter case it stands; without
+/// one it succeeds with an empty text.
+class CommandRecorder final : public CommandDevice {
+ public:
+  CommandReply Send(const std::string& command, int replySize) override {
+    sent.push_back(command);
+    sizes.push_back(replySize);
+    const auto found = replies.find(ToLower(command));
+    return found == replies.end() ? CommandReply() : found->second;
+  }
+
+  void Answer(std::string_view command, std::string text) { replies[ToLower(command)] = {0, std::move(text)}; }
+  void Fail(std::string_view command, int error) { replies[ToLower(command)] = {error}; }
+
+  /// What has been sent since the last call.
+  std::vector<std::string> TakeSent() {
+    sizes.clear();
+    return std::exchange(sent, {});
+  }
+
+  std::vector<std::string> sent;
+  std::vector<int> sizes;
+  std::map<std::string, CommandReply, std::less<>> replies;
+};
+
+}  // namespace quillon::test
