@@ -38,6 +38,8 @@ class Nobody final : public MessageBoxes,
   void ReleaseFile(const std::string&) override {}
   void Stop() override {}
   void Choose(const std::string&) override {}
+  void FileMoved(const std::string&, const std::string&) override {}
+  void FileRemoved(const std::string&) override {}
   void Begin(const std::string&, const std::string&) override {}
   void Update(const std::string&, const std::string&) override {}
   void End() override {}

@@ -11,8 +11,15 @@ mkdir -p "$cache"
 mkdir -p -m 700 "$XDG_RUNTIME_DIR"
 wine=/usr/lib/wine/wine64
 [ -x "$wine" ] || { echo "error: $wine is missing: install wine64" >&2; exit 1; }
+make_prefix() {
+  "$wine" wineboot -i
+  # Pictures of films are black when a display without a graphics card has to draw them in three dimensions.
+  "$wine" reg add 'HKCU\Software\Wine\Direct3D' /v renderer /d gdi /f
+  # A program that crashes ends, and does not wait for somebody to press a button.
+  "$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f
+}
 if [ ! -f "$WINEPREFIX/system.reg" ]; then
-  (exec 9>"$cache/wine.lock" && flock 9 && { [ -f "$WINEPREFIX/system.reg" ] || "$wine" wineboot -i >/dev/null 2>&1; })
+  (exec 9>"$cache/wine.lock" && flock 9 && { [ -f "$WINEPREFIX/system.reg" ] || make_prefix >/dev/null 2>&1; })
   /usr/lib/wine/wineserver64 -w
 fi
 if [ "${1:-}" = --server ]; then

@@ -6,7 +6,7 @@
 
 #include "cli/Session.h"
 
-/// The four commands. Each returns the exit status.
+/// The commands. Each returns the exit status.
 namespace quillon::cli {
 
 struct ListArguments {
@@ -39,5 +39,8 @@ struct RenameArguments {
   bool json = false;
 };
 [[nodiscard]] int RunRename(const RenameArguments& arguments);
+
+/// Sends the lines of standard input to the multimedia device and writes its answers, each as soon as it is there.
+[[nodiscard]] int RunMci();
 
 }  // namespace quillon::cli

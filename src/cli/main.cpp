@@ -70,6 +70,16 @@ void AddRename(CLI::App& app, Arguments& arguments) {
   AddSelection(*command, rename.selection);
 }
 
+void AddMci(CLI::App& app) {
+  CLI::App* command =
+      app.add_subcommand("mci", "Send the command strings from standard input to the multimedia device");
+  command->footer(
+      "One command per line (Open \"song.mp3\" alias X); empty lines and lines that start with # are passed over.\n"
+      "Each is answered by a line: the reply, or \"error\" and a number.\n"
+      "Two commands are not for the device: \"wait N\" waits N milliseconds and answers nothing;\n"
+      "\"await X MODE N\" waits until X has the mode, at most N milliseconds, and answers the mode it then has.");
+}
+
 int Run(CLI::App& app, Arguments& arguments) {
   if (app.got_subcommand("list")) {
     arguments.list.selection.ownExtensions = app.get_subcommand("list")->count("--ext") > 0;
@@ -83,6 +93,7 @@ int Run(CLI::App& app, Arguments& arguments) {
     if (app.get_subcommand("modify")->count("--list-count") > 0) arguments.modify.listCount = arguments.listCount;
     return RunModify(arguments.modify);
   }
+  if (app.got_subcommand("mci")) return RunMci();
   arguments.rename.selection.ownExtensions = app.get_subcommand("rename")->count("--ext") > 0;
   return RunRename(arguments.rename);
 }
@@ -96,6 +107,7 @@ int Main(int argc, char** argv) {
   AddInfo(app, arguments);
   AddModify(app, arguments);
   AddRename(app, arguments);
+  AddMci(app);
   std::vector<std::string> words = ProgramArguments(argc, argv);
   std::reverse(words.begin(), words.end());  // the parser takes them last word first
   try {

@@ -40,6 +40,10 @@ enum class StreamResult {
 [[nodiscard]] StreamResult WriteStandardOutput(std::string_view bytes);
 [[nodiscard]] StreamResult WriteStandardError(std::string_view bytes);
 
+/// The next piece of standard input, as soon as there is one; empty at its end. What is typed at a Windows console
+/// arrives as UTF-8.
+[[nodiscard]] std::string ReadSomeStandardInput();
+
 /// All of standard input, read to its end.
 [[nodiscard]] std::string ReadStandardInput();
 

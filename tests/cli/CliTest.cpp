@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
@@ -386,6 +387,60 @@ TEST(CliUsageTest, HelpAndVersionGoToStandardOutput) {
   const ProcessResult version = Cli({"--version"});
   EXPECT_EQ(version.exitCode, 0);
   EXPECT_EQ(version.output.substr(0, 4), "1.01");
+}
+
+// mci
+
+std::string OpenLine(const std::string& path) {
+  return "Open \"" + path + "\" alias X";
+}
+
+TEST(CliMciTest, EveryCommandIsAnsweredByALine) {
+  const TempFolder folder;
+  const std::string path = folder.Write("荒城の月 1.wav", WaveFile(1000));
+  const ProcessResult result = Cli({"mci"}, OpenLine(path) +
+                                                "\nset X time format milliseconds\nstatus X length\nstatus X mode\n"
+                                                "Close X\nClose X\n");
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  const std::vector<std::string> lines = Lines(result.output);
+  ASSERT_EQ(lines.size(), 6U);
+  EXPECT_EQ(lines[0].find("error"), std::string::npos) << lines[0];
+  EXPECT_EQ(lines[1], "");
+  EXPECT_EQ(lines[2], "1000");
+  EXPECT_EQ(lines[3], "stopped");
+  EXPECT_EQ(lines[4], "");
+  EXPECT_EQ(lines[5], "error 263");
+}
+
+TEST(CliMciTest, EmptyLinesAndRemarksArePassedOver) {
+  const ProcessResult result = Cli({"mci"}, "\n# Close X\n\r\n");
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  EXPECT_EQ(result.output, "");
+}
+
+TEST(CliMciTest, LinesMayEndAsOnWindowsAndTheLastMayHaveNoEnd) {
+  EXPECT_EQ(Lines(Cli({"mci"}, "Close X\r\nClose X").output), (std::vector<std::string>{"error 263", "error 263"}));
+}
+
+TEST(CliMciTest, WaitTakesItsTimeAndAnswersNothing) {
+  const auto start = std::chrono::steady_clock::now();
+  const ProcessResult result = Cli({"mci"}, "wait 300\nClose X\n");
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(300));
+  EXPECT_EQ(result.output, "error 263\n");
+}
+
+TEST(CliMciTest, AwaitAnswersTheModeThatItEndsWith) {
+  const TempFolder folder;
+  const std::string open = OpenLine(folder.Write("a.wav", WaveFile(1000)));
+  const ProcessResult result = Cli({"mci"}, open + "\nawait X stopped 60000\nawait X playing 100\n");
+  const std::vector<std::string> lines = Lines(result.output);
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_EQ(lines[1], "stopped");
+  EXPECT_EQ(lines[2], "stopped");
+}
+
+TEST(CliMciTest, AwaitOfWhatIsNotOpenEndsAtOnce) {
+  EXPECT_EQ(Cli({"mci"}, "await X stopped 60000\n").output.rfind("error ", 0), 0U);
 }
 
 }  // namespace

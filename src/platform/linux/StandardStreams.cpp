@@ -36,15 +36,20 @@ StreamResult WriteStandardError(std::string_view bytes) {
   return WriteAll(STDERR_FILENO, bytes);
 }
 
-std::string ReadStandardInput() {
-  std::string all;
+std::string ReadSomeStandardInput() {
   std::array<char, 65536> buffer = {};
   while (!Interrupted()) {
     const ssize_t got = ::read(STDIN_FILENO, buffer.data(), buffer.size());
     if (got < 0 && errno == EINTR) continue;
     if (got <= 0) break;
-    all.append(buffer.data(), static_cast<std::size_t>(got));
+    return {buffer.data(), static_cast<std::size_t>(got)};
   }
+  return {};
+}
+
+std::string ReadStandardInput() {
+  std::string all;
+  for (std::string piece = ReadSomeStandardInput(); !piece.empty(); piece = ReadSomeStandardInput()) all += piece;
   return all;
 }
 

@@ -2,17 +2,23 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "platform/Program.h"
+#include "platform/windows/Wide.h"
 
 namespace quillon {
 namespace {
 
 constexpr std::size_t kMostAtOnce = 65536;
 
-void MakeConsoleUtf8(HANDLE stream) {
+bool IsConsole(HANDLE stream) {
   DWORD mode = 0;
-  if (::GetConsoleMode(stream, &mode)) ::SetConsoleOutputCP(CP_UTF8);
+  return ::GetConsoleMode(stream, &mode) != 0;
+}
+
+void MakeConsoleUtf8(HANDLE stream) {
+  if (IsConsole(stream)) ::SetConsoleOutputCP(CP_UTF8);
 }
 
 StreamResult WriteAll(DWORD number, std::string_view bytes) {
@@ -31,6 +37,15 @@ StreamResult WriteAll(DWORD number, std::string_view bytes) {
   return StreamResult::kWritten;
 }
 
+std::string ReadConsoleLine(HANDLE console) {
+  constexpr wchar_t kEndOfInput = L'\x1A';  // Ctrl-Z at the start of a line
+  std::vector<wchar_t> buffer(kMostAtOnce / 4);
+  DWORD got = 0;
+  if (!::ReadConsoleW(console, buffer.data(), static_cast<DWORD>(buffer.size()), &got, nullptr)) return {};
+  if (got == 0 || buffer.front() == kEndOfInput) return {};
+  return FromWide({buffer.data(), got});
+}
+
 }  // namespace
 
 StreamResult WriteStandardOutput(std::string_view bytes) {
@@ -41,15 +56,19 @@ StreamResult WriteStandardError(std::string_view bytes) {
   return WriteAll(STD_ERROR_HANDLE, bytes);
 }
 
-std::string ReadStandardInput() {
+std::string ReadSomeStandardInput() {
   HANDLE stream = ::GetStdHandle(STD_INPUT_HANDLE);
-  std::string all;
+  if (Interrupted()) return {};
+  if (IsConsole(stream)) return ReadConsoleLine(stream);
   std::array<char, kMostAtOnce> buffer = {};
   DWORD got = 0;
-  while (!Interrupted() && ::ReadFile(stream, buffer.data(), static_cast<DWORD>(buffer.size()), &got, nullptr) &&
-         got > 0) {
-    all.append(buffer.data(), got);
-  }
+  if (!::ReadFile(stream, buffer.data(), static_cast<DWORD>(buffer.size()), &got, nullptr)) return {};
+  return {buffer.data(), got};
+}
+
+std::string ReadStandardInput() {
+  std::string all;
+  for (std::string piece = ReadSomeStandardInput(); !piece.empty(); piece = ReadSomeStandardInput()) all += piece;
   return all;
 }
 

@@ -74,16 +74,31 @@ CommandReply Mode(const std::string& command, const std::string& alias) {
   if (device == 0) return SendToSystem(command);
   MCI_STATUS_PARMS status = {};
   status.dwItem = MCI_STATUS_MODE;
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): the interface passes a pointer as a number
   const MCIERROR error = mciSendCommandW(device, MCI_STATUS, MCI_STATUS_ITEM, reinterpret_cast<DWORD_PTR>(&status));
   if (error != 0) return {ErrorNumber(error)};
   return {0, NameOfMode(status.dwReturn)};
 }
 
+/// True for an AVI file whose headers describe no stream: Wine's device crashes where there is none.
+bool IsFilmWithoutStreams(const std::string& path, ByteSource& file) {
+  constexpr std::size_t kHeaders = 65536;
+  if (!ToLower(path).ends_with(".avi")) return false;
+  std::string start(kHeaders, '\0');
+  start.resize(file.ReadAt(0, start.data(), start.size()));
+  return start.find("strh") == std::string::npos;
+}
+
+/// True where the fault need not be the file's. DirectShow in Wine may wait for the rest of a broken one for ever.
+bool MayOpenOtherwise(int error) {
+  return error != command_error::kAliasInUse && error != command_error::kInvalidFile;
+}
+
 /// What the device of the extension cannot open (newer codecs in AVI, long paths) DirectShow often can.
-CommandReply Open(const std::string& command, const std::string& file) {
+CommandReply Open(const std::string& command, const std::string& path) {
+  const std::unique_ptr<ByteSource> file = OpenSystemFile(path);
+  if (file && IsFilmWithoutStreams(path, *file)) return {command_error::kInvalidFile};
   CommandReply first = SendToSystem(command);
-  if (first.error == 0 || first.error == command_error::kAliasInUse || !OpenSystemFile(file)) return first;
+  if (first.error == 0 || !file || !MayOpenOtherwise(first.error)) return first;
   CommandReply second = SendToSystem(command + " type MPEGVideo");
   return second.error == 0 ? second : first;
 }

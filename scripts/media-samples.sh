@@ -1,0 +1,35 @@
+#!/usr/bin/env bash
+# media-samples.sh FOLDER [SECONDS]: makes short films (160 by 120 pixels, colour bars and a tone) and songs in the folder,
+# three seconds each, in the forms that the player plays. What is there already is kept. Needs gstreamer1.0-tools, and says
+# so where they are missing: the tests pass over what is not there.
+set -euo pipefail
+folder=${1:?usage: media-samples.sh FOLDER [SECONDS]}
+pieces=$((25 * ${2:-3}))
+command -v gst-launch-1.0 >/dev/null || { echo "media-samples.sh: gst-launch-1.0 is missing: no samples" && exit 0; }
+mkdir -p "$folder"
+
+picture="videotestsrc num-buffers=$pieces ! video/x-raw,format=I420,width=160,height=120,framerate=25/1"
+tone="audiotestsrc num-buffers=$pieces samplesperbuffer=1764 volume=0.2 ! audio/x-raw,rate=44100,channels=2 ! audioconvert"
+
+# sample NAME PIPELINE: the file is where the pipeline ends. A file that is only half made never has the name.
+sample() {
+  local file=$folder/$1
+  local half=$folder/half-made.$$
+  [ -s "$file" ] && return 0
+  # shellcheck disable=SC2086
+  if gst-launch-1.0 -q $2 ! filesink location="$half" >/dev/null; then
+    mv "$half" "$file"
+  else
+    rm -f "$half"
+    echo "media-samples.sh: ${file##*/} cannot be made: a plug-in is missing" >&2
+  fi
+}
+
+film() { sample "$1" "$picture ! $2 ! queue ! $3 name=mux $tone ! $4 ! queue ! mux. mux."; }
+
+sample tone.wav "$tone ! audio/x-raw,format=S16LE ! wavenc"
+sample tone.mp3 "$tone ! lamemp3enc target=bitrate bitrate=128 cbr=true"
+film mpeg1.mpg 'mpeg2enc format=0' 'mplex format=0' avenc_mp2
+film mpeg4.avi avenc_mpeg4 avimux identity
+film mjpeg.avi jpegenc avimux identity
+film raw.avi 'videoconvert ! video/x-raw,format=BGR' avimux identity

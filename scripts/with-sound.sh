@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Runs a command with a sound server of its own, which plays into nothing at the speed of real sound. Where none can be
+# started the command runs all the same, after one line that says so. (A sink without rewinds takes its sound in short
+# pieces: others take the first two seconds at once, and time stands still until they are over.)
+set -eu
+export QUILLON_SOUND_FOLDER
+QUILLON_SOUND_FOLDER=$(mktemp -d)
+
+# Ends with whatever this process becomes, however that ends.
+# shellcheck disable=SC2016
+setpriv --pdeathsig TERM bash -c '
+  trap : TERM
+  exec >/dev/null 2>&1 </dev/null
+  env -u DBUS_SESSION_BUS_ADDRESS -u PULSE_SERVER HOME="$QUILLON_SOUND_FOLDER" XDG_CONFIG_HOME="$QUILLON_SOUND_FOLDER" \
+    XDG_RUNTIME_DIR="$QUILLON_SOUND_FOLDER" pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
+    -L "module-native-protocol-unix socket=$QUILLON_SOUND_FOLDER/native auth-anonymous=1" \
+    -L "module-null-sink sink_name=null norewinds=1" &
+  server=$!
+  wait "$server"
+  kill "$server"
+  wait "$server"
+  rm -rf "$QUILLON_SOUND_FOLDER"' &
+keeper=$!
+
+# Both Linux programs and Wine look there first, whichever runtime folder they have.
+export PULSE_SERVER=unix:$QUILLON_SOUND_FOLDER/native
+for _ in $(seq 50); do
+  [ -S "$QUILLON_SOUND_FOLDER/native" ] && break
+  kill -0 "$keeper" 2>/dev/null || break
+  sleep 0.1
+done
+if [ ! -S "$QUILLON_SOUND_FOLDER/native" ]; then
+  echo "with-sound.sh: pulseaudio does not start: there is no sound" >&2
+  unset PULSE_SERVER
+fi
+exec "$@"

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <windows.h>
+// After windows.h, which it needs:
+#include <gtest/gtest.h>
+#include <mmsystem.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "base/Text.h"
+#include "platform/multimedia/CommandDevice.h"
+#include "support/TempFolder.h"
+
+namespace quillon::test {
+
+/// A device, and what is asked of it in short.
+class DeviceFixture : public ::testing::Test {
+ protected:
+  using Clock = std::chrono::steady_clock;
+  static constexpr std::chrono::milliseconds kPatience{5000};
+
+  CommandReply Send(const std::string& command, int replySize = 128) { return device->Send(command, replySize); }
+  int Error(const std::string& command) { return Send(command).error; }
+  std::string Text(const std::string& command) { return Send(command).text; }
+  std::int64_t Number(const std::string& command) { return LeadingNumber(Text(command)); }
+
+  /// Opens a file with its times in milliseconds; the error's number.
+  int Open(const std::string& path, const std::string& alias = "X") {
+    const int error = Error("Open \"" + path + "\" alias " + alias);
+    return error != 0 ? error : Error("set " + alias + " time format milliseconds");
+  }
+
+  std::string Mode(const std::string& alias = "X") { return Text("status " + alias + " mode"); }
+  std::int64_t Position(const std::string& alias = "X") { return Number("status " + alias + " position"); }
+  std::int64_t Length(const std::string& alias = "X") { return Number("status " + alias + " length"); }
+
+  template <class Condition>
+  bool Await(Condition condition) {
+    for (const auto deadline = Clock::now() + kPatience; !condition();) {
+      if (Clock::now() >= deadline) return false;
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
+  }
+  bool AwaitPositionAbove(std::int64_t milliseconds) {
+    return Await([&] { return Position() > milliseconds; });
+  }
+  bool AwaitStop() {
+    return Await([&] { return Mode() == "stopped"; });
+  }
+
+  /// Without a sound device sounds open, but their time does not pass.
+  static bool HasSound() { return waveOutGetNumDevs() > 0; }
+  static constexpr const char* kNoSound = "there is no sound device: see scripts/with-sound.sh";
+
+  TempFolder folder;
+  std::unique_ptr<CommandDevice> device = MakeCommandDevice();
+};
+
+}  // namespace quillon::test
