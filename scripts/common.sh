@@ -35,7 +35,7 @@ linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev li
   libwxgtk3.2-dev libgtk-3-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev)
 # What plays MP3, MIDI, WAVE, MPEG and AVI, and the instruments of MIDI.
 play_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
-  gstreamer1.0-x gstreamer1.0-pulseaudio timgm6mb-soundfont)
+  gstreamer1.0-x gstreamer1.0-alsa gstreamer1.0-pulseaudio timgm6mb-soundfont)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev libxcb1-dev gstreamer1.0-tools locales libxml2-utils util-linux)
 # What the window needs to look as it should, and to be asked whether a display is there.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)

@@ -1,0 +1,13 @@
+#pragma once
+
+namespace quillon {
+
+/// Pixels of a picture, or of the window that it is drawn into.
+struct PictureSize {
+  int width = 0;
+  int height = 0;
+
+  bool operator==(const PictureSize&) const = default;
+};
+
+}  // namespace quillon

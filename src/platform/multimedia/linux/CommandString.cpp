@@ -1,0 +1,209 @@
+#include "platform/multimedia/linux/CommandString.h"
+
+#include <array>
+#include <charconv>
+#include <system_error>
+#include <utility>
+
+#include "base/Text.h"
+#include "platform/multimedia/CommandDevice.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::array<std::pair<std::string_view, Verb>, 12> kVerbs = {{
+    {"open", Verb::kOpen},
+    {"close", Verb::kClose},
+    {"play", Verb::kPlay},
+    {"pause", Verb::kPause},
+    {"resume", Verb::kResume},
+    {"stop", Verb::kStop},
+    {"seek", Verb::kSeek},
+    {"set", Verb::kSet},
+    {"status", Verb::kStatus},
+    {"where", Verb::kWhere},
+    {"window", Verb::kWindow},
+    {"put", Verb::kPut},
+}};
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t';
+}
+
+/// The words of a command, one after the other.
+class Words {
+ public:
+  explicit Words(std::string_view text) : rest_(text) { SkipBlanks(); }
+
+  [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
+
+  /// The next word, or what stands between quotes, as it is. Empty at the end.
+  std::string_view Next() {
+    const bool quoted = !rest_.empty() && rest_.front() == '"';
+    if (quoted) rest_.remove_prefix(1);
+    std::size_t length = 0;
+    while (length < rest_.size() && (quoted ? rest_[length] != '"' : !IsBlank(rest_[length]))) ++length;
+    const std::string_view word = rest_.substr(0, length);
+    rest_.remove_prefix(length);
+    if (quoted && !rest_.empty()) rest_.remove_prefix(1);
+    SkipBlanks();
+    return word;
+  }
+
+  std::string NextKeyword() { return ToLower(Next()); }
+
+ private:
+  void SkipBlanks() {
+    while (!rest_.empty() && IsBlank(rest_.front())) rest_.remove_prefix(1);
+  }
+
+  std::string_view rest_;
+};
+
+template <class Number>
+std::optional<Number> ReadNumber(std::string_view word) {
+  Number number = 0;
+  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+  if (word.empty() || error != std::errc() || end != word.data() + word.size()) return std::nullopt;
+  return number;
+}
+
+template <class Number>
+int TakeNumber(Words& words, Number& into) {
+  if (words.AtEnd()) return command_error::kMissingParameter;
+  const std::optional<Number> number = ReadNumber<Number>(words.Next());
+  if (!number) return command_error::kBadNumber;
+  into = *number;
+  return 0;
+}
+
+/// 0 when the next word is `keyword`.
+int Expect(Words& words, std::string_view keyword) {
+  if (words.AtEnd()) return command_error::kMissingParameter;
+  return words.NextKeyword() == keyword ? 0 : command_error::kUnknownKeyword;
+}
+
+/// "type X" is accepted and has no effect: one player takes every type.
+int ParseOpen(Words& words, ParsedCommand& command) {
+  command.alias = ToLower(command.path);
+  while (!words.AtEnd()) {
+    const std::string keyword = words.NextKeyword();
+    if (keyword != "alias" && keyword != "type") return command_error::kUnknownKeyword;
+    if (words.AtEnd()) return command_error::kMissingParameter;
+    const std::string value = words.NextKeyword();
+    if (keyword == "alias") command.alias = value;
+  }
+  return 0;
+}
+
+int ParsePlay(Words& words, ParsedCommand& command) {
+  if (words.AtEnd()) return 0;
+  if (const int error = Expect(words, "from"); error != 0) return error;
+  return TakeNumber(words, command.milliseconds.emplace());
+}
+
+int ParseSeek(Words& words, ParsedCommand& command) {
+  if (const int error = Expect(words, "to"); error != 0) return error;
+  Words ahead = words;
+  const std::string place = ahead.NextKeyword();
+  if (place != "start" && place != "end") return TakeNumber(words, command.milliseconds.emplace());
+  command.target = place == "start" ? SeekTarget::kStart : SeekTarget::kEnd;
+  words = ahead;
+  return 0;
+}
+
+int ParseSet(Words& words) {
+  if (const int error = Expect(words, "time"); error != 0) return error;
+  if (const int error = Expect(words, "format"); error != 0) return error;
+  if (words.AtEnd()) return command_error::kMissingParameter;
+  const std::string format = words.NextKeyword();
+  return format == "milliseconds" || format == "ms" ? 0 : command_error::kUnknownKeyword;
+}
+
+int ParseStatus(Words& words, ParsedCommand& command) {
+  constexpr std::array<std::pair<std::string_view, StatusItem>, 4> kItems = {{
+      {"mode", StatusItem::kMode},
+      {"position", StatusItem::kPosition},
+      {"length", StatusItem::kLength},
+      {"ready", StatusItem::kReady},
+  }};
+  if (words.AtEnd()) return command_error::kMissingParameter;
+  const std::string item = words.NextKeyword();
+  command.status = StatusItem::kTimeFormat;
+  if (item == "time") return Expect(words, "format");
+  for (const auto& [name, value] : kItems) {
+    if (item != name) continue;
+    command.status = value;
+    return 0;
+  }
+  return command_error::kUnknownKeyword;
+}
+
+int ParseWhere(Words& words, ParsedCommand& command) {
+  if (words.AtEnd()) return command_error::kMissingParameter;
+  const std::string area = words.NextKeyword();
+  command.area = area == "destination" ? PictureArea::kDestination : PictureArea::kSource;
+  return area == "source" || area == "destination" ? 0 : command_error::kUnknownKeyword;
+}
+
+int ParseWindow(Words& words, ParsedCommand& command) {
+  if (const int error = Expect(words, "handle"); error != 0) return error;
+  return TakeNumber(words, command.window);
+}
+
+int ParsePut(Words& words, ParsedCommand& command) {
+  if (const int error = Expect(words, "destination"); error != 0) return error;
+  command.area = PictureArea::kDestination;
+  if (words.AtEnd()) return 0;
+  if (const int error = Expect(words, "at"); error != 0) return error;
+  PictureRectangle& rectangle = command.rectangle.emplace();
+  for (int* const side : {&rectangle.left, &rectangle.top, &rectangle.width, &rectangle.height}) {
+    if (const int error = TakeNumber(words, *side); error != 0) return error;
+  }
+  return 0;
+}
+
+int ParseRest(Words& words, ParsedCommand& command) {
+  switch (command.verb) {
+    case Verb::kOpen: return ParseOpen(words, command);
+    case Verb::kPlay: return ParsePlay(words, command);
+    case Verb::kSeek: return ParseSeek(words, command);
+    case Verb::kSet: return ParseSet(words);
+    case Verb::kStatus: return ParseStatus(words, command);
+    case Verb::kWhere: return ParseWhere(words, command);
+    case Verb::kWindow: return ParseWindow(words, command);
+    case Verb::kPut: return ParsePut(words, command);
+    case Verb::kClose:
+    case Verb::kPause:
+    case Verb::kResume:
+    case Verb::kStop: return 0;
+  }
+  return command_error::kInternal;
+}
+
+std::optional<Verb> VerbOf(std::string_view word) {
+  for (const auto& [name, verb] : kVerbs) {
+    if (name == word) return verb;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+ParseOutcome ParseCommand(std::string_view text) {
+  Words words(text);
+  if (words.AtEnd()) return {command_error::kMissingCommand};
+  const std::optional<Verb> verb = VerbOf(words.NextKeyword());
+  if (!verb) return {command_error::kUnknownCommand};
+  ParseOutcome outcome;
+  outcome.command.verb = *verb;
+  if (words.AtEnd()) return {command_error::kMissingParameter};
+  const std::string_view device = words.Next();
+  outcome.command.alias = ToLower(device);
+  if (*verb == Verb::kOpen) outcome.command.path = device;
+  outcome.error = ParseRest(words, outcome.command);
+  if (outcome.error == 0 && !words.AtEnd()) outcome.error = command_error::kUnknownKeyword;
+  return outcome;
+}
+
+}  // namespace quillon

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Reading one command string. Keywords and aliases are taken in any letter case; what stands in quotes is kept byte
+/// for byte, blanks included.
+namespace quillon {
+
+enum class Verb { kOpen, kClose, kPlay, kPause, kResume, kStop, kSeek, kSet, kStatus, kWhere, kWindow, kPut };
+enum class StatusItem { kMode, kPosition, kLength, kReady, kTimeFormat };
+enum class SeekTarget { kPosition, kStart, kEnd };
+enum class PictureArea { kSource, kDestination };
+
+struct PictureRectangle {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+
+  bool operator==(const PictureRectangle&) const = default;
+};
+
+struct ParsedCommand {
+  Verb verb = Verb::kOpen;
+  std::string alias = {};  ///< in lower case; "all" for what goes to everything that is open
+  std::string path = {};   ///< of kOpen
+  StatusItem status = StatusItem::kMode;
+  SeekTarget target = SeekTarget::kPosition;
+  PictureArea area = PictureArea::kSource;
+  std::optional<std::int32_t> milliseconds = std::nullopt;   ///< of kSeek to a position, and of kPlay with "from"
+  std::optional<PictureRectangle> rectangle = std::nullopt;  ///< of kPut with "at"
+  std::uint64_t window = 0;                                  ///< of kWindow; 0 is none
+};
+
+struct ParseOutcome {
+  int error = 0;  ///< 0, or a number of command_error; what has been read up to there is in `command`
+  ParsedCommand command = {};
+};
+
+[[nodiscard]] ParseOutcome ParseCommand(std::string_view text);
+
+}  // namespace quillon

@@ -1,0 +1,184 @@
+#include "platform/multimedia/linux/Medium.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "platform/multimedia/CommandDevice.h"
+#include "platform/multimedia/linux/Sinks.h"
+
+namespace quillon {
+namespace {
+
+/// Opening has to end, whatever the file holds; the rest of the promised five seconds is for closing it.
+constexpr std::chrono::milliseconds kOpeningLimit{4500};
+
+/// The last picture of a file begins somewhat before its end.
+constexpr int kLastPicture = 100;
+
+}  // namespace
+
+Result<std::unique_ptr<Medium>, int> Medium::Open(const std::string& path) {
+  Result<MediumSource, int> source = FindMediumSource(path);
+  if (!source) return source.Failure();
+  if (!StartGStreamer()) return command_error::kInternal;
+  std::unique_ptr<Medium> medium(new Medium(std::move(*source)));
+  if (const int problem = medium->Load(); problem != 0) return problem;
+  return medium;
+}
+
+int Medium::Load() {
+  if (pipeline_.Prepare(kOpeningLimit) != Pipeline::Event::kNone) return command_error::kInvalidFile;
+  length_ = source_.milliseconds.value_or(pipeline_.Length().value_or(0));
+  start_ = pipeline_.Position().value_or(0);
+  picture_ = pipeline_.Picture();
+  hasSound_ = pipeline_.HasSound();
+  return length_ > 0 ? 0 : command_error::kInvalidFile;
+}
+
+void Medium::Update() {
+  for (auto event = pipeline_.NextEvent(); event != Pipeline::Event::kNone; event = pipeline_.NextEvent()) On(event);
+}
+
+void Medium::On(Pipeline::Event event) {
+  switch (event) {
+    case Pipeline::Event::kNone: return;
+    case Pipeline::Event::kEnded:
+      if (mode_ != Mode::kPlaying) return;
+      pipeline_.Hold();
+      mode_ = Mode::kStopped;
+      position_ = length_;
+      return;
+    case Pipeline::Event::kNoPictureLeft:
+      connected_ = false;
+      if (mode_ == Mode::kStopped) {
+        nothingLeft_ = true;
+        return;
+      }
+      mode_ = Mode::kStopped;
+      position_ = length_;
+      return;
+    case Pipeline::Event::kSoundLost: soundLost_ = true; break;
+    case Pipeline::Event::kPictureLost: pictureLost_ = true; break;
+    case Pipeline::Event::kFailed:
+      position_ = Position();
+      mode_ = Mode::kStopped;
+      connected_ = false;
+      return;
+  }
+  position_ = Position();
+  if (Connect() && mode_ == Mode::kPlaying) pipeline_.Run();
+}
+
+/// Makes the pipeline anew with the devices that are there, standing at `position_`.
+bool Medium::Connect() {
+  for (;;) {
+    const bool shows = window_ && !pictureLost_;
+    const bool sounds = hasSound_ && !soundLost_;
+    pipeline_.UseSinks(sounds ? MakeSoundSink() : MakeSilentSink(),
+                       shows ? MakePictureSink(window_->Handle()) : MakeSilentSink());
+    const Pipeline::Event event = pipeline_.Prepare(kOpeningLimit);
+    connected_ = event == Pipeline::Event::kNone;
+    if (connected_) break;
+    if (event == Pipeline::Event::kSoundLost && sounds) {
+      soundLost_ = true;
+    } else if (event == Pipeline::Event::kPictureLost && shows) {
+      pictureLost_ = true;
+    } else {
+      mode_ = Mode::kStopped;
+      return false;
+    }
+  }
+  if (position_ > 0) ShowStill();
+  return true;
+}
+
+/// Lets the pipeline stand at `position_`, with the picture that belongs there.
+void Medium::ShowStill() {
+  pipeline_.Seek(start_ + std::min(position_, std::max(length_ - kLastPicture, 0)));
+}
+
+int Medium::Play() {
+  if (mode_ == Mode::kPlaying || position_ >= length_) return 0;
+  if (nothingLeft_) {
+    position_ = length_;
+    return 0;
+  }
+  if (!connected_ && !Connect()) return command_error::kNotReady;
+  pipeline_.Run();
+  mode_ = Mode::kPlaying;
+  return 0;
+}
+
+int Medium::Pause() {
+  if (mode_ != Mode::kPlaying) return 0;
+  pipeline_.Hold();
+  position_ = Position();
+  mode_ = Mode::kPaused;
+  return 0;
+}
+
+int Medium::Resume() {
+  return mode_ == Mode::kPaused ? Play() : 0;
+}
+
+int Medium::Stop() {
+  if (mode_ == Mode::kStopped) return 0;
+  pipeline_.Hold();
+  position_ = Position();
+  mode_ = Mode::kStopped;
+  return 0;
+}
+
+int Medium::Seek(std::int32_t milliseconds) {
+  if (milliseconds < 0 || milliseconds > length_) return command_error::kOutOfRange;
+  if (mode_ == Mode::kPlaying) pipeline_.Hold();
+  mode_ = Mode::kStopped;
+  position_ = milliseconds;
+  nothingLeft_ = false;
+  if (connected_) ShowStill();
+  Update();
+  return 0;
+}
+
+int Medium::SetWindow(std::uint64_t owner) {
+  if (!picture_) return command_error::kNoPicture;
+  std::unique_ptr<PictureWindow> window;
+  if (owner != 0) {
+    window = PictureWindow::Make(owner, destination_);
+    if (!window) return command_error::kNoPicture;
+  }
+  position_ = Position();
+  pictureLost_ = false;
+  std::swap(window_, window);
+  if (!Connect()) return command_error::kNotReady;
+  if (mode_ == Mode::kPlaying) pipeline_.Run();
+  return 0;
+}
+
+int Medium::Put(const std::optional<PictureRectangle>& rectangle) {
+  if (!picture_) return command_error::kNoPicture;
+  destination_ = rectangle;
+  if (!window_) return 0;
+  window_->Move(rectangle);
+  pipeline_.Redraw();
+  position_ = Position();
+  if (connected_ && mode_ != Mode::kPlaying) ShowStill();
+  return 0;
+}
+
+int Medium::Position() {
+  if (mode_ == Mode::kStopped) return position_;
+  // Program streams run on behind their end, and just after a seek there may be no answer yet.
+  const int seen = pipeline_.Position().value_or(0) - start_;
+  position_ = std::clamp(seen, position_, std::max(length_, position_));
+  return position_;
+}
+
+PictureRectangle Medium::Destination() const {
+  if (window_) return window_->Rectangle();
+  const PictureSize natural = picture_.value_or(PictureSize());
+  return destination_.value_or(PictureRectangle{0, 0, natural.width, natural.height});
+}
+
+}  // namespace quillon

@@ -1,0 +1,151 @@
+#include "platform/multimedia/linux/MpegAudioLength.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+
+namespace quillon {
+namespace {
+
+constexpr std::size_t kHeaderLength = 4;
+
+struct FrameHeader {
+  unsigned kind = 0;  ///< version, layer and sample rate as they stand in the header: the same in every frame of a file
+  unsigned sampleRate = 0;
+  unsigned samples = 0;
+  std::size_t length = 0;      ///< bytes, header included
+  std::size_t infoOffset = 0;  ///< where a Xing or Info header stands in the first frame
+};
+
+// In kbit/s, by index; 0: free format, which cannot be followed from frame to frame.
+using Bitrates = std::array<unsigned, 15>;
+constexpr Bitrates kVersion1Layer1 = {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448};
+constexpr Bitrates kVersion1Layer2 = {0, 32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384};
+constexpr Bitrates kVersion1Layer3 = {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320};
+constexpr Bitrates kVersion2Layer1 = {0, 32, 48, 56, 64, 80, 96, 112, 128, 144, 160, 176, 192, 224, 256};
+constexpr Bitrates kVersion2Others = {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160};
+
+const Bitrates& BitratesOf(bool version1, unsigned layer) {
+  if (!version1) return layer == 1 ? kVersion2Layer1 : kVersion2Others;
+  if (layer == 1) return kVersion1Layer1;
+  return layer == 2 ? kVersion1Layer2 : kVersion1Layer3;
+}
+
+unsigned Byte(std::string_view bytes, std::size_t at) {
+  return static_cast<unsigned char>(bytes[at]);
+}
+
+std::size_t FrameLength(unsigned layer, unsigned samples, unsigned bitrate, unsigned sampleRate, unsigned padding) {
+  if (layer == 1) return (std::size_t{12} * bitrate * 1000U / sampleRate + padding) * 4U;
+  return std::size_t{samples} / 8U * bitrate * 1000U / sampleRate + padding;
+}
+
+std::optional<FrameHeader> ReadHeader(std::string_view bytes) {
+  constexpr std::array<unsigned, 3> kSampleRates = {44100, 48000, 32000};
+  if (bytes.size() < kHeaderLength || Byte(bytes, 0) != 0xFF || (Byte(bytes, 1) & 0xE0U) != 0xE0U) return std::nullopt;
+  const unsigned version = Byte(bytes, 1) >> 3U & 3U;  // 3: MPEG-1, 2: MPEG-2, 0: MPEG-2.5
+  const unsigned layer = 4U - (Byte(bytes, 1) >> 1U & 3U);
+  const unsigned bitrateIndex = Byte(bytes, 2) >> 4U;
+  const unsigned rateIndex = Byte(bytes, 2) >> 2U & 3U;
+  if (version == 1 || layer == 4 || rateIndex == 3 || bitrateIndex == 0 || bitrateIndex == 15) return std::nullopt;
+  const bool version1 = version == 3;
+  const bool mono = Byte(bytes, 3) >> 6U == 3;
+  FrameHeader header;
+  header.kind = (Byte(bytes, 1) & 0x1EU) << 8U | (Byte(bytes, 2) & 0x0CU);
+  header.sampleRate = kSampleRates.at(rateIndex) / (version1 ? 1U : version == 2 ? 2U : 4U);
+  header.samples = layer == 1 ? 384U : layer == 3 && !version1 ? 576U : 1152U;
+  header.length = FrameLength(layer, header.samples, BitratesOf(version1, layer).at(bitrateIndex), header.sampleRate,
+                              Byte(bytes, 2) >> 1U & 1U);
+  const std::size_t sideInformation = version1 ? (mono ? 17U : 32U) : (mono ? 9U : 17U);
+  header.infoOffset = kHeaderLength + sideInformation;
+  return header;
+}
+
+/// A file read forwards, a block at a time.
+class Blocks {
+ public:
+  explicit Blocks(ByteSource& file) : file_(file) {}
+
+  /// Fewer than `count` bytes at the file's end.
+  std::string_view At(std::uint64_t offset, std::size_t count) {
+    if (offset < start_ || offset + count > start_ + block_.size()) {
+      constexpr std::uint64_t kBlock = 256U << 10U;
+      block_ = file_.Read(offset, kBlock);
+      start_ = offset;
+    }
+    return std::string_view(block_).substr(static_cast<std::size_t>(offset - start_), count);
+  }
+
+ private:
+  ByteSource& file_;
+  std::string block_;
+  std::uint64_t start_ = 0;
+};
+
+/// Behind the ID3 tags in front, and what zeros follow them.
+std::uint64_t SkipTags(Blocks& blocks) {
+  constexpr std::size_t kTagHeader = 10;
+  std::uint64_t offset = 0;
+  for (;;) {
+    const std::string_view tag = blocks.At(offset, kTagHeader);
+    if (tag.size() < kTagHeader || !tag.starts_with("ID3")) break;
+    std::uint64_t size = 0;
+    for (std::size_t i = 6; i < kTagHeader; ++i) size = size << 7U | (Byte(tag, i) & 0x7FU);
+    const bool footer = (Byte(tag, 5) & 0x10U) != 0;
+    offset += kTagHeader + size + (footer ? kTagHeader : 0U);
+  }
+  constexpr int kMostPadding = 4096;
+  for (int i = 0; i < kMostPadding && blocks.At(offset, 1) == std::string_view("\0", 1); ++i) ++offset;
+  return offset;
+}
+
+bool SaysItsLength(std::string_view frame, const FrameHeader& header) {
+  constexpr std::size_t kVbriOffset = 36;
+  const auto stands = [frame](std::string_view name, std::size_t at) {
+    return frame.size() > at && frame.substr(at).starts_with(name);
+  };
+  return stands("Xing", header.infoOffset) || stands("Info", header.infoOffset) || stands("VBRI", kVbriOffset);
+}
+
+/// The next frame of the kind at or behind `offset`; where the stream is torn, one that another frame follows.
+std::optional<FrameHeader> NextFrame(Blocks& blocks, std::uint64_t& offset, unsigned kind, std::uint64_t size) {
+  const auto at = [&](std::uint64_t place) {
+    std::optional<FrameHeader> header = ReadHeader(blocks.At(place, kHeaderLength));
+    if (header && header->kind != kind) header.reset();
+    return header;
+  };
+  if (const std::optional<FrameHeader> header = at(offset); header) return header;
+  for (++offset; offset + kHeaderLength <= size; ++offset) {
+    const std::optional<FrameHeader> header = at(offset);
+    if (header && at(offset + header->length)) return header;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<int> CountedMpegAudioLength(ByteSource& file) {
+  constexpr int kSureFrames = 3;
+  const std::uint64_t size = file.Size();
+  Blocks blocks(file);
+  std::uint64_t offset = SkipTags(blocks);
+  const std::optional<FrameHeader> first = ReadHeader(blocks.At(offset, kHeaderLength));
+  if (!first || SaysItsLength(blocks.At(offset, first->length), *first)) return std::nullopt;
+  std::uint64_t frames = 0;
+  for (;;) {
+    const std::uint64_t expected = offset;
+    const std::optional<FrameHeader> frame = NextFrame(blocks, offset, first->kind, size);
+    if (frames < kSureFrames && (!frame || offset != expected)) return std::nullopt;
+    // A last frame that was cut off is not played.
+    if (!frame || offset + frame->length > size) break;
+    ++frames;
+    offset += frame->length;
+  }
+  const std::uint64_t milliseconds = (frames * first->samples * 1000U + first->sampleRate / 2U) / first->sampleRate;
+  return static_cast<int>(std::min<std::uint64_t>(milliseconds, std::numeric_limits<int>::max()));
+}
+
+}  // namespace quillon

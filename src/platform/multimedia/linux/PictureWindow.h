@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "platform/multimedia/linux/CommandString.h"
+
+namespace quillon {
+
+/// The window that a picture is drawn into: a child of the window that its owner gave, on a connection of its own. So
+/// the picture fills exactly its rectangle, the owner's toolkit does not paint over it, and the owner gets the clicks.
+/// The owner may destroy its window at any time; nothing is drawn from then on.
+class PictureWindow {
+ public:
+  /// Null when there is no X server, or no window of that number. Without a rectangle the whole of it is filled.
+  static std::unique_ptr<PictureWindow> Make(std::uint64_t owner, const std::optional<PictureRectangle>& rectangle);
+
+  PictureWindow() = default;
+  PictureWindow(const PictureWindow&) = delete;
+  PictureWindow& operator=(const PictureWindow&) = delete;
+  virtual ~PictureWindow() = default;
+
+  [[nodiscard]] virtual std::uint64_t Owner() const = 0;
+  [[nodiscard]] virtual std::uint64_t Handle() const = 0;
+  /// Where the picture is in the owner's window.
+  [[nodiscard]] virtual PictureRectangle Rectangle() const = 0;
+  virtual void Move(const std::optional<PictureRectangle>& rectangle) = 0;
+};
+
+}  // namespace quillon

@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/multimedia/linux/FlatMidi.h"
+#include "platform/multimedia/linux/MpegAudioLength.h"
+#include "platform/multimedia/linux/MpegProgramLength.h"
+#include "support/MediaBuilders.h"
+
+namespace quillon::test {
+namespace {
+
+std::optional<int> AudioLength(const std::string& bytes) {
+  MemorySource source(bytes);
+  return CountedMpegAudioLength(source);
+}
+
+std::optional<int> SongLength(const std::string& bytes) {
+  MemorySource source(bytes);
+  const std::optional<FlatMidiSong> song = FlattenMidi(source);
+  if (!song) return std::nullopt;
+  return song->milliseconds;
+}
+
+std::string Tempo(unsigned ticks, unsigned microseconds) {
+  return Bytes({ticks}) + MetaEvent(0x51, BigEndian(microseconds, 3));
+}
+
+/// Frames of 32 kbit/s, as long as those of Mp3Audio and a quarter of their size.
+std::string ThinFrames(int count) {
+  constexpr std::size_t kFrameLength = 104;
+  std::string frames;
+  for (int i = 0; i < count; ++i) frames += Padded(Bytes({0xFF, 0xFB, 0x10, 0xC4}), kFrameLength);
+  return frames;
+}
+
+TEST(MpegAudioLength, CountsFramesOfEveryBitRate) {
+  EXPECT_EQ(AudioLength(Mp3Audio(100)), 2612);
+  EXPECT_EQ(AudioLength(ThinFrames(100) + Mp3Audio(100)), 5224);
+  EXPECT_EQ(AudioLength(Id3v2Tag({}) + Mp3Audio(100) + Id3v1Trailer({})), 2612);
+}
+
+TEST(MpegAudioLength, GoesOnBehindDamageAndLeavesOutWhatWasCutOff) {
+  EXPECT_EQ(AudioLength(Mp3Audio(50) + std::string(1000, 'x') + Mp3Audio(50)), 2612);
+  const std::string whole = Mp3Audio(101);
+  EXPECT_EQ(AudioLength(whole.substr(0, whole.size() - 10)), 2612);
+}
+
+TEST(MpegAudioLength, LeavesOtherFilesToOthers) {
+  std::string stated = Mp3Audio(100);
+  stated.replace(21, 4, "Xing");  // behind the side information of one channel
+  EXPECT_EQ(AudioLength(stated), std::nullopt);
+  EXPECT_EQ(AudioLength(WaveFile(100)), std::nullopt);
+  EXPECT_EQ(AudioLength("just a text"), std::nullopt);
+  EXPECT_EQ(AudioLength(Mp3Audio(2)), std::nullopt);
+  EXPECT_EQ(AudioLength(""), std::nullopt);
+}
+
+TEST(FlatMidi, TempoChangesOfOneTrackHoldForAll) {
+  const std::string conductor = MidiTrack(Tempo(0, 250000) + Tempo(120, 1000000));
+  const std::string notes = MidiTrack(MidiNote(60, 120) + MidiNote(62, 120));
+  EXPECT_EQ(SongLength(MidiFile(1, 120, {conductor, notes})), 1250);
+  EXPECT_EQ(SongLength(MidiFile(1, 120, {notes, conductor})), 1250);
+}
+
+TEST(FlatMidi, PatternsFollowEachOther) {
+  const std::string track = MidiTrack(MidiNote(60, 120));
+  EXPECT_EQ(SongLength(MidiFile(1, 120, {track, track})), 500);
+  EXPECT_EQ(SongLength(MidiFile(2, 120, {track, track})), 1000);
+}
+
+TEST(FlatMidi, FramesOfFilmAreNoQuarterNotes) {
+  constexpr unsigned kTwentyFiveFramesOfForty = 0xE728;
+  EXPECT_EQ(SongLength(MidiFile(0, kTwentyFiveFramesOfForty, {MidiTrack(Tempo(0, 1000) + MidiNote(60, 1500))})), 1500);
+}
+
+TEST(FlatMidi, TheSongInRiffIsTheSame) {
+  const std::string song = SimpleMidiFile("", "");
+  EXPECT_EQ(SongLength(RiffList("RIFF", "RMID", {RiffChunk("data", song)})), 2000);
+}
+
+TEST(FlatMidi, WhatComesOutIsOneTrackOfThatLengthAgain) {
+  const std::string notes = MidiTrack(MidiNote(60, 120) + Tempo(0, 250000) + MidiNote(62, 120));
+  MemorySource source(MidiFile(1, 120, {notes, notes}));
+  const std::optional<FlatMidiSong> song = FlattenMidi(source);
+  ASSERT_TRUE(song);
+  EXPECT_EQ(song->milliseconds, 750);
+  EXPECT_EQ(song->file.substr(0, 14), MidiHeader(0, 1, 10000));
+  EXPECT_EQ(SongLength(song->file), 750);
+}
+
+TEST(FlatMidi, DamageAndIllegalMessagesEndNothingButTheirOwnTrack) {
+  const std::string illegal = MidiTrack(Bytes({0, 0xF1, 0x10, 0, 0xF9}) + MidiNote(60, 120));
+  EXPECT_EQ(SongLength(MidiFile(0, 120, {illegal})), 500);
+  const std::string torn = "MTrk" + BigEndian(4, 4) + Bytes({0, 0xF0, 0x7F, 1});
+  EXPECT_EQ(SongLength(MidiFile(1, 120, {torn, MidiTrack(MidiNote(60, 120))})), 500);
+  const std::string headless = MidiTrack(Bytes({0, 60, 64}));
+  EXPECT_EQ(SongLength(MidiFile(0, 120, {headless})), 0);
+  const std::string whole = SimpleMidiFile("", "");
+  for (std::size_t length = 0; length < whole.size(); ++length) {
+    const int milliseconds = SongLength(whole.substr(0, length)).value_or(0);
+    EXPECT_LE(milliseconds, 2000) << length;
+  }
+}
+
+TEST(FlatMidi, LeavesOtherFilesToOthers) {
+  EXPECT_EQ(SongLength(WaveFile(100)), std::nullopt);
+  EXPECT_EQ(SongLength(MidiFile(0, 0, {MidiTrack("")})), std::nullopt);
+  EXPECT_EQ(SongLength(""), std::nullopt);
+}
+
+/// A packet of MPEG-1 with a time stamp, behind an optional buffer size.
+std::string Packet(unsigned stream, std::uint32_t stamp, bool buffer) {
+  const std::string size = buffer ? Bytes({0x60, 0x20}) : "";
+  const std::string time = Bytes({0x21U | (stamp >> 29U & 6U), stamp >> 22U & 0xFFU, (stamp >> 14U & 0xFEU) | 1U,
+                                  stamp >> 7U & 0xFFU, (stamp << 1U & 0xFEU) | 1U});
+  const std::string data = size + time + "data";
+  return Bytes({0, 0, 1, stream}) + BigEndian(static_cast<std::uint32_t>(data.size()), 2) + data;
+}
+
+TEST(MpegProgramLength, IsFromTheFirstTimeStampToTheEndOfTheLastPicture) {
+  const std::string pack = MpegFile().substr(0, 12);
+  MemorySource short_file(pack + Packet(0xE0, 45000, true) + Packet(0xC0, 44100, false) + Packet(0xE0, 221400, false) +
+                          Packet(0xE0, 217800, false));
+  EXPECT_EQ(MpegProgramLength(short_file), 2010);
+  MemorySource long_file(pack + Packet(0xE0, 90000, true) + std::string(3 << 20, 'x') + Packet(0xE0, 900000, false));
+  EXPECT_EQ(MpegProgramLength(long_file), 9040);
+}
+
+TEST(MpegProgramLength, LeavesOtherFilesToOthers) {
+  for (const std::string& bytes : {MpegFile(), WaveFile(10), std::string(), Mp3Audio(3)}) {
+    MemorySource source(bytes);
+    EXPECT_EQ(MpegProgramLength(source), std::nullopt);
+  }
+}
+
+}  // namespace
+}  // namespace quillon::test

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "platform/multimedia/CommandDevice.h"
+
+namespace quillon::test {
+
+/// A command device that never finds a sound server or card, whatever the machine has: tests are silent.
+class Player {
+ public:
+  Player();
+
+  CommandReply Send(const std::string& command);
+  int Error(const std::string& command) { return Send(command).error; }
+  std::string Text(const std::string& command) { return Send(command).text; }
+  int Number(const std::string& command);
+  /// Under the alias "X".
+  int Open(const std::string& path) { return Error("Open \"" + path + "\" alias X"); }
+
+  /// Until X is in the mode; false when it is not within the time.
+  bool WaitForMode(const std::string& mode, std::chrono::milliseconds limit);
+
+ private:
+  std::unique_ptr<CommandDevice> device_;
+};
+
+void Sleep(int milliseconds);
+
+/// Milliseconds since the object was made.
+class Stopwatch {
+ public:
+  [[nodiscard]] int Elapsed() const {
+    const auto elapsed = std::chrono::steady_clock::now() - start_;
+    return static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(elapsed).count());
+  }
+
+ private:
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+}  // namespace quillon::test
