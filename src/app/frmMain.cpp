@@ -89,7 +89,7 @@ void frmMain::MakeControls() {
   information_ = MakeInformationBoxes(controls_);
   playerPanel_ = std::make_unique<FraMusicPlayer>(controls_, [this] { app_->Player().timMCIChecker(); });
   movie_ = std::make_unique<FloatingMovie>([this] {
-    return new frmMoviePlayer({*this, app_->Player(), boxes_, app_->Options().system.front, [] {}});
+    return new frmMoviePlayer({*this, app_->Player(), boxes_, app_->Options().system.front});
   });
 }
 

@@ -10,10 +10,12 @@ namespace {
 constexpr std::int32_t kPlayerBelowPicture = 15;
 constexpr std::int32_t kPlayerNarrower = 160;
 constexpr std::int32_t kSliderNarrower = 1100;
-constexpr std::int32_t kSmallestSlider = 600;
+constexpr std::int32_t kSmallestSlider = 900;
 
+// Sums with other measures stay within 32 bits whatever a file says.
 std::int32_t Scaled(std::int32_t size, double factor) {
-  return static_cast<std::int32_t>(std::lround(size * factor));
+  constexpr double kMost = 1 << 30;
+  return static_cast<std::int32_t>(std::lround(std::min(size * factor, kMost)));
 }
 
 std::int32_t SliderNarrower(const MovieSurround& surround) {
@@ -43,10 +45,15 @@ std::optional<TwipsSize> MovieWindowSize(TwipsSize natural, int factor, TwipsSiz
                    static_cast<std::int32_t>(height) + allowance.height};
 }
 
-TwipsSize MovieWindowWithin(TwipsSize screen, TwipsSize natural, TwipsSize allowance) {
-  const double widthFactor = static_cast<double>(screen.width - allowance.width) / natural.width;
-  const double heightFactor = static_cast<double>(screen.height - allowance.height) / natural.height;
-  const double factor = std::max(std::min({1.0, widthFactor, heightFactor}), 0.0);
+TwipsSize OpeningWindowSize(TwipsSize natural, TwipsSize allowance, TwipsSize smallest, TwipsSize screen) {
+  const auto widthFactor = [&](TwipsSize window) {
+    return static_cast<double>(window.width - allowance.width) / natural.width;
+  };
+  const auto heightFactor = [&](TwipsSize window) {
+    return static_cast<double>(window.height - allowance.height) / natural.height;
+  };
+  const double least = std::max({1.0, widthFactor(smallest), heightFactor(smallest)});
+  const double factor = std::max(std::min({least, widthFactor(screen), heightFactor(screen)}), 0.0);
   return {Scaled(natural.width, factor) + allowance.width, Scaled(natural.height, factor) + allowance.height};
 }
 

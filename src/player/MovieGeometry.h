@@ -21,7 +21,7 @@ inline constexpr std::int32_t kSmallestMovieHeight = 1950;
 
 /// What stands around the picture.
 struct MovieSurround {
-  TwipsSize system;              ///< how much larger the window is than its inner area
+  TwipsSize system;               ///< how much larger the window is than its inner area
   std::int32_t playerHeight = 0;  ///< the least that fraPlayer needs
   std::int32_t timeWidth = 0;     ///< what lblTime needs, with its gaps
 };
@@ -35,8 +35,9 @@ struct MovieSurround {
 /// The window for the picture in `factor` times its natural size; nullopt when its width or height is no 16-bit number.
 [[nodiscard]] std::optional<TwipsSize> MovieWindowSize(TwipsSize natural, int factor, TwipsSize allowance);
 
-/// The window for the picture in its natural size, or as large as fits into `screen`, its shape kept.
-[[nodiscard]] TwipsSize MovieWindowWithin(TwipsSize screen, TwipsSize natural, TwipsSize allowance);
+/// The window in which a picture is shown first: in its natural size, larger when the window may not be so small, at
+/// most as large as fits into the screen. The picture keeps its shape.
+[[nodiscard]] TwipsSize OpeningWindowSize(TwipsSize natural, TwipsSize allowance, TwipsSize smallest, TwipsSize screen);
 
 /// Where the controls stand in the inner area. The slider's width is part of fraPlayer's.
 struct MovieLayout {

@@ -7,6 +7,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/multimedia/CommandDevice.h"
+#include "platform/multimedia/PictureSize.h"
 
 /// The only place that talks to the multimedia device: one file plays under the alias "MCI"; a second alias,
 /// "MCILENGTH", lives only while a file's length is asked.
@@ -26,14 +27,6 @@ inline constexpr std::int16_t kSent = 0;  ///< also when the device reported a f
 inline constexpr std::int16_t kFileMissing = 1;
 inline constexpr std::int16_t kUnknownVerb = 2;
 }  // namespace mci_result
-
-/// A picture's size in pixels of its file.
-struct PictureSize {
-  int width = 0;
-  int height = 0;
-
-  bool operator==(const PictureSize&) const = default;
-};
 
 /// Times are milliseconds. A device that fails leaves everything as it was: callers find out by asking for the mode.
 class basMCIControl {

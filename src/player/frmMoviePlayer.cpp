@@ -1,18 +1,247 @@
 #include "player/frmMoviePlayer.h"
 
+#include <wx/app.h>
+#include <wx/dcclient.h>
+#include <wx/display.h>
+#include <wx/menu.h>
+#include <wx/panel.h>
+#include <wx/stattext.h>
+
+#include <algorithm>
 #include <utility>
 
+#include "controls/Pictures.h"
+#include "controls/Twips.h"
+#include "controls/WxText.h"
+#include "filelist/paths/basFileControl.h"
+#include "platform/desktop/AccessibleName.h"
+#include "platform/desktop/NativeWindow.h"
+
 namespace quillon {
+namespace {
 
-frmMoviePlayer::frmMoviePlayer(Surroundings surroundings)
-    : wxFrame(&surroundings.owner, wxID_ANY, "Quillon"), surroundings_(std::move(surroundings)) {}
+constexpr std::int32_t kGap = 60;  // twips
+constexpr int kUnit = 1000;        // pixels: so many twips are hardly rounded
 
-bool frmMoviePlayer::Load() {
-  return false;
+enum MenuId : int { mnu1X = wxID_HIGHEST + 1, mnu2X, mnu4X, mnuPlay, mnuStop };
+
+/// Black where the device's own window does not stand: that is left out of what is painted.
+wxWindow* MakePictureBox(wxWindow* parent) {
+  auto* const box = new wxWindow;
+  box->SetBackgroundStyle(wxBG_STYLE_PAINT);
+  box->Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxCLIP_CHILDREN | wxFULL_REPAINT_ON_RESIZE);
+  box->Bind(wxEVT_PAINT, [box](wxPaintEvent&) {
+    wxPaintDC dc(box);
+    dc.SetBackground(*wxBLACK_BRUSH);
+    dc.Clear();
+  });
+  return box;
 }
 
-void frmMoviePlayer::SetPosition(std::int32_t /*position*/) {}
+long StyleOf(bool alwaysOnTop) {
+  return wxDEFAULT_FRAME_STYLE | wxFRAME_FLOAT_ON_PARENT | (alwaysOnTop ? wxSTAY_ON_TOP : 0);
+}
 
-void frmMoviePlayer::SetTime(const std::string& /*text*/) {}
+TwipsSize SizeInTwips(const wxWindow& window, wxSize pixels) {
+  return {ToTwips(window, pixels.x), ToTwips(window, pixels.y)};
+}
+
+wxSize SizeInPixels(const wxWindow& window, TwipsSize size) {
+  return {ToPixels(window, size.width), ToPixels(window, size.height)};
+}
+
+}  // namespace
+
+frmMoviePlayer::frmMoviePlayer(Surroundings surroundings)
+    : wxFrame(&surroundings.owner, wxID_ANY, wxTheApp->GetAppDisplayName(), wxDefaultPosition, wxDefaultSize,
+              StyleOf(surroundings.alwaysOnTop)),
+      surroundings_(std::move(surroundings)) {
+  SetName("frmMoviePlayer");
+  SetExtraStyle(wxWS_EX_BLOCK_EVENTS);  // the owner has keys and menus of its own
+  SetIcons(ProgramIcons());
+  MakeControls();
+  MakeMenus();
+  BindEvents();
+}
+
+void frmMoviePlayer::MakeControls() {
+  panel_ = new wxPanel(this);
+  picMovie_ = MakePictureBox(panel_);
+  picMovie_->SetName("picMovie");
+  fraPlayer_ = new wxPanel(panel_);
+  fraPlayer_->SetName("fraPlayer");
+  MusicPlayer& player = surroundings_.player;
+  sldPosition_ = new PositionSlider(fraPlayer_, {[&player] { player.SliderPressed(); },
+                                                 [&player](std::int32_t value) { player.SliderReleased(value); },
+                                                 [](std::int32_t value) { return MusicPlayer::SliderTip(value); }});
+  sldPosition_->SetName("sldPosition");
+  SetAccessibleName(sldPosition_->GetHandle(), "再生位置");
+  lblTime_ = new wxStaticText(fraPlayer_, wxID_ANY, ToWx(std::string(" ") + kIdleTime));
+  lblTime_->SetName("lblTime");
+}
+
+void frmMoviePlayer::MakeMenus() {
+  auto* const mnuScreen = new wxMenu;
+  mnuScreen->Append(mnu1X, ToWx("等倍(&1)"));
+  mnuScreen->Append(mnu2X, ToWx("2 倍(&2)"));
+  mnuScreen->Append(mnu4X, ToWx("4 倍(&4)"));
+  auto* const bar = new wxMenuBar;
+  bar->Append(mnuScreen, ToWx("画面サイズ(&S)"));
+  SetMenuBar(bar);
+}
+
+void frmMoviePlayer::BindEvents() {
+  const auto onMenu = [this](MenuId id, const std::function<void()>& act) {
+    Bind(
+        wxEVT_MENU, [act](wxCommandEvent&) { act(); }, id);
+  };
+  onMenu(mnu1X, [this] { SetFactor(1); });
+  onMenu(mnu2X, [this] { SetFactor(2); });
+  onMenu(mnu4X, [this] { SetFactor(4); });
+  onMenu(mnuPlay, [this] { surroundings_.player.MoviePlay(); });
+  onMenu(mnuStop, [this] { Close(); });
+  Bind(wxEVT_CHAR_HOOK, &frmMoviePlayer::OnCharHook, this);
+  Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { OnClose(); });
+  picMovie_->Bind(wxEVT_RIGHT_DOWN, [this](wxMouseEvent&) { ShowPlayMenu(); });
+  panel_->Bind(wxEVT_SIZE, [this](wxSizeEvent&) { OnResize(); });
+  Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    event.Skip();
+    CallAfter(&frmMoviePlayer::CorrectOpeningSize);
+  });
+}
+
+bool frmMoviePlayer::Load() {
+  MusicPlayer& player = surroundings_.player;
+  player.Device().SetWindow(MakeNumberedWindow(picMovie_->GetHandle()));
+  const std::optional<PictureSize> picture = PictureSizeOf(player.Device().Source());
+  if (!picture) return false;
+  natural_ = NaturalSize(*picture, TwipsPerScreenPixel());
+  ShowTitle();
+  sldPosition_->SetLength(player.Length());
+  SetPosition(player.Position());
+  SetTime(" " + player.Time());
+  loaded_ = true;
+  SetOpeningSize();
+  openedWithin_ = Surround().system;
+  ShowWithoutActivating();
+  return true;
+}
+
+void frmMoviePlayer::ShowTitle() {
+  const std::string name(FileName(surroundings_.player.Paths().playingFilePath));
+  SetTitle(ToWx(name) + " - " + wxTheApp->GetAppDisplayName());
+}
+
+void frmMoviePlayer::SetPosition(std::int32_t position) {
+  if (sldPosition_->GetValue() != position) sldPosition_->SetValue(position);
+}
+
+void frmMoviePlayer::SetTime(const std::string& text) {
+  const wxString label = ToWx(text);
+  if (lblTime_->GetLabel() == label) return;
+  const int width = lblTime_->GetBestSize().x;
+  lblTime_->SetLabel(label);
+  if (lblTime_->GetBestSize().x == width || !loaded_) return;
+  SetMinSize(SizeInPixels(*this, SmallestMovieWindow(Surround())));
+  SetSize(std::max(GetSize().x, GetMinSize().x), -1);
+  LayOut();
+}
+
+void frmMoviePlayer::OnCharHook(wxKeyEvent& event) {
+  switch (event.GetKeyCode()) {
+    case WXK_ESCAPE: Close(); break;
+    case WXK_SPACE: surroundings_.player.MoviePlay(); break;
+    default: event.Skip();
+  }
+}
+
+void frmMoviePlayer::OnClose() {
+  surroundings_.player.MovieClosed();
+  Destroy();
+}
+
+void frmMoviePlayer::OnResize() {
+  if (!loaded_ || IsIconized()) return;
+  const int smallest = ToPixels(*this, kSmallestMovieHeight);
+  if (GetSize().y < smallest) SetSize(-1, smallest);
+  LayOut();
+  SendDestination();
+}
+
+void frmMoviePlayer::LayOut() {
+  const MovieLayout layout = LayOutMovie(SizeInTwips(*this, GetSize()), Surround());
+  const auto pixels = [this](std::int32_t twips) { return ToPixels(*this, twips); };
+  picMovie_->SetSize(pixels(layout.pictureLeft), 0, pixels(layout.picture.width), pixels(layout.picture.height));
+  const wxSize player = SizeInPixels(*this, layout.player);
+  fraPlayer_->SetSize(pixels(layout.playerLeft), pixels(layout.playerTop), player.x, player.y);
+  const int slider = sldPosition_->GetBestSize().y;
+  sldPosition_->SetSize(0, (player.y - slider) / 2, pixels(layout.sliderWidth), slider);
+  const wxSize time = lblTime_->GetBestSize();
+  lblTime_->SetSize(player.x - time.x, (player.y - time.y) / 2, time.x, time.y);
+}
+
+void frmMoviePlayer::SendDestination() {
+  const wxSize box = picMovie_->GetSize();
+  const PictureSize destination = DestinationPixels({box.x, box.y}, GetContentScaleFactor());
+  if (std::exchange(destination_, destination) == destination) return;
+  surroundings_.player.Device().SetDestination(destination.width, destination.height);
+}
+
+void frmMoviePlayer::ShowPlayMenu() {
+  wxMenu mnuMoviePlayerRClkMenu;
+  mnuMoviePlayerRClkMenu.Append(mnuPlay, ToWx(surroundings_.player.IsPlaying() ? "一時停止(&P)" : "再生(&P)"));
+  mnuMoviePlayerRClkMenu.Append(mnuStop, ToWx("停止(&S)"));
+  PopupMenu(&mnuMoviePlayerRClkMenu);
+}
+
+void frmMoviePlayer::SetFactor(int factor) {
+  const std::optional<TwipsSize> size = MovieWindowSize(natural_, factor, AllowanceOf(Surround()));
+  if (!size) {
+    surroundings_.boxes.Show(
+        {"画面サイズ", "画像が大きすぎるため、この画面サイズにはできません", MessageIcon::kExclamation});
+    return;
+  }
+  openedWithin_.reset();
+  if (IsMaximized()) Maximize(false);
+  SetWindowSize(*size);
+}
+
+void frmMoviePlayer::SetWindowSize(TwipsSize size) {
+  SetMinSize(SizeInPixels(*this, SmallestMovieWindow(Surround())));
+  SetSize(SizeInPixels(*this, size));
+  LayOut();
+  SendDestination();
+}
+
+void frmMoviePlayer::SetOpeningSize() {
+  const wxRect screen = wxDisplay(&surroundings_.owner).GetClientArea();
+  const MovieSurround surround = Surround();
+  SetWindowSize(OpeningWindowSize(natural_, AllowanceOf(surround), SmallestMovieWindow(surround),
+                                  SizeInTwips(*this, screen.GetSize())));
+  CentreOnParent();
+  const wxRect place = GetRect();
+  const auto within = [](int start, int size, int least, int most) {
+    return std::max(std::min(start, most - size), least);
+  };
+  Move(within(place.x, place.width, screen.x, screen.x + screen.width),
+       within(place.y, place.height, screen.y, screen.y + screen.height));
+}
+
+// A window manager may tell how large its frame is only when the window is there.
+void frmMoviePlayer::CorrectOpeningSize() {
+  if (!openedWithin_ || Surround().system == *openedWithin_) return;
+  openedWithin_.reset();
+  if (!IsMaximized() && !IsIconized()) SetOpeningSize();
+}
+
+MovieSurround frmMoviePlayer::Surround() const {
+  const int playerHeight = std::max(sldPosition_->GetBestSize().y, lblTime_->GetBestSize().y);
+  return {SizeInTwips(*this, GetSize() - GetClientSize()), ToTwips(*this, playerHeight),
+          ToTwips(*this, lblTime_->GetBestSize().x) + kGap};
+}
+
+double frmMoviePlayer::TwipsPerScreenPixel() const {
+  return ToTwips(*this, kUnit) / (kUnit * GetContentScaleFactor());
+}
 
 }  // namespace quillon

@@ -13,6 +13,7 @@
 #include "controls/WxMessageBoxes.h"
 #include "platform/Program.h"
 #include "platform/desktop/DesktopStyle.h"
+#include "platform/desktop/NativeWindow.h"
 #include "platform/desktop/SingleInstance.h"
 
 namespace quillon {
@@ -35,8 +36,9 @@ Result<OptionValues, SettingsError> ReadSettings(const std::string& path) {
 /// The program: one instance for a user's session, its one main window.
 class QuillonApp final : public wxApp {
  public:
-  // Before the window system is started: it takes away what a desktop passes on about who started the program.
+  // Before the window system is started, which takes away what a desktop passes on about who started the program.
   bool Initialize(int& count, wxChar** arguments) override {
+    PreferNumberedWindows();  // a film's picture is drawn into one
     instance_ = MakeSingleInstance(kMainTitle, kMainWindowClass);
     return wxApp::Initialize(count, arguments);
   }

@@ -164,8 +164,8 @@ void MainWindowTest::ClickRow(int index) const {
   Click(row.GetTopLeft() + wxPoint(row.width / 2, row.height / 2));
 }
 
-void MainWindowTest::ClickBox() const {
-  Click(Centre(Box().GetScreenRect()));
+void MainWindowTest::ClickOn(const std::string& control) const {
+  Click(Centre(Get<wxWindow>(control).GetScreenRect()));
 }
 
 void MainWindowTest::ClickModePanel(int quarters) const {

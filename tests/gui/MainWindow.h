@@ -68,7 +68,8 @@ class MainWindowTest : public testing::Test {
   void Key(int key, int modifiers = wxMOD_NONE) const;
   void Click(wxPoint screen) const;
   void ClickRow(int index) const;
-  void ClickBox() const;
+  void ClickOn(const std::string& control) const;
+  void ClickBox() const { ClickOn("txtAlterTitle"); }
   /// At this many quarters of its width: two clicks on one place could be a double click.
   void ClickModePanel(int quarters = 2) const;
   void FocusList() const;

@@ -63,9 +63,9 @@ TEST_F(SettingsOfMainWindow, PlaceSizeAndColumnsSurviveARestart) {
   for (int i = 0; i < kColumnCount; ++i) {
     Frame().List().SetColumnWidth(static_cast<Column>(i), columns[static_cast<std::size_t>(i)]);
   }
-  Get<wxBitmapToggleButton>("chkRepeat").SetValue(true);
   ASSERT_TRUE(Until([&] { return Frame().GetRect() == place && ColumnWidths() == columns; }));
   Settle();
+  ClickOn("chkRepeat");
   CloseWindow();
 
   const OptionValues saved = Saved();

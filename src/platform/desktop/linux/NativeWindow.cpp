@@ -1,0 +1,21 @@
+#include "platform/desktop/NativeWindow.h"
+
+#include <gdk/gdkx.h>
+#include <gtk/gtk.h>
+
+namespace quillon {
+void PreferNumberedWindows() {
+  gdk_set_allowed_backends("x11,*");
+}
+
+std::uintptr_t MakeNumberedWindow(void* control) {
+  auto* const widget = static_cast<GtkWidget*>(control);
+  gtk_widget_realize(widget);
+  GdkWindow* const window = gtk_widget_get_window(widget);
+  if (window == nullptr || !GDK_IS_X11_WINDOW(window) || gdk_window_ensure_native(window) == FALSE) return 0;
+  // The device asks the window system over a connection of its own.
+  gdk_display_sync(gdk_window_get_display(window));
+  return gdk_x11_window_get_xid(window);
+}
+
+}  // namespace quillon

@@ -1,0 +1,178 @@
+#include <wx/tglbtn.h>
+
+#include "gui/PlayerWindow.h"
+#include "gui/Settle.h"
+
+/// The player in the main window: what a person hears is not asked, what the controls show is.
+namespace quillon::test {
+namespace {
+
+constexpr const char* kIdleLabel = "00:00 / 00:00";
+
+TEST_F(PlayerOfMainWindow, ADoubleClickPlaysAndTheControlsFollow) {
+  WriteWave("曲 a.wav", 4000);
+  OpenFolder();
+  EXPECT_EQ(Time(), kIdleLabel);
+  DoubleClickRow(1);
+  EXPECT_TRUE(Shows("再生中： 曲 a.wav")) << Status(kSelectionPanel);
+  EXPECT_NEAR(Length(), 4000, 50);
+  EXPECT_TRUE(PositionPasses(1200));
+  EXPECT_TRUE(Time() == "00:01 / 00:04" || Time() == "00:02 / 00:04") << Time();
+}
+
+TEST_F(PlayerOfMainWindow, TheButtonsPauseGoOnAndStop) {
+  WriteWave("a.wav", 6000);
+  OpenFolder();
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(Shows("再生中： a.wav"));
+  EXPECT_TRUE(PositionPasses(400));
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(Shows("一時停止： a.wav"));
+  const int paused = Position();
+  Wait(600);
+  EXPECT_EQ(Position(), paused);
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(Shows("再生中： a.wav"));
+  EXPECT_TRUE(PositionPasses(paused));
+  ClickOn("cmdStop");
+  EXPECT_TRUE(Shows("停止： a.wav"));
+  EXPECT_EQ(Position(), 0);
+  EXPECT_EQ(Time(), kIdleLabel);
+}
+
+TEST_F(PlayerOfMainWindow, TheSliderSeeksByTheMouse) {
+  WriteWave("a.wav", 20000);
+  OpenFolder();
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(PositionPasses(200));
+  wxUIActionSimulator mouse;
+  mouse.MouseMove(SliderPoint(Position() / 20000.0));
+  wxYield();
+  mouse.MouseDown();
+  Settle();
+  EXPECT_TRUE(App().Player().SliderSeeking());
+  for (const double share : {0.2, 0.4, 0.6}) {
+    mouse.MouseMove(SliderPoint(share));
+    Settle();
+  }
+  const int held = Position();
+  EXPECT_NEAR(held, 12000, 1500);
+  Wait(300);
+  EXPECT_EQ(Position(), held) << "the slider is the user's";
+  mouse.MouseUp();
+  EXPECT_TRUE(Until([&] { return !App().Player().SliderSeeking(); }));
+  EXPECT_TRUE(PositionPasses(held));
+  EXPECT_LT(Position(), held + 2000);
+  EXPECT_TRUE(Shows("再生中： a.wav"));
+}
+
+TEST_F(PlayerOfMainWindow, TheSliderSeeksByKeys) {
+  WriteWave("a.wav", 60000);
+  OpenFolder();
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(PositionPasses(200));
+  Get<wxWindow>("sldPosition").SetFocus();
+  Key(WXK_PAGEDOWN);
+  EXPECT_TRUE(Until([&] { return !App().Player().SliderSeeking(); }));
+  Wait(200);
+  EXPECT_GT(Position(), 9000) << "a large step";
+  Key(WXK_HOME);
+  Wait(200);
+  EXPECT_LT(Position(), 5000);
+}
+
+TEST_F(PlayerOfMainWindow, AShortFileStopsAtItsEnd) {
+  WriteWave("a.wav", 500);
+  OpenFolder();
+  DoubleClickRow(1);
+  EXPECT_TRUE(Shows("停止： a.wav")) << Status(kSelectionPanel);
+  EXPECT_EQ(Position(), 0);
+}
+
+TEST_F(PlayerOfMainWindow, AShortFileIsRepeated) {
+  WriteWave("a.wav", 1500);
+  OpenFolder();
+  ClickOn("chkRepeat");
+  EXPECT_TRUE(Get<wxToggleButton>("chkRepeat").GetValue());
+  DoubleClickRow(1);
+  EXPECT_TRUE(Shows("再生中： a.wav"));
+  int rewound = 0;
+  for (int last = 0, waited = 0; waited < 100 && rewound < 2; ++waited) {
+    Wait(50);
+    if (Position() < last) ++rewound;
+    last = Position();
+  }
+  EXPECT_EQ(rewound, 2);
+  EXPECT_EQ(Status(kSelectionPanel), "再生中： a.wav");
+  ClickOn("cmdStop");
+  EXPECT_TRUE(Shows("停止： a.wav"));
+}
+
+TEST_F(PlayerOfMainWindow, ContinuousPlayGoesThroughTheListAndStartsOver) {
+  for (const char* name : {"a.wav", "b.txt", "c.wav"}) WriteWave(name, 500);
+  OptionValues options = Options();
+  options.player.allPlay = 1;
+  OpenFolder(options);
+  DoubleClickRow(1);
+  EXPECT_TRUE(Shows("再生中： c.wav")) << "past the text file";
+  EXPECT_TRUE(Shows("再生中： a.wav")) << "behind the last comes the first";
+  EXPECT_EQ(SelectedRows(), std::vector<int>{1}) << "the selection stays";
+}
+
+TEST_F(PlayerOfMainWindow, ThePlayingRowIsRenamed) {
+  WriteWave("a.wav", 5000);
+  OpenFolder();
+  DoubleClickRow(1);
+  EXPECT_TRUE(PositionPasses(200));
+  FocusBox();
+  Box().SelectAll();
+  Key('x');
+  dialogs.Answer();
+  Run(Command::mnuThisUpdate);
+  EXPECT_TRUE(folder.Exists("x.wav"));
+  EXPECT_FALSE(folder.Exists("a.wav"));
+  EXPECT_EQ(Time(), kIdleLabel);
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(Shows("再生中： x.wav"));
+  EXPECT_TRUE(PositionPasses(200));
+}
+
+TEST_F(PlayerOfMainWindow, ThePlayingRowIsDeleted) {
+  WriteWave("a.wav", 5000);
+  OpenFolder();
+  DoubleClickRow(1);
+  EXPECT_TRUE(PositionPasses(200));
+  dialogs.Answer();
+  Run(Command::mnuThisDel);
+  EXPECT_FALSE(folder.Exists("a.wav"));
+  EXPECT_EQ(List().Count(), 0);
+  EXPECT_TRUE(Shows("プレイヤー待機中..."));
+}
+
+TEST_F(PlayerOfMainWindow, TheWindowClosesWhileAFilePlays) {
+  WriteWave("a.wav", 5000);
+  OpenFolder();
+  DoubleClickRow(1);
+  EXPECT_TRUE(PositionPasses(200));
+  CloseWindow();
+  EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(PlayerOfMainWindow, AskedForNoFileItSaysSo) {
+  Open(Options());
+  dialogs.Answer();
+  ClickOn("cmdPlay");
+  EXPECT_EQ(dialogs.TakeShown(),
+            std::vector<Message>({{"プレイヤー", "再生するファイルを指定してください", MessageIcon::kExclamation}}));
+}
+
+TEST_F(PlayerOfMainWindow, TheInformationTellsThePlayingTimeWhenTheSettingSaysSo) {
+  WriteWave("a.wav", 65000);
+  OptionValues options = Options();
+  options.system.loadTime = 1;
+  OpenFolder(options);
+  EXPECT_TRUE(Text("txtFileInfo").ends_with(" / 演奏時間： 1:05")) << Text("txtFileInfo");
+}
+
+}  // namespace
+}  // namespace quillon::test
