@@ -38,7 +38,7 @@ done
 install_packages() {
   local packages=("${linux_packages[@]}" libgtest-dev libgmock-dev)
   case $job in
-    window) packages+=("${look_packages[@]}") ;;
+    window) packages+=("${look_packages[@]}" "${play_packages[@]}") ;;
     screenshot) packages+=("${window_packages[@]}") ;;
   esac
   # Any Japanese font will do.

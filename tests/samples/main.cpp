@@ -34,7 +34,7 @@ std::string Mp3WithId3v23(std::u16string_view title, std::u16string_view artist,
 
 std::vector<std::pair<std::string, std::string>> Samples() {
   return {
-      {"001.mid", SimpleMidiFile(Ansi("さくらさくら"), Ansi("日本古謡"))},
+      {"001.mid", SimpleMidiFile(Ansi("さくらさくら"), Ansi("日本古謡"), 16)},
       {"track02.MID", SimpleMidiFile("Greensleeves", "Traditional")},
       {"untitled.mid", SimpleMidiFile("", "")},
       {"a1.mp3", Mp3Audio(40) + Id3v1Trailer({.title = Ansi("荒城の月"), .artist = Ansi("滝廉太郎"), .year = "1901"})},

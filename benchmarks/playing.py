@@ -1,0 +1,140 @@
+"""Measures playing. Usage: playing.py FOLDER-OF-PROGRAMS FOLDER-OF-MEDIA-FILES (thirty seconds each)"""
+
+import os
+import statistics
+import struct
+import subprocess
+import sys
+import time
+
+TRUE_LENGTH = 30000
+SEEKS = [25000, 1000, 14321, 29000, 7777]
+REPETITIONS = int(os.environ.get("REPETITIONS", "5"))
+SECONDS = 10  # of processor time measured
+programs, media = sys.argv[1:3]
+
+
+def program(name):
+    return os.path.join(programs, name)
+
+
+class Device:
+    """quillon-cli mci: one command string, one reply."""
+
+    def __init__(self):
+        self._process = subprocess.Popen([program("quillon-cli"), "mci"], stdin=subprocess.PIPE,
+                                         stdout=subprocess.PIPE, text=True, bufsize=1)
+
+    def ask(self, command):
+        self._process.stdin.write(command + "\n")
+        self._process.stdin.flush()
+        return self._process.stdout.readline().rstrip("\n")
+
+    def timed(self, command):
+        started = time.monotonic()
+        reply = self.ask(command)
+        if reply.startswith("error"):
+            sys.exit(f"error: {command}: {reply}")
+        return (time.monotonic() - started) * 1000
+
+    def position(self):
+        return int(self.ask("status X position"))
+
+    def close(self):
+        self._process.stdin.close()
+        self._process.wait()
+
+
+def write_midi(path):
+    """A quarter note each half second, thirty seconds in all."""
+    notes = b"".join(b"\x00\x90" + bytes([60 + i % 12, 100]) + b"\x60\x80" + bytes([60 + i % 12, 0])
+                     for i in range(TRUE_LENGTH // 500))
+    track = notes + b"\x00\xff\x2f\x00"
+    with open(path, "wb") as file:
+        file.write(b"MThd" + struct.pack(">IHHH", 6, 0, 1, 0x60) + b"MTrk" + struct.pack(">I", len(track)) + track)
+
+
+def until_moving(device, start):
+    """Milliseconds until the position has left this place."""
+    started = time.monotonic()
+    while device.position() <= start:
+        if time.monotonic() - started > 10:
+            sys.exit("error: it does not play")
+    return (time.monotonic() - started) * 1000
+
+
+def astray(device, place):
+    """How far the position is from where it must be after a seek, after the start there, and a while later."""
+    device.ask(f"seek X to {place}")
+    errors = [abs(device.position() - place)]
+    started = time.monotonic()
+    device.ask("play X")
+    until_moving(device, place)
+    first, first_time = device.position(), time.monotonic()
+    errors.append(max(place - first, first - place - (first_time - started) * 1000, 0))
+    time.sleep(0.25)
+    errors.append(abs(device.position() - first - (time.monotonic() - first_time) * 1000))
+    return max(errors)
+
+
+def measure_file(name):
+    opened, started, lengths, errors = [], [], [], []
+    for _ in range(REPETITIONS):
+        device = Device()
+        device.ask("status X mode")  # the library is there
+        opened.append(device.timed(f'open "{os.path.join(media, name)}" alias X'))
+        device.ask("set X time format milliseconds")
+        lengths.append(int(device.ask("status X length")))
+        play = device.timed("play X")
+        started.append(play + until_moving(device, 0))
+        errors += [astray(device, place) for place in SEEKS]
+        device.close()
+    print(f"{name:12} {statistics.median(lengths):8.0f} {max(abs(n - TRUE_LENGTH) for n in lengths):8.0f} "
+          f"{statistics.median(errors):9.0f} {max(errors):6.0f} {opened[0]:9.0f} {statistics.median(opened):7.0f} "
+          f"{statistics.median(started):7.0f}", flush=True)
+
+
+def ticks(path):
+    fields = open(path).read().rsplit(")", 1)[1].split()
+    return int(fields[11]) + int(fields[12])
+
+
+def measure_window(name):
+    window = subprocess.Popen([program("quillon"), os.path.join(media, name)])
+    try:
+        subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--name", "^Quillon$"], stdout=subprocess.DEVNULL)
+        time.sleep(1.5)
+        base = f"/proc/{window.pid}"
+        hertz = os.sysconf("SC_CLK_TCK")
+
+        def share():
+            """Of one core: the window's thread and the whole process."""
+            paths = [f"{base}/task/{window.pid}/stat", f"{base}/stat"]
+            before, began = [ticks(path) for path in paths], time.monotonic()
+            time.sleep(SECONDS)
+            passed = time.monotonic() - began
+            return [(ticks(path) - start) / hertz / passed * 100 for path, start in zip(paths, before)]
+
+        idle = share()
+        subprocess.run(["xdotool", "key", "Return"])
+        time.sleep(1.5)
+        threads = len(os.listdir(f"{base}/task"))
+        playing = share()
+        if threads == len(os.listdir(f"{base}/task")) == 1:
+            sys.exit("error: nothing plays")
+        print(f"{name}: the window's thread {playing[0]:.1f} % of a core while it plays, {idle[0]:.1f} % before "
+              f"(goal under 5 %: {'met' if playing[0] < 5 else 'MISSED'}); the whole process {playing[1]:.1f} %")
+    finally:
+        window.kill()
+        window.wait()
+
+
+def main():
+    write_midi(os.path.join(media, "notes.mid"))
+    print("milliseconds   length   off by  astray: median    most   open: first, median   until it plays")
+    for name in sorted(os.listdir(media)):
+        measure_file(name)
+    measure_window("tone.mp3")
+
+
+main()

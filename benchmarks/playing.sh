@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Measures playing: for each kind of file the length that is reported, how far a seek leads astray, how long opening and
+# starting take; and what the window costs while it plays. On a display and with a sound server of its own.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/common.sh
+
+need_packages "${linux_packages[@]}" "${window_packages[@]}" "${sound_packages[@]}" python3
+cmake --preset linux >/dev/null || fail "configuring 'linux' failed"
+cmake --build build/linux --target quillon quillon-cli bregexp >/dev/null ||
+  fail "building failed: run 'cmake --build build/linux' to see why"
+
+# A copy, so that the settings beside the program neither matter nor change.
+copy=$(mktemp -d)
+trap 'rm -rf "$copy"' EXIT
+cp build/linux/bin/{quillon,quillon-cli,libbregexp.so} "$copy"
+scripts/media-samples.sh "$copy/media" 30
+scripts/with-sound.sh scripts/with-display.sh dbus-run-session -- python3 benchmarks/playing.py "$copy" "$copy/media" \
+  2>/dev/null
