@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# media-samples.sh FOLDER [SECONDS]: makes short films (160 by 120 pixels, colour bars and a tone) and songs in the folder,
-# three seconds each, in the forms that the player plays. What is there already is kept. Needs gstreamer1.0-tools, and says
+# media-samples.sh FOLDER [SECONDS]: makes short films (160 by 120 pixels, colour bars or a moving ball, and a tone) and songs in
+# the folder, three seconds each, in the forms that the player plays. What is there already is kept. Needs gstreamer1.0-tools, and says
 # so where they are missing: the tests pass over what is not there.
 set -euo pipefail
 folder=${1:?usage: media-samples.sh FOLDER [SECONDS]}
@@ -25,11 +25,15 @@ sample() {
   fi
 }
 
-film() { sample "$1" "$picture ! $2 ! queue ! $3 name=mux $tone ! $4 ! queue ! mux. mux."; }
+moving="videotestsrc pattern=ball ${picture#videotestsrc }"
+
+# film NAME ENCODER MUXER SOUND-ENCODER [PICTURE]
+film() { sample "$1" "${5:-$picture} ! $2 ! queue ! $3 name=mux $tone ! $4 ! queue ! mux. mux."; }
 
 sample tone.wav "$tone ! audio/x-raw,format=S16LE ! wavenc"
 sample tone.mp3 "$tone ! lamemp3enc target=bitrate bitrate=128 cbr=true"
 film mpeg1.mpg 'mpeg2enc format=0' 'mplex format=0' avenc_mp2
+film moving.mpg 'mpeg2enc format=0' 'mplex format=0' avenc_mp2 "$moving"
 film mpeg4.avi avenc_mpeg4 avimux identity
 film mjpeg.avi jpegenc avimux identity
 film raw.avi 'videoconvert ! video/x-raw,format=BGR' avimux identity

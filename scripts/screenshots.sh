@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Makes the pictures in resources/screenshots anew: the window on Linux, in light and dark, and on Windows (under Wine).
+# Makes the pictures in resources/screenshots anew: the window on Linux, in light and dark, with a film that plays, and on
+# Windows (under Wine).
 # `screenshots.sh linux` or `screenshots.sh windows` makes only these.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -44,9 +45,9 @@ build_programs() {
   }
 }
 
-# picture NAME PROGRAM FOLDER: with the third row selected, in at most 256 colours.
+# picture NAME PROGRAM FOLDER: with the third row selected (or after KEYS), in at most 256 colours.
 picture() {
-  KEYS="Home Down Down" scripts/window-picture.sh "$work/$1.png" "$2" "$work/settings.ini" "$3"
+  KEYS=${KEYS:-Home Down Down} scripts/window-picture.sh "$work/$1.png" "$2" "$work/settings.ini" "$3"
   convert "$work/$1.png" -dither None -colors 256 -strip -define png:compression-level=9 "PNG8:$pictures/$1.png" ||
     fail "'$pictures/$1.png' cannot be written"
   printf '%-12s %s bytes\n' "$1.png" "$(stat -c %s "$pictures/$1.png")"
@@ -66,6 +67,10 @@ linux_pictures() {
   say "Pictures of the window on Linux"
   XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita picture linux build/linux/bin/quillon "$music"
   XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita:dark picture linux-dark build/linux/bin/quillon "$music"
+  gst-launch-1.0 -q videotestsrc num-buffers=250 ! video/x-raw,width=320,height=240,framerate=25/1 ! jpegenc ! avimux ! \
+    filesink location="$music/clip.avi"
+  KEYS="Home Down Down Down Down Down Down Return" PLAYING=1.5 XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita \
+    picture playing build/linux/bin/quillon "$music"
 }
 
 # A prefix of its own, with smooth text in a font much like Windows' own: only that prefix gets the font.

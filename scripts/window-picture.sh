@@ -2,7 +2,8 @@
 # Saves a picture of the main window, with its frame: window-picture.sh FILE.png PROGRAM SETTINGS [PATH...]
 # The window opens on a display and a session bus of its own, from a copy of the program beside a copy of that settings
 # file: what stands beside the program has no influence and is not changed. KEYS ("Down Down") are pressed when
-# everything is loaded. A Windows program runs under Wine.
+# everything is loaded; with PLAYING=SECONDS the picture is taken so long after them, whatever moves then. A Windows
+# program runs under Wine.
 set -euo pipefail
 scripts=$(cd "$(dirname "$0")" && pwd)
 . "$scripts/common.sh"
@@ -68,7 +69,7 @@ if [ "${1:-}" = --on-display ]; then
   wait_until_settled
   if [ -n "${KEYS:-}" ]; then
     xdotool windowfocus --sync "$window" key --delay 100 $KEYS
-    wait_until_settled
+    if [ -n "${PLAYING:-}" ]; then sleep "$PLAYING"; else wait_until_settled; fi
   fi
   import -silent -window root -crop "$(outer_rectangle)" +repage -strip -depth 8 -define png:compression-level=9 \
     "png:$file" || fail "'$file' cannot be written"

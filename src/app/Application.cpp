@@ -235,8 +235,7 @@ void Application::RowActivated(int index) {
   Run([&] {
     const FileItem& row = list_.Row(index);
     if (IsPlayableType(row.type)) {
-      player_.Choose(row.location);
-      player_.mnuPlay();
+      player_.Play(row.location);
     } else {
       (void)ports_.openWithShell(row.location);
     }

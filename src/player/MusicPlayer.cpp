@@ -47,6 +47,10 @@ void MusicPlayer::cmdPlay() {
     (void)ports_.openWithShell(list_.Row(current).location);
     return;
   }
+  PlayOrPause();
+}
+
+void MusicPlayer::PlayOrPause() {
   if (paths_.playFilePath.empty()) {
     ports_.boxes.Show({kCaption, "再生するファイルを指定してください", MessageIcon::kExclamation});
     return;
@@ -120,10 +124,20 @@ void MusicPlayer::cmdStop() {
 }
 
 void MusicPlayer::mnuPlay() {
+  StopBeforeStart();
+  cmdPlay();
+}
+
+void MusicPlayer::Play(const std::string& path) {
+  Choose(path);
+  StopBeforeStart();
+  PlayOrPause();
+}
+
+void MusicPlayer::StopBeforeStart() {
   cmdStop();
   // Stopped at a point: it would go on from there.
   if (mci_.Mode() == MCIMode::kStopped) mci_.MCICommand("prev");
-  cmdPlay();
 }
 
 // Messages are not let through in here: a dialog opened by one of them would hold the player up.
@@ -145,10 +159,10 @@ bool MusicPlayer::FileEnded() {
   SetTimer(0);
   if (options_.player.allPlay == 1) {
     PlayNext();
-    if (interval_ != 0) return true;
+    if (interval_ != 0 || paths_.playingFilePath.empty()) return true;  // it plays, or has recovered
   }
   ports_.panel.SetButton(PlayButton::kPlay);
-  if (!paths_.playingFilePath.empty()) ShowStatus(kStopped, paths_.playingFilePath);
+  ShowStatus(kStopped, paths_.playingFilePath);
   paths_.playingFilePath.clear();
   return false;
 }
@@ -173,6 +187,7 @@ int MusicPlayer::NextPlayableRow() const {
 }
 
 void MusicPlayer::SliderReleased(std::int32_t value) {
+  if (!sliderSeeking_) return;  // its window was closed under the user's hand
   switch (mci_.Mode()) {
     case MCIMode::kPlaying:
       mci_.MCISeek(value);
@@ -192,7 +207,8 @@ std::string MusicPlayer::SliderTip(std::int32_t value) {
 void MusicPlayer::MoviePlay() {
   switch (mci_.Mode()) {
     case MCIMode::kPlaying: Pause(); break;
-    case MCIMode::kPaused: Resume(); break;
+    case MCIMode::kPaused:
+    case MCIMode::kStopped: Resume(); break;  // at the point where the slider has left it
     default: break;
   }
 }
@@ -210,6 +226,7 @@ void MusicPlayer::CloseMovie() {
 // True when that has stopped the file.
 bool MusicPlayer::MovieUnloaded() {
   movieShown_ = false;
+  sliderSeeking_ = false;
   const MCIMode mode = mci_.Mode();
   if (mode != MCIMode::kPlaying && mode != MCIMode::kPaused) return false;
   StopAndClose();

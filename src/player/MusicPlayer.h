@@ -46,6 +46,8 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   void cmdStop();
   /// Plays the chosen file from its beginning.
   void mnuPlay();
+  /// The same for this file, whichever row is the current one.
+  void Play(const std::string& path);
   void timMCIChecker();
 
   // The position sliders of both windows. `value` is the moved slider's.
@@ -82,6 +84,8 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   [[nodiscard]] std::int32_t LengthOfChosenFile() override { return mci_.MCIFileLength(); }
 
  private:
+  void PlayOrPause();
+  void StopBeforeStart();
   void Pause();
   void Resume();
   [[nodiscard]] bool StartChosen();

@@ -52,10 +52,10 @@ wxSize SizeInPixels(const wxWindow& window, TwipsSize size) {
 
 }  // namespace
 
-frmMoviePlayer::frmMoviePlayer(Surroundings surroundings)
+frmMoviePlayer::frmMoviePlayer(const Surroundings& surroundings)
     : wxFrame(&surroundings.owner, wxID_ANY, wxTheApp->GetAppDisplayName(), wxDefaultPosition, wxDefaultSize,
               StyleOf(surroundings.alwaysOnTop)),
-      surroundings_(std::move(surroundings)) {
+      surroundings_(surroundings) {
   SetName("frmMoviePlayer");
   SetExtraStyle(wxWS_EX_BLOCK_EVENTS);  // the owner has keys and menus of its own
   SetIcons(ProgramIcons());

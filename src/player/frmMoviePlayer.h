@@ -27,7 +27,7 @@ class frmMoviePlayer final : public wxFrame {
     bool alwaysOnTop = false;
   };
 
-  explicit frmMoviePlayer(Surroundings surroundings);
+  explicit frmMoviePlayer(const Surroundings& surroundings);
 
   /// Gives the device the picture box, takes the picture's size and shows the window; false when there is no picture.
   /// The keyboard stays where it is: the file may be one of a whole list that plays while the user types.

@@ -43,6 +43,19 @@ TEST(Playing, ADoubleClickPlaysTheRowInPlaceOfWhatPlays) {
   EXPECT_EQ(f.Log().StartingWith("shell"), Texts());
 }
 
+TEST(Playing, OfSeveralSelectedRowsTheActivatedOneIsPlayed) {
+  PlayingFixture f;
+  f.folder.Write("0.html");
+  f.app.LoadPaths({f.folder.At("0.html")});
+  f.app.HeaderClicked(Column::kLocation);
+  f.app.HeaderClicked(Column::kLocation);
+  ASSERT_EQ(f.app.List().Row(1).type, "HTML");
+  f.Select({1, 3});
+  f.app.RowActivated(3);
+  EXPECT_EQ(f.Playing(), f.At("b.mid"));
+  EXPECT_EQ(f.Log().StartingWith("shell"), Texts());
+}
+
 TEST(Playing, TheCommandPlaysTheSelectedRow) {
   PlayingFixture f;
   f.Select({3});

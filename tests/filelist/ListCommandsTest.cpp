@@ -156,8 +156,8 @@ TEST(mnuAllClear, EmptiesTheListStopsThePlayerAndShowsTheMode) {
   EXPECT_EQ(f.list.Count(), 0);
   EXPECT_EQ(f.list.SelectedIndex(), 0);
   EXPECT_EQ(f.ports.player.loaded, "");
-  EXPECT_EQ(f.ports.log.Events(),
-            Joined(Joined({kClearQuestion, "player stop", "player chooses "}, kPanelsReset), {"panel mode: 手動適応モード"}));
+  EXPECT_EQ(f.ports.log.Events(), Joined(Joined({kClearQuestion, "player stop", "player chooses "}, kPanelsReset),
+                                         {"panel mode: 手動適応モード"}));
 }
 
 TEST(mnuAllClear, AsksNothingWhenConfirmationsAreOff) {

@@ -89,8 +89,11 @@ TEST_P(EachKind, PlaysByDoubleClickPausesSeeksAndEnds) {
   const int paused = Position();
   Wait(300);
   EXPECT_EQ(Position(), paused);
+  Click(SliderPoint(0.6));
+  EXPECT_NEAR(Position(), 1800, 250);
+  const int chosen = Position();
   App().Player().cmdPlay();
-  EXPECT_TRUE(PositionPasses(paused));
+  EXPECT_TRUE(PositionPasses(chosen));
   EXPECT_TRUE(Shows(std::string("停止： ") + kind.file)) << "at its end";
   EXPECT_EQ(Movie(), nullptr);
 }

@@ -1,5 +1,6 @@
 #include <wx/tglbtn.h>
 
+#include "controls/WxText.h"
 #include "gui/PlayerWindow.h"
 #include "gui/Settle.h"
 
@@ -8,6 +9,11 @@ namespace quillon::test {
 namespace {
 
 constexpr const char* kIdleLabel = "00:00 / 00:00";
+
+/// What cmdPlay would do.
+std::string PlayLabel() {
+  return FromWx(wxWindow::FindWindowByName("cmdPlay")->GetLabel());
+}
 
 TEST_F(PlayerOfMainWindow, ADoubleClickPlaysAndTheControlsFollow) {
   WriteWave("曲 a.wav", 4000);
@@ -23,11 +29,14 @@ TEST_F(PlayerOfMainWindow, ADoubleClickPlaysAndTheControlsFollow) {
 TEST_F(PlayerOfMainWindow, TheButtonsPauseGoOnAndStop) {
   WriteWave("a.wav", 6000);
   OpenFolder();
+  EXPECT_EQ(PlayLabel(), "再生");
   ClickOn("cmdPlay");
   EXPECT_TRUE(Shows("再生中： a.wav"));
+  EXPECT_EQ(PlayLabel(), "一時停止");
   EXPECT_TRUE(PositionPasses(400));
   ClickOn("cmdPlay");
   EXPECT_TRUE(Shows("一時停止： a.wav"));
+  EXPECT_EQ(PlayLabel(), "再生");
   const int paused = Position();
   Wait(600);
   EXPECT_EQ(Position(), paused);
@@ -56,6 +65,7 @@ TEST_F(PlayerOfMainWindow, TheSliderSeeksByTheMouse) {
     Settle();
   }
   const int held = Position();
+  EXPECT_EQ(FromWx(wxWindow::FindWindowByName("tip")->GetChildren().front()->GetLabel()), MusicPlayer::SliderTip(held));
   EXPECT_NEAR(held, 12000, 1500);
   Wait(300);
   EXPECT_EQ(Position(), held) << "the slider is the user's";
@@ -147,6 +157,21 @@ TEST_F(PlayerOfMainWindow, ThePlayingRowIsDeleted) {
   EXPECT_FALSE(folder.Exists("a.wav"));
   EXPECT_EQ(List().Count(), 0);
   EXPECT_TRUE(Shows("プレイヤー待機中..."));
+}
+
+TEST_F(PlayerOfMainWindow, ThePlayingRowIsMoved) {
+  WriteWave("a.wav", 5000);
+  OpenFolder();
+  DoubleClickRow(1);
+  EXPECT_TRUE(PositionPasses(200));
+  const std::string target = home.MakeFolder("target");
+  dialogs.ChooseFolder(target);
+  dialogs.Answer();
+  Run(Command::mnuThisMove);
+  EXPECT_TRUE(home.Exists("target/a.wav"));
+  EXPECT_FALSE(folder.Exists("a.wav"));
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(PositionPasses(200));
 }
 
 TEST_F(PlayerOfMainWindow, TheWindowClosesWhileAFilePlays) {

@@ -234,6 +234,15 @@ TEST_F(MusicPlayerTest, TheMenuStartsFromTheBeginningAlsoWhenStoppedAtAPoint) {
   EXPECT_EQ(device.Send("status mci position", 16).text, "0");
 }
 
+TEST_F(MusicPlayerTest, PlaysTheFileThatIsNamedWhateverTheCurrentRowIs) {
+  Start(1);
+  list.SelectOnly(2);
+  player.Play("/m/b.mid");
+  EXPECT_EQ(device.OpenFile("mci"), "/m/b.mid");
+  EXPECT_EQ(player.Paths().playFilePath, "/m/b.mid");
+  EXPECT_EQ(ports.log.StartingWith("shell"), Texts());
+}
+
 // The timer.
 
 TEST_F(MusicPlayerTest, ATickMovesSliderAndLabel) {
@@ -353,6 +362,16 @@ TEST_F(MusicPlayerTest, OpensACurrentRowOfAnotherKindInsteadOfTheNextFile) {
   EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3");
 }
 
+TEST_F(MusicPlayerTest, RecoversFromANextFileThatCannotBePlayed) {
+  options.player.allPlay = 1;
+  Start(1);
+  device.scripted["status mci length"] = "99999999999";
+  Pass(4000);
+  EXPECT_EQ(Statuses().back(), kIdle);
+  EXPECT_EQ(panel.time, "00:00 / 00:00");
+  EXPECT_EQ(panel.interval, 0);
+}
+
 TEST_F(MusicPlayerTest, EndsWhenTheListHasNothingToPlayAnyMore) {
   options.player.allPlay = 1;
   for (const bool empty : {false, true}) {
@@ -416,8 +435,10 @@ TEST_F(MusicPlayerTest, StoppedAtAPointAnotherChosenFileIsPlayedUnderItsOwnName)
 TEST_F(MusicPlayerTest, ReleasedInAnyOtherModeTheLabelFollows) {
   Start(3);
   player.cmdPlay();
+  player.SliderPressed();
   player.SliderReleased(1000);
   device.TakeSent();
+  player.SliderPressed();
   player.SliderReleased(61500);
   EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "set MCI time format milliseconds", "seek MCI to 61500"}));
   EXPECT_EQ(panel.time, "01:02 / 03:05");
@@ -517,12 +538,37 @@ TEST_F(MusicPlayerTest, ClosingTheMovieWindowStopsPlayback) {
 TEST_F(MusicPlayerTest, AMovieWindowClosedWhileStoppedAtAPointComesBackWithPlay) {
   Start(4);
   player.cmdPlay();
+  player.SliderPressed();
   player.SliderReleased(3000);
   player.MovieClosed();
   EXPECT_EQ(device.OpenFile("mci"), "/m/clip.avi");
   player.cmdPlay();
   EXPECT_EQ(movie.shown, 2);
   EXPECT_EQ(device.Send("status mci position", 16).text, "3000");
+}
+
+TEST_F(MusicPlayerTest, TheMovieWindowGoesOnWhereItsSliderHasLeftIt) {
+  Start(4);
+  player.MoviePlay();
+  player.SliderPressed();
+  player.SliderReleased(3000);
+  ASSERT_EQ(Mode(), "stopped");
+  player.MoviePlay();
+  EXPECT_EQ(Mode(), "playing");
+  EXPECT_EQ(device.Send("status mci position", 16).text, "3000");
+  EXPECT_EQ(panel.interval, 50);
+}
+
+TEST_F(MusicPlayerTest, AMovieWindowClosedWhileItsSliderIsHeldLeavesThePlayerIdle) {
+  Start(4);
+  player.SliderPressed();
+  player.MovieClosed();
+  EXPECT_FALSE(player.SliderSeeking());
+  device.TakeSent();
+  player.SliderReleased(3000);
+  EXPECT_EQ(device.TakeSent(), Texts());
+  EXPECT_EQ(panel.time, "00:00 / 00:00");
+  EXPECT_EQ(panel.position, 0);
 }
 
 // What the list's commands need.
@@ -548,6 +594,7 @@ TEST_F(MusicPlayerTest, LetsGoOfTheFileItPlaysOrHasPaused) {
 TEST_F(MusicPlayerTest, LetsGoOfAFileStoppedAtAPoint) {
   Start(1);
   player.cmdPlay();
+  player.SliderPressed();
   player.SliderReleased(3000);
   player.ReleaseFile("/m/a.mp3");
   EXPECT_EQ(device.OpenFile("mci"), "");
@@ -585,6 +632,7 @@ TEST_F(MusicPlayerTest, StopsWhateverIsLoaded) {
   EXPECT_EQ(device.OpenFile("mci"), "");
   Start(1);
   player.cmdPlay();
+  player.SliderPressed();
   player.SliderReleased(3000);
   player.Stop();
   EXPECT_EQ(device.OpenFile("mci"), "");

@@ -5,6 +5,8 @@
 #include <mmsystem.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -40,6 +42,25 @@ bool SeeksToPosition(const std::vector<std::string>& words) {
   return words.size() == 4 && words[0] == "seek" && words[2] == "to" && words[3] != "start" && words[3] != "end";
 }
 
+/// A play command without from and to: it starts a medium, and lets a paused one go on.
+bool PlaysOn(const std::vector<std::string>& words) {
+  return words.size() == 2 && words[0] == "play";
+}
+
+bool Pauses(const std::vector<std::string>& words) {
+  return words.size() == 2 && words[0] == "pause";
+}
+
+bool AsksForPosition(const std::vector<std::string>& words) {
+  return words.size() == 3 && words[0] == "status" && words[2] == "position";
+}
+
+/// True for what gives the medium another position, or takes it away.
+bool Repositions(const std::vector<std::string>& words) {
+  if (words.size() < 2) return false;
+  return words[0] == "seek" || words[0] == "stop" || words[0] == "close" || (words[0] == "play" && !PlaysOn(words));
+}
+
 const char* NameOfMode(DWORD_PTR mode) {
   switch (LOWORD(mode)) {
     case MCI_MODE_STOP: return "stopped";
@@ -67,16 +88,43 @@ CommandReply SendToSystem(const std::string& command) {
   return {0, FromWide(reply.c_str())};
 }
 
-/// Some languages' versions of Windows have words of their own for the modes; the number is the same everywhere.
-CommandReply Mode(const std::string& command, const std::string& alias) {
+MCIDEVICEID DeviceOf(const std::string& alias) {
   const std::optional<std::wstring> wide = ToWide(alias);
-  const MCIDEVICEID device = wide ? mciGetDeviceIDW(wide->c_str()) : 0;
-  if (device == 0) return SendToSystem(command);
+  return wide ? mciGetDeviceIDW(wide->c_str()) : 0;
+}
+
+MCIERROR ReadMode(MCIDEVICEID device, DWORD_PTR& mode) {
   MCI_STATUS_PARMS status = {};
   status.dwItem = MCI_STATUS_MODE;
   const MCIERROR error = mciSendCommandW(device, MCI_STATUS, MCI_STATUS_ITEM, reinterpret_cast<DWORD_PTR>(&status));
+  mode = status.dwReturn;
+  return error;
+}
+
+/// Some languages' versions of Windows have words of their own for the modes; the number is the same everywhere.
+CommandReply Mode(const std::string& command, const std::string& alias) {
+  const MCIDEVICEID device = DeviceOf(alias);
+  if (device == 0) return SendToSystem(command);
+  DWORD_PTR mode = 0;
+  const MCIERROR error = ReadMode(device, mode);
   if (error != 0) return {ErrorNumber(error)};
-  return {0, NameOfMode(status.dwReturn)};
+  return {0, NameOfMode(mode)};
+}
+
+bool IsPaused(const std::string& alias) {
+  const MCIDEVICEID device = DeviceOf(alias);
+  DWORD_PTR mode = 0;
+  return device != 0 && ReadMode(device, mode) == 0 && LOWORD(mode) == MCI_MODE_PAUSE;
+}
+
+/// DirectShow's devices are of this type, for songs too, and so is that of AVI files.
+bool IsDigitalVideo(const std::string& alias) {
+  const MCIDEVICEID device = DeviceOf(alias);
+  MCI_GETDEVCAPS_PARMS capability = {};
+  capability.dwItem = MCI_GETDEVCAPS_DEVICE_TYPE;
+  return device != 0 &&
+         mciSendCommandW(device, MCI_GETDEVCAPS, MCI_GETDEVCAPS_ITEM, reinterpret_cast<DWORD_PTR>(&capability)) == 0 &&
+         LOWORD(capability.dwReturn) == MCI_DEVTYPE_DIGITAL_VIDEO;
 }
 
 /// True for an AVI file whose headers describe no stream: Wine's device crashes where there is none.
@@ -116,11 +164,10 @@ CommandReply Seek(const std::string& command, const std::string& alias, const st
   return {SendToSystem("stop " + alias).error};
 }
 
-CommandReply CarryOut(const std::string& command) {
-  const std::vector<std::string> words = Words(command);
-  if (AsksForMode(words)) return Mode(command, words[1]);
-  if (OpensByExtension(words)) return Open(command, words[1]);
-  if (SeeksToPosition(words)) return Seek(command, words[1], words[3]);
+/// Wine takes playing a paused film for a new start: the position begins at nothing, the picture stands, and stopping
+/// it waits for ever. To resume it is the same command everywhere else; not every device has it.
+CommandReply PlayOn(const std::string& command, const std::string& alias) {
+  if (IsPaused(alias) && IsDigitalVideo(alias) && SendToSystem("resume " + alias).error == 0) return {};
   return SendToSystem(command);
 }
 
@@ -136,6 +183,51 @@ class SystemCommandDevice final : public CommandDevice {
     reply.text = FirstCharacters(reply.text, static_cast<std::size_t>(std::max(replySize - 1, 0)));
     return reply;
   }
+
+ private:
+  CommandReply CarryOut(const std::string& command) {
+    const std::vector<std::string> words = Words(command);
+    if (Repositions(words)) ForgetExcess(words[1]);
+    if (AsksForMode(words)) return Mode(command, words[1]);
+    if (AsksForPosition(words)) return Position(command, words[1]);
+    if (OpensByExtension(words)) return Open(command, words[1]);
+    if (SeeksToPosition(words)) return Seek(command, words[1], words[3]);
+    if (PlaysOn(words)) return PlayOn(command, words[1]);
+    if (Pauses(words)) return Pause(command, words[1]);
+    return SendToSystem(command);
+  }
+
+  /// Wine's DirectShow counts at every pause all that was played before it, and so from the second one on too much.
+  CommandReply Pause(const std::string& command, const std::string& alias) {
+    constexpr std::int64_t kWhilePausing = 100;
+    if (!IsDigitalVideo(alias)) return SendToSystem(command);
+    const std::string question = "status " + alias + " position";
+    const std::int64_t before = LeadingNumber(Position(question, alias).text);
+    CommandReply reply = SendToSystem(command);
+    const std::int64_t excess = LeadingNumber(SendToSystem(question).text) - before;
+    if (excess > kWhilePausing) excess_[alias] = excess;
+    return reply;
+  }
+
+  CommandReply Position(const std::string& command, const std::string& alias) {
+    CommandReply reply = SendToSystem(command);
+    const auto found = excess_.find(alias);
+    if (reply.error == 0 && found != excess_.end()) {
+      reply.text = std::to_string(LeadingNumber(reply.text) - found->second);
+    }
+    return reply;
+  }
+
+  void ForgetExcess(const std::string& alias) {
+    if (alias == "all") {
+      excess_.clear();
+    } else {
+      excess_.erase(alias);
+    }
+  }
+
+  /// By how much a device's own positions are too high.
+  std::map<std::string, std::int64_t> excess_;
 };
 
 }  // namespace
