@@ -48,7 +48,9 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
     edit->SetFocus();
     main->Show();
     ASSERT_TRUE(SettleUntil([this] { return main->IsActive() && edit->HasFocus(); }));
-    escape.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { hand.Char(WXK_ESCAPE); });
+    menuKeys.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
+      for (const int key : keysInMenu) hand.Char(key);
+    });
     AddRow("clip.avi", "320 240");
   }
 
@@ -136,15 +138,16 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
     Settle();
   }
 
-  /// The captions of the menu that a right-button press on the picture opens; it is left with Esc.
-  Texts PopUp() {
+  /// The captions of the menu that a right-button press on the picture opens; the keys are pressed in it.
+  Texts PopUp(const std::vector<int>& keys = {WXK_ESCAPE}) {
+    keysInMenu = keys;
     captions.clear();
     wxWindow& picture = Get("picMovie");
     hand.MouseMove(picture.ClientToScreen(wxPoint(40, 40)));
     Settle();
     hand.MouseDown(wxMOUSE_BTN_RIGHT);
     hand.MouseUp(wxMOUSE_BTN_RIGHT);
-    EXPECT_TRUE(SettleUntil([this] { return !captions.empty() && !escape.IsRunning(); }));
+    EXPECT_TRUE(SettleUntil([this] { return !captions.empty() && !menuKeys.IsRunning(); }));
     Settle();
     return captions;
   }
@@ -152,7 +155,7 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
   void OnMenuOpen(const wxMenuEvent& event) {
     if (event.GetMenu() == nullptr) return;
     for (const wxMenuItem* item : event.GetMenu()->GetMenuItems()) captions.push_back(FromWx(item->GetItemLabel()));
-    escape.StartOnce(300);
+    menuKeys.StartOnce(300);
   }
 
   bool onTop = false;
@@ -162,7 +165,8 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
   wxTextCtrl* edit = new wxTextCtrl(new wxPanel(main), wxID_ANY);
   wxUIActionSimulator hand;
   Texts captions;
-  wxTimer escape;
+  wxTimer menuKeys;
+  std::vector<int> keysInMenu;
   FileList list;
   OptionValues options;
   test::FakeDevice device;
@@ -348,12 +352,15 @@ TEST_F(MovieOfAPlayer, ShowsATinyPictureInItsShape) {
 
 TEST_F(MovieOfAPlayer, PausesAndStopsFromItsMenu) {
   Open();
+  EXPECT_THAT(PopUp({WXK_DOWN, WXK_RETURN}), ElementsAre("一時停止(&P)", "停止(&S)"));
+  EXPECT_TRUE(SettleUntil([this] { return Mode() == "paused"; })) << Mode();
+  EXPECT_THAT(PopUp({WXK_DOWN, WXK_RETURN}), ElementsAre("再生(&P)", "停止(&S)"));
+  EXPECT_TRUE(SettleUntil([this] { return Mode() == "playing"; })) << Mode();
   EXPECT_THAT(PopUp(), ElementsAre("一時停止(&P)", "停止(&S)"));
-  player.MoviePlay();
-  EXPECT_EQ(Mode(), "paused");
-  EXPECT_THAT(PopUp(), ElementsAre("再生(&P)", "停止(&S)"));
-  player.MoviePlay();
-  EXPECT_EQ(Mode(), "playing");
+  EXPECT_EQ(Mode(), "playing") << "left with Esc";
+  PopUp({WXK_DOWN, WXK_DOWN, WXK_RETURN});
+  EXPECT_TRUE(SettleUntil([this] { return window == nullptr; }));
+  EXPECT_EQ(device.OpenFile("mci"), "");
 }
 
 TEST_F(MovieOfAPlayer, StopsWhatPlaysWhenItIsClosed) {

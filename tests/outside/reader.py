@@ -3,6 +3,7 @@
 Nothing is *done* through it: an action that opens a modal dialog would not return before the dialog closes.
 """
 
+import re
 import time
 
 import gi
@@ -113,6 +114,16 @@ def box(name):
     """The text of the box with this accessible name."""
     node = _find(Atspi.Role.TEXT, name)
     return None if node is None else _text_of(node)
+
+
+@_reading
+def playing_time():
+    """What the player's label says, "00:01 / 00:04"."""
+    for window in _windows():
+        for node in _walk(window):
+            if node.get_role() == Atspi.Role.LABEL and re.fullmatch(r"\d\d+:\d\d / \d\d+:\d\d", node.get_name()):
+                return node.get_name()
+    return None
 
 
 @_reading

@@ -17,6 +17,13 @@ def mp3(title, artist):
     return frame * 10 + trailer
 
 
+def wave(milliseconds):
+    """Silence: 8 kHz, 8 bit, one channel."""
+    data = b"\x80" * (8 * milliseconds)
+    form = b"WAVEfmt " + struct.pack("<IHHIIHH", 16, 1, 1, 8000, 8000, 1, 8) + b"data" + struct.pack("<I", len(data))
+    return b"RIFF" + struct.pack("<I", len(form) + len(data)) + form + data
+
+
 def fill(folder):
     """Three files; their titles, sorted, stand in another order than their names."""
     folder.mkdir(parents=True, exist_ok=True)

@@ -139,6 +139,23 @@ class Linux(unittest.TestCase):
         answer("ファイルに適応", "3 個のファイルを適応しました")
         self.assertEqual(self.names(), ["alpha.mid", "beta.mid", "曲 03.mp3"])
 
+    def test_enter_plays_the_row_and_the_file_is_renamed_while_it_plays(self):
+        (self.files / "00.wav").write_bytes(samples.wave(20000))
+        self.program.start_and_show(self.files)
+        reader.wait_for_names(["00", "01", "02", "曲 03"])
+        until(reader.list_has_focus, "the list focused")
+        self.assertEqual(reader.playing_time(), "00:00 / 00:00")
+        press("Return")
+        until_equal(reader.playing_time, "00:01 / 00:20", "the first second")
+        until_equal(reader.playing_time, "00:02 / 00:20", "the next one")
+        self.focus_rename_box()
+        write("x")
+        press("ctrl+s")
+        answer("ファイルに適応", _APPLY_QUESTION)
+        answer("ファイルに適応", "4 個のファイルを適応しました\nエラーでスキップされたファイルはありません")
+        self.assertIn("x.wav", self.names())
+        self.assertEqual(reader.playing_time(), "00:00 / 00:00")
+
     def test_f2_edits_the_label(self):
         self.load()
         press("Down", "F2")
