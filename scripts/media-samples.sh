@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# media-samples.sh FOLDER [SECONDS]: makes short films (160 by 120 pixels, colour bars or a moving ball, and a tone) and songs in
-# the folder, three seconds each, in the forms that the player plays. What is there already is kept. Needs gstreamer1.0-tools, and says
-# so where they are missing: the tests pass over what is not there.
+# media-samples.sh FOLDER [SECONDS]: makes short films (160 by 120 pixels, colour bars or a moving ball, and a tone) and
+# songs in the folder, three seconds each, in the forms that the player plays. What is there already is kept. Needs
+# gstreamer1.0-tools, and says so where they are missing: the tests pass over what is not there.
 set -euo pipefail
 folder=${1:?usage: media-samples.sh FOLDER [SECONDS]}
-pieces=$((25 * ${2:-3}))
+seconds=${2:-3}
+pieces=$((25 * seconds))
 command -v gst-launch-1.0 >/dev/null || { echo "media-samples.sh: gst-launch-1.0 is missing: no samples" && exit 0; }
 mkdir -p "$folder"
 
@@ -16,24 +17,31 @@ sample() {
   local file=$folder/$1
   local half=$folder/half-made.$$
   [ -s "$file" ] && return 0
-  # shellcheck disable=SC2086
-  if gst-launch-1.0 -q $2 ! filesink location="$half" >/dev/null; then
+  local status=0
+  # Encoders are known to wait for ever now and then: they are asked again.
+  for _ in 1 2 3 4 5; do
+    status=0
+    # shellcheck disable=SC2086
+    timeout -k 1 $((5 + seconds)) gst-launch-1.0 -q $2 ! filesink location="$half" >/dev/null || status=$?
+    [ "$status" -eq 124 ] || [ "$status" -eq 137 ] || break
+  done
+  if [ "$status" -eq 0 ]; then
     mv "$half" "$file"
   else
     rm -f "$half"
-    echo "media-samples.sh: ${file##*/} cannot be made: a plug-in is missing" >&2
+    echo "media-samples.sh: ${file##*/} cannot be made ($status): a plug-in is missing, or it takes too long" >&2
   fi
 }
 
 moving="videotestsrc pattern=ball ${picture#videotestsrc }"
 
-# film NAME ENCODER MUXER SOUND-ENCODER [PICTURE]
+# film NAME ENCODER MUXER SOUND-ENCODER [PICTURE].
 film() { sample "$1" "${5:-$picture} ! $2 ! queue ! $3 name=mux $tone ! $4 ! queue ! mux. mux."; }
 
 sample tone.wav "$tone ! audio/x-raw,format=S16LE ! wavenc"
 sample tone.mp3 "$tone ! lamemp3enc target=bitrate bitrate=128 cbr=true"
-film mpeg1.mpg 'mpeg2enc format=0' 'mplex format=0' avenc_mp2
-film moving.mpg 'mpeg2enc format=0' 'mplex format=0' avenc_mp2 "$moving"
+film mpeg1.mpg 'mpeg2enc format=0 ! mpegvideoparse' avmux_mpeg 'avenc_mp2 ! mpegaudioparse'
+film moving.mpg 'mpeg2enc format=0 ! mpegvideoparse' avmux_mpeg 'avenc_mp2 ! mpegaudioparse' "$moving"
 film mpeg4.avi avenc_mpeg4 avimux identity
 film mjpeg.avi jpegenc avimux identity
 film raw.avi 'videoconvert ! video/x-raw,format=BGR' avimux identity

@@ -21,10 +21,6 @@ void FraMusicPlayer::SetTimer(int interval) {
   }
 }
 
-void FraMusicPlayer::SetPosition(std::int32_t position) {
-  if (controls_.sldPosition->GetValue() != position) controls_.sldPosition->SetValue(position);
-}
-
 void FraMusicPlayer::SetTime(const std::string& text) {
   ShowTime(controls_, ToWx(text));
 }
@@ -38,7 +34,7 @@ bool FloatingMovie::Show() {
 
 void FloatingMovie::Close() {
   if (window_ == nullptr) return;
-  window_->Destroy();
+  window_->Leave();
   window_ = nullptr;
 }
 

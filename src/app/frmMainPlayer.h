@@ -27,7 +27,7 @@ class FraMusicPlayer final : public PlayerPanel {
   void SetButton(PlayButton button) override;
   void SetTimer(int interval) override;
   void SetLength(std::int32_t length) override { controls_.sldPosition->SetLength(length); }
-  void SetPosition(std::int32_t position) override;
+  void SetPosition(std::int32_t position) override { controls_.sldPosition->SetPosition(position); }
   void SetTime(const std::string& text) override;
 
  private:

@@ -100,6 +100,12 @@ void PositionSlider::SetLength(std::int32_t length) {
   SetPageSize(std::max(std::min(kLargeStep, most / kLargeStepsAtLeast), 1));
 }
 
+void PositionSlider::SetPosition(std::int32_t position) {
+  if (GetValue() == position) return;
+  SetValue(position);
+  PlaceThumb(GetHandle());
+}
+
 void PositionSlider::Press(Holder holder) {
   if (holder_ != Holder::kNobody) return;
   holder_ = holder;

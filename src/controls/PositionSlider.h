@@ -26,6 +26,8 @@ class PositionSlider final : public wxSlider {
 
   /// The maximum; steps follow it.
   void SetLength(std::int32_t length);
+  /// The value, set by the program.
+  void SetPosition(std::int32_t position);
 
  private:
   enum class Holder { kNobody, kMouse, kKey };

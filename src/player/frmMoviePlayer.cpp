@@ -16,6 +16,7 @@
 #include "filelist/paths/basFileControl.h"
 #include "platform/desktop/AccessibleName.h"
 #include "platform/desktop/NativeWindow.h"
+#include "platform/desktop/OpenMenu.h"
 
 namespace quillon {
 namespace {
@@ -133,7 +134,7 @@ void frmMoviePlayer::ShowTitle() {
 }
 
 void frmMoviePlayer::SetPosition(std::int32_t position) {
-  if (sldPosition_->GetValue() != position) sldPosition_->SetValue(position);
+  sldPosition_->SetPosition(position);
 }
 
 void frmMoviePlayer::SetTime(const std::string& text) {
@@ -157,7 +158,18 @@ void frmMoviePlayer::OnCharHook(wxKeyEvent& event) {
 
 void frmMoviePlayer::OnClose() {
   surroundings_.player.MovieClosed();
-  Destroy();
+  Leave();
+}
+
+// While its menu is open the window is still needed: the menu's loop would never end without it.
+void frmMoviePlayer::Leave() {
+  if (std::exchange(left_, true)) return;
+  Hide();
+  if (menuOpen_) {
+    CloseOpenMenu();
+  } else {
+    Destroy();
+  }
 }
 
 void frmMoviePlayer::OnResize() {
@@ -191,7 +203,10 @@ void frmMoviePlayer::ShowPlayMenu() {
   wxMenu mnuMoviePlayerRClkMenu;
   mnuMoviePlayerRClkMenu.Append(mnuPlay, ToWx(surroundings_.player.IsPlaying() ? "一時停止(&P)" : "再生(&P)"));
   mnuMoviePlayerRClkMenu.Append(mnuStop, ToWx("停止(&S)"));
+  menuOpen_ = true;
   PopupMenu(&mnuMoviePlayerRClkMenu);
+  menuOpen_ = false;
+  if (left_) Destroy();
 }
 
 void frmMoviePlayer::SetFactor(int factor) {

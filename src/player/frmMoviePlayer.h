@@ -36,6 +36,9 @@ class frmMoviePlayer final : public wxFrame {
   void SetPosition(std::int32_t position);
   void SetTime(const std::string& text);
 
+  /// Goes from the screen at once, with its menu, and then for good.
+  void Leave();
+
  private:
   void MakeControls();
   void MakeMenus();
@@ -58,6 +61,8 @@ class frmMoviePlayer final : public wxFrame {
   TwipsSize natural_;
   PictureSize destination_;  // as the device knows it
   bool loaded_ = false;
+  bool menuOpen_ = false;
+  bool left_ = false;
   std::optional<TwipsSize> openedWithin_;  // what the system took when the window got its first size
   // Owned by the window, like every wx child:
   wxPanel* panel_ = nullptr;

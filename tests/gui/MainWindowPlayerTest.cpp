@@ -2,6 +2,7 @@
 
 #include "controls/WxText.h"
 #include "gui/PlayerWindow.h"
+#include "gui/ScreenPixel.h"
 #include "gui/Settle.h"
 
 /// The player in the main window: what a person hears is not asked, what the controls show is.
@@ -145,6 +146,22 @@ TEST_F(PlayerOfMainWindow, ThePlayingRowIsRenamed) {
   ClickOn("cmdPlay");
   EXPECT_TRUE(Shows("再生中： x.wav"));
   EXPECT_TRUE(PositionPasses(200));
+}
+
+TEST_F(PlayerOfMainWindow, TheThumbGoesBackWhenTheFileIsReleased) {
+  WriteWave("a.wav", 4000);
+  OptionValues options = Options();
+  options.update.autoUpdate = 1;
+  OpenFolder(options);
+  DoubleClickRow(1);
+  EXPECT_TRUE(PositionPasses(1500));
+  FocusBox();
+  Box().SelectAll();
+  Key('x');
+  EXPECT_TRUE(folder.Exists("x.wav"));
+  EXPECT_EQ(Position(), 0);
+  Wait(300);
+  EXPECT_EQ(ScreenPixel(SliderPoint(0.2)), ScreenPixel(SliderPoint(0.9))) << "what has been played is painted still";
 }
 
 TEST_F(PlayerOfMainWindow, ThePlayingRowIsDeleted) {

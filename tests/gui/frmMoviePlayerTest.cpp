@@ -50,6 +50,7 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
     ASSERT_TRUE(SettleUntil([this] { return main->IsActive() && edit->HasFocus(); }));
     menuKeys.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
       for (const int key : keysInMenu) hand.Char(key);
+      if (whileMenuIsOpen) whileMenuIsOpen();
     });
     AddRow("clip.avi", "320 240");
   }
@@ -69,7 +70,7 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
     return false;
   }
   void Close() override {
-    if (window != nullptr) window->Destroy();
+    if (window != nullptr) window->Leave();
     window = nullptr;
   }
   void SetPosition(std::int32_t position) override { window->SetPosition(position); }
@@ -167,6 +168,7 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
   Texts captions;
   wxTimer menuKeys;
   std::vector<int> keysInMenu;
+  std::function<void()> whileMenuIsOpen;
   FileList list;
   OptionValues options;
   test::FakeDevice device;
@@ -360,6 +362,15 @@ TEST_F(MovieOfAPlayer, PausesAndStopsFromItsMenu) {
   EXPECT_EQ(Mode(), "playing") << "left with Esc";
   PopUp({WXK_DOWN, WXK_DOWN, WXK_RETURN});
   EXPECT_TRUE(SettleUntil([this] { return window == nullptr; }));
+  EXPECT_EQ(device.OpenFile("mci"), "");
+}
+
+TEST_F(MovieOfAPlayer, LeavesWithItsMenuOpenWhenTheFilmEnds) {
+  Open();
+  const wxWeakRef<frmMoviePlayer> movie(window.get());
+  whileMenuIsOpen = [this] { player.cmdStop(); };
+  EXPECT_THAT(PopUp({}), ElementsAre("一時停止(&P)", "停止(&S)"));
+  EXPECT_TRUE(SettleUntil([&] { return movie == nullptr; })) << "the menu's own loop has ended";
   EXPECT_EQ(device.OpenFile("mci"), "");
 }
 

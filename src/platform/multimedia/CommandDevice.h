@@ -21,6 +21,8 @@ inline constexpr int kNotReady = 276;          ///< MCIERR_DEVICE_NOT_READY
 inline constexpr int kInternal = 277;          ///< MCIERR_INTERNAL
 inline constexpr int kOutOfRange = 282;        ///< MCIERR_OUTOFRANGE: a position outside the file
 inline constexpr int kAliasInUse = 289;        ///< MCIERR_DUPLICATE_ALIAS
+inline constexpr int kMissingDevice = 292;     ///< MCIERR_MISSING_DEVICE_NAME: nothing behind the first word
+inline constexpr int kNoClosingQuote = 294;    ///< MCIERR_NO_CLOSING_QUOTE
 inline constexpr int kInvalidFile = 296;       ///< MCIERR_INVALID_FILE: nothing that can be played
 inline constexpr int kNoPicture = 346;         ///< MCIERR_NO_WINDOW
 }  // namespace command_error
@@ -36,8 +38,9 @@ struct CommandReply {
 class CommandDevice {
  public:
   virtual ~CommandDevice() = default;
-  /// Carries the command out and waits until it is accepted; opening gives up after five seconds. `replySize` is the
-  /// room for the reply in characters, its end mark included: a longer reply is cut; 0 when none is wanted.
+  /// Carries the command out and waits until it is accepted: opening gives up after five seconds on Linux, and takes
+  /// what the system takes on Windows. `replySize` is the room for the reply in characters, its end mark included: a
+  /// longer reply is cut; 0 when none is wanted.
   virtual CommandReply Send(const std::string& command, int replySize) = 0;
 };
 

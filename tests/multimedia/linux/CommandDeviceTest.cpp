@@ -104,6 +104,29 @@ TEST_F(CommandDeviceTest, EveryTypePlaysInRealTimeFromTheSoughtPlaceToItsEnd) {
   }
 }
 
+TEST_F(CommandDeviceTest, AFilmThatDoesNotTellItsLengthPlaysToItsEnd) {
+  MakeMpegPictures(own_.At("a.mpg"), 1000);
+  ASSERT_EQ(player_.Open(own_.At("a.mpg")), 0);
+  EXPECT_EQ(player_.Number("status X length"), 0);
+  EXPECT_EQ(player_.Text("where X source"), "0 0 320 240");
+  ASSERT_EQ(player_.Error("play X"), 0);
+  const Stopwatch watch;
+  Sleep(300);
+  EXPECT_NEAR(player_.Number("status X position"), watch.Elapsed(), kTolerance);
+  EXPECT_EQ(player_.Error("seek X to 1"), command_error::kOutOfRange);
+  ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3000)));
+  EXPECT_NEAR(watch.Elapsed(), 1000, kTolerance);
+  // Now it is known.
+  EXPECT_NEAR(player_.Number("status X length"), 1000, kTolerance);
+  EXPECT_EQ(player_.Text("status X position"), player_.Text("status X length"));
+  ASSERT_EQ(player_.Error("play X"), 0);
+  EXPECT_EQ(player_.Text("status X mode"), "stopped");
+  ASSERT_EQ(player_.Error("play X from 0"), 0);
+  EXPECT_EQ(player_.Text("status X mode"), "playing");
+  EXPECT_LT(player_.Number("status X position"), 300);
+  EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(3000)));
+}
+
 TEST_F(CommandDeviceTest, AFilmThatIsEnteredBehindItsLastWholePictureEnds) {
   ASSERT_EQ(player_.Open(Samples()[3].path), 0);
   for (const int before : {300, 100, 20, 1}) {
@@ -230,10 +253,22 @@ TEST_F(CommandDeviceTest, ADeviceThatGoesWhilePlayingClosesWhatItHas) {
 }
 
 TEST_F(CommandDeviceTest, NamesMayHoldAnyBytes) {
-  for (const char* const name : {"a  b.wav", "日本語 １.wav", "%41#?.wav", "\xff\xfe\x81.wav", "'&$.wav"}) {
+  for (const char* const name : {"a  b.wav", "日本語 １.wav", "%41#?.wav", "\xff\xfe\x81.wav", "'&$.wav",
+                                 "a\" alias B.wav", "\".wav", "a\"b\".wav", "a.wav\""}) {
     SCOPED_TRACE(name);
     ASSERT_EQ(player_.Open(own_.Write(name, WaveFile(100))), 0);
     EXPECT_EQ(player_.Number("status X length"), 100);
+    EXPECT_EQ(player_.Error("close X"), 0);
+  }
+}
+
+TEST_F(CommandDeviceTest, AWaveFileWithABitOfAChunkAtItsEndPlays) {
+  for (const std::size_t rest : {1U, 7U, 100U}) {
+    SCOPED_TRACE(rest);
+    ASSERT_EQ(player_.Open(own_.Write("a.wav", WaveFile(300) + std::string(rest, '\0'))), 0);
+    EXPECT_EQ(player_.Number("status X length"), 300);
+    EXPECT_EQ(player_.Error("play X"), 0);
+    EXPECT_TRUE(player_.WaitForMode("stopped", std::chrono::seconds(3)));
     EXPECT_EQ(player_.Error("close X"), 0);
   }
 }

@@ -37,6 +37,19 @@ TEST(CommandString, APathInQuotesIsKeptByteForByte) {
   }
 }
 
+TEST(CommandString, APathEndsAtTheLastQuote) {
+  const std::vector<std::string> paths = {
+      R"(/a" alias B.mp3)", R"(/a"b"c.mp3)", R"(/".mp3)", R"(/a.mp3")", R"(")", R"( " )", R"(/a"" type b" alias c)",
+  };
+  for (const std::string& path : paths) {
+    for (const char* const rest : {" alias MCI", "alias MCI", " type MPEGVideo alias mci  "}) {
+      const ParsedCommand command = Parse("Open \"" + path + "\"" + rest);
+      EXPECT_EQ(command.path, path);
+      EXPECT_EQ(command.alias, "mci") << path;
+    }
+  }
+}
+
 TEST(CommandString, OpenTakesATypeAndTheFileAsItsOwnAlias) {
   EXPECT_EQ(Parse("open \"/a.MPG\" type MPEGVideo alias Song").alias, "song");
   EXPECT_EQ(Parse("open \"/a.MPG\" TYPE mpegvideo").alias, "/a.mpg");
@@ -74,7 +87,18 @@ TEST(CommandString, WhatIsWrongHasItsNumber) {
       {"", command_error::kMissingCommand},
       {"   ", command_error::kMissingCommand},
       {"rewind X", command_error::kUnknownCommand},
-      {"play", command_error::kMissingParameter},
+      {"play", command_error::kMissingDevice},
+      {" open ", command_error::kMissingDevice},
+      {"Status\t", command_error::kMissingDevice},
+      {"foo", command_error::kMissingDevice},
+      {"play \"\"", command_error::kMissingDevice},
+      {"open \"\" alias X", command_error::kMissingDevice},
+      {"open \"/a.mp3", command_error::kNoClosingQuote},
+      {"open \"", command_error::kNoClosingQuote},
+      {"open \"/a.mp3 alias X", command_error::kNoClosingQuote},
+      {"play \"X", command_error::kNoClosingQuote},
+      {"status X \"mode", command_error::kNoClosingQuote},
+      {"open /a.mp3 alias \"X", command_error::kNoClosingQuote},
       {"play X backwards", command_error::kUnknownKeyword},
       {"play X from", command_error::kMissingParameter},
       {"play X from here", command_error::kBadNumber},

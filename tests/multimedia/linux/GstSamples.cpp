@@ -51,6 +51,10 @@ void MakeMpeg(const std::string& path, int milliseconds) {
                  "avenc_mp2 ! mpegaudioparse ! queue ! out_mux. avmux_mpeg name=out_mux ! filesink name=out");
 }
 
+void MakeMpegPictures(const std::string& path, int milliseconds) {
+  Make(path, Pictures(milliseconds) + "mpeg2enc format=0 ! filesink name=out");
+}
+
 void MakeAvi(const std::string& path, int milliseconds, AviCodec codec) {
   Make(path, Pictures(milliseconds) + Encoder(codec) + " ! queue ! out_mux. " + Sound(milliseconds) +
                  "queue ! out_mux. avimux name=out_mux ! filesink name=out");

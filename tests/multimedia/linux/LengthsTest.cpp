@@ -1,24 +1,30 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <limits>
 #include <string>
 #include <vector>
 
+#include "multimedia/linux/Player.h"
 #include "platform/multimedia/linux/FlatMidi.h"
 #include "platform/multimedia/linux/MpegAudioLength.h"
 #include "platform/multimedia/linux/MpegProgramLength.h"
+#include "platform/multimedia/linux/WaveRest.h"
 #include "support/MediaBuilders.h"
 
 namespace quillon::test {
 namespace {
 
+const std::chrono::seconds kAmple(60);
+
 std::optional<int> AudioLength(const std::string& bytes) {
   MemorySource source(bytes);
-  return CountedMpegAudioLength(source);
+  return CountedMpegAudioLength(source, Deadline(kAmple));
 }
 
 std::optional<int> SongLength(const std::string& bytes) {
   MemorySource source(bytes);
-  const std::optional<FlatMidiSong> song = FlattenMidi(source);
+  const std::optional<FlatMidiSong> song = FlattenMidi(source, Deadline(kAmple));
   if (!song) return std::nullopt;
   return song->milliseconds;
 }
@@ -45,6 +51,48 @@ TEST(MpegAudioLength, GoesOnBehindDamageAndLeavesOutWhatWasCutOff) {
   EXPECT_EQ(AudioLength(Mp3Audio(50) + std::string(1000, 'x') + Mp3Audio(50)), 2612);
   const std::string whole = Mp3Audio(101);
   EXPECT_EQ(AudioLength(whole.substr(0, whole.size() - 10)), 2612);
+}
+
+TEST(MpegAudioLength, FindsTheNextFrameAnywhereBehindATear) {
+  // Around the ends of what is searched at once and of what is read at once.
+  for (const std::size_t length : {1U, 416U, 417U, 65000U, 65536U, 131072U, 241000U, 245000U, 262144U, 1000000U}) {
+    EXPECT_EQ(AudioLength(Mp3Audio(50) + std::string(length, '\xFF') + Mp3Audio(50)), 2612) << length;
+    EXPECT_EQ(AudioLength(Mp3Audio(50) + std::string(length, '\0') + Mp3Audio(50)), 2612) << length;
+  }
+  EXPECT_EQ(AudioLength(Mp3Audio(100) + std::string(3 << 20, '\0')), 2612);
+}
+
+/// A file that begins with `start` and goes on with `bytes`, over and over.
+class EndlessBytes final : public ByteSource {
+ public:
+  EndlessBytes(std::string start, std::string bytes) : start_(std::move(start)), bytes_(std::move(bytes)) {}
+
+  [[nodiscard]] std::uint64_t Size() const override { return std::numeric_limits<std::int64_t>::max(); }
+
+  std::size_t ReadAt(std::uint64_t offset, char* into, std::size_t count) override {
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::uint64_t at = offset + i;
+      into[i] = at < start_.size() ? start_[at] : bytes_[(at - start_.size()) % bytes_.size()];
+    }
+    return count;
+  }
+
+ private:
+  std::string start_;
+  std::string bytes_;
+};
+
+TEST(MpegAudioLength, GivesUpWhenTheTimeIsUp) {
+  const std::string emptyTag = Bytes({'I', 'D', '3', 3, 0, 0, 0, 0, 0, 0});
+  const std::vector<std::pair<std::string, std::string>> rows = {
+      {"", Mp3Audio(1)}, {Mp3Audio(40), std::string(1, '\0')}, {Mp3Audio(40), "\xFF"}, {"", emptyTag}};
+  for (const auto& [start, bytes] : rows) {
+    EndlessBytes source(start, bytes);
+    const Stopwatch watch;
+    EXPECT_EQ(CountedMpegAudioLength(source, Deadline(std::chrono::milliseconds(100))), std::nullopt);
+    EXPECT_GE(watch.Elapsed(), 100);
+    EXPECT_LT(watch.Elapsed(), 1000);
+  }
 }
 
 TEST(MpegAudioLength, LeavesOtherFilesToOthers) {
@@ -83,11 +131,20 @@ TEST(FlatMidi, TheSongInRiffIsTheSame) {
 TEST(FlatMidi, WhatComesOutIsOneTrackOfThatLengthAgain) {
   const std::string notes = MidiTrack(MidiNote(60, 120) + Tempo(0, 250000) + MidiNote(62, 120));
   MemorySource source(MidiFile(1, 120, {notes, notes}));
-  const std::optional<FlatMidiSong> song = FlattenMidi(source);
+  const std::optional<FlatMidiSong> song = FlattenMidi(source, Deadline(kAmple));
   ASSERT_TRUE(song);
   EXPECT_EQ(song->milliseconds, 750);
   EXPECT_EQ(song->file.substr(0, 14), MidiHeader(0, 1, 10000));
   EXPECT_EQ(SongLength(song->file), 750);
+}
+
+TEST(FlatMidi, APauseOfDaysComesOutAsLong) {
+  const std::string pause = Bytes({0xFF, 0xFF, 0xFF, 0x7F, 0xC0, 1});
+  MemorySource source(MidiFile(0, 1000, {MidiTrack(Tempo(0, 1000000) + pause)}));
+  const std::optional<FlatMidiSong> song = FlattenMidi(source, Deadline(kAmple));
+  ASSERT_TRUE(song);
+  EXPECT_EQ(song->milliseconds, 268435455);
+  EXPECT_EQ(SongLength(song->file), 268435455);
 }
 
 TEST(FlatMidi, DamageAndIllegalMessagesEndNothingButTheirOwnTrack) {
@@ -102,6 +159,27 @@ TEST(FlatMidi, DamageAndIllegalMessagesEndNothingButTheirOwnTrack) {
     const int milliseconds = SongLength(whole.substr(0, length)).value_or(0);
     EXPECT_LE(milliseconds, 2000) << length;
   }
+}
+
+TEST(FlatMidi, RefusesWhatMakesNoSense) {
+  // Pauses of the greatest length there is, at the slowest tempo and one tick a quarter note: 142 years each. There are
+  // numbers for 24 days of milliseconds.
+  const std::string pause = Bytes({0xFF, 0xFF, 0xFF, 0x7F, 0xC0, 1});
+  const std::string slowest = Tempo(0, 0xFFFFFF);
+  EXPECT_EQ(SongLength(MidiFile(0, 1, {MidiTrack(slowest + pause + pause + pause)})), std::nullopt);
+  EXPECT_EQ(SongLength(MidiFile(2, 1, {MidiTrack(slowest + pause), MidiTrack(pause)})), std::nullopt);
+  const std::string large = MidiTrack(std::string(33 << 20, '\0'));
+  EXPECT_EQ(SongLength(MidiFile(0, 96, {large})), std::nullopt);
+}
+
+TEST(FlatMidi, GivesUpWhenTheTimeIsUp) {
+  std::string events = Bytes({0, 0x90, 0x40, 0x40});
+  for (int i = 0; i < 1000000; ++i) events += "\x01\x40\x40";
+  MemorySource source(MidiFile(0, 96, {MidiTrack(events)}));
+  EXPECT_TRUE(FlattenMidi(source, Deadline(kAmple)));
+  const Stopwatch watch;
+  EXPECT_FALSE(FlattenMidi(source, Deadline(std::chrono::milliseconds(2))));
+  EXPECT_LT(watch.Elapsed(), 500);
 }
 
 TEST(FlatMidi, LeavesOtherFilesToOthers) {
@@ -132,6 +210,28 @@ TEST(MpegProgramLength, LeavesOtherFilesToOthers) {
   for (const std::string& bytes : {MpegFile(), WaveFile(10), std::string(), Mp3Audio(3)}) {
     MemorySource source(bytes);
     EXPECT_EQ(MpegProgramLength(source), std::nullopt);
+  }
+}
+
+// WAVE files that end in a bit of a chunk.
+
+TEST(WaveLengthWithoutRest, IsTheEndOfTheLastWholeChunk) {
+  const std::string wave = WaveFile(100);
+  for (const std::size_t rest : {1U, 4U, 7U}) {
+    MemorySource file(wave + std::string(rest, '\0'));
+    EXPECT_EQ(WaveLengthWithoutRest(file), wave.size()) << rest;
+  }
+  const std::string withTag = wave + RiffChunk("id3 ", "odd");
+  MemorySource tagged(withTag + "abc");
+  EXPECT_EQ(WaveLengthWithoutRest(tagged), withTag.size());
+}
+
+TEST(WaveLengthWithoutRest, IsNothingForOtherFiles) {
+  const std::string wave = WaveFile(100);
+  for (const std::string& bytes : {std::string(), wave, wave + std::string(8, '\0'), wave.substr(0, wave.size() - 5),
+                                   wave.substr(0, 12), wave.substr(0, 6), Mp3Audio(3), AviFile() + "abc"}) {
+    MemorySource file(bytes);
+    EXPECT_EQ(WaveLengthWithoutRest(file), std::nullopt) << bytes.size();
   }
 }
 

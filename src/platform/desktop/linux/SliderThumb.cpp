@@ -22,6 +22,14 @@ ThumbSpan QueryThumb(void* slider) {
   return {left, left + width};
 }
 
+void PlaceThumb(void* slider) {
+  auto* const widget = static_cast<GtkWidget*>(slider);
+  GtkAllocation place = {};
+  gtk_widget_get_allocation(widget, &place);
+  gtk_widget_queue_allocate(widget);
+  gtk_widget_size_allocate(widget, &place);
+}
+
 // GTK goes there, unless the desktop is set to move by pages.
 std::optional<double> PlaceOfPress(void* /*slider*/, int /*x*/) {
   return std::nullopt;

@@ -35,4 +35,6 @@ std::optional<double> PlaceOfPress(void* slider, int x) {
   return std::clamp(place / way, 0.0, 1.0);
 }
 
+void PlaceThumb(void* /*slider*/) {}
+
 }  // namespace quillon

@@ -45,6 +45,7 @@ class Words {
     while (length < rest_.size() && (quoted ? rest_[length] != '"' : !IsBlank(rest_[length]))) ++length;
     const std::string_view word = rest_.substr(0, length);
     rest_.remove_prefix(length);
+    quoteOpen_ = quoteOpen_ || (quoted && rest_.empty());
     if (quoted && !rest_.empty()) rest_.remove_prefix(1);
     SkipBlanks();
     return word;
@@ -52,12 +53,26 @@ class Words {
 
   std::string NextKeyword() { return ToLower(Next()); }
 
+  /// A path in quotes may hold quotes itself: nothing that follows one has any.
+  std::string_view NextPath() {
+    if (rest_.empty() || rest_.front() != '"' || rest_.rfind('"') == 0) return Next();
+    const std::size_t last = rest_.rfind('"');
+    const std::string_view path = rest_.substr(1, last - 1);
+    rest_.remove_prefix(last + 1);
+    SkipBlanks();
+    return path;
+  }
+
+  /// Whether a word began with a quote that nothing closed.
+  [[nodiscard]] bool QuoteOpen() const { return quoteOpen_; }
+
  private:
   void SkipBlanks() {
     while (!rest_.empty() && IsBlank(rest_.front())) rest_.remove_prefix(1);
   }
 
   std::string_view rest_;
+  bool quoteOpen_ = false;
 };
 
 template <class Number>
@@ -194,14 +209,16 @@ ParseOutcome ParseCommand(std::string_view text) {
   Words words(text);
   if (words.AtEnd()) return {command_error::kMissingCommand};
   const std::optional<Verb> verb = VerbOf(words.NextKeyword());
+  const std::string_view device = verb == Verb::kOpen ? words.NextPath() : words.Next();
+  if (words.QuoteOpen()) return {command_error::kNoClosingQuote};
+  if (device.empty()) return {command_error::kMissingDevice};
   if (!verb) return {command_error::kUnknownCommand};
   ParseOutcome outcome;
   outcome.command.verb = *verb;
-  if (words.AtEnd()) return {command_error::kMissingParameter};
-  const std::string_view device = words.Next();
   outcome.command.alias = ToLower(device);
   if (*verb == Verb::kOpen) outcome.command.path = device;
   outcome.error = ParseRest(words, outcome.command);
+  if (words.QuoteOpen()) outcome.error = command_error::kNoClosingQuote;
   if (outcome.error == 0 && !words.AtEnd()) outcome.error = command_error::kUnknownKeyword;
   return outcome;
 }

@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// Reading one command string. Keywords and aliases are taken in any letter case; what stands in quotes is kept byte
-/// for byte, blanks included.
+/// for byte, blanks included. The path of kOpen ends at the last quote of the command, and may hold others.
 namespace quillon {
 
 enum class Verb { kOpen, kClose, kPlay, kPause, kResume, kStop, kSeek, kSet, kStatus, kWhere, kWindow, kPut };

@@ -10,10 +10,11 @@
 namespace quillon {
 namespace {
 
-constexpr std::uint64_t kLargestFile = 64U << 20U;
+constexpr std::uint64_t kLargestFile = 32U << 20U;
 constexpr std::size_t kChunkHeader = 8;
 
 constexpr unsigned kMeta = 0xFF;
+constexpr unsigned kMetaText = 0x01;
 constexpr unsigned kMetaEnd = 0x2F;
 constexpr unsigned kMetaTempo = 0x51;
 
@@ -27,6 +28,9 @@ struct Tempo {
   std::uint64_t tick = 0;
   double microseconds = 500000;  // a quarter note
 };
+
+/// How many messages are taken between two looks at the time.
+constexpr std::size_t kMessagesAtOnce = 4096;
 
 struct Score {
   std::vector<Message> messages;
@@ -85,8 +89,9 @@ class TrackReader {
  public:
   TrackReader(std::string_view track, std::uint64_t start, Score& score) : bytes_(track), tick_(start), score_(score) {}
 
-  void Read() {
+  void Read(const Deadline& deadline) {
     while (!ended_ && !bytes_.AtEnd()) {
+      if (score_.messages.size() % kMessagesAtOnce == 0 && deadline.Passed()) break;
       const unsigned delta = bytes_.Quantity();
       if (!bytes_.Good()) break;
       tick_ += delta;
@@ -228,9 +233,13 @@ class TrackWriter {
   }
 
   void AppendDelta(double microseconds) {
-    constexpr std::uint64_t kMost = 0x0FFFFFFF;
+    constexpr unsigned kMost = 0x0FFFFFFF;  // what a quantity can hold; empty texts divide a longer pause
     const auto tick = static_cast<std::uint64_t>(std::llround(microseconds * kTicks / kTempo));
-    AppendQuantity(track_, static_cast<unsigned>(std::min(tick - tick_, kMost)));
+    for (; tick - tick_ > kMost; tick_ += kMost) {
+      AppendQuantity(track_, kMost);
+      for (const unsigned byte : {kMeta, kMetaText, 0U}) AppendNumber(track_, byte, 1);
+    }
+    AppendQuantity(track_, static_cast<unsigned>(tick - tick_));
     tick_ = tick;
   }
 
@@ -246,18 +255,33 @@ std::string_view WithoutRiff(std::string_view file) {
   return song == std::string_view::npos ? std::string_view() : file.substr(song);
 }
 
-Score ReadTracks(Bytes& file, unsigned format) {
+Score ReadTracks(Bytes& file, unsigned format, const Deadline& deadline) {
   Score score;
-  while (!file.AtEnd()) {
+  while (!file.AtEnd() && !deadline.Passed()) {
     const std::string_view id = file.Take(4);
     const std::string_view track = file.Take(file.Number(4));
     // The patterns of format 2 follow each other.
-    if (id == "MTrk") TrackReader(track, format == 2 ? score.end : 0, score).Read();
+    if (id == "MTrk") TrackReader(track, format == 2 ? score.end : 0, score).Read(deadline);
   }
+  if (deadline.Passed()) return score;
   const auto earlier = [](const auto& left, const auto& right) { return left.tick < right.tick; };
   std::stable_sort(score.messages.begin(), score.messages.end(), earlier);
   std::stable_sort(score.tempos.begin(), score.tempos.end(), earlier);
   return score;
+}
+
+std::optional<FlatMidiSong> Write(const Score& score, const TimeBase& base, const Deadline& deadline) {
+  constexpr double kMost = std::numeric_limits<int>::max();
+  const double end = Clock(base, score.tempos).At(score.end);
+  if (end / 1000 > kMost) return std::nullopt;
+  Clock clock(base, score.tempos);
+  TrackWriter writer;
+  std::size_t written = 0;
+  for (const Message& message : score.messages) {
+    if (written++ % kMessagesAtOnce == 0 && deadline.Passed()) return std::nullopt;
+    writer.Append(clock.At(message.tick), message);
+  }
+  return FlatMidiSong{writer.End(end), static_cast<int>(std::lround(end / 1000))};
 }
 
 }  // namespace
@@ -268,7 +292,7 @@ bool IsMidi(ByteSource& source) {
   return start.starts_with("MThd") || (start.starts_with("RIFF") && start.ends_with("RMID"));
 }
 
-std::optional<FlatMidiSong> FlattenMidi(ByteSource& source) {
+std::optional<FlatMidiSong> FlattenMidi(ByteSource& source, const Deadline& deadline) {
   if (!IsMidi(source) || source.Size() > kLargestFile) return std::nullopt;
   const std::string whole = source.Read(0, source.Size());
   Bytes file(WithoutRiff(whole));
@@ -278,13 +302,9 @@ std::optional<FlatMidiSong> FlattenMidi(ByteSource& source) {
   header.Take(2);
   const std::optional<TimeBase> base = ReadTimeBase(header.Number(2));
   if (!file.Good() || !header.Good() || !base) return std::nullopt;
-  const Score score = ReadTracks(file, format);
-  Clock clock(*base, score.tempos);
-  TrackWriter writer;
-  for (const Message& message : score.messages) writer.Append(clock.At(message.tick), message);
-  const double end = clock.At(score.end);
-  constexpr double kMost = std::numeric_limits<int>::max();
-  return FlatMidiSong{writer.End(end), static_cast<int>(std::lround(std::min(end / 1000, kMost)))};
+  const Score score = ReadTracks(file, format, deadline);
+  if (deadline.Passed()) return std::nullopt;
+  return Write(score, *base, deadline);
 }
 
 }  // namespace quillon

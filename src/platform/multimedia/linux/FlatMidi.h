@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/ByteSource.h"
+#include "platform/multimedia/linux/Deadline.h"
 
 namespace quillon {
 
@@ -17,8 +18,8 @@ struct FlatMidiSong {
 
 /// A Standard MIDI File, bare or in RIFF, as one track of one tempo: GStreamer's parser takes the tempo changes of a
 /// file of several tracks for each track anew, so that the song drags, and does not come back from illegal messages.
-/// Those are left out, and so is what stands behind damage in a track. Nothing for every
-/// other file, and for one whose header makes no sense.
-[[nodiscard]] std::optional<FlatMidiSong> FlattenMidi(ByteSource& source);
+/// Those are left out, and so is what stands behind damage in a track. Nothing for every other file, for one whose
+/// header, size or length makes no sense, and when the time is up.
+[[nodiscard]] std::optional<FlatMidiSong> FlattenMidi(ByteSource& source, const Deadline& deadline);
 
 }  // namespace quillon

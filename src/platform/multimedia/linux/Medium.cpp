@@ -1,7 +1,7 @@
 #include "platform/multimedia/linux/Medium.h"
 
 #include <algorithm>
-#include <chrono>
+#include <limits>
 #include <utility>
 
 #include "platform/multimedia/CommandDevice.h"
@@ -10,30 +10,29 @@
 namespace quillon {
 namespace {
 
-/// Opening has to end, whatever the file holds; the rest of the promised five seconds is for closing it.
-constexpr std::chrono::milliseconds kOpeningLimit{4500};
-
 /// The last picture of a file begins somewhat before its end.
 constexpr int kLastPicture = 100;
 
 }  // namespace
 
-Result<std::unique_ptr<Medium>, int> Medium::Open(const std::string& path) {
-  Result<MediumSource, int> source = FindMediumSource(path);
-  if (!source) return source.Failure();
+Result<std::unique_ptr<Medium>, int> Medium::Open(const std::string& path, std::chrono::milliseconds limit) {
   if (!StartGStreamer()) return command_error::kInternal;
+  const Deadline deadline(limit);
+  // A length that takes too long to be found leaves the pipeline time to estimate it.
+  Result<MediumSource, int> source = FindMediumSource(path, Deadline(limit / 2));
+  if (!source) return source.Failure();
   std::unique_ptr<Medium> medium(new Medium(std::move(*source)));
-  if (const int problem = medium->Load(); problem != 0) return problem;
+  if (const int problem = medium->Load(deadline); problem != 0) return problem;
   return medium;
 }
 
-int Medium::Load() {
-  if (pipeline_.Prepare(kOpeningLimit) != Pipeline::Event::kNone) return command_error::kInvalidFile;
-  length_ = source_.milliseconds.value_or(pipeline_.Length().value_or(0));
+int Medium::Load(const Deadline& deadline) {
+  if (pipeline_.Prepare(deadline.Left()) != Pipeline::Event::kNone) return command_error::kInvalidFile;
+  length_ = source_.milliseconds ? source_.milliseconds : pipeline_.Length();
   start_ = pipeline_.Position().value_or(0);
   picture_ = pipeline_.Picture();
   hasSound_ = pipeline_.HasSound();
-  return length_ > 0 ? 0 : command_error::kInvalidFile;
+  return length_ != 0 ? 0 : command_error::kInvalidFile;
 }
 
 void Medium::Update() {
@@ -46,8 +45,7 @@ void Medium::On(Pipeline::Event event) {
     case Pipeline::Event::kEnded:
       if (mode_ != Mode::kPlaying) return;
       pipeline_.Hold();
-      mode_ = Mode::kStopped;
-      position_ = length_;
+      End();
       return;
     case Pipeline::Event::kNoPictureLeft:
       connected_ = false;
@@ -55,8 +53,7 @@ void Medium::On(Pipeline::Event event) {
         nothingLeft_ = true;
         return;
       }
-      mode_ = Mode::kStopped;
-      position_ = length_;
+      End();
       return;
     case Pipeline::Event::kSoundLost: soundLost_ = true; break;
     case Pipeline::Event::kPictureLost: pictureLost_ = true; break;
@@ -70,14 +67,22 @@ void Medium::On(Pipeline::Event event) {
   if (Connect() && mode_ == Mode::kPlaying) pipeline_.Run();
 }
 
+/// Stands at the end, which says how long the medium is if nothing has yet.
+void Medium::End() {
+  if (!length_) length_ = Position();
+  mode_ = Mode::kStopped;
+  position_ = *length_;
+}
+
 /// Makes the pipeline anew with the devices that are there, standing at `position_`.
 bool Medium::Connect() {
+  const Deadline deadline(kOpeningLimit);
   for (;;) {
     const bool shows = window_ && !pictureLost_;
     const bool sounds = hasSound_ && !soundLost_;
     pipeline_.UseSinks(sounds ? MakeSoundSink() : MakeSilentSink(),
                        shows ? MakePictureSink(window_->Handle()) : MakeSilentSink());
-    const Pipeline::Event event = pipeline_.Prepare(kOpeningLimit);
+    const Pipeline::Event event = pipeline_.Prepare(deadline.Left());
     connected_ = event == Pipeline::Event::kNone;
     if (connected_) break;
     if (event == Pipeline::Event::kSoundLost && sounds) {
@@ -95,13 +100,14 @@ bool Medium::Connect() {
 
 /// Lets the pipeline stand at `position_`, with the picture that belongs there.
 void Medium::ShowStill() {
-  pipeline_.Seek(start_ + std::min(position_, std::max(length_ - kLastPicture, 0)));
+  const int place = length_ ? std::min(position_, std::max(*length_ - kLastPicture, 0)) : position_;
+  pipeline_.Seek(std::int64_t{start_} + place);
 }
 
 int Medium::Play() {
-  if (mode_ == Mode::kPlaying || position_ >= length_) return 0;
+  if (mode_ == Mode::kPlaying || (length_ && position_ >= *length_)) return 0;
   if (nothingLeft_) {
-    position_ = length_;
+    position_ = length_.value_or(position_);
     return 0;
   }
   if (!connected_ && !Connect()) return command_error::kNotReady;
@@ -131,7 +137,7 @@ int Medium::Stop() {
 }
 
 int Medium::Seek(std::int32_t milliseconds) {
-  if (milliseconds < 0 || milliseconds > length_) return command_error::kOutOfRange;
+  if (milliseconds < 0 || milliseconds > Length()) return command_error::kOutOfRange;
   if (mode_ == Mode::kPlaying) pipeline_.Hold();
   mode_ = Mode::kStopped;
   position_ = milliseconds;
@@ -171,7 +177,7 @@ int Medium::Position() {
   if (mode_ == Mode::kStopped) return position_;
   // Program streams run on behind their end, and just after a seek there may be no answer yet.
   const int seen = pipeline_.Position().value_or(0) - start_;
-  position_ = std::clamp(seen, position_, std::max(length_, position_));
+  position_ = std::clamp(seen, position_, std::max(length_.value_or(std::numeric_limits<int>::max()), position_));
   return position_;
 }
 

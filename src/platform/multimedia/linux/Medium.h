@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -8,6 +9,7 @@
 
 #include "base/Result.h"
 #include "platform/multimedia/linux/CommandString.h"
+#include "platform/multimedia/linux/Deadline.h"
 #include "platform/multimedia/linux/MediumSource.h"
 #include "platform/multimedia/linux/PictureWindow.h"
 #include "platform/multimedia/linux/Pipeline.h"
@@ -20,8 +22,13 @@ class Medium {
  public:
   enum class Mode { kStopped, kPlaying, kPaused };
 
-  /// Opens regular files only, and only those whose length is known; neither sound device nor window is touched.
-  static Result<std::unique_ptr<Medium>, int> Open(const std::string& path);
+  /// Opening has to end, whatever the file holds; the rest of the promised five seconds is for closing it.
+  static constexpr std::chrono::milliseconds kOpeningLimit{4500};
+
+  /// Opens regular files only, and only those whose first sound or picture comes within the limit; neither sound device
+  /// nor window is touched.
+  static Result<std::unique_ptr<Medium>, int> Open(const std::string& path,
+                                                   std::chrono::milliseconds limit = kOpeningLimit);
 
   void Update();
 
@@ -38,7 +45,8 @@ class Medium {
   int Put(const std::optional<PictureRectangle>& rectangle);
 
   [[nodiscard]] Mode CurrentMode() const { return mode_; }
-  [[nodiscard]] int Length() const { return length_; }
+  /// 0 when it is not known: some streams do not tell before they have been played to their end.
+  [[nodiscard]] int Length() const { return length_.value_or(0); }
   [[nodiscard]] int Position();
   /// Nothing for sound alone.
   [[nodiscard]] std::optional<PictureSize> Picture() const { return picture_; }
@@ -47,10 +55,11 @@ class Medium {
  private:
   explicit Medium(MediumSource source) : source_(std::move(source)), pipeline_(source_.path) {}
 
-  int Load();
+  int Load(const Deadline& deadline);
   bool Connect();
   void On(Pipeline::Event event);
   void ShowStill();
+  void End();
 
   // In this order: the pipeline outlives neither what it reads nor the window that it draws into.
   MediumSource source_;
@@ -65,7 +74,7 @@ class Medium {
   bool soundLost_ = false;
   bool pictureLost_ = false;
   int start_ = 0;  // the pipeline's position at the file's beginning
-  int length_ = 0;
+  std::optional<int> length_;
   int position_ = 0;  // where it stands; while playing, where it has been seen last
 };
 

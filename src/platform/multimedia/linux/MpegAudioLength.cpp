@@ -64,25 +64,40 @@ std::optional<FrameHeader> ReadHeader(std::string_view bytes) {
   return header;
 }
 
-/// A file read forwards, a block at a time.
+/// A file read forwards, a block at a time, until the time is up: from then on there is nothing more to read.
 class Blocks {
  public:
-  explicit Blocks(ByteSource& file) : file_(file) {}
+  Blocks(ByteSource& file, const Deadline& deadline) : file_(file), deadline_(deadline), size_(file.Size()) {}
 
-  /// Fewer than `count` bytes at the file's end.
+  [[nodiscard]] std::uint64_t Size() const { return size_; }
+  [[nodiscard]] bool TimeIsUp() const { return timeIsUp_; }
+
+  /// Fewer than `count` bytes at the file's end. Good until the next call.
   std::string_view At(std::uint64_t offset, std::size_t count) {
-    if (offset < start_ || offset + count > start_ + block_.size()) {
-      constexpr std::uint64_t kBlock = 256U << 10U;
-      block_ = file_.Read(offset, kBlock);
-      start_ = offset;
-    }
+    if (!Holds(offset, count)) Load(offset);
     return std::string_view(block_).substr(static_cast<std::size_t>(offset - start_), count);
   }
 
  private:
+  [[nodiscard]] bool Holds(std::uint64_t offset, std::size_t count) const {
+    const std::uint64_t end = start_ + block_.size();
+    return offset >= start_ && offset <= end && (offset + count <= end || end >= size_);
+  }
+
+  void Load(std::uint64_t offset) {
+    constexpr std::size_t kBlock = 256U << 10U;
+    timeIsUp_ = timeIsUp_ || deadline_.Passed();
+    start_ = offset;
+    block_.resize(timeIsUp_ ? 0 : kBlock);
+    block_.resize(file_.ReadAt(offset, block_.data(), block_.size()));
+  }
+
   ByteSource& file_;
+  const Deadline& deadline_;
+  std::uint64_t size_;
   std::string block_;
   std::uint64_t start_ = 0;
+  bool timeIsUp_ = false;
 };
 
 /// Behind the ID3 tags in front, and what zeros follow them.
@@ -110,40 +125,55 @@ bool SaysItsLength(std::string_view frame, const FrameHeader& header) {
   return stands("Xing", header.infoOffset) || stands("Info", header.infoOffset) || stands("VBRI", kVbriOffset);
 }
 
-/// The next frame of the kind at or behind `offset`; where the stream is torn, one that another frame follows.
-std::optional<FrameHeader> NextFrame(Blocks& blocks, std::uint64_t& offset, unsigned kind, std::uint64_t size) {
-  const auto at = [&](std::uint64_t place) {
-    std::optional<FrameHeader> header = ReadHeader(blocks.At(place, kHeaderLength));
-    if (header && header->kind != kind) header.reset();
-    return header;
-  };
-  if (const std::optional<FrameHeader> header = at(offset); header) return header;
-  for (++offset; offset + kHeaderLength <= size; ++offset) {
-    const std::optional<FrameHeader> header = at(offset);
-    if (header && at(offset + header->length)) return header;
+std::optional<FrameHeader> ReadHeader(std::string_view bytes, unsigned kind) {
+  std::optional<FrameHeader> header = ReadHeader(bytes);
+  if (header && header->kind != kind) header.reset();
+  return header;
+}
+
+/// Where, at or behind `offset`, a frame stands that another one follows: what a torn stream goes on with.
+std::optional<std::uint64_t> FindFrame(Blocks& blocks, std::uint64_t offset, unsigned kind) {
+  constexpr std::size_t kSearched = 64U << 10U;
+  constexpr std::size_t kLongestFrame = 4096;
+  for (;; offset += kSearched) {
+    const std::string_view part = blocks.At(offset, kSearched + kLongestFrame);
+    for (std::size_t at = part.find('\xFF'); at < std::min(kSearched, part.size()); at = part.find('\xFF', at + 1)) {
+      const std::optional<FrameHeader> header = ReadHeader(part.substr(at), kind);
+      if (!header || at + header->length > part.size()) continue;
+      if (ReadHeader(part.substr(at + header->length), kind)) return offset + at;
+    }
+    if (part.size() <= kSearched) return std::nullopt;
   }
-  return std::nullopt;
+}
+
+/// The next frame of the kind at or behind `offset`, which is set to where it stands.
+std::optional<FrameHeader> NextFrame(Blocks& blocks, std::uint64_t& offset, unsigned kind) {
+  if (const auto header = ReadHeader(blocks.At(offset, kHeaderLength), kind); header) return header;
+  const std::optional<std::uint64_t> found = FindFrame(blocks, offset + 1, kind);
+  if (!found) return std::nullopt;
+  offset = *found;
+  return ReadHeader(blocks.At(offset, kHeaderLength), kind);
 }
 
 }  // namespace
 
-std::optional<int> CountedMpegAudioLength(ByteSource& file) {
+std::optional<int> CountedMpegAudioLength(ByteSource& file, const Deadline& deadline) {
   constexpr int kSureFrames = 3;
-  const std::uint64_t size = file.Size();
-  Blocks blocks(file);
+  Blocks blocks(file, deadline);
   std::uint64_t offset = SkipTags(blocks);
   const std::optional<FrameHeader> first = ReadHeader(blocks.At(offset, kHeaderLength));
   if (!first || SaysItsLength(blocks.At(offset, first->length), *first)) return std::nullopt;
   std::uint64_t frames = 0;
   for (;;) {
     const std::uint64_t expected = offset;
-    const std::optional<FrameHeader> frame = NextFrame(blocks, offset, first->kind, size);
+    const std::optional<FrameHeader> frame = NextFrame(blocks, offset, first->kind);
     if (frames < kSureFrames && (!frame || offset != expected)) return std::nullopt;
     // A last frame that was cut off is not played.
-    if (!frame || offset + frame->length > size) break;
+    if (!frame || offset + frame->length > blocks.Size()) break;
     ++frames;
     offset += frame->length;
   }
+  if (blocks.TimeIsUp()) return std::nullopt;
   const std::uint64_t milliseconds = (frames * first->samples * 1000U + first->sampleRate / 2U) / first->sampleRate;
   return static_cast<int>(std::min<std::uint64_t>(milliseconds, std::numeric_limits<int>::max()));
 }

@@ -17,7 +17,8 @@ constexpr unsigned kSound = 1U << 1U;
 
 int Milliseconds(gint64 nanoseconds) {
   constexpr gint64 kMost = G_MAXINT32;
-  const gint64 rounded = (nanoseconds + GST_MSECOND / 2) / static_cast<gint64>(GST_MSECOND);
+  constexpr auto kMillisecond = static_cast<gint64>(GST_MSECOND);
+  const gint64 rounded = nanoseconds / kMillisecond + (nanoseconds % kMillisecond >= kMillisecond / 2 ? 1 : 0);
   return static_cast<int>(std::min(rounded, kMost));
 }
 
@@ -75,7 +76,7 @@ void Pipeline::Hold() {
   gst_element_set_state(player_.get(), GST_STATE_PAUSED);
 }
 
-bool Pipeline::Seek(int milliseconds) {
+bool Pipeline::Seek(std::int64_t milliseconds) {
   constexpr auto kFlags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
   const gint64 position = milliseconds * static_cast<gint64>(GST_MSECOND);
   return gst_element_seek_simple(player_.get(), GST_FORMAT_TIME, kFlags, position) != FALSE;

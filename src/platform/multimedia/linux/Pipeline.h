@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -29,7 +30,7 @@ class Pipeline {
   void Run();
   void Hold();
   /// To the exact place. What was reported for the place before is forgotten.
-  bool Seek(int milliseconds);
+  bool Seek(std::int64_t milliseconds);
   /// Draws the picture that is there once more, in the window's size of now.
   void Redraw();
 

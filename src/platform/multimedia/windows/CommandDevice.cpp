@@ -127,13 +127,13 @@ bool IsDigitalVideo(const std::string& alias) {
          LOWORD(capability.dwReturn) == MCI_DEVTYPE_DIGITAL_VIDEO;
 }
 
-/// True for an AVI file whose headers describe no stream: Wine's device crashes where there is none.
-bool IsFilmWithoutStreams(const std::string& path, ByteSource& file) {
+/// True for an AVI file whose headers describe no stream of pictures: Wine's device crashes where there is none.
+bool IsFilmWithoutPictures(const std::string& path, ByteSource& file) {
   constexpr std::size_t kHeaders = 65536;
   if (!ToLower(path).ends_with(".avi")) return false;
   std::string start(kHeaders, '\0');
   start.resize(file.ReadAt(0, start.data(), start.size()));
-  return start.find("strh") == std::string::npos;
+  return start.find("vids") == std::string::npos;
 }
 
 /// True where the fault need not be the file's. DirectShow in Wine may wait for the rest of a broken one for ever.
@@ -144,10 +144,11 @@ bool MayOpenOtherwise(int error) {
 /// What the device of the extension cannot open (newer codecs in AVI, long paths) DirectShow often can.
 CommandReply Open(const std::string& command, const std::string& path) {
   const std::unique_ptr<ByteSource> file = OpenSystemFile(path);
-  if (file && IsFilmWithoutStreams(path, *file)) return {command_error::kInvalidFile};
+  const std::string byDirectShow = command + " type MPEGVideo";
+  if (file && IsFilmWithoutPictures(path, *file)) return SendToSystem(byDirectShow);
   CommandReply first = SendToSystem(command);
   if (first.error == 0 || !file || !MayOpenOtherwise(first.error)) return first;
-  CommandReply second = SendToSystem(command + " type MPEGVideo");
+  CommandReply second = SendToSystem(byDirectShow);
   return second.error == 0 ? second : first;
 }
 

@@ -1,0 +1,11 @@
+#include "platform/desktop/OpenMenu.h"
+
+#include <windows.h>
+
+namespace quillon {
+
+void CloseOpenMenu() {
+  EndMenu();
+}
+
+}  // namespace quillon

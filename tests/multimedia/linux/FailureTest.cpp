@@ -1,0 +1,96 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <string>
+
+#include "multimedia/linux/FailingSoundSink.h"
+#include "multimedia/linux/Player.h"
+#include "platform/linux/Descriptor.h"
+#include "platform/multimedia/linux/Medium.h"
+#include "platform/multimedia/linux/Pipeline.h"
+#include "support/MediaBuilders.h"
+#include "support/TempFolder.h"
+
+namespace quillon::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr int kTolerance = 300;  // the pipeline is made anew on the way
+constexpr int kLength = 1500;
+constexpr int kTwoBlocks = 512;  // of 4096 samples, 8000 a second; the third comes when the second is heard
+
+class FailureTest : public testing::Test {
+ protected:
+  void OpenWave() { ASSERT_EQ(player_.Open(folder_.Write("a.wav", WaveFile(kLength))), 0); }
+
+  TempFolder folder_;
+  Player player_;
+};
+
+TEST_F(FailureTest, SoundThatIsLostWhilePlayingGoesOnSilently) {
+  const FailingSoundSink sink(FailingSoundSink::Blames::kItself);
+  OpenWave();
+  ASSERT_EQ(player_.Error("play X"), 0);
+  const Stopwatch watch;
+  ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3 * kLength)));
+  EXPECT_NEAR(watch.Elapsed(), kLength, kTolerance);
+  EXPECT_EQ(player_.Number("status X position"), kLength);
+  EXPECT_EQ(sink.Failures(), 1);
+  // It is not asked for again.
+  ASSERT_EQ(player_.Error("play X from 1000"), 0);
+  EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(kLength)));
+  EXPECT_EQ(sink.Failures(), 1);
+}
+
+TEST_F(FailureTest, AnErrorWhilePlayingStopsAndPlayTriesAgain) {
+  auto sink = std::make_unique<FailingSoundSink>(FailingSoundSink::Blames::kStream);
+  OpenWave();
+  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3 * kLength)));
+  EXPECT_EQ(sink->Failures(), 1);
+  const int place = player_.Number("status X position");
+  EXPECT_NEAR(place, kTwoBlocks, kTolerance);
+  EXPECT_EQ(player_.Error("seek X to start"), 0);
+  ASSERT_EQ(player_.Error("play X"), 0);
+  EXPECT_EQ(player_.Text("status X mode"), "playing");
+  ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3 * kLength)));
+  EXPECT_EQ(sink->Failures(), 2);
+  sink.reset();
+  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3 * kLength)));
+  EXPECT_EQ(player_.Number("status X position"), kLength);
+}
+
+TEST_F(FailureTest, PreparingGivesUpWhenNothingComes) {
+  const std::string path = folder_.At("fifo");
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  ASSERT_TRUE(StartGStreamer());
+  // Kept open for writing, so that a reader neither waits for a writer nor comes to an end; closed before the pipeline.
+  Pipeline pipeline(path);
+  const Descriptor writer(::open(path.c_str(), O_RDWR | O_CLOEXEC));
+  ASSERT_TRUE(writer.Open());
+  const Stopwatch watch;
+  EXPECT_EQ(pipeline.Prepare(milliseconds(300)), Pipeline::Event::kFailed);
+  EXPECT_GE(watch.Elapsed(), 300);
+  EXPECT_LT(watch.Elapsed(), 300 + 1000);
+}
+
+TEST_F(FailureTest, OpeningEndsInTimeWhateverTheFileHolds) {
+  constexpr std::uintmax_t kVeryLarge = std::uintmax_t{64} << 30U;
+  constexpr milliseconds kLimit(600);
+  const std::string path = folder_.Write("torn.mp3", Mp3Audio(40));
+  std::filesystem::resize_file(path, kVeryLarge);
+  const Stopwatch watch;
+  {
+    const Result<std::unique_ptr<Medium>, int> medium = Medium::Open(path, kLimit);
+    // So long its frames were looked for, which would go on for many seconds.
+    EXPECT_GE(watch.Elapsed(), kLimit.count() / 2);
+  }
+  EXPECT_LT(watch.Elapsed(), kLimit.count() + 500);
+}
+
+}  // namespace
+}  // namespace quillon::test
