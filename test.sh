@@ -53,7 +53,7 @@ run_suite() {
   mkdir -p "build/$preset/results"
   say "$name: testing"
   # Desktop icons and the like need a display and a session bus; windows are tested on displays of their own.
-  scripts/with-display.sh dbus-run-session -- ctest --preset "$preset" -j2 || failed=1
+  scripts/with-display.sh dbus-run-session -- ctest --preset "$preset" -j3 || failed=1
   count_results "$name" "$preset" "$(ctest --preset "$preset" -N | sed -n 's/^Total Tests: //p')"
 }
 

@@ -40,7 +40,7 @@ test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev libxcb1-de
 # What the window needs to look as it should, and to be asked whether a display is there.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
 # What tests, pictures and benchmarks of the window need: a display of its own, keys and clicks, accessibility.
-window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb xauth openbox xdotool imagemagick dbus dbus-x11 at-spi2-core python3
+window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotool imagemagick dbus dbus-x11 at-spi2-core python3
   python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0)
 # Sound that nobody hears, for tests in which its time must pass; films and songs to play in them.
 sound_packages=(pulseaudio pulseaudio-utils util-linux gstreamer1.0-tools)

@@ -40,6 +40,7 @@ film() { sample "$1" "${5:-$picture} ! $2 ! queue ! $3 name=mux $tone ! $4 ! que
 
 sample tone.wav "$tone ! audio/x-raw,format=S16LE ! wavenc"
 sample tone.mp3 "$tone ! lamemp3enc target=bitrate bitrate=128 cbr=true"
+sample sound.avi "$tone ! avimux"
 film mpeg1.mpg 'mpeg2enc format=0 ! mpegvideoparse' avmux_mpeg 'avenc_mp2 ! mpegaudioparse'
 film moving.mpg 'mpeg2enc format=0 ! mpegvideoparse' avmux_mpeg 'avenc_mp2 ! mpegaudioparse' "$moving"
 film mpeg4.avi avenc_mpeg4 avimux identity

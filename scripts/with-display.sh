@@ -1,8 +1,20 @@
 #!/usr/bin/env bash
-# Runs a command on a display of its own, with a window manager, so that windows get the focus.
+# Runs a command on a display of its own, with a window manager, so that windows get the focus. Several may run at once:
+# the server picks a number that is free.
 set -eu
-exec xvfb-run -a -s "-screen 0 1280x1024x24" bash -c '
-  openbox >/dev/null 2>&1 &
-  manager=$!
-  trap "kill $manager" EXIT
-  "$@"' with-display "$@"
+number=$(mktemp)
+Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" >/dev/null 2>&1 &
+server=$!
+manager=
+trap 'kill $manager $server 2>/dev/null; rm -f "$number"' EXIT
+for _ in $(seq 100); do
+  [ -s "$number" ] && break
+  kill -0 "$server" 2>/dev/null || break
+  sleep 0.1
+done
+[ -s "$number" ] || { echo "error: no display: Xvfb does not start" >&2 && exit 1; }
+export DISPLAY=:$(cat "$number")
+unset WAYLAND_DISPLAY
+openbox >/dev/null 2>&1 &
+manager=$!
+"$@"

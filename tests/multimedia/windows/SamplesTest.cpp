@@ -72,6 +72,15 @@ TEST_F(SamplesTest, Mp3PlaysPausesSeeksAndEnds) {
   PlayThrough("tone.mp3");
 }
 
+TEST_F(SamplesTest, AviFilesOfSoundAlonePlay) {
+  if (!HasSound()) GTEST_SKIP() << kNoSound;
+  ASSERT_EQ(OpenSample("sound.avi"), 0);
+  EXPECT_NEAR(static_cast<double>(Length()), 3000, 150);
+  EXPECT_EQ(Error("Play X"), 0);
+  EXPECT_TRUE(AwaitPositionAbove(300));
+  EXPECT_EQ(Error("Close X"), 0);
+}
+
 TEST_F(SamplesTest, WavePlaysPausesSeeksAndEnds) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
   PlayThrough("tone.wav");

@@ -127,13 +127,15 @@ bool IsDigitalVideo(const std::string& alias) {
          LOWORD(capability.dwReturn) == MCI_DEVTYPE_DIGITAL_VIDEO;
 }
 
-/// True for an AVI file whose headers describe no stream of pictures: Wine's device crashes where there is none.
-bool IsFilmWithoutPictures(const std::string& path, ByteSource& file) {
+enum class FilmStreams { kPictures, kSoundAlone, kNone };
+
+/// What the headers of an AVI file describe; other files are taken for what they say they are.
+FilmStreams StreamsOf(const std::string& path, ByteSource& file) {
   constexpr std::size_t kHeaders = 65536;
-  if (!ToLower(path).ends_with(".avi")) return false;
-  std::string start(kHeaders, '\0');
-  start.resize(file.ReadAt(0, start.data(), start.size()));
-  return start.find("vids") == std::string::npos;
+  if (!ToLower(path).ends_with(".avi")) return FilmStreams::kPictures;
+  const std::string start = file.Read(0, kHeaders);
+  if (start.find("strh") == std::string::npos) return FilmStreams::kNone;
+  return start.find("vids") == std::string::npos ? FilmStreams::kSoundAlone : FilmStreams::kPictures;
 }
 
 /// True where the fault need not be the file's. DirectShow in Wine may wait for the rest of a broken one for ever.
@@ -141,11 +143,14 @@ bool MayOpenOtherwise(int error) {
   return error != command_error::kAliasInUse && error != command_error::kInvalidFile;
 }
 
-/// What the device of the extension cannot open (newer codecs in AVI, long paths) DirectShow often can.
+/// What the device of the extension cannot open (newer codecs in AVI, long paths) DirectShow often can. Wine's device
+/// for AVI files crashes where there are no pictures.
 CommandReply Open(const std::string& command, const std::string& path) {
-  const std::unique_ptr<ByteSource> file = OpenSystemFile(path);
   const std::string byDirectShow = command + " type MPEGVideo";
-  if (file && IsFilmWithoutPictures(path, *file)) return SendToSystem(byDirectShow);
+  const std::unique_ptr<ByteSource> file = OpenSystemFile(path);
+  const FilmStreams streams = file ? StreamsOf(path, *file) : FilmStreams::kPictures;
+  if (streams == FilmStreams::kNone) return {command_error::kInvalidFile};
+  if (streams == FilmStreams::kSoundAlone) return SendToSystem(byDirectShow);
   CommandReply first = SendToSystem(command);
   if (first.error == 0 || !file || !MayOpenOtherwise(first.error)) return first;
   CommandReply second = SendToSystem(byDirectShow);
