@@ -186,12 +186,7 @@ LoadOutcome FileLoader::AddFile(const std::string& path) {
 }
 
 LoadOutcome FileLoader::LoadPath(const std::string& path) {
-  return IsFile(path) ? AddFile(path) : LoadFolder(path);
-}
-
-bool FileLoader::IsFile(const std::string& path) const {
-  const Result<FileStatus, FileError> status = ports_.files.Status(path);
-  return status && status->kind == FileStatus::Kind::kFile;
+  return ports_.files.IsFile(path) ? AddFile(path) : LoadFolder(path);
 }
 
 void FileLoader::LoadPaths(const std::vector<std::string>& paths) {
@@ -199,7 +194,7 @@ void FileLoader::LoadPaths(const std::vector<std::string>& paths) {
   const std::int16_t loadRemove = std::exchange(options_.list.loadRemove, std::int16_t{0});
   std::vector<std::string> files;  // that follow one another
   for (const std::string& path : paths) {
-    if (IsFile(path)) {
+    if (ports_.files.IsFile(path)) {
       files.push_back(path);
       continue;
     }

@@ -86,7 +86,6 @@ class FileLoader {
  private:
   LoadOutcome Register(const std::vector<std::string>& paths);
   LoadOutcome Failed(const FileError& error);
-  [[nodiscard]] bool IsFile(const std::string& path) const;
   void AddFiles(const std::vector<std::string>& paths);
   void TellDuplicates(std::size_t count);
   Result<FileItem, FileError> MakeRow(const std::string& path);

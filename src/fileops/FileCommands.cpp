@@ -8,15 +8,10 @@ namespace {
 constexpr const char* kDeleteCaption = "ファイル削除";
 constexpr const char* kMoveCaption = "ファイル移動";
 
-bool IsFile(FileReads& files, const std::string& path) {
-  const Result<FileStatus, FileError> status = files.Status(path);
-  return status && status->kind == FileStatus::Kind::kFile;
-}
-
 }  // namespace
 
 int RecycleFile(FileReads& files, FileChanges& disk, const std::string& path, std::uintptr_t ownerWindow) {
-  return IsFile(files, path) ? disk.Recycle(path, ownerWindow) : kRecycleNotDone;
+  return files.IsFile(path) ? disk.Recycle(path, ownerWindow) : kRecycleNotDone;
 }
 
 FileCommands::FileCommands(FileList& list, OptionValues& options, ListCommands& rows, Ports ports,
@@ -58,7 +53,7 @@ bool FileCommands::DeleteToRecycleBin(const std::string& path) {
   }
   // A success with the file still there: the user declined in the system's own dialog. Any failure that the system has
   // reported itself takes the row out of the list like a success.
-  return result != 0 || !IsFile(ports_.files, path);
+  return result != 0 || !ports_.files.IsFile(path);
 }
 
 void FileCommands::ReportDeletion(const FileError& error) {

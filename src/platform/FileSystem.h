@@ -73,6 +73,12 @@ class FileReads {
   /// path the system cannot hold (53) or is not allowed to look at (75).
   virtual Result<FileStatus, FileError> Status(const std::string& path) = 0;
 
+  /// True when a file stands at this path, and may be looked at.
+  [[nodiscard]] bool IsFile(const std::string& path) {
+    const Result<FileStatus, FileError> status = Status(path);
+    return status && status->kind == FileStatus::Kind::kFile;
+  }
+
   /// True when both paths name the same existing file.
   virtual bool SameFile(const std::string& left, const std::string& right) = 0;
 };

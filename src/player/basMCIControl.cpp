@@ -26,11 +26,6 @@ std::string OpenCommand(const std::string& path, const char* alias) {
   return "Open \"" + path + "\" alias " + alias;
 }
 
-bool IsFile(FileReads& files, const std::string& path) {
-  const Result<FileStatus, FileError> status = files.Status(path);
-  return status && status->kind == FileStatus::Kind::kFile;
-}
-
 }  // namespace
 
 std::optional<std::int32_t> ReplyNumber(std::string_view reply) {
@@ -72,7 +67,7 @@ std::string basMCIControl::Ask(const std::string& command, int replySize) {
 std::int16_t basMCIControl::MCICommand(std::string_view verb) {
   const std::string lower = ToLower(verb);
   if (lower == "open") {
-    if (!IsFile(files_, paths_.playFilePath)) return mci_result::kFileMissing;
+    if (!files_.IsFile(paths_.playFilePath)) return mci_result::kFileMissing;
     Send(OpenCommand(paths_.playFilePath, "MCI"));
     return mci_result::kSent;
   }

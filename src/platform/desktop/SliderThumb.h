@@ -13,7 +13,8 @@ struct ThumbSpan {
 
 [[nodiscard]] ThumbSpan QueryThumb(void* slider);
 
-/// Puts the thumb where the slider's value is now. GTK loses that for a value set while other parts of the window change.
+/// Puts the thumb where the slider's value is now. GTK loses that for a value set while other parts of the window
+/// change.
 void PlaceThumb(void* slider);
 
 /// For a press of the mouse beside the thumb: how far between its ends the thumb has to go to be under the mouse, 0 to

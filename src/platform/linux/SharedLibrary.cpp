@@ -9,11 +9,6 @@
 namespace quillon {
 namespace {
 
-bool IsFile(const std::string& path) {
-  const auto status = MakeFileReads()->Status(path);
-  return status && status->kind == FileStatus::Kind::kFile;
-}
-
 // Where the dynamic linker finds the library: its search order is long and only itself knows it, so it is asked.
 std::optional<std::string> SystemLibraryFolder(const std::string& fileName) {
   void* library = ::dlopen(fileName.c_str(), RTLD_LAZY | RTLD_LOCAL);
@@ -37,7 +32,7 @@ std::optional<std::string> FindLibrary(const std::string& fileName) {
   const bool plain = !fileName.empty() && fileName.find('/') == std::string::npos;
   if (!plain) return std::nullopt;
   std::string folder = ProgramFolder();
-  if (IsFile(folder + fileName)) return folder;
+  if (MakeFileReads()->IsFile(folder + fileName)) return folder;
   return SystemLibraryFolder(fileName);
 }
 

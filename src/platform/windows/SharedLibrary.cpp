@@ -10,11 +10,6 @@
 namespace quillon {
 namespace {
 
-bool IsFile(const std::string& path) {
-  const auto status = MakeFileReads()->Status(path);
-  return status && status->kind == FileStatus::Kind::kFile;
-}
-
 std::optional<std::string> SystemLibraryFolder(const std::wstring& fileName) {
   const DWORD needed = ::SearchPathW(nullptr, fileName.c_str(), nullptr, 0, nullptr, nullptr);
   if (needed == 0) return std::nullopt;
@@ -34,7 +29,7 @@ std::optional<std::string> FindLibrary(const std::string& fileName) {
   const bool plain = !fileName.empty() && fileName.find_first_of("\\/:") == std::string::npos;
   if (!plain || !wideName) return std::nullopt;
   std::string folder = ProgramFolder();
-  if (IsFile(folder + fileName)) return folder;
+  if (MakeFileReads()->IsFile(folder + fileName)) return folder;
   return SystemLibraryFolder(*wideName);
 }
 
