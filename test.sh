@@ -43,12 +43,33 @@ count_results() {
   summary+=("$(printf '%-22s %5d passed, %d failed, %d skipped' "$suite:" "$passed" "$bad" "$skipped")")
 }
 
-# run_suite NAME PRESET CMAKE-OPTIONS...: builds the preset and runs its test programs.
-run_suite() {
+# Most of a suite's time goes by waiting, for windows and for music: beside it runs what has time.
+beside() {
+  beside_log=$(mktemp)
+  nice -n 19 "$@" >"$beside_log" 2>&1 &
+  beside_process=$!
+}
+
+# Waits for what runs beside, and shows what it had to say.
+end_beside() {
+  local status=0
+  wait "$beside_process" || status=$?
+  cat "$beside_log"
+  rm -f "$beside_log"
+  return "$status"
+}
+
+# build_suite NAME PRESET CMAKE-OPTIONS...: builds the preset.
+build_suite() {
   local name=$1 preset=$2
   shift 2
   say "$name: building"
   build_preset "$preset" "$@"
+}
+
+# test_suite NAME PRESET: runs the test programs that are built.
+test_suite() {
+  local name=$1 preset=$2
   rm -rf "build/$preset/results"
   mkdir -p "build/$preset/results"
   say "$name: testing"
@@ -58,21 +79,26 @@ run_suite() {
 }
 
 need_packages "${linux_packages[@]}" "${window_packages[@]}" "${test_packages[@]}"
+if ! $quick; then need_packages "${style_packages[@]}" "${windows_packages[@]}"; fi
 scripts/japanese-locale.sh
-run_suite "Linux" linux -DQUILLON_BENCHMARKS=ON
-
-if ! $quick; then
-  need_packages "${style_packages[@]}"
+build_suite "Linux" linux -DQUILLON_BENCHMARKS=ON
+if $quick; then
+  test_suite "Linux" linux
+else
+  beside scripts/style.sh
+  test_suite "Linux" linux
   say "Style: clang-format, clang-tidy"
-  scripts/style.sh || failed=1
+  end_beside || failed=1
 
-  run_suite "Linux with sanitizers" linux-asan
+  build_suite "Linux with sanitizers" linux-asan
+  beside scripts/windows-libraries.sh
+  test_suite "Linux with sanitizers" linux-asan
+  end_beside || fail "the libraries for Windows could not be built"
 
-  need_packages "${windows_packages[@]}"
-  scripts/windows-libraries.sh
   # A server that stays up between test programs saves each of them a second. One may be up already.
   scripts/wine.sh --server -p600 || true
-  run_suite "Windows under Wine" windows
+  build_suite "Windows under Wine" windows
+  test_suite "Windows under Wine" windows
   scripts/wine.sh --server -k || true
 fi
 
