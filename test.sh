@@ -43,19 +43,24 @@ count_results() {
   summary+=("$(printf '%-22s %5d passed, %d failed, %d skipped' "$suite:" "$passed" "$bad" "$skipped")")
 }
 
-# Most of a suite's time goes by waiting, for windows and for music: beside it runs what has time.
+# Most of a suite's time goes by waiting, for windows and for music: what has time runs beside it.
+# beside NAME COMMAND...: begins.
+declare -A beside_process beside_log
+trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
 beside() {
-  beside_log=$(mktemp)
-  nice -n 19 "$@" >"$beside_log" 2>&1 &
-  beside_process=$!
+  local name=$1
+  shift
+  beside_log[$name]=$(mktemp)
+  nice -n 19 "$@" >"${beside_log[$name]}" 2>&1 &
+  beside_process[$name]=$!
 }
 
-# Waits for what runs beside, and shows what it had to say.
+# end_beside NAME: waits for it, and shows what it had to say.
 end_beside() {
   local status=0
-  wait "$beside_process" || status=$?
-  cat "$beside_log"
-  rm -f "$beside_log"
+  wait "${beside_process[$1]}" || status=$?
+  cat "${beside_log[$1]}"
+  rm -f "${beside_log[$1]}"
   return "$status"
 }
 
@@ -85,21 +90,22 @@ build_suite "Linux" linux -DQUILLON_BENCHMARKS=ON
 if $quick; then
   test_suite "Linux" linux
 else
-  beside scripts/style.sh
+  beside style scripts/style.sh
   test_suite "Linux" linux
-  say "Style: clang-format, clang-tidy"
-  end_beside || failed=1
 
   build_suite "Linux with sanitizers" linux-asan
-  beside scripts/windows-libraries.sh
+  beside libraries scripts/windows-libraries.sh
   test_suite "Linux with sanitizers" linux-asan
-  end_beside || fail "the libraries for Windows could not be built"
+  end_beside libraries || fail "the libraries for Windows could not be built"
 
   # A server that stays up between test programs saves each of them a second. One may be up already.
   scripts/wine.sh --server -p600 || true
   build_suite "Windows under Wine" windows
   test_suite "Windows under Wine" windows
   scripts/wine.sh --server -k || true
+
+  say "Style: clang-format, clang-tidy"
+  end_beside style || failed=1
 fi
 
 say "Results"
