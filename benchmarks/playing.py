@@ -8,7 +8,7 @@ import sys
 import time
 
 TRUE_LENGTH = 30000
-SEEKS = [25000, 1000, 14321, 29000, 7777]
+SEEKS = [25000, 1000, 14321, 28000, 7777]
 REPETITIONS = int(os.environ.get("REPETITIONS", "5"))
 SECONDS = 10  # of processor time measured
 programs, media = sys.argv[1:3]
@@ -59,7 +59,7 @@ def until_moving(device, start):
     started = time.monotonic()
     while device.position() <= start:
         if time.monotonic() - started > 10:
-            sys.exit("error: it does not play")
+            sys.exit(f"error: it stands at {device.position()}, {device.ask('status X mode')}")
     return (time.monotonic() - started) * 1000
 
 
@@ -116,11 +116,10 @@ def measure_window(name):
             return [(ticks(path) - start) / hertz / passed * 100 for path, start in zip(paths, before)]
 
         idle = share()
-        subprocess.run(["xdotool", "key", "Return"])
+        subprocess.run(["xdotool", "key", "--delay", "200", "Down", "Return"])
         time.sleep(1.5)
-        threads = len(os.listdir(f"{base}/task"))
         playing = share()
-        if threads == len(os.listdir(f"{base}/task")) == 1:
+        if playing[1] < 0.5:
             sys.exit("error: nothing plays")
         print(f"{name}: the window's thread {playing[0]:.1f} % of a core while it plays, {idle[0]:.1f} % before "
               f"(goal under 5 %: {'met' if playing[0] < 5 else 'MISSED'}); the whole process {playing[1]:.1f} %")

@@ -16,8 +16,8 @@ namespace quillon::test {
 namespace {
 
 constexpr unsigned long kPause = 5;
-constexpr int kProbeLength = 1000;
-constexpr int kSliderEnd = 12;  // DIP: half a thumb, where the groove begins
+constexpr int kProbeLength = 5000;  // the first sound of a session may take its time
+constexpr int kSliderEnd = 12;      // DIP: half a thumb, where the groove begins
 
 }  // namespace
 

@@ -76,10 +76,19 @@ void Pipeline::Hold() {
   gst_element_set_state(player_.get(), GST_STATE_PAUSED);
 }
 
+void Pipeline::Settle() {
+  constexpr GstClockTime kPatience = GST_SECOND;
+  gst_element_get_state(player_.get(), nullptr, nullptr, kPatience);
+}
+
+// One that comes while the pipeline is still on its way, after a pause or the seek before, would be lost.
 bool Pipeline::Seek(std::int64_t milliseconds) {
+  Settle();
   constexpr auto kFlags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
   const gint64 position = milliseconds * static_cast<gint64>(GST_MSECOND);
-  return gst_element_seek_simple(player_.get(), GST_FORMAT_TIME, kFlags, position) != FALSE;
+  const bool done = gst_element_seek_simple(player_.get(), GST_FORMAT_TIME, kFlags, position) != FALSE;
+  Settle();
+  return done;
 }
 
 void Pipeline::Redraw() {

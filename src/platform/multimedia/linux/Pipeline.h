@@ -10,7 +10,8 @@
 
 namespace quillon {
 
-/// One file on its way to a sound and a picture sink. Times are milliseconds. Nothing here waits but Prepare.
+/// One file on its way to a sound and a picture sink. Times are milliseconds. Prepare waits, and Seek for
+/// a moment.
 class Pipeline {
  public:
   /// kNoPictureLeft: a film was entered so near its end that no whole picture follows; its decoder does not go on.
@@ -44,6 +45,7 @@ class Pipeline {
   [[nodiscard]] Event NextEvent();
 
  private:
+  void Settle();
   [[nodiscard]] Event EventOf(GstMessage* message) const;
 
   GstOwned<GstElement> player_;

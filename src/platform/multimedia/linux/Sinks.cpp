@@ -30,7 +30,10 @@ GstElement* MakeSilentSink() {
 
 GstElement* MakeSoundSink() {
   GstElement* const sink = FirstReady({"pulsesink", "alsasink"});
-  return sink == nullptr ? MakeSilentSink() : sink;
+  if (sink == nullptr) return MakeSilentSink();
+  // A sound server's own clock may stand still after a seek, and everything with it.
+  g_object_set(sink, "provide-clock", FALSE, nullptr);
+  return sink;
 }
 
 GstElement* MakePictureSink(std::uint64_t window) {
