@@ -3,6 +3,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/Text.h"
@@ -23,12 +24,6 @@ class CommandRecorder final : public CommandDevice {
 
   void Answer(std::string_view command, std::string text) { replies[ToLower(command)] = {0, std::move(text)}; }
   void Fail(std::string_view command, int error) { replies[ToLower(command)] = {error}; }
-
-  /// What has been sent since the last call.
-  std::vector<std::string> TakeSent() {
-    sizes.clear();
-    return std::exchange(sent, {});
-  }
 
   std::vector<std::string> sent;
   std::vector<int> sizes;

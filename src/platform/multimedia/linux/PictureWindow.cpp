@@ -38,7 +38,6 @@ class XPictureWindow final : public PictureWindow {
     return true;
   }
 
-  [[nodiscard]] std::uint64_t Owner() const override { return owner_; }
   [[nodiscard]] std::uint64_t Handle() const override { return window_; }
   [[nodiscard]] PictureRectangle Rectangle() const override { return rectangle_; }
 

@@ -21,7 +21,6 @@ class PictureWindow {
   PictureWindow& operator=(const PictureWindow&) = delete;
   virtual ~PictureWindow() = default;
 
-  [[nodiscard]] virtual std::uint64_t Owner() const = 0;
   [[nodiscard]] virtual std::uint64_t Handle() const = 0;
   /// Where the picture is in the owner's window.
   [[nodiscard]] virtual PictureRectangle Rectangle() const = 0;
