@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <map>
 
+#include "base/Product.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "platform/Program.h"
@@ -100,7 +101,7 @@ int Run(CLI::App& app, Arguments& arguments) {
 
 int Main(int argc, char** argv) {
   CLI::App app("Quillon gives many files proper names.", "quillon-cli");
-  app.set_version_flag("--version", QUILLON_VERSION);
+  app.set_version_flag("--version", kProductVersion);
   app.require_subcommand(1);
   Arguments arguments;
   AddList(app, arguments);

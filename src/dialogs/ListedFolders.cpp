@@ -1,0 +1,20 @@
+#include "dialogs/ListedFolders.h"
+
+#include <string_view>
+#include <unordered_set>
+
+#include "filelist/paths/basFileControl.h"
+
+namespace quillon {
+
+std::vector<std::string> ListedFolders(const FileList& list, PathStyle style) {
+  std::vector<std::string> folders;
+  std::unordered_set<std::string_view> seen;
+  for (int i = 1; i <= list.Count(); ++i) {
+    const std::string_view folder = FolderPart(list.Row(i).location, style);
+    if (seen.insert(folder).second) folders.emplace_back(folder);
+  }
+  return folders;
+}
+
+}  // namespace quillon
