@@ -9,12 +9,6 @@
 #include "platform/Shell.h"
 
 namespace quillon {
-namespace {
-
-constexpr const char* kModeCaption = "設定";
-
-}  // namespace
-
 Application::Application(OptionValues options, Paths paths, Ports ports, std::uintptr_t ownerWindow, PathStyle style)
     : ports_(std::move(ports)),
       paths_(std::move(paths)),
@@ -22,6 +16,7 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
       options_(std::move(options)),
       mode_{options_.update.autoUpdate == 1},
       list_(style),
+      modeSwitch_(paths_.settings, options_, mode_, ports_.boxes, [this] { return list_.Count() > 0; }),
       status_(ports_.panels),
       player_(list_, options_,
               {ports_.device, ports_.files, ports_.playerPanel, ports_.movie, status_, ports_.boxes, ports_.window,
@@ -90,11 +85,11 @@ void Application::RunCommand(Command command) {
     case Command::mnuAllClear: listCommands_.mnuAllClear(); break;
     case Command::mnuUpdate: engine_.mnuUpdate(); break;
     case Command::mnuAllUpdate: engine_.mnuAllUpdate(); break;
+    case Command::mnuOption: ShowOptions(); break;
     case Command::mnuOptionDefaultExit:
       if (mnuOptionDefaultExit(paths_.settings, options_, ports_.boxes)) ports_.main.EndAtOnce();
       break;
     case Command::mnuExit: ports_.main.Quit(); break;
-    case Command::mnuShowHelp: ShowHelp(); break;
     default: RunListCommand(command);
   }
 }
@@ -140,6 +135,9 @@ void Application::RunViewCommand(Command command) {
     case Command::mnuPlay: player_.mnuPlay(); break;
     case Command::mnuFront: ToggleFront(); break;
     case Command::mnuApplyMode: SwitchMode(); break;
+    case Command::mnuDirShow: ports_.main.ShowFolderList(); break;
+    case Command::mnuShowHelp: ShowHelp(); break;
+    case Command::mnuVarInfo: ports_.main.ShowVersionDialog(); break;
     default: break;
   }
 }
@@ -175,31 +173,14 @@ void Application::ModePanelClicked() {
 }
 
 void Application::SwitchMode() {
-  if (mode_.automatic) {
-    SetMode(false, "自動適応モードが無効になりました");
-  } else if (list_.Count() == 0) {
-    SetMode(true, "自動適応モードが有効になりました");
-  } else {
-    ports_.boxes.Show({kModeCaption,
-                       "この設定は 次回起動時 または 「再読み込み」「リストクリア」 実行後に有効となります",
-                       MessageIcon::kInformation});
-    StoreAutoUpdate(1);
-  }
+  const bool automatic = !mode_.automatic;
+  modeSwitch_.Switch(automatic, [&] { status_.SetModeText(automatic ? kAutoApplyText : kManualApplyText); });
 }
 
-void Application::SetMode(bool automatic, const char* message) {
-  status_.SetModeText(automatic ? kAutoApplyText : kManualApplyText);
-  ports_.boxes.Show({kModeCaption, message, MessageIcon::kInformation});
-  StoreAutoUpdate(automatic ? 1 : 0);
-  mode_.automatic = automatic;
-}
-
-// Reaches the file at once, alone: the other settings wait for the end.
-void Application::StoreAutoUpdate(std::int16_t value) {
-  options_.update.autoUpdate = value;
-  if (WriteAutoUpdate(paths_.settings, value)) return;
-  ports_.boxes.Show(
-      {kModeCaption, "設定ファイルに書き込めないため、この設定は保存されません", MessageIcon::kExclamation});
+void Application::ShowOptions() {
+  OptionForm form(options_, modeSwitch_);
+  ports_.main.ShowOptionDialog(form);
+  status_.SetModeText(ApplyModeText(mode_));
 }
 
 void Application::Reset() {

@@ -8,9 +8,11 @@
 #include "app/InformationPanel.h"
 #include "app/PassedOver.h"
 #include "app/settings/ApplyMode.h"
+#include "app/settings/ApplyModeSwitch.h"
 #include "app/settings/OptionValues.h"
 #include "app/settings/Settings.h"
 #include "base/Ports.h"
+#include "dialogs/OptionForm.h"
 #include "filelist/FileList.h"
 #include "filelist/FileLoader.h"
 #include "filelist/ListCommands.h"
@@ -39,6 +41,11 @@ class MainWindow {
                                                              const std::vector<FileDialogFilter>& filters,
                                                              const std::string& folder) = 0;
   virtual void ShowModifyDialog(bool allItems) = 0;
+  /// Modal; ends with the form's cmdOK or cmdCancel.
+  virtual void ShowOptionDialog(OptionForm& form) = 0;
+  virtual void ShowVersionDialog() = 0;
+  /// Stays open beside the main window.
+  virtual void ShowFolderList() = 0;
   virtual void SetAlwaysOnTop(bool front) = 0;
   /// No command is taken while another one runs.
   virtual void SetAnswering(bool answering) = 0;
@@ -109,6 +116,9 @@ class Application : private FilePanel {
 
   void ModePanelClicked();
 
+  /// Also from a dialog, while the command that has opened it runs.
+  void ShowHelp();
+
   /// The player's buttons, sliders and timer come to it directly: they work while a command runs, too.
   [[nodiscard]] MusicPlayer& Player() { return player_; }
 
@@ -145,11 +155,9 @@ class Application : private FilePanel {
   void RunViewCommand(Command command);
   void RunAnswerless(const std::function<void()>& action);
   void OpenFiles();
-  void ShowHelp();
   void ToggleFront();
   void SwitchMode();
-  void SetMode(bool automatic, const char* message);
-  void StoreAutoUpdate(std::int16_t value);
+  void ShowOptions();
 
   Ports ports_;
   Paths paths_;
@@ -157,6 +165,7 @@ class Application : private FilePanel {
   OptionValues options_;
   ApplyMode mode_;
   FileList list_;
+  ApplyModeSwitch modeSwitch_;
   SelectionStatus status_;
   MusicPlayer player_;
   RegexLibrary regex_;

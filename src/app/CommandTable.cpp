@@ -15,7 +15,7 @@ constexpr std::array kEntries = {
     CommandEntry{mnuAllClear, "リストクリア(&C)", "Ctrl+Shift+N", Needs::kRows},
     CommandEntry{mnuUpdate, "チェックアイテムをファイルに適応(&U)", "Ctrl+S", Needs::kCheckedRows, true},
     CommandEntry{mnuAllUpdate, "すべてファイルに適応(&A)", "Ctrl+Shift+S", Needs::kRows, true},
-    CommandEntry{mnuOption, "オプション(&P)...", "", Needs::kNotBuilt},
+    CommandEntry{mnuOption, "オプション(&P)...", ""},
     CommandEntry{mnuOptionDefaultExit, "設定をデフォルトに戻して終了(&D)", ""},
     CommandEntry{mnuExit, "終了(&X)", "Ctrl+Q"},
     CommandEntry{mnuRename, "チェックアイテムをタイトルにリネーム(&T)", "Ctrl+T", Needs::kCheckedRows},
@@ -33,6 +33,7 @@ constexpr std::array kEntries = {
     CommandEntry{mnuPlay, "再生(&P)", "", Needs::kSelectedRow},
     CommandEntry{mnuFront, "常に手前に表示(&F)", ""},
     CommandEntry{mnuApplyMode, "適応モードの切り替え(&M)", ""},
+    CommandEntry{mnuDirShow, "フォルダ一覧(&D)", "Ctrl+D"},
     CommandEntry{mnuSortRenameName, "リネーム名(&R)", "", Needs::kRows},
     CommandEntry{mnuSortTitle, "タイトル(&T)", "", Needs::kRows},
     CommandEntry{mnuSortArtist, "著作権/アーティスト(&A)", "", Needs::kRows},
@@ -40,7 +41,7 @@ constexpr std::array kEntries = {
     CommandEntry{mnuSortSize, "サイズ(&S)", "", Needs::kRows},
     CommandEntry{mnuSortLocation, "場所(&L)", "", Needs::kRows},
     CommandEntry{mnuShowHelp, "ヘルプの表示(&H)", "F1"},
-    CommandEntry{mnuVarInfo, "バージョン情報(&A)...", "", Needs::kNotBuilt},
+    CommandEntry{mnuVarInfo, "バージョン情報(&A)...", ""},
     CommandEntry{mnuThisUpdate, "ファイルに適応(&U)", "", Needs::kSelectedRow, true},
     CommandEntry{mnuThisRename, "タイトルにリネーム(&T)", "", Needs::kSelectedRow},
     CommandEntry{mnuThisUndo, "元に戻す(&Z)", "", Needs::kSelectedRow, true},
@@ -57,7 +58,7 @@ constexpr std::array kEditMenu = {mnuRename, mnuAllRename, kSeparator, mnuModify
                                   mnuUndo,   mnuAllUndo,   kSeparator, mnuMove,    mnuAllMove,     kSeparator,
                                   mnuAllChk, mnuChkRem,    mnuTurnChk, kSeparator, mnuUnChkListRem};
 constexpr std::array kPlayMenu = {mnuPlay};
-constexpr std::array kViewMenu = {mnuFront, mnuApplyMode, kSeparator, mnuSortRenameName};
+constexpr std::array kViewMenu = {mnuFront, mnuApplyMode, kSeparator, mnuSortRenameName, kSeparator, mnuDirShow};
 constexpr std::array kHelpMenu = {mnuShowHelp, kSeparator, mnuVarInfo};
 constexpr std::array kSortMenu = {mnuSortRenameName, mnuSortTitle, mnuSortArtist,
                                   mnuSortType,       mnuSortSize,  mnuSortLocation};
@@ -101,7 +102,6 @@ bool IsEnabled(Command command, const CommandState& state) {
     case Needs::kRows: return state.rows > 0;
     case Needs::kCheckedRows: return state.checked > 0;
     case Needs::kSelectedRow: return state.selected;
-    case Needs::kNotBuilt: return false;
   }
   return false;
 }

@@ -36,6 +36,7 @@ enum class Command {
   mnuPlay,
   mnuFront,
   mnuApplyMode,
+  mnuDirShow,
   mnuSortRenameName,
   mnuSortTitle,
   mnuSortArtist,
@@ -54,7 +55,7 @@ enum class Command {
 };
 
 /// What a command needs to be enabled.
-enum class Needs { kNothing, kRows, kCheckedRows, kSelectedRow, kNotBuilt };
+enum class Needs { kNothing, kRows, kCheckedRows, kSelectedRow };
 
 struct CommandEntry {
   Command command = Command::kSeparator;

@@ -15,6 +15,8 @@
 #include "controls/TopmostDialog.h"
 #include "controls/Twips.h"
 #include "controls/WxText.h"
+#include "dialogs/frmOption.h"
+#include "dialogs/frmVerInfo.h"
 #include "platform/Shell.h"
 #include "platform/desktop/AccessibleName.h"
 #include "platform/desktop/ScreenMetrics.h"
@@ -28,6 +30,10 @@ constexpr int kTitleBar = 12;        // DIP: half of its height
 constexpr int kSmallestList = 40;    // DIP: less than what usual fonts leave
 constexpr int kFirstListSize = 200;  // DIP
 constexpr int kWidestColumn = 4000;  // DIP
+
+int Open(const std::string& target, wxWindow& owner) {
+  return OpenWithShell(target, reinterpret_cast<std::uintptr_t>(owner.GetHandle()));
+}
 
 /// A measure in twips, kept as it was read while it still stands for these pixels: rounding must not add up over runs.
 template <class Twips>
@@ -56,7 +62,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths)
       std::move(options), std::move(paths),
       Application::Ports{*this, *this, *this, *renameBox_, *information_, boxes_, *pending_, *frmFolderRef_, *loading_,
                          frmWait_, *this, *device_, *playerPanel_, *movie_, *files_, *disk_,
-                         [handle](const std::string& target) { return OpenWithShell(target, handle); }},
+                         [this](const std::string& target) { return Open(target, *this); }},
       handle);
   lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
   controls_.list = &lvwFiles_->Window();
@@ -245,6 +251,29 @@ void frmMain::ShowModifyDialog(bool allItems) {
   frmModify dialog(this, app_->Options().modify, OpenedFor::kExecute, app_->RegexAvailable(), boxes_,
                    [this, allItems] { app_->ModifyRows(allItems); });
   dialog.ShowModal();
+}
+
+void frmMain::ShowOptionDialog(OptionForm& form) {
+  const auto modifyOption = [this](wxWindow& owner) {
+    frmModify(&owner, app_->Options().modify, OpenedFor::kSettings, app_->RegexAvailable(), boxes_, [] {}).ShowModal();
+  };
+  frmOption dialog(this, form, modifyOption, [this] { app_->ShowHelp(); });
+  dialog.ShowModal();
+}
+
+void frmMain::ShowVersionDialog() {
+  frmVerInfo dialog(this, app_->RegexAvailable(), app_->Options().system.front,
+                    [this](const std::string& address) { Open(address, *this); });
+  dialog.ShowModal();
+}
+
+void frmMain::ShowFolderList() {
+  if (!frmDirShow_) {
+    frmDirShow_ = new frmDirShow(this, app_->List(),
+                                 [](const std::string& folder, wxWindow& owner) { (void)Open(folder, owner); });
+  }
+  frmDirShow_->Show();
+  frmDirShow_->Raise();
 }
 
 void frmMain::SetAlwaysOnTop(bool front) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <wx/frame.h>
+#include <wx/weakref.h>
 
 #include <chrono>
 #include <memory>
@@ -14,6 +15,7 @@
 #include "app/frmMainPlayer.h"
 #include "app/settings/OptionValues.h"
 #include "controls/WxMessageBoxes.h"
+#include "dialogs/frmDirShow.h"
 #include "filelist/frmFolderRef.h"
 #include "filelist/lvwFiles.h"
 #include "rename/frmWait.h"
@@ -59,6 +61,9 @@ class frmMain final : public wxFrame,
                                                      const std::vector<FileDialogFilter>& filters,
                                                      const std::string& folder) override;
   void ShowModifyDialog(bool allItems) override;
+  void ShowOptionDialog(OptionForm& form) override;
+  void ShowVersionDialog() override;
+  void ShowFolderList() override;
   void SetAlwaysOnTop(bool front) override;
   void SetAnswering(bool answering) override;
   void Quit() override;
@@ -110,6 +115,7 @@ class frmMain final : public wxFrame,
   // Owned by the window, like every wx child:
   frmMainControls controls_;
   frmFolderRef* frmFolderRef_ = nullptr;
+  wxWeakRef<frmDirShow> frmDirShow_;  // until the user closes it
   std::unique_ptr<RenameBox> renameBox_;
   std::unique_ptr<InformationBoxes> information_;
   std::unique_ptr<FraMusicPlayer> playerPanel_;

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/CommandLine.h"
+#include "app/HelpFile.h"
 #include "app/frmMain.h"
 #include "app/settings/Settings.h"
 #include "app/settings/SettingsFile.h"
@@ -22,7 +23,7 @@ namespace {
 Application::Paths ProgramPaths() {
   const std::string folder = ProgramFolder();
   const std::string name = ProgramBaseName();
-  return {SettingsFilePath(folder, name), folder + name + ".chm"};
+  return {SettingsFilePath(folder, name), HelpFilePath(folder, name)};
 }
 
 Result<OptionValues, SettingsError> ReadSettings(const std::string& path) {

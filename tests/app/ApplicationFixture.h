@@ -35,6 +35,12 @@ class MainWindowRecorder final : public MainWindow {
     log_.Add(allItems ? "main modify dialog for all rows" : "main modify dialog for checked rows");
     if (modifyDialog) modifyDialog(allItems);
   }
+  void ShowOptionDialog(OptionForm& form) override {
+    log_.Add("main option dialog");
+    if (optionDialog) optionDialog(form);
+  }
+  void ShowVersionDialog() override { log_.Add("main version dialog"); }
+  void ShowFolderList() override { log_.Add("main folder list"); }
   void SetAlwaysOnTop(bool front) override { log_.Add(front ? "main on top" : "main not on top"); }
   void SetAnswering(bool answering) override { log_.Add(answering ? "main answers" : "main does not answer"); }
   void Quit() override { log_.Add("main quits"); }
@@ -43,6 +49,7 @@ class MainWindowRecorder final : public MainWindow {
   std::vector<std::string> chosenFiles;
   std::vector<FileDialogFilter> shownFilters;
   std::function<void(bool allItems)> modifyDialog;
+  std::function<void(OptionForm& form)> optionDialog;
 
  private:
   EventLog& log_;

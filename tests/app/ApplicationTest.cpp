@@ -60,7 +60,7 @@ TEST(Application, OnlyTheStoredValueOneIsTheAutoMode) {
 TEST(Application, RefusesACommandThatIsNotEnabled) {
   ApplicationFixture f;
   for (const Command command : {mnuReload, mnuAllClear, mnuUpdate, mnuAllUpdate, mnuRename, mnuAllModify, mnuMove,
-                                mnuThisDel, mnuThisEditRenameName, mnuOption, mnuPlay, mnuVarInfo, kSeparator}) {
+                                mnuThisDel, mnuThisEditRenameName, mnuPlay, kSeparator}) {
     EXPECT_FALSE(f.app.IsEnabled(command));
     f.app.Execute(command);
   }
@@ -295,6 +295,57 @@ TEST(ModePanel, ACancelledReloadChangesNoMode) {
   f.app.Execute(mnuReload);
   EXPECT_FALSE(f.app.Mode().automatic);
   EXPECT_EQ(f.Log().StartingWith("panel"), Texts());
+}
+
+// The options dialog.
+
+TEST(OptionDialog, ShowsTheModeInForceOnThePanelWhenItHasClosed) {
+  for (const bool ok : {true, false}) {
+    ApplicationFixture f;
+    f.main.optionDialog = [&](OptionForm& form) {
+      form.Click("chkAutoUpdate", true, [] {});
+      EXPECT_EQ(f.LastPanel("mode"), "") << "not before";
+      ok ? form.cmdOK() : form.cmdCancel();
+    };
+    f.app.Execute(mnuOption);
+    EXPECT_EQ(f.LastPanel("mode"), ok ? "自動適応モード" : "手動適応モード");
+    EXPECT_EQ(f.app.Mode().automatic, ok);
+    EXPECT_EQ(f.Boxes(), Texts({kAutoIsOn}));
+    EXPECT_EQ(f.home.Read("Quillon.ini"), ok ? "[Update]\r\nAutoUpdate=1\r\n" : "[Update]\r\nAutoUpdate=0\r\n");
+  }
+}
+
+TEST(OptionDialog, OverALoadedListTheAutoModeWaits) {
+  ApplicationFixture f;
+  f.Load({"a.txt"});
+  f.main.optionDialog = [&](OptionForm& form) {
+    form.Click("chkAutoUpdate", true, [] {});
+    form.cmdOK();
+  };
+  f.app.Execute(mnuOption);
+  EXPECT_EQ(f.LastPanel("mode"), "手動適応モード");
+  EXPECT_EQ(f.Boxes(), Texts({kAutoComes}));
+  f.ports.boxes.Answer(true);
+  f.app.Execute(mnuReload);
+  EXPECT_EQ(f.LastPanel("mode"), "自動適応モード");
+}
+
+TEST(OptionDialog, ChangedSettingsHoldForTheNextCommandThatReadsThem) {
+  ApplicationFixture f;
+  f.folder.Write("a.txt", "a");
+  f.folder.Write("b.mid", "b");
+  f.main.optionDialog = [&](OptionForm& form) {
+    form.Click("chkExtensionFilter", true, [] {});
+    form.cmdOK();
+  };
+  f.app.LoadPaths({f.folder.Path()});
+  EXPECT_EQ(f.app.List().Count(), 2);
+  f.app.Execute(mnuOption);
+  EXPECT_EQ(f.app.List().Count(), 2) << "the list is not read anew";
+  f.ports.boxes.Answer(true);
+  f.app.Execute(mnuAllClear);
+  f.app.LoadPaths({f.folder.Path()});
+  EXPECT_EQ(f.app.List().Count(), 1);
 }
 
 // Commands of the window itself.

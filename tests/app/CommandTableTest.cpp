@@ -81,7 +81,10 @@ const std::vector<EnablingRow>& EnablingTable() {
       {mnuExit, "1111 1111"},
       {mnuFront, "1111 1111"},
       {mnuApplyMode, "1111 1111"},
+      {mnuDirShow, "1111 1111"},
+      {mnuOption, "1111 1111"},
       {mnuShowHelp, "1111 1111"},
+      {mnuVarInfo, "1111 1111"},
       // for all rows
       {mnuReload, "0111 0111"},
       {mnuAllClear, "0111 0111"},
@@ -140,16 +143,10 @@ TEST(CommandTable, ASeparatorIsNeverEnabled) {
   EXPECT_EQ(EnabledIn(kSeparator), "0000 0000");
 }
 
-TEST(CommandTable, EveryCommandThatIsBuiltHasItsEnablingRow) {
+TEST(CommandTable, EveryCommandHasItsEnablingRow) {
   std::set<Command> tested;
   for (const EnablingRow& row : EnablingTable()) EXPECT_TRUE(tested.insert(row.command).second);
-  for (const Command command : AllCommands()) {
-    const bool built = EntryOf(command).needs != Needs::kNotBuilt;
-    EXPECT_EQ(tested.contains(command), built) << CaptionOf(command);
-    if (!built) {
-      EXPECT_EQ(EnabledIn(command), "0000 0000") << CaptionOf(command);
-    }
-  }
+  for (const Command command : AllCommands()) EXPECT_TRUE(tested.contains(command)) << CaptionOf(command);
 }
 
 TEST(CommandTable, TheStateIsReadFromListAndMode) {

@@ -5,6 +5,8 @@
 
 namespace quillon {
 
+/// The caption of boxes about the mode.
+inline constexpr const char* kModeCaption = "設定";
 inline constexpr const char* kAutoApplyText = "自動適応モード";
 inline constexpr const char* kManualApplyText = "手動適応モード";
 

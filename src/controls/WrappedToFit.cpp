@@ -1,0 +1,58 @@
+#include "controls/WrappedToFit.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "base/Text.h"
+#include "controls/WxText.h"
+
+namespace quillon {
+namespace {
+
+constexpr wchar_t kNotAtStart[] = L"、。，．・：；？！）」』】ー…､｡｣ゃゅょっャュョッ,.:;?!)]}%";
+constexpr wchar_t kNotAtEnd[] = L"（「『【｢([{";
+
+bool IsAscii(wxUniChar character) {
+  return character < 0x80;
+}
+
+/// Whether a line may end before the character at `at`.
+bool MayBreak(const wxString& line, std::size_t at) {
+  const wxUniChar before = line[at - 1];
+  const wxUniChar after = line[at];
+  if (wxString(kNotAtStart).find(after) != wxString::npos) return false;
+  if (wxString(kNotAtEnd).find(before) != wxString::npos) return false;
+  return before == ' ' || !IsAscii(before) || !IsAscii(after);  // words stay whole
+}
+
+wxString Wrap(const wxWindow& control, const wxString& line, int width) {
+  wxArrayInt ends;  // of the text up to each character
+  wxClientDC dc(const_cast<wxWindow*>(&control));
+  dc.SetFont(control.GetFont());
+  if (!dc.GetPartialTextExtents(line, ends)) return line;
+  wxString wrapped;
+  std::size_t start = 0;
+  std::size_t breakAt = 0;
+  int startWidth = 0;
+  for (std::size_t i = 1; i < line.length(); ++i) {
+    if (MayBreak(line, i)) breakAt = i;
+    if (ends[i] - startWidth <= width || breakAt <= start) continue;
+    wrapped += line.Mid(start, breakAt - start) + '\n';
+    start = breakAt;
+    startWidth = ends[start - 1];
+  }
+  return wrapped + line.Mid(start);
+}
+
+}  // namespace
+
+wxString WrappedToFit(const wxWindow& control, std::string_view text, int width) {
+  wxString wrapped;
+  for (const std::string_view line : Split(text, '\n')) {
+    if (!wrapped.empty()) wrapped += '\n';
+    wrapped += Wrap(control, ToWx(line), width);
+  }
+  return wrapped;
+}
+
+}  // namespace quillon

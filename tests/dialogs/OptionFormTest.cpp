@@ -1,0 +1,358 @@
+#include <gtest/gtest.h>
+
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "dialogs/OptionForm.h"
+#include "support/Recorders.h"
+#include "support/TempFolder.h"
+
+namespace quillon {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+const char* const kAutoIsOff = "box [設定] 自動適応モードが無効になりました (information, ok)";
+const char* const kAutoIsOn = "box [設定] 自動適応モードが有効になりました (information, ok)";
+const char* const kAutoComes =
+    "box [設定] この設定は 次回起動時 または 「再読み込み」「リストクリア」 実行後に有効となります (information, ok)";
+
+const char* const kManualBoxes[] = {"chkNoTitleSkip", "chkErrSkip", "chkUpdateRemoveChk", "chkRenameErrCheck",
+                                    "chkRenameInjusticeCheck"};
+
+/// The form over settings of a test's own; the settings file is "Quillon.ini" in `folder`.
+struct Fixture {
+  test::TempFolder folder;
+  OptionValues options;
+  ApplyMode mode;
+  bool rows = false;
+  test::EventLog log;
+  test::BoxRecorder boxes{log};
+  ApplyModeSwitch modeSwitch{folder.At("Quillon.ini"), options, mode, boxes, [this] { return rows; }};
+
+  OptionForm Form() { return OptionForm(options, modeSwitch); }
+
+  /// A click; what is shown before a box is in the log.
+  void Click(OptionForm& form, const char* name, bool checked) {
+    form.Click(name, checked, [&] { log.Add(form.Enabled("chkErrSkip") ? "shows manual" : "shows automatic"); });
+  }
+
+  /// The stored setting, as the file has it.
+  [[nodiscard]] std::string Stored() const { return folder.Read("Quillon.ini"); }
+};
+
+const char* const kStoredOn = "[Update]\r\nAutoUpdate=1\r\n";
+const char* const kStoredOff = "[Update]\r\nAutoUpdate=0\r\n";
+
+struct FlagRow {
+  const char* name;
+  std::int16_t& (*setting)(OptionValues&);
+};
+
+const FlagRow kFlags[] = {
+    {"chkMsgBox", [](OptionValues& o) -> std::int16_t& { return o.system.msgbox; }},
+    {"chkSysMCITime", [](OptionValues& o) -> std::int16_t& { return o.system.loadTime; }},
+    {"chkRenameModify", [](OptionValues& o) -> std::int16_t& { return o.rename.renameModify; }},
+    {"chkRenameInjusticeCheck", [](OptionValues& o) -> std::int16_t& { return o.rename.injusticeChk; }},
+    {"chkRenameErrCheck", [](OptionValues& o) -> std::int16_t& { return o.rename.renameErrChk; }},
+    {"chkNoTitleSkip", [](OptionValues& o) -> std::int16_t& { return o.rename.noTitleSkip; }},
+    {"chkUpdateRemoveChk", [](OptionValues& o) -> std::int16_t& { return o.update.updateRemChk; }},
+    {"chkUpdateErrChk", [](OptionValues& o) -> std::int16_t& { return o.update.updateErrChk; }},
+    {"chkErrSkip", [](OptionValues& o) -> std::int16_t& { return o.update.errSkip; }},
+    {"chkExtensionFilter", [](OptionValues& o) -> std::int16_t& { return o.find.filterChk; }},
+    {"chkExtensionMusic", [](OptionValues& o) -> std::int16_t& { return o.find.extMusic; }},
+    {"chkExtensionText", [](OptionValues& o) -> std::int16_t& { return o.find.extText; }},
+    {"chkExtensionHTML", [](OptionValues& o) -> std::int16_t& { return o.find.extHtml; }},
+    {"chkExtensionEtc", [](OptionValues& o) -> std::int16_t& { return o.find.extEtc; }},
+    {"chkSubFolder", [](OptionValues& o) -> std::int16_t& { return o.list.subFolder; }},
+    {"chkPlayerAllPlay", [](OptionValues& o) -> std::int16_t& { return o.player.allPlay; }},
+    {"chkMoveRemainList", [](OptionValues& o) -> std::int16_t& { return o.move.remainList; }},
+    {"chkLoadRemove", [](OptionValues& o) -> std::int16_t& { return o.list.loadRemove; }},
+    {"chkLoadChk", [](OptionValues& o) -> std::int16_t& { return o.list.loadChk; }},
+    {"chkDel", [](OptionValues& o) -> std::int16_t& { return o.list.delCompMsg; }},
+};
+
+struct TextRow {
+  const char* name;
+  std::string& (*setting)(OptionValues&);
+};
+
+const TextRow kTexts[] = {
+    {"txtExtensionMusic", [](OptionValues& o) -> std::string& { return o.find.extMusicText; }},
+    {"txtExtensionText", [](OptionValues& o) -> std::string& { return o.find.extTextText; }},
+    {"txtExtensionHTML", [](OptionValues& o) -> std::string& { return o.find.extHtmlText; }},
+    {"txtExtensionEtc", [](OptionValues& o) -> std::string& { return o.find.extEtcText; }},
+};
+
+/// The names of the checked flags of kFlags.
+std::set<std::string> Set(OptionValues& options) {
+  std::set<std::string> names;
+  for (const FlagRow& row : kFlags) {
+    if (row.setting(options) == 1) names.insert(row.name);
+  }
+  return names;
+}
+
+TEST(OptionForm, ShowsEachSettingInItsOwnBox) {
+  for (const FlagRow& row : kFlags) {
+    for (const int value : {0, 1, -1}) {
+      Fixture f;
+      f.options.find.filterChk = f.options.find.extMusic = f.options.list.loadChk = 0;
+      row.setting(f.options) = static_cast<std::int16_t>(value);
+      EXPECT_EQ(f.Form().Checked(row.name), value != 0) << row.name;
+    }
+  }
+  for (const TextRow& row : kTexts) {
+    Fixture f;
+    row.setting(f.options) = "abc 拡張";
+    EXPECT_EQ(f.Form().Text(row.name), "abc 拡張");
+  }
+}
+
+TEST(OptionForm, OkStoresEachBoxInItsOwnSetting) {
+  for (const FlagRow& row : kFlags) {
+    Fixture f;
+    OptionForm form = f.Form();
+    std::set<std::string> expected = Set(f.options);
+    const bool checked = !form.Checked(row.name);
+    checked ? (void)expected.insert(row.name) : (void)expected.erase(row.name);
+    f.Click(form, row.name, checked);
+    EXPECT_NE(Set(f.options), expected) << "not before OK";
+    form.cmdOK();
+    EXPECT_EQ(Set(f.options), expected) << row.name;
+    EXPECT_EQ(row.setting(f.options), checked ? 1 : 0);
+  }
+}
+
+TEST(OptionForm, OkStoresTheExtensionsAsTyped) {
+  for (const TextRow& row : kTexts) {
+    for (const char* text : {"", "  ogg  .flac ", "*?<>"}) {
+      Fixture f;
+      OptionForm form = f.Form();
+      form.Type(row.name, text);
+      form.cmdOK();
+      EXPECT_EQ(row.setting(f.options), text);
+    }
+  }
+}
+
+TEST(OptionForm, TheDeleteButtonsAreOneSetting) {
+  Fixture f;
+  OptionForm form = f.Form();
+  EXPECT_FALSE(form.Checked("optDel0"));
+  EXPECT_TRUE(form.Checked("optDel1")) << "the recycle bin";
+  f.Click(form, "optDel0", true);
+  EXPECT_TRUE(form.Checked("optDel0"));
+  EXPECT_FALSE(form.Checked("optDel1"));
+  form.cmdOK();
+  EXPECT_FALSE(f.options.list.delToTrashBox);
+  OptionForm again = f.Form();
+  EXPECT_TRUE(again.Checked("optDel0"));
+  f.Click(again, "optDel1", true);
+  EXPECT_FALSE(again.Checked("optDel0"));
+  again.cmdOK();
+  EXPECT_TRUE(f.options.list.delToTrashBox);
+}
+
+TEST(OptionForm, OkLeavesEveryOtherSettingAlone) {
+  Fixture f;
+  f.options.system.dirPath = "C:\\a\\";
+  f.options.window.top = 5;
+  f.options.modify.reviceText = "_";
+  f.options.player.repeat = 1;
+  f.options.system.front = true;
+  OptionForm form = f.Form();
+  form.cmdOK();
+  EXPECT_EQ(f.options.system.dirPath, "C:\\a\\");
+  EXPECT_EQ(f.options.window.top, 5);
+  EXPECT_EQ(f.options.modify.reviceText, "_");
+  EXPECT_EQ(f.options.player.repeat, 1);
+  EXPECT_TRUE(f.options.system.front);
+  EXPECT_FALSE(f.folder.Exists("Quillon.ini")) << "the file is written when the program ends";
+}
+
+TEST(OptionForm, AnUnknownNameIsAnError) {
+  Fixture f;
+  const OptionForm form = f.Form();
+  EXPECT_THROW((void)form.Enabled("chkNothing"), std::out_of_range);
+}
+
+// The extension filter.
+
+const char* const kTypeBoxes[] = {"chkExtensionMusic", "chkExtensionText", "chkExtensionHTML", "chkExtensionEtc"};
+
+TEST(OptionFormFilter, OffItDisablesBoxesAndTextsButKeepsTheirValues) {
+  Fixture f;
+  f.options.find.extHtml = 1;
+  OptionForm form = f.Form();
+  f.Click(form, "chkExtensionFilter", false);
+  for (const char* name : kTypeBoxes) EXPECT_FALSE(form.Enabled(name)) << name;
+  for (const TextRow& row : kTexts) EXPECT_FALSE(form.Enabled(row.name)) << row.name;
+  EXPECT_TRUE(form.Enabled("chkSubFolder"));
+  form.cmdOK();
+  EXPECT_EQ(f.options.find.filterChk, 0);
+  EXPECT_EQ(f.options.find.extMusic, 1);
+  EXPECT_EQ(f.options.find.extHtml, 1);
+  EXPECT_EQ(f.options.find.extMusicText, "mid midi wav mp3 mpg mpeg avi");
+}
+
+TEST(OptionFormFilter, OnItEnablesTheBoxesAndTheTextsOfThoseThatAreChecked) {
+  Fixture f;
+  f.options.find.filterChk = 0;
+  f.options.find.extText = 1;
+  OptionForm form = f.Form();
+  f.Click(form, "chkExtensionFilter", true);
+  for (const char* name : kTypeBoxes) EXPECT_TRUE(form.Enabled(name)) << name;
+  EXPECT_TRUE(form.Enabled("txtExtensionMusic"));
+  EXPECT_TRUE(form.Enabled("txtExtensionText"));
+  EXPECT_FALSE(form.Enabled("txtExtensionHTML"));
+  EXPECT_FALSE(form.Enabled("txtExtensionEtc"));
+}
+
+TEST(OptionFormFilter, ATypesBoxEnablesItsOwnText) {
+  const std::string starts[] = {"Music", "Text", "HTML", "Etc"};
+  for (const std::string& type : starts) {
+    Fixture f;
+    OptionForm form = f.Form();
+    for (const bool checked : {true, false, true}) {
+      f.Click(form, ("chkExtension" + type).c_str(), checked);
+      EXPECT_EQ(form.Enabled("txtExtension" + type), checked) << type;
+    }
+  }
+}
+
+TEST(OptionFormFilter, IsShownAsStored) {
+  Fixture f;
+  f.options.find.filterChk = 0;
+  EXPECT_FALSE(f.Form().Enabled("chkExtensionMusic"));
+  f.options.find.filterChk = 1;
+  EXPECT_TRUE(f.Form().Enabled("txtExtensionMusic"));
+  EXPECT_FALSE(f.Form().Enabled("txtExtensionEtc"));
+}
+
+// The apply mode.
+
+void ExpectManualBoxes(const OptionForm& form, bool enabled) {
+  for (const char* name : kManualBoxes) EXPECT_EQ(form.Enabled(name), enabled) << name;
+  EXPECT_TRUE(form.Enabled("chkUpdateErrChk"));
+  EXPECT_TRUE(form.Enabled("chkAutoUpdate"));
+}
+
+TEST(OptionFormMode, InAutoModeTheFiveBoxesOfManualApplyingAreGreyed) {
+  Fixture f;
+  ExpectManualBoxes(f.Form(), true);
+  f.options.update.autoUpdate = 1;
+  f.mode.automatic = true;
+  const OptionForm form = f.Form();
+  EXPECT_TRUE(form.Checked("chkAutoUpdate"));
+  ExpectManualBoxes(form, false);
+  EXPECT_EQ(f.log.Events(), Texts()) << "showing it is no click";
+}
+
+TEST(OptionFormMode, OverAnEmptyListItStartsAtOnce) {
+  Fixture f;
+  OptionForm form = f.Form();
+  f.Click(form, "chkAutoUpdate", true);
+  EXPECT_EQ(f.log.Events(), Texts({"shows automatic", kAutoIsOn}));
+  ExpectManualBoxes(form, false);
+  EXPECT_TRUE(f.mode.automatic);
+  EXPECT_EQ(f.options.update.autoUpdate, 1);
+  EXPECT_EQ(f.Stored(), kStoredOn);
+}
+
+TEST(OptionFormMode, OverALoadedListItWaits) {
+  Fixture f;
+  f.rows = true;
+  OptionForm form = f.Form();
+  f.Click(form, "chkAutoUpdate", true);
+  EXPECT_EQ(f.log.Events(), Texts({kAutoComes}));
+  ExpectManualBoxes(form, true);
+  EXPECT_FALSE(f.mode.automatic);
+  EXPECT_EQ(f.Stored(), kStoredOn);
+  form.cmdOK();
+  EXPECT_FALSE(f.mode.automatic) << "OK does not start it, either";
+  EXPECT_EQ(f.options.update.autoUpdate, 1);
+}
+
+TEST(OptionFormMode, ItEndsAtOnceWhateverIsListed) {
+  for (const bool rows : {false, true}) {
+    Fixture f;
+    f.rows = rows;
+    f.options.update.autoUpdate = 1;
+    f.mode.automatic = true;
+    OptionForm form = f.Form();
+    f.Click(form, "chkAutoUpdate", false);
+    EXPECT_EQ(f.log.Events(), Texts({"shows manual", kAutoIsOff}));
+    ExpectManualBoxes(form, true);
+    EXPECT_FALSE(f.mode.automatic);
+    EXPECT_EQ(f.Stored(), kStoredOff);
+  }
+}
+
+TEST(OptionFormMode, CancelBringsModeAndSettingBack) {
+  for (const bool before : {false, true}) {
+    for (const bool rows : {false, true}) {
+      Fixture f;
+      f.rows = rows;
+      f.options.update.autoUpdate = before ? 1 : 0;
+      f.mode.automatic = before;
+      OptionForm form = f.Form();
+      f.Click(form, "chkAutoUpdate", !before);
+      form.cmdCancel();
+      EXPECT_EQ(f.mode.automatic, before);
+      EXPECT_EQ(f.options.update.autoUpdate, before ? 1 : 0);
+      EXPECT_EQ(f.Stored(), before ? kStoredOn : kStoredOff);
+    }
+  }
+}
+
+TEST(OptionFormMode, CancelChangesNothingElse) {
+  Fixture f;
+  const std::set<std::string> before = Set(f.options);
+  OptionForm form = f.Form();
+  for (const FlagRow& row : kFlags) f.Click(form, row.name, !form.Checked(row.name));
+  f.Click(form, "optDel0", true);
+  form.Type("txtExtensionEtc", "ogg");
+  form.cmdCancel();
+  EXPECT_EQ(Set(f.options), before);
+  EXPECT_TRUE(f.options.list.delToTrashBox);
+  EXPECT_EQ(f.options.find.extEtcText, "");
+  EXPECT_FALSE(f.folder.Exists("Quillon.ini"));
+}
+
+TEST(OptionFormMode, AWaitingModeIsShownAndCanBeTakenBack) {
+  Fixture f;
+  f.rows = true;
+  f.options.update.autoUpdate = 1;
+  OptionForm form = f.Form();
+  EXPECT_TRUE(form.Checked("chkAutoUpdate"));
+  ExpectManualBoxes(form, true);
+  f.Click(form, "chkAutoUpdate", false);
+  EXPECT_EQ(f.log.Events(), Texts({"shows manual", kAutoIsOff}));
+  EXPECT_EQ(f.Stored(), kStoredOff);
+}
+
+TEST(OptionFormMode, CancelWritesTheModeInForceOverAWaitingOne) {
+  Fixture f;
+  f.rows = true;
+  f.options.update.autoUpdate = 1;
+  OptionForm form = f.Form();
+  form.cmdCancel();
+  EXPECT_EQ(f.Stored(), kStoredOff);
+  EXPECT_FALSE(f.mode.automatic);
+}
+
+TEST(OptionFormMode, ASettingThatCannotBeStoredIsTold) {
+  Fixture f;
+  f.folder.MakeFolder("Quillon.ini");
+  OptionForm form = f.Form();
+  f.Click(form, "chkAutoUpdate", true);
+  EXPECT_EQ(f.log.StartingWith("box").back(),
+            "box [設定] 設定ファイルに書き込めないため、この設定は保存されません (exclamation, ok)");
+  EXPECT_TRUE(f.mode.automatic) << "it holds for this run";
+}
+
+}  // namespace
+}  // namespace quillon
