@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# Makes the pictures in resources/screenshots anew: the window on Linux, in light and dark, with a film that plays, and on
-# Windows (under Wine).
-# `screenshots.sh linux` or `screenshots.sh windows` makes only these.
+# Makes the pictures in resources/screenshots anew, one of every window in every look:
+#   linux         GTK's own theme            linux-large   the same with text half as large again
+#   linux-dark    its dark face              windows       the Windows program under Wine
+#   linux-2x      the same at twice the scale
+# `screenshots.sh LOOK...` makes these looks only, `screenshots.sh LOOK/WINDOW...` these pictures (linux/main).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
 
 pictures=resources/screenshots
+looks=(linux linux-dark linux-2x linux-large windows)
 work=$(mktemp -d)
 # The samples' place is to be seen in the list: it has a name that fits, on both systems.
 music=/tmp/音楽
@@ -33,6 +36,23 @@ SubFolder=1
 [Find]
 FilterChk=0
 END
+{ cat "$work/settings.ini" && echo FilterChk=1; } | sed '0,/FilterChk=0/{/FilterChk=0/d}' >"$work/filter.ini"
+
+# Each window: its name and the keys that open it from the main window, which has its third row selected.
+windows=(main playing modify message option-1 option-2 option-3 option-4 option-5 option-6 option-7 version folders
+  wait search)
+keys_of() {
+  local first="Home Down Down"
+  case $1 in
+    main) echo "$first" ;;
+    playing) echo "Home Down Down Down Down Down Down Return" ;;
+    modify) echo "$first ctrl+shift+e" ;;
+    message) echo "$first F5" ;;
+    option-*) echo "$first alt+f p$(for ((i = 1; i < ${1#option-}; ++i)); do printf ' ctrl+Next'; done)" ;;
+    version) echo "$first alt+h a" ;;
+    folders) echo "$first ctrl+d" ;;
+  esac
+}
 
 build_programs() {
   local preset=$1
@@ -45,32 +65,78 @@ build_programs() {
   }
 }
 
-# picture NAME PROGRAM FOLDER: with the third row selected (or after KEYS), in at most 256 colours.
+# picture LOOK WINDOW BIN EXTENSION FOLDER: in at most 256 colours.
 picture() {
-  KEYS=${KEYS:-Home Down Down} scripts/window-picture.sh "$work/$1.png" "$2" "$work/settings.ini" "$3"
-  convert "$work/$1.png" -dither None -colors 256 -strip -define png:compression-level=9 "PNG8:$pictures/$1.png" ||
-    fail "'$pictures/$1.png' cannot be written"
-  printf '%-12s %s bytes\n' "$1.png" "$(stat -c %s "$pictures/$1.png")"
+  local look=$1 window=$2 program=$3/quillon$4 settings=$work/settings.ini
+  local pictured=active playing= arguments=("$5")
+  [ "$4" = .exe ] && program=$3/Quillon.exe
+  case $window in
+    main) pictured= ;;
+    playing)
+      pictured=
+      playing=1.5
+      ;;
+    option-*) settings=$work/filter.ini ;;
+    wait | search)
+      program=$3/quillon-gallery$4
+      pictured=
+      arguments=("$window")
+      ;;
+  esac
+  mkdir -p "$pictures/$look"
+  KEYS=$(keys_of "$window") PICTURED=$pictured PLAYING=$playing \
+    scripts/window-picture.sh "$work/picture.png" "$program" "$settings" "${arguments[@]}"
+  convert "$work/picture.png" -dither None -colors 256 -strip -define png:compression-level=9 \
+    "PNG8:$pictures/$look/$window.png" || fail "'$pictures/$look/$window.png' cannot be written"
+  printf '%-24s %s bytes\n' "$look/$window.png" "$(stat -c %s "$pictures/$look/$window.png")"
+}
+
+# pictures_of LOOK BIN EXTENSION FOLDER: those that are wanted.
+pictures_of() {
+  local window
+  say "Pictures: $1"
+  for window in "${windows[@]}"; do
+    if wanted "$1/$window"; then picture "$1" "$window" "$2" "$3" "$4"; fi
+  done
+}
+
+wanted() {
+  local one
+  [ ${#wishes[@]} -eq 0 ] && return 0
+  for one in "${wishes[@]}"; do
+    [ "$one" = "$1" ] || [ "$one" = "${1%/*}" ] && return 0
+  done
+  return 1
+}
+
+look_wanted() {
+  local window
+  for window in "${windows[@]}"; do
+    if wanted "$1/$window"; then return 0; fi
+  done
+  return 1
 }
 
 make_samples() {
-  build_programs linux quillon-samples quillon bregexp
   build/linux/bin/quillon-samples "$1"
+  gst-launch-1.0 -q videotestsrc num-buffers=250 ! video/x-raw,width=320,height=240,framerate=25/1 ! jpegenc ! avimux ! \
+    filesink location="$1/clip.avi"
 }
 
-linux_pictures() {
-  mkdir "$music" 2>/dev/null || fail "'$music' is there already: the samples need that name"
-  made_music=true
-  make_samples "$music"
+linux_look() {
+  look_wanted "$1" || return 0
+  local theme=Adwaita scale=1 text=1 screen=1280x1024
+  case $1 in
+    linux-dark) theme=Adwaita:dark ;;
+    linux-2x)
+      scale=2
+      screen=2560x2048
+      ;;
+    linux-large) text=1.5 ;;
+  esac
   # The user's own theme and fonts stay out of it.
-  mkdir -p "$work/config"
-  say "Pictures of the window on Linux"
-  XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita picture linux build/linux/bin/quillon "$music"
-  XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita:dark picture linux-dark build/linux/bin/quillon "$music"
-  gst-launch-1.0 -q videotestsrc num-buffers=250 ! video/x-raw,width=320,height=240,framerate=25/1 ! jpegenc ! avimux ! \
-    filesink location="$music/clip.avi"
-  KEYS="Home Down Down Down Down Down Down Return" PLAYING=1.5 XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita \
-    picture playing build/linux/bin/quillon "$music"
+  XDG_CONFIG_HOME=$work/config GTK_THEME=$theme GDK_SCALE=$scale GDK_DPI_SCALE=$text SCREEN=$screen \
+    pictures_of "$1" build/linux/bin "" "$music"
 }
 
 # A prefix of its own, with smooth text in a font much like Windows' own: only that prefix gets the font.
@@ -96,28 +162,30 @@ prepare_wine() {
   scripts/wine.sh --server -w
 }
 
-windows_picture() {
+windows_look() {
+  look_wanted windows || return 0
   need_packages "${windows_packages[@]}"
   scripts/japanese-locale.sh
   scripts/windows-libraries.sh
-  build_programs windows quillon bregexp
-  say "A picture of the window on Windows"
+  build_programs windows quillon bregexp quillon-gallery
   prepare_wine
   local samples=$QUILLON_WINEPREFIX/drive_c/音楽
   rm -rf "$samples"
   make_samples "$samples"
-  picture windows build/windows/bin/Quillon.exe 'C:\音楽'
+  pictures_of windows build/windows/bin .exe 'C:\音楽'
   scripts/wine.sh --server -k || true
 }
 
+wishes=("$@")
+for wish in "${wishes[@]}"; do
+  [[ " ${looks[*]} " = *" ${wish%%/*} "* ]] || fail "unknown look '$wish' (known: ${looks[*]})"
+done
 need_packages "${linux_packages[@]}" "${test_packages[@]}" "${window_packages[@]}"
-mkdir -p "$pictures"
-case "${1:-}" in
-  "")
-    linux_pictures
-    windows_picture
-    ;;
-  linux) linux_pictures ;;
-  windows) windows_picture ;;
-  *) fail "unknown argument '$1' (known: linux, windows)" ;;
-esac
+build_programs linux quillon-samples quillon bregexp quillon-gallery
+mkdir -p "$work/config"
+mkdir "$music" 2>/dev/null || fail "'$music' is there already: the samples need that name"
+made_music=true
+make_samples "$music"
+for look in "${looks[@]}"; do
+  if [ "$look" = windows ]; then windows_look; else linux_look "$look"; fi
+done

@@ -2,8 +2,9 @@
 # Saves a picture of the main window, with its frame: window-picture.sh FILE.png PROGRAM SETTINGS [PATH...]
 # The window opens on a display and a session bus of its own, from a copy of the program beside a copy of that settings
 # file: what stands beside the program has no influence and is not changed. KEYS ("Down Down") are pressed when
-# everything is loaded; with PLAYING=SECONDS the picture is taken so long after them, whatever moves then. A Windows
-# program runs under Wine.
+# everything is loaded; with PLAYING=SECONDS the picture is taken so long after them, whatever moves then. With
+# PICTURED=active it is a picture of the window that has the focus then, a dialog for instance. A Windows program runs
+# under Wine.
 set -euo pipefail
 scripts=$(cd "$(dirname "$0")" && pwd)
 . "$scripts/common.sh"
@@ -61,7 +62,7 @@ if [ "${1:-}" = --on-display ]; then
   shift
   file=$1
   shift
-  xdotool mousemove 1279 1023  # what the pointer is over would look different
+  xdotool mousemove 10000 10000  # what the pointer is over would look different
   "$@" >/dev/null 2>&1 7>&- &
   program=$!
   trap 'kill "$program" 2>/dev/null || true' EXIT
@@ -71,8 +72,10 @@ if [ "${1:-}" = --on-display ]; then
     xdotool windowfocus --sync "$window" key --delay 100 $KEYS
     if [ -n "${PLAYING:-}" ]; then sleep "$PLAYING"; else wait_until_settled; fi
   fi
+  if [ "${PICTURED:-}" = active ]; then window=$(xdotool getactivewindow); fi
   import -silent -window root -crop "$(outer_rectangle)" +repage -strip -depth 8 -define png:compression-level=9 \
     "png:$file" || fail "'$file' cannot be written"
+  [ "${PICTURED:-}" = active ] && exit 0  # whatever is open
   # The window is asked to close, so that it ends as always.
   xdotool windowfocus --sync "$window" key ctrl+q
   for ((i = 0; i < 50; ++i)); do

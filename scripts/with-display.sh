@@ -3,7 +3,7 @@
 # the server picks a number that is free.
 set -eu
 number=$(mktemp)
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" >/dev/null 2>&1 &
+Xvfb -displayfd 3 -screen 0 "${SCREEN:-1280x1024}x24" -nolisten tcp 3>"$number" >/dev/null 2>&1 &
 server=$!
 manager=
 trap 'kill $manager $server 2>/dev/null; rm -f "$number"' EXIT

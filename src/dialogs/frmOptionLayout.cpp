@@ -20,7 +20,7 @@ constexpr int kGap = 8;          // DIP
 constexpr int kSmallGap = 4;     // DIP
 constexpr int kIndent = 20;      // DIP
 constexpr int kTextWidth = 200;  // DIP, at least
-constexpr int kNoteWidth = 480;  // DIP, at most
+constexpr int kNoteLine = 40;    // characters, at most
 
 bool StandsBeside(const OptionControl& control) {
   return control.kind == OptionKind::kTextBox || control.kind == OptionKind::kButton;
@@ -128,7 +128,8 @@ wxWindow* frmOption::MakeTextBox(wxWindow* parent, const OptionControl& control)
 }
 
 wxWindow* frmOption::MakeNote(wxWindow* parent, const OptionControl& control) {
-  return new wxStaticText(parent, wxID_ANY, WrappedToFit(*parent, control.caption, FromDIP(kNoteWidth)));
+  return new wxStaticText(parent, wxID_ANY,
+                          WrappedToFit(*parent, control.caption, kNoteLine * parent->GetTextExtent(ToWx("あ")).x));
 }
 
 }  // namespace quillon

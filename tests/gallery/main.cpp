@@ -1,0 +1,62 @@
+// Shows one of the windows that a run opens only for as long as it lasts, so that a picture can be taken of it:
+// quillon-gallery wait|search
+
+#include <wx/app.h>
+#include <wx/frame.h>
+#include <wx/uilocale.h>
+
+#include <memory>
+#include <string>
+
+#include "controls/Pictures.h"
+#include "controls/WxText.h"
+#include "filelist/frmFolderRef.h"
+#include "platform/Program.h"
+#include "platform/desktop/DesktopStyle.h"
+#include "rename/frmWait.h"
+
+namespace quillon {
+
+class GalleryApp final : public wxApp {
+ public:
+  bool OnInit() override {
+    SetAppName("Quillon");
+    SetAppDisplayName("Quillon");
+    wxUILocale::UseDefault();
+    ApplyDesktopStyle();
+    auto* const frame = new wxFrame(nullptr, wxID_ANY, "Quillon");
+    frame->SetIcons(ProgramIcons());
+    frame->SetClientSize(frame->FromDIP(wxSize(600, 400)));
+    frame->CentreOnScreen();
+    frame->Show();
+    const std::vector<std::string> arguments = ProgramArguments(0, nullptr);
+    // Over a window that is there.
+    if (arguments == std::vector<std::string>{"wait"}) {
+      frame->CallAfter([this, frame] { ShowWait(*frame); });
+    } else if (arguments == std::vector<std::string>{"search"}) {
+      frame->CallAfter([frame] { ShowSearch(*frame); });
+    } else {
+      return false;
+    }
+    return true;
+  }
+
+ private:
+  void ShowWait(wxWindow& parent) {
+    wait_ = std::make_unique<frmWait>(&parent);
+    wait_->Begin("リネーム名を編集中です...\r\nしばらくお待ちください", "  ファイル名を編集中...");
+    wait_->Update("42%", "赤とんぼ");
+  }
+
+  static void ShowSearch(wxWindow& parent) {
+    auto* const search = new frmFolderRef(&parent, [] {});
+    search->Begin("フォルダ内を検索しています...", "検索対象 : D:\\音楽\\");
+    search->ShowFolder("D:\\音楽\\日本の歌\\");
+  }
+
+  std::unique_ptr<frmWait> wait_;
+};
+
+}  // namespace quillon
+
+wxIMPLEMENT_APP(quillon::GalleryApp);
