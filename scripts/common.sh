@@ -45,6 +45,8 @@ window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotoo
 # Sound that nobody hears, for tests in which its time must pass; films and songs to play in them.
 sound_packages=(pulseaudio pulseaudio-utils util-linux gstreamer1.0-tools)
 windows_packages=("${sound_packages[@]}" g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
+# What makes the packages (package.sh), and what checks them.
+package_packages=(file librsvg2-bin nsis fp-utils-3.2.2 lintian desktop-file-utils appstream debootstrap unzip)
 style_packages=(clang-format clang-tidy)
 
 quillon_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon

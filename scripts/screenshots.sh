@@ -134,6 +134,11 @@ linux_look() {
       ;;
     linux-large) text=1.5 ;;
   esac
+  if ! $made_music; then
+    mkdir "$music" 2>/dev/null || fail "'$music' is there already: the samples need that name"
+    made_music=true
+    make_samples "$music"
+  fi
   # The user's own theme and fonts stay out of it.
   XDG_CONFIG_HOME=$work/config GTK_THEME=$theme GDK_SCALE=$scale GDK_DPI_SCALE=$text SCREEN=$screen \
     pictures_of "$1" build/linux/bin "" "$music"
@@ -183,9 +188,6 @@ done
 need_packages "${linux_packages[@]}" "${test_packages[@]}" "${window_packages[@]}"
 build_programs linux quillon-samples quillon bregexp quillon-gallery
 mkdir -p "$work/config"
-mkdir "$music" 2>/dev/null || fail "'$music' is there already: the samples need that name"
-made_music=true
-make_samples "$music"
 for look in "${looks[@]}"; do
   if [ "$look" = windows ]; then windows_look; else linux_look "$look"; fi
 done

@@ -7,6 +7,7 @@
 
 #include <utility>
 
+#include "controls/Pictures.h"
 #include "controls/WxText.h"
 
 namespace quillon {
@@ -18,6 +19,7 @@ frmOption::frmOption(wxWindow* parent, OptionForm& form, std::function<void(wxWi
       modifyOption_(std::move(modifyOption)),
       showHelp_(std::move(showHelp)) {
   SetName("frmOption");
+  SetIcons(ProgramIcons());
   Build();
   ShowForm();
   BindEvents();

@@ -35,7 +35,9 @@ void frmOption::Build() {
   for (const OptionPage& page : OptionPages()) {
     tabStrip_->AddPage(MakePage(page, "fraTab" + std::to_string(number++)), ToWx(page.caption));
   }
-  tabStrip_->SetMinSize(wxSize(WidthOfAllTabs(tabStrip_->GetHandle()), -1));
+  wxSize size = tabStrip_->GetBestSize();  // of the pages
+  size.IncTo(wxSize(WidthOfAllTabs(tabStrip_->GetHandle()), 0));
+  tabStrip_->SetMinSize(size);
   auto* const ok = new wxButton(this, wxID_OK, "OK");
   ok->SetName("cmdOK");
   auto* const cancel = new wxButton(this, wxID_CANCEL, ToWx("キャンセル"));
@@ -49,7 +51,10 @@ void frmOption::Build() {
   ok->SetDefault();
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(tabStrip_, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kGap)));
-  column->Add(buttons, wxSizerFlags().Right().Border(wxBOTTOM, FromDIP(kGap)));
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  row->Add(buttons);
+  row->AddSpacer(FromDIP(kSmallGap));
+  column->Add(row, wxSizerFlags().Right().Border(wxBOTTOM, FromDIP(kGap)));
   SetSizerAndFit(column);
 }
 

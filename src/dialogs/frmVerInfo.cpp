@@ -27,6 +27,7 @@ constexpr int kGap = 12;             // DIP
 constexpr int kSmallGap = 4;         // DIP
 constexpr int kPadding = 8;          // DIP
 constexpr int kIcon = 48;            // DIP
+constexpr int kDescent = 4;          // DIP
 constexpr float kNameScale = 1.75F;  // of the usual font
 
 /// What Enter does while the control has the focus.
@@ -47,6 +48,7 @@ frmVerInfo::frmVerInfo(wxWindow* parent, bool regexAvailable, bool front, std::f
                wxDEFAULT_DIALOG_STYLE | (front ? wxSTAY_ON_TOP : 0)),
       open_(std::move(open)) {
   SetName("frmVerInfo");
+  SetIcons(ProgramIcons());
   Build(regexAvailable);
   CentreOnParent();
 }
@@ -90,6 +92,7 @@ void frmVerInfo::AddAddress(wxSizer& column) {
   auto* const link = new wxHyperlinkCtrl(this, wxID_ANY, address, address, wxDefaultPosition, wxDefaultSize,
                                          wxHL_ALIGN_CENTRE | wxBORDER_NONE);
   link->SetName("txtURL");
+  link->SetMinSize(link->GetBestSize() + wxSize(0, FromDIP(kDescent)));  // Windows cuts the feet of its letters
   // Handled here, wx does not start a browser of its own choice.
   link->Bind(wxEVT_HYPERLINK, [this](wxHyperlinkEvent& event) { open_(FromWx(event.GetURL())); });
   OnEnter(*link, [this] { open_(kProductUrl); });  // Windows would press the default button

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "controls/Pictures.h"
 #include "controls/WxText.h"
 #include "rename/frmModifyMenus.h"
 
@@ -36,6 +37,7 @@ frmModify::frmModify(wxWindow* parent, OptionValues::Modify& rules, OpenedFor pu
       boxes_(boxes),
       run_(std::move(run)) {
   SetName("frmModify");
+  SetIcons(ProgramIcons());
   Build();
   ShowForm(ShownForm(rules_, regexAvailable_));
   UpdateEnabling();

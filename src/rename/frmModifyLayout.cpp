@@ -157,6 +157,7 @@ wxSizer* frmModify::MakeButtonRow() {
   row->Add(chkNonUnload_, wxSizerFlags().CenterVertical());
   row->AddStretchSpacer();
   row->Add(buttons, wxSizerFlags().CenterVertical());
+  row->AddSpacer(FromDIP(kSmallGap));
   cmdOK_->SetDefault();
   return row;
 }

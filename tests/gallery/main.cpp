@@ -3,6 +3,7 @@
 
 #include <wx/app.h>
 #include <wx/frame.h>
+#include <wx/panel.h>
 #include <wx/uilocale.h>
 
 #include <memory>
@@ -25,6 +26,7 @@ class GalleryApp final : public wxApp {
     wxUILocale::UseDefault();
     ApplyDesktopStyle();
     auto* const frame = new wxFrame(nullptr, wxID_ANY, "Quillon");
+    new wxPanel(frame);
     frame->SetIcons(ProgramIcons());
     frame->SetClientSize(frame->FromDIP(wxSize(600, 400)));
     frame->CentreOnScreen();

@@ -1,0 +1,124 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <regex>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "help/ChmFile.h"
+#include "help/HelpFolder.h"
+#include "platform/Ansi.h"
+
+/// The file that Windows' viewer shows.
+namespace quillon::test {
+namespace {
+
+using testing::Contains;
+
+constexpr std::uint32_t kJapanese = 0x411;
+
+const ChmFile& Compiled() {
+  static const ChmFile file(CompiledHelp().string());
+  return file;
+}
+
+std::string Contained(const std::string& name) {
+  const std::optional<std::string> bytes = Compiled().Read(name);
+  EXPECT_TRUE(bytes) << name << " is not in the compiled help";
+  return bytes.value_or("");
+}
+
+/// An entry of the contents or the index; `page` is empty for a chapter.
+struct Entry {
+  std::string name;
+  std::string page;
+};
+
+std::vector<Entry> Entries(const std::string& file) {
+  static const std::regex kEntry(
+      "<param name=\"Name\" value=\"([^\"]*)\">\\s*(?:<param name=\"Local\" value=\"([^\"]*)\">)?");
+  const std::string text = AnsiToUtf8(Contained(file));
+  std::vector<Entry> entries;
+  for (auto found = std::sregex_iterator(text.begin(), text.end(), kEntry); found != std::sregex_iterator(); ++found) {
+    entries.push_back({(*found)[1], (*found)[2]});
+  }
+  return entries;
+}
+
+std::size_t Count(const std::string& text, std::string_view what) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++count;
+  return count;
+}
+
+TEST(CompiledHelp, OpensInJapanese) {
+  ASSERT_TRUE(Compiled().IsOpen());
+  const ChmSystem system = Compiled().System();
+  EXPECT_EQ(system.language, kJapanese);
+  EXPECT_EQ(AnsiToUtf8(system.title), PageOf("index.html").Texts("//h:h1").front());
+  EXPECT_EQ(system.defaultTopic, "index.html");
+  EXPECT_EQ(system.contents, "help.hhc");
+  EXPECT_EQ(system.index, "help.hhk");
+}
+
+TEST(CompiledHelp, HoldsThePagesOfTheFolderInWindowsCodePage) {
+  for (const auto& [name, page] : Pages()) {
+    const std::string bytes = Contained(name);
+    std::string expected = FileBytes(HelpFolder() / name);
+    expected.replace(expected.find("charset=UTF-8"), 13, "charset=Shift_JIS");
+    EXPECT_EQ(AnsiToUtf8(bytes), expected) << name;
+    const std::optional<Page> parsed = Page::Parse(bytes, "CP932");
+    ASSERT_TRUE(parsed) << name;
+    EXPECT_EQ(parsed->Text(), page.Text()) << name;
+  }
+}
+
+TEST(CompiledHelp, HoldsEverythingThatThePagesNeed) {
+  for (const std::string& name : FilesBelow(HelpFolder())) {
+    if (!name.ends_with(".html")) {
+      EXPECT_EQ(Contained(name), FileBytes(HelpFolder() / name)) << name;
+    }
+  }
+}
+
+TEST(CompiledHelp, HasATreeOfAllPages) {
+  std::set<std::string> reached;
+  std::size_t chapters = 0;
+  for (const Entry& entry : Entries("help.hhc")) {
+    if (entry.page.empty()) {
+      ++chapters;
+      continue;
+    }
+    ASSERT_TRUE(Pages().contains(entry.page)) << entry.page;
+    EXPECT_EQ(entry.name, PageOf(entry.page).Texts("//h:h1").front());
+    EXPECT_TRUE(reached.insert(entry.page).second) << entry.page << " stands there twice";
+  }
+  EXPECT_EQ(reached.size(), Pages().size());
+  EXPECT_EQ(chapters, PageOf("index.html").Find("//h:ul[@class='contents']/h:li").size());
+  const std::string tree = Contained("help.hhc");
+  EXPECT_EQ(Count(tree, "<UL>"), chapters + 1);
+  EXPECT_EQ(Count(tree, "<UL>"), Count(tree, "</UL>"));
+}
+
+TEST(CompiledHelp, HasAnIndexThatLeadsToItsPages) {
+  const std::vector<Entry> entries = Entries("help.hhk");
+  std::set<std::string> names;
+  for (const Entry& entry : entries) {
+    EXPECT_TRUE(names.insert(entry.name).second) << entry.name << " stands there twice";
+    const std::size_t mark = entry.page.find('#');
+    const std::string page = entry.page.substr(0, mark);
+    ASSERT_TRUE(Pages().contains(page)) << entry.name << ": " << entry.page;
+    if (mark == std::string::npos) continue;
+    EXPECT_THAT(PageOf(page).Texts("//@id"), Contains(entry.page.substr(mark + 1))) << entry.name;
+  }
+  EXPECT_EQ(entries.size(), PageOf("keywords.html").Find("//h:h2/following-sibling::h:ul/h:li").size());
+  EXPECT_GE(entries.size(), 100u);
+}
+
+}  // namespace
+}  // namespace quillon::test

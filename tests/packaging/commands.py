@@ -1,0 +1,25 @@
+"""Running programs: always with an end."""
+
+import subprocess
+
+
+def run(*command, seconds=60, **options):
+    """Runs a program to its end; its status and all that it wrote."""
+    done = subprocess.run(
+        [str(word) for word in command],
+        stdin=subprocess.DEVNULL,
+        stdout=subprocess.PIPE,
+        stderr=subprocess.STDOUT,
+        timeout=seconds,
+        check=False,
+        **options,
+    )
+    return done.returncode, done.stdout.decode("utf-8", "replace")
+
+
+def succeed(*command, seconds=60, **options):
+    """The same for one that has to succeed; what it wrote."""
+    status, output = run(*command, seconds=seconds, **options)
+    if status != 0:
+        raise AssertionError(f"{' '.join(map(str, command))}: status {status}\n{output[-4000:]}")
+    return output

@@ -1,0 +1,81 @@
+"""Checks the packages of package.sh: what is in them, and what they do on a system that has none of Quillon yet.
+
+usage: packaging.py linux|windows --packages FOLDER --results FILE [--wine SCRIPT] [--only TEXT]
+
+For Linux, run it as root: the clean system is a folder that a process has to make its root. Mounts and processes are in
+namespaces of their own, and end with it in any case.
+"""
+
+import argparse
+import os
+import pathlib
+import signal
+import sys
+
+sys.dont_write_bytecode = True
+_HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(1, str(_HERE.parent / "outside"))
+
+import clean_root  # noqa: E402
+import commands  # noqa: E402
+import display  # noqa: E402
+import results  # noqa: E402
+
+_MOST_SECONDS = 900  # with a first download of the clean system
+
+
+def _arguments():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("system", choices=["linux", "windows"])
+    parser.add_argument("--packages", required=True, help="the folder of the packages")
+    parser.add_argument("--results", required=True, help="the result file to write")
+    parser.add_argument("--wine", help="the script that runs a Windows program")
+    parser.add_argument("--only", help="only the tests with this in their names")
+    return parser.parse_args()
+
+
+def _enter_namespaces():
+    """Goes on as a process whose mounts and children nobody else has; as it is, where the system does not allow that."""
+    if os.environ.get(clean_root.NAMESPACES):
+        return
+    namespaces = ["unshare", "--mount", "--propagation=private", "--pid", "--fork", "--kill-child", "--mount-proc"]
+    if os.geteuid() != 0 or commands.run(*namespaces, "true")[0] != 0:
+        return
+    os.environ[clean_root.NAMESPACES] = "1"
+    os.execvp("unshare", [*namespaces, sys.executable, "-B", *sys.argv])
+
+
+def _case(arguments):
+    if arguments.system == "linux":
+        from test_debian import Debian as case
+    else:
+        from test_windows_packages import WindowsPackages as case
+
+        case.script = arguments.wine
+    case.packages = pathlib.Path(arguments.packages).resolve()
+    return case
+
+
+def _too_long(*_):
+    raise AssertionError(f"not done within {_MOST_SECONDS} s")
+
+
+def _main():
+    arguments = _arguments()
+    if arguments.system == "linux":
+        _enter_namespaces()
+    missing = display.missing()
+    if missing:
+        print("error: missing:", ", ".join(missing), file=sys.stderr)
+        return 1
+    signal.signal(signal.SIGALRM, _too_long)
+    signal.alarm(_MOST_SECONDS)
+    screen = display.Display()
+    try:
+        return 0 if results.run(_case(arguments), arguments.results, arguments.only) else 1
+    finally:
+        screen.close()
+
+
+if __name__ == "__main__":
+    sys.exit(_main())

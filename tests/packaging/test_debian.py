@@ -1,0 +1,202 @@
+"""The package for Debian and Ubuntu: what it says, what it holds, and its life on a clean system."""
+
+import gzip
+import os
+import pathlib
+import re
+import shutil
+import tempfile
+import unittest
+
+import clean_root
+import display
+import product
+import samples
+from commands import run, succeed
+from program import TITLE
+from sums import listed
+from wait import until
+
+_ICON_SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
+_SHARE = "usr/share"
+_PROGRAMS = ("usr/lib/quillon/quillon", "usr/lib/quillon/quillon-cli", "usr/lib/quillon/libbregexp.so")
+
+
+def expected_files(application):
+    """All that the package installs but the pages of the help."""
+    icons = [f"{_SHARE}/icons/hicolor/{size}x{size}/apps/quillon.png" for size in _ICON_SIZES]
+    manuals = [f"{_SHARE}/man/{page}.1.gz" for page in ("man1/quillon", "man1/quillon-cli")]
+    japanese = [name.replace("man/man1", "man/ja/man1") for name in manuals]
+    return {
+        *_PROGRAMS,
+        *icons,
+        *manuals,
+        *japanese,
+        "usr/bin/quillon",
+        "usr/bin/quillon-cli",
+        "usr/lib/quillon/help",
+        f"{_SHARE}/icons/hicolor/scalable/apps/quillon.svg",
+        f"{_SHARE}/applications/{application}.desktop",
+        f"{_SHARE}/metainfo/{application}.metainfo.xml",
+        f"{_SHARE}/doc/quillon/copyright",
+        f"{_SHARE}/doc/quillon/changelog.gz",
+    }
+
+
+class Debian(unittest.TestCase):
+    packages = None  # the folder of the packages
+
+    @classmethod
+    def setUpClass(cls):
+        cls.application = product.setting("QUILLON_APPLICATION_ID")
+        cls.architecture = succeed("dpkg", "--print-architecture").strip()
+        cls.package = cls.packages / f"quillon_{product.version()}_{cls.architecture}.deb"
+        cls.tree = pathlib.Path(tempfile.mkdtemp(prefix="quillon-deb-"))
+        cls.addClassCleanup(shutil.rmtree, cls.tree)
+        succeed("dpkg-deb", "--raw-extract", cls.package, cls.tree)
+
+    def field(self, name):
+        return succeed("dpkg-deb", "--field", self.package, name).strip()
+
+    def file(self, name):
+        return self.tree / name
+
+    def installed(self):
+        """The installed files: paths below the root, without folders."""
+        found = set()
+        for folder, folders, files in os.walk(self.tree):
+            links = [name for name in folders if (pathlib.Path(folder) / name).is_symlink()]
+            found.update(str((pathlib.Path(folder) / name).relative_to(self.tree)) for name in [*files, *links])
+        return {name for name in found if not name.startswith("DEBIAN/")}
+
+    def test_its_sum_is_listed(self):
+        self.assertIn(self.package.name, listed(self.packages))
+
+    def test_says_what_the_program_is(self):
+        self.assertEqual(self.field("Package"), "quillon")
+        self.assertEqual(self.field("Version"), product.version())
+        self.assertEqual(self.field("Architecture"), self.architecture)
+        self.assertEqual(self.field("Homepage"), product.setting("QUILLON_URL"))
+        self.assertEqual(self.field("Maintainer"), product.setting("QUILLON_MAINTAINER"))
+
+    def test_depends_on_what_it_links_and_recommends_what_plays(self):
+        depends = re.findall(r"([a-z0-9.+-]+)(?: \([^)]*\))?(?:, |$)", self.field("Depends"))
+        for library in ("libc6", "libstdc++6", "libpcre2-8-0", "libutf8proc2"):
+            self.assertIn(library, depends)
+        for library in ("libwxgtk3.2-1", "libgtk-3-0", "libgstreamer1.0-0"):
+            self.assertTrue(any(name in (library, library + "t64") for name in depends), (library, depends))
+        recommends = self.field("Recommends")
+        plugins = [f"gstreamer1.0-plugins-{sort}" for sort in ("base", "good", "bad")]
+        for package in (*plugins, "gstreamer1.0-libav", "gstreamer1.0-x", "timgm6mb-soundfont", "fonts-noto-cjk"):
+            self.assertIn(package, re.split(r", | \| ", recommends))
+
+    def test_holds_what_it_should_and_nothing_else(self):
+        help_pages = {name for name in self.installed() if name.startswith(f"{_SHARE}/quillon/help/")}
+        self.assertEqual(self.installed() - help_pages, expected_files(self.application))
+        self.assertIn(f"{_SHARE}/quillon/help/index.html", help_pages)
+
+    def test_links_lead_to_the_program_and_its_help(self):
+        for link, target in (("usr/bin/quillon", _PROGRAMS[0]), ("usr/bin/quillon-cli", _PROGRAMS[1])):
+            self.assertTrue(self.file(link).is_symlink())
+            self.assertEqual(self.file(link).resolve(), self.file(target).resolve())
+        self.assertTrue((self.file("usr/lib/quillon/help") / "index.html").is_file())
+
+    def test_files_belong_to_root_and_only_root_writes_them(self):
+        for line in succeed("dpkg-deb", "--contents", self.package).splitlines():
+            mode, owner = line.split()[:2]
+            self.assertEqual(owner, "root/root", line)
+            allowed = ("drwxr-xr-x", "-rw-r--r--", "-rwxr-xr-x", "lrwxrwxrwx")
+            self.assertIn(mode, allowed, line)
+
+    def test_programs_are_stripped(self):
+        for name in _PROGRAMS:
+            self.assertNotIn(".symtab", succeed("readelf", "--section-headers", "--wide", self.file(name)), name)
+
+    def test_its_own_sums_are_right(self):
+        sums = self.file("DEBIAN/md5sums")
+        succeed("md5sum", "--check", "--strict", sums, cwd=self.tree)
+        listed_files = {line.split(maxsplit=1)[1] for line in sums.read_text().splitlines()}
+        plain = {name for name in self.installed() if not self.file(name).is_symlink()}
+        self.assertEqual(listed_files, plain)
+
+    def test_changelog_begins_with_its_version(self):
+        text = gzip.decompress(self.file(f"{_SHARE}/doc/quillon/changelog.gz").read_bytes()).decode()
+        self.assertTrue(text.startswith(f"quillon ({product.version()}) "), text[:80])
+
+    def test_icons_have_their_sizes(self):
+        for size in _ICON_SIZES:
+            data = self.file(f"{_SHARE}/icons/hicolor/{size}x{size}/apps/quillon.png").read_bytes()
+            self.assertEqual(data[:8], b"\x89PNG\r\n\x1a\n")
+            self.assertEqual((int.from_bytes(data[16:20], "big"), int.from_bytes(data[20:24], "big")), (size, size))
+
+    def test_manual_pages_are_set_without_warnings(self):
+        pages = sorted(self.file(f"{_SHARE}/man").rglob("*.gz"))
+        self.assertEqual(len(pages), 4)
+        for page in pages:
+            environment = dict(os.environ, LC_ALL="C.UTF-8", MANWIDTH="80")
+            command = ["man", "--warnings", "-Tutf8", "--local-file", page]
+            said = succeed("sh", "-c", '"$@" 2>&1 >/dev/null', "-", *command, env=environment)
+            self.assertEqual(said, "", page)
+
+    def test_desktop_entry_and_metainfo_are_valid(self):
+        succeed("desktop-file-validate", self.file(f"{_SHARE}/applications/{self.application}.desktop"))
+        metainfo = self.file(f"{_SHARE}/metainfo/{self.application}.metainfo.xml")
+        said = succeed("appstreamcli", "validate", "--no-net", metainfo)
+        self.assertNotRegex(said, r"(?m)^\s*[WE]:")
+        self.assertIn(f'version="{product.version()}"', metainfo.read_text(encoding="utf-8"))
+
+    def test_lintian_finds_no_errors_and_no_warnings(self):
+        status, said = run("lintian", "--allow-root", "--fail-on", "error,warning", self.package, seconds=120)
+        self.assertEqual(status, 0, said)
+        self.assertNotRegex(said, r"(?m)^[EW]:")
+
+    def test_lives_and_dies_on_a_clean_system(self):
+        if clean_root.NAMESPACES not in os.environ:
+            self.skipTest("a clean system needs root, and a machine that lets root mount")
+        root = clean_root.CleanRoot()
+        self.addCleanup(root.close)
+        shutil.copy(self.package, root.path / "root")
+        root.apt("satisfy", self.field("Depends"))
+        before = root.files()
+        root.apt("install", f"/root/{self.package.name}")
+        self.assertIn("install ok installed", root.root_does("dpkg-query", "-W", "-f=${Status}", "quillon"))
+        self.check_command_line(root)
+        self.check_window(root)
+        root.root_does("dpkg", "--purge", "quillon")
+        self.check_only_settings_are_left(root, before)
+
+    def check_command_line(self, root):
+        self.assertEqual(root.user_does("quillon-cli", "--version"), (0, product.version() + "\n"))
+        samples.fill(root.home / "songs")
+        status, said = root.user_does("quillon-cli", "list", "/home/tester/songs")
+        self.assertEqual(status, 0, said)
+        for title in ("さくら", "Greensleeves", "荒城の月"):
+            self.assertIn(title, said)
+        # Regular expressions are a library's, which lies beside the real program.
+        rules = "[Modify]\nFindCtrl=1\n0ReplaceFlag=1\n0ReplaceObject=^(a)b\n0ReplaceRepace=$1-\n"
+        (root.home / "rules.ini").write_text(rules)
+        (root.home / "names").write_text("abc\n")
+        edit = "quillon-cli modify --settings ~/rules.ini < ~/names"
+        self.assertEqual(root.user_does("sh", "-c", edit), (0, "a-c\n"))
+        shutil.rmtree(root.home / "songs")
+        (root.home / "rules.ini").unlink()
+        (root.home / "names").unlink()
+
+    def check_window(self, root):
+        process = root.user_starts("quillon")
+        until(lambda: display.active_title() == TITLE or process.poll() is not None, "the window")
+        self.assertIsNone(process.poll(), "the program ended at once")
+        display.press("alt+F4")
+        self.assertEqual(process.wait(15), 0)
+        self.assertTrue((root.home / ".config/quillon/quillon.ini").is_file(), "no settings of the user")
+        self.assertFalse((root.path / "usr/lib/quillon/quillon.ini").exists())
+
+    def check_only_settings_are_left(self, root, before):
+        after = root.files()
+        self.assertEqual(before - after, set(), "what was there before")
+        home = "/home/tester/"
+        left = {name for name in after - before if not name.startswith(home)}
+        self.assertEqual(left, set(), "left outside the user's folder")
+        own = {name for name in after if "quillon" in name.lower()}
+        folder = home + ".config/quillon"
+        self.assertEqual(own - {f"/root/{self.package.name}"}, {folder, folder + "/quillon.ini"})

@@ -1,0 +1,226 @@
+"""The packages for Windows, under Wine: the installer, and the archive that needs no installing."""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import tempfile
+import unittest
+import zipfile
+
+import display
+import product
+from commands import succeed
+from program import TITLE
+from sums import listed
+from wait import until
+
+_PROGRAMS = {"Quillon.exe", "quillon-cli.exe", "BREGEXP.DLL"}
+_INSTALLED = _PROGRAMS | {"Quillon.chm", "LICENSE.txt", "LIBRARIES.txt"}
+_UNINSTALLER = "Uninstall.exe"
+_SETTINGS = "Quillon.ini"
+_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quillon"
+_RUNNING = 3  # the installer's exit status when the program runs
+_SERVER_SECONDS = 120
+
+
+class WindowsPackages(unittest.TestCase):
+    packages = None  # the folder of the packages
+    script = None  # what runs a program under Wine
+
+    @classmethod
+    def setUpClass(cls):
+        cls.setup = cls.packages / f"Quillon-{product.version()}-setup.exe"
+        cls.archive = cls.packages / f"Quillon-{product.version()}-portable.zip"
+        prefix = product.cache_folder() / "wine-packages"
+        os.environ["QUILLON_WINEPREFIX"] = str(prefix)
+        cls.wine("--server", f"-p{_SERVER_SECONDS}", seconds=120)
+        cls.addClassCleanup(cls.wine, "--server", "-k")
+        # The installer asks Wine where the user's programs are; so does this.
+        cls.local = cls.folder_of(r"%LOCALAPPDATA%")
+        cls.menu = cls.folder_of(r"%APPDATA%") / "Microsoft/Windows/Start Menu/Programs/Quillon"
+        cls.home = cls.local / "Programs/Quillon"
+        cls.system = prefix / "drive_c/windows/system32"
+
+    @classmethod
+    def wine(cls, *arguments, seconds=60):
+        """Runs a program to its end; its status and what it wrote. A pipe would be kept open by Wine's services."""
+        with tempfile.TemporaryFile() as output:
+            command = [cls.script, *map(str, arguments)]
+            quiet = {"stdin": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+            done = subprocess.run(command, stdout=output, timeout=seconds, check=False, **quiet)
+            output.seek(0)
+            return done.returncode, output.read().decode("cp932", "replace")
+
+    @classmethod
+    def folder_of(cls, variable):
+        """The folder that a variable of Windows names, as this system names it."""
+        _, said = cls.wine("cmd", "/c", f"echo {variable}")
+        path = said.strip().replace("\\", "/")
+        return pathlib.Path(os.environ["QUILLON_WINEPREFIX"]) / ("drive_c" + path.removeprefix("C:"))
+
+    def setUp(self):
+        self.running = []
+        self.addCleanup(self.leave_nothing)
+        self.leave_nothing()
+
+    def leave_nothing(self):
+        for process in self.running:
+            if process.poll() is None:
+                self.wine("taskkill", "/f", "/im", "Quillon.exe")
+                process.kill()
+            process.wait(15)
+        self.running = []
+        shutil.rmtree(self.home, ignore_errors=True)
+        shutil.rmtree(self.menu, ignore_errors=True)
+        self.wine("reg", "delete", _KEY, "/f")
+
+    def start_and_show(self, program):
+        process = subprocess.Popen(
+            [self.script, str(program)],
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+        )
+        self.running.append(process)
+        until(lambda: display.active_title() == TITLE or process.poll() is not None, "the window")
+        self.assertIsNone(process.poll(), "the program ended at once")
+        return process
+
+    def close(self, process):
+        """Closes the window by its keys, as often as it takes: a window that is new may miss them."""
+
+        def closed():
+            if display.active_title() == TITLE:
+                display.press("alt+F4")
+            try:
+                return process.wait(1) is not None
+            except subprocess.TimeoutExpired:
+                return False
+
+        until(closed, "the program closed")
+        self.assertEqual(process.returncode, 0)
+
+    def names(self):
+        return {path.name for path in self.home.iterdir()}
+
+    def install(self, *options):
+        return self.wine(self.setup, "/S", *options)[0]
+
+    def uninstall(self):
+        """The uninstaller goes on as a copy of itself, and answers nothing."""
+        self.wine(self.home / _UNINSTALLER, "/S")
+
+    def entry(self):
+        """What Windows shows of the installed program; nothing when it knows none."""
+        status, said = self.wine("reg", "query", _KEY)
+        found = re.findall(r"^\s+(\w+)\s+REG_\w+\s+(.*?)\s*$", said, re.MULTILINE)
+        return dict(found) if status == 0 else {}
+
+    def test_their_sums_are_listed(self):
+        self.assertLessEqual({self.setup.name, self.archive.name}, set(listed(self.packages)))
+
+    def test_programs_need_only_what_windows_has(self):
+        with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(self.archive) as archive:
+            archive.extractall(folder)
+            top = pathlib.Path(folder) / self.archive.stem
+            for program in _PROGRAMS:
+                said = succeed("x86_64-w64-mingw32-objdump", "--private-headers", top / program)
+                libraries = re.findall(r"DLL Name: (\S+)", said)
+                self.assertTrue(libraries, program)
+                for library in libraries:
+                    self.assertTrue((self.system / library.lower()).exists(), f"{program} needs {library}")
+
+    def test_archive_holds_what_it_should_and_texts_for_windows(self):
+        with zipfile.ZipFile(self.archive) as archive:
+            self.assertIsNone(archive.testzip())
+            top = self.archive.stem + "/"
+            expected = {top + name for name in _INSTALLED | {"README.txt"}}
+            self.assertEqual({name for name in archive.namelist() if name != top}, expected)
+            read_me = archive.read(top + "README.txt")
+            self.assertTrue(read_me.startswith(b"\xef\xbb\xbf"))
+            for name in ("README.txt", "LICENSE.txt", "LIBRARIES.txt"):
+                text = archive.read(top + name)
+                self.assertEqual(text.count(b"\n"), text.count(b"\r\n"), name)
+            self.assertIn(f"Quillon {product.version()}", read_me.decode("utf-8"))
+            self.assertIn(product.setting("QUILLON_URL"), read_me.decode("utf-8"))
+
+    def test_runs_from_the_archive_with_its_settings_beside_it(self):
+        with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(self.archive) as archive:
+            archive.extractall(folder)
+            home = pathlib.Path(folder) / self.archive.stem
+            status, said = self.wine(home / "quillon-cli.exe", "--version")
+            self.assertEqual((status, said.strip()), (0, product.version()))
+            before = {path.name for path in home.iterdir()}
+            self.close(self.start_and_show(home / "Quillon.exe"))
+            self.assertEqual({path.name for path in home.iterdir()} - before, {_SETTINGS})
+
+    def test_installs_for_the_user(self):
+        self.assertEqual(self.install(), 0)
+        self.assertEqual(self.names(), _INSTALLED | {_UNINSTALLER})
+        self.assertEqual({path.name for path in self.menu.iterdir()}, {"Quillon.lnk", "Quillon ヘルプ.lnk"})
+        entry = self.entry()
+        self.assertEqual(entry["DisplayName"], "Quillon")
+        self.assertEqual(entry["DisplayVersion"], product.version())
+        self.assertEqual(entry["URLInfoAbout"], product.setting("QUILLON_URL"))
+        self.assertIn("Quillon developers", entry["Publisher"])
+        self.assertIn(_UNINSTALLER, entry["UninstallString"])
+        kilobytes = sum(path.stat().st_size for path in self.home.iterdir()) / 1024
+        self.assertAlmostEqual(int(entry["EstimatedSize"], 16), kilobytes, delta=kilobytes / 20)
+
+    def test_uninstalls_all_but_settings(self):
+        self.assertEqual(self.install(), 0)
+        self.close(self.start_and_show(self.home / "Quillon.exe"))
+        self.assertIn(_SETTINGS, self.names())
+        self.uninstall()
+        until(lambda: self.names() == {_SETTINGS}, "only the settings left")
+        until(lambda: not self.entry(), "no entry left")
+        self.assertFalse(self.menu.exists())
+
+    def test_uninstalls_to_nothing_when_there_are_no_settings(self):
+        self.assertEqual(self.install(), 0)
+        self.uninstall()
+        until(lambda: not self.home.exists(), "the folder gone")
+
+    def test_a_newer_version_takes_the_place_of_an_older_one(self):
+        self.assertEqual(self.install(), 0)
+        (self.home / _SETTINGS).write_text("[System]\n")
+        (self.home / "Quillon.exe").write_bytes(b"an older one")
+        # As an older version left it: elsewhere, and with another number.
+        elsewhere = self.home.with_name("Quillon-old")
+        self.addCleanup(shutil.rmtree, elsewhere, ignore_errors=True)
+        shutil.rmtree(elsewhere, ignore_errors=True)
+        self.home.rename(elsewhere)
+        windows_path = self.entry()["InstallLocation"] + "-old"
+        self.wine("reg", "add", _KEY, "/v", "InstallLocation", "/d", windows_path, "/f")
+        self.wine("reg", "add", _KEY, "/v", "DisplayVersion", "/d", "1.00", "/f")
+        self.assertEqual(self.install(), 0)
+        # It is the folder that the older version was in.
+        self.assertFalse(self.home.exists())
+        self.assertEqual({path.name for path in elsewhere.iterdir()}, _INSTALLED | {_UNINSTALLER, _SETTINGS})
+        self.assertEqual((elsewhere / _SETTINGS).read_text(), "[System]\n")
+        self.assertGreater((elsewhere / "Quillon.exe").stat().st_size, 1_000_000)
+        self.assertEqual(self.entry()["DisplayVersion"], product.version())
+
+    def test_installed_elsewhere_it_leaves_the_older_place(self):
+        elsewhere = self.system.parent.parent / "Quillon-elsewhere"
+        self.addCleanup(shutil.rmtree, elsewhere, ignore_errors=True)
+        self.assertEqual(self.install(), 0)
+        (self.home / _SETTINGS).write_text("[System]\n")
+        self.assertEqual(self.install(r"/D=C:\Quillon-elsewhere"), 0)
+        self.assertEqual(self.names(), {_SETTINGS})
+        self.assertEqual({path.name for path in elsewhere.iterdir()}, _INSTALLED | {_UNINSTALLER})
+        self.assertEqual(self.entry()["InstallLocation"], r"C:\Quillon-elsewhere")
+
+    def test_leaves_a_running_program_alone(self):
+        self.assertEqual(self.install(), 0)
+        process = self.start_and_show(self.home / "Quillon.exe")
+        self.assertEqual(self.install(), _RUNNING)
+        # Told where it is, the uninstaller works itself and answers.
+        place = self.entry()["InstallLocation"]
+        self.assertEqual(self.wine(self.home / _UNINSTALLER, "/S", f"_?={place}")[0], _RUNNING)
+        self.assertIsNone(process.poll())
+        self.close(process)
+        self.assertEqual(self.names() - {_SETTINGS}, _INSTALLED | {_UNINSTALLER})
+        self.assertEqual(self.entry()["DisplayVersion"], product.version())
