@@ -172,7 +172,9 @@ void frmMain::ApplySettings() {
   if (window.top) place.y = ToPixels(*this, *window.top);
   // A screen that is gone: the window would be nowhere to be seen.
   const bool visible = wxDisplay::GetFromPoint(place + wxPoint(size.x / 2, FromDIP(kTitleBar))) != wxNOT_FOUND;
-  SetMinSize(SmallestSize(*this));
+  wxSize smallest = SmallestSize(*this);
+  smallest.DecTo(wxSize(screen.width, screen.height));
+  SetMinSize(smallest);
   SetSize(wxRect(visible ? place : centred, size));
   for (int i = 0; i < kColumnCount; ++i) {
     const auto column = static_cast<Column>(i);

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "platform/desktop/ScreenMetrics.h"
+
 namespace quillon {
 namespace {
 
@@ -9,9 +11,9 @@ constexpr double kTwipsPerInch = 1440.0;
 constexpr int kDipPerInch = 96;
 
 // wx keeps pixels that the desktop scales itself (GTK) apart from those that it does not (Windows): DIP are the measure
-// that both share.
+// that both share. Windows grow with their text.
 double TwipsPerPixel(const wxWindow& window) {
-  return kTwipsPerInch / window.FromDIP(wxSize(kDipPerInch, kDipPerInch)).x;
+  return kTwipsPerInch / (window.FromDIP(wxSize(kDipPerInch, kDipPerInch)).x * QueryTextScale());
 }
 
 }  // namespace

@@ -11,6 +11,12 @@ TEST(ScreenMetrics, AreThreeNumbersWithSingleSpacesBetween) {
   EXPECT_EQ(ScreenMetricsText({}), "0 0 0");
 }
 
+TEST(ScreenMetrics, TextIsNeverSmallerThanTheScreensResolutionMakesIt) {
+  if (!test::ConnectToDisplay()) GTEST_SKIP() << "needs a display";
+  EXPECT_GE(QueryTextScale(), 1);
+  EXPECT_LE(QueryTextScale(), 10);
+}
+
 TEST(ScreenMetrics, DescribeTheScreen) {
   if (!test::ConnectToDisplay()) GTEST_SKIP() << "needs a display";
   const ScreenMetrics screen = QueryScreen();

@@ -2,9 +2,11 @@
 
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import unittest
+import urllib.parse
 
 import display
 import drag_source
@@ -291,6 +293,28 @@ class Linux(unittest.TestCase):
         until_equal(lambda: display.geometry(window), place, "the window's place")
         until_equal(lambda: reader.header_extents("リネーム名")[2], column, "the column's width")
 
+    def test_larger_text_makes_the_window_and_its_columns_larger(self):
+        process = self.load()
+        [window] = display.visible_windows(TITLE)
+        width, height = display.geometry(window)[2:]
+        column = reader.header_extents("リネーム名")[2]
+        self.assertEqual(self.program.close_window(process), 0)
+        before = self.program.settings.read_bytes()
+        self.program.settings.unlink()
+        process = self.load(GDK_DPI_SCALE="1.5")
+        [window] = display.visible_windows(TITLE)
+        frame = 40  # the window manager's part of the height stays
+        large = display.geometry(window)[2:]
+        self.assertAlmostEqual(large[0], 1.5 * width, delta=frame)
+        self.assertAlmostEqual(large[1], 1.5 * height, delta=frame)
+        self.assertAlmostEqual(reader.header_extents("リネーム名")[2], 1.5 * column, delta=4)
+        self.assertEqual(self.program.close_window(process), 0)
+
+        def sizes(settings):
+            return [line for line in settings.splitlines() if b"_Width=" in line or b"WindowHeight=" in line]
+
+        self.assertEqual(sizes(self.program.settings.read_bytes()), sizes(before))
+
     def test_files_and_folders_on_the_command_line(self):
         single = self.program.folder / "ひとつ だけ %20.mid"
         single.write_bytes(samples.midi("春の小川"))
@@ -298,6 +322,62 @@ class Linux(unittest.TestCase):
         reader.wait_for_names(["ひとつ だけ %20", "01", "02", "曲 03"])
         self.assertEqual(reader.rows()[0].title, "春の小川")
         self.assertEqual(reader.rows()[0].location, str(single))
+
+    def browser(self):
+        """Makes a browser of our own the desktop's; the file that holds what it is told to open."""
+        opened = self.program.folder / "opened"
+        script = self.program.folder / "browser"
+        script.write_text(f'#!/bin/sh\nprintf %s "$1" >"{opened}.new" && mv "{opened}.new" "{opened}"\n')
+        script.chmod(0o755)
+        applications = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "applications"
+        applications.mkdir(parents=True, exist_ok=True)
+        kinds = "text/html;x-scheme-handler/https;"
+        (applications / "browser.desktop").write_text(
+            f"[Desktop Entry]\nType=Application\nName=Browser\nExec={script} %u\nMimeType={kinds}inode/directory;\n"
+        )
+        defaults = applications / "mimeapps.list"
+        entries = "".join(f"{kind}=browser.desktop\n" for kind in kinds.rstrip(";").split(";"))
+        defaults.write_text(f"[Default Applications]\n{entries}")
+        self.addCleanup(shutil.rmtree, applications)
+        return opened
+
+    def test_f1_opens_the_help_pages(self):
+        opened = self.browser()
+        (self.program.home / "help").symlink_to(self.program.help)
+        self.program.start_and_show()
+        press("F1")
+        until(opened.exists, "the page opened")
+        page = urllib.parse.unquote(urllib.parse.urlparse(opened.read_text()).path)
+        self.assertEqual(page, str(self.program.home / "help" / "index.html"))
+        self.assertIn("Quillon", pathlib.Path(page).read_text(encoding="utf-8"))
+
+    def test_without_help_pages_f1_says_so(self):
+        self.program.start_and_show()
+        press("F1")
+        answer("ヘルプの表示", "ヘルプファイルが開けませんでした")
+
+    def test_the_version_box_opens_the_web_address(self):
+        opened = self.browser()
+        self.program.start_and_show()
+        press("alt+h")
+        until(reader.open_menu, "the help menu")
+        press("a")
+        until_equal(display.active_title, "バージョン情報", "the version box in front")
+        press("shift+Tab", "shift+Tab", "Return")
+        until(opened.exists, "the address opened")
+        self.assertTrue(opened.read_text().startswith("https://"), opened.read_text())
+
+    def test_the_folder_list_opens_a_folder(self):
+        opened = self.browser()
+        defaults = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "applications" / "mimeapps.list"
+        defaults.write_text("[Default Applications]\ninode/directory=browser.desktop\n")
+        self.load()
+        press("ctrl+d")
+        until_equal(display.active_title, "フォルダ一覧", "the folder list in front")
+        press("Return")
+        until(opened.exists, "the folder opened")
+        folder = urllib.parse.unquote(urllib.parse.urlparse(opened.read_text()).path)
+        self.assertEqual(folder.rstrip("/"), str(self.files))
 
     def test_reset_and_quit_deletes_the_settings(self):
         self.program.settings.write_bytes(b"[List]\r\nLoadChk=0\r\n")

@@ -2,6 +2,8 @@
 
 #include <gdk/gdk.h>
 
+#include <algorithm>
+
 namespace quillon {
 
 ScreenMetrics QueryScreen() {
@@ -15,6 +17,14 @@ ScreenMetrics QueryScreen() {
   gdk_monitor_get_geometry(monitor, &area);
   GdkVisual* const visual = gdk_screen_get_system_visual(gdk_display_get_default_screen(display));
   return {area.width, area.height, gdk_visual_get_depth(visual)};
+}
+
+double QueryTextScale() {
+  constexpr double kUsualResolution = 96;
+  GdkScreen* const screen = gdk_screen_get_default();
+  if (screen == nullptr) return 1;
+  // -1 where nobody has set it.
+  return std::max(gdk_screen_get_resolution(screen) / kUsualResolution, 1.0);
 }
 
 }  // namespace quillon

@@ -13,4 +13,8 @@ ScreenMetrics QueryScreen() {
   return metrics;
 }
 
+double QueryTextScale() {
+  return 1;
+}
+
 }  // namespace quillon
