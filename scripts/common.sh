@@ -36,7 +36,8 @@ linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev li
 # What plays MP3, MIDI, WAVE, MPEG and AVI, and the instruments of MIDI.
 play_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
   gstreamer1.0-x gstreamer1.0-alsa gstreamer1.0-pulseaudio timgm6mb-soundfont)
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev libxcb1-dev gstreamer1.0-tools locales libxml2-utils util-linux)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev libxcb1-dev gstreamer1.0-tools locales libxml2-utils
+  util-linux fp-utils-3.2.2 libchm-dev libxml2-dev)
 # What the window needs to look as it should, and to be asked whether a display is there.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
 # What tests, pictures and benchmarks of the window need: a display of its own, keys and clicks, accessibility.
@@ -44,9 +45,9 @@ window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotoo
   python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0)
 # Sound that nobody hears, for tests in which its time must pass; films and songs to play in them.
 sound_packages=(pulseaudio pulseaudio-utils util-linux gstreamer1.0-tools)
-windows_packages=("${sound_packages[@]}" g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
+windows_packages=("${sound_packages[@]}" fp-utils-3.2.2 g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
 # What makes the packages (package.sh), and what checks them.
-package_packages=(file librsvg2-bin nsis fp-utils-3.2.2 lintian desktop-file-utils appstream debootstrap unzip)
+package_packages=(file librsvg2-bin nsis fp-utils-3.2.2 lintian desktop-file-utils appstream debootstrap man-db)
 style_packages=(clang-format clang-tidy)
 
 quillon_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon

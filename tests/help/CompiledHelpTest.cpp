@@ -60,7 +60,7 @@ TEST(CompiledHelp, OpensInJapanese) {
   ASSERT_TRUE(Compiled().IsOpen());
   const ChmSystem system = Compiled().System();
   EXPECT_EQ(system.language, kJapanese);
-  EXPECT_EQ(AnsiToUtf8(system.title), PageOf("index.html").Texts("//h:h1").front());
+  EXPECT_EQ(AnsiToUtf8(system.title), PageOf("index.html").Texts("//h1").front());
   EXPECT_EQ(system.defaultTopic, "index.html");
   EXPECT_EQ(system.contents, "help.hhc");
   EXPECT_EQ(system.index, "help.hhk");
@@ -95,11 +95,11 @@ TEST(CompiledHelp, HasATreeOfAllPages) {
       continue;
     }
     ASSERT_TRUE(Pages().contains(entry.page)) << entry.page;
-    EXPECT_EQ(entry.name, PageOf(entry.page).Texts("//h:h1").front());
+    EXPECT_EQ(entry.name, PageOf(entry.page).Texts("//h1").front());
     EXPECT_TRUE(reached.insert(entry.page).second) << entry.page << " stands there twice";
   }
   EXPECT_EQ(reached.size(), Pages().size());
-  EXPECT_EQ(chapters, PageOf("index.html").Find("//h:ul[@class='contents']/h:li").size());
+  EXPECT_EQ(chapters, PageOf("index.html").Find("//ul[@class='contents']/li").size());
   const std::string tree = Contained("help.hhc");
   EXPECT_EQ(Count(tree, "<UL>"), chapters + 1);
   EXPECT_EQ(Count(tree, "<UL>"), Count(tree, "</UL>"));
@@ -116,7 +116,7 @@ TEST(CompiledHelp, HasAnIndexThatLeadsToItsPages) {
     if (mark == std::string::npos) continue;
     EXPECT_THAT(PageOf(page).Texts("//@id"), Contains(entry.page.substr(mark + 1))) << entry.name;
   }
-  EXPECT_EQ(entries.size(), PageOf("keywords.html").Find("//h:h2/following-sibling::h:ul/h:li").size());
+  EXPECT_EQ(entries.size(), PageOf("keywords.html").Find("//h2/following-sibling::ul/li").size());
   EXPECT_GE(entries.size(), 100u);
 }
 

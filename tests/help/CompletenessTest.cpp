@@ -37,8 +37,8 @@ std::vector<Command> AllCommands() {
 /// The rows of the page of commands that begin with the caption.
 std::vector<Node> RowsOf(const std::string& caption) {
   std::vector<Node> rows;
-  for (const Node& row : PageOf("commands.html").Find("//h:tr[h:td]")) {
-    const std::string first = row.Find("./h:td").front().Text();
+  for (const Node& row : PageOf("commands.html").Find("//tr[td]")) {
+    const std::string first = row.Find("./td").front().Text();
     if (first == caption || first == caption + " ＊") rows.push_back(row);
   }
   return rows;
@@ -62,8 +62,8 @@ TEST(HelpCompleteness, NamesEveryCommandWithItsKeys) {
     const std::vector<Node> rows = RowsOf(caption);
     EXPECT_FALSE(rows.empty()) << caption;
     for (const Node& row : rows) {
-      EXPECT_EQ(row.Find("./h:td").at(1).Text(), entry.shortcut) << caption;
-      const bool marked = row.Find("./h:td").front().Text() != caption;
+      EXPECT_EQ(row.Find("./td").at(1).Text(), entry.shortcut) << caption;
+      const bool marked = row.Find("./td").front().Text() != caption;
       EXPECT_EQ(marked, entry.manualModeOnly) << caption;
     }
   }
@@ -88,13 +88,13 @@ TEST(HelpCompleteness, NamesEveryButtonOfTheToolBar) {
 
 TEST(HelpCompleteness, ExplainsEveryOptionUnderItsPage) {
   for (const OptionPage& page : OptionPages()) {
-    EXPECT_THAT(PageOf("options.html").Texts("//h:h2"), testing::Contains(page.caption));
+    EXPECT_THAT(PageOf("options.html").Texts("//h2"), testing::Contains(page.caption));
     for (const OptionFrame& frame : page.frames) {
       for (const OptionControl& control : frame.controls) {
         if (control.kind == OptionKind::kTextBox || control.kind == OptionKind::kNote) continue;
         bool found = false;
         for (const std::string& term :
-             PageOf("options.html").Texts("//h:dt[preceding::h:h2[1]='" + std::string(page.caption) + "']")) {
+             PageOf("options.html").Texts("//dt[preceding::h2[1]='" + std::string(page.caption) + "']")) {
           found = found || term.find(PlainCaption(control.caption)) != std::string::npos;
         }
         EXPECT_TRUE(found) << page.caption << ": " << control.caption;
@@ -106,7 +106,7 @@ TEST(HelpCompleteness, ExplainsEveryOptionUnderItsPage) {
 /// The lines of the messages that the page of messages quotes.
 std::set<std::string> QuotedLines() {
   std::set<std::string> lines;
-  for (const Node& cell : PageOf("messages.html").Find("//h:td[@class='message']")) {
+  for (const Node& cell : PageOf("messages.html").Find("//td[@class='message']")) {
     std::istringstream text(cell.TextWithoutPlaceholders());
     for (std::string line; std::getline(text, line);) {
       if (!Trimmed(line).empty()) lines.insert(Trimmed(line));

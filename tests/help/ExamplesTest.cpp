@@ -34,7 +34,7 @@ struct Example {
 
 /// The text in <code>; empty where words say that there is none.
 std::string Code(const Node& cell) {
-  const std::vector<Node> code = cell.Find("./h:code");
+  const std::vector<Node> code = cell.Find("./code");
   if (code.empty()) {
     EXPECT_EQ(cell.Text(), "（空）");
   }
@@ -42,7 +42,7 @@ std::string Code(const Node& cell) {
 }
 
 std::string CodeOf(const Node& row, const std::string& kind) {
-  const std::vector<Node> cells = row.Find("./h:td[@class='" + kind + "']");
+  const std::vector<Node> cells = row.Find("./td[@class='" + kind + "']");
   EXPECT_EQ(cells.size(), 1u) << row.Text();
   return cells.empty() ? std::string() : Code(cells.front());
 }
@@ -65,16 +65,16 @@ bool Choose(const std::string& caption, OptionValues::Modify& rules) {
 }
 
 void ReadOptions(const Node& block, OptionValues::Modify& rules) {
-  for (const Node& caption : block.Find("./h:p[@class='options']/h:b")) {
+  for (const Node& caption : block.Find("./p[@class='options']/b")) {
     EXPECT_TRUE(Choose(caption.Text(), rules)) << caption.Text();
   }
-  const std::vector<Node> code = block.Find("./h:p[@class='options']/h:code");
+  const std::vector<Node> code = block.Find("./p[@class='options']/code");
   if (!code.empty()) rules.reviceText = code.front().Text();
 }
 
 void ReadRules(const Node& block, OptionValues::Modify& rules) {
   std::size_t count = 0;
-  for (const Node& row : block.Find("./h:table[@class='rules']//h:tr[h:td]")) {
+  for (const Node& row : block.Find("./table[@class='rules']//tr[td]")) {
     ASSERT_LT(count, rules.rules.size());
     rules.rules.at(count++) = {1, CodeOf(row, "find"), CodeOf(row, "replace")};
   }
@@ -84,13 +84,13 @@ void ReadRules(const Node& block, OptionValues::Modify& rules) {
 Example ReadBlock(const std::string& page, const Node& block) {
   Example example;
   example.where = page;
-  for (const Node& heading : block.Find("./h:h3")) example.where += ": " + heading.Text();
+  for (const Node& heading : block.Find("./h3")) example.where += ": " + heading.Text();
   ReadOptions(block, example.rules);
   ReadRules(block, example.rules);
-  for (const Node& row : block.Find("./h:table[contains(@class,'names')]//h:tr[h:td]")) {
+  for (const Node& row : block.Find("./table[contains(@class,'names')]//tr[td]")) {
     example.names.push_back({CodeOf(row, "before"), CodeOf(row, "after")});
   }
-  if (!block.Find("./h:table[contains(@class,'count-3')]").empty()) example.listCounts = {3};
+  if (!block.Find("./table[contains(@class,'count-3')]").empty()) example.listCounts = {3};
   return example;
 }
 
@@ -107,8 +107,8 @@ Example ReadRow(const std::string& page, const Node& row) {
 std::vector<Example> Examples() {
   std::vector<Example> examples;
   for (const auto& [name, page] : Pages()) {
-    for (const Node& block : page.Find("//h:div[@class='example']")) examples.push_back(ReadBlock(name, block));
-    for (const Node& row : page.Find("//h:table[@class='try']//h:tr[h:td]")) examples.push_back(ReadRow(name, row));
+    for (const Node& block : page.Find("//div[@class='example']")) examples.push_back(ReadBlock(name, block));
+    for (const Node& row : page.Find("//table[@class='try']//tr[td]")) examples.push_back(ReadRow(name, row));
   }
   return examples;
 }

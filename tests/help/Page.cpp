@@ -1,14 +1,12 @@
 #include "help/Page.h"
 
 #include <libxml/parser.h>
-#include <libxml/xpathInternals.h>
+#include <libxml/xpath.h>
 
 #include <sstream>
 
 namespace quillon::test {
 namespace {
-
-constexpr const char* kXhtml = "http://www.w3.org/1999/xhtml";
 
 /// libxml2 counts its characters as unsigned.
 const xmlChar* Units(const char* text) {
@@ -53,7 +51,6 @@ bool Node::HasClass(const std::string& name) const {
 
 std::vector<Node> Node::Find(const std::string& path) const {
   const std::unique_ptr<xmlXPathContext, FreeContext> context(xmlXPathNewContext(node_->doc));
-  xmlXPathRegisterNs(context.get(), Units("h"), Units(kXhtml));
   context->node = node_;
   const std::unique_ptr<xmlXPathObject, FreeResult> result(xmlXPathEvalExpression(Units(path.c_str()), context.get()));
   std::vector<Node> nodes;

@@ -43,23 +43,23 @@ TEST(HelpPages, AreMadeOfEverySource) {
 TEST(HelpPages, HaveATitleThatIsTheirHeading) {
   std::set<std::string> titles;
   for (const auto& [name, page] : Pages()) {
-    const std::vector<std::string> headings = page.Texts("//h:h1");
+    const std::vector<std::string> headings = page.Texts("//h1");
     ASSERT_THAT(headings, SizeIs(1)) << name;
-    EXPECT_EQ(page.Texts("/h:html/h:head/h:title"), headings) << name;
+    EXPECT_EQ(page.Texts("/html/head/title"), headings) << name;
     EXPECT_TRUE(titles.insert(headings.front()).second) << "two pages with the title " << headings.front();
   }
 }
 
 TEST(HelpPages, SayThatTheyAreJapaneseInUtf8) {
   for (const auto& [name, page] : Pages()) {
-    EXPECT_THAT(page.Texts("/h:html/@lang"), Contains("ja")) << name;
-    EXPECT_THAT(page.Texts("//h:meta/@content"), Contains("text/html; charset=UTF-8")) << name;
+    EXPECT_THAT(page.Texts("/html/@lang"), Contains("ja")) << name;
+    EXPECT_THAT(page.Texts("//meta/@content"), Contains("text/html; charset=UTF-8")) << name;
   }
 }
 
 TEST(HelpPages, HaveLinksThatLeadSomewhere) {
   for (const auto& [name, page] : Pages()) {
-    for (const std::string& address : page.Texts("//h:a/@href")) {
+    for (const std::string& address : page.Texts("//a/@href")) {
       if (IsOutside(address)) {
         EXPECT_EQ(address, kProductUrl) << name;
         continue;
@@ -83,7 +83,7 @@ TEST(HelpPages, HaveAnchorsThatAreTheirOwn) {
 TEST(HelpPages, ShowEveryImageAndNoOther) {
   std::set<std::string> shown;
   for (const auto& [name, page] : Pages()) {
-    for (const Node& image : page.Find("//h:img")) {
+    for (const Node& image : page.Find("//img")) {
       shown.insert(image.Attribute("src"));
       EXPECT_NE(image.Attribute("alt"), "") << image.Attribute("src") << " on " << name;
     }
@@ -96,7 +96,7 @@ TEST(HelpPages, ShowEveryImageAndNoOther) {
 /// Width and height stand at fixed places of a PNG file.
 TEST(HelpPages, ShowImagesInTheirOwnSize) {
   for (const auto& [name, page] : Pages()) {
-    for (const Node& image : page.Find("//h:img")) {
+    for (const Node& image : page.Find("//img")) {
       const std::string bytes = FileBytes(HelpFolder() / image.Attribute("src"));
       ASSERT_GE(bytes.size(), 24u);
       EXPECT_LT(bytes.size(), 40'000u) << image.Attribute("src");
@@ -110,7 +110,7 @@ TEST(HelpPages, ShowImagesInTheirOwnSize) {
 }
 
 std::string LinkCalled(const Page& page, const std::string& text) {
-  for (const Node& link : page.Find("//h:p[@class='nav']/h:a")) {
+  for (const Node& link : page.Find("//p[@class='nav']/a")) {
     if (link.Text().find(text) != std::string::npos) return link.Attribute("href");
   }
   return {};
@@ -128,7 +128,7 @@ TEST(HelpPages, LeadOnThroughAllOfThemAndBack) {
 }
 
 TEST(HelpPages, AreAllInTheTableOfContents) {
-  const std::vector<std::string> links = PageOf("index.html").Texts("//h:ul[@class='contents']//h:a/@href");
+  const std::vector<std::string> links = PageOf("index.html").Texts("//ul[@class='contents']//a/@href");
   for (const auto& [name, page] : Pages()) {
     if (name != "index.html") {
       EXPECT_THAT(links, Contains(name));
@@ -161,13 +161,13 @@ TEST(HelpPages, SayAllThatTheirSourcesSay) {
 TEST(HelpPages, NameTheProduct) {
   const std::string index = PageOf("index.html").Text();
   EXPECT_THAT(index, HasSubstr(std::string(kProductName) + " " + kProductVersion));
-  EXPECT_THAT(PageOf("about.html").Texts("//h:a/@href"), Contains(kProductUrl));
+  EXPECT_THAT(PageOf("about.html").Texts("//a/@href"), Contains(kProductUrl));
 }
 
 // A line break between two Japanese characters would be seen as a gap.
 TEST(HelpPages, HaveNoLineBreaksInTheirSentences) {
   for (const auto& [name, page] : Pages()) {
-    for (const Node& block : page.Find("//h:p | //h:li | //h:td | //h:dd | //h:dt | //h:th")) {
+    for (const Node& block : page.Find("//p | //li | //td | //dd | //dt | //th")) {
       for (const Node& text : block.Find("./text()")) {
         if (Trimmed(text.Text()).empty()) continue;
         EXPECT_EQ(text.Text().find('\n'), std::string::npos) << name << ": " << text.Text();

@@ -25,7 +25,7 @@ class Program:
         self.home.mkdir()
         for name in self.FILES:
             shutil.copy2(pathlib.Path(built) / name, self.home)
-        self.help = pathlib.Path(built) / "help"
+        self.help = pathlib.Path(built).resolve() / "help"
         self._running = []
 
     @property

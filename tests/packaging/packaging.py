@@ -10,7 +10,9 @@ import argparse
 import os
 import pathlib
 import signal
+import subprocess
 import sys
+import tempfile
 
 sys.dont_write_bytecode = True
 _HERE = pathlib.Path(__file__).resolve().parent
@@ -34,15 +36,16 @@ def _arguments():
     return parser.parse_args()
 
 
-def _enter_namespaces():
-    """Goes on as a process whose mounts and children nobody else has; as it is, where the system does not allow that."""
-    if os.environ.get(clean_root.NAMESPACES):
-        return
+def _in_namespaces():
+    """Runs all this again as a process whose mounts and children nobody else has, and which ends with this one; its exit
+    status. None where the system does not allow that."""
+    kill = ["setpriv", "--pdeathsig", "KILL"]
     namespaces = ["unshare", "--mount", "--propagation=private", "--pid", "--fork", "--kill-child", "--mount-proc"]
-    if os.geteuid() != 0 or commands.run(*namespaces, "true")[0] != 0:
-        return
-    os.environ[clean_root.NAMESPACES] = "1"
-    os.execvp("unshare", [*namespaces, sys.executable, "-B", *sys.argv])
+    if os.geteuid() != 0 or commands.run(*kill, *namespaces, "true")[0] != 0:
+        return None
+    with tempfile.TemporaryDirectory(prefix="quillon-packaging-") as folder:  # which goes whatever becomes of them
+        environment = dict(os.environ, TMPDIR=folder, **{clean_root.NAMESPACES: "1"})
+        return subprocess.call([*kill, *namespaces, sys.executable, "-B", *sys.argv], env=environment)
 
 
 def _case(arguments):
@@ -56,23 +59,34 @@ def _case(arguments):
     return case
 
 
+def _told_to_end(*_):
+    raise KeyboardInterrupt  # which, unlike others, ends tests too
+
+
 def _too_long(*_):
     raise AssertionError(f"not done within {_MOST_SECONDS} s")
 
 
+def _run(arguments):
+    signal.signal(signal.SIGALRM, _too_long)
+    signal.alarm(_MOST_SECONDS)
+    return 0 if results.run(_case(arguments), arguments.results, arguments.only) else 1
+
+
 def _main():
     arguments = _arguments()
-    if arguments.system == "linux":
-        _enter_namespaces()
+    if clean_root.NAMESPACES in os.environ:
+        return _run(arguments)
     missing = display.missing()
     if missing:
         print("error: missing:", ", ".join(missing), file=sys.stderr)
         return 1
-    signal.signal(signal.SIGALRM, _too_long)
-    signal.alarm(_MOST_SECONDS)
+    # Outside the namespaces: a server there takes the displays of the servers here for left by dead ones.
+    signal.signal(signal.SIGTERM, _told_to_end)  # so that what was begun is put away
     screen = display.Display()
     try:
-        return 0 if results.run(_case(arguments), arguments.results, arguments.only) else 1
+        status = _in_namespaces() if arguments.system == "linux" else None
+        return _run(arguments) if status is None else status
     finally:
         screen.close()
 

@@ -157,6 +157,7 @@ class Debian(unittest.TestCase):
         self.addCleanup(root.close)
         shutil.copy(self.package, root.path / "root")
         root.apt("satisfy", self.field("Depends"))
+        self.check_recommended(root)
         before = root.files()
         root.apt("install", f"/root/{self.package.name}")
         self.assertIn("install ok installed", root.root_does("dpkg-query", "-W", "-f=${Status}", "quillon"))
@@ -164,6 +165,14 @@ class Debian(unittest.TestCase):
         self.check_window(root)
         root.root_does("dpkg", "--purge", "quillon")
         self.check_only_settings_are_left(root, before)
+
+    def check_recommended(self, root):
+        """Every recommended package, or one in its place, is there to be installed."""
+        simulation = ("apt-get", "--simulate", "--install-recommends", "install", f"/root/{self.package.name}")
+        there = set(re.findall(r"^Inst (\S+)", root.root_does(*simulation), re.MULTILINE))
+        there.update(root.root_does("dpkg-query", "--show", "--showformat=${Package}\n").split())
+        for alternatives in self.field("Recommends").split(", "):
+            self.assertTrue(there & set(alternatives.split(" | ")), alternatives)
 
     def check_command_line(self, root):
         self.assertEqual(root.user_does("quillon-cli", "--version"), (0, product.version() + "\n"))
@@ -186,6 +195,11 @@ class Debian(unittest.TestCase):
         process = root.user_starts("quillon")
         until(lambda: display.active_title() == TITLE or process.poll() is not None, "the window")
         self.assertIsNone(process.poll(), "the program ended at once")
+        # By its class a desktop knows whose window this is.
+        entry = self.file(f"{_SHARE}/applications/{self.application}.desktop").read_text(encoding="utf-8")
+        window = display.visible_windows(TITLE)[0]
+        known = re.search("^StartupWMClass=(.*)$", entry, re.MULTILINE).group(1)
+        self.assertIn(f'"{known}"', succeed("xprop", "-id", window, "WM_CLASS").split("=")[1])
         display.press("alt+F4")
         self.assertEqual(process.wait(15), 0)
         self.assertTrue((root.home / ".config/quillon/quillon.ini").is_file(), "no settings of the user")

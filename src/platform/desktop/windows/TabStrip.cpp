@@ -12,8 +12,8 @@ int WidthOfAllTabs(void* tabStrip) {
   auto* const window = static_cast<HWND>(tabStrip);
   const LRESULT tabs = ::SendMessageW(window, TCM_GETITEMCOUNT, 0, 0);
   RECT last = {};
-  if (tabs == 0 || ::SendMessageW(window, TCM_GETITEMRECT, static_cast<WPARAM>(tabs - 1),
-                                  reinterpret_cast<LPARAM>(&last)) == 0) {
+  if (tabs == 0 ||
+      ::SendMessageW(window, TCM_GETITEMRECT, static_cast<WPARAM>(tabs - 1), reinterpret_cast<LPARAM>(&last)) == 0) {
     return 0;
   }
   RECT first = {};
