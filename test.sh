@@ -84,7 +84,7 @@ test_suite() {
 }
 
 need_packages "${linux_packages[@]}" "${window_packages[@]}" "${test_packages[@]}"
-if ! $quick; then need_packages "${style_packages[@]}" "${windows_packages[@]}"; fi
+if ! $quick; then need_packages "${style_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}"; fi
 scripts/japanese-locale.sh
 build_suite "Linux" linux -DQUILLON_BENCHMARKS=ON
 if $quick; then
@@ -101,7 +101,16 @@ else
   # A server that stays up between test programs saves each of them a second. One may be up already.
   scripts/wine.sh --server -p600 || true
   build_suite "Windows under Wine" windows
+  say "Packages"
+  ./package.sh || failed=1
+  rm -rf build/packages/results
+  for system in linux windows; do
+    beside "packages-$system" /usr/bin/python3 -B tests/packaging/packaging.py "$system" --packages dist \
+      --wine scripts/wine.sh --results "build/packages/results/packaging-$system.xml"
+  done
   test_suite "Windows under Wine" windows
+  for system in linux windows; do end_beside "packages-$system" || failed=1; done
+  count_results "Packages" packages 2
   scripts/wine.sh --server -k || true
 
   say "Style: clang-format, clang-tidy"

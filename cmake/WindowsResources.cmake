@@ -10,4 +10,7 @@ function(quillon_windows_resources target)
   set_source_files_properties(${generated}/Quillon.rc PROPERTIES OBJECT_DEPENDS
                               "${generated}/Quillon.manifest;${resources}/Quillon.ico")
   target_sources(${target} PRIVATE ${generated}/Quillon.rc)
+  if(MSVC)
+    target_link_options(${target} PRIVATE /MANIFEST:NO)  # the resources bring it
+  endif()
 endfunction()

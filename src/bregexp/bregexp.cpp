@@ -10,8 +10,10 @@
 
 #include "bregexp/Substitution.h"
 
-// A compiler for Windows knows the first attribute only, one for Linux the second.
-#if __has_cpp_attribute(gnu::dllexport)
+// Each compiler has its own way, GCC's for Windows another than the one for Linux.
+#if defined(_MSC_VER)
+#define BREGEXP_EXPORT __declspec(dllexport)
+#elif __has_cpp_attribute(gnu::dllexport)
 #define BREGEXP_EXPORT [[gnu::dllexport]]
 #else
 #define BREGEXP_EXPORT [[gnu::visibility("default")]]
