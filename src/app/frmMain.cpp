@@ -265,7 +265,7 @@ void frmMain::ShowOptionDialog(OptionForm& form) {
 
 void frmMain::ShowVersionDialog() {
   frmVerInfo dialog(this, app_->RegexAvailable(), app_->Options().system.front,
-                    [this](const std::string& address) { Open(address, *this); });
+                    [this](const std::string& address) { (void)Open(address, *this); });
   dialog.ShowModal();
 }
 
@@ -273,14 +273,20 @@ void frmMain::ShowFolderList() {
   if (!frmDirShow_) {
     frmDirShow_ = new frmDirShow(this, app_->List(),
                                  [](const std::string& folder, wxWindow& owner) { (void)Open(folder, owner); });
+  } else {
+    frmDirShow_->Reload();
   }
   frmDirShow_->Show();
   frmDirShow_->Raise();
 }
 
 void frmMain::SetAlwaysOnTop(bool front) {
-  const long style = GetWindowStyleFlag();
-  SetWindowStyleFlag(front ? style | wxSTAY_ON_TOP : style & ~wxSTAY_ON_TOP);
+  for (wxTopLevelWindow* const window :
+       {static_cast<wxTopLevelWindow*>(this), static_cast<wxTopLevelWindow*>(frmDirShow_.get())}) {
+    if (window == nullptr) continue;
+    const long style = window->GetWindowStyleFlag();
+    window->SetWindowStyleFlag(front ? style | wxSTAY_ON_TOP : style & ~wxSTAY_ON_TOP);
+  }
   GetMenuBar()->Check(IdOf(Command::mnuFront), front);
 }
 

@@ -9,15 +9,7 @@
 #include <string_view>
 
 #include "bregexp/Substitution.h"
-
-// Each compiler has its own way, GCC's for Windows another than the one for Linux.
-#if defined(_MSC_VER)
-#define BREGEXP_EXPORT __declspec(dllexport)
-#elif __has_cpp_attribute(gnu::dllexport)
-#define BREGEXP_EXPORT [[gnu::dllexport]]
-#else
-#define BREGEXP_EXPORT [[gnu::visibility("default")]]
-#endif
+#include "platform/ExportedSymbol.h"
 
 namespace quillon::bregexp {
 namespace {
@@ -61,7 +53,7 @@ std::size_t Copy(std::string_view text, char* result, std::size_t capacity) {
 }  // namespace
 }  // namespace quillon::bregexp
 
-extern "C" BREGEXP_EXPORT BregexpReplace Replace;
+extern "C" QUILLON_EXPORTED BregexpReplace Replace;
 
 std::size_t Replace(const char* command, std::size_t commandLength, const char* target, std::size_t targetLength,
                     char* result, std::size_t capacity, void** compiled) {

@@ -1,6 +1,7 @@
 #include "controls/WrappedToFit.h"
 
-#include <algorithm>
+#include <wx/dcclient.h>
+
 #include <cstddef>
 
 #include "base/Text.h"
@@ -25,9 +26,9 @@ bool MayBreak(const wxString& line, std::size_t at) {
   return before == ' ' || !IsAscii(before) || !IsAscii(after);  // words stay whole
 }
 
-wxString Wrap(const wxWindow& control, const wxString& line, int width) {
+wxString Wrap(wxWindow& control, const wxString& line, int width) {
   wxArrayInt ends;  // of the text up to each character
-  wxClientDC dc(const_cast<wxWindow*>(&control));
+  wxClientDC dc(&control);
   dc.SetFont(control.GetFont());
   if (!dc.GetPartialTextExtents(line, ends)) return line;
   wxString wrapped;
@@ -46,7 +47,7 @@ wxString Wrap(const wxWindow& control, const wxString& line, int width) {
 
 }  // namespace
 
-wxString WrappedToFit(const wxWindow& control, std::string_view text, int width) {
+wxString WrappedToFit(wxWindow& control, std::string_view text, int width) {
   wxString wrapped;
   for (const std::string_view line : Split(text, '\n')) {
     if (!wrapped.empty()) wrapped += '\n';

@@ -9,6 +9,6 @@ namespace quillon {
 /// The text with line breaks added where a line would be wider than `width` pixels in the control's font. Japanese may
 /// break between any two characters, but no line begins with a closing mark or ends with an opening one; what is
 /// wider than the line all by itself stays so.
-[[nodiscard]] wxString WrappedToFit(const wxWindow& control, std::string_view text, int width);
+[[nodiscard]] wxString WrappedToFit(wxWindow& control, std::string_view text, int width);
 
 }  // namespace quillon

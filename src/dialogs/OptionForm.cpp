@@ -1,60 +1,51 @@
 #include "dialogs/OptionForm.h"
 
 #include <cstdint>
-#include <type_traits>
+#include <vector>
 
 #include "app/settings/SettingsTable.h"
 
 namespace quillon {
 namespace {
 
-bool Edits(const OptionControl& control, std::string_view section, std::string_view key) {
-  return control.section == section && control.key == key;
-}
-
-template <class Fields, class Visitor>
-void ForEachOf(Fields& fields, std::string_view section, std::string_view key, const Visitor& visit) {
+/// The fields that edit this setting; several option buttons may.
+std::vector<OptionField*> FieldsOf(OptionFields& fields, std::string_view section, std::string_view key) {
+  std::vector<OptionField*> found;
   for (auto& [name, field] : fields) {
-    if (Edits(*field.control, section, key)) visit(field);
+    if (field.control->section == section && field.control->key == key) found.push_back(&field);
   }
+  return found;
 }
 
-/// Fills fields with the settings that they edit.
-template <class Fields>
-struct FieldFiller {
-  Fields& fields;
+void Fill(OptionField& field, const std::string& setting) {
+  field.text = setting;
+}
 
-  template <class Member>
-  void operator()(std::string_view section, std::string_view key, const Member& member, SettingKind) const {
-    ForEachOf(fields, section, key, [&](auto& field) {
-      if constexpr (std::is_same_v<Member, std::string>) {
-        field.text = member;
-      } else if constexpr (std::is_integral_v<Member>) {
-        const bool on = member != 0;
-        field.checked = on == (field.control->value != 0);
-      }
-    });
-  }
-};
+void Fill(OptionField& field, std::int16_t setting) {
+  field.checked = setting == 1;
+}
 
-/// Copies fields into the settings that they edit.
-template <class Fields>
-struct FieldReader {
-  const Fields& fields;
+void Fill(OptionField& field, bool setting) {
+  field.checked = setting == (field.control->value == 1);
+}
 
-  template <class Member>
-  void operator()(std::string_view section, std::string_view key, Member& member, SettingKind kind) const {
-    if (kind == SettingKind::kReadOnly) return;
-    ForEachOf(fields, section, key, [&](const auto& field) {
-      if constexpr (std::is_same_v<Member, std::string>) {
-        member = field.text;
-      } else if constexpr (std::is_integral_v<Member>) {
-        const bool on = field.checked == (field.control->value != 0);
-        member = static_cast<Member>(on ? 1 : 0);
-      }
-    });
-  }
-};
+void Store(const OptionField& field, std::string& setting) {
+  setting = field.text;
+}
+
+void Store(const OptionField& field, std::int16_t& setting) {
+  setting = field.checked ? 1 : 0;
+}
+
+void Store(const OptionField& field, bool& setting) {
+  setting = field.checked == (field.control->value == 1);
+}
+
+// No control edits a window's place or width.
+template <class Setting>
+void Fill(OptionField&, const Setting&) {}
+template <class Setting>
+void Store(const OptionField&, Setting&) {}
 
 }  // namespace
 
@@ -65,7 +56,9 @@ OptionForm::OptionForm(OptionValues& options, ApplyModeSwitch& modeSwitch)
       for (const OptionControl& control : frame.controls) fields_[control.name] = {&control, false, {}};
     }
   }
-  VisitSettings(static_cast<const OptionValues&>(options_), FieldFiller<decltype(fields_)>{fields_});
+  VisitSettings(options_, [this](std::string_view section, std::string_view key, const auto& setting, SettingKind) {
+    for (OptionField* const field : FieldsOf(fields_, section, key)) Fill(*field, setting);
+  });
 }
 
 bool OptionForm::Enabled(std::string_view name) const {
@@ -80,10 +73,10 @@ bool OptionForm::Enabled(std::string_view name) const {
 }
 
 void OptionForm::Click(std::string_view name, bool checked, const std::function<void()>& show) {
-  Field& clicked = fields_.at(std::string(name));
+  OptionField& clicked = fields_.at(std::string(name));
   const OptionControl& control = *clicked.control;
   if (control.kind == OptionKind::kOptionButton) {
-    ForEachOf(fields_, control.section, control.key, [](Field& field) { field.checked = false; });
+    for (OptionField* const field : FieldsOf(fields_, control.section, control.key)) field->checked = false;
   }
   clicked.checked = checked;
   if (name == "chkAutoUpdate") {
@@ -101,7 +94,10 @@ void OptionForm::ClickMode(bool automatic, const std::function<void()>& show) {
 }
 
 void OptionForm::cmdOK() {
-  VisitSettings(options_, FieldReader<decltype(fields_)>{fields_});
+  VisitSettings(options_, [this](std::string_view section, std::string_view key, auto& setting, SettingKind kind) {
+    if (kind == SettingKind::kReadOnly) return;
+    for (const OptionField* const field : FieldsOf(fields_, section, key)) Store(*field, setting);
+  });
 }
 
 void OptionForm::cmdCancel() {

@@ -11,6 +11,14 @@
 
 namespace quillon {
 
+/// One control of the form.
+struct OptionField {
+  const OptionControl* control = nullptr;
+  bool checked = false;
+  std::string text;
+};
+using OptionFields = std::map<std::string, OptionField>;
+
 /// What frmOption shows and edits, by the names of its controls (see OptionPages). Unknown names are errors of the
 /// program and throw std::out_of_range.
 class OptionForm {
@@ -33,17 +41,11 @@ class OptionForm {
   void cmdCancel();
 
  private:
-  struct Field {
-    const OptionControl* control = nullptr;
-    bool checked = false;
-    std::string text;
-  };
-
   void ClickMode(bool automatic, const std::function<void()>& show);
 
   OptionValues& options_;
   ApplyModeSwitch& modeSwitch_;
-  std::map<std::string, Field> fields_;
+  OptionFields fields_;
   bool modeAtStart_;
   bool manual_;  // what is about applying by hand can be used
 };

@@ -22,7 +22,8 @@ enum MenuId : int { mnuOpen = wxID_HIGHEST + 1, mnuClose, mnuReload };
 
 long StyleOver(const wxWindow* parent) {
   const bool onTop = parent != nullptr && parent->HasFlag(wxSTAY_ON_TOP);
-  return wxDEFAULT_FRAME_STYLE | wxFRAME_FLOAT_ON_PARENT | (onTop ? wxSTAY_ON_TOP : 0);
+  // Minimised it would be nowhere: it has no button in the task bar.
+  return (wxDEFAULT_FRAME_STYLE & ~wxMINIMIZE_BOX) | wxFRAME_FLOAT_ON_PARENT | (onTop ? wxSTAY_ON_TOP : 0);
 }
 
 }  // namespace

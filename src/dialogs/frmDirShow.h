@@ -20,13 +20,14 @@ class frmDirShow final : public wxFrame {
   frmDirShow(wxWindow* parent, const FileList& list,
              std::function<void(const std::string& folder, wxWindow& owner)> open);
 
+  /// Reads the list anew; the selected folder stays selected, or the one in its place is.
+  void Reload();
+
  private:
   void MakeMenus();
   void MakeList();
   void BindEvents();
 
-  /// Reads the list anew; the selected folder stays selected, or the one in its place is.
-  void Reload();
   void OpenSelected();
   void OnCharHook(wxKeyEvent& event);
 

@@ -39,8 +39,10 @@ void frmOption::BindEvents() {
     }
   });
   // The dialog's own closing, its frame's button and Esc come as cmdCancel, too.
-  controls_.at("cmdOK")->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { End(wxID_OK); });
-  controls_.at("cmdCancel")->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { End(wxID_CANCEL); });
+  for (const int button : {wxID_OK, wxID_CANCEL}) {
+    Bind(
+        wxEVT_BUTTON, [this, button](wxCommandEvent&) { End(button); }, button);
+  }
 }
 
 void frmOption::OnClick(wxCommandEvent& event) {
@@ -57,7 +59,6 @@ void frmOption::OnText(wxCommandEvent& event) {
 // The system draws a disabled text box in the colours of a button's face, an enabled one in those of a window.
 void frmOption::ShowForm() {
   for (const auto& [name, control] : controls_) {
-    if (name == "cmdOK" || name == "cmdCancel") continue;
     if (auto* const box = dynamic_cast<wxCheckBox*>(control)) box->SetValue(form_.Checked(name));
     if (auto* const option = dynamic_cast<wxRadioButton*>(control)) option->SetValue(form_.Checked(name));
     if (auto* const text = dynamic_cast<wxTextCtrl*>(control); text && FromWx(text->GetValue()) != form_.Text(name)) {

@@ -1,5 +1,6 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
+#include <wx/panel.h>
 #include <wx/radiobut.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -42,8 +43,6 @@ void frmOption::Build() {
   ok->SetName("cmdOK");
   auto* const cancel = new wxButton(this, wxID_CANCEL, ToWx("キャンセル"));
   cancel->SetName("cmdCancel");
-  controls_["cmdOK"] = ok;
-  controls_["cmdCancel"] = cancel;
   auto* buttons = new wxStdDialogButtonSizer();
   buttons->AddButton(ok);
   buttons->AddButton(cancel);

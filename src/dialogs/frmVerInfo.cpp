@@ -119,8 +119,8 @@ wxWindow* frmVerInfo::MakeInformation(const std::string& text) {
 }
 
 /// As wide as the longest line; on a screen that is narrower the box breaks its lines, and is so much higher.
-wxSize frmVerInfo::SizeToRead(const wxTextCtrl& box, const std::string& text) const {
-  wxClientDC dc(const_cast<wxTextCtrl*>(&box));
+wxSize frmVerInfo::SizeToRead(wxTextCtrl& box, const std::string& text) const {
+  wxClientDC dc(&box);
   dc.SetFont(box.GetFont());
   const int screen = wxDisplay(GetParent()).GetClientArea().width;
   const int around = FromDIP(4 * kMargin);

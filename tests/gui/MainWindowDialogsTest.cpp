@@ -1,0 +1,120 @@
+#include <wx/button.h>
+#include <wx/listbox.h>
+#include <wx/statbox.h>
+
+#include "controls/WxText.h"
+#include "dialogs/OptionTable.h"
+#include "dialogs/frmDirShow.h"
+#include "gui/MainWindow.h"
+#include "gui/Settle.h"
+
+/// Version box, folder list and options as the main window opens them.
+namespace quillon::test {
+namespace {
+
+class DialogsOfMainWindow : public MainWindowTest {
+ protected:
+  [[nodiscard]] static frmDirShow* FolderList() {
+    return dynamic_cast<frmDirShow*>(wxWindow::FindWindowByName("frmDirShow"));
+  }
+
+  [[nodiscard]] static int ListedFolders() {
+    return static_cast<int>(dynamic_cast<wxListBox*>(wxWindow::FindWindowByName("lstDirShow"))->GetCount());
+  }
+
+  void ShowFolderList() const {
+    Run(Command::mnuDirShow);
+    ASSERT_TRUE(Until([] { return FolderList() != nullptr && FolderList()->IsShown(); }));
+    Settle();
+  }
+};
+
+TEST_F(DialogsOfMainWindow, TheVersionBoxKnowsTheStateOfTheProgram) {
+  for (const bool front : {false, true}) {
+    OptionValues options = Options();
+    options.system.front = front;
+    Open(options);
+    dialogs.Use([&](wxDialog& dialog) {
+      EXPECT_EQ(FromWx(dialog.GetTitle()), "バージョン情報");
+      EXPECT_EQ(dialog.HasFlag(wxSTAY_ON_TOP), front);
+      const auto* const text = dynamic_cast<wxTextCtrl*>(wxWindow::FindWindowByName("txtInfo", &dialog));
+      const std::string last = App().RegexAvailable() ? "BREGEXP.DLL : TRUE" : "BREGEXP.DLL : FALSE";
+      EXPECT_TRUE(FromWx(text->GetValue()).ends_with(last)) << FromWx(text->GetValue());
+      dialog.Close();
+    });
+    Run(Command::mnuVarInfo);
+    CloseWindow();
+  }
+}
+
+TEST_F(DialogsOfMainWindow, TheFolderListIsOneWindowThatTheCommandReadsAnew) {
+  folder.Write("a.txt", "a");
+  folder.MakeFolder("inner");
+  folder.Write("inner/b.txt", "b");
+  OptionValues options = Options();
+  options.list.subFolder = 1;
+  OpenFolder(options);
+  ShowFolderList();
+  const frmDirShow* const first = FolderList();
+  EXPECT_EQ(ListedFolders(), 2);
+  dialogs.Answer();
+  Run(Command::mnuAllClear);
+  EXPECT_EQ(ListedFolders(), 2) << "it shows the list as it was";
+  ShowFolderList();
+  EXPECT_EQ(FolderList(), first);
+  EXPECT_EQ(ListedFolders(), 0);
+  FolderList()->Close();
+  ASSERT_TRUE(Until([] { return FolderList() == nullptr; }));
+  ShowFolderList();
+}
+
+TEST_F(DialogsOfMainWindow, TheFolderListIsOnTopWithTheMainWindow) {
+  Open(Options());
+  ShowFolderList();
+  EXPECT_FALSE(FolderList()->HasFlag(wxSTAY_ON_TOP));
+  for (const bool front : {true, false}) {
+    Run(Command::mnuFront);
+    EXPECT_EQ(Frame().HasFlag(wxSTAY_ON_TOP), front);
+    EXPECT_EQ(FolderList()->HasFlag(wxSTAY_ON_TOP), front);
+  }
+}
+
+TEST_F(DialogsOfMainWindow, TheFolderListGoesWithTheMainWindow) {
+  Open(Options());
+  ShowFolderList();
+  CloseWindow();
+  EXPECT_TRUE(Until([] { return FolderList() == nullptr; }));
+}
+
+TEST_F(DialogsOfMainWindow, TheFramesOfTheOptionsHaveTheirCaptionsAndToolTips) {
+  Open(Options());
+  dialogs.Use([](wxDialog& dialog) {
+    for (const OptionPage& page : OptionPages()) {
+      for (const OptionFrame& frame : page.frames) {
+        const wxWindow* const first = wxWindow::FindWindowByName(frame.controls.front().name, &dialog);
+        const auto* const box = dynamic_cast<wxStaticBox*>(first->GetParent());
+        ASSERT_NE(box, nullptr) << frame.caption;
+        EXPECT_EQ(FromWx(box->GetLabelText()), frame.caption);
+        EXPECT_EQ(FromWx(box->GetToolTipText()), frame.toolTip) << frame.caption;
+      }
+    }
+    dialog.Close();
+  });
+  Run(Command::mnuOption);
+}
+
+TEST_F(DialogsOfMainWindow, TheMainWindowIsNotClosedUnderTheOptions) {
+  Open(Options());
+  dialogs.Use([this](wxDialog& dialog) {
+    Frame().Close();
+    Settle();
+    EXPECT_TRUE(IsOpen());
+    EXPECT_TRUE(dialog.IsShown());
+    dialog.Close();
+  });
+  Post(Command::mnuOption);
+  EXPECT_TRUE(Until([this] { return !IsOpen(); })) << "but after them";
+}
+
+}  // namespace
+}  // namespace quillon::test
