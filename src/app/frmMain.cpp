@@ -35,6 +35,17 @@ int Open(const std::string& target, wxWindow& owner) {
   return OpenWithShell(target, reinterpret_cast<std::uintptr_t>(owner.GetHandle()));
 }
 
+/// Where a window can be seen whole that was at this place once, when the screens may have been others: moved into the
+/// screen that its title bar is on, or centred when that is gone.
+wxRect OnItsScreen(wxRect window, int halfTitleBar, wxPoint centred) {
+  const int screen = wxDisplay::GetFromPoint(window.GetTopLeft() + wxPoint(window.width / 2, halfTitleBar));
+  if (screen == wxNOT_FOUND) return {centred, window.GetSize()};
+  const wxRect area = wxDisplay(static_cast<unsigned>(screen)).GetClientArea();
+  window.x = std::max(area.x, std::min(window.x, area.x + area.width - window.width));
+  window.y = std::max(area.y, std::min(window.y, area.y + area.height - window.height));
+  return window;
+}
+
 /// A measure in twips, kept as it was read while it still stands for these pixels: rounding must not add up over runs.
 template <class Twips>
 void Keep(const wxWindow& window, Twips& twips, int pixels) {
@@ -163,19 +174,18 @@ void frmMain::ComeForward() {
 
 void frmMain::ApplySettings() {
   const OptionValues::Window& window = app_->Options().window;
-  const ScreenMetrics screen = QueryScreen();
+  const ScreenMetrics metrics = QueryScreen();
+  const wxSize screen(metrics.width, metrics.height);
   wxSize size(ToPixels(*this, window.width), ToPixels(*this, window.height));
-  size.DecTo(wxSize(screen.width, screen.height));
-  wxPoint place(screen.width / 2 - size.x / 2, screen.height / 2 - size.y / 2);
-  const wxPoint centred = place;
+  size.DecTo(screen);
+  const wxPoint centred(screen.x / 2 - size.x / 2, screen.y / 2 - size.y / 2);
+  wxPoint place = centred;
   if (window.left) place.x = ToPixels(*this, *window.left);
   if (window.top) place.y = ToPixels(*this, *window.top);
-  // A screen that is gone: the window would be nowhere to be seen.
-  const bool visible = wxDisplay::GetFromPoint(place + wxPoint(size.x / 2, FromDIP(kTitleBar))) != wxNOT_FOUND;
   wxSize smallest = SmallestSize(*this);
-  smallest.DecTo(wxSize(screen.width, screen.height));
+  smallest.DecTo(screen);
   SetMinSize(smallest);
-  SetSize(wxRect(visible ? place : centred, size));
+  SetSize(OnItsScreen(wxRect(place, size), FromDIP(kTitleBar), centred));
   for (int i = 0; i < kColumnCount; ++i) {
     const auto column = static_cast<Column>(i);
     const int width = ToPixels(*this, window.columnWidths.at(static_cast<std::size_t>(i)));
@@ -271,13 +281,18 @@ void frmMain::ShowVersionDialog() {
 
 void frmMain::ShowFolderList() {
   if (!frmDirShow_) {
-    frmDirShow_ = new frmDirShow(this, app_->List(),
-                                 [](const std::string& folder, wxWindow& owner) { (void)Open(folder, owner); });
+    frmDirShow_ = new frmDirShow(
+        this, app_->List(), [this](const std::string& folder, wxWindow& owner) { OpenListedFolder(folder, owner); });
   } else {
     frmDirShow_->Reload();
   }
   frmDirShow_->Show();
   frmDirShow_->Raise();
+}
+
+void frmMain::OpenListedFolder(const std::string& folder, wxWindow& owner) {
+  if (Open(folder, owner) > kShellMostFailures) return;
+  WxMessageBoxes(&owner).Show({"フォルダ一覧", "フォルダを開けませんでした\r\n" + folder, MessageIcon::kExclamation});
 }
 
 void frmMain::SetAlwaysOnTop(bool front) {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "controls/Pictures.h"
+#include "controls/Twips.h"
 #include "controls/WxText.h"
 #include "dialogs/ListedFolders.h"
 #include "platform/desktop/AccessibleName.h"
@@ -15,8 +16,8 @@
 namespace quillon {
 namespace {
 
-constexpr int kWidth = 420;   // DIP
-constexpr int kHeight = 300;  // DIP
+constexpr int kWidth = 6300;   // twips
+constexpr int kHeight = 4500;  // twips
 
 enum MenuId : int { mnuOpen = wxID_HIGHEST + 1, mnuClose, mnuReload };
 
@@ -40,7 +41,7 @@ frmDirShow::frmDirShow(wxWindow* parent, const FileList& list,
   MakeList();
   BindEvents();
   Reload();
-  SetClientSize(FromDIP(wxSize(kWidth, kHeight)));
+  SetClientSize(wxSize(ToPixels(*this, kWidth), ToPixels(*this, kHeight)));
   CentreOnParent();
   lstDirShow_->SetFocus();
 }

@@ -1,10 +1,14 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
+#include <wx/display.h>
 #include <wx/panel.h>
 #include <wx/radiobut.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
+#include <algorithm>
+
+#include "app/settings/basINIControl.h"
 #include "controls/TextBox.h"
 #include "controls/WrappedToFit.h"
 #include "controls/WxText.h"
@@ -17,11 +21,12 @@
 namespace quillon {
 namespace {
 
-constexpr int kGap = 8;          // DIP
-constexpr int kSmallGap = 4;     // DIP
-constexpr int kIndent = 20;      // DIP
-constexpr int kTextWidth = 200;  // DIP, at least
-constexpr int kNoteLine = 40;    // characters, at most
+constexpr int kGap = 8;           // DIP
+constexpr int kSmallGap = 4;      // DIP
+constexpr int kIndent = 20;       // DIP
+constexpr int kTextWidth = 200;   // DIP, at least
+constexpr int kAroundNote = 100;  // DIP
+constexpr int kNoteLine = 40;     // characters, at most
 
 bool StandsBeside(const OptionControl& control) {
   return control.kind == OptionKind::kTextBox || control.kind == OptionKind::kButton;
@@ -125,6 +130,7 @@ wxWindow* frmOption::MakeControl(wxWindow* parent, const OptionControl& control,
 // The check box beside it is seen, not heard.
 wxWindow* frmOption::MakeTextBox(wxWindow* parent, const OptionControl& control) {
   auto* const box = new TextBox(parent);
+  box->SetMaxLength(IniFile::kLongestValue);  // more would be gone after the next start
   box->SetMinSize(wxSize(FromDIP(kTextWidth), -1));
   const wxString caption = dynamic_cast<wxCheckBox*>(controls_.at(control.checkBox))->GetLabelText();
   SetAccessibleName(box->GetHandle(), FromWx(caption.BeforeFirst('(')) + "の拡張子");
@@ -132,8 +138,10 @@ wxWindow* frmOption::MakeTextBox(wxWindow* parent, const OptionControl& control)
 }
 
 wxWindow* frmOption::MakeNote(wxWindow* parent, const OptionControl& control) {
-  return new wxStaticText(parent, wxID_ANY,
-                          WrappedToFit(*parent, control.caption, kNoteLine * parent->GetTextExtent(ToWx("あ")).x));
+  // No wider than the screen lets the dialog be, however large the text.
+  const int screen = wxDisplay(GetParent()).GetClientArea().width;
+  const int width = std::min(kNoteLine * parent->GetTextExtent(ToWx("あ")).x, screen - FromDIP(kAroundNote));
+  return new wxStaticText(parent, wxID_ANY, WrappedToFit(*parent, control.caption, width));
 }
 
 }  // namespace quillon

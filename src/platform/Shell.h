@@ -6,10 +6,11 @@
 /// Documents and folders opened with the program that the desktop keeps for them.
 namespace quillon {
 
-/// `OpenWithShell`'s answers that callers tell apart; any other up to 32 is a failure of the system's own, above 32 is
-/// success.
+/// `OpenWithShell`'s answers that callers tell apart; any other up to kShellMostFailures is a failure of the system's
+/// own, above is success.
 inline constexpr int kShellFileNotFound = 2;
 inline constexpr int kShellNoProgram = 31;
+inline constexpr int kShellMostFailures = 32;  ///< answers up to this one are failures
 inline constexpr int kShellOpened = 42;
 
 /// Opens a file, a folder (its path may end in a separator) or an address ("https://...") with the verb "Open", shown

@@ -2,6 +2,8 @@
 #include <wx/listbox.h>
 #include <wx/statbox.h>
 
+#include <filesystem>
+
 #include "controls/WxText.h"
 #include "dialogs/OptionTable.h"
 #include "dialogs/frmDirShow.h"
@@ -77,6 +79,23 @@ TEST_F(DialogsOfMainWindow, TheFolderListIsOnTopWithTheMainWindow) {
     EXPECT_EQ(Frame().HasFlag(wxSTAY_ON_TOP), front);
     EXPECT_EQ(FolderList()->HasFlag(wxSTAY_ON_TOP), front);
   }
+}
+
+TEST_F(DialogsOfMainWindow, AFolderThatIsGoneIsTold) {
+  folder.MakeFolder("gone");
+  folder.Write("gone/a.txt", "a");
+  Open(Options(), {folder.At("gone")});
+  ShowFolderList();
+  std::filesystem::remove_all(std::filesystem::u8path(folder.At("gone")));
+  dialogs.Answer();
+  auto* const list = dynamic_cast<wxListBox*>(wxWindow::FindWindowByName("lstDirShow"));
+  wxCommandEvent event(wxEVT_LISTBOX_DCLICK, list->GetId());
+  event.SetEventObject(list);
+  list->ProcessWindowEvent(event);
+  const std::vector<Message> shown = dialogs.TakeShown();
+  ASSERT_EQ(shown.size(), 1u);
+  EXPECT_EQ(shown.front().caption, "フォルダ一覧");
+  EXPECT_TRUE(shown.front().text.starts_with("フォルダを開けませんでした\n")) << shown.front().text;
 }
 
 TEST_F(DialogsOfMainWindow, TheFolderListGoesWithTheMainWindow) {

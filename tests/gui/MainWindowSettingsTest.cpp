@@ -113,6 +113,33 @@ TEST_F(SettingsOfMainWindow, APlaceOnNoScreenIsNotTaken) {
   EXPECT_TRUE(wxRect(wxGetDisplaySize()).Contains(Frame().GetRect().GetTopLeft()));
 }
 
+TEST_F(SettingsOfMainWindow, APlaceOnALargerScreenIsMovedIntoThisOne) {
+  const wxRect screen(wxGetDisplaySize());
+  const wxPoint places[] = {{screen.width - 400, 50}, {50, screen.height - 60}, {-200, 50}};
+  for (const wxPoint& place : places) {
+    OptionValues options = Options();
+    Open(options);
+    options.window.left = ToTwips(Frame(), place.x);
+    options.window.top = ToTwips(Frame(), place.y);
+    CloseWindow();
+    Open(options);
+    EXPECT_TRUE(screen.Contains(Frame().GetRect()))
+        << place.x << ", " << place.y << ": " << Frame().GetRect().x << ", " << Frame().GetRect().y;
+    CloseWindow();
+  }
+}
+
+TEST_F(SettingsOfMainWindow, AWindowLargerThanTheScreenIsMadeAsLarge) {
+  OptionValues options = Options();
+  options.window.left = options.window.top = 1500;
+  options.window.width = 100000;
+  options.window.height = 90000;
+  Open(options);
+  EXPECT_TRUE(wxRect(wxGetDisplaySize()).Contains(Frame().GetRect()))
+      << Frame().GetRect().x << ", " << Frame().GetRect().y << ", " << Frame().GetRect().width << ", "
+      << Frame().GetRect().height;
+}
+
 TEST_F(SettingsOfMainWindow, ClosingWritesEverySettingButTheApplyMode) {
   OptionValues options = Options();
   options.update.autoUpdate = 1;
