@@ -45,7 +45,8 @@ set(CPACK_PACKAGE_DESCRIPTION
 It reads the titles and artists of MIDI and MP3 files from their contents
 and turns them into file names, edits names by rules (find and replace,
 regular expressions, full and half width, letter case), moves and deletes
-files, and plays MIDI, MP3, WAVE, MPEG and AVI files. A rename never replaces another file.
+files, and plays MIDI, MP3, WAVE, MPEG and AVI files. A rename never
+replaces another file.
 
 The user interface is in Japanese. The command-line program quillon-cli does
 the same in scripts.")
