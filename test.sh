@@ -44,14 +44,14 @@ count_results() {
 }
 
 # Most of a suite's time goes by waiting, for windows and for music: what has time runs beside it.
-# beside NAME COMMAND...: begins.
+# beside NAME NICENESS COMMAND...: begins. What something else waits for goes before what can wait until the end.
 declare -A beside_process beside_log
 trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
 beside() {
-  local name=$1
-  shift
+  local name=$1 niceness=$2
+  shift 2
   beside_log[$name]=$(mktemp)
-  nice -n 19 "$@" >"${beside_log[$name]}" 2>&1 &
+  nice -n "$niceness" "$@" >"${beside_log[$name]}" 2>&1 &
   beside_process[$name]=$!
 }
 
@@ -90,11 +90,11 @@ build_suite "Linux" linux -DQUILLON_BENCHMARKS=ON
 if $quick; then
   test_suite "Linux" linux
 else
-  beside style scripts/style.sh
+  beside style 19 scripts/style.sh
   test_suite "Linux" linux
 
   build_suite "Linux with sanitizers" linux-asan
-  beside libraries scripts/windows-libraries.sh
+  beside libraries 5 scripts/windows-libraries.sh
   test_suite "Linux with sanitizers" linux-asan
   end_beside libraries || fail "the libraries for Windows could not be built"
 
@@ -105,7 +105,7 @@ else
   ./package.sh || failed=1
   rm -rf build/packages/results
   for system in linux windows; do
-    beside "packages-$system" /usr/bin/python3 -B tests/packaging/packaging.py "$system" --packages dist \
+    beside "packages-$system" 10 /usr/bin/python3 -B tests/packaging/packaging.py "$system" --packages dist \
       --wine scripts/wine.sh --results "build/packages/results/packaging-$system.xml"
   done
   test_suite "Windows under Wine" windows

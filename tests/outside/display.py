@@ -7,6 +7,7 @@ import re
 import shutil
 import signal
 import subprocess
+import sys
 import tempfile
 
 from wait import until
@@ -34,17 +35,37 @@ class Display:
         self._processes = []
         self._use_private_folders()
         try:
-            os.environ["DISPLAY"] = ":" + self._start_and_read(["Xvfb", "-displayfd", "{fd}", "-screen", "0", _SCREEN])
-            bus = ["dbus-daemon", "--session", "--nofork", "--print-address={fd}"]
-            os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read(bus)
-            self._start(["openbox", "--sm-disable"])
-            until(lambda: "window id" in _output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+            self._start_all()
         except BaseException:
             self.close()
             raise
 
+    def _start_all(self):
+        """A screen whose number another one has just given up does not always come up: then there is a next one."""
+        for attempts_left in (2, 1, 0):
+            try:
+                self._start_screen()
+                return
+            except AssertionError as failure:
+                if attempts_left == 0:
+                    raise
+                print(f"the screen {os.environ.get('DISPLAY')} is given up: {failure}", file=sys.stderr)
+                self._end_processes()
+
+    def _start_screen(self):
+        os.environ["DISPLAY"] = ":" + self._start_and_read(["Xvfb", "-displayfd", "{fd}", "-screen", "0", _SCREEN])
+        bus = ["dbus-daemon", "--session", "--nofork", "--print-address={fd}"]
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read(bus)
+        self._start(["openbox", "--sm-disable"])
+        until(lambda: "window id" in _output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+
     def close(self):
-        """Ends what was started, the last first."""
+        """Ends what was started."""
+        self._end_processes()
+        self._folder.cleanup()
+
+    def _end_processes(self):
+        """The last first."""
         for process in reversed(self._processes):
             process.send_signal(signal.SIGTERM)
             try:
@@ -53,7 +74,6 @@ class Display:
                 process.kill()
                 process.wait()
         self._processes = []
-        self._folder.cleanup()
 
     def _use_private_folders(self):
         folder = pathlib.Path(self._folder.name)
