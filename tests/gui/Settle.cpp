@@ -7,7 +7,7 @@
 namespace quillon::test {
 namespace {
 
-constexpr long kPatience = 2000;
+constexpr long kPatience = 10000;
 constexpr long kQuiet = 150;
 constexpr unsigned long kPause = 5;
 

@@ -146,7 +146,7 @@ class Debian(unittest.TestCase):
         self.assertIn(f'version="{product.version()}"', metainfo.read_text(encoding="utf-8"))
 
     def test_lintian_finds_no_errors_and_no_warnings(self):
-        status, said = run("lintian", "--allow-root", "--fail-on", "error,warning", self.package, seconds=120)
+        status, said = run("lintian", "--allow-root", "--fail-on", "error,warning", self.package, seconds=600)
         self.assertEqual(status, 0, said)
         self.assertNotRegex(said, r"(?m)^[EW]:")
 
