@@ -3,6 +3,13 @@
 set(QUILLON_URL "https://quillon.example.org/")
 set(QUILLON_COPYRIGHT "Copyright (C) 2026 The Quillon developers")
 set(QUILLON_MAINTAINER "The Quillon developers <quillon@quillon.example.org>")
+# What Windows shows of each of the files.
+set(QUILLON_DESCRIPTION_JA "Quillon ファイル名一括変更")
+set(QUILLON_DESCRIPTION_EN "Quillon file renamer")
+set(QUILLON_CLI_DESCRIPTION_JA "Quillon ファイル名一括変更 (コマンドライン)")
+set(QUILLON_CLI_DESCRIPTION_EN "Quillon file renamer (command line)")
+set(QUILLON_BREGEXP_DESCRIPTION_JA "Quillon 正規表現ライブラリ")
+set(QUILLON_BREGEXP_DESCRIPTION_EN "Quillon regular expressions")
 # The name by which desktops know the program.
 set(QUILLON_APPLICATION_ID "org.example.quillon")
 

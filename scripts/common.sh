@@ -37,7 +37,7 @@ linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev li
 play_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
   gstreamer1.0-x gstreamer1.0-alsa gstreamer1.0-pulseaudio timgm6mb-soundfont)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev libxcb1-dev gstreamer1.0-tools locales libxml2-utils
-  util-linux fp-utils-3.2.2 libchm-dev libxml2-dev)
+  util-linux strace fp-utils-3.2.2 libchm-dev libxml2-dev)
 # What the window needs to look as it should, and to be asked whether a display is there.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
 # What tests, pictures and benchmarks of the window need: a display of its own, keys and clicks, accessibility.
@@ -47,7 +47,7 @@ window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotoo
 sound_packages=(pulseaudio pulseaudio-utils util-linux gstreamer1.0-tools)
 windows_packages=("${sound_packages[@]}" fp-utils-3.2.2 g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
 # What makes the packages (package.sh), and what checks them.
-package_packages=(file librsvg2-bin nsis fp-utils-3.2.2 lintian desktop-file-utils appstream debootstrap man-db)
+package_packages=(file librsvg2-bin nsis fp-utils-3.2.2 lintian devscripts desktop-file-utils appstream debootstrap man-db)
 style_packages=(clang-format clang-tidy)
 
 quillon_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon

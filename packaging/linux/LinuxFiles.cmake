@@ -46,6 +46,8 @@ foreach(page quillon quillon-cli ja/quillon ja/quillon-cli)
   run(gzip --best --no-name ${page_file})
 endforeach()
 
+configure_file(${templates}/lintian-overrides ${share}/lintian/overrides/quillon COPYONLY)
+
 # stanza OUTPUT TEXT: the text as the form of Debian's copyright files wants it.
 function(stanza output text)
   string(STRIP "${text}" text)

@@ -4,6 +4,7 @@
 
 #include "app/settings/SettingsFile.h"
 #include "app/settings/basINIControl.h"
+#include "base/Finally.h"
 #include "filelist/paths/basFileControl.h"
 #include "media/MediaInfo.h"
 #include "platform/Shell.h"
@@ -47,19 +48,24 @@ void Application::Start() {
 void Application::Run(const std::function<void()>& action) {
   if (running_) return;
   running_ = true;
-  action();
+  const Finally done([this] { running_ = false; });
+  try {
+    action();
+  } catch (...) {
+    const Finally shown([this] { editing_.Refresh(); });
+    throw;
+  }
   editing_.Refresh();
-  running_ = false;
 }
 
 // What may last: the window repaints meanwhile but takes no orders.
 void Application::RunAnswerless(const std::function<void()>& action) {
   Run([&] {
     ports_.main.SetAnswering(false);
+    const Finally answers([this] { ports_.main.SetAnswering(true); });
     (void)editing_.MayLeaveRow();  // an emptied name comes back before anything is done with it
     action();
     passedOver_.Tell(ports_.boxes);
-    ports_.main.SetAnswering(true);
   });
 }
 
@@ -257,7 +263,7 @@ void Application::RenameBoxClicked() {
 
 bool Application::SaveSettings(WindowGeometry geometry) {
   IniFile file(paths_.settings);
-  file.Load();
+  if (!file.Load()) return false;
   WriteOptionValues(file, options_, geometry);
   return file.Save();
 }

@@ -138,7 +138,7 @@ class Application : private FilePanel {
 
   void WindowResized() { information_.RefillFileName(); }
 
-  /// Writes every setting but the stored apply mode. False when the file cannot be written.
+  /// Writes every setting but the stored apply mode. False when the file cannot be read or written.
   bool SaveSettings(WindowGeometry geometry);
 
  private:

@@ -22,8 +22,8 @@ constexpr std::array kEntries = {
     CommandEntry{mnuAllRename, "すべてタイトルにリネーム(&R)", "Ctrl+Shift+T", Needs::kRows},
     CommandEntry{mnuModify, "チェックアイテムのリネーム名を編集(&E)...", "Ctrl+E", Needs::kCheckedRows},
     CommandEntry{mnuAllModify, "すべてリネーム名を編集(&A)...", "Ctrl+Shift+E", Needs::kRows},
-    CommandEntry{mnuUndo, "チェックアイテムを元に戻す(&U)", "Ctrl+R", Needs::kCheckedRows, true},
-    CommandEntry{mnuAllUndo, "すべて元に戻す(&B)", "Ctrl+Shift+R", Needs::kRows, true},
+    CommandEntry{mnuUndo, "チェックアイテムのリネーム名を元に戻す(&U)", "Ctrl+R", Needs::kCheckedRows, true},
+    CommandEntry{mnuAllUndo, "すべてのリネーム名を元に戻す(&B)", "Ctrl+Shift+R", Needs::kRows, true},
     CommandEntry{mnuMove, "チェックアイテムを移動(&M)...", "Ctrl+M", Needs::kCheckedRows},
     CommandEntry{mnuAllMove, "すべてファイルを移動(&L)...", "Ctrl+Shift+M", Needs::kRows},
     CommandEntry{mnuAllChk, "すべてチェックする(&K)", "Ctrl+K", Needs::kRows},
@@ -44,7 +44,7 @@ constexpr std::array kEntries = {
     CommandEntry{mnuVarInfo, "バージョン情報(&A)...", ""},
     CommandEntry{mnuThisUpdate, "ファイルに適応(&U)", "", Needs::kSelectedRow, true},
     CommandEntry{mnuThisRename, "タイトルにリネーム(&T)", "", Needs::kSelectedRow},
-    CommandEntry{mnuThisUndo, "元に戻す(&Z)", "", Needs::kSelectedRow, true},
+    CommandEntry{mnuThisUndo, "元に戻す(&Z)", "", Needs::kSelectedRow},
     CommandEntry{mnuThisEditRenameName, "リネーム名の変更(&E)", "F2", Needs::kSelectedRow},
     CommandEntry{mnuThisMove, "ファイルを移動(&M)...", "", Needs::kSelectedRow},
     CommandEntry{mnuThisDel, "ファイルを削除(&D)", "Del", Needs::kSelectedRow},
@@ -92,6 +92,11 @@ const CommandEntry& EntryOf(Command command) {
   const auto* const found = std::find_if(kEntries.begin(), kEntries.end(),
                                          [command](const CommandEntry& entry) { return entry.command == command; });
   return found == kEntries.end() ? kNone : *found;
+}
+
+std::string PlainCaption(Command command) {
+  std::string caption = EntryOf(command).caption;
+  return caption.substr(0, caption.find("(&"));
 }
 
 bool IsEnabled(Command command, const CommandState& state) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 
 #include "app/settings/ApplyMode.h"
 #include "filelist/FileList.h"
@@ -76,6 +77,8 @@ struct CommandState {
 
 /// The command's entry; every command but kSeparator has one.
 [[nodiscard]] const CommandEntry& EntryOf(Command command);
+/// The caption without its access key and dots.
+[[nodiscard]] std::string PlainCaption(Command command);
 [[nodiscard]] bool IsEnabled(Command command, const CommandState& state);
 
 struct MenuEntries {

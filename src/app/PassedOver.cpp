@@ -2,10 +2,13 @@
 
 #include <utility>
 
+#include "filelist/paths/basFileControl.h"
+
 namespace quillon {
 namespace {
 
 constexpr std::size_t kMostNamed = 5;
+constexpr std::size_t kLongestNamed = 200;  // characters: a box must fit the screen
 
 }  // namespace
 
@@ -19,21 +22,28 @@ void PassedOverPaths::End() {
   status_.ShowAgain();
 }
 
-void PassedOverPaths::PassedOver(const std::string& path) {
-  ++count_;
-  if (named_.size() < kMostNamed) named_.push_back(path);
-  display_.PassedOver(path);
+void PassedOverPaths::PassedOver(const std::string& path, Obstacle obstacle) {
+  Paths& paths = obstacle == Obstacle::kTooDeep ? tooDeep_ : noAccess_;
+  ++paths.count;
+  if (paths.named.size() < kMostNamed) paths.named.push_back(ShortenPath(path, kLongestNamed));
+  display_.PassedOver(path, obstacle);
+}
+
+std::string PassedOverPaths::Text(const Paths& paths, const char* what) {
+  if (paths.count == 0) return {};
+  std::string text = std::to_string(paths.count) + what + "\r\n";
+  for (const std::string& path : paths.named) text += "\r\n" + path;
+  if (paths.named.size() < static_cast<std::size_t>(paths.count)) text += "\r\n...";
+  return text;
 }
 
 void PassedOverPaths::Tell(MessageBoxes& boxes) {
-  const int count = std::exchange(count_, 0);
-  const std::vector<std::string> named = std::exchange(named_, {});
-  if (count == 0) return;
   std::string text =
-      std::to_string(count) + " 個のフォルダ または ファイルにアクセスできないため、読み込みませんでした\r\n";
-  for (const std::string& path : named) text += "\r\n" + path;
-  if (named.size() < static_cast<std::size_t>(count)) text += "\r\n...";
-  boxes.Show({"フォルダ参照", text, MessageIcon::kExclamation});
+      Text(std::exchange(noAccess_, {}), " 個のフォルダ または ファイルにアクセスできないため、読み込みませんでした");
+  const std::string deep = Text(std::exchange(tooDeep_, {}), " 個のフォルダは階層が深すぎるため、読み込みませんでした");
+  if (!text.empty() && !deep.empty()) text += "\r\n\r\n";
+  text += deep;
+  if (!text.empty()) boxes.Show({"フォルダ参照", text, MessageIcon::kExclamation});
 }
 
 }  // namespace quillon

@@ -17,17 +17,23 @@ class PassedOverPaths final : public SearchDisplay {
 
   void Begin(const std::string& status, const std::string& target) override;
   void ShowFolder(const std::string& folder) override { display_.ShowFolder(folder); }
-  void PassedOver(const std::string& path) override;
+  void PassedOver(const std::string& path, Obstacle obstacle) override;
   void End() override;
 
-  /// Says how many there were, and names the first ones; nothing when there were none. Forgets them.
+  /// Says for each obstacle how many there were, and names the first ones; nothing when there were none. Forgets them.
   void Tell(MessageBoxes& boxes);
 
  private:
+  struct Paths {
+    int count = 0;
+    std::vector<std::string> named;
+  };
+  static std::string Text(const Paths& paths, const char* what);
+
   SearchDisplay& display_;
   SelectionStatus& status_;
-  std::vector<std::string> named_;
-  int count_ = 0;
+  Paths noAccess_;
+  Paths tooDeep_;
 };
 
 }  // namespace quillon

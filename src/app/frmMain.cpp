@@ -10,11 +10,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Finally.h"
+#include "controls/AlwaysOnTop.h"
 #include "controls/DialogPattern.h"
 #include "controls/Pictures.h"
 #include "controls/TopmostDialog.h"
 #include "controls/Twips.h"
 #include "controls/WxText.h"
+#include "dialogs/ListedFolders.h"
 #include "dialogs/frmOption.h"
 #include "dialogs/frmVerInfo.h"
 #include "platform/Shell.h"
@@ -26,10 +29,11 @@ namespace quillon {
 namespace {
 
 constexpr std::chrono::milliseconds kShowDuringLoadAfter(500);
-constexpr int kTitleBar = 12;        // DIP: half of its height
-constexpr int kSmallestList = 40;    // DIP: less than what usual fonts leave
-constexpr int kFirstListSize = 200;  // DIP
-constexpr int kWidestColumn = 4000;  // DIP
+constexpr int kTitleBar = 12;         // DIP: half of its height
+constexpr int kSmallestList = 40;     // DIP: less than what usual fonts leave
+constexpr int kFirstListSize = 200;   // DIP
+constexpr int kWidestColumn = 4000;   // DIP
+constexpr int kNarrowestColumn = 20;  // DIP: the header of a narrower one cannot be seen or dragged
 
 int Open(const std::string& target, wxWindow& owner) {
   return OpenWithShell(target, reinterpret_cast<std::uintptr_t>(owner.GetHandle()));
@@ -129,9 +133,11 @@ void frmMain::NameControls() {
 
 void frmMain::Start(const std::vector<std::string>& paths) {
   started_ = std::chrono::steady_clock::now();
+  const Finally shown([this] {
+    ShowLaidOut();
+    lvwFiles_->Window().SetFocus();
+  });
   app_->LoadPaths(paths);
-  ShowLaidOut();
-  lvwFiles_->Window().SetFocus();
 }
 
 // A load from the command line that lasts shows the window, so that there is something to look at.
@@ -189,7 +195,7 @@ void frmMain::ApplySettings() {
   for (int i = 0; i < kColumnCount; ++i) {
     const auto column = static_cast<Column>(i);
     const int width = ToPixels(*this, window.columnWidths.at(static_cast<std::size_t>(i)));
-    lvwFiles_->SetColumnWidth(column, std::clamp(width, 0, FromDIP(kWidestColumn)));
+    lvwFiles_->SetColumnWidth(column, std::clamp(width, FromDIP(kNarrowestColumn), FromDIP(kWidestColumn)));
   }
   std::int16_t& repeat = app_->Options().player.repeat;
   repeat = repeat != 0 ? 1 : 0;
@@ -281,8 +287,10 @@ void frmMain::ShowVersionDialog() {
 
 void frmMain::ShowFolderList() {
   if (!frmDirShow_) {
-    frmDirShow_ = new frmDirShow(
-        this, app_->List(), [this](const std::string& folder, wxWindow& owner) { OpenListedFolder(folder, owner); });
+    frmDirShow_ = new frmDirShow(this, app_->List(), [](const std::string& folder, wxWindow& owner) {
+      WxMessageBoxes boxes(&owner);
+      TellOfOpening(folder, Open(folder, owner), boxes);
+    });
   } else {
     frmDirShow_->Reload();
   }
@@ -290,18 +298,9 @@ void frmMain::ShowFolderList() {
   frmDirShow_->Raise();
 }
 
-void frmMain::OpenListedFolder(const std::string& folder, wxWindow& owner) {
-  if (Open(folder, owner) > kShellMostFailures) return;
-  WxMessageBoxes(&owner).Show({"フォルダ一覧", "フォルダを開けませんでした\r\n" + folder, MessageIcon::kExclamation});
-}
-
 void frmMain::SetAlwaysOnTop(bool front) {
-  for (wxTopLevelWindow* const window :
-       {static_cast<wxTopLevelWindow*>(this), static_cast<wxTopLevelWindow*>(frmDirShow_.get())}) {
-    if (window == nullptr) continue;
-    const long style = window->GetWindowStyleFlag();
-    window->SetWindowStyleFlag(front ? style | wxSTAY_ON_TOP : style & ~wxSTAY_ON_TOP);
-  }
+  SetOnTop(*this, front);
+  if (frmDirShow_) SetOnTop(*frmDirShow_, front);
   GetMenuBar()->Check(IdOf(Command::mnuFront), front);
 }
 

@@ -102,7 +102,6 @@ class frmMain final : public wxFrame,
   void UpdateCommands();
   void ApplySettings();
   void KeepSettings();
-  void OpenListedFolder(const std::string& folder, wxWindow& owner);
   void BeforeYield();
   void ShowLaidOut();
   void GrowSmallestSize();

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/frmMain.h"
+#include "controls/GuardedApp.h"
 #include "controls/Pictures.h"
 #include "controls/WxText.h"
 #include "controls/basLoadFileIcon.h"
@@ -204,6 +205,7 @@ void frmMain::Run(Command command) {
   }
   if (command == Command::mnuFront)
     SetAlwaysOnTop(app_->Options().system.front);  // the menu has turned its mark already
+  const RunningCommand running(PlainCaption(command));
   app_->Execute(command);
   UpdateCommands();
 }
@@ -235,7 +237,10 @@ bool frmMain::UseListKey(const wxKeyEvent& event) {
 void frmMain::OnStatusBarClick(wxMouseEvent& event) {
   wxRect panel;
   if (GetStatusBar()->GetFieldRect(kModePanel, panel) && panel.Contains(event.GetPosition())) {
-    CallAfter([this] { app_->ModePanelClicked(); });
+    CallAfter([this] {
+      const RunningCommand running(PlainCaption(Command::mnuApplyMode));
+      app_->ModePanelClicked();
+    });
   }
   event.Skip();
 }

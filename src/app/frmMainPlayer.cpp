@@ -2,12 +2,25 @@
 
 #include <utility>
 
+#include "base/Finally.h"
 #include "controls/WxText.h"
 
 namespace quillon {
 
 FraMusicPlayer::FraMusicPlayer(const frmMainControls& controls, std::function<void()> tick)
-    : controls_(controls), timMCIChecker_(std::move(tick)) {}
+    : controls_(controls), tick_(std::move(tick)) {
+  timMCIChecker_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Tick(); });
+}
+
+// Two ticks that fail one behind the other end the ticking: the next ones would fail, too.
+void FraMusicPlayer::Tick() {
+  const bool failedBefore = std::exchange(failed_, true);
+  const Finally stopped([&] {
+    if (failedBefore && failed_) timMCIChecker_.Stop();
+  });
+  tick_();
+  failed_ = false;
+}
 
 void FraMusicPlayer::SetButton(PlayButton button) {
   if (std::exchange(button_, button) != button) RefreshPictures();
@@ -17,6 +30,7 @@ void FraMusicPlayer::SetTimer(int interval) {
   if (interval == 0) {
     timMCIChecker_.Stop();
   } else {
+    failed_ = false;
     timMCIChecker_.Start(interval);
   }
 }

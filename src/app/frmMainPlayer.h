@@ -20,6 +20,9 @@ namespace quillon {
 class FraMusicPlayer final : public PlayerPanel {
  public:
   FraMusicPlayer(const frmMainControls& controls, std::function<void()> tick);
+  FraMusicPlayer(const FraMusicPlayer&) = delete;
+  FraMusicPlayer& operator=(const FraMusicPlayer&) = delete;
+  ~FraMusicPlayer() override = default;
 
   /// In the theme's present ink.
   void RefreshPictures() { SetButtonPictures(controls_, button_); }
@@ -31,17 +34,12 @@ class FraMusicPlayer final : public PlayerPanel {
   void SetTime(const std::string& text) override;
 
  private:
-  class Timer final : public wxTimer {
-   public:
-    explicit Timer(std::function<void()> tick) : tick_(std::move(tick)) {}
-    void Notify() override { tick_(); }
-
-   private:
-    std::function<void()> tick_;
-  };
+  void Tick();
 
   const frmMainControls& controls_;
-  Timer timMCIChecker_;
+  std::function<void()> tick_;
+  wxTimer timMCIChecker_;
+  bool failed_ = false;  // the last tick
   PlayButton button_ = PlayButton::kPlay;
 };
 

@@ -54,6 +54,11 @@ std::size_t Copy(std::string_view text, char* result, std::size_t capacity) {
 }  // namespace quillon::bregexp
 
 extern "C" QUILLON_EXPORTED BregexpReplace Replace;
+extern "C" QUILLON_EXPORTED BregexpVersion QuillonRegexVersion;
+
+int QuillonRegexVersion() {
+  return kBregexpVersion;
+}
 
 std::size_t Replace(const char* command, std::size_t commandLength, const char* target, std::size_t targetLength,
                     char* result, std::size_t capacity, void** compiled) {

@@ -2,7 +2,8 @@
 
 #include <cstddef>
 
-/// The interface of the loadable regular-expression library (BREGEXP.DLL, libbregexp.so). Its only export is `Replace`.
+/// The interface of the loadable regular-expression library (BREGEXP.DLL, libbregexp.so). Its exports are `Replace`,
+/// and `QuillonRegexVersion`, by which it is told from libraries of the same name with another interface.
 ///
 /// A command is `s/` pattern `/` replacement `/` flags, read as Perl reads it: the first "/" without a backslash ends
 /// the pattern, the next one the replacement, and "\/" is a "/".
@@ -38,4 +39,10 @@ extern "C" {
 using BregexpReplace = std::size_t(const char* command, std::size_t commandLength, const char* target,
                                    std::size_t targetLength, char* result, std::size_t capacity, void** compiled);
 
+/// The version of the interface that the library has: `kBregexpVersion` of its own time.
+using BregexpVersion = int();
+
 }  // extern "C"
+
+/// The version that this is. It changes with everything that an older caller would not expect.
+inline constexpr int kBregexpVersion = 1;

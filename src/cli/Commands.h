@@ -40,6 +40,22 @@ struct RenameArguments {
 };
 [[nodiscard]] int RunRename(const RenameArguments& arguments);
 
+struct MoveArguments {
+  Selection selection;
+  std::string to;  ///< the folder
+  bool apply = false;
+  bool json = false;
+};
+[[nodiscard]] int RunMove(const MoveArguments& arguments);
+
+struct DeleteArguments {
+  Selection selection;
+  bool forGood = false;  ///< instead of moving them to the recycle bin
+  bool apply = false;
+  bool json = false;
+};
+[[nodiscard]] int RunDelete(const DeleteArguments& arguments);
+
 /// Sends the lines of standard input to the multimedia device and writes its answers, each as soon as it is there.
 [[nodiscard]] int RunMci();
 

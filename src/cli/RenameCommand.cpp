@@ -5,6 +5,7 @@
 #include "cli/Output.h"
 #include "cli/Table.h"
 #include "filelist/paths/basFileControl.h"
+#include "fileops/FileOperations.h"
 #include "platform/Program.h"
 #include "rename/ModifyRenameNames.h"
 #include "rename/PlannedChanges.h"
@@ -33,14 +34,18 @@ class Reporter final : public BatchObserver {
     }
   }
 
-  void Failed(const FileItem& row, const RowFailure& failure) {
+  void Failed(FileItem row, const RowFailure& failure) {
+    if (!failure.from.empty()) row.location = failure.from;
+    const std::string& fileAt = failure.error.fileAt;
     if (arguments_.json) {
       Json object = Renamed(row.location, AppliedPath(row));
       object["code"] = failure.code;
       object["reason"] = ApplyReason(failure.code);
+      if (!fileAt.empty()) AddPath(object, "file_at", fileAt);
       output_.Line(OneLine(object));
     } else {
-      output_.Line(OnOneLine(row.location) + ": " + ApplyReason(failure.code));
+      output_.Line(OnOneLine(row.location) + ": " + ApplyReason(failure.code) +
+                   (fileAt.empty() ? "" : "。" + OnOneLine(LeftAtText(failure.error))));
     }
   }
 

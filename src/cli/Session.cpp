@@ -4,7 +4,6 @@
 
 #include "app/settings/Settings.h"
 #include "cli/Output.h"
-#include "platform/WholeFile.h"
 
 namespace quillon::cli {
 namespace {
@@ -26,9 +25,10 @@ bool Console::Show(const Message& message) {
   return false;
 }
 
-void Console::PassedOver(const std::string& folder) {
+void Console::PassedOver(const std::string& path, Obstacle obstacle) {
   passedOver_ = true;
-  Complain("フォルダ参照: アクセスできません: " + folder);
+  const std::string reason = obstacle == Obstacle::kTooDeep ? "階層が深すぎます" : "アクセスできません";
+  Complain("フォルダ参照: " + reason + ": " + path);
 }
 
 Session::Session(OptionValues initial)
@@ -54,12 +54,12 @@ bool Session::Load(const Selection& selection) {
 std::optional<OptionValues> LoadSettings(const std::string& path) {
   if (path.empty()) return OptionValues{};
   const std::string fullPath = FullPath(path);
-  if (!ReadWholeFile(fullPath)) {
+  IniFile file(fullPath);
+  // A file that was asked for has to be there.
+  if (!MakeFileReads()->IsFile(fullPath) || !file.Load()) {
     Complain("設定ファイルを読み込めません: " + fullPath);
     return std::nullopt;
   }
-  IniFile file(fullPath);
-  file.Load();
   Result<OptionValues, SettingsError> options = ReadOptionValues(file);
   if (options) return std::move(*options);
   const SettingsError& error = options.Failure();

@@ -46,7 +46,7 @@ class Console final : public MessageBoxes,
   void Begin(const std::string&, const std::string&) override {}
   void End() override {}
   void ShowFolder(const std::string&) override {}
-  void PassedOver(const std::string& folder) override;
+  void PassedOver(const std::string& path, Obstacle obstacle) override;
   std::string Choose(const std::string&, const std::string&) override { return {}; }
 
   /// True when a load went on without something.

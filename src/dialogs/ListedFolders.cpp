@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "filelist/paths/basFileControl.h"
+#include "platform/Shell.h"
 
 namespace quillon {
 
@@ -15,6 +16,11 @@ std::vector<std::string> ListedFolders(const FileList& list, PathStyle style) {
     if (seen.insert(folder).second) folders.emplace_back(folder);
   }
   return folders;
+}
+
+void TellOfOpening(const std::string& folder, int answer, MessageBoxes& boxes) {
+  if (answer > kShellMostFailures) return;
+  boxes.Show({"フォルダ一覧", "フォルダを開けませんでした\r\n" + folder, MessageIcon::kExclamation});
 }
 
 }  // namespace quillon

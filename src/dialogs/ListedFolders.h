@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Ports.h"
 #include "filelist/FileList.h"
 
 namespace quillon {
@@ -10,5 +11,8 @@ namespace quillon {
 /// The folders of the listed files, each once, with their trailing separator, in the order in which the rows first
 /// mention them. Folders are the same when their texts are.
 [[nodiscard]] std::vector<std::string> ListedFolders(const FileList& list, PathStyle style = SystemPathStyle());
+
+/// Says so when the shell could not open a listed folder; `answer` is OpenWithShell's.
+void TellOfOpening(const std::string& folder, int answer, MessageBoxes& boxes);
 
 }  // namespace quillon

@@ -50,7 +50,7 @@ void Store(const OptionField&, Setting&) {}
 }  // namespace
 
 OptionForm::OptionForm(OptionValues& options, ApplyModeSwitch& modeSwitch)
-    : options_(options), modeSwitch_(modeSwitch), modeAtStart_(modeSwitch.IsOn()), manual_(!modeAtStart_) {
+    : options_(options), modeSwitch_(modeSwitch), modeAtStart_(modeSwitch.Now()), manual_(!modeAtStart_.automatic) {
   for (const OptionPage& page : OptionPages()) {
     for (const OptionFrame& frame : page.frames) {
       for (const OptionControl& control : frame.controls) fields_[control.name] = {&control, false, {}};

@@ -46,7 +46,7 @@ class OptionForm {
   OptionValues& options_;
   ApplyModeSwitch& modeSwitch_;
   OptionFields fields_;
-  bool modeAtStart_;
+  ApplyModeSwitch::State modeAtStart_;
   bool manual_;  // what is about applying by hand can be used
 };
 

@@ -65,16 +65,23 @@ void FileList::CountFolder(std::string_view location, int change) {
 }
 
 void FileList::Register(FileItem& item) {
-  locations_.insert(&item);
-  CountFolder(item.location, 1);
+  const auto place = locations_.insert(&item);
+  try {
+    CountFolder(item.location, 1);
+  } catch (...) {
+    locations_.erase(place);
+    throw;
+  }
   if (item.checked) ++checkedCount_;
   if (item.selected) ++selectedCount_;
 }
 
 void FileList::Unregister(FileItem& item) {
   const auto [first, last] = locations_.equal_range(&item);
-  locations_.erase(std::find(first, last, &item));
+  const auto place = std::find(first, last, &item);
+  if (place == last) return;
   CountFolder(item.location, -1);
+  locations_.erase(place);
   if (item.checked) --checkedCount_;
   if (item.selected) --selectedCount_;
 }
@@ -87,16 +94,21 @@ void FileList::Reserve(std::size_t more) {
 
 void FileList::Add(FileItem item) {
   rows_.push_back(std::make_unique<FileItem>(std::move(item)));
-  Register(*rows_.back());
+  try {
+    Register(*rows_.back());
+  } catch (...) {
+    rows_.pop_back();
+    throw;
+  }
   if (quiet_ == 0 && observer_ != nullptr) observer_->RowsChanged();
 }
 
 void FileList::Replace(int index, FileItem item) {
   FileItem& row = MutableRow(index);
-  Unregister(row);
+  if (row.location != item.location) Relocate(row, item.location);
+  checkedCount_ += static_cast<int>(item.checked) - static_cast<int>(row.checked);
   item.selected = row.selected;
   row = std::move(item);
-  Register(row);
   firstChecked_.reset();
   RowTouched(index);
 }
@@ -111,15 +123,21 @@ void FileList::SetRenameName(int index, std::string name) {
 }
 
 void FileList::SetLocation(int index, std::string location) {
-  FileItem& row = MutableRow(index);
-  const auto [first, last] = locations_.equal_range(&row);
-  auto node = locations_.extract(std::find(first, last, &row));
-  const bool sameFolder = FolderPart(row.location, style_) == FolderPart(location, style_);
-  if (!sameFolder) CountFolder(row.location, -1);
-  row.location = std::move(location);
-  if (!sameFolder) CountFolder(row.location, 1);
-  locations_.insert(std::move(node));
+  Relocate(MutableRow(index), std::move(location));
   RowTouched(index);
+}
+
+// What may fail for want of memory comes first: counting a folder that was not there.
+void FileList::Relocate(FileItem& row, std::string location) {
+  const auto [first, last] = locations_.equal_range(&row);
+  const auto place = std::find(first, last, &row);
+  if (FolderPart(row.location, style_) != FolderPart(location, style_)) {
+    CountFolder(location, 1);
+    CountFolder(row.location, -1);
+  }
+  auto node = locations_.extract(place);
+  row.location = std::move(location);
+  locations_.insert(std::move(node));
 }
 
 void FileList::SetChecked(int index, bool checked) {
@@ -174,14 +192,14 @@ void FileList::InvertChecks() {
 }
 
 void FileList::RemoveWhere(const std::function<bool(int index, const FileItem&)>& unwanted) {
-  int index = 0;
-  const auto kept = std::remove_if(rows_.begin(), rows_.end(), [&](const std::unique_ptr<FileItem>& row) {
-    if (!unwanted(++index, *row)) return false;
-    Unregister(*row);
-    return true;
-  });
-  if (kept == rows_.end()) return;
-  rows_.erase(kept, rows_.end());
+  std::vector<bool> leaves(rows_.size());
+  for (std::size_t i = 0; i < rows_.size(); ++i) leaves[i] = unwanted(static_cast<int>(i) + 1, *rows_[i]);
+  if (std::find(leaves.begin(), leaves.end(), true) == leaves.end()) return;
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (leaves[i]) Unregister(*rows_[i]);
+  }
+  std::size_t i = 0;
+  std::erase_if(rows_, [&](const auto&) { return leaves[i++]; });
   RowsTouched();
 }
 
@@ -195,18 +213,19 @@ void FileList::Clear() {
 }
 
 void FileList::Sort(Column column) {
-  descending_ = !descending_;
   struct Keyed {
     std::string key;
-    std::unique_ptr<FileItem> row;
+    FileItem* row = nullptr;
   };
   std::vector<Keyed> keyed;
   keyed.reserve(rows_.size());
-  for (auto& row : rows_) keyed.push_back({ToLower(ColumnText(*row, column)), std::move(row)});
+  for (const auto& row : rows_) keyed.push_back({ToLower(ColumnText(*row, column)), row.get()});
+  descending_ = !descending_;
   std::stable_sort(keyed.begin(), keyed.end(), [this](const Keyed& left, const Keyed& right) {
     return descending_ ? right.key < left.key : left.key < right.key;
   });
-  for (std::size_t i = 0; i < keyed.size(); ++i) rows_[i] = std::move(keyed[i].row);
+  for (auto& row : rows_) (void)row.release();
+  for (std::size_t i = 0; i < keyed.size(); ++i) rows_[i].reset(keyed[i].row);
   RowsTouched();
 }
 

@@ -114,6 +114,7 @@ class FileList {
   FileItem& MutableRow(int index) { return *rows_[static_cast<std::size_t>(index - 1)]; }
   void Register(FileItem& item);
   void Unregister(FileItem& item);
+  void Relocate(FileItem& row, std::string location);
   void CountFolder(std::string_view location, int change);
   void SetAllChecked(const std::function<bool(const FileItem&)>& wanted);
   void RowTouched(int index) const;

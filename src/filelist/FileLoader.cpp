@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/Finally.h"
 #include "filelist/paths/basFileControl.h"
 #include "media/MediaInfo.h"
 
@@ -79,14 +80,12 @@ LoadOutcome FileLoader::LoadFolder(std::string folder) {
       ports_.boxes.Show({kCaption, folder + "\r\n\r\n既にこのフォルダは読み込まれています", MessageIcon::kExclamation});
       return LoadOutcome::kDuplicate;
     }
-    ports_.search.Begin("フォルダ内を検索しています...", "検索対象 : " + folder);
-    FoundFiles found = search_.Search(folder, SearchFilter(options_.find), options_.list.subFolder != 0);
-    ports_.search.End();
+    FoundFiles found = Search(folder);
     if (found.error) return Failed(*found.error);
     if (found.cancelled) return LoadOutcome::kCancelled;
     const std::string trash = UserTrashFolder();
     std::erase_if(found.paths, [&](const std::string& path) { return IsInRecycleBin(path, trash, style_); });
-    if (!found.paths.empty()) return Register(found.paths);
+    if (!found.paths.empty()) return Register(std::move(found.paths));
     if (!ports_.boxes.Show({kCaption,
                             "指定されたフォルダ内にファイルが見つかりませんでした\r\n別のフォルダを参照しますか",
                             MessageIcon::kQuestion, MessageButtons::kYesNo})) {
@@ -97,21 +96,36 @@ LoadOutcome FileLoader::LoadFolder(std::string folder) {
   }
 }
 
-LoadOutcome FileLoader::Register(const std::vector<std::string>& paths) {
+FoundFiles FileLoader::Search(const std::string& folder) {
+  ports_.search.Begin("フォルダ内を検索しています...", "検索対象 : " + folder);
+  const Finally ended([this] { ports_.search.End(); });
+  return search_.Search(folder, SearchFilter(options_.find), options_.list.subFolder != 0);
+}
+
+LoadOutcome FileLoader::Register(std::vector<std::string> paths) {
   if (options_.list.loadRemove != 0) {
     ports_.player.Stop();
     ports_.player.Choose("");
     list_.Clear();
   }
   ResetPanels();
+  if (const std::optional<FileError> error = AddFound(std::move(paths))) return Failed(*error);
+  ShowFirstRow();
+  return LoadOutcome::kLoaded;
+}
+
+// The error that has ended it. Rows that were added before stay.
+std::optional<FileError> FileLoader::AddFound(std::vector<std::string> paths) {
   ports_.progress.Begin("ファイル情報解析中...", "");
+  const Finally ended([this] { ports_.progress.End(); });
+  list_.BeginChanges();
+  const Finally told([this] { list_.EndChanges(); });
   ports_.progress.Update(std::string("0") + kDone, "");
   Throttle throttle(progressInterval_);
-  std::optional<FileError> error;
-  list_.BeginChanges();
   list_.Reserve(paths.size());
   std::size_t done = 0;
-  for (const std::string& path : paths) {
+  for (std::string& held : paths) {
+    const std::string path = std::move(held);  // the row keeps it; a million paths are not held twice
     ports_.pending.Process();
     if (cancelled_) break;
     if (!list_.ContainsFile(path)) {
@@ -119,20 +133,15 @@ LoadOutcome FileLoader::Register(const std::vector<std::string>& paths) {
       if (row) {
         list_.Add(std::move(*row));
       } else if (row.Failure().number == file_error::kAccess) {
-        ports_.search.PassedOver(path);
+        ports_.search.PassedOver(path, Obstacle::kNoAccess);
       } else {
-        error = row.Failure();
-        break;
+        return row.Failure();
       }
     }
     ++done;
     if (throttle.Due() || done == paths.size()) ports_.progress.Update(Percent(done, paths.size()), "");
   }
-  list_.EndChanges();
-  ports_.progress.End();
-  if (error) return Failed(*error);
-  ShowFirstRow();
-  return LoadOutcome::kLoaded;
+  return std::nullopt;
 }
 
 LoadOutcome FileLoader::Failed(const FileError& error) {
@@ -186,14 +195,17 @@ LoadOutcome FileLoader::AddFile(const std::string& path) {
 }
 
 LoadOutcome FileLoader::LoadPath(const std::string& path) {
+  if (path.empty()) return LoadOutcome::kNothing;  // as a folder it would be the root
   return ports_.files.IsFile(path) ? AddFile(path) : LoadFolder(path);
 }
 
 void FileLoader::LoadPaths(const std::vector<std::string>& paths) {
   cancelled_ = false;
   const std::int16_t loadRemove = std::exchange(options_.list.loadRemove, std::int16_t{0});
+  const Finally restored([&] { options_.list.loadRemove = loadRemove; });
   std::vector<std::string> files;  // that follow one another
   for (const std::string& path : paths) {
+    if (path.empty()) continue;  // as a folder it would be the root
     if (ports_.files.IsFile(path)) {
       files.push_back(path);
       continue;
@@ -203,17 +215,23 @@ void FileLoader::LoadPaths(const std::vector<std::string>& paths) {
     if (cancelled_) break;
   }
   AddFiles(files);
-  options_.list.loadRemove = loadRemove;
 }
 
 void FileLoader::AddFiles(const std::vector<std::string>& paths) {
   if (paths.size() == 1) AddFile(paths.front());
   if (paths.size() <= 1 || cancelled_) return;
+  TellDuplicates(AddEach(paths));
+}
+
+// How many of them were listed already.
+std::size_t FileLoader::AddEach(const std::vector<std::string>& paths) {
   ports_.progress.Begin("ファイル情報解析中...", "");
+  const Finally ended([this] { ports_.progress.End(); });
+  list_.BeginChanges();
+  const Finally told([this] { list_.EndChanges(); });
   Throttle throttle(progressInterval_);
   std::size_t done = 0;
   std::size_t duplicates = 0;
-  list_.BeginChanges();
   for (const std::string& path : paths) {
     ports_.pending.Process();
     if (cancelled_) break;
@@ -222,14 +240,12 @@ void FileLoader::AddFiles(const std::vector<std::string>& paths) {
     } else if (Result<FileItem, FileError> row = MakeRow(path)) {
       list_.Add(std::move(*row));
     } else {
-      ports_.search.PassedOver(path);
+      ports_.search.PassedOver(path, Obstacle::kNoAccess);
     }
     ++done;
     if (throttle.Due() || done == paths.size()) ports_.progress.Update(Percent(done, paths.size()), "");
   }
-  list_.EndChanges();
-  ports_.progress.End();
-  TellDuplicates(duplicates);
+  return duplicates;
 }
 
 void FileLoader::TellDuplicates(std::size_t count) {
@@ -247,10 +263,19 @@ void FileLoader::mnuReload() {
   }
   ports_.player.Stop();
   ResetPanels();
+  ReadRowsAnew();
+  ShowFirstRow();
+  RereadApplyMode(mode_, options_, ports_.boxes);
+  ports_.panels.SetModeText(ApplyModeText(mode_));
+}
+
+void FileLoader::ReadRowsAnew() {
   ports_.progress.Begin("登録されたファイルの再読み込み中...", "対象フォルダ : " + options_.system.dirPath);
+  const Finally ended([this] { ports_.progress.End(); });
+  list_.BeginChanges();
+  const Finally told([this] { list_.EndChanges(); });
   Throttle throttle(progressInterval_);
   const int count = list_.Count();
-  list_.BeginChanges();
   std::vector<bool> missing(static_cast<std::size_t>(count) + 1);
   for (int index = 1; index <= count; ++index) {
     ports_.pending.Process();
@@ -265,11 +290,6 @@ void FileLoader::mnuReload() {
     }
   }
   list_.RemoveWhere([&](int index, const FileItem&) { return missing[static_cast<std::size_t>(index)]; });
-  list_.EndChanges();
-  ports_.progress.End();
-  ShowFirstRow();
-  RereadApplyMode(mode_, options_, ports_.boxes);
-  ports_.panels.SetModeText(ApplyModeText(mode_));
 }
 
 void FileLoader::ResetPanels() {

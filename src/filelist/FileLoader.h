@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -84,9 +86,13 @@ class FileLoader {
   }
 
  private:
-  LoadOutcome Register(const std::vector<std::string>& paths);
+  LoadOutcome Register(std::vector<std::string> paths);
+  FoundFiles Search(const std::string& folder);
+  std::optional<FileError> AddFound(std::vector<std::string> paths);
   LoadOutcome Failed(const FileError& error);
   void AddFiles(const std::vector<std::string>& paths);
+  std::size_t AddEach(const std::vector<std::string>& paths);
+  void ReadRowsAnew();
   void TellDuplicates(std::size_t count);
   Result<FileItem, FileError> MakeRow(const std::string& path);
   void ResetPanels();

@@ -70,7 +70,7 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
   if (!entries) {
     const int number = entries.Failure().number;
     if (depth > 0 && (number == file_error::kAccess || number == file_error::kUnreachable)) {
-      display_.PassedOver(folder);
+      display_.PassedOver(folder, Obstacle::kNoAccess);
       return true;
     }
     found_.error = entries.Failure();
@@ -85,9 +85,11 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
     }
     if (entry.isFolder) {
       if (subfolders_) below.push_back(std::move(entry));
-    } else if (MatchesExtensionFilter(entry.name, filter_, style_)) {
-      found_.paths.push_back(folder + entry.name);
+      continue;
     }
+    // There may be a million: no name is kept beside its path.
+    const std::string name = std::move(entry.name);
+    if (MatchesExtensionFilter(name, filter_, style_)) found_.paths.push_back(folder + name);
   }
   *entries = {};
   return std::all_of(below.begin(), below.end(),
@@ -96,8 +98,14 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
 
 // True also when the folder is passed over.
 bool FolderSearch::SearchBelow(const std::string& folder, const FolderEntry& entry, int depth) {
-  if (depth >= kDeepest || (entry.isLink && !FollowLink(folder, entry))) return true;
-  const bool goOn = SearchFolder(folder + entry.name + PathSeparator(style_), depth + 1);
+  if (entry.isLink && !FollowLink(folder, entry)) return true;
+  const std::string below = folder + entry.name + PathSeparator(style_);
+  bool goOn = true;
+  if (depth < kDeepest) {
+    goOn = SearchFolder(below, depth + 1);
+  } else {
+    display_.PassedOver(below, Obstacle::kTooDeep);
+  }
   if (entry.isLink) linkedFrom_.pop_back();
   return goOn;
 }

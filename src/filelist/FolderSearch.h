@@ -34,7 +34,8 @@ class FolderSearch {
  public:
   FolderSearch(FileReads& files, SearchDisplay& display, PendingMessages& pending, PathStyle style = SystemPathStyle());
 
-  /// Searches `folder` for files that pass the filter list. A folder below it that cannot be read is passed over.
+  /// Searches `folder` for files that pass the filter list. A folder below it that cannot be read, or
+  /// lies more than a thousand folders down, is passed over.
   [[nodiscard]] FoundFiles Search(const std::string& folder, const std::string& filter, bool subfolders);
 
   /// Ends the running search at its next entry; called while pending messages are processed.

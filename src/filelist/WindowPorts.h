@@ -72,6 +72,12 @@ class ProgressDisplay {
   virtual void End() = 0;
 };
 
+/// Why a load goes on without a path.
+enum class Obstacle {
+  kNoAccess,  ///< a folder that cannot be read, or a file that may not be looked at
+  kTooDeep,   ///< a folder further down than a search goes
+};
+
 /// The progress window of a folder search, and the busy pointer for as long as the search lasts.
 class SearchDisplay {
  public:
@@ -79,9 +85,8 @@ class SearchDisplay {
   virtual void Begin(const std::string& status, const std::string& target) = 0;
   /// The folder being searched; the window shortens it to fit.
   virtual void ShowFolder(const std::string& folder) = 0;
-  /// A folder inside the searched one that cannot be read, or a file of it that may not be looked at; the load goes on
-  /// without it.
-  virtual void PassedOver(const std::string& folder) = 0;
+  /// The load goes on without this folder or file.
+  virtual void PassedOver(const std::string& path, Obstacle obstacle) = 0;
   virtual void End() = 0;
 };
 

@@ -4,6 +4,7 @@
 #include <wx/sizer.h>
 #include <wx/utils.h>
 
+#include "controls/AlwaysOnTop.h"
 #include "controls/ShortenedToFit.h"
 #include "controls/WxText.h"
 
@@ -49,8 +50,7 @@ void frmFolderRef::Begin(const std::string& /*status*/, const std::string& targe
 }
 
 void frmFolderRef::OnTimer() {
-  const bool front = GetParent()->HasFlag(wxSTAY_ON_TOP);
-  SetWindowStyleFlag(front ? GetWindowStyleFlag() | wxSTAY_ON_TOP : GetWindowStyleFlag() & ~wxSTAY_ON_TOP);
+  SetOnTop(*this, GetParent()->HasFlag(wxSTAY_ON_TOP));
   CentreOnParent();
   Show();
 }

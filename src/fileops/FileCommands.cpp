@@ -1,5 +1,6 @@
 #include "fileops/FileCommands.h"
 
+#include "base/Finally.h"
 #include "filelist/paths/basFileControl.h"
 
 namespace quillon {
@@ -10,13 +11,15 @@ constexpr const char* kMoveCaption = "ファイル移動";
 
 }  // namespace
 
-int RecycleFile(FileReads& files, FileChanges& disk, const std::string& path, std::uintptr_t ownerWindow) {
-  return files.IsFile(path) ? disk.Recycle(path, ownerWindow) : kRecycleNotDone;
-}
-
 FileCommands::FileCommands(FileList& list, OptionValues& options, ListCommands& rows, Ports ports,
                            std::uintptr_t ownerWindow, PathStyle style)
-    : list_(list), options_(options), rows_(rows), ports_(ports), ownerWindow_(ownerWindow), style_(style) {}
+    : list_(list),
+      options_(options),
+      rows_(rows),
+      ports_(ports),
+      mover_(list, ports.files, ports.disk, ports.player, style),
+      ownerWindow_(ownerWindow),
+      style_(style) {}
 
 void FileCommands::mnuThisDel() {
   const int selected = list_.SelectedIndex();
@@ -40,7 +43,7 @@ bool FileCommands::DeleteForGood(const std::string& path) {
 }
 
 bool FileCommands::DeleteToRecycleBin(const std::string& path) {
-  const bool ask = !ports_.disk.RecycleAsks() && options_.system.msgbox == 0;
+  const bool ask = !ports_.disk.RecycleAsks() && options_.list.delCompMsg == 1 && options_.system.msgbox == 0;
   if (ask && !ports_.boxes.Show({kDeleteCaption, path + "\r\n\r\nこのファイルをごみ箱に移動してもよろしいですか",
                                  MessageIcon::kQuestion, MessageButtons::kYesNo})) {
     return false;
@@ -57,14 +60,11 @@ bool FileCommands::DeleteToRecycleBin(const std::string& path) {
 }
 
 void FileCommands::ReportDeletion(const FileError& error) {
-  if (error.number == file_error::kAccess) {
-    ports_.boxes.Show({kDeleteCaption, "このファイルにアクセスできません\r\n削除時にエラーが発生しました",
-                       MessageIcon::kExclamation});
-    return;
-  }
-  ports_.boxes.Show({kDeleteCaption,
-                     "削除時にエラーが発生しました\r\n" + std::to_string(error.number) + " : " + error.description,
-                     MessageIcon::kStop});
+  const std::string general = "削除時にエラーが発生しました";
+  const bool expected = error.number == file_error::kAccess;
+  const std::string reason = DeleteReason(error);
+  ports_.boxes.Show({kDeleteCaption, expected ? reason + "\r\n" + general : general + "\r\n" + reason,
+                     expected ? MessageIcon::kExclamation : MessageIcon::kStop});
 }
 
 std::optional<std::string> FileCommands::ChooseTarget() {
@@ -72,36 +72,36 @@ std::optional<std::string> FileCommands::ChooseTarget() {
       ports_.folders.Choose("ファイルの移動先フォルダを選択してください", options_.system.movePath);
   if (chosen.empty()) return std::nullopt;
   options_.system.movePath = WithTrailingSeparator(chosen, style_);
+  ports_.disk.RemoveLeftovers(options_.system.movePath);
   return options_.system.movePath;
 }
 
-bool FileCommands::MoveRow(int index, const std::string& folder) {
-  const std::string from = list_.Row(index).location;
-  const std::string to = folder + std::string(FileName(from, style_));
-  ports_.player.ReleaseFile(from);
-  if (const FileOutcome error = ports_.disk.Move(from, to)) {
-    ReportMove(*error);
-    return false;
+// Adds to `notKept` what the move could not keep.
+bool FileCommands::MoveRow(int index, const std::string& folder, NotKept& notKept) {
+  const std::string to = mover_.Target(index, folder);
+  const MoveOutcome outcome = mover_.Move(index, folder);
+  if (outcome) {
+    notKept.Add(*outcome);
+    if (options_.move.remainList == 1) mover_.Follow(index, to);
+  } else {
+    ReportMove(outcome.Failure());
   }
-  if (options_.move.remainList == 1) {
-    ports_.player.FileMoved(from, to);
-    list_.SetLocation(index, to);
-    if (list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(to);
-  }
-  return true;
+  const bool follows = outcome ? options_.move.remainList == 1 : outcome.Failure().number == file_error::kStranded;
+  if (follows && list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(list_.Row(index).location);
+  return outcome.Ok();
 }
 
 void FileCommands::ReportMove(const FileError& error) {
-  const std::string general = "ファイルが移動できませんでした";
-  switch (error.number) {
-    case file_error::kAlreadyExists:
-      ports_.boxes.Show({kMoveCaption, "移動先に同名のファイルがあります\r\n" + general, MessageIcon::kExclamation});
-      break;
-    case file_error::kAccess:
-      ports_.boxes.Show({kMoveCaption, "移動先にアクセスできません\r\n" + general, MessageIcon::kExclamation});
-      break;
-    default: ports_.boxes.Show({kMoveCaption, general, MessageIcon::kStop});
-  }
+  const std::string reason = MoveReason(error);
+  const std::string leftAt = LeftAtText(error);
+  ports_.boxes.Show({kMoveCaption,
+                     (reason.empty() ? "" : reason + "\r\n") + "ファイルが移動できませんでした" +
+                         (leftAt.empty() ? "" : "\r\n\r\n" + leftAt),
+                     reason.empty() ? MessageIcon::kStop : MessageIcon::kExclamation});
+}
+
+void FileCommands::ReportNotKept(const NotKept& notKept) {
+  if (notKept.Any()) ports_.boxes.Show({kMoveCaption, NotKeptText(notKept), MessageIcon::kExclamation});
 }
 
 void FileCommands::DropMovedRows(const std::vector<bool>& moved) {
@@ -113,11 +113,13 @@ void FileCommands::mnuThisMove() {
   const int selected = list_.SelectedIndex();
   if (selected == 0) return;
   const std::optional<std::string> folder = ChooseTarget();
-  if (!folder || !MoveRow(selected, *folder)) return;
+  NotKept notKept;
+  if (!folder || !MoveRow(selected, *folder, notKept)) return;
   std::vector<bool> moved(static_cast<std::size_t>(list_.Count()) + 1);
   moved[static_cast<std::size_t>(selected)] = true;
   DropMovedRows(moved);
   ports_.boxes.Show({kMoveCaption, *folder + "\r\n\r\nファイルの移動が完了しました", MessageIcon::kInformation});
+  ReportNotKept(notKept);
 }
 
 void FileCommands::mnuAllMove() {
@@ -132,21 +134,31 @@ void FileCommands::MoveBatch(bool allItems) {
   if (allItems ? list_.Count() == 0 : list_.CheckedCount() == 0) return;
   const std::optional<std::string> folder = ChooseTarget();
   if (!folder) return;
+  NotKept notKept;
+  const int count = MoveRows(allItems, *folder, notKept);
+  ports_.boxes.Show(
+      {kMoveCaption, std::to_string(count) + " 個のファイルの移動が完了しました", MessageIcon::kInformation});
+  ReportNotKept(notKept);
+}
+
+// How many rows' files were moved.
+int FileCommands::MoveRows(bool allItems, const std::string& folder, NotKept& notKept) {
   ports_.window.SetPointer(Pointer::kHourglass);
   ports_.window.SetEnabled(false);
+  const Finally answering([this] {
+    ports_.window.SetPointer(Pointer::kNormal);
+    ports_.window.SetEnabled(true);
+  });
   std::vector<bool> moved(static_cast<std::size_t>(list_.Count()) + 1);
+  const Finally dropping([&] { DropMovedRows(moved); });  // what was moved leaves, whatever ends the batch
   int count = 0;
   for (int index = 1; index <= list_.Count(); ++index) {
     if (!allItems && !list_.Row(index).checked) continue;
-    if (!MoveRow(index, *folder)) continue;
+    if (!MoveRow(index, folder, notKept)) continue;
     moved[static_cast<std::size_t>(index)] = true;
     ++count;
   }
-  DropMovedRows(moved);
-  ports_.window.SetPointer(Pointer::kNormal);
-  ports_.window.SetEnabled(true);
-  ports_.boxes.Show(
-      {kMoveCaption, std::to_string(count) + " 個のファイルの移動が完了しました", MessageIcon::kInformation});
+  return count;
 }
 
 }  // namespace quillon

@@ -10,13 +10,10 @@
 #include "filelist/FileList.h"
 #include "filelist/ListCommands.h"
 #include "filelist/WindowPorts.h"
+#include "fileops/FileOperations.h"
 #include "platform/FileSystem.h"
 
 namespace quillon {
-
-/// Moves a file to the recycle bin. 0 on success, the system's own number on failure, kRecycleNotDone for a path that
-/// names no existing file; the recycle bin is not asked then.
-int RecycleFile(FileReads& files, FileChanges& disk, const std::string& path, std::uintptr_t ownerWindow);
 
 /// Deletes and moves listed files. The player lets go of a file first.
 class FileCommands {
@@ -45,15 +42,18 @@ class FileCommands {
   bool DeleteToRecycleBin(const std::string& path);
   void ReportDeletion(const FileError& error);
   std::optional<std::string> ChooseTarget();
-  bool MoveRow(int index, const std::string& folder);
+  bool MoveRow(int index, const std::string& folder, NotKept& notKept);
   void ReportMove(const FileError& error);
+  void ReportNotKept(const NotKept& notKept);
   void MoveBatch(bool allItems);
+  int MoveRows(bool allItems, const std::string& folder, NotKept& notKept);
   void DropMovedRows(const std::vector<bool>& moved);
 
   FileList& list_;
   OptionValues& options_;
   ListCommands& rows_;
   Ports ports_;
+  FileMover mover_;
   std::uintptr_t ownerWindow_;
   PathStyle style_;
 };

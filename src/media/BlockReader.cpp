@@ -5,19 +5,21 @@
 namespace quillon {
 
 std::string_view BlockReader::View(std::uint64_t offset, std::uint64_t count) {
-  if (offset >= size_) return {};
-  count = std::min(count, size_ - offset);
-  if (count > kBlockLength) {
-    large_ = file_.Read(offset, count);
-    return large_;
+  if (offset >= size_ || count == 0) return {};
+  const auto wanted = static_cast<std::size_t>(std::min({count, size_ - offset, std::uint64_t{kLongestView}}));
+  if (wanted > kBlockLength) {
+    large_.resize(wanted);
+    return {large_.data(), file_.ReadAt(offset, large_.data(), wanted)};
   }
-  if (offset < start_ || offset + count > start_ + length_) {
-    start_ = offset;
-    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(kBlockLength, size_ - offset));
-    length_ = file_.ReadAt(offset, block_.data(), wanted);
+  if (!blocks_[latest_].Holds(offset, wanted)) latest_ = 1 - latest_;
+  Block& block = blocks_[latest_];
+  if (!block.Holds(offset, wanted)) {
+    block.start = offset;
+    const auto whole = static_cast<std::size_t>(std::min<std::uint64_t>(kBlockLength, size_ - offset));
+    block.length = file_.ReadAt(offset, block.bytes.data(), whole);
   }
-  const auto begin = static_cast<std::size_t>(offset - start_);
-  return {block_.data() + begin, std::min(static_cast<std::size_t>(count), length_ - begin)};
+  const auto begin = static_cast<std::size_t>(offset - block.start);
+  return {block.bytes.data() + begin, std::min(wanted, block.length - begin)};
 }
 
 }  // namespace quillon

@@ -1,6 +1,9 @@
 #include "media/FileInformation.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <new>
 
 #include "base/Text.h"
 #include "media/BlockReader.h"
@@ -12,17 +15,26 @@ namespace {
 
 constexpr std::string_view kNothing = "---";
 
-std::string OrNothing(const std::string& text) {
-  return text.empty() ? std::string(kNothing) : text;
+std::string_view OrNothing(std::string_view text) {
+  return text.empty() ? kNothing : text;
 }
 std::string OrNothing(std::int16_t number) {
   return number == 0 ? std::string(kNothing) : std::to_string(number);
 }
 
-std::string Mp3Detail(const std::string& artist, const std::string& album, const std::string& comment,
-                      const std::string& year) {
-  return "アーティスト： " + OrNothing(artist) + " / アルバム： " + OrNothing(album) + " / コメント： " +
-         OrNothing(comment) + " / 年： " + OrNothing(year);
+/// Made in one piece: the texts may be long.
+std::string Mp3Detail(std::string_view artist, std::string_view album, std::string_view comment,
+                      std::string_view year) {
+  const std::array<std::string_view, 8> pieces = {
+      "アーティスト： ", OrNothing(artist),  " / アルバム： ", OrNothing(album),
+      " / コメント： ",  OrNothing(comment), " / 年： ",       OrNothing(year),
+  };
+  std::size_t length = 0;
+  for (const std::string_view piece : pieces) length += piece.size();
+  std::string line;
+  line.reserve(length);
+  for (const std::string_view piece : pieces) line += piece;
+  return line;
 }
 
 /// What stands behind "種類： ".
@@ -66,6 +78,12 @@ std::string MinutesAndSeconds(std::int32_t milliseconds) {
   return std::to_string(total / 60) + ":" + (seconds.size() < 2 ? "0" : "") + seconds;
 }
 
+MediaRecord EmptyRecord(std::string_view type) {
+  if (type == "MIDI") return MidiInfo();
+  if (type == "MP3") return RiffInfo();
+  return std::monostate();
+}
+
 MediaRecord ReadRecord(ByteSource& file, std::string_view type) {
   if (type == "MIDI") return ReadMidiInfo(file);
   if (type != "MP3") return std::monostate();
@@ -90,12 +108,23 @@ std::string DetailLine(const MediaRecord& record) {
   return std::visit(DetailText(), record);
 }
 
+FileInformation ReadFileInformation(ByteSource& file, std::string_view rowType,
+                                    std::optional<std::int32_t> playTimeMs) {
+  const auto lines = [&](const MediaRecord& record) {
+    return FileInformation{SummaryLine(file.Size(), rowType, record, playTimeMs), DetailLine(record)};
+  };
+  try {
+    return lines(ReadRecord(file, rowType));
+  } catch (const std::bad_alloc&) {
+    return lines(EmptyRecord(rowType));
+  }
+}
+
 FileInformation ReadFileInformation(const std::string& path, std::string_view rowType,
                                     std::optional<std::int32_t> playTimeMs) {
   const auto file = OpenSystemFile(path);
   if (!file) return {std::string(kNoFileSummary), std::string(kNoFileDetail)};
-  const MediaRecord record = ReadRecord(*file, rowType);
-  return {SummaryLine(file->Size(), rowType, record, playTimeMs), DetailLine(record)};
+  return ReadFileInformation(*file, rowType, playTimeMs);
 }
 
 }  // namespace quillon

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <variant>
 
+#include "base/ByteSource.h"
 #include "media/basID3TAGControl.h"
 #include "media/basMIDIInfo.h"
 #include "media/basRIFFInfo.h"
@@ -37,7 +38,11 @@ struct FileInformation {
   bool operator==(const FileInformation&) const = default;
 };
 
-/// Reads the file again and writes both lines. A file that cannot be opened gives the lines of no file.
+/// Reads the file again and writes both lines. Texts count up to kLongestText bytes. A file that memory does not
+/// suffice for gives the lines of one without texts, tag and header.
+[[nodiscard]] FileInformation ReadFileInformation(ByteSource& file, std::string_view rowType,
+                                                  std::optional<std::int32_t> playTimeMs);
+/// The same by path. A file that cannot be opened gives the lines of no file.
 [[nodiscard]] FileInformation ReadFileInformation(const std::string& path, std::string_view rowType,
                                                   std::optional<std::int32_t> playTimeMs);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <new>
 #include <utility>
 
 #include "base/Text.h"
@@ -92,15 +93,17 @@ MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind) {
     Id3v2Info tag = ReadId3v2(file, TagFields::kTitleAndArtist);
     return {std::move(tag.title), std::move(tag.artist)};
   }
-  RiffInfo riff = ReadRiffInfo(file);
+  RiffInfo riff = ReadRiffInfo(file, TagFields::kTitleAndArtist);
   return {std::move(riff.name), std::move(riff.artist)};
 }
 
-MediaInfo ReadMediaInfo(ByteSource& file, std::string_view mediaType) {
+MediaInfo ReadMediaInfo(ByteSource& file, std::string_view mediaType) try {
   MediaInfo info = ReadUntrimmed(file, mediaType);
   CutToCell(info.title);
   CutToCell(info.copyright);
   return info;
+} catch (const std::bad_alloc&) {
+  return {};
 }
 
 MediaInfo ReadMediaInfo(const std::string& path) {

@@ -31,7 +31,8 @@ inline constexpr std::uint8_t kNone = 4;   ///< neither; also for a file that ca
 [[nodiscard]] std::uint8_t DetectTagKind(ByteSource& file);
 [[nodiscard]] std::uint8_t DetectTagKind(const std::string& path);
 
-/// The two texts of a list row, UTF-8: up to the first zero byte that a file may hold in them, without trailing blanks.
+/// The two texts of a list row, UTF-8: of the reader's texts, which were cut at kLongestText bytes of the file, what
+/// stands in front of the first zero byte, without trailing blanks.
 struct MediaInfo {
   std::string title;
   std::string copyright;  ///< the copyright of a MIDI file, the artist of an MP3 file
@@ -47,7 +48,7 @@ inline constexpr std::string_view kNoMediaText = "---";
 
 /// Reads an opened file as its media type says. Texts that the file lacks are empty; a type without a reader gives
 /// kNoMediaText for both. Pages are read under the types "htm" and "html" only, which GetMediaType never gives: in the
-/// list, pages show kNoMediaText. Never reports.
+/// list, pages show kNoMediaText. A file that memory does not suffice for gives empty texts. Never reports.
 [[nodiscard]] MediaInfo ReadMediaInfo(ByteSource& file, std::string_view mediaType);
 
 /// The same by path, its type decided by its extension. A type without a reader is not opened.

@@ -13,7 +13,8 @@ enum class HtmlTitleError {
 };
 
 /// The text between the first "<title>" and the next "</title>", whatever their letter case, exactly as it stands but
-/// without line breaks. UTF-8, decoded from code page 932. Empty without an end tag.
+/// without line breaks, which are passed over inside the tags, too. UTF-8, decoded from code page 932; of a text longer
+/// than kLongestText without its line breaks, the beginning. Empty without an end tag.
 ///
 /// With an end tag but no start tag the text begins at the page's seventh character: that is where the text would stand
 /// behind a start tag just in front of the page.

@@ -116,45 +116,69 @@ constexpr std::uint32_t Id(std::string_view letters) {
   return id;
 }
 
-/// The field of a text frame; null for every other frame.
-std::string* TextField(Id3v2Info& info, std::uint32_t id) {
+/// Where the data of a frame stand; nowhere, for a frame that there is none of.
+struct Place {
+  std::uint64_t data = 0;
+  std::uint64_t size = 0;
+};
+
+/// Of the frames of each kind, the last one.
+struct FramePlaces {
+  Place contentGroup;
+  Place title;
+  Place subtitle;
+  Place artist;
+  Place band;
+  Place conductor;
+  Place remixer;
+  Place album;
+  Place year;
+  Place comment;
+  Place track;
+  Place genre;
+};
+
+/// Null for a frame without interest.
+Place* PlaceOf(FramePlaces& places, std::uint32_t id) {
   switch (id) {
     case Id("TALB"):
-    case Id("TAL"): return &info.album;
+    case Id("TAL"): return &places.album;
     case Id("TCON"):
-    case Id("TCO"): return &info.genre;
+    case Id("TCO"): return &places.genre;
     case Id("TIT1"):
-    case Id("TT1"): return &info.contentGroup;
+    case Id("TT1"): return &places.contentGroup;
     case Id("TIT2"):
-    case Id("TT2"): return &info.title;
+    case Id("TT2"): return &places.title;
     case Id("TIT3"):
-    case Id("TT3"): return &info.subtitle;
+    case Id("TT3"): return &places.subtitle;
     case Id("TPE1"):
-    case Id("TP1"): return &info.artist;
+    case Id("TP1"): return &places.artist;
     case Id("TPE2"):
-    case Id("TP2"): return &info.band;
+    case Id("TP2"): return &places.band;
     case Id("TPE3"):
-    case Id("TP3"): return &info.conductor;
+    case Id("TP3"): return &places.conductor;
     case Id("TPE4"):
-    case Id("TP4"): return &info.remixer;
+    case Id("TP4"): return &places.remixer;
     case Id("TRCK"):
-    case Id("TRK"): return &info.track;
+    case Id("TRK"): return &places.track;
+    case Id("TYER"):
+    case Id("TYE"): return &places.year;
+    case Id("COMM"):
+    case Id("COM"): return &places.comment;
     default: return nullptr;
   }
 }
 
-/// Takes one text in UTF-16 with its byte-order mark, and the zero unit that ends it, off the front of `rest`.
-std::string TakeUtf16(std::string_view& rest) {
-  const bool littleEndian = !rest.empty() && Byte(rest[0]) == 0xFF;
+/// Decodes whole units; half of one at the end is dropped.
+std::string Utf16ToUtf8(std::string_view bytes, bool littleEndian) {
   std::string text;
   char32_t high = 0;  // the first half of a surrogate pair, waiting for its second
   const auto dropHigh = [&] {
     if (high != 0) AppendUtf8(text, 0xFFFD);
     high = 0;
   };
-  std::size_t i = 2;
-  for (; i + 1 < rest.size(); i += 2) {
-    const char32_t unit = Byte(rest[littleEndian ? i + 1 : i]) << 8u | Byte(rest[littleEndian ? i : i + 1]);
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    const char32_t unit = Byte(bytes[littleEndian ? i + 1 : i]) << 8u | Byte(bytes[littleEndian ? i : i + 1]);
     const bool isLow = unit >= 0xDC00 && unit <= 0xDFFF;
     if (isLow && high != 0) {
       AppendUtf8(text, 0x10000 + ((high - 0xD800) << 10u) + (unit - 0xDC00));
@@ -162,7 +186,6 @@ std::string TakeUtf16(std::string_view& rest) {
       continue;
     }
     dropHigh();
-    if (unit == 0) break;
     if (unit >= 0xD800 && unit <= 0xDBFF) {
       high = unit;
     } else {
@@ -170,8 +193,18 @@ std::string TakeUtf16(std::string_view& rest) {
     }
   }
   dropHigh();
-  rest.remove_prefix(std::min(i + 2, rest.size()));
   return text;
+}
+
+/// Takes one text in UTF-16 with its byte-order mark, and the zero unit that ends it, off the front of `rest`.
+std::string TakeUtf16(std::string_view& rest) {
+  constexpr std::size_t kMark = 2;
+  const bool littleEndian = !rest.empty() && Byte(rest[0]) == 0xFF;
+  std::size_t end = kMark;
+  while (end + 1 < rest.size() && (rest[end] != 0 || rest[end + 1] != 0)) end += 2;
+  const std::string_view units = rest.substr(std::min(kMark, rest.size()), end - kMark);
+  rest.remove_prefix(std::min(end + 2, rest.size()));
+  return Utf16ToUtf8(CutToLongestText(units), littleEndian);
 }
 
 /// Takes one text and its terminator off the front of `rest`; nothing for an encoding that is not read.
@@ -180,45 +213,52 @@ std::string TakeText(std::string_view& rest, std::uint32_t encoding) {
   if (encoding != 0) return {};
   const std::string_view bytes = rest.substr(0, rest.find('\0'));
   rest.remove_prefix(std::min(bytes.size() + 1, rest.size()));
-  return AnsiToUtf8(bytes);
+  return AnsiToUtf8(CutToLongestText(bytes));
 }
 
-std::string FrameText(std::string_view data) {
+std::string ReadText(BlockReader& file, const Place& place) {
+  const std::string_view data = file.View(place.data, place.size);
   if (data.empty()) return {};
   std::string_view rest = data.substr(1);
   return TakeText(rest, Byte(data[0]));
 }
 
-void ReadComment(std::string_view data, Id3v2Info& info) {
+void ReadComment(BlockReader& file, const Place& place, Id3v2Info& info) {
+  std::string_view data = file.View(place.data, place.size);
   const std::uint32_t encoding = data.empty() ? 0 : Byte(data[0]);
   data.remove_prefix(std::min<std::size_t>(4, data.size()));  // the encoding and three letters for the language
   info.commentDescription = TakeText(data, encoding);
   info.comment = TakeText(data, encoding);
 }
 
-void ReadFrameData(BlockReader& file, const Frame& frame, TagFields wanted, Id3v2Info& info) {
-  if (frame.isPadding) return;  // a zero byte is part of no identifier
-  std::string* const field = TextField(info, frame.id);
-  if (wanted == TagFields::kTitleAndArtist && field != &info.title && field != &info.artist) return;
-  if (field != nullptr) {
-    *field = FrameText(file.View(frame.data, frame.size));
-  } else if (frame.id == Id("TYER") || frame.id == Id("TYE")) {
-    info.year = Year(FrameText(file.View(frame.data, frame.size)));
-  } else if (frame.id == Id("COMM") || frame.id == Id("COM")) {
-    ReadComment(file.View(frame.data, frame.size), info);
-  }
-}
-
-void ReadFrames(BlockReader& file, const ExtendedHeader& extended, TagFields wanted, Id3v2Info& info) {
+FramePlaces FindFrames(BlockReader& file, const ExtendedHeader& extended, const Id3v2Info& info) {
   const std::int64_t end = std::int64_t{kHeaderLength} + info.tagSize - extended.padding;
   std::uint64_t next = kHeaderLength + extended.length;
-  Frame frame;
-  do {
-    frame = info.majorVersion == 3 ? ReadFourLetterFrame(file, next) : ReadThreeLetterFrame(file, next);
-    if (frame.compressed) return;
-    ReadFrameData(file, frame, wanted, info);
+  FramePlaces places;
+  for (int looked = 0; looked < kMostId3Frames; ++looked) {
+    const Frame frame = info.majorVersion == 3 ? ReadFourLetterFrame(file, next) : ReadThreeLetterFrame(file, next);
+    if (frame.compressed || frame.isPadding) break;  // a zero byte is part of no identifier
+    if (Place* const place = PlaceOf(places, frame.id)) *place = {frame.data, frame.size};
     next = frame.data + frame.size;
-  } while (!frame.isPadding && static_cast<std::int64_t>(next) + 1 < end);
+    if (static_cast<std::int64_t>(next) + 1 >= end) break;
+  }
+  return places;
+}
+
+void ReadTexts(BlockReader& file, const FramePlaces& places, TagFields wanted, Id3v2Info& info) {
+  info.title = ReadText(file, places.title);
+  info.artist = ReadText(file, places.artist);
+  if (wanted == TagFields::kTitleAndArtist) return;
+  info.contentGroup = ReadText(file, places.contentGroup);
+  info.subtitle = ReadText(file, places.subtitle);
+  info.band = ReadText(file, places.band);
+  info.conductor = ReadText(file, places.conductor);
+  info.remixer = ReadText(file, places.remixer);
+  info.album = ReadText(file, places.album);
+  info.year = Year(ReadText(file, places.year));
+  ReadComment(file, places.comment, info);
+  info.track = ReadText(file, places.track);
+  info.genre = ReadText(file, places.genre);
 }
 
 }  // namespace
@@ -257,7 +297,7 @@ Id3v2Info ReadId3v2(BlockReader& file, TagFields wanted) {
   ReadHeader(file, info);
   ExtendedHeader extended;
   if (info.majorVersion >= 3 && info.extendedHeader) extended = ReadExtendedHeader(file, info);
-  if (info.majorVersion != kVersionWithoutFrames) ReadFrames(file, extended, wanted, info);
+  if (info.majorVersion != kVersionWithoutFrames) ReadTexts(file, FindFrames(file, extended, info), wanted, info);
   return info;
 }
 

@@ -5,6 +5,7 @@
 
 #include "base/ByteSource.h"
 #include "media/BlockReader.h"
+#include "media/TagFields.h"
 
 /// The two tag formats of MP3 files. Texts are UTF-8.
 namespace quillon {
@@ -50,24 +51,24 @@ struct Id3v2Info {
   bool operator==(const Id3v2Info&) const = default;
 };
 
-enum class TagFields {
-  kTitleAndArtist,  ///< what a list row needs: other fields may stay empty
-  kAll,
-};
-
 /// Reads the last 128 bytes, which the caller knows to begin with "TAG". A shorter file gives the empty record. A text
 /// ends at its first zero byte and is decoded from code page 932; blanks stay.
 [[nodiscard]] Id3v1Info ReadId3v1(BlockReader& file, TagFields wanted = TagFields::kAll);
 [[nodiscard]] Id3v1Info ReadId3v1(ByteSource& file);
 [[nodiscard]] Id3v1Info ReadId3v1(const std::string& path);
 
+/// So many frames of a tag are looked at: real ones have tens, with chapters and pictures hundreds.
+inline constexpr int kMostId3Frames = 10000;
+
 /// Reads the tag of a file that the caller knows to begin with "ID3".
 ///
 /// Version 3 is read with four-letter frames, every other version with three-letter ones: a version 4 tag therefore
 /// gives its header numbers and no texts. A compressed frame ends the reading. Texts are in code page 932 (encoding 0)
 /// or UTF-16 with its mark (encoding 1); other encodings give an empty text. Of several frames of one kind the last
-/// counts. Frames without interest are passed over unread. A frame that the file cuts off gives the text that is there;
-/// bytes behind the end of the file count as zero.
+/// counts. Frames without interest are passed over unread; of a text longer than kLongestText the beginning is read,
+/// and of a comment frame's data twice that, so that behind a longer description the comment is empty. A frame that the
+/// file cuts off gives the text that is there; bytes behind the end of the file count as zero. Frames behind
+/// kMostId3Frames are not looked at.
 [[nodiscard]] Id3v2Info ReadId3v2(BlockReader& file, TagFields wanted = TagFields::kAll);
 [[nodiscard]] Id3v2Info ReadId3v2(ByteSource& file);
 [[nodiscard]] Id3v2Info ReadId3v2(const std::string& path);

@@ -1,74 +1,122 @@
 #include "media/basMIDIInfo.h"
 
-#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <limits>
-#include <memory>
-#include <new>
 #include <optional>
 #include <string_view>
 
+#include "base/ByteSearch.h"
+#include "media/WindowReader.h"
 #include "platform/Ansi.h"
 #include "platform/FileSystem.h"
 
 namespace quillon {
 namespace {
 
-constexpr std::size_t kNotFound = std::string_view::npos;
-
 // Lengths are signed 32-bit numbers here; a "MIDI file" beyond that is none.
 constexpr std::uint64_t kLargestFile = std::numeric_limits<std::int32_t>::max();
 
-std::optional<unsigned char> ByteAt(std::string_view data, std::size_t offset) {
-  if (offset >= data.size()) return std::nullopt;
-  return static_cast<unsigned char>(data[offset]);
+using Place = std::optional<std::uint64_t>;
+
+std::size_t FindTitleEvent(std::string_view bytes, std::size_t from) {
+  return FindWhere<2>(
+      bytes, from, [](const char* place) { return (StandsAt(place, "\xFF\x01") | StandsAt(place, "\xFF\x03")) != 0; });
 }
+
+/// Where in the file stands what the record is made of.
+class Places {
+ public:
+  /// What is found in the file's windows, given in their order.
+  void LookAt(std::string_view window, std::uint64_t offset) {
+    const auto place = [&](std::size_t at) { return at == std::string_view::npos ? Place() : Place(offset + at); };
+    if (!header_) header_ = place(FindBytes(window, 0, "MThd"));
+    if (!track_) track_ = place(FindBytes(window, 0, "MTrk"));
+    if (!track_ || nextTrack_) return;
+    const std::size_t from = *track_ < offset ? 0 : static_cast<std::size_t>(*track_ - offset) + 1;
+    const std::size_t nextTrack = FindBytes(window, from, "MTrk");
+    nextTrack_ = place(nextTrack);
+    const std::string_view firstTrack = window.substr(0, nextTrack);
+    if (!title_) title_ = place(FindTitleEvent(firstTrack, from));
+    if (!copyright_) copyright_ = place(FindBytes(firstTrack, from, "\xFF\x02"));
+  }
+
+  /// True when the rest of the file makes no difference.
+  [[nodiscard]] bool Complete() const { return header_ && track_ && (nextTrack_ || (title_ && copyright_)); }
+
+  [[nodiscard]] Place Header() const { return header_; }
+  [[nodiscard]] Place Track() const { return track_; }
+  [[nodiscard]] Place Title() const { return title_; }
+  [[nodiscard]] Place Copyright() const { return copyright_; }
+
+ private:
+  Place header_;
+  Place track_;
+  Place nextTrack_;
+  Place title_;      // of the first text or name event
+  Place copyright_;  // of the first copyright event
+};
+
+// Needles are four bytes long.
+constexpr std::size_t kOverlap = 3;
+
+/// A file and what is in it: `window` is the part that has been read last.
+struct Contents {
+  ByteSource& file;
+  const WindowReader& window;
+
+  /// At most `count` bytes at `offset`, copied.
+  template <std::size_t kCount>
+  [[nodiscard]] std::string_view At(std::uint64_t offset, std::array<char, kCount>& into) const {
+    if (offset >= window.Offset() && (offset + kCount <= window.End() || window.End() == file.Size())) {
+      const std::string_view bytes = window.Bytes();
+      const std::uint64_t begin = offset - window.Offset();
+      return begin < bytes.size() ? bytes.substr(static_cast<std::size_t>(begin), kCount) : std::string_view();
+    }
+    return {into.data(), file.ReadAt(offset, into.data(), kCount)};
+  }
+};
 
 /// Two bytes, high byte first; nullopt where the data ends and above 32767.
-std::optional<std::int16_t> NumberAt(std::string_view data, std::size_t offset) {
-  const auto high = ByteAt(data, offset);
-  const auto low = ByteAt(data, offset + 1);
-  if (!high || !low || *high > 0x7F) return std::nullopt;
-  return static_cast<std::int16_t>(*high * 256 + *low);
+std::optional<std::int16_t> NumberAt(std::string_view bytes, std::size_t offset) {
+  if (offset + 2 > bytes.size()) return std::nullopt;
+  const auto high = static_cast<unsigned char>(bytes[offset]);
+  const auto low = static_cast<unsigned char>(bytes[offset + 1]);
+  if (high > 0x7F) return std::nullopt;
+  return static_cast<std::int16_t>(high * 256 + low);
 }
 
-/// The text of the event at `offset`, empty for kNotFound; nullopt when the data ends before its length.
-std::optional<std::string> EventText(std::string_view data, std::size_t offset) {
-  if (offset == kNotFound) return std::string();
-  const auto length = ByteAt(data, offset + 2);
-  if (!length) return std::nullopt;
-  return AnsiToUtf8(data.substr(offset + 3, *length));
+/// The text of the event at `place`, empty for none; nullopt when the data ends before its length.
+std::optional<std::string> EventText(const Contents& contents, const Place& place) {
+  if (!place) return std::string();
+  std::array<char, 1 + 255> copy;
+  const std::string_view bytes = contents.At(*place + 2, copy);
+  if (bytes.empty()) return std::nullopt;
+  return AnsiToUtf8(bytes.substr(1, static_cast<unsigned char>(bytes[0])));
 }
 
-MidiInfo Parse(std::string_view data) {
-  const std::size_t header = data.find("MThd");
-  if (header == kNotFound) return {};
-  const auto format = NumberAt(data, header + 8);
-  const auto trackCount = NumberAt(data, header + 10);
-  const auto division = NumberAt(data, header + 12);
-  const std::size_t track = data.find("MTrk");
-  if (!format || !trackCount || !division || track == kNotFound) return {};
-
-  // Events lie wholly in front of the next "MTrk", so searching up to it is enough. npos sorts behind every offset.
-  const std::string_view upToNextTrack = data.substr(0, data.find("MTrk", track + 1));
-  const std::size_t text = upToNextTrack.find("\xFF\x01", track);
-  const std::size_t copyright = upToNextTrack.find("\xFF\x02", track);
-  const std::size_t name = upToNextTrack.find("\xFF\x03", track);
-  auto titleText = EventText(data, std::min(text, name));
-  auto copyrightText = EventText(data, copyright);
-  if (!titleText || !copyrightText) return {};
-  return {*format, *trackCount, *division, *std::move(titleText), *std::move(copyrightText)};
+MidiInfo Take(const Places& places, const Contents& contents) {
+  if (!places.Header() || !places.Track()) return {};
+  std::array<char, 6> copy;
+  const std::string_view numbers = contents.At(*places.Header() + 8, copy);
+  const auto format = NumberAt(numbers, 0);
+  const auto trackCount = NumberAt(numbers, 2);
+  const auto division = NumberAt(numbers, 4);
+  if (!format || !trackCount || !division) return {};
+  auto title = EventText(contents, places.Title());
+  auto copyright = EventText(contents, places.Copyright());
+  if (!title || !copyright) return {};
+  return {*format, *trackCount, *division, *std::move(title), *std::move(copyright)};
 }
 
 }  // namespace
 
 MidiInfo ReadMidiInfo(ByteSource& file) {
   if (file.IsHiddenOrSystem() || file.Size() > kLargestFile) return {};
-  const auto size = static_cast<std::size_t>(file.Size());
-  // Left unset: filling it would cost as much as reading it.
-  const std::unique_ptr<char[]> bytes(new (std::nothrow) char[size]);
-  if (!bytes) return {};
-  return Parse({bytes.get(), file.ReadAt(0, bytes.get(), size)});
+  WindowReader window(file, kOverlap);
+  Places places;
+  while (!places.Complete() && window.Next()) places.LookAt(window.Bytes(), window.Offset());
+  return Take(places, {file, window});
 }
 
 MidiInfo ReadMidiInfo(const std::string& path) {

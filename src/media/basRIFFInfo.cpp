@@ -15,8 +15,6 @@ namespace quillon {
 namespace {
 
 constexpr std::size_t kChunkHeaderLength = 8;
-// Far more than any file holds; a bound for files made of empty chunks.
-constexpr int kMostChunks = 100000;
 constexpr std::size_t kTypeLength = 4;  // the form of a RIFF, the type of a LIST
 
 struct Chunk {
@@ -36,54 +34,58 @@ std::uint64_t SizeField(std::string_view header) {
          std::uint64_t{ByteAt(header, 6)} << 16u | std::uint64_t{ByteAt(header, 7)} << 24u;
 }
 
-/// Ids are printable; anything else is no RIFF data, such as the sound of a plain MP3 file.
-bool IsChunkId(std::string_view id) {
-  return std::all_of(id.begin(), id.end(), [](char c) { return c >= ' ' && c <= '~'; });
-}
+/// Looks for chunks of a file, over and over, until too many have been looked at.
+class ChunkSearch {
+ public:
+  explicit ChunkSearch(BlockReader& file) : file_(file) {}
 
-/// The first chunk of this id (and, for a RIFF or LIST, this type) among those that begin at `from` and before `end`.
-std::optional<Chunk> FindChunk(BlockReader& file, std::uint64_t from, std::uint64_t end, std::string_view id,
-                               std::string_view type = {}) {
-  end = std::min(end, file.Size());
-  for (int looked = 0; looked < kMostChunks && from + kChunkHeaderLength <= end; ++looked) {
-    const std::string_view header = file.View(from, kChunkHeaderLength + kTypeLength);
-    if (header.size() < kChunkHeaderLength || !IsChunkId(header.substr(0, kTypeLength))) break;
-    const Chunk chunk{from + kChunkHeaderLength, SizeField(header)};
-    if (header.starts_with(id) && (type.empty() || header.substr(kChunkHeaderLength) == type)) return chunk;
-    from = chunk.Next();
+  /// The first chunk of this id (and, for a RIFF or LIST, this type) among those that begin at `from` and before `end`.
+  std::optional<Chunk> Find(std::uint64_t from, std::uint64_t end, std::string_view id, std::string_view type = {}) {
+    end = std::min(end, file_.Size());
+    for (; looked_ < kMostRiffChunks && from + kChunkHeaderLength <= end; ++looked_) {
+      const std::string_view header = file_.View(from, kChunkHeaderLength + kTypeLength);
+      if (header.size() < kChunkHeaderLength) break;
+      const Chunk chunk{from + kChunkHeaderLength, SizeField(header)};
+      if (header.starts_with(id) && (type.empty() || header.substr(kChunkHeaderLength) == type)) return chunk;
+      from = chunk.Next();
+    }
+    return std::nullopt;
   }
-  return std::nullopt;
-}
+
+ private:
+  BlockReader& file_;
+  int looked_ = 0;
+};
 
 /// Decodes bytes of 128 or more in pairs, from the left. That is what code page 932 does by itself, except where the
-/// first of a pair stands for a character alone and the second could begin one: there the text is decoded in parts.
+/// first of a pair stands for a character alone and the second could begin one: the second is no character then.
 std::string PairsToUtf8(std::string_view bytes) {
-  std::string text;
-  std::size_t decoded = 0;
-  for (std::size_t i = 0; i < bytes.size();) {
-    if (ByteAt(bytes, i) < 0x80) {
-      ++i;
-      continue;
+  constexpr std::string_view kNoCharacter = "\x81\x45";  // what is decoded to the same as half a character
+  std::string apart(bytes.size() + bytes.size() / 2, '\0');
+  char* into = apart.data();
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    *into++ = bytes[i];
+    if (ByteAt(bytes, i) < 0x80 || i + 1 == bytes.size()) continue;
+    const bool splits = !IsAnsiLeadByte(ByteAt(bytes, i)) && IsAnsiLeadByte(ByteAt(bytes, i + 1));
+    ++i;
+    if (splits) {
+      into = std::copy(kNoCharacter.begin(), kNoCharacter.end(), into);
+    } else {
+      *into++ = bytes[i];
     }
-    const bool splits =
-        i + 1 < bytes.size() && !IsAnsiLeadByte(ByteAt(bytes, i)) && IsAnsiLeadByte(ByteAt(bytes, i + 1));
-    i += 2;
-    if (!splits) continue;
-    text += AnsiToUtf8(bytes.substr(decoded, i - decoded));
-    decoded = i;
   }
-  return decoded == 0 ? AnsiToUtf8(bytes) : text + AnsiToUtf8(bytes.substr(decoded));
+  return AnsiToUtf8({apart.data(), static_cast<std::size_t>(into - apart.data())});
 }
 
 std::string ChunkText(BlockReader& file, const Chunk& chunk) {
-  std::string_view bytes = file.View(chunk.data, chunk.size);
+  std::string_view bytes = file.View(chunk.data, std::min<std::uint64_t>(chunk.size, kLongestText + 1));
   if (bytes.ends_with('\0')) bytes.remove_suffix(1);
-  return PairsToUtf8(bytes);
+  return PairsToUtf8(CutToLongestText(bytes));
 }
 
 }  // namespace
 
-RiffInfo ReadRiffInfo(BlockReader& file) {
+RiffInfo ReadRiffInfo(BlockReader& file, TagFields wanted) {
   static constexpr std::array<std::pair<std::string_view, std::string RiffInfo::*>, 5> kTexts = {{
       {"INAM", &RiffInfo::name},
       {"IART", &RiffInfo::artist},
@@ -92,13 +94,15 @@ RiffInfo ReadRiffInfo(BlockReader& file) {
       {"ICRD", &RiffInfo::creationDate},
   }};
   RiffInfo info;
-  const auto riff = FindChunk(file, 0, file.Size(), "RIFF", "RMP3");
+  ChunkSearch search(file);
+  const auto riff = search.Find(0, file.Size(), "RIFF", "RMP3");
   if (!riff) return info;
-  const auto list = FindChunk(file, riff->data + kTypeLength, riff->End(), "LIST", "INFO");
+  const auto list = search.Find(riff->data + kTypeLength, riff->End(), "LIST", "INFO");
   if (!list) return info;
   std::uint64_t from = list->data + kTypeLength;
   for (const auto& [id, text] : kTexts) {
-    const auto chunk = FindChunk(file, from, list->End(), id);
+    if (wanted == TagFields::kTitleAndArtist && text == &RiffInfo::product) break;
+    const auto chunk = search.Find(from, list->End(), id);
     if (!chunk) break;
     info.*text = ChunkText(file, *chunk);
     from = chunk->Next();

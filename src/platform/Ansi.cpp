@@ -88,6 +88,39 @@ const Table& EncodeTable() {
   return *table;
 }
 
+/// Appends characters of the basic plane to a text in UTF-8, some at a time: byte by byte would take several times as
+/// long.
+class Utf8Pieces {
+ public:
+  explicit Utf8Pieces(std::string& text) : text_(text) {}
+
+  void Append(char32_t character) {
+    if (length_ + 3 > piece_.size()) Flush();
+    if (character < 0x80) {
+      Put(character);
+    } else if (character < 0x800) {
+      Put(0xC0 | character >> 6u);
+      Put(0x80 | (character & 0x3F));
+    } else {
+      Put(0xE0 | character >> 12u);
+      Put(0x80 | (character >> 6u & 0x3F));
+      Put(0x80 | (character & 0x3F));
+    }
+  }
+
+  void Flush() {
+    text_.append(piece_.data(), length_);
+    length_ = 0;
+  }
+
+ private:
+  void Put(char32_t byte) { piece_[length_++] = static_cast<char>(static_cast<unsigned char>(byte)); }
+
+  std::string& text_;
+  std::array<char, 256> piece_;
+  std::size_t length_ = 0;
+};
+
 std::size_t AsciiPrefix(std::string_view text) {
   const auto end = std::find_if(text.begin(), text.end(), [](char c) { return Byte(c) >= 0x80; });
   return static_cast<std::size_t>(end - text.begin());
@@ -103,19 +136,21 @@ std::string AnsiToUtf8(std::string_view bytes) {
   const std::size_t ascii = AsciiPrefix(bytes);
   std::string text(bytes.substr(0, ascii));
   if (ascii == bytes.size()) return text;
-  text.reserve(bytes.size() + bytes.size() / 2);
+  text.reserve(bytes.size() + bytes.size() / 2 + 2);  // enough when it is doubled, at three bytes for each
   const Table& table = DecodeTable();
+  Utf8Pieces pieces(text);
   for (std::size_t i = ascii; i < bytes.size(); ++i) {
     const unsigned char lead = Byte(bytes[i]);
     if (!IsAnsiLeadByte(lead)) {
-      AppendUtf8(text, SingleCharacter(lead));
+      pieces.Append(SingleCharacter(lead));
       continue;
     }
     const unsigned char trail = i + 1 < bytes.size() ? Byte(bytes[i + 1]) : static_cast<unsigned char>(0);
     const char32_t character = IsTrailByte(trail) ? table[Code(lead, trail)] : kNoCharacter;
-    AppendUtf8(text, character == kNoCharacter ? kReplacement : character);
+    pieces.Append(character == kNoCharacter ? kReplacement : character);
     if (IsTrailByte(trail)) ++i;
   }
+  pieces.Flush();
   return text;
 }
 

@@ -21,13 +21,17 @@ inline constexpr int kAlreadyOpen = 55;    ///< the file is open
 inline constexpr int kAlreadyExists = 58;  ///< the target exists
 inline constexpr int kAccess = 75;         ///< permission, read-only volume, sharing violation, busy
 inline constexpr int kOwn = 1000;          ///< added to any other number of the system, so that the two never collide
-/// A change of letter case failed half-way and could not be taken back; the description names where the file is now.
+/// The call failed half-way and could not be taken back safely: the file is at FileError::fileAt now.
 inline constexpr int kStranded = kOwn;
+/// The source of a move was changed or replaced while it was copied: it stays, and so does the copy at
+/// FileError::fileAt.
+inline constexpr int kBothKept = kOwn - 1;
 }  // namespace file_error
 
 struct FileError {
   int number = 0;           ///< one of file_error, or file_error::kOwn plus the system's own number
   std::string description;  ///< the system's words for it, UTF-8
+  std::string fileAt = {};  ///< where the file, or its copy, is now (kStranded, kBothKept); empty for other errors
 
   bool operator==(const FileError&) const = default;
 };
@@ -37,6 +41,25 @@ inline constexpr int kRecycleNotDone = 1026;
 
 /// Empty on success.
 using FileOutcome = std::optional<FileError>;
+
+/// What a move to another volume could not keep, because the target has no place for it.
+struct NotKept {
+  bool times = false;
+  bool accessRights = false;  ///< an access list, or a permission that others now have and had not before
+  bool attributes = false;    ///< extended attributes
+
+  [[nodiscard]] bool Any() const { return times || accessRights || attributes; }
+  void Add(const NotKept& other) {
+    times = times || other.times;
+    accessRights = accessRights || other.accessRights;
+    attributes = attributes || other.attributes;
+  }
+
+  bool operator==(const NotKept&) const = default;
+};
+
+/// A move that was carried out, or the reason why it was not.
+using MoveOutcome = Result<NotKept, FileError>;
 
 struct FolderEntry {
   std::string name;
@@ -94,9 +117,15 @@ class FileChanges {
   virtual FileOutcome Rename(const std::string& from, const std::string& to) = 0;
 
   /// Moves to another folder under the given full path; to another volume by copying, flushing, publishing without
-  /// replacing, then deleting the source. Times and permissions are kept as far as the target volume knows them. A link
-  /// is moved itself. A folder is not moved to another volume.
-  virtual FileOutcome Move(const std::string& from, const std::string& to) = 0;
+  /// replacing, then deleting the source, if it still is the very file that was copied, unchanged (else kBothKept).
+  /// Times, permissions and extended attributes are kept as far as the target volume knows them. A link is moved
+  /// itself. A folder is not moved to another volume.
+  virtual MoveOutcome Move(const std::string& from, const std::string& to) = 0;
+
+  /// Deletes what earlier moves into this folder left behind when they were killed: temporary files that carry this
+  /// program's mark, are older than a day and belong to no move that still runs. Never fails: what cannot be deleted
+  /// stays until the next time.
+  virtual void RemoveLeftovers(const std::string& folder) = 0;
 
   /// Deletes for good. Never a folder (75). A link is deleted itself.
   virtual FileOutcome Remove(const std::string& path) = 0;
@@ -122,6 +151,10 @@ class FileChanges {
 /// resolved through the real folder (on Windows as text, as the system does). Does not need to exist. Links in the path
 /// stay as they are, and so does a trailing separator. An empty path stays empty.
 [[nodiscard]] std::string FullPath(const std::string& path);
+
+/// On Windows: a full path without the prefix that makes the system take it literally, and its short names (8.3)
+/// written out as far as the path exists. Elsewhere the path as it is.
+[[nodiscard]] std::string LongPath(const std::string& fullPath);
 
 /// The folder where the desktop keeps this user's deleted files, with a trailing separator; empty where there is none
 /// with a name of its own (Windows).

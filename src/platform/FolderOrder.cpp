@@ -15,8 +15,8 @@ namespace {
 struct Key {
   std::uint64_t start = 0;  ///< the first eight bytes after the prefix that all names share, big-endian
   std::size_t offset = 0;   ///< of the upper-case name in the arena
-  std::size_t length = 0;
-  std::size_t entry = 0;
+  std::uint32_t length = 0;
+  std::uint32_t entry = 0;
 };
 
 // The scripts of East Asia know no letter case; their names are the ones there are many of.
@@ -67,17 +67,39 @@ std::uint64_t StartOf(std::string_view name) {
   return start;
 }
 
+// Names of a few letters grow or shrink by a byte when they become upper-case.
+void ReserveFor(std::string& arena, const std::vector<FolderEntry>& entries) {
+  std::size_t bytes = 0;
+  for (const FolderEntry& entry : entries) bytes += entry.name.size();
+  arena.reserve(bytes);
+}
+
+// Without a second vector: there may be a million entries.
+void PutInOrder(std::vector<FolderEntry>& entries, std::vector<Key>& keys) {
+  for (std::uint32_t start = 0; start < keys.size(); ++start) {
+    std::uint32_t place = start;
+    while (keys[place].entry != start) {
+      const std::uint32_t from = std::exchange(keys[place].entry, place);
+      std::swap(entries[place], entries[from]);
+      place = from;
+    }
+    keys[place].entry = place;
+  }
+}
+
 }  // namespace
 
 void SortAsVolumeLists(std::vector<FolderEntry>& entries) {
   if (entries.size() < 2) return;
   std::string arena;
+  ReserveFor(arena, entries);
   std::vector<Key> keys;
   keys.reserve(entries.size());
-  for (std::size_t i = 0; i < entries.size(); ++i) {
+  for (const FolderEntry& entry : entries) {
     const std::size_t offset = arena.size();
-    AppendUpper(arena, entries[i].name);
-    keys.push_back({0, offset, arena.size() - offset, i});
+    AppendUpper(arena, entry.name);
+    keys.push_back(
+        {0, offset, static_cast<std::uint32_t>(arena.size() - offset), static_cast<std::uint32_t>(keys.size())});
   }
   const std::size_t shared = SharedPrefix(arena, keys);
   for (Key& key : keys) key.start = StartOf(UpperName(arena, key).substr(shared));
@@ -86,10 +108,7 @@ void SortAsVolumeLists(std::vector<FolderEntry>& entries) {
     const int order = UpperName(arena, left).substr(shared).compare(UpperName(arena, right).substr(shared));
     return order != 0 ? order < 0 : entries[left.entry].name < entries[right.entry].name;
   });
-  std::vector<FolderEntry> sorted;
-  sorted.reserve(entries.size());
-  for (const Key& key : keys) sorted.push_back(std::move(entries[key.entry]));
-  entries = std::move(sorted);
+  PutInOrder(entries, keys);
 }
 
 }  // namespace quillon

@@ -1,39 +1,71 @@
 #include "platform/MoveByCopying.h"
 
+#include <utility>
+
 #include "platform/EntryPath.h"
-#include "platform/TemporaryName.h"
 
 namespace quillon {
 namespace {
 
-FileError TakeBack(CopySteps& steps, const std::string& copy, FileError reason) {
-  if (const FileOutcome failed = steps.Remove(copy)) reason.description += " (" + copy + ")";
+FileError Kept(int number, FileError reason, const std::string& copy) {
+  reason.number = number;
+  reason.fileAt = copy;
   return reason;
 }
 
-FileOutcome PublishAndRemoveSource(CopySteps& steps, const std::string& temporary, const std::string& from,
-                                   const std::string& to, const std::string& folder) {
-  if (const FileOutcome failed = steps.Publish(temporary, to)) return TakeBack(steps, temporary, *failed);
-  if (const FileOutcome failed = steps.FlushFolder(folder)) return TakeBack(steps, to, *failed);
-  if (const FileOutcome failed = steps.Remove(from)) return TakeBack(steps, to, *failed);
-  return std::nullopt;
+FileError BothKept(const std::string& to) {
+  return {file_error::kBothKept, "The source has changed", to};
+}
+
+// The copy has one of the two names, or, when giving it the second one has failed half-way, both.
+FileError TakeBack(CopySteps& steps, const std::string& to, FileError reason) {
+  const std::string temporary = steps.Temporary();
+  const std::string copy = steps.Look(temporary) ? to : temporary;
+  const SourceNow source = steps.LookAtSource();
+  // Nothing else is left of what was copied.
+  if (source == SourceNow::kGone || source == SourceNow::kReplaced) {
+    return Kept(file_error::kStranded, std::move(reason), copy);
+  }
+  // It may be gone, too.
+  if (source == SourceNow::kUnknown) return Kept(file_error::kBothKept, std::move(reason), copy);
+  const bool temporaryStays = steps.RemoveCopy(temporary).has_value();
+  const bool targetStays = steps.RemoveCopy(to).has_value();
+  if (targetStays) return Kept(file_error::kBothKept, std::move(reason), to);
+  return temporaryStays ? Kept(file_error::kBothKept, std::move(reason), temporary) : reason;
+}
+
+MoveOutcome RemoveSource(CopySteps& steps, const std::string& to, const NotKept& notKept) {
+  switch (steps.LookAtSource()) {
+    case SourceNow::kGone: return notKept;
+    case SourceNow::kModified:
+    case SourceNow::kUnknown:
+    case SourceNow::kReplaced: return BothKept(to);
+    case SourceNow::kUnchanged: break;
+  }
+  const FileOutcome failed = steps.RemoveSource();
+  if (!failed) return notKept;
+  switch (steps.LookAtSource()) {
+    case SourceNow::kGone: return notKept;  // some servers delete, and report a failure all the same
+    case SourceNow::kModified:
+    case SourceNow::kUnknown:
+    case SourceNow::kReplaced: return BothKept(to);
+    case SourceNow::kUnchanged: break;
+  }
+  return TakeBack(steps, to, *failed);
 }
 
 }  // namespace
 
-FileOutcome MoveByCopying(CopySteps& steps, const std::string& from, const std::string& to, PathStyle style) {
-  if (FileOutcome absent = steps.Look(from)) return absent;
+MoveOutcome MoveByCopying(CopySteps& steps, const std::string& from, const std::string& to, PathStyle style) {
+  if (const FileOutcome failed = steps.OpenSource(from)) return *failed;
   // Publishing would find this out, too, but only after all the copying.
   if (!steps.Look(to)) return FileError{file_error::kAlreadyExists, "File exists"};
   const std::string folder(SplitPath(to, style).folder);
-  FileOutcome outcome;
-  for (int i = 0; i < kTemporaryNameAttempts; ++i) {
-    const std::string temporary = folder + TemporaryName();
-    outcome = steps.Copy(from, temporary);
-    if (!outcome) return PublishAndRemoveSource(steps, temporary, from, to, folder);
-    if (outcome->number != file_error::kAlreadyExists) break;
-  }
-  return outcome;
+  MoveOutcome copied = steps.CopyInto(folder);
+  if (!copied) return copied;
+  if (const FileOutcome failed = steps.Publish(to)) return TakeBack(steps, to, *failed);
+  if (const FileOutcome failed = steps.FlushFolder(folder)) return TakeBack(steps, to, *failed);
+  return RemoveSource(steps, to, *copied);
 }
 
 }  // namespace quillon

@@ -14,6 +14,10 @@ namespace quillon {
 /// The executable's file name without folder and, on Windows, without ".exe".
 [[nodiscard]] std::string ProgramBaseName();
 
+/// From now on what the process loads by name alone comes from the program's folder or the system's, never from the
+/// current folder or PATH: to be called before anything else. Nothing to do on Linux.
+void KeepToOwnAndSystemLibraries();
+
 /// The folder for this user's configuration files, with a trailing separator (need not exist yet).
 [[nodiscard]] std::string UserConfigurationFolder();
 

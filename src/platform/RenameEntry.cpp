@@ -25,15 +25,25 @@ bool IsListedAs(EntryChanges& changes, const std::string& path, PathStyle style)
 FileError TakeBack(EntryChanges& changes, const std::string& temporary, const std::string& from, FileError reason) {
   if (!changes.RenameNoReplace(temporary, from)) return reason;
   reason.number = file_error::kStranded;
-  reason.description += " (" + temporary + ")";
+  reason.fileAt = temporary;
   return reason;
 }
 
+// What makes the file the kind that it is, should it stay under the temporary name; none that is hardly one.
+std::string EndingOf(std::string_view name) {
+  constexpr std::size_t kLongestEnding = 32;
+  const std::size_t dot = name.rfind('.');
+  const bool usual = dot != std::string_view::npos && name.size() - dot <= kLongestEnding;
+  return usual ? std::string(name.substr(dot)) : std::string();
+}
+
 FileOutcome RenameInTwoSteps(EntryChanges& changes, const std::string& from, const std::string& to, PathStyle style) {
-  const std::string folder(SplitPath(from, style).folder);
+  const EntryPath split = SplitPath(from, style);
+  const std::string folder(split.folder);
+  const std::string ending = EndingOf(split.name);
   FileOutcome outcome;
   for (int i = 0; i < kTemporaryNameAttempts; ++i) {
-    const std::string temporary = folder + TemporaryName();
+    const std::string temporary = std::string(folder).append(TemporaryName()).append(ending);
     outcome = changes.RenameNoReplace(from, temporary);
     if (!outcome) {
       outcome = changes.RenameNoReplace(temporary, to);

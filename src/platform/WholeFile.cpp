@@ -2,11 +2,16 @@
 
 namespace quillon {
 
-std::optional<std::string> ReadWholeFile(const std::string& path) {
-  const std::unique_ptr<ByteSource> file = OpenSystemFile(path);
-  if (!file) return std::nullopt;
-  std::string bytes = file->Read(0, file->Size());
-  if (bytes.size() != file->Size()) return std::nullopt;
+Result<std::string, ReadFailure> ReadWholeFile(const std::string& path, std::uint64_t largest) {
+  const Result<std::unique_ptr<ByteSource>, ReadFailure> file = OpenRegularFile(path);
+  if (!file) return file.Failure();
+  return ReadWhole(**file, largest);
+}
+
+Result<std::string, ReadFailure> ReadWhole(ByteSource& file, std::uint64_t largest) {
+  if (file.Size() > largest) return ReadFailure::kTooLarge;
+  std::string bytes = file.Read(0, file.Size());
+  if (bytes.size() != file.Size()) return ReadFailure::kUnreadable;
   return bytes;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "base/Finally.h"
 #include "filelist/paths/basFileControl.h"
 #include "media/MediaInfo.h"
 
@@ -55,15 +56,18 @@ void MusicPlayer::PlayOrPause() {
     ports_.boxes.Show({kCaption, "再生するファイルを指定してください", MessageIcon::kExclamation});
     return;
   }
+  if (!ChangeState()) Recover();
+}
+
+// False when the file cannot be played.
+bool MusicPlayer::ChangeState() {
   ports_.window.SetPointer(Pointer::kBusyArrow);
-  bool done = true;
+  const Finally normal([this] { ports_.window.SetPointer(Pointer::kNormal); });
   switch (mci_.Mode()) {
-    case MCIMode::kPlaying: Pause(); break;
-    case MCIMode::kPaused: Resume(); break;
-    default: done = StartChosen();
+    case MCIMode::kPlaying: Pause(); return true;
+    case MCIMode::kPaused: Resume(); return true;
+    default: return StartChosen();
   }
-  ports_.window.SetPointer(Pointer::kNormal);
-  if (!done) Recover();
 }
 
 void MusicPlayer::Pause() {

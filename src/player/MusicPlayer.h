@@ -89,6 +89,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   void Pause();
   void Resume();
   [[nodiscard]] bool StartChosen();
+  bool ChangeState();
   void Recover();
   /// False when the tick goes on.
   [[nodiscard]] bool FileEnded();

@@ -213,7 +213,7 @@ void frmMoviePlayer::SetFactor(int factor) {
   const std::optional<TwipsSize> size = MovieWindowSize(natural_, factor, AllowanceOf(Surround()));
   if (!size) {
     surroundings_.boxes.Show(
-        {"画面サイズ", "画像が大きすぎるため、この画面サイズにはできません", MessageIcon::kExclamation});
+        {"画面サイズ", "映像が大きすぎるため、このサイズでは表示できません", MessageIcon::kExclamation});
     return;
   }
   openedWithin_.reset();

@@ -10,7 +10,8 @@
 #include "app/frmMain.h"
 #include "app/settings/Settings.h"
 #include "app/settings/SettingsFile.h"
-#include "app/settings/basINIControl.h"
+#include "base/UnexpectedError.h"
+#include "controls/GuardedApp.h"
 #include "controls/WxMessageBoxes.h"
 #include "platform/Program.h"
 #include "platform/desktop/DesktopStyle.h"
@@ -26,56 +27,85 @@ Application::Paths ProgramPaths() {
   return {SettingsFilePath(folder, name), HelpFilePath(folder, name)};
 }
 
-Result<OptionValues, SettingsError> ReadSettings(const std::string& path) {
-  IniFile file(path);
-  file.Load();
-  return ReadOptionValues(file);
-}
-
 }  // namespace
 
 /// The program: one instance for a user's session, its one main window.
-class QuillonApp final : public wxApp {
+class QuillonApp final : public GuardedApp {
  public:
   // Before the window system is started, which takes away what a desktop passes on about who started the program.
   bool Initialize(int& count, wxChar** arguments) override {
+    KeepToOwnAndSystemLibraries();
+    request_ = ReadCommandLine(RawCommandLine(), ProgramArguments(0, nullptr), *MakeFileReads());
+    if (request_.kind != CommandLineRequest::Kind::kOpen && Write(request_)) std::exit(ExitStatusOf(request_));
     PreferNumberedWindows();  // a film's picture is drawn into one
     instance_ = MakeSingleInstance(kMainTitle, kMainWindowClass);
-    return wxApp::Initialize(count, arguments);
+    return GuardedApp::Initialize(count, arguments);
   }
 
   bool OnInit() override {
     SetAppName(kMainTitle);
+    try {
+      Begin();
+    } catch (...) {
+      Fail({kMainTitle, UnexpectedErrorText(), MessageIcon::kStop});
+    }
+    return true;
+  }
+
+  int OnRun() override { return exitStatus_ ? *exitStatus_ : GuardedApp::OnRun(); }
+
+  int OnExit() override {
+    instance_.reset();
+    return GuardedApp::OnExit();
+  }
+
+ private:
+  // What is asked for is an answer; a mistake is a complaint. False where there is nobody to read it, as for programs
+  // with windows on Windows.
+  static bool Write(const CommandLineRequest& request) {
+    const bool mistake = request.kind == CommandLineRequest::Kind::kWrongUsage;
+    const std::string answer = AnswerTo(request);
+    return (mistake ? WriteStandardError(answer) : WriteStandardOutput(answer)) == StreamResult::kWritten;
+  }
+
+  void Begin() {
+    if (request_.kind != CommandLineRequest::Kind::kOpen) {
+      exitStatus_ = ExitStatusOf(request_);
+      WxMessageBoxes(nullptr).Show({kMainTitle, AnswerTo(request_), MessageIcon::kInformation});
+      return;
+    }
     if (!instance_->IsFirst()) {
       instance_->BringFirstForward();
       exitStatus_ = EXIT_SUCCESS;
-      return true;
+      return;
     }
     wxUILocale::UseDefault();
     ApplyDesktopStyle();
-    const Application::Paths paths = ProgramPaths();
-    Result<OptionValues, SettingsError> options = ReadSettings(paths.settings);
-    if (!options) {
-      WxMessageBoxes(nullptr).Show(InitialisationError());
-      exitStatus_ = EXIT_FAILURE;
-      return true;
+    try {
+      if (!LoadWindow(ProgramPaths())) Fail(InitialisationError());
+    } catch (...) {  // whatever keeps the window from being made
+      Fail(InitialisationError());
     }
+  }
+
+  void Fail(const Message& message) {
+    exitStatus_ = EXIT_FAILURE;
+    WxMessageBoxes(nullptr).Show(message);
+  }
+
+  // False for settings that cannot be read.
+  bool LoadWindow(const Application::Paths& paths) {
+    std::optional<OptionValues> options = LoadOptionValues(paths.settings);
+    if (!options) return false;
     auto* window = new frmMain(*std::move(options), paths);  // deletes itself when it is closed
     SetTopWindow(window);
     instance_->OnRaise([window] { window->ComeForward(); });
     // Not before the message loop runs: the load lets messages through.
-    window->CallAfter([window] { window->Start(CommandLinePaths(RawCommandLine(), ProgramArguments(0, nullptr))); });
+    window->CallAfter([window, paths = request_.paths] { window->Start(paths); });
     return true;
   }
 
-  int OnRun() override { return exitStatus_ ? *exitStatus_ : wxApp::OnRun(); }
-
-  int OnExit() override {
-    instance_.reset();
-    return wxApp::OnExit();
-  }
-
- private:
+  CommandLineRequest request_;
   std::unique_ptr<SingleInstance> instance_;
   std::optional<int> exitStatus_;  // there is nothing to run
 };

@@ -3,9 +3,65 @@
 #include <string>
 #include <utility>
 
+#include "base/Finally.h"
 #include "rename/ModifyName.h"
 
 namespace quillon {
+
+namespace {
+
+/// One run, with the wait window and the pointer that belong to it.
+class Run {
+ public:
+  Run(FileList& list, const OptionValues& options, const ApplyMode& mode, RenameEngine& engine,
+      const ModifyPorts& ports)
+      : list_(list), options_(options), mode_(mode), engine_(engine), ports_(ports) {}
+
+  ModifyOutcome Over(bool allItems, std::chrono::milliseconds progressInterval);
+
+ private:
+  void Modify(int index);
+
+  FileList& list_;
+  const OptionValues& options_;
+  const ApplyMode& mode_;
+  RenameEngine& engine_;
+  const ModifyPorts& ports_;
+  ModifyOutcome outcome_;
+};
+
+ModifyOutcome Run::Over(bool allItems, std::chrono::milliseconds progressInterval) {
+  ports_.window.SetPointer(Pointer::kBusyArrow);
+  const Finally normal([this] { ports_.window.SetPointer(Pointer::kNormal); });
+  ports_.progress.Begin("リネーム名を編集中です...\r\nしばらくお待ちください", "  ファイル名を編集中...");
+  const Finally ended([this] { ports_.progress.End(); });
+  Throttle throttle(progressInterval);
+  const int inScope = allItems ? list_.Count() : list_.CheckedCount();
+  int done = 0;
+  for (int index = 1; index <= list_.Count() && !outcome_.stopped; ++index) {
+    if (!allItems && !list_.Row(index).checked) continue;
+    Modify(index);
+    ++done;
+    if (throttle.Due() || done == inScope) {
+      ports_.progress.Update(std::to_string(done * 100LL / inScope) + "% 完了しました", list_.Row(index).location);
+    }
+  }
+  return outcome_;
+}
+
+void Run::Modify(int index) {
+  const std::string before = list_.Row(index).renameName;
+  ModifyResult result =
+      ModifyName(before, options_.modify, static_cast<std::size_t>(list_.Count()), ports_.regex, ports_.pending);
+  if (result.leftAlone) ++outcome_.leftAlone;
+  if (result.name != before) list_.SetRenameName(index, std::move(result.name));
+  if (!mode_.automatic || engine_.ApplyRenameName(index) == apply_code::kApplied) return;
+  list_.SetRenameName(index, before);
+  if (options_.update.updateErrChk == 1) list_.SetChecked(index, true);
+  outcome_.stopped = true;
+}
+
+}  // namespace
 
 void TellLeftAlone(int count, MessageBoxes& boxes) {
   if (count == 0) return;
@@ -19,31 +75,7 @@ void TellLeftAlone(int count, MessageBoxes& boxes) {
 ModifyOutcome ModifyRenameNames(FileList& list, const OptionValues& options, const ApplyMode& mode,
                                 RenameEngine& engine, const ModifyPorts& ports, bool allItems,
                                 std::chrono::milliseconds progressInterval) {
-  ports.window.SetPointer(Pointer::kBusyArrow);
-  ports.progress.Begin("リネーム名を編集中です...\r\nしばらくお待ちください", "  ファイル名を編集中...");
-  Throttle throttle(progressInterval);
-  ModifyOutcome outcome;
-  const int inScope = allItems ? list.Count() : list.CheckedCount();
-  int done = 0;
-  for (int index = 1; index <= list.Count() && !outcome.stopped; ++index) {
-    if (!allItems && !list.Row(index).checked) continue;
-    const std::string before = list.Row(index).renameName;
-    ModifyResult result =
-        ModifyName(before, options.modify, static_cast<std::size_t>(list.Count()), ports.regex, ports.pending);
-    if (result.leftAlone) ++outcome.leftAlone;
-    if (result.name != before) list.SetRenameName(index, std::move(result.name));
-    if (mode.automatic && engine.ApplyRenameName(index) != apply_code::kApplied) {
-      list.SetRenameName(index, before);
-      if (options.update.updateErrChk == 1) list.SetChecked(index, true);
-      outcome.stopped = true;
-    }
-    ++done;
-    if (throttle.Due() || done == inScope) {
-      ports.progress.Update(std::to_string(done * 100LL / inScope) + "% 完了しました", list.Row(index).location);
-    }
-  }
-  ports.progress.End();
-  ports.window.SetPointer(Pointer::kNormal);
+  const ModifyOutcome outcome = Run(list, options, mode, engine, ports).Over(allItems, progressInterval);
   TellLeftAlone(outcome.leftAlone, ports.boxes);
   return outcome;
 }

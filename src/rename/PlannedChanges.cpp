@@ -32,30 +32,45 @@ void PlannedChanges::ListFolder(const std::string& folder) {
 
 FileOutcome PlannedChanges::Rename(const std::string& from, const std::string& to) {
   if (FileName(to).empty()) return FileError{file_error::kNotFound, {}};
-  const Result<bool, FileError> source = Exists(from);
-  if (!source) return source.Failure();
-  if (!*source) return FileError{file_error::kNotFound, {}};
+  if (FileOutcome absent = LookFor(from)) return absent;
   if (from == to) return std::nullopt;
   const Result<bool, FileError> target = Exists(to);
   if (!target) return target.Failure();
   if (*target && !IsOneEntry(from, to)) return FileError{file_error::kAlreadyExists, {}};
-  taken_.erase(PathIdentity(from));
-  freed_.insert(PathIdentity(from));
+  Free(from);
   freed_.erase(PathIdentity(to));
   taken_.insert(PathIdentity(to));
   return std::nullopt;
 }
 
-FileOutcome PlannedChanges::Move(const std::string&, const std::string&) {
-  return FileError{file_error::kAccess, {}};
+MoveOutcome PlannedChanges::Move(const std::string& from, const std::string& to) {
+  const Result<FileStatus, FileError> folder = files_.Status(std::string(FolderPart(to)));
+  if (!folder) return folder.Failure();
+  if (folder->kind != FileStatus::Kind::kFolder) return FileError{file_error::kNotFound, {}};
+  const FileOutcome failed = Rename(from, to);
+  return failed ? MoveOutcome(*failed) : MoveOutcome(NotKept());
 }
 
-FileOutcome PlannedChanges::Remove(const std::string&) {
-  return FileError{file_error::kAccess, {}};
+FileOutcome PlannedChanges::Remove(const std::string& path) {
+  if (FileOutcome absent = LookFor(path)) return absent;
+  Free(path);
+  return std::nullopt;
 }
 
-int PlannedChanges::Recycle(const std::string&, std::uintptr_t) {
-  return kRecycleNotDone;
+int PlannedChanges::Recycle(const std::string& path, std::uintptr_t) {
+  return Remove(path) ? kRecycleNotDone : 0;
+}
+
+// Empty when a file stands at this path, as far as it is planned.
+FileOutcome PlannedChanges::LookFor(const std::string& path) {
+  const Result<bool, FileError> found = Exists(path);
+  if (!found) return found.Failure();
+  return *found ? FileOutcome() : FileOutcome(FileError{file_error::kNotFound, {}});
+}
+
+void PlannedChanges::Free(const std::string& path) {
+  taken_.erase(PathIdentity(path));
+  freed_.insert(PathIdentity(path));
 }
 
 }  // namespace quillon

@@ -7,22 +7,24 @@
 
 namespace quillon {
 
-/// Answers a batch of renames as the disk would, and changes nothing: names that earlier renames of the batch gave up
-/// are free, names that they took are taken. What only the attempt itself shows (a missing permission, a disk that
-/// fails meanwhile) is not foreseen. Moves and deletions are refused with file_error::kAccess: nothing plans them.
+/// Answers a batch of renames, moves or deletions as the disk would, and changes nothing: names that earlier calls of
+/// the batch gave up are free, names that they took are taken. What only the attempt itself shows (a missing
+/// permission, a disk that is full or fails meanwhile) is not foreseen.
 class PlannedChanges final : public FileChanges {
  public:
   explicit PlannedChanges(FileReads& files) : files_(files) {}
 
   FileOutcome Rename(const std::string& from, const std::string& to) override;
-  FileOutcome Move(const std::string& from, const std::string& to) override;
+  MoveOutcome Move(const std::string& from, const std::string& to) override;
+  void RemoveLeftovers(const std::string&) override {}
   FileOutcome Remove(const std::string& path) override;
   int Recycle(const std::string& path, std::uintptr_t ownerWindow) override;
 
  private:
   Result<bool, FileError> Exists(const std::string& path);
   bool IsOneEntry(const std::string& left, const std::string& right);
-
+  FileOutcome LookFor(const std::string& path);
+  void Free(const std::string& path);
   void ListFolder(const std::string& folder);
 
   FileReads& files_;

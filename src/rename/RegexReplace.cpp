@@ -32,6 +32,12 @@ std::optional<std::string> NameFromAnswer(std::optional<std::string> answer) {
   return answer && IsErrorText(*answer) ? std::nullopt : std::move(answer);
 }
 
+// Other libraries have had this file's name, and a `Replace` that takes something else.
+bool HasOurInterface(const SharedLibrary& library) {
+  const auto version = reinterpret_cast<BregexpVersion*>(library.Symbol("QuillonRegexVersion"));
+  return version != nullptr && version() == kBregexpVersion;
+}
+
 std::string Utf8Flags(std::string_view flags) {
   std::string utf8(flags);
   std::replace(utf8.begin(), utf8.end(), 'k', 'u');
@@ -41,10 +47,11 @@ std::string Utf8Flags(std::string_view flags) {
 }  // namespace
 
 RegexLibrary::RegexLibrary(const std::string& name) {
-  const std::string fileName = SharedLibraryFileName(name);
-  const std::optional<std::string> folder = FindLibrary(fileName);
-  if (!folder) return;
-  library_ = SharedLibrary(*folder + fileName);
+  library_ = SharedLibrary::Find(SharedLibraryFileName(name));
+  if (!HasOurInterface(library_)) {
+    library_ = {};
+    return;
+  }
   replace_ = reinterpret_cast<BregexpReplace*>(library_.Symbol("Replace"));
   if (replace_ != nullptr) buffer_.resize(kAnswerCapacity);
 }

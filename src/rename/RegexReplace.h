@@ -22,7 +22,8 @@ class RegexEngine {
   virtual std::optional<std::string> Replace(std::string_view command, std::string_view target) = 0;
 };
 
-/// The regular-expression library, found by name in the program's folder or in the system's search order.
+/// The regular-expression library, found by name as FindLibrary does. It is available when it says that it has the
+/// version of the interface that is known here (bregexp.h); nothing else of it is called before.
 class RegexLibrary final : public RegexEngine {
  public:
   RegexLibrary() : RegexLibrary("bregexp") {}

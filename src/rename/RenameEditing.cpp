@@ -47,7 +47,7 @@ void RenameEditing::Changed() {
 }
 
 void RenameEditing::ReplaceInvalidText() {
-  if (InvalidCharacterPosition(ports_.box.Text()) == 0) return;
+  if (!AddsInvalidCharacter(ports_.box.Text(), PresentName(list_.SelectedIndex()))) return;
   ports_.box.Beep();
   const int caret = ports_.box.Caret();
   ports_.box.SetText(lastGoodRenameText_);
@@ -144,7 +144,7 @@ void RenameEditing::LabelEdited(int index, const std::string& name) {
     Refresh();
     return;
   }
-  if (InvalidCharacterPosition(name) != 0) return Tell("不正な文字が含まれているため適応できません");
+  if (AddsInvalidCharacter(name, PresentName(index))) return Tell("不正な文字が含まれているため適応できません");
   if (name.empty()) return Tell("リネーム名が入力されていないため適応できません");
   const std::string before = list_.Row(index).renameName;
   list_.SetRenameName(index, name);
@@ -171,7 +171,7 @@ void RenameEditing::mnuThisRename() {
     lastGoodRenameText_ = accepted;
     return Tell("タイトルが存在しないため適応できません");
   }
-  ApplyOrCheck(index);
+  if (!ApplyOrCheck(index)) lastGoodRenameText_ = accepted;
 }
 
 void RenameEditing::mnuAllRename() {
@@ -188,8 +188,12 @@ void RenameEditing::mnuRename() {
   }
 }
 
+std::string_view RenameEditing::PresentName(int index) const {
+  return BaseName(list_.Row(index).location, style_);
+}
+
 void RenameEditing::GoBack(int index) {
-  list_.SetRenameName(index, std::string(BaseName(list_.Row(index).location, style_)));
+  list_.SetRenameName(index, std::string(PresentName(index)));
 }
 
 void RenameEditing::mnuThisUndo() {

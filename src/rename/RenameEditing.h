@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/settings/ApplyMode.h"
@@ -82,6 +83,7 @@ class RenameEditing {
   bool ApplyOrCheck(int index);
   bool Confirmed(const char* caption, const char* text, MessageIcon icon);
   void Tell(const char* text);
+  [[nodiscard]] std::string_view PresentName(int index) const;
   void GoBack(int index);
 
   FileList& list_;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/Finally.h"
 #include "filelist/paths/basFileControl.h"
 #include "rename/ModifyName.h"
 #include "rename/ModifyRenameNames.h"
@@ -20,14 +21,18 @@ TitleRename::TitleRename(FileList& list, const OptionValues& options, const Appl
       boxes_(boxes) {}
 
 void TitleRename::RenameToTitles(bool allItems) {
-  window_.SetPointer(Pointer::kBusyArrow);
   leftAlone_ = 0;
+  RenameRows(allItems);
+  TellLeftAlone(leftAlone_, boxes_);
+}
+
+void TitleRename::RenameRows(bool allItems) {
+  window_.SetPointer(Pointer::kBusyArrow);
+  const Finally done([this] { window_.SetPointer(Pointer::kNormal); });
   for (int index = 1; index <= list_.Count(); ++index) {
     if (!allItems && !list_.Row(index).checked) continue;
     if (!RenameRow(index)) break;
   }
-  window_.SetPointer(Pointer::kNormal);
-  TellLeftAlone(leftAlone_, boxes_);
 }
 
 // False when the run is to end.

@@ -22,6 +22,7 @@ class TitleRename {
   void RenameToTitles(bool allItems);
 
  private:
+  void RenameRows(bool allItems);
   bool RenameRow(int index);
   std::string NewName(const FileItem& row);
 

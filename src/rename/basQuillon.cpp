@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/Finally.h"
 #include "base/Text.h"
 #include "filelist/paths/basFileControl.h"
 
@@ -77,24 +78,41 @@ RowFailure RenameEngine::Apply(int index) {
   return result;
 }
 
+// A file may have got a name here that no file should have. As it is, it passes; the automatic mode lets such
+// characters be taken out one after the other.
+bool RenameEngine::IsRefused(const FileItem& row) const {
+  if (InvalidCharacterPosition(row.renameName) == 0) return false;
+  const std::string_view present = BaseName(row.location, style_);
+  return mode_.automatic ? AddsInvalidCharacter(row.renameName, present) : row.renameName != present;
+}
+
 RowFailure RenameEngine::Rename(int index) {
   const FileItem& row = list_.Row(index);
   if (Trim(row.renameName).empty()) return {index, apply_code::kNoName, {}};
-  if (InvalidCharacterPosition(row.renameName) != 0) return {index, apply_code::kInvalidCharacter, {}};
+  if (IsRefused(row)) return {index, apply_code::kInvalidCharacter, {}};
   std::string path = AppliedPath(row, style_);
-  if (const FileOutcome error = ports_.disk.Rename(row.location, path)) return {index, CodeOf(*error), *error};
-  if (path != row.location) {
-    ports_.player.FileMoved(row.location, path);
-    list_.SetLocation(index, std::move(path));
-    if (list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(list_.Row(index).location);
+  if (const FileOutcome error = ports_.disk.Rename(row.location, path)) {
+    if (error->fileAt.empty()) return {index, CodeOf(*error), *error};
+    std::string from = row.location;
+    Follow(index, error->fileAt);
+    return {index, CodeOf(*error), *error, std::move(from)};
   }
+  if (path != row.location) Follow(index, std::move(path));
   return {index, apply_code::kApplied, {}};
+}
+
+void RenameEngine::Follow(int index, std::string path) {
+  const std::string from = list_.Row(index).location;
+  list_.SetLocation(index, std::move(path));
+  ports_.player.FileMoved(from, list_.Row(index).location);
+  if (list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(list_.Row(index).location);
 }
 
 void RenameEngine::Report(const RowFailure& failure) {
   const bool unexpected = failure.code == apply_code::kUnexpected;
-  ports_.boxes.Show({kCaption, std::string(ApplyReason(failure.code)) + "\r\nファイルに適応できませんでした",
-                     unexpected ? MessageIcon::kStop : MessageIcon::kExclamation});
+  std::string text = std::string(ApplyReason(failure.code)) + "\r\nファイルに適応できませんでした";
+  if (!failure.error.fileAt.empty()) text += "\r\n\r\nファイルは現在ここにあります： " + failure.error.fileAt;
+  ports_.boxes.Show({kCaption, text, unexpected ? MessageIcon::kStop : MessageIcon::kExclamation});
   ports_.window.SetEnabled(true);
   ports_.window.FocusList();
   list_.SelectOnly(failure.index);
@@ -104,6 +122,10 @@ void RenameEngine::Report(const RowFailure& failure) {
 BatchOutcome RenameEngine::ApplyRenameBatch(bool allItems, BatchObserver* observer) {
   ports_.window.SetPointer(Pointer::kHourglass);
   ports_.window.SetEnabled(false);
+  const Finally done([this] {
+    ports_.window.SetPointer(Pointer::kNormal);
+    ports_.window.SetEnabled(true);
+  });
   BatchOutcome outcome;
   for (int index = 1; index <= list_.Count() && !outcome.stopped; ++index) {
     if (!allItems && !list_.Row(index).checked) continue;
@@ -116,8 +138,6 @@ BatchOutcome RenameEngine::ApplyRenameBatch(bool allItems, BatchObserver* observ
     Count(result, outcome);
   }
   ShowSummary(outcome);
-  ports_.window.SetPointer(Pointer::kNormal);
-  ports_.window.SetEnabled(true);
   return outcome;
 }
 
@@ -151,13 +171,13 @@ void RenameEngine::mnuThisUpdate() {
   const int index = list_.SelectedIndex();
   if (index == 0) return;
   const std::int16_t errSkip = std::exchange(options_.update.errSkip, std::int16_t{0});
+  const Finally restored([&] { options_.update.errSkip = errSkip; });
   if (ApplyRenameName(index) == apply_code::kApplied) {
     if (options_.update.updateRemChk == 1) list_.SetChecked(index, false);
     ports_.boxes.Show({kCaption, "選択されたアイテムの適応が完了しました", MessageIcon::kInformation});
   } else if (options_.update.updateErrChk == 1) {
     list_.SetChecked(index, true);
   }
-  options_.update.errSkip = errSkip;
 }
 
 void RenameEngine::mnuAllUpdate() {

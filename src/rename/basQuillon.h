@@ -36,7 +36,8 @@ inline constexpr std::int16_t kUnexpected = 16;  ///< any other error; stops a b
 struct RowFailure {
   int index = 0;  ///< 1-based row
   std::int16_t code = 0;
-  FileError error;  ///< the file system's answer; number 0 for codes 1 and 2
+  FileError error;        ///< the file system's answer; number 0 for codes 1 and 2
+  std::string from = {};  ///< where the file was, when the failure has left it somewhere else
 };
 
 struct BatchOutcome {
@@ -85,7 +86,9 @@ class RenameEngine {
 
  private:
   RowFailure Apply(int index);
+  [[nodiscard]] bool IsRefused(const FileItem& row) const;
   RowFailure Rename(int index);
+  void Follow(int index, std::string path);
   void Report(const RowFailure& failure);
   void Count(const RowFailure& result, BatchOutcome& outcome);
   void ShowSummary(const BatchOutcome& outcome);

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/Finally.h"
 #include "base/Text.h"
 #include "controls/Pictures.h"
 #include "controls/WxText.h"
@@ -192,16 +193,20 @@ int frmModify::ShowModal() {
 void frmModify::RunWithDialogOpen() {
   wxWindow* const focused = focused_;
   Disable();
+  const Finally usable([&] {
+    Enable();
+    if (focused != nullptr) FocusKeepingSelection(focused);
+  });
   Run();
-  Enable();
-  if (focused != nullptr) FocusKeepingSelection(focused);
 }
 
 void frmModify::Run() {
   const std::int16_t stored = rules_.findCtrl;
   rules_.findCtrl = ShownForm(rules_, regexAvailable_).findCtrl;
+  const Finally restored([&] {
+    if (!regexAvailable_) rules_.findCtrl = stored;
+  });
   run_();
-  if (!regexAvailable_) rules_.findCtrl = stored;
 }
 
 }  // namespace quillon

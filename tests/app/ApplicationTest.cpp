@@ -74,7 +74,7 @@ TEST(Application, InAutoModeApplyingAsksNothing) {
   f.Load({"a.txt"});
   f.app.Execute(mnuAllChk);
   f.ports.log.Clear();
-  for (const Command command : {mnuUpdate, mnuAllUpdate, mnuThisUpdate, mnuUndo, mnuAllUndo, mnuThisUndo}) {
+  for (const Command command : {mnuUpdate, mnuAllUpdate, mnuThisUpdate, mnuUndo, mnuAllUndo}) {
     f.app.Execute(command);
   }
   EXPECT_EQ(f.Log().Events(), Texts());
@@ -428,13 +428,13 @@ TEST(SaveSettings, WritesEverythingButTheStoredApplyMode) {
   f.app.Execute(mnuFront);
   EXPECT_TRUE(f.app.SaveSettings(WindowGeometry::kKeep));
   IniFile file(f.home.At("Quillon.ini"));
-  file.Load();
+  EXPECT_TRUE(file.Load());
   EXPECT_EQ(file.ReadInteger("Update", "AutoUpdate", 5), 1);
   EXPECT_EQ(file.ReadString("System", "DirPath", ""), "/last/");
   EXPECT_EQ(file.ReadString("System", "Front", ""), "True");
   EXPECT_EQ(file.ReadInteger("Window", "WindowWidth", 5), 5) << "not from a maximised window";
   EXPECT_TRUE(f.app.SaveSettings(WindowGeometry::kWrite));
-  file.Load();
+  EXPECT_TRUE(file.Load());
   EXPECT_EQ(file.ReadInteger("Window", "WindowWidth", 5), 7777);
 }
 
@@ -443,6 +443,15 @@ TEST(SaveSettings, NeverMakesTheStoredApplyMode) {
   f.app.Options().update.autoUpdate = 1;
   EXPECT_TRUE(f.app.SaveSettings(WindowGeometry::kWrite));
   EXPECT_EQ(f.home.Read("Quillon.ini").find("AutoUpdate"), std::string::npos);
+}
+
+TEST(SaveSettings, LeavesAFileAloneThatCanNoLongerBeRead) {
+  ApplicationFixture f;
+  EXPECT_TRUE(f.app.SaveSettings(WindowGeometry::kWrite));
+  const std::string tooLarge(IniFile::kLargestFile + 1, '\n');
+  f.home.Write("Quillon.ini", tooLarge);
+  EXPECT_FALSE(f.app.SaveSettings(WindowGeometry::kWrite));
+  EXPECT_TRUE(f.home.Read("Quillon.ini") == tooLarge);
 }
 
 TEST(SaveSettings, TellsWhenItFails) {

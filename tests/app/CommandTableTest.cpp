@@ -113,7 +113,7 @@ const std::vector<EnablingRow>& EnablingTable() {
       {mnuPlay, "0010 0010"},
       {mnuThisUpdate, "0010 0000"},
       {mnuThisRename, "0010 0010"},
-      {mnuThisUndo, "0010 0000"},
+      {mnuThisUndo, "0010 0010"},
       {mnuThisEditRenameName, "0010 0010"},
       {mnuThisMove, "0010 0010"},
       {mnuThisDel, "0010 0010"},

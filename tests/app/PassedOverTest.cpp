@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "app/PassedOver.h"
 #include "support/Recorders.h"
 
@@ -25,7 +27,7 @@ TEST_F(PassedOverTest, TellsNothingWhenNothingWasPassedOver) {
 }
 
 TEST_F(PassedOverTest, TellsOnceAndNamesTheFirstOnes) {
-  for (int i = 1; i <= 7; ++i) passedOver_.PassedOver("/secret/" + std::to_string(i));
+  for (int i = 1; i <= 7; ++i) passedOver_.PassedOver("/secret/" + std::to_string(i), Obstacle::kNoAccess);
   passedOver_.Tell(recorders_.boxes);
   passedOver_.Tell(recorders_.boxes);
   ASSERT_EQ(recorders_.boxes.Shown().size(), 1U);
@@ -35,6 +37,30 @@ TEST_F(PassedOverTest, TellsOnceAndNamesTheFirstOnes) {
   EXPECT_THAT(shown.text, testing::StartsWith("7 個の"));
   EXPECT_THAT(shown.text, HasSubstr("\r\n/secret/5\r\n..."));
   EXPECT_THAT(shown.text, Not(HasSubstr("/secret/6")));
+}
+
+TEST_F(PassedOverTest, TellsFoldersThatLieTooDeepApart) {
+  passedOver_.PassedOver("/secret/", Obstacle::kNoAccess);
+  passedOver_.PassedOver("/a/deep/", Obstacle::kTooDeep);
+  passedOver_.PassedOver("/b/deep/", Obstacle::kTooDeep);
+  passedOver_.Tell(recorders_.boxes);
+  passedOver_.Tell(recorders_.boxes);
+  ASSERT_EQ(recorders_.boxes.Shown().size(), 1U);
+  EXPECT_EQ(recorders_.boxes.Shown()[0].text,
+            "1 個のフォルダ または ファイルにアクセスできないため、読み込みませんでした\r\n\r\n/secret/\r\n\r\n"
+            "2 個のフォルダは階層が深すぎるため、読み込みませんでした\r\n\r\n/a/deep/\r\n/b/deep/");
+}
+
+TEST_F(PassedOverTest, NamesAPathOfAThousandFoldersByItsEnds) {
+  std::string path = "/";
+  for (int i = 0; i < 1000; ++i) path += std::to_string(i) + '/';
+  std::replace(path.begin(), path.end(), '/', SystemPathStyle() == PathStyle::kWindows ? '\\' : '/');
+  passedOver_.PassedOver(path, Obstacle::kTooDeep);
+  passedOver_.Tell(recorders_.boxes);
+  ASSERT_EQ(recorders_.boxes.Shown().size(), 1U);
+  const std::string& text = recorders_.boxes.Shown()[0].text;
+  EXPECT_LT(text.size(), 400U);
+  EXPECT_THAT(text, testing::EndsWith(path.substr(path.size() - 8)));
 }
 
 TEST_F(PassedOverTest, ShowsTheSearchInTheStatusBarAndThenWhatStoodThere) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -49,12 +50,16 @@ TEST(ResetSettings, DeletesTheFileUntilTheNextSave) {
   const std::string path = folder.Write("Quillon.ini", "[Player]\r\nRepeat=1\r\n");
   ResetSettings(path);
   EXPECT_FALSE(folder.Exists("Quillon.ini"));
-  IniFile file(path);
-  file.Load();
-  const Result<OptionValues, SettingsError> values = ReadOptionValues(file);
-  ASSERT_TRUE(values.Ok());
+  const std::optional<OptionValues> values = LoadOptionValues(path);
+  ASSERT_TRUE(values);
   EXPECT_EQ(values->player.repeat, 0);
   EXPECT_FALSE(folder.Exists("Quillon.ini")) << "reading makes no file";
+}
+
+TEST(ResetSettings, DeletesAFileThatCannotBeRead) {
+  const test::TempFolder folder;
+  ResetSettings(folder.Write("Quillon.ini", std::string(IniFile::kLargestFile + 1, '\n')));
+  EXPECT_FALSE(folder.Exists("Quillon.ini"));
 }
 
 TEST(ResetSettings, IgnoresAMissingFile) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -89,11 +90,14 @@ constexpr std::string_view kFreshFile =
     "[Move]\r\n"
     "RemainList=1\r\n";
 
+/// A file that is there, can be replaced, and is not read.
+const std::string kTooLarge(IniFile::kLargestFile + 1, '\n');
+
 class SettingsTest : public testing::Test {
  protected:
   IniFile Loaded(std::string_view bytes) {
     IniFile file(folder_.Write("Quillon.ini", bytes));
-    file.Load();
+    EXPECT_TRUE(file.Load());
     return file;
   }
 
@@ -116,11 +120,23 @@ class SettingsTest : public testing::Test {
 };
 
 TEST_F(SettingsTest, NoFileGivesTheDefaults) {
-  IniFile file(folder_.At("none.ini"));
-  file.Load();
-  const Result<OptionValues, SettingsError> values = ReadOptionValues(file);
-  ASSERT_TRUE(values.Ok());
+  const std::optional<OptionValues> values = LoadOptionValues(folder_.At("none.ini"));
+  ASSERT_TRUE(values);
   EXPECT_EQ(test::Describe(*values), test::Describe(OptionValues()));
+  EXPECT_FALSE(folder_.Exists("none.ini")) << "reading makes no file";
+}
+
+TEST_F(SettingsTest, AFileThatCannotBeReadIsNoEmptyFile) {
+  folder_.MakeFolder("folder.ini");
+  EXPECT_FALSE(LoadOptionValues(folder_.At("folder.ini")));
+  EXPECT_FALSE(LoadOptionValues(folder_.Write("large.ini", kTooLarge)));
+}
+
+TEST_F(SettingsTest, AValueThatDoesNotFitMakesTheWholeFileUnusable) {
+  EXPECT_FALSE(LoadOptionValues(folder_.Write("q.ini", "[Player]\r\nRepeat=32768\r\n")));
+  const std::optional<OptionValues> values = LoadOptionValues(folder_.Write("q.ini", "[Player]\r\nRepeat=32767\r\n"));
+  ASSERT_TRUE(values);
+  EXPECT_EQ(values->player.repeat, 32767);
 }
 
 TEST_F(SettingsTest, DefaultsOfAFirstStart) {
@@ -413,8 +429,14 @@ TEST_F(SettingsTest, AutoUpdateReportsAFailedWrite) {
   EXPECT_FALSE(WriteAutoUpdate(folder_.At("taken.ini"), 1));
 }
 
+TEST_F(SettingsTest, AutoUpdateLeavesAFileAloneThatItCannotRead) {
+  const std::string path = folder_.Write("large.ini", kTooLarge);
+  EXPECT_FALSE(WriteAutoUpdate(path, 1));
+  EXPECT_TRUE(folder_.Read("large.ini") == kTooLarge);
+}
+
 TEST_F(SettingsTest, DamagedFilesReadAsDefaults) {
-  const std::vector<std::string> contents = {std::string(1u << 20u, 'x'),      std::string(4096, '\0'),
+  const std::vector<std::string> contents = {std::string(1u << 19u, 'x'),      std::string(4096, '\0'),
                                              std::string("\xFF\xFE[\0P\0", 6), "Repeat=5\r\n",
                                              "[Player\r\nRepeat=5\r\n",        std::string(5000, '\n'),
                                              "[Player]\r\nRepeat\r\n",         "\x81[Player]\r\nRepeat=5\r\n"};

@@ -60,6 +60,20 @@ TEST(ByteSourceRead, NeverAsksForMoreThanTheFileHolds) {
   EXPECT_EQ(source.LargestCount(), 4u);
 }
 
+/// Any number of zeros.
+class Zeros final : public ByteSource {
+ public:
+  [[nodiscard]] std::uint64_t Size() const override { return kHuge; }
+  std::size_t ReadAt(std::uint64_t /*offset*/, char* into, std::size_t count) override {
+    std::fill_n(into, count, '\0');
+    return count;
+  }
+};
+
+TEST(ByteSourceRead, AsksForNoMoreThanItsBound) {
+  EXPECT_EQ(Zeros().Read(5, kHuge).size(), ByteSource::kLongestRead);
+}
+
 TEST(ByteSourceRead, GivesWhatCouldBeReadWhenReadingFails) {
   MemorySource source("abcde", 2);
   EXPECT_EQ(source.Read(0, 5), "ab");

@@ -3,8 +3,7 @@
 namespace quillon::test {
 
 LoadedLibrary::LoadedLibrary() {
-  const std::string name = SharedLibraryFileName("bregexp");
-  if (const auto folder = FindLibrary(name)) library_ = SharedLibrary(*folder + name);
+  library_ = SharedLibrary::Find(SharedLibraryFileName("bregexp"));
   replace_ = reinterpret_cast<BregexpReplace*>(library_.Symbol("Replace"));
 }
 

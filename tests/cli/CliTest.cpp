@@ -3,44 +3,17 @@
 #include <algorithm>
 #include <chrono>
 #include <nlohmann/json.hpp>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "base/Text.h"
+#include "cli/CliProgram.h"
 #include "platform/Ansi.h"
-#include "platform/PathStyle.h"
 #include "support/MediaBuilders.h"
-#include "support/Process.h"
 #include "support/TempFolder.h"
 
 namespace quillon::test {
 namespace {
-
-using Json = nlohmann::json;
-
-// A cross-built test finds the program by the drive under which Wine shows the root folder.
-std::string CliPath() {
-  const std::string path = QUILLON_CLI;
-  return SystemPathStyle() == PathStyle::kWindows && path.front() == '/' ? "Z:" + path : path;
-}
-
-ProcessResult Cli(const std::vector<std::string>& arguments, std::string_view input = "") {
-  return RunProcess(CliPath(), arguments, input);
-}
-
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
-
-std::vector<Json> JsonLines(const std::string& text) {
-  std::vector<Json> objects;
-  for (const std::string& line : Lines(text)) objects.push_back(Json::parse(line));
-  return objects;
-}
 
 std::string Ansi(std::string_view text) {
   return Utf8ToAnsi(text).value();
@@ -271,6 +244,17 @@ TEST(CliModifyTest, ADamagedOrMissingSettingsFileIsAnError) {
   EXPECT_EQ(Cli({"modify", "--settings", folder.At("missing.ini")}, "a\n").exitCode, 2);
 }
 
+TEST(CliModifyTest, ASettingsFileThatCannotBeReadIsAnError) {
+  const TempFolder folder;
+  const std::string large = folder.Write("large.ini", std::string((1u << 20u) + 1, '\n'));
+  for (const std::string& path : {large, folder.MakeFolder("folder.ini"), folder.At("missing.ini")}) {
+    const ProcessResult result = Cli({"modify", "--settings", path}, "a\n");
+    EXPECT_EQ(result.exitCode, 2) << path;
+    EXPECT_EQ(result.output, "") << path;
+    EXPECT_NE(result.errors.find("設定ファイルを読み込めません: " + path), std::string::npos) << result.errors;
+  }
+}
+
 // rename
 
 TEST(CliRenameTest, TheDryRunShowsExactlyWhatApplyingThenDoes) {
@@ -371,13 +355,7 @@ TEST(CliUsageTest, WrongUsageIsStatusTwoWithAWordAboutIt) {
                                              {"modify"},
                                              {"list", "--all", "--ext", "mid", folder.Path()},
                                              {"modify", "--settings", "x", "--list-count", "-1"}};
-  for (const std::vector<std::string>& arguments : kCases) {
-    SCOPED_TRACE(testing::PrintToString(arguments));
-    const ProcessResult result = Cli(arguments);
-    EXPECT_EQ(result.exitCode, 2);
-    EXPECT_EQ(result.output, "");
-    EXPECT_NE(result.errors, "");
-  }
+  for (const std::vector<std::string>& arguments : kCases) ExpectWrongUsage(arguments);
 }
 
 TEST(CliUsageTest, HelpAndVersionGoToStandardOutput) {
@@ -437,6 +415,19 @@ TEST(CliMciTest, AwaitAnswersTheModeThatItEndsWith) {
   ASSERT_EQ(lines.size(), 3U);
   EXPECT_EQ(lines[1], "stopped");
   EXPECT_EQ(lines[2], "stopped");
+}
+
+TEST(CliMciTest, TwoHundredFilesAtOnceAreEachAnsweredAndTheProgramEnds) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.wav", WaveFile(1000));
+  std::string commands;
+  for (int i = 0; i < 200; ++i) commands += "open \"" + path + "\" alias N" + std::to_string(i) + "\n";
+  const ProcessResult result = Cli({"mci"}, commands + "close all\nstatus N0 mode\n");
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  const std::vector<std::string> lines = Lines(result.output);
+  ASSERT_EQ(lines.size(), 202U);
+  EXPECT_EQ(lines[200], "");
+  EXPECT_TRUE(lines[201].starts_with("error ")) << lines[201];
 }
 
 TEST(CliMciTest, AwaitOfWhatIsNotOpenEndsAtOnce) {

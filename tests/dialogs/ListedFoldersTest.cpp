@@ -5,6 +5,8 @@
 #include <string>
 
 #include "dialogs/ListedFolders.h"
+#include "platform/Shell.h"
+#include "support/Recorders.h"
 #include "support/Rows.h"
 
 namespace quillon {
@@ -61,6 +63,19 @@ TEST(ListedFolders, KeepBytesThatAreNoText) {
   FileList list(PathStyle::kLinux);
   Add(list, {"/\xFF/a.mid", "/\xFE/b.mid"}, PathStyle::kLinux);
   EXPECT_THAT(ListedFolders(list, PathStyle::kLinux), ElementsAre("/\xFF/", "/\xFE/"));
+}
+
+TEST(TellOfOpening, SaysWhichFolderTheShellCouldNotOpen) {
+  test::EventLog log;
+  test::BoxRecorder boxes(log);
+  TellOfOpening("C:\\a\\", kShellOpened, boxes);
+  EXPECT_TRUE(log.Events().empty());
+  for (const int answer : {kShellFileNotFound, kShellNoProgram, kShellMostFailures}) {
+    log.Clear();
+    TellOfOpening("C:\\a\\", answer, boxes);
+    EXPECT_EQ(log.Events(), std::vector<std::string>(
+                                {"box [フォルダ一覧] フォルダを開けませんでした\\r\\nC:\\a\\ (exclamation, ok)"}));
+  }
 }
 
 }  // namespace

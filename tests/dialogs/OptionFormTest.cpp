@@ -334,14 +334,18 @@ TEST(OptionFormMode, AWaitingModeIsShownAndCanBeTakenBack) {
   EXPECT_EQ(f.Stored(), kStoredOff);
 }
 
-TEST(OptionFormMode, CancelWritesTheModeInForceOverAWaitingOne) {
-  Fixture f;
-  f.rows = true;
-  f.options.update.autoUpdate = 1;
-  OptionForm form = f.Form();
-  form.cmdCancel();
-  EXPECT_EQ(f.Stored(), kStoredOff);
-  EXPECT_FALSE(f.mode.automatic);
+TEST(OptionFormMode, AWaitingModeSurvivesCancel) {
+  for (const bool clicked : {false, true}) {
+    Fixture f;
+    f.rows = true;
+    f.options.update.autoUpdate = 1;
+    OptionForm form = f.Form();
+    if (clicked) f.Click(form, "chkAutoUpdate", false);
+    form.cmdCancel();
+    EXPECT_EQ(f.Stored(), kStoredOn);
+    EXPECT_EQ(f.options.update.autoUpdate, 1);
+    EXPECT_FALSE(f.mode.automatic) << "it still waits";
+  }
 }
 
 TEST(OptionFormMode, HoldsForThisRunWhenTheSettingCannotBeStored) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -251,6 +252,14 @@ TEST(LoadPaths, SeveralFilesShowTheirProgressAndLetMessagesThrough) {
   EXPECT_EQ(f.ports.log.StartingWith("progress end").size(), 1U);
 }
 
+TEST(LoadPaths, AnEmptyPathIsNotTheRootFolder) {
+  Fixture f({"/a.mid", "/m/b.mid"});
+  f.options.list.subFolder = 1;
+  f.loader.LoadPaths({"", "/m/b.mid"});
+  EXPECT_EQ(f.loader.LoadPath(""), LoadOutcome::kNothing);
+  EXPECT_EQ(f.list.Count(), 1);
+}
+
 TEST(LoadPaths, FilesThatAreListedAlreadyAreToldOnce) {
   Fixture f({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
   f.loader.LoadPaths({"/m/a.mid", "/m/b.mid"});
@@ -276,6 +285,53 @@ TEST(LoadPaths, CancellingAmongFilesKeepsThoseThatAreListed) {
   f.loader.LoadPaths({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
   EXPECT_EQ(f.list.Count(), 1);
   EXPECT_TRUE(f.ports.log.Has("progress end"));
+}
+
+TEST(LoadPaths, CancellingAmongFilesEndsTheFoldersBehindThemToo) {
+  Fixture f({"/m/a.mid", "/m/b.mid", "/n/c.mid"});
+  f.ports.pending.At(2, [&] { f.loader.Cancel(); });
+  f.loader.LoadPaths({"/m/a.mid", "/m/b.mid", "/n/"});
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid"}));
+  EXPECT_EQ(f.ports.log.StartingWith("search begin"), Texts());
+}
+
+TEST(LoadExceptions, LeaveNoWindowOfProgressAndNoChangedOption) {
+  struct Case {
+    const char* name;
+    std::size_t call;  // of the pending messages
+    Texts rows;
+  };
+  for (const Case& c : std::vector<Case>{{"in the search", 1, {}}, {"in the registration", 4, {"/m/a.mid"}}}) {
+    SCOPED_TRACE(c.name);
+    Fixture f({"/m/a.mid", "/m/b.mid"});
+    f.options.list.loadRemove = 1;
+    test::EventLog log;
+    test::ListRecorder recorder(log);
+    f.list.SetObserver(&recorder);
+    f.ports.pending.At(c.call, [] { throw std::bad_alloc(); });
+    EXPECT_THROW(f.loader.LoadPaths({"/m/"}), std::bad_alloc);
+    EXPECT_EQ(f.options.list.loadRemove, 1);
+    EXPECT_EQ(f.ports.log.StartingWith("search begin").size(), f.ports.log.StartingWith("search end").size());
+    EXPECT_EQ(f.ports.log.StartingWith("progress begin").size(), f.ports.log.StartingWith("progress end").size());
+    EXPECT_EQ(Locations(f.list), c.rows);
+    EXPECT_EQ(log.Has("rows"), !c.rows.empty()) << "the window knows of the rows that are there";
+    log.Clear();
+    f.list.Add({});
+    EXPECT_EQ(log.Events(), Texts({"rows"})) << "the list is no longer quiet";
+  }
+}
+
+TEST(LoadExceptions, WhileReadingAnewKeepTheOtherRows) {
+  Fixture f({"/m/a.mid", "/m/b.mid"});
+  f.loader.LoadFolder("/m/");
+  f.list.SetRenameName(2, "edited");
+  f.ports.log.Clear();
+  f.ports.boxes.Answer(true);
+  f.ports.pending.At(2, [] { throw std::bad_alloc(); });
+  EXPECT_THROW(f.loader.mnuReload(), std::bad_alloc);
+  EXPECT_EQ(RenameNames(f.list), Texts({"a", "edited"}));
+  EXPECT_TRUE(f.ports.log.Has("progress end"));
+  EXPECT_TRUE(f.list.ContainsFile("/m/a.mid"));
 }
 
 TEST(LoadFolderErrors, AnUnreachablePathClearsTheLastFolder) {

@@ -332,15 +332,19 @@ TEST(FolderSearchLinks, AreResolvedOnWindowsToo) {
   EXPECT_EQ(f.search.Search("C:\\m\\", "", true).paths, Texts({"C:\\m\\a.mid", "C:\\m\\x\\b.mid"}));
 }
 
-TEST(FolderSearch, ATreeDeeperThanAnyRealOneEnds) {
+TEST(FolderSearch, AFolderDeeperThanAnyRealOneIsPassedOverAndToldAsTooDeep) {
   Fixture f;
   std::string folder = "/m/";
-  for (int i = 0; i < 1100; ++i) folder += "d/";
+  for (int i = 0; i < 1000; ++i) folder += "d/";
+  const std::string tooDeep = folder + "d/";
+  f.files.AddFile(folder + "last.mid");
+  for (int i = 0; i < 100; ++i) folder += "d/";
   f.files.AddFile(folder + "a.mid");
   f.files.AddFile("/m/d/b.mid");
   const FoundFiles found = f.search.Search("/m/", "", true);
-  EXPECT_EQ(found.paths, Texts({"/m/d/b.mid"}));
+  EXPECT_EQ(found.paths, Texts({"/m/d/b.mid", tooDeep.substr(0, tooDeep.size() - 2) + "last.mid"}));
   EXPECT_FALSE(found.error);
+  EXPECT_EQ(f.ports.log.StartingWith("search passed over"), Texts({"search passed over " + tooDeep + " as too deep"}));
 }
 
 }  // namespace

@@ -208,7 +208,9 @@ class Session {
     for (int index = 1; index <= list_.Count(); ++index) {
       const FileItem& now = list_.Row(index);
       const FileItem& then = before.at(now.artist);
-      const bool nameable = !Trim(then.renameName).empty() && InvalidCharacterPosition(then.renameName) == 0;
+      const bool valid =
+          InvalidCharacterPosition(then.renameName) == 0 || then.renameName == BaseName(then.location, volume_.style);
+      const bool nameable = !Trim(then.renameName).empty() && valid;
       if (inScope(then) && nameable && now.location == AppliedPath(then, volume_.style)) {
         ++applied;
       } else {
@@ -256,7 +258,7 @@ class Session {
         EXPECT_TRUE(inScope(then));
         EXPECT_EQ(ContentOf(there), content);
         ++moved;
-      } else if (inScope(then) && now->second.location == there) {
+      } else if (inScope(then) && then.location != there && now->second.location == there) {
         EXPECT_EQ(options_.move.remainList, 1);
         ++moved;
       } else {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -173,6 +174,7 @@ TEST(DeleteToRecycleBin, IsAskedForWhereTheDesktopDoesNotAsk) {
   for (const bool yes : {false, true}) {
     Fixture f({"a.mid", "b.mid"});
     f.options.list.delToTrashBox = true;
+    f.options.list.delCompMsg = 1;
     f.files.recycleAsks = false;
     f.list.SelectOnly(2);
     f.ports.boxes.Answer(yes);
@@ -186,14 +188,17 @@ TEST(DeleteToRecycleBin, IsAskedForWhereTheDesktopDoesNotAsk) {
 }
 
 TEST(DeleteToRecycleBin, IsNotAskedForWhenConfirmationsAreOff) {
-  Fixture f({"a.mid", "b.mid"});
-  f.options.list.delToTrashBox = true;
-  f.options.system.msgbox = 1;
-  f.files.recycleAsks = false;
-  f.list.SelectOnly(2);
-  f.commands.mnuThisDel();
-  EXPECT_TRUE(f.ports.boxes.Shown().empty());
-  EXPECT_EQ(f.files.Recycled(), Texts({"/m/b.mid"}));
+  for (const bool all : {false, true}) {
+    Fixture f({"a.mid", "b.mid"});
+    f.options.list.delToTrashBox = true;
+    f.options.list.delCompMsg = all ? 1 : 0;
+    f.options.system.msgbox = all ? 1 : 0;
+    f.files.recycleAsks = false;
+    f.list.SelectOnly(2);
+    f.commands.mnuThisDel();
+    EXPECT_TRUE(f.ports.boxes.Shown().empty());
+    EXPECT_EQ(f.files.Recycled(), Texts({"/m/b.mid"}));
+  }
 }
 
 TEST(DeleteToRecycleBin, KeepsTheRowWhenTheUserDeclined) {
@@ -354,6 +359,9 @@ TEST(mnuThisMove, IntoItsOwnFolderChangesNothing) {
     f.commands.mnuThisMove();
     EXPECT_EQ(f.files.NamesIn(f.Path("")), Texts({"a.mid"}));
     EXPECT_EQ(Locations(f.list), Texts({f.Path("a.mid")}));
+    EXPECT_EQ(f.ports.log.Events().back(),
+              "box [ファイル移動] 移動先に同名のファイルがあります\\r\\nファイルが移動できませんでした "
+              "(exclamation, ok)");
   }
 }
 
@@ -444,6 +452,98 @@ TEST(BatchMove, TwoFilesOfOneNameDoNotMeetInTheTarget) {
   EXPECT_EQ(f.files.BytesOf("/t/a.mid"), "a.mid");
   EXPECT_EQ(f.files.BytesOf("/n/a.mid"), "second");
   EXPECT_EQ(Locations(f.list), Texts({"/t/a.mid", "/n/a.mid"}));
+}
+
+TEST(BatchMove, TidiesTheTargetFolderOnceBeforeTheFirstMove) {
+  for (const bool one : {false, true}) {
+    Fixture f({"a.mid", "b.mid"});
+    f.list.SelectOnly(1);
+    f.ports.folders.Answer("/t");
+    one ? f.commands.mnuThisMove() : f.commands.mnuAllMove();
+    EXPECT_EQ(f.files.CountOf(FileCall::kRemoveLeftovers), 1u);
+    EXPECT_EQ(f.files.Calls().front(), (test::MemoryFileSystem::LoggedCall{FileCall::kRemoveLeftovers, "/t/", ""}));
+  }
+}
+
+/// Runs out of memory at the second row of a batch.
+struct ForgetfulPlayer final : PlayerControl {
+  int releases = 0;
+  void ReleaseFile(const std::string&) override {
+    if (++releases == 2) throw std::bad_alloc();
+  }
+  void Stop() override {}
+  void Choose(const std::string&) override {}
+  void FileMoved(const std::string&, const std::string&) override {}
+  void FileRemoved(const std::string&) override {}
+};
+
+TEST(BatchMove, AnExceptionLeavesTheWindowUsableAndNoRowOfAMovedFile) {
+  Fixture f({"a.mid", "b.mid"});
+  f.options.move.remainList = 0;
+  ForgetfulPlayer player;
+  FileCommands commands(f.list, f.options, f.rows,
+                        {f.files, f.files, f.ports.boxes, f.ports.folders, player, f.ports.filePanel, f.ports.window},
+                        0, kLin);
+  f.ports.folders.Answer("/t");
+  EXPECT_THROW(commands.mnuAllMove(), std::bad_alloc);
+  const Texts& events = f.ports.log.Events();
+  EXPECT_EQ(Texts(events.end() - 2, events.end()), Texts({"pointer normal", "window enabled"}));
+  EXPECT_EQ(Locations(f.list), Texts({"/m/b.mid"}));
+}
+
+TEST(BatchMove, TellsOnceWhatCouldNotBeKept) {
+  const Texts expected = {MovedCount(2),
+                          "box [ファイル移動] 移動しましたが、移動先では保持できない情報がありました： "
+                          "日時、アクセス権、拡張属性 (exclamation, ok)"};
+  Fixture f({"a.mid", "b.mid"});
+  f.files.notKept = {true, true, true};
+  f.ports.folders.Answer("/t");
+  f.commands.mnuAllMove();
+  EXPECT_EQ(f.ports.log.StartingWith("box"), expected);
+}
+
+TEST(mnuThisMove, TellsWhatCouldNotBeKept) {
+  Fixture f({"a.mid"});
+  f.files.notKept.accessRights = true;
+  f.list.SelectOnly(1);
+  f.ports.folders.Answer("/t");
+  f.commands.mnuThisMove();
+  EXPECT_EQ(f.ports.log.StartingWith("box"),
+            Texts({kMoved,
+                   "box [ファイル移動] 移動しましたが、移動先では保持できない情報がありました： アクセス権 "
+                   "(exclamation, ok)"}));
+}
+
+TEST(mnuThisMove, ASourceThatHasChangedMeanwhileKeepsItsRowAndItsCopyIsNamed) {
+  Fixture f({"a.mid"});
+  f.options.move.remainList = 0;
+  f.files.Fail(FileCall::kMove, "/m/a.mid", {file_error::kBothKept, "changed", "/t/a.mid"});
+  f.list.SelectOnly(1);
+  f.ports.folders.Answer("/t");
+  f.commands.mnuThisMove();
+  EXPECT_EQ(
+      f.ports.log.Events().back(),
+      "box [ファイル移動] 元のファイルが移動中に変更されたか、削除できませんでした\\r\\n"
+      "ファイルが移動できませんでした\\r\\n\\r\\nコピーしたファイルを残してあります： /t/a.mid (exclamation, ok)");
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid"}));
+}
+
+TEST(BatchMove, ARowPointsAtItsFileWhereverItWasLeft) {
+  for (const std::int16_t remain : {std::int16_t{0}, std::int16_t{1}}) {
+    Fixture f({"a.mid", "b.mid"});
+    f.options.move.remainList = remain;
+    f.ports.player.chosen = "/m/a.mid";
+    f.files.Fail(FileCall::kMove, "/m/a.mid", {file_error::kStranded, "lost", "/t/.quillon-1"});
+    f.list.SelectOnly(1);
+    f.ports.folders.Answer("/t");
+    f.commands.mnuAllMove();
+    EXPECT_EQ(Locations(f.list), remain == 1 ? Texts({"/t/.quillon-1", "/t/b.mid"}) : Texts({"/t/.quillon-1"}));
+    EXPECT_TRUE(f.ports.log.Has("file panel name /t/.quillon-1"));
+    EXPECT_EQ(f.ports.log.StartingWith("box").front(),
+              "box [ファイル移動] ファイルが移動できませんでした\\r\\n\\r\\nファイルは現在ここにあります： "
+              "/t/.quillon-1 (stop, ok)");
+    EXPECT_EQ(f.ports.player.chosen, "/t/.quillon-1");
+  }
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ void CheckTrailer(const std::string& bytes) {
 void CheckTag(const std::string& bytes) {
   MemorySource file(bytes);
   const quillon::Id3v2Info tag = quillon::ReadId3v2(file);
-  Require(file.bytesRead <= 4 * bytes.size() + 4 * kBlock);
+  Require(file.bytesRead <= 4 * bytes.size() + 32 * kBlock);
   RequireSoundTexts({tag.contentGroup, tag.title, tag.subtitle, tag.artist, tag.band, tag.conductor, tag.remixer,
                      tag.album, tag.commentDescription, tag.comment, tag.track, tag.genre},
                     bytes.size());

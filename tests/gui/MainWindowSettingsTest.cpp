@@ -2,7 +2,6 @@
 #include <wx/tglbtn.h>
 
 #include "app/settings/Settings.h"
-#include "app/settings/basINIControl.h"
 #include "controls/Twips.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
@@ -14,9 +13,7 @@ namespace {
 class SettingsOfMainWindow : public MainWindowTest {
  protected:
   [[nodiscard]] OptionValues Saved() const {
-    IniFile file(Paths().settings);
-    file.Load();
-    Result<OptionValues, SettingsError> options = ReadOptionValues(file);
+    std::optional<OptionValues> options = LoadOptionValues(Paths().settings);
     EXPECT_TRUE(options);
     return options ? *std::move(options) : OptionValues();
   }

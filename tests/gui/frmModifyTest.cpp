@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "controls/WxText.h"
+#include "gui/Dialogs.h"
 #include "gui/Settle.h"
 #include "rename/frmModify.h"
 #include "rename/frmModifyMenus.h"
@@ -521,6 +522,21 @@ TEST(ModifyMenus, WithoutABoxNoEntryCanBeChosen) {
   const std::unique_ptr<wxMenu> menu = MakeEditMenu(nullptr);
   ASSERT_EQ(menu->GetMenuItemCount(), 5u);
   for (const wxMenuItem* item : menu->GetMenuItems()) EXPECT_FALSE(item->IsEnabled()) << FromWx(item->GetItemLabel());
+}
+
+TEST_F(ModifyDialog, ARunThatThrowsLeavesItUsable) {
+  Open();
+  Check("chkNonUnload");
+  duringRun = [] { throw std::bad_alloc(); };
+  test::Dialogs dialogs;
+  dialogs.Answer();
+  Click("cmdOK");
+  EXPECT_TRUE(SettleUntil([&] { return dialogs.AllShown(); }));
+  EXPECT_EQ(runs, 1);
+  EXPECT_TRUE(dialog->IsEnabled());
+  duringRun = {};
+  Click("cmdOK");
+  EXPECT_EQ(runs, 2);
 }
 
 }  // namespace

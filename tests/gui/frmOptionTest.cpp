@@ -49,13 +49,18 @@ class OptionDialog : public MainWindowTest {
     EXPECT_TRUE(SettleUntil([&] { return Find<wxWindow>(name).IsShownOnScreen(); })) << name;
   }
 
-  /// With the space key, as a person does.
+  /// With the space key, as a person does; returns when the box or button shows it.
   void Press(const std::string& name) const {
     ShowPageOf(name);
     auto& control = Find<wxWindow>(name);
     control.SetFocus();
     EXPECT_TRUE(SettleUntil([&] { return control.HasFocus(); })) << name;
+    const auto* const box = dynamic_cast<wxCheckBox*>(&control);
+    const bool expected = box == nullptr || !box->GetValue();
     wxUIActionSimulator().Char(WXK_SPACE);
+    EXPECT_TRUE(SettleUntil([&] {
+      return (box != nullptr ? box->GetValue() : Find<wxRadioButton>(name).GetValue()) == expected;
+    })) << name;
     Settle();
   }
 
@@ -250,6 +255,23 @@ TEST_F(OptionDialog, OpensTheModificationRulesForSettings) {
   });
   EXPECT_EQ(App().Options().modify.upper, 1) << "the rules have been stored by their own OK";
   EXPECT_EQ(Names(), std::vector<std::string>({"a"})) << "and nothing has been executed";
+}
+
+TEST_F(OptionDialog, AnExtensionBoxTakesNoMoreThanSurvivesARestart) {
+  Open(Options());
+  Use([this] {
+    Press("chkExtensionFilter");
+    Press("chkExtensionEtc");
+    auto& box = Find<wxTextCtrl>("txtExtensionEtc");
+    box.SetValue(wxString('a', 125));
+    box.SetFocus();
+    box.SetInsertionPointEnd();
+    for (int i = 0; i < 5; ++i) wxUIActionSimulator().Char('B');
+    EXPECT_TRUE(SettleUntil([&box] { return box.GetValue().length() == 127; }));
+    Settle();
+    EXPECT_EQ(box.GetValue().length(), 127u);
+    Close();
+  });
 }
 
 TEST_F(OptionDialog, F1ShowsTheHelp) {

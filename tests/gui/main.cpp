@@ -3,10 +3,12 @@
 #include <wx/app.h>
 #include <wx/evtloop.h>
 
+#include "controls/GuardedApp.h"
+
 namespace {
 
 /// Tests run where a program's windows live: inside its event loop.
-class TestApp final : public wxApp {
+class TestApp final : public quillon::GuardedApp {
  public:
   bool OnInit() override {
     SetExitOnFrameDelete(false);

@@ -349,11 +349,38 @@ TEST(Id3v2, ATagInTheFirstBlockCostsOneRead) {
   EXPECT_EQ(file.reads, 1);
 }
 
-TEST(Id3v2, ALongTextIsReadWhole) {
-  const std::string text(100'000, 'x');
-  const Id3v2Info info = Read({.frames = {{"TIT2", AnsiText(text)}, {"TPE1", AnsiText("Artist")}}});
-  EXPECT_EQ(info.title, text);
-  EXPECT_EQ(info.artist, "Artist");
+TEST(Id3v2, ATextIsReadUpTo64KiB) {
+  const std::string whole(kLongestText, 'x');
+  const Id3v2Info info = Read({.frames = {{"TALB", AnsiText(whole)},
+                                          {"TIT2", AnsiText(whole + "yz")},
+                                          {"TIT3", AnsiText(whole.substr(1) + "\x89\xCC")},
+                                          {"TPE2", Utf16Text(std::u16string(kLongestText / 2, u'x') + u"yz")},
+                                          {"TPE1", AnsiText("Artist")}}});
+  EXPECT_EQ(info.album, whole);
+  EXPECT_EQ(info.title, whole);
+  EXPECT_EQ(info.subtitle, whole.substr(1) + "・") << "half a character at the cut";
+  EXPECT_EQ(info.band, whole.substr(0, kLongestText / 2));
+  EXPECT_EQ(info.artist, "Artist") << "the next frame is found behind what was cut";
+}
+
+TEST(Id3v2, BothTextsOfACommentAreReadUpTo64KiB) {
+  const std::string whole(kLongestText, 'x');
+  const Id3v2Info info = Read({.frames = {{"COMM", AnsiComment(whole, whole + "y")}}});
+  EXPECT_EQ(info.commentDescription, whole);
+  EXPECT_EQ(info.comment, whole);
+  const Id3v2Info endless = Read({.frames = {{"COMM", AnsiComment(whole + whole + whole, "comment")}}});
+  EXPECT_EQ(endless.commentDescription, whole);
+  EXPECT_EQ(endless.comment, "");
+}
+
+TEST(Id3v2, FramesAreLookedAtUpToABound) {
+  const auto titleBehind = [](int count) {
+    std::vector<Id3Frame> frames(static_cast<std::size_t>(count), Id3Frame{"XXXX", ""});
+    frames.push_back({"TIT2", AnsiText("Song")});
+    return Read({.frames = frames}).title;
+  };
+  EXPECT_EQ(titleBehind(kMostId3Frames - 1), "Song");
+  EXPECT_EQ(titleBehind(kMostId3Frames), "");
 }
 
 TEST(Id3v2, FramesOfSizeZeroComeToAnEnd) {

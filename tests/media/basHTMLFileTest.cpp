@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "media/TextLimit.h"
 #include "media/basHTMLFile.h"
 #include "support/MediaBuilders.h"
 #include "support/TempFolder.h"
@@ -78,6 +79,37 @@ TEST(HtmlTitle, AnEndTagAmongTheFirstSixCharactersIsAnError) {
     const auto title = Read(page);
     ASSERT_FALSE(title);
     EXPECT_EQ(title.Failure(), HtmlTitleError::kNegativeLength);
+  }
+}
+
+TEST(HtmlTitle, ATextIsReadUpTo64KiB) {
+  const std::string whole(kLongestText, 'x');
+  const TitleCase cases[] = {
+      {"just as long", HtmlPage(whole, ""), whole},
+      {"longer", HtmlPage(whole + "yz", ""), whole},
+      {"half a character at the cut", HtmlPage(whole.substr(1) + "\x89\xCC", ""), whole.substr(1) + "・"},
+      {"line breaks do not count", HtmlPage("\n" + whole + "\r\n", ""), whole},
+      {"without a start tag", "123456" + whole + "</title>", whole},
+      {"line breaks first", std::string(100'000, '\n') + "1234567</title>", "7"},
+  };
+  for (const TitleCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    const auto title = Read(c.page);
+    ASSERT_TRUE(title);
+    EXPECT_EQ(*title, c.title);
+  }
+}
+
+TEST(HtmlTitle, TagsAreFoundAnywhereInALongPage) {
+  // Around the ends of what is read at once.
+  for (std::size_t inFront = 65536 - 20; inFront < 65536 + 2; ++inFront) {
+    SCOPED_TRACE(inFront);
+    const auto title = Read(std::string(inFront, '<') + "<tit\r\nle>So\nng</ti\r\ntle>");
+    ASSERT_TRUE(title);
+    EXPECT_EQ(*title, "Song");
+    const auto behindBreaks = Read(std::string(inFront, '\n') + "<title>Song</title>");
+    ASSERT_TRUE(behindBreaks);
+    EXPECT_EQ(*behindBreaks, "Song");
   }
 }
 

@@ -172,9 +172,36 @@ TEST(MidiInfo, EveryTruncationGivesTheEmptyRecordOrTheSameNumbers) {
 }
 
 TEST(MidiInfo, TheFileIsReadOnce) {
-  MemorySource file(SimpleMidiFile("Song", "(C)", 10000));
+  MemorySource file(SimpleMidiFile("Song", "", 30000));
+  ASSERT_GT(file.Size(), 200'000u);
   EXPECT_EQ(ReadMidiInfo(file).title, "Song");
-  EXPECT_EQ(file.reads, 1);
+  EXPECT_LE(file.bytesRead, file.Size() + 1000);
+
+  MemorySource small(SimpleMidiFile("Song", "", 1000));
+  EXPECT_EQ(ReadMidiInfo(small).title, "Song");
+  EXPECT_EQ(small.reads, 1);
+}
+
+TEST(MidiInfo, WhatCannotMatterIsNotRead) {
+  MemorySource file(MidiFile(1, 480, {Track(Event(kName, "Song")), Track(std::string(1'000'000, 'x'))}));
+  EXPECT_EQ(ReadMidiInfo(file).title, "Song");
+  EXPECT_LT(file.bytesRead, 100'000u);
+}
+
+TEST(MidiInfo, ChunksAndEventsAreFoundAnywhereInALongFile) {
+  const std::string events = Event(kName, "Song") + Event(kCopyright, "(C) \x92\x4E");
+  const std::string second = Track(Event(kText, "second"));
+  // Around the ends of what is read at once; bytes that begin like those that are searched for.
+  for (const char* filling : {"x", "\xFF", "M"}) {
+    for (std::size_t inFront = 65536 - 60; inFront < 65536 + 4; ++inFront) {
+      SCOPED_TRACE(filling + std::to_string(inFront));
+      std::string padding;
+      while (padding.size() < inFront) padding += filling;
+      EXPECT_EQ(Read(padding + MidiFile(1, 480, {Track(events), second})), (MidiInfo{1, 2, 480, "Song", "(C) 誰"}));
+      EXPECT_EQ(Read(MidiFile(1, 480, {Track(padding + events), second})), (MidiInfo{1, 2, 480, "Song", "(C) 誰"}));
+      EXPECT_EQ(Read(MidiFile(1, 480, {Track(padding), second})), (MidiInfo{1, 2, 480, "", ""}));
+    }
+  }
 }
 
 TEST(MidiInfo, WhatCannotBeReadIsCutOff) {

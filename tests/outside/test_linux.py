@@ -277,6 +277,14 @@ class Linux(unittest.TestCase):
         self.assertEqual(display.visible_windows(TITLE), [])
         self.assertEqual(self.program.settings.read_bytes(), damaged)
 
+    def test_settings_that_cannot_be_read_are_told_and_left_alone(self):
+        too_large = b"\n" * (1024 * 1024 + 1)
+        self.program.settings.write_bytes(too_large)
+        process = self.program.start(self.files)
+        self.assertEqual(answer("初期化エラー", _INITIALISATION_ERROR), ["OK"])
+        self.assertEqual(self.program.status(process), 1)
+        self.assertEqual(self.program.settings.read_bytes(), too_large)
+
     def test_place_and_column_widths_survive_a_restart(self):
         process = self.load()
         [window] = display.visible_windows(TITLE)

@@ -10,6 +10,7 @@ import unittest
 import zipfile
 
 import display
+import pe
 import product
 from commands import succeed
 from program import TITLE
@@ -18,6 +19,12 @@ from wait import until
 
 _PROGRAMS = {"Quillon.exe", "quillon-cli.exe", "BREGEXP.DLL"}
 _INSTALLED = _PROGRAMS | {"Quillon.chm", "LICENSE.txt", "LIBRARIES.txt"}
+_DESCRIPTIONS = {
+    "Quillon.exe": "QUILLON_DESCRIPTION",
+    "quillon-cli.exe": "QUILLON_CLI_DESCRIPTION",
+    "BREGEXP.DLL": "QUILLON_BREGEXP_DESCRIPTION",
+}
+_WINDOWS_10 = "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"
 _UNINSTALLER = "Uninstall.exe"
 _SETTINGS = "Quillon.ini"
 _KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quillon"
@@ -121,16 +128,46 @@ class WindowsPackages(unittest.TestCase):
     def test_their_sums_are_listed(self):
         self.assertLessEqual({self.setup.name, self.archive.name}, set(listed(self.packages)))
 
-    def test_programs_need_only_what_windows_has(self):
+    def programs(self):
+        """The programs of the archive: each name and file, the file for as long as it is looked at."""
         with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(self.archive) as archive:
             archive.extractall(folder)
-            top = pathlib.Path(folder) / self.archive.stem
-            for program in _PROGRAMS:
-                said = succeed("x86_64-w64-mingw32-objdump", "--private-headers", top / program)
-                libraries = re.findall(r"DLL Name: (\S+)", said)
-                self.assertTrue(libraries, program)
-                for library in libraries:
-                    self.assertTrue((self.system / library.lower()).exists(), f"{program} needs {library}")
+            for program in sorted(_PROGRAMS):
+                yield program, pathlib.Path(folder) / self.archive.stem / program
+
+    def test_programs_need_only_what_windows_has(self):
+        for program, file in self.programs():
+            said = succeed("x86_64-w64-mingw32-objdump", "--private-headers", file)
+            libraries = re.findall(r"DLL Name: (\S+)", said)
+            self.assertTrue(libraries, program)
+            for library in libraries:
+                self.assertTrue((self.system / library.lower()).exists(), f"{program} needs {library}")
+
+    def test_programs_are_hardened(self):
+        for program, file in self.programs():
+            image = pe.Image(file)
+            for protection in (pe.DYNAMIC_BASE, pe.HIGH_ENTROPY, pe.NO_EXECUTION_OF_DATA):
+                self.assertTrue(image.characteristics & protection, f"{program}: {image.characteristics:#x}")
+            self.assertTrue(image.has_relocations(), program)
+            self.assertTrue(b"stack smashing detected" in image.bytes, f"{program}: no stack protector")
+
+    def test_programs_say_what_they_are(self):
+        for program, file in self.programs():
+            image = pe.Image(file)
+            self.assertEqual(len(image.resources(pe.ICON_GROUP)), 1 if program.endswith(".exe") else 0, program)
+            version = image.resources(pe.VERSION).get(1, b"").decode("utf-16-le", "replace")
+            texts = [product.setting(_DESCRIPTIONS[program] + language) for language in ("_JA", "_EN")]
+            for text in (*texts, product.version(), program, product.setting("QUILLON_COPYRIGHT")):
+                self.assertTrue(text + "\0" in version, f"{program}: no {text}")
+
+    def test_manifests_claim_windows_10_and_later_alone(self):
+        for program, file in self.programs():
+            manifests = pe.Image(file).resources(pe.MANIFEST)
+            self.assertEqual(list(manifests), [1 if program.endswith(".exe") else 2], program)
+            text = next(iter(manifests.values())).decode("utf-8")
+            self.assertEqual(re.findall(r'<supportedOS Id="([^"]*)"', text), [_WINDOWS_10], program)
+            self.assertRegex(text, r"<longPathAware[^>]*>true<", program)
+            self.assertRegex(text, r'<requestedExecutionLevel level="asInvoker"', program)
 
     def test_archive_holds_what_it_should_and_texts_for_windows(self):
         with zipfile.ZipFile(self.archive) as archive:

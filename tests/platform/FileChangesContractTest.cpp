@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "platform/FileWorld.h"
+#include "support/Wine.h"
 
 namespace quillon::test {
 namespace {
@@ -22,7 +23,8 @@ class FileChangesContract : public testing::TestWithParam<WorldKind> {
   }
 
   FileOutcome Move(std::string_view from, std::string_view to) {
-    return world_->Changes().Move(world_->At(from), world_->At(to));
+    const MoveOutcome outcome = world_->Changes().Move(world_->At(from), world_->At(to));
+    return outcome ? FileOutcome() : FileOutcome(outcome.Failure());
   }
 
   FileOutcome Remove(std::string_view name) { return world_->Changes().Remove(world_->At(name)); }

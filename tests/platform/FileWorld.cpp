@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "platform/SharedLibrary.h"
 #include "support/MemoryFileSystem.h"
 #include "support/TempFolder.h"
 
@@ -127,10 +126,6 @@ class MemoryWorld final : public FileWorld {
 };
 
 }  // namespace
-
-bool RunsUnderWine() {
-  return SharedLibrary("ntdll.dll").Symbol("wine_get_version") != nullptr;
-}
 
 std::string NameOf(WorldKind kind) {
   switch (kind) {

@@ -17,9 +17,6 @@ void PrintTo(const FileError& error, std::ostream* out);
 
 namespace quillon::test {
 
-/// True under Wine, which lets some things pass that Windows refuses.
-[[nodiscard]] bool RunsUnderWine();
-
 /// A place with files, and the implementation of FileReads and FileChanges that looks after it. The contract's tests
 /// run on every kind of world. Names may hold "/" for folders.
 class FileWorld {

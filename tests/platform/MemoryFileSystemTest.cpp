@@ -26,7 +26,7 @@ TEST(MemoryFileSystem, CallsFailOnDemand) {
   EXPECT_EQ(files.Status("/a/song").Failure(), error);
   EXPECT_EQ(files.RealPath("/a/song"), "");
   EXPECT_EQ(files.Rename("/a/song", "/a/new"), error);
-  EXPECT_EQ(files.Move("/a/song", "/b/song"), error);
+  EXPECT_EQ(files.Move("/a/song", "/b/song").Failure(), error);
   EXPECT_EQ(files.Remove("/a/song"), error);
   EXPECT_EQ(files.Recycle("/a/song", 0), file_error::kAccess);
   EXPECT_EQ(files.BytesOf("/a/song"), "content");

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -10,109 +11,295 @@
 namespace quillon::test {
 namespace {
 
-enum class Step { kNone, kCopy, kPublish, kFlushFolder, kRemoveSource };
+enum class Step { kNone, kOpenSource, kCopy, kPublish, kFlushFolder, kRemoveSource };
 
-/// Files by path; one step can be made to fail.
+/// How far a failing step gets: nowhere, half of the way (a name by two steps), or all of it.
+enum class Extent { kNothing, kHalf, kAll };
+
+/// What stands for the program's end in the middle of it.
+struct Killed {};
+
+constexpr const char* kSource = "/a/song";
+constexpr const char* kTemporary = "/b/.temporary";
+constexpr const char* kTarget = "/b/song";
+
+/// Files by path. Each is a text; a change of the text is a change of the file, and a text that begins with "other" is
+/// another file. One step can be made to fail, and something can happen just before a step.
 class TwoVolumes final : public CopySteps {
  public:
-  std::map<std::string, std::string> files;
+  using Files = std::map<std::string, std::string>;
+
+  Files files = {{kSource, "content"}};
   Step failing = Step::kNone;
-  int collisions = 0;
-  std::string temporary;
+  Extent failsAfter = Extent::kNothing;
+  bool dies = false;  ///< the failing step is where the program is killed
+  std::map<Step, std::function<void(Files&)>> before;
+  bool copyMayGo = true;
+  bool sourceIsOutOfSight = false;  ///< it cannot be looked at
+  NotKept notKept;
+  int copies = 0;
 
-  FileOutcome Look(const std::string& path) override {
-    return files.contains(path) ? FileOutcome() : FileOutcome(FileError{file_error::kNotFound, "absent"});
-  }
+  FileOutcome Look(const std::string& path) override { return Outcome(files.contains(path)); }
 
-  FileOutcome Copy(const std::string& from, const std::string& to) override {
-    if (failing == Step::kCopy) return Injected();
-    if (collisions-- > 0) return FileError{file_error::kAlreadyExists, "exists"};
-    temporary = to;
-    files[to] = files.at(from);
+  FileOutcome OpenSource(const std::string& from) override {
+    if (Fails(Step::kOpenSource)) return Injected();
+    if (!files.contains(from)) return FileError{file_error::kNotFound, "absent"};
+    opened_ = files.at(from);
     return std::nullopt;
   }
 
-  FileOutcome Publish(const std::string& from, const std::string& to) override {
-    if (failing == Step::kPublish) return Injected();
+  MoveOutcome CopyInto(const std::string& folder) override {
+    EXPECT_EQ(folder, "/b/");
+    const bool fails = Fails(Step::kCopy);
+    if (fails && failsAfter == Extent::kNothing) return Injected();
+    ++copies;
+    files[kTemporary] = failsAfter == Extent::kHalf && fails ? opened_.substr(0, 3) : opened_;
+    if (fails) return Injected();
+    return notKept;
+  }
+
+  [[nodiscard]] std::string Temporary() const override { return kTemporary; }
+
+  FileOutcome Publish(const std::string& to) override {
+    const bool fails = Fails(Step::kPublish);
+    if (fails && failsAfter == Extent::kNothing) return Injected();
     if (files.contains(to)) return FileError{file_error::kAlreadyExists, "exists"};
-    files[to] = files.at(from);
-    files.erase(from);
-    return std::nullopt;
+    files[to] = files.at(kTemporary);
+    if (!fails || failsAfter == Extent::kAll) files.erase(kTemporary);
+    return Outcome(!fails);
   }
 
   FileOutcome FlushFolder(const std::string& folder) override {
     EXPECT_EQ(folder, "/b/");
-    return failing == Step::kFlushFolder ? FileOutcome(Injected()) : FileOutcome();
+    return Outcome(!Fails(Step::kFlushFolder));
   }
 
-  FileOutcome Remove(const std::string& path) override {
-    if (failing == Step::kRemoveSource && path == "/a/song") return Injected();
-    files.erase(path);
+  SourceNow LookAtSource() override {
+    if (sourceIsOutOfSight) return SourceNow::kUnknown;
+    const auto found = files.find(kSource);
+    if (found == files.end()) return SourceNow::kGone;
+    if (found->second == opened_) return SourceNow::kUnchanged;
+    return found->second.starts_with("other") ? SourceNow::kReplaced : SourceNow::kModified;
+  }
+
+  FileOutcome RemoveSource() override {
+    const bool fails = Fails(Step::kRemoveSource);
+    if (!fails || failsAfter == Extent::kAll) files.erase(kSource);
+    return Outcome(!fails);
+  }
+
+  FileOutcome RemoveCopy(const std::string& path) override {
+    const auto found = files.find(path);
+    if (found == files.end() || found->second.starts_with("other")) return std::nullopt;
+    if (!copyMayGo) return Injected();
+    files.erase(found);
     return std::nullopt;
   }
 
  private:
-  static FileError Injected() { return {file_error::kAccess, "injected"}; }
+  FileError Injected() const {
+    if (dies) throw Killed();
+    return {file_error::kAccess, "injected"};
+  }
+  [[nodiscard]] FileOutcome Outcome(bool succeeded) const {
+    return succeeded ? FileOutcome() : FileOutcome(Injected());
+  }
+
+  bool Fails(Step step) {
+    if (const auto found = before.find(step); found != before.end()) found->second(files);
+    return failing == step;
+  }
+
+  std::string opened_;
 };
 
-FileOutcome MoveSong(TwoVolumes& volumes) {
-  return MoveByCopying(volumes, "/a/song", "/b/song", PathStyle::kLinux);
+using Files = TwoVolumes::Files;
+
+MoveOutcome MoveSong(TwoVolumes& volumes) {
+  return MoveByCopying(volumes, kSource, kTarget, PathStyle::kLinux);
 }
 
-const std::map<std::string, std::string> kBefore = {{"/a/song", "content"}};
-const std::map<std::string, std::string> kAfter = {{"/b/song", "content"}};
+FileError FailureOf(TwoVolumes& volumes) {
+  const MoveOutcome outcome = MoveSong(volumes);
+  return outcome ? FileError() : outcome.Failure();
+}
+
+const Files kBefore = {{kSource, "content"}};
+const Files kAfter = {{kTarget, "content"}};
 
 TEST(MoveByCopying, TheFileIsThereAndNoLongerHere) {
   TwoVolumes volumes;
-  volumes.files = kBefore;
-  EXPECT_EQ(MoveSong(volumes), std::nullopt);
+  const MoveOutcome outcome = MoveSong(volumes);
+  ASSERT_TRUE(outcome);
+  EXPECT_EQ(*outcome, NotKept());
   EXPECT_EQ(volumes.files, kAfter);
 }
 
-TEST(MoveByCopying, TheCopyIsMadeUnderAHiddenNameInTheTargetFolder) {
+TEST(MoveByCopying, SaysWhatTheCopyCouldNotKeep) {
   TwoVolumes volumes;
-  volumes.files = kBefore;
-  EXPECT_EQ(MoveSong(volumes), std::nullopt);
-  EXPECT_THAT(volumes.temporary, testing::StartsWith("/b/."));
+  volumes.notKept.times = true;
+  const MoveOutcome outcome = MoveSong(volumes);
+  ASSERT_TRUE(outcome);
+  EXPECT_EQ(*outcome, NotKept{true});
 }
 
 TEST(MoveByCopying, OnAnyFailureTheSourceStaysAndTheCopyGoes) {
-  for (const Step step : {Step::kCopy, Step::kPublish, Step::kFlushFolder, Step::kRemoveSource}) {
+  for (const Step step : {Step::kOpenSource, Step::kCopy, Step::kPublish, Step::kFlushFolder, Step::kRemoveSource}) {
     SCOPED_TRACE(static_cast<int>(step));
     TwoVolumes volumes;
-    volumes.files = kBefore;
     volumes.failing = step;
-    const FileOutcome outcome = MoveSong(volumes);
-    ASSERT_TRUE(outcome);
-    EXPECT_EQ(outcome->number, file_error::kAccess);
+    const FileError failure = FailureOf(volumes);
+    EXPECT_EQ(failure.number, file_error::kAccess);
+    EXPECT_EQ(failure.fileAt, "");
     EXPECT_EQ(volumes.files, kBefore);
   }
 }
 
 TEST(MoveByCopying, AnExistingTargetStaysAndNothingIsCopied) {
   TwoVolumes volumes;
-  volumes.files = {{"/a/song", "mine"}, {"/b/song", "yours"}};
-  const auto before = volumes.files;
-  const FileOutcome outcome = MoveSong(volumes);
-  ASSERT_TRUE(outcome);
-  EXPECT_EQ(outcome->number, file_error::kAlreadyExists);
+  volumes.files[kTarget] = "yours";
+  const Files before = volumes.files;
+  EXPECT_EQ(FailureOf(volumes).number, file_error::kAlreadyExists);
   EXPECT_EQ(volumes.files, before);
-  EXPECT_EQ(volumes.temporary, "");
+  EXPECT_EQ(volumes.copies, 0);
 }
 
 TEST(MoveByCopying, AnAbsentSourceIsNotFound) {
   TwoVolumes volumes;
-  const FileOutcome outcome = MoveSong(volumes);
-  ASSERT_TRUE(outcome);
-  EXPECT_EQ(outcome->number, file_error::kNotFound);
+  volumes.files.clear();
+  EXPECT_EQ(FailureOf(volumes).number, file_error::kNotFound);
 }
 
-TEST(MoveByCopying, ATakenTemporaryNameIsNotTheEnd) {
+TEST(MoveByCopying, ASourceThatChangesUntilTheLastMomentStaysAndSoDoesTheCopy) {
+  for (const Step moment : {Step::kCopy, Step::kPublish, Step::kFlushFolder, Step::kRemoveSource}) {
+    for (const char* const now : {"content and more", "other content"}) {
+      SCOPED_TRACE(now + std::to_string(static_cast<int>(moment)));
+      TwoVolumes volumes;
+      volumes.before[moment] = [now](Files& files) { files[kSource] = now; };
+      if (moment == Step::kRemoveSource) volumes.failing = moment;  // a deletion that looks for itself
+      const FileError failure = FailureOf(volumes);
+      EXPECT_EQ(failure.number, file_error::kBothKept);
+      EXPECT_EQ(failure.fileAt, kTarget);
+      EXPECT_EQ(volumes.files, Files({{kSource, now}, {kTarget, "content"}}));
+    }
+  }
+}
+
+TEST(MoveByCopying, ASourceThatIsGoneByThenIsASuccess) {
+  for (const Step moment : {Step::kCopy, Step::kPublish, Step::kFlushFolder}) {
+    TwoVolumes volumes;
+    volumes.before[moment] = [](Files& files) { files.erase(kSource); };
+    EXPECT_TRUE(MoveSong(volumes));
+    EXPECT_EQ(volumes.files, kAfter);
+  }
+}
+
+TEST(MoveByCopying, ADeletionThatReportsAFailureAndHasHappenedIsASuccess) {
   TwoVolumes volumes;
-  volumes.files = kBefore;
-  volumes.collisions = 3;
-  EXPECT_EQ(MoveSong(volumes), std::nullopt);
+  volumes.failing = Step::kRemoveSource;
+  volumes.failsAfter = Extent::kAll;
+  EXPECT_TRUE(MoveSong(volumes));
   EXPECT_EQ(volumes.files, kAfter);
+}
+
+TEST(MoveByCopying, TheOnlyCopyIsNeverTakenBack) {
+  struct Row {
+    const char* name;
+    Step failing;
+    const char* leftAt;
+    std::function<void(Files&)> happens;
+    Files after;
+  };
+  const auto deleted = [](Files& files) { files.erase(kSource); };
+  const auto replaced = [](Files& files) { files[kSource] = "other"; };
+  for (const Row& row :
+       {Row{"deleted, no new name", Step::kPublish, kTemporary, deleted, {{kTemporary, "content"}}},
+        Row{"deleted, no flush", Step::kFlushFolder, kTarget, deleted, kAfter},
+        Row{"replaced, no new name",
+            Step::kPublish,
+            kTemporary,
+            replaced,
+            {{kSource, "other"}, {kTemporary, "content"}}},
+        Row{"replaced, no flush", Step::kFlushFolder, kTarget, replaced, {{kSource, "other"}, {kTarget, "content"}}}}) {
+    SCOPED_TRACE(row.name);
+    TwoVolumes volumes;
+    volumes.failing = row.failing;
+    volumes.before[row.failing] = row.happens;
+    const FileError failure = FailureOf(volumes);
+    EXPECT_EQ(failure.number, file_error::kStranded);
+    EXPECT_EQ(failure.fileAt, row.leftAt);
+    EXPECT_EQ(volumes.files, row.after);
+  }
+}
+
+/// The move fails at this step (or for no step of its own), and the copy stays where it was by then.
+void ExpectACopyThatStays(TwoVolumes& volumes, Step step) {
+  volumes.failing = step;
+  const FileError failure = FailureOf(volumes);
+  EXPECT_EQ(failure.number, file_error::kBothKept);
+  EXPECT_EQ(failure.fileAt, step == Step::kPublish ? kTemporary : kTarget);
+  EXPECT_EQ(volumes.files.at(kSource), "content");
+  EXPECT_EQ(volumes.files.at(failure.fileAt), "content");
+}
+
+TEST(MoveByCopying, ACopyWhoseSourceIsOutOfSightStays) {
+  for (const Step step : {Step::kNone, Step::kPublish, Step::kFlushFolder}) {
+    TwoVolumes volumes;
+    volumes.sourceIsOutOfSight = true;
+    ExpectACopyThatStays(volumes, step);
+  }
+}
+
+TEST(MoveByCopying, ARivalsFileAtTheNewNameIsLeftAlone) {
+  TwoVolumes volumes;
+  volumes.failing = Step::kRemoveSource;
+  volumes.before[Step::kRemoveSource] = [](Files& files) { files[kTarget] = "other"; };
+  EXPECT_EQ(FailureOf(volumes).number, file_error::kAccess);
+  EXPECT_EQ(volumes.files, Files({{kSource, "content"}, {kTarget, "other"}}));
+}
+
+TEST(MoveByCopying, ANewNameThatWasGivenInSpiteOfAFailureIsTakenBack) {
+  TwoVolumes volumes;
+  volumes.failing = Step::kPublish;
+  volumes.failsAfter = Extent::kAll;
+  EXPECT_EQ(FailureOf(volumes).number, file_error::kAccess);
+  EXPECT_EQ(volumes.files, kBefore);
+}
+
+TEST(MoveByCopying, WhereverItIsKilledTheContentIsWholeAndNothingElseHasAFinalName) {
+  for (const Step step : {Step::kOpenSource, Step::kCopy, Step::kPublish, Step::kFlushFolder, Step::kRemoveSource}) {
+    for (const Extent extent : {Extent::kNothing, Extent::kHalf, Extent::kAll}) {
+      SCOPED_TRACE(std::to_string(static_cast<int>(step)) + std::to_string(static_cast<int>(extent)));
+      TwoVolumes volumes;
+      volumes.failing = step;
+      volumes.failsAfter = extent;
+      volumes.dies = true;
+      EXPECT_THROW(static_cast<void>(MoveSong(volumes)), Killed);
+      EXPECT_TRUE(volumes.files.contains(kSource) || volumes.files.contains(kTarget));
+      for (const char* const name : {kSource, kTarget}) {
+        const auto found = volumes.files.find(name);
+        EXPECT_TRUE(found == volumes.files.end() || found->second == "content") << name;
+      }
+    }
+  }
+}
+
+TEST(MoveByCopying, ACopyWithBothNamesIsNamedByTheNewOne) {
+  TwoVolumes volumes;
+  volumes.failing = Step::kPublish;
+  volumes.failsAfter = Extent::kHalf;
+  volumes.copyMayGo = false;
+  const FileError failure = FailureOf(volumes);
+  EXPECT_EQ(failure.number, file_error::kBothKept);
+  EXPECT_EQ(failure.fileAt, kTarget);
+}
+
+TEST(MoveByCopying, ACopyThatCannotBeTakenBackIsNamed) {
+  for (const Step step : {Step::kPublish, Step::kFlushFolder, Step::kRemoveSource}) {
+    TwoVolumes volumes;
+    volumes.copyMayGo = false;
+    ExpectACopyThatStays(volumes, step);
+  }
 }
 
 }  // namespace

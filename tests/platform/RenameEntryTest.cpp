@@ -2,8 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Text.h"
@@ -33,6 +35,10 @@ class Volume final : public EntryChanges {
 
   /// From now on renames to this path fail, but the first `successes` ones.
   void FailTo(const std::string& path, int number, int successes = 0) { failures_[path] = {number, successes}; }
+  /// From now on so many temporary names are somebody else's.
+  void TakeTemporaryNames(int count) { takenNames_ = count; }
+  /// Just before the rename after `successes` ones this happens.
+  void Before(int successes, std::function<void(Volume&)> happens) { before_[successes + 1] = std::move(happens); }
   /// From now on every rename after `successes` ones fails.
   void FailAfter(int successes, int number) { failAfter_ = {number, successes}; }
 
@@ -42,6 +48,8 @@ class Volume final : public EntryChanges {
 
   FileOutcome RenameNoReplace(const std::string& from, const std::string& to) override {
     ++renames_;
+    if (const auto found = before_.find(renames_); found != before_.end()) found->second(*this);
+    if (to.starts_with("/.") && takenNames_-- > 0) return FileError{file_error::kAlreadyExists, "taken"};
     if (failAfter_.number != 0 && failAfter_.successes-- <= 0) return FileError{failAfter_.number, "injected"};
     if (const auto failure = failures_.find(to); failure != failures_.end() && failure->second.successes-- <= 0) {
       return FileError{failure->second.number, "injected"};
@@ -55,6 +63,7 @@ class Volume final : public EntryChanges {
     const int file = source->second;
     entries_.erase(source);
     entries_[to.substr(1)] = file;
+    if (afterwards) afterwards();
     return std::nullopt;
   }
 
@@ -76,7 +85,8 @@ class Volume final : public EntryChanges {
                          [&](const auto& entry) { return entry.second == found->second; }) == 1;
   }
 
-  bool countsNames = false;  ///< whether the volume knows how many names a file has
+  std::function<void()> afterwards;  ///< happens after every rename that is carried out
+  bool countsNames = false;          ///< whether the volume knows how many names a file has
 
   std::string ListedName(const std::string& path) override {
     ++listings_;
@@ -102,6 +112,8 @@ class Volume final : public EntryChanges {
   CaseChange caseChange_;
   std::map<std::string, int> entries_;
   std::map<std::string, Failure> failures_;
+  std::map<int, std::function<void(Volume&)>> before_;
+  int takenNames_ = 0;
   Failure failAfter_;
   int renames_ = 0;
   int looks_ = 0;
@@ -200,6 +212,55 @@ TEST(RenameEntry, NeighboursThatDifferInCaseAreTwoEntriesWithoutReadingTheFolder
   EXPECT_EQ(volume.Listings(), 0);
 }
 
+TEST(RenameEntry, AnotherFileThatDiffersInCaseIsAnObstacleAndStays) {
+  Volume volume(CaseChange::kApart);
+  volume.Add("song", 1);
+  volume.Add("SONG", 2);
+  volume.countsNames = true;
+  EXPECT_EQ(NumberOf(Rename(volume, "song", "SONG")), file_error::kAlreadyExists);
+  EXPECT_EQ(volume.Renames(), 1) << "nothing goes through a temporary name";
+}
+
+TEST(RenameEntry, SomebodyElsesNewFileAtTheOldNameIsNotTakenForTheFile) {
+  Volume volume(CaseChange::kApart);
+  volume.Add("song", 1);
+  volume.countsNames = true;
+  // Another program makes a file of the old name at once.
+  volume.afterwards = [&volume] { volume.Add("song", 2); };
+  EXPECT_EQ(Rename(volume, "song", "SONG"), std::nullopt);
+  EXPECT_THAT(volume.Names(), ElementsAre("SONG", "song"));
+  EXPECT_EQ(volume.Renames(), 1);
+}
+
+TEST(RenameEntry, ATemporaryNameThatIsTakenIsNotTheEnd) {
+  for (const CaseChange caseChange : {CaseChange::kRefused, CaseChange::kPretended}) {
+    Volume volume(caseChange);
+    volume.Add("song", 1);
+    volume.TakeTemporaryNames(3);
+    EXPECT_EQ(Rename(volume, "song", "SONG"), std::nullopt);
+    EXPECT_THAT(volume.Names(), ElementsAre("SONG"));
+    EXPECT_EQ(volume.Renames(), 6);
+  }
+}
+
+TEST(RenameEntry, WhereverItIsKilledTheFileHasOneName) {
+  struct Killed {};
+  for (const CaseChange caseChange : {CaseChange::kDone, CaseChange::kRefused, CaseChange::kPretended}) {
+    for (int successes = 0; successes < 3; ++successes) {
+      Volume volume(caseChange);
+      volume.Add("song", 1);
+      volume.Before(successes, [](Volume&) { throw Killed(); });
+      const bool isReached = successes == 0 || caseChange != CaseChange::kDone;
+      if (isReached) {
+        EXPECT_THROW(static_cast<void>(Rename(volume, "song", "SONG")), Killed);
+      } else {
+        EXPECT_EQ(Rename(volume, "song", "SONG"), std::nullopt);
+      }
+      EXPECT_EQ(volume.Names().size(), 1U);
+    }
+  }
+}
+
 TEST(RenameEntry, WhenTheFirstOfTwoStepsFailsNothingHasHappened) {
   Volume volume(CaseChange::kRefused);
   volume.Add("song", 1);
@@ -216,15 +277,18 @@ TEST(RenameEntry, WhenTheSecondOfTwoStepsFailsTheFileGetsItsOldNameBack) {
   EXPECT_THAT(volume.Names(), ElementsAre("song"));
 }
 
-TEST(RenameEntry, AFileThatCannotGetItsOldNameBackIsNamedInTheError) {
-  Volume volume(CaseChange::kPretended);
-  volume.Add("song", 1);
-  volume.FailAfter(2, file_error::kAccess);
-  const FileOutcome outcome = Rename(volume, "song", "SONG");
-  ASSERT_TRUE(outcome);
-  EXPECT_EQ(outcome->number, file_error::kStranded);
-  ASSERT_EQ(volume.Names().size(), 1U);
-  EXPECT_THAT(outcome->description, testing::HasSubstr(volume.Names().front()));
+TEST(RenameEntry, AFileThatCannotGetItsOldNameBackIsNamedInTheErrorAndKeepsItsEnding) {
+  for (const char* const ending : {"", ".mid"}) {
+    Volume volume(CaseChange::kPretended);
+    volume.Add(std::string("song") + ending, 1);
+    volume.FailAfter(2, file_error::kAccess);
+    const FileOutcome outcome = Rename(volume, std::string("song") + ending, std::string("SONG") + ending);
+    ASSERT_TRUE(outcome);
+    EXPECT_EQ(outcome->number, file_error::kStranded);
+    ASSERT_EQ(volume.Names().size(), 1U);
+    EXPECT_EQ(outcome->fileAt, "/" + volume.Names().front());
+    EXPECT_THAT(outcome->fileAt, testing::EndsWith(ending));
+  }
 }
 
 TEST(RenameEntry, TheOwnNameOnlyLooks) {

@@ -54,6 +54,12 @@ TEST(SharedLibrary, ALoadedLibraryResolvesItsFunctions) {
   EXPECT_EQ(library.Symbol("NoSuchFunction"), nullptr);
 }
 
+TEST(SharedLibrary, NothingIsLoadedButFromAFullPath) {
+  EXPECT_FALSE(SharedLibrary(SystemLibrary()).Loaded());
+  EXPECT_FALSE(SharedLibrary(std::string(IsWindows() ? ".\\" : "./") + SystemLibrary()).Loaded());
+  EXPECT_FALSE(SharedLibrary("").Loaded());
+}
+
 TEST(SharedLibrary, AnAbsentLibraryResolvesNothing) {
   const SharedLibrary library(ProgramFolder() + SharedLibraryFileName("no-such-library"));
   EXPECT_FALSE(library.Loaded());
@@ -62,7 +68,9 @@ TEST(SharedLibrary, AnAbsentLibraryResolvesNothing) {
 }
 
 TEST(SharedLibrary, MovesLeaveTheOldObjectWithoutTheLibrary) {
-  SharedLibrary first(SystemLibrary());
+  const auto folder = FindLibrary(SystemLibrary());
+  ASSERT_TRUE(folder);
+  SharedLibrary first(*folder + SystemLibrary());
   ASSERT_TRUE(first.Loaded());
   SharedLibrary second(std::move(first));
   EXPECT_TRUE(second.Loaded());

@@ -1,9 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
 #include <filesystem>
+#include <iterator>
+#include <limits>
+#include <optional>
 #include <string>
 
+#include "platform/ContentOf.h"
 #include "platform/FileWorld.h"
+#include "platform/TemporaryMark.h"
+#include "platform/TemporaryName.h"
 #include "platform/WholeFile.h"
 #include "support/TempFolder.h"
 
@@ -22,17 +31,77 @@ std::vector<std::string> NamesIn(const std::string& folder) {
 
 using Names = std::vector<std::string>;
 
+// Why a file of whatever size is not read; nullopt for one that is.
+std::optional<ReadFailure> FailureOf(const std::string& path) {
+  const Result<std::string, ReadFailure> read = ReadWholeFile(path, std::numeric_limits<std::uint64_t>::max());
+  return read ? std::nullopt : std::optional(read.Failure());
+}
+
 TEST(WholeFile, IsReadWhole) {
   const TempFolder folder;
   const std::string bytes("a\0\r\n\xFF曲", 8);
-  EXPECT_EQ(ReadWholeFile(folder.Write("file", bytes)), bytes);
-  EXPECT_EQ(ReadWholeFile(folder.Write("empty", "")), "");
+  EXPECT_EQ(ContentOf(folder.Write("file", bytes)), bytes);
+  EXPECT_EQ(ContentOf(folder.Write("empty", "")), "");
 }
 
-TEST(WholeFile, WhatIsNoFileIsNotRead) {
+TEST(WholeFile, WhatIsNotThereIsToldFromWhatCannotBeRead) {
   const TempFolder folder;
-  EXPECT_EQ(ReadWholeFile(folder.At("absent")), std::nullopt);
-  EXPECT_EQ(ReadWholeFile(folder.Path()), std::nullopt);
+  folder.Write("file", "content");
+  EXPECT_EQ(FailureOf(folder.At("absent")), ReadFailure::kAbsent);
+  EXPECT_EQ(FailureOf(folder.At("no/such/folder")), ReadFailure::kAbsent);
+  EXPECT_EQ(FailureOf(folder.At("file/in a file")), ReadFailure::kAbsent);
+  EXPECT_EQ(FailureOf(folder.MakeFolder("folder")), ReadFailure::kUnreadable);
+  EXPECT_EQ(FailureOf(folder.At("folder")), ReadFailure::kUnreadable);
+  EXPECT_EQ(FailureOf(std::string("a\0b", 3)), ReadFailure::kUnreadable);
+}
+
+TEST(WholeFile, ALinkThatLeadsNowhereIsNotThere) {
+  const auto world = MakeWorld(WorldKind::kSystem);
+  if (!world->MakeLink("link.ini", "absent.ini", false)) GTEST_SKIP() << "no links can be made here";
+  EXPECT_EQ(FailureOf(world->At("link.ini")), ReadFailure::kAbsent);
+}
+
+TEST(WholeFile, ALargerFileIsNotRead) {
+  const TempFolder folder;
+  const std::string path = folder.Write("file", "0123456789");
+  const Result<std::string, ReadFailure> fits = ReadWholeFile(path, 10);
+  ASSERT_TRUE(fits);
+  EXPECT_EQ(*fits, "0123456789");
+  const Result<std::string, ReadFailure> larger = ReadWholeFile(path, 9);
+  ASSERT_FALSE(larger);
+  EXPECT_EQ(larger.Failure(), ReadFailure::kTooLarge);
+}
+
+/// A file that has fewer bytes to give than it says.
+class FailingFile final : public ByteSource {
+ public:
+  FailingFile(std::uint64_t size, std::size_t given) : size_(size), given_(given) {}
+  [[nodiscard]] std::uint64_t Size() const override { return size_; }
+  std::size_t ReadAt(std::uint64_t /*offset*/, char* /*into*/, std::size_t count) override {
+    asked = count;
+    return std::min(count, given_);
+  }
+
+  std::size_t asked = 0;
+
+ private:
+  std::uint64_t size_;
+  std::size_t given_;
+};
+
+TEST(WholeFile, AnEarlyEndIsAnError) {
+  for (const std::size_t given : {0U, 9U}) {
+    FailingFile file(10, given);
+    const Result<std::string, ReadFailure> read = ReadWhole(file, 10);
+    ASSERT_FALSE(read);
+    EXPECT_EQ(read.Failure(), ReadFailure::kUnreadable);
+  }
+}
+
+TEST(WholeFile, OfALargerFileNothingIsAskedFor) {
+  FailingFile file(11, 11);
+  EXPECT_FALSE(ReadWhole(file, 10));
+  EXPECT_EQ(file.asked, 0U);
 }
 
 TEST(WholeFile, ANewFileIsWritten) {
@@ -110,6 +179,21 @@ TEST(WholeFile, OnlyFoldersThatTakeFilesCanBeWritten) {
   EXPECT_FALSE(CanWriteFolder(folder.At("file")));
   EXPECT_FALSE(CanWriteFolder(""));
   EXPECT_EQ(NamesIn(folder.Path()), Names{"file"}) << "the question leaves nothing behind";
+}
+
+TEST(WholeFile, WhatAKilledSaveLeftGoesWithTheNextOne) {
+  const TempFolder folder;
+  const std::string path = folder.Write("file.ini", "old");
+  const std::string name = ".quillon-0123456789ab";
+  folder.Write(name, "half");
+  folder.Write(MarkName(name), kMarkText);
+  std::filesystem::last_write_time(folder.At(MarkName(name)),
+                                   std::filesystem::file_time_type::clock::now() - std::chrono::hours(25));
+  EXPECT_EQ(ReplaceWholeFile(path, "new"), std::nullopt);
+  EXPECT_EQ(folder.Read("file.ini"), "new");
+  EXPECT_FALSE(folder.Exists(name));
+  EXPECT_FALSE(folder.Exists(MarkName(name)));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1) << "and it leaves nothing itself";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -52,6 +53,24 @@ TEST(ModifyRenameNames, ShowsEveryStepInItsOrder) {
   EXPECT_EQ(outcome.leftAlone, 0);
   EXPECT_FALSE(outcome.stopped);
   EXPECT_EQ(f.Names(), Texts({"a.mid", "b.mid", "c.mid"})) << "nothing is written to the disk";
+}
+
+TEST(ModifyRenameNames, AnExceptionLeavesNeitherTheWaitWindowNorTheBusyPointer) {
+  struct OutOfMemory final : RegexEngine {
+    std::optional<std::string> Replace(std::string_view, std::string_view text) override {
+      if (text.starts_with("b")) throw std::bad_alloc();
+      return "edited";
+    }
+  } regex;
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.options.modify.findCtrl = 1;
+  f.options.modify.rules[0] = {1, "x", "y"};
+  EXPECT_THROW(ModifyRenameNames(f.list, f.options, f.mode, f.engine,
+                                 {regex, f.ports.pending, f.ports.progress, f.ports.window, f.ports.boxes}, true),
+               std::bad_alloc);
+  EXPECT_EQ(RenameNames(f.list), Texts({"edited", "b", "c"}));
+  EXPECT_EQ(f.ports.log.Events().back(), "pointer normal");
+  EXPECT_TRUE(f.ports.log.Has("progress end"));
 }
 
 TEST(ModifyRenameNames, CountsThePercentageOverTheCheckedRows) {

@@ -172,12 +172,25 @@ TEST(PlannedChanges, PassTheErrorsOfLookingOn) {
   EXPECT_EQ(Apply(planned, {top + "a.mid"}, {"x"}).codes, Codes({apply_code::kNoAccess}));
 }
 
-TEST(PlannedChanges, RefuseWhatNobodyPlans) {
+TEST(PlannedChanges, AnswerMovesAndDeletionsAsTheDiskWouldAndChangeNothing) {
   test::MemoryFileSystem files;
+  const std::string top = OnWindows() ? "C:\\m\\" : "/m/";
+  const std::string there = OnWindows() ? "C:\\t\\" : "/t/";
+  for (const char* const name : {"a.mid", "b.mid"}) files.AddFile(top + name);
+  files.AddFile(there + "b.mid");
   PlannedChanges planned(files);
-  EXPECT_EQ(planned.Move("a", "b")->number, file_error::kAccess);
-  EXPECT_EQ(planned.Remove("a")->number, file_error::kAccess);
-  EXPECT_EQ(planned.Recycle("a", 0), kRecycleNotDone);
+  EXPECT_TRUE(planned.Move(top + "a.mid", there + "a.mid"));
+  EXPECT_EQ(planned.Move(top + "a.mid", there + "c.mid").Failure().number, file_error::kNotFound) << "it has gone";
+  EXPECT_EQ(planned.Move(top + "b.mid", there + "a.mid").Failure().number, file_error::kAlreadyExists);
+  EXPECT_EQ(planned.Move(top + "b.mid", there + "b.mid").Failure().number, file_error::kAlreadyExists);
+  EXPECT_EQ(planned.Move(top + "b.mid", top + (OnWindows() ? "no\\b.mid" : "no/b.mid")).Failure().number,
+            file_error::kNotFound);
+  EXPECT_EQ(planned.Remove(there + "b.mid"), std::nullopt);
+  EXPECT_TRUE(planned.Move(top + "b.mid", there + "b.mid")) << "the name is free now";
+  EXPECT_EQ(planned.Recycle(there + "b.mid", 0), 0);
+  EXPECT_EQ(planned.Recycle(there + "b.mid", 0), kRecycleNotDone);
+  EXPECT_EQ(planned.Remove(there + "b.mid")->number, file_error::kNotFound);
+  EXPECT_EQ(files.NamesIn(top).size() + files.NamesIn(there).size(), 3u);
 }
 
 /// Random batches whose names collide often.

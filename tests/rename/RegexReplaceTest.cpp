@@ -169,6 +169,16 @@ TEST(RegexLibrary, AnAnswerTooLongForANameStaysTooLong) {
   }
 }
 
+TEST(RegexLibrary, AnotherLibraryOfItsNameIsAsGoodAsAbsent) {
+  for (const char* name : {"bregexp-without-version", "bregexp-of-other-version"}) {
+    SCOPED_TRACE(name);
+    ASSERT_TRUE(FindLibrary(SharedLibraryFileName(name))) << "it does not stand beside the test program";
+    RegexLibrary library(name);
+    EXPECT_FALSE(library.Available());
+    EXPECT_EQ(library.Replace("s/a/b/gk", "a"), std::nullopt);
+  }
+}
+
 TEST(RegexLibrary, AnAbsentLibraryAnswersNothing) {
   RegexLibrary library("quillon-no-such-library");
   EXPECT_FALSE(library.Available());

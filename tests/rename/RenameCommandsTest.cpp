@@ -82,6 +82,27 @@ TEST(mnuThisRename, InAutoModeATitleOfBlanksCountsAsEmpty) {
   EXPECT_EQ(CheckedRows(f.list), Indices());
 }
 
+TEST(mnuThisRename, InAutoModeATitleThatFailsIsNoNameToFallBackTo) {
+  EditingFixture f({"a.mid", "b.mid"});
+  f.mode.automatic = true;
+  f.SetTitle(1, "b");
+  f.editing.mnuThisRename();
+  EXPECT_EQ(f.box.Text(), "b");
+  f.Type("");
+  f.editing.EnterPressed();
+  EXPECT_EQ(f.box.Text(), "a");
+}
+
+TEST(mnuThisUndo, WorksInAutoModeAndTouchesNoFile) {
+  EditingFixture f({"a.mid", "b.mid"});
+  f.mode.automatic = true;
+  f.SetTitle(1, "b");
+  f.editing.mnuThisRename();
+  f.editing.mnuThisUndo();
+  EXPECT_EQ(f.box.Text(), "a");
+  EXPECT_EQ(f.Names(), Texts({"a.mid", "b.mid"}));
+}
+
 TEST(mnuThisRename, InAutoModeAFailureChecksTheRowWhenTheOptionSaysSo) {
   for (const std::int16_t errChk : {std::int16_t{0}, std::int16_t{1}}) {
     EditingFixture f({"a.mid", "b.mid"});

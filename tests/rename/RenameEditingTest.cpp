@@ -22,6 +22,27 @@ struct Automatic : EditingFixture {
   explicit Automatic(const Texts& names) : EditingFixture(names) { mode.automatic = true; }
 };
 
+// Names that no file should have, which files have all the same on Linux.
+
+TEST(RenameBoxChange, InAutoModeInvalidCharactersCanBeTakenOutOneAfterTheOther) {
+  Automatic f({"a:b?.mid"});
+  f.Type("a:b");
+  EXPECT_EQ(f.Names(), Texts({"a:b.mid"}));
+  f.Type("a:b:");
+  EXPECT_EQ(f.box.Text(), "a:b") << "a further one is refused";
+  f.Type("ab");
+  EXPECT_EQ(f.Names(), Texts({"ab.mid"}));
+  EXPECT_TRUE(f.ports.log.StartingWith("box").empty());
+}
+
+TEST(LabelEdited, InAutoModeInvalidCharactersCanBeTakenOutOneAfterTheOther) {
+  Automatic f({"a:b?.mid"});
+  f.editing.LabelEdited(1, "a:b");
+  EXPECT_EQ(f.Names(), Texts({"a:b.mid"}));
+  f.editing.LabelEdited(1, "a?b");
+  EXPECT_EQ(f.Names(), Texts({"a:b.mid"}));
+}
+
 // Which row the box shows.
 
 TEST(RenameEditing, TheBoxShowsTheLoadedRowAndIsDisabledWithoutOne) {

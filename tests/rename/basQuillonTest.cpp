@@ -183,6 +183,30 @@ void Prepare(RenameFixture& f, const FailureCase& c) {
   if (c.error != 0) f.files.Fail(FileCall::kRename, f.Path("b.mid"), {c.error, "why"});
 }
 
+TEST(ApplyRenameName, ANameThatTheFileHasAlreadyPassesWhateverItHolds) {
+  RenameFixture f({"a:b?.mid"});
+  EXPECT_EQ(f.engine.ApplyRenameName(1), 0);
+  f.list.SetRenameName(1, "a:b");
+  EXPECT_EQ(f.engine.ApplyRenameName(1), 2);
+  f.mode.automatic = true;
+  EXPECT_EQ(f.engine.ApplyRenameName(1), 0);
+}
+
+TEST(ApplyRenameNameFailure, ARowPointsAtItsFileWhereverItWasLeft) {
+  RenameFixture f({"a.mid", "b.mid"});
+  f.list.SetRenameName(2, "B");
+  f.list.SelectOnly(2);
+  f.ports.player.chosen = "/m/b.mid";
+  f.files.Fail(FileCall::kRename, "/m/b.mid", {file_error::kStranded, "lost", "/m/.quillon-1"});
+  EXPECT_EQ(f.engine.ApplyRenameName(2), 16);
+  EXPECT_EQ(f.list.Row(2).location, "/m/.quillon-1");
+  EXPECT_EQ(f.ports.player.chosen, "/m/.quillon-1");
+  EXPECT_TRUE(f.ports.log.Has("file panel name /m/.quillon-1"));
+  EXPECT_EQ(f.ports.log.StartingWith("box").front(),
+            std::string("box [ファイルに適応] リネームに適応できませんでした") + kGeneral +
+                "\\r\\n\\r\\nファイルは現在ここにあります： /m/.quillon-1 (stop, ok)");
+}
+
 TEST(ApplyRenameNameFailure, ReportsTheReasonAndShowsTheRow) {
   for (const FailureCase& c : FailureCases()) {
     SCOPED_TRACE(c.name);
@@ -295,6 +319,24 @@ TEST(ApplyRenameBatch, ShowsEveryStepInItsOrder) {
                    kNoName, "window enabled", "focus list", "file panel row 2", "player release /m/c.mid",
                    Summary(Done(2), Skipped(1), "exclamation"), "pointer normal", "window enabled"}));
   EXPECT_EQ(Locations(f.list), Texts({"/m/x.mid", "/m/b.mid", "/m/z.mid"}));
+}
+
+TEST(ApplyRenameBatch, AnExceptionLeavesTheWindowEnabledAndWhatWasApplied) {
+  struct OutOfMemory final : BatchObserver {
+    bool Continue() override {
+      if (++calls == 2) throw std::bad_alloc();
+      return true;
+    }
+    void Applied(int, const std::string&, const std::string&) override {}
+    int calls = 0;
+  } observer;
+  RenameFixture f({"a.mid", "b.mid"});
+  f.SetNames({"x", "y"});
+  EXPECT_THROW(f.engine.ApplyRenameBatch(true, &observer), std::bad_alloc);
+  EXPECT_EQ(f.ports.log.Events().back(), "window enabled");
+  EXPECT_TRUE(f.ports.log.Has("pointer normal"));
+  EXPECT_EQ(Locations(f.list), Texts({"/m/x.mid", "/m/b.mid"}));
+  EXPECT_EQ(test::RenameNames(f.list), Texts({"x", "y"}));
 }
 
 TEST(ApplyRenameBatch, SumsUpInTwoLines) {

@@ -334,9 +334,14 @@ FileOutcome MemoryFileSystem::Rename(const std::string& from, const std::string&
   return ChangeName(from, to);
 }
 
-FileOutcome MemoryFileSystem::Move(const std::string& from, const std::string& to) {
-  if (FileOutcome failure = Log(FileCall::kMove, from, to)) return failure;
-  return ChangeName(from, to);
+MoveOutcome MemoryFileSystem::Move(const std::string& from, const std::string& to) {
+  FileOutcome failure = Log(FileCall::kMove, from, to);
+  if (!failure) failure = ChangeName(from, to);
+  return failure ? MoveOutcome(*std::move(failure)) : MoveOutcome(notKept);
+}
+
+void MemoryFileSystem::RemoveLeftovers(const std::string& folder) {
+  static_cast<void>(Log(FileCall::kRemoveLeftovers, folder));
 }
 
 FileOutcome MemoryFileSystem::Remove(const std::string& path) {

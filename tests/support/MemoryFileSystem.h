@@ -14,7 +14,18 @@
 namespace quillon::test {
 
 /// What was asked of a MemoryFileSystem.
-enum class FileCall { kReadFolder, kRealPath, kOpenFile, kStatus, kSameFile, kRename, kMove, kRemove, kRecycle };
+enum class FileCall {
+  kReadFolder,
+  kRealPath,
+  kOpenFile,
+  kStatus,
+  kSameFile,
+  kRename,
+  kMove,
+  kRemoveLeftovers,
+  kRemove,
+  kRecycle
+};
 
 /// Files and folders in memory that keep the contracts of FileReads and FileChanges, with errors on demand and a log.
 /// Paths are full, written in the style given. A drive ("C:") is a folder under the root.
@@ -74,12 +85,14 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   bool SameFile(const std::string& left, const std::string& right) override;
 
   FileOutcome Rename(const std::string& from, const std::string& to) override;
-  FileOutcome Move(const std::string& from, const std::string& to) override;
+  MoveOutcome Move(const std::string& from, const std::string& to) override;
+  void RemoveLeftovers(const std::string& folder) override;
   FileOutcome Remove(const std::string& path) override;
   int Recycle(const std::string& path, std::uintptr_t ownerWindow) override;
   [[nodiscard]] bool RecycleAsks() const override { return recycleAsks; }
 
   bool recycleAsks = true;
+  NotKept notKept;  ///< what a successful move answers
 
  private:
   struct Node;

@@ -111,7 +111,9 @@ class SearchRecorder final : public SearchDisplay {
   explicit SearchRecorder(EventLog& log) : log_(log) {}
   void Begin(const std::string& status, const std::string& target) override;
   void ShowFolder(const std::string& folder) override { log_.Add("search in " + folder); }
-  void PassedOver(const std::string& folder) override { log_.Add("search passed over " + folder); }
+  void PassedOver(const std::string& path, Obstacle obstacle) override {
+    log_.Add("search passed over " + path + (obstacle == Obstacle::kTooDeep ? " as too deep" : ""));
+  }
   void End() override { log_.Add("search end"); }
 
  private:

@@ -28,9 +28,9 @@ void ApplyModeSwitch::Switch(bool automatic, const std::function<void()>& show) 
   mode_.automatic = automatic;
 }
 
-void ApplyModeSwitch::Restore(bool automatic) {
-  Store(automatic ? 1 : 0);
-  mode_.automatic = automatic;
+void ApplyModeSwitch::Restore(State state) {
+  Store(state.setting);
+  mode_.automatic = state.automatic;
 }
 
 void ApplyModeSwitch::Store(std::int16_t value) {

@@ -23,10 +23,15 @@ class ApplyModeSwitch {
   /// about to change.
   void Switch(bool automatic, const std::function<void()>& show);
 
-  /// Puts mode and setting to this value without a word.
-  void Restore(bool automatic);
+  /// The mode in force and its setting, which differ while the mode waits to be switched on.
+  struct State {
+    bool automatic = false;
+    std::int16_t setting = 0;
+  };
+  [[nodiscard]] State Now() const { return {mode_.automatic, options_.update.autoUpdate}; }
 
-  [[nodiscard]] bool IsOn() const { return mode_.automatic; }
+  /// Puts mode and setting back without a word.
+  void Restore(State state);
 
  private:
   void Store(std::int16_t value);

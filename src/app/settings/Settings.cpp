@@ -112,13 +112,20 @@ Result<OptionValues, SettingsError> ReadOptionValues(const IniFile& file) {
   return options;
 }
 
+std::optional<OptionValues> LoadOptionValues(const std::string& path) {
+  IniFile file(path);
+  if (!file.Load()) return std::nullopt;
+  Result<OptionValues, SettingsError> options = ReadOptionValues(file);
+  return options ? std::optional(*std::move(options)) : std::nullopt;
+}
+
 void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometry geometry) {
   VisitSettings(options, SettingsWriter(file, geometry));
 }
 
 bool WriteAutoUpdate(const std::string& path, std::int16_t autoUpdate) {
   IniFile file(path);
-  file.Load();
+  if (!file.Load()) return false;
   file.WriteString(kUpdate, kAutoUpdate, std::to_string(autoUpdate));
   return file.Save();
 }

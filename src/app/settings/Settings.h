@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "app/settings/OptionValues.h"
@@ -24,16 +25,20 @@ struct SettingsError {
 /// Every setting; the defaults for missing keys. Never changes the file.
 [[nodiscard]] Result<OptionValues, SettingsError> ReadOptionValues(const IniFile& file);
 
+/// The same of the file at this path. nullopt stands for the initialisation error: a value does not fit, or the file is
+/// there and cannot be read. A file that is not there gives the defaults.
+[[nodiscard]] std::optional<OptionValues> LoadOptionValues(const std::string& path);
+
 /// Whether the main window's place and size are written: only when it is neither minimised nor maximised.
 enum class WindowGeometry { kWrite, kKeep };
 
 /// Writes every setting but AutoUpdate into the file in memory; the caller saves it.
 void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometry geometry);
 
-/// The one setting that reaches the file at once, alone. False when the file cannot be written.
+/// The one setting that reaches the file at once, alone. False when the file cannot be read or written.
 [[nodiscard]] bool WriteAutoUpdate(const std::string& path, std::int16_t autoUpdate);
 
-/// What is shown before the program ends when ReadOptionValues fails.
+/// What is shown before the program ends when LoadOptionValues fails.
 [[nodiscard]] Message InitialisationError();
 
 }  // namespace quillon

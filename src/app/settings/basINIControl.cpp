@@ -27,10 +27,14 @@ std::int32_t WrappingNumber(std::string_view text) {
 
 }  // namespace
 
-void IniFile::Load() {
-  const std::string content = ReadWholeFile(path_).value_or(std::string());
+bool IniFile::Load() {
+  const Result<std::string, ReadFailure> read = ReadWholeFile(path_, kLargestFile);
+  unreadable_ = !read && read.Failure() != ReadFailure::kAbsent;
+  std::string_view content = read ? std::string_view(*read) : std::string_view();
   utf8_ = content.starts_with(kByteOrderMark);
-  lines_ = SplitIniLines(utf8_ ? std::string_view(content).substr(kByteOrderMark.size()) : content);
+  if (utf8_) content.remove_prefix(kByteOrderMark.size());
+  lines_ = SplitIniLines(content);
+  return !unreadable_;
 }
 
 std::int32_t IniFile::ReadInteger(std::string_view section, std::string_view key, std::int32_t fallback) const {
@@ -68,9 +72,10 @@ void IniFile::WriteString(std::string_view section, std::string_view key, std::s
 }
 
 bool IniFile::Save() const {
+  if (unreadable_) return false;
   std::string content(utf8_ ? kByteOrderMark : std::string_view());
   for (const std::string& line : lines_) content += line;
-  return !ReplaceWholeFile(path_, content);
+  return content.size() <= kLargestFile && !ReplaceWholeFile(path_, content);
 }
 
 std::optional<std::size_t> IniFile::FindLine(std::string_view section, std::string_view key) const {

@@ -19,13 +19,17 @@ class IniFile {
   /// Longer values are cut to this many characters when read.
   static constexpr std::size_t kLongestValue = 127;
 
+  /// A larger file, in bytes, is damaged: neither read nor written.
+  static constexpr std::size_t kLargestFile = std::size_t{1} << 20u;
+
   /// Bound to the file, which is not touched yet.
   explicit IniFile(std::string path) : path_(std::move(path)) {}
 
   [[nodiscard]] const std::string& Path() const { return path_; }
 
-  /// Takes over the file's content; a file that is missing or cannot be read is empty.
-  void Load();
+  /// Takes over the file's content; a file that is not there is empty. False when it is there and cannot be read or is
+  /// too large: it then counts as empty and is not saved, because that would lose what it holds.
+  [[nodiscard]] bool Load();
 
   /// The leading blanks, sign and decimal digits of the value as a number that wraps around at 32 bits; 0 for a value
   /// without such digits. The default stands in for a missing key and for an empty value.
@@ -44,7 +48,7 @@ class IniFile {
   /// UTF-8, for good; bytes that stand for no character stay as they are.
   void WriteString(std::string_view section, std::string_view key, std::string_view value);
 
-  /// Puts the lines in the place of the file, all or nothing. False when that fails.
+  /// Puts the lines in the place of the file, all or nothing. False when that fails or must not be.
   [[nodiscard]] bool Save() const;
 
  private:
@@ -59,6 +63,7 @@ class IniFile {
   std::string path_;
   std::vector<std::string> lines_;  ///< with their ends, in the file's encoding
   bool utf8_ = false;
+  bool unreadable_ = false;
 };
 
 }  // namespace quillon

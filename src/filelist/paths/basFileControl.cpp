@@ -103,6 +103,13 @@ int InvalidCharacterPosition(std::string_view name) {
   return static_cast<int>(CharacterCount(name.substr(0, offset))) + 1;
 }
 
+bool AddsInvalidCharacter(std::string_view name, std::string_view present) {
+  return std::any_of(name.begin(), name.end(), [&](char c) {
+    return IsInvalidInName(c) &&
+           std::count(name.begin(), name.end(), c) > std::count(present.begin(), present.end(), c);
+  });
+}
+
 std::vector<std::string> SplitCommandLine(std::string_view commandLine) {
   std::vector<std::string> arguments;
   for (std::size_t start = 0; start < commandLine.size();) {

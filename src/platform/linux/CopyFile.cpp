@@ -1,130 +1,143 @@
 #include "platform/linux/CopyFile.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <cstring>
+#include <new>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "platform/linux/Descriptor.h"
+#include "platform/linux/CopyAttributes.h"
+#include "platform/linux/WriteAll.h"
 
 namespace quillon {
 namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 20u;
+constexpr std::size_t kPageSize = 4096;
 
-// All of `bytes`, however little the system takes at once.
-bool WriteAll(int file, const char* bytes, std::size_t count) {
-  while (count > 0) {
-    const ssize_t written = ::write(file, bytes, count);
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    bytes += written;
-    count -= static_cast<std::size_t>(written);
+bool IsZero(std::string_view bytes) {
+  return bytes.front() == '\0' && std::memcmp(bytes.data(), bytes.data() + 1, bytes.size() - 1) == 0;
+}
+
+// How many bytes of the front are pages of zeros alone, or, with `zeros` false, pages of anything else.
+std::size_t RunLength(std::string_view bytes, bool zeros) {
+  std::size_t length = 0;
+  while (length < bytes.size() && IsZero(bytes.substr(length, kPageSize)) == zeros) {
+    length += std::min(kPageSize, bytes.size() - length);
+  }
+  return length;
+}
+
+// Passes over the pages of zeros. They are found by reading: a volume's own word on where its holes are has been wrong.
+bool WriteBetweenHoles(int to, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const std::size_t hole = RunLength(bytes, true);
+    if (hole > 0 && ::lseek(to, static_cast<off_t>(hole), SEEK_CUR) < 0) return false;
+    bytes.remove_prefix(hole);
+    const std::size_t data = RunLength(bytes, false);
+    if (!WriteAll(to, bytes.substr(0, data))) return false;
+    bytes.remove_prefix(data);
   }
   return true;
 }
 
-bool CopyContent(int from, int to) {
+bool HasHoles(const struct stat& status) {
+  constexpr off_t kBlockUnit = 512;
+  return status.st_blocks < status.st_size / kBlockUnit;
+}
+
+// Zero when exactly as many bytes came as the status says.
+int CopyContent(int from, int to, const struct stat& status) {
+  const bool sparse = HasHoles(status);
   std::vector<char> buffer(kBufferSize);
+  off_t copied = 0;
   for (;;) {
     const ssize_t got = ::read(from, buffer.data(), buffer.size());
     if (got < 0 && errno == EINTR) continue;
-    if (got <= 0) return got == 0;
-    if (!WriteAll(to, buffer.data(), static_cast<std::size_t>(got))) return false;
+    if (got < 0) return errno;
+    if (got == 0) break;
+    const std::string_view bytes(buffer.data(), static_cast<std::size_t>(got));
+    if (!(sparse ? WriteBetweenHoles(to, bytes) : WriteAll(to, bytes))) return errno;
+    copied += got;
+    if (copied > status.st_size) return EBUSY;
   }
+  if (copied < status.st_size) return EIO;
+  return !sparse || ::ftruncate(to, copied) == 0 ? 0 : errno;
 }
 
-void CopyExtendedAttribute(int from, int to, const char* name) {
-  const ssize_t length = ::fgetxattr(from, name, nullptr, 0);
-  if (length < 0) return;
-  std::vector<char> value(static_cast<std::size_t>(length));
-  if (::fgetxattr(from, name, value.data(), value.size()) != length) return;
-  ::fsetxattr(to, name, value.data(), value.size(), 0);
-}
-
-void CopyExtendedAttributes(int from, int to) {
-  const ssize_t length = ::flistxattr(from, nullptr, 0);
-  if (length <= 0) return;
-  std::vector<char> names(static_cast<std::size_t>(length));
-  const ssize_t got = ::flistxattr(from, names.data(), names.size());
-  std::size_t start = 0;
-  while (got > 0 && start < static_cast<std::size_t>(got)) {
-    const char* name = names.data() + start;
-    CopyExtendedAttribute(from, to, name);
-    start += std::string_view(name).size() + 1;
-  }
-}
-
-// As far as the target volume knows them: a move to a memory card must not fail because it keeps no permissions.
-void CopyPermissions(int from, int to, const struct stat& source) {
-  const bool sameOwner = ::fchown(to, source.st_uid, source.st_gid) == 0;
-  CopyExtendedAttributes(from, to);
-  ::fchmod(to, source.st_mode & (sameOwner ? 07777u : 0777u));
-}
-
-std::array<timespec, 2> TimesOf(const struct stat& status) {
-  return {status.st_atim, status.st_mtim};
-}
-
-bool SameTime(const timespec& left, const timespec& right) {
-  return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
-}
-
-// True when the path still names the file that was copied, as it was when the copying began.
-bool IsUnchanged(const std::string& path, const struct stat& before) {
-  struct stat now = {};
-  return ::lstat(path.c_str(), &now) == 0 && now.st_dev == before.st_dev && now.st_ino == before.st_ino &&
-         now.st_size == before.st_size && SameTime(now.st_mtim, before.st_mtim);
-}
-
-int CopyOpened(const Descriptor& source, const std::string& from, const struct stat& status, Descriptor& copy) {
-  if (!CopyContent(source.Number(), copy.Number())) return errno;
-  if (!IsUnchanged(from, status)) return EBUSY;
-  CopyPermissions(source.Number(), copy.Number(), status);
-  const std::array<timespec, 2> times = TimesOf(status);
-  if (::futimens(copy.Number(), times.data()) != 0 && errno != EPERM && errno != EOPNOTSUPP) return errno;
+// Zero, or the errno for a file that is no whole copy.
+int FillCopy(const OpenedSource& source, Descriptor& copy, MadeCopy& made) {
+  struct stat status = {};
+  if (::fstat(copy.Number(), &status) != 0) return errno;
+  made.id = IdOf(status);
+  made.held.emplace(::fcntl(copy.Number(), F_DUPFD_CLOEXEC, 0));
+  const int failure = CopyContent(source.file.Number(), copy.Number(), source.status);
+  if (failure != 0) return failure;
+  made.notKept = CopyAttributes(source.file.Number(), copy.Number(), source.status);
   return ::fsync(copy.Number()) == 0 && copy.Close() ? 0 : errno;
 }
 
-int CopyRegularFile(const std::string& from, const std::string& to) {
-  const Descriptor source(::open(from.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-  if (!source.Open()) return errno;
-  struct stat status = {};
-  if (::fstat(source.Number(), &status) != 0) return errno;
-  if (!S_ISREG(status.st_mode)) return EBUSY;
+// Deletes what has just been made at a name that nobody else knows.
+void Discard(const std::string& path, MadeCopy& made) {
+  made.stays = ::unlink(path.c_str()) != 0 && errno != ENOENT;
+}
+
+int CopyRegularFile(const OpenedSource& source, const std::string& to, MadeCopy& made) {
   Descriptor copy(::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
   if (!copy.Open()) return errno;
-  const int failure = CopyOpened(source, from, status, copy);
-  if (failure != 0) ::unlink(to.c_str());
+  int failure = ENOMEM;
+  try {
+    failure = FillCopy(source, copy, made);
+  } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): that is what the failure says
+  }
+  // A copy without all of its content is of no use to anybody.
+  if (failure != 0) Discard(to, made);
   return failure;
 }
 
-int CopyLink(const std::string& from, const std::string& to, const struct stat& status) {
-  std::string target(static_cast<std::size_t>(status.st_size) + 1, '\0');
-  const ssize_t length = ::readlink(from.c_str(), target.data(), target.size());
+int CopyLink(const OpenedSource& source, const std::string& to, MadeCopy& made) {
+  std::string target(static_cast<std::size_t>(source.status.st_size) + 1, '\0');
+  const ssize_t length = ::readlinkat(source.file.Number(), "", target.data(), target.size());
   if (length < 0) return errno;
   if (static_cast<std::size_t>(length) == target.size()) return EBUSY;
   target.resize(static_cast<std::size_t>(length));
   if (::symlink(target.c_str(), to.c_str()) != 0) return errno;
-  const std::array<timespec, 2> times = TimesOf(status);
-  ::utimensat(AT_FDCWD, to.c_str(), times.data(), AT_SYMLINK_NOFOLLOW);
-  static_cast<void>(::lchown(to.c_str(), status.st_uid, status.st_gid));
+  const std::optional<FileId> id = IdAt(to);
+  if (!id) {
+    const int failure = errno;
+    Discard(to, made);
+    return failure;
+  }
+  made.id = *id;
+  const std::array<timespec, 2> times = {source.status.st_atim, source.status.st_mtim};
+  made.notKept.times = ::utimensat(AT_FDCWD, to.c_str(), times.data(), AT_SYMLINK_NOFOLLOW) != 0;
+  [[maybe_unused]] const int owned = ::lchown(to.c_str(), source.status.st_uid, source.status.st_gid);
   return 0;
 }
 
 }  // namespace
 
-int CopyWithAttributes(const std::string& from, const std::string& to) {
-  struct stat status = {};
-  if (::lstat(from.c_str(), &status) != 0) return errno;
-  if (S_ISLNK(status.st_mode)) return CopyLink(from, to, status);
-  return S_ISREG(status.st_mode) ? CopyRegularFile(from, to) : EXDEV;
+int OpenCopySource(const std::string& path, std::optional<OpenedSource>& opened) {
+  struct stat found = {};
+  if (::lstat(path.c_str(), &found) != 0) return errno;
+  if (!S_ISLNK(found.st_mode) && !S_ISREG(found.st_mode)) return EXDEV;
+  const int way = S_ISLNK(found.st_mode) ? O_PATH : O_RDONLY | O_NONBLOCK | O_NOCTTY;
+  OpenedSource source{Descriptor(::open(path.c_str(), way | O_NOFOLLOW | O_CLOEXEC)), {}};
+  if (!source.file.Open() || ::fstat(source.file.Number(), &source.status) != 0) return errno;
+  if (IdOf(source.status) != IdOf(found)) return EBUSY;  // what stands there has just been replaced
+  opened.emplace(std::move(source));
+  return 0;
+}
+
+int CopyWithAttributes(const OpenedSource& source, const std::string& to, MadeCopy& made) {
+  return S_ISLNK(source.status.st_mode) ? CopyLink(source, to, made) : CopyRegularFile(source, to, made);
 }
 
 }  // namespace quillon

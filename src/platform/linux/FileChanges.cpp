@@ -1,5 +1,4 @@
 #include <dirent.h>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,18 +10,14 @@
 #include "platform/FileSystem.h"
 #include "platform/MoveByCopying.h"
 #include "platform/RenameEntry.h"
-#include "platform/linux/CopyFile.h"
-#include "platform/linux/Descriptor.h"
+#include "platform/TemporaryMark.h"
+#include "platform/linux/CopySteps.h"
 #include "platform/linux/NoReplaceRename.h"
 #include "platform/linux/SystemError.h"
 #include "platform/linux/Trash.h"
 
 namespace quillon {
 namespace {
-
-FileOutcome OutcomeOf(int failure) {
-  return failure == 0 ? FileOutcome() : FileOutcome(ErrorOf(failure));
-}
 
 FileOutcome LookAt(const std::string& path) {
   struct stat status = {};
@@ -70,29 +65,6 @@ class LinuxEntries final : public EntryChanges {
   }
 };
 
-class LinuxCopySteps final : public CopySteps {
- public:
-  FileOutcome Look(const std::string& path) override { return LookAt(path); }
-
-  FileOutcome Copy(const std::string& from, const std::string& to) override {
-    return OutcomeOf(CopyWithAttributes(from, to));
-  }
-
-  FileOutcome Publish(const std::string& temporary, const std::string& to) override {
-    return OutcomeOf(RenameNoReplace(temporary, to));
-  }
-
-  FileOutcome FlushFolder(const std::string& folder) override {
-    const Descriptor open(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // A folder that may be written but not listed cannot be flushed, and some file systems do not flush folders.
-    if (!open.Open()) return errno == EACCES ? FileOutcome() : OutcomeOf(errno);
-    if (::fsync(open.Number()) == 0 || errno == EINVAL || errno == EOPNOTSUPP) return std::nullopt;
-    return ErrorOf(errno);
-  }
-
-  FileOutcome Remove(const std::string& path) override { return OutcomeOf(::unlink(path.c_str()) == 0 ? 0 : errno); }
-};
-
 bool AreHoldable(const std::string& from, const std::string& to) {
   if (HoldsNul(from) || HoldsNul(to)) return false;
   return CanNameFile(SplitPath(from, PathStyle::kLinux).name) && CanNameFile(SplitPath(to, PathStyle::kLinux).name);
@@ -106,11 +78,16 @@ class LinuxFileChanges final : public FileChanges {
     return RenameEntry(entries, from, to, PathStyle::kLinux);
   }
 
-  FileOutcome Move(const std::string& from, const std::string& to) override {
-    FileOutcome outcome = Rename(from, to);
-    if (!outcome || outcome->number != file_error::kOwn + EXDEV) return outcome;
+  MoveOutcome Move(const std::string& from, const std::string& to) override {
+    const FileOutcome failed = Rename(from, to);
+    if (!failed) return NotKept();
+    if (failed->number != file_error::kOwn + EXDEV) return *failed;
     LinuxCopySteps steps;
     return MoveByCopying(steps, from, to, PathStyle::kLinux);
+  }
+
+  void RemoveLeftovers(const std::string& folder) override {
+    if (!HoldsNul(folder)) RemoveMarkedLeftovers(folder.ends_with('/') ? folder : folder + '/');
   }
 
   FileOutcome Remove(const std::string& path) override {

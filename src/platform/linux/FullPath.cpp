@@ -42,4 +42,8 @@ std::string FullPath(const std::string& path) {
   return endsAsFolder ? full + '/' : full;
 }
 
+std::string LongPath(const std::string& fullPath) {
+  return fullPath;
+}
+
 }  // namespace quillon

@@ -47,6 +47,9 @@ std::string ProgramBaseName() {
   return path.substr(path.rfind('/') + 1);
 }
 
+// The dynamic linker looks in the current folder only when LD_LIBRARY_PATH tells it to, which it reads before main().
+void KeepToOwnAndSystemLibraries() {}
+
 std::vector<std::string> ProgramArguments(int argc, char** argv) {
   if (argv == nullptr) return ProcessArguments();
   return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();

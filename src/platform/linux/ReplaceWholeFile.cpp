@@ -3,14 +3,16 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
+#include <cstdio>
 #include <filesystem>
-#include <memory>
 
-#include "platform/TemporaryName.h"
+#include "platform/ReplaceContent.h"
+#include "platform/TemporaryMark.h"
 #include "platform/WholeFile.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/FlushFolder.h"
 #include "platform/linux/SystemError.h"
+#include "platform/linux/WriteAll.h"
 
 namespace quillon {
 namespace {
@@ -23,24 +25,16 @@ std::string FolderOf(const std::string& path) {
 }
 
 // Where the chain of links that starts at `path` ends, whether anything stands there or not.
-std::string BehindLinks(std::string path) {
+Result<std::string, FileError> BehindLinks(std::string path) {
   for (int i = 0; i < kMostLinks; ++i) {
     std::error_code failed;
     const std::string target = std::filesystem::read_symlink(path, failed).string();
-    if (failed) break;
+    const bool isEnd = failed.value() == EINVAL || failed.value() == ENOENT;  // no link, or nothing at all
+    if (isEnd) return path;
+    if (failed) return ErrorOf(failed.value());
     path = target.front() == '/' ? target : FolderOf(path).append(target);
   }
-  return path;
-}
-
-bool WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(file, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
+  return ErrorOf(ELOOP);
 }
 
 // The owner only as far as the system lets us give files away; the permissions always.
@@ -50,48 +44,69 @@ bool TakePermissions(int file, const struct stat& old) {
   return ::fchmod(file, sameOwner ? old.st_mode & 07777u : withoutOwner) == 0;
 }
 
-bool FillAndFlush(Descriptor& file, std::string_view bytes, const struct stat* old) {
-  if (old != nullptr && !TakePermissions(file.Number(), *old)) return false;
-  return WriteAll(file.Number(), bytes) && ::fsync(file.Number()) == 0 && file.Close();
-}
+class LinuxReplaceSteps final : public ReplaceSteps {
+ public:
+  FileOutcome Look(const std::string& path) override {
+    struct stat found = {};
+    if (::stat(path.c_str(), &found) != 0) return ErrorOf(errno);
+    if (!S_ISREG(found.st_mode)) return FileError{file_error::kAccess, "Not a regular file"};
+    return OutcomeOf(::access(path.c_str(), W_OK) == 0 ? 0 : errno);
+  }
 
-// The new name reaches the disk with its folder. Some file systems cannot flush a folder; there is nothing to add then.
-void FlushFolder(const std::string& folder) {
-  const Descriptor open(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (open.Open()) ::fsync(open.Number());
-}
+  FileOutcome Write(const std::string& temporary, std::string_view bytes, const std::string& path) override {
+    struct stat old = {};
+    const bool exists = ::stat(path.c_str(), &old) == 0;
+    if (!exists && errno != ENOENT) return ErrorOf(errno);
+    if (FileOutcome failed = Mark(temporary)) return failed;
+    // What was private stays so while it is written, too.
+    const mode_t mode = exists ? 0600 : 0666;
+    Descriptor file(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    if (!file.Open()) return ErrorOf(errno);
+    const bool permitted = !exists || TakePermissions(file.Number(), old);
+    if (permitted && WriteAll(file.Number(), bytes) && ::fsync(file.Number()) == 0 && file.Close()) return std::nullopt;
+    const int failure = errno;
+    ::unlink(temporary.c_str());
+    return ErrorOf(failure);
+  }
 
-FileOutcome ReplaceThrough(const std::string& temporary, const std::string& path, std::string_view bytes,
-                           const struct stat* old, Descriptor file) {
-  if (FillAndFlush(file, bytes, old) && ::rename(temporary.c_str(), path.c_str()) == 0) {
-    FlushFolder(FolderOf(path));
+  FileOutcome Replace(const std::string& temporary, const std::string& path) override {
+    return OutcomeOf(std::rename(temporary.c_str(), path.c_str()) == 0 ? 0 : errno);
+  }
+
+  FileOutcome Publish(const std::string& temporary, const std::string& path) override {
+    return Replace(temporary, path);
+  }
+
+  FileOutcome FlushFolder(const std::string& folder) override { return OutcomeOf(quillon::FlushFolder(folder)); }
+
+  FileOutcome Remove(const std::string& path) override { return OutcomeOf(::unlink(path.c_str()) == 0 ? 0 : errno); }
+
+ private:
+  FileOutcome Mark(const std::string& temporary) {
+    Result<std::unique_ptr<TemporaryMark>, FileError> mark = MarkTemporaryFile(temporary);
+    if (!mark) return mark.Failure();
+    mark_ = std::move(*mark);
     return std::nullopt;
   }
-  const int failure = errno;
-  ::unlink(temporary.c_str());
-  return ErrorOf(failure);
-}
+
+  std::unique_ptr<TemporaryMark> mark_;  // goes when the replacing has ended
+};
 
 }  // namespace
 
+std::unique_ptr<ReplaceSteps> MakeReplaceSteps() {
+  return std::make_unique<LinuxReplaceSteps>();
+}
+
 FileOutcome ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   if (HoldsNul(path)) return UnholdableName();
-  const std::string target = BehindLinks(path);
-  const std::string folder = FolderOf(target);
+  const Result<std::string, FileError> target = BehindLinks(path);
+  if (!target) return target.Failure();
   std::error_code failed;
-  std::filesystem::create_directories(folder, failed);
+  std::filesystem::create_directories(FolderOf(*target), failed);
   if (failed) return ErrorOf(failed.value());
-  struct stat old = {};
-  const bool exists = ::stat(target.c_str(), &old) == 0;
-  if (exists && S_ISDIR(old.st_mode)) return ErrorOf(EISDIR);
-  if (exists && ::access(target.c_str(), W_OK) != 0) return ErrorOf(errno);
-  for (int i = 0; i < kTemporaryNameAttempts; ++i) {
-    const std::string temporary = folder + TemporaryName();
-    Descriptor file(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, exists ? 0600 : 0666));
-    if (file.Open()) return ReplaceThrough(temporary, target, bytes, exists ? &old : nullptr, std::move(file));
-    if (errno != EEXIST) return ErrorOf(errno);
-  }
-  return ErrorOf(EEXIST);
+  RemoveMarkedLeftovers(FolderOf(*target));
+  return ReplaceContent(*MakeReplaceSteps(), *target, bytes, PathStyle::kLinux);
 }
 
 bool CanWriteFolder(const std::string& folder) {

@@ -9,7 +9,13 @@
 namespace quillon {
 namespace {
 
-// Where the dynamic linker finds the library: its search order is long and only itself knows it, so it is asked.
+bool IsFullPath(const std::string& path) {
+  return path.starts_with('/');
+}
+
+// Where the dynamic linker finds the library: its search order is long and only itself knows it, so it is asked. An
+// empty or relative entry of LD_LIBRARY_PATH makes it load from the current folder, which is between it and whoever set
+// that; what it found there is not taken.
 std::optional<std::string> SystemLibraryFolder(const std::string& fileName) {
   void* library = ::dlopen(fileName.c_str(), RTLD_LAZY | RTLD_LOCAL);
   if (library == nullptr) return std::nullopt;
@@ -17,9 +23,8 @@ std::optional<std::string> SystemLibraryFolder(const std::string& fileName) {
   std::string path;
   if (::dlinfo(library, RTLD_DI_LINKMAP, static_cast<void*>(&loaded)) == 0) path = loaded->l_name;
   ::dlclose(library);
-  const std::size_t slash = path.rfind('/');
-  if (slash == std::string::npos) return std::nullopt;
-  return path.substr(0, slash + 1);
+  if (!IsFullPath(path)) return std::nullopt;
+  return path.substr(0, path.rfind('/') + 1);
 }
 
 }  // namespace
@@ -36,7 +41,8 @@ std::optional<std::string> FindLibrary(const std::string& fileName) {
   return SystemLibraryFolder(fileName);
 }
 
-SharedLibrary::SharedLibrary(const std::string& path) : handle_(::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {}
+SharedLibrary::SharedLibrary(const std::string& path)
+    : handle_(IsFullPath(path) ? ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL) : nullptr) {}
 
 SharedLibrary::~SharedLibrary() {
   if (handle_ != nullptr) ::dlclose(handle_);

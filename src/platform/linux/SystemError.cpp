@@ -49,6 +49,10 @@ FileError ErrorOf(int number) {
   return {NumberOf(number), std::generic_category().message(number)};
 }
 
+FileOutcome OutcomeOf(int number) {
+  return number == 0 ? FileOutcome() : FileOutcome(ErrorOf(number));
+}
+
 FileError FolderErrorOf(int number) {
   FileError error = ErrorOf(number);
   if (IsOutOfReach(number)) error.number = file_error::kUnreachable;

@@ -9,6 +9,9 @@ namespace quillon {
 /// The error that `number`, an errno, means for a file.
 [[nodiscard]] FileError ErrorOf(int number);
 
+/// The same as an outcome; 0 is success.
+[[nodiscard]] FileOutcome OutcomeOf(int number);
+
 /// The error that `number` means for a folder that is to be read: absent is out of reach there.
 [[nodiscard]] FileError FolderErrorOf(int number);
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <utility>
 
-#include "platform/FileSystem.h"
+#include "platform/WholeFile.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/SystemError.h"
 
@@ -38,14 +38,20 @@ class SystemFile final : public ByteSource {
 
 }  // namespace
 
-std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {
-  if (HoldsNul(path)) return nullptr;
+Result<std::unique_ptr<ByteSource>, ReadFailure> OpenRegularFile(const std::string& path) {
+  if (HoldsNul(path)) return ReadFailure::kUnreadable;
   // Non-blocking, because the name could be a pipe's and opening that would wait for a writer.
   Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-  if (!file.Open()) return nullptr;
+  if (!file.Open()) return errno == ENOENT || errno == ENOTDIR ? ReadFailure::kAbsent : ReadFailure::kUnreadable;
   struct stat status = {};
-  if (::fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return nullptr;
-  return std::make_unique<SystemFile>(std::move(file), static_cast<std::uint64_t>(status.st_size));
+  if (::fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return ReadFailure::kUnreadable;
+  return std::unique_ptr<ByteSource>(
+      std::make_unique<SystemFile>(std::move(file), static_cast<std::uint64_t>(status.st_size)));
+}
+
+std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {
+  Result<std::unique_ptr<ByteSource>, ReadFailure> file = OpenRegularFile(path);
+  return file ? std::move(*file) : nullptr;
 }
 
 }  // namespace quillon

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
 /// Playing sound and pictures by command strings, as the Windows multimedia API (MCI, `mciSendString`) defines them:
-/// `Open "song.mp3" alias X`, `Play X`, `status X mode`. Keywords and aliases are taken in any letter case; any number
-/// of files can be open, each under an alias of its own.
+/// `Open "song.mp3" alias X`, `Play X`, `status X mode`. Keywords and aliases are taken in any letter case; each
+/// file is open under an alias of its own.
 namespace quillon {
 
 /// Failures under the numbers that Microsoft's mmsystem.h gives them.
@@ -13,6 +14,7 @@ namespace command_error {
 inline constexpr int kUnknownKeyword = 259;    ///< MCIERR_UNRECOGNIZED_KEYWORD
 inline constexpr int kUnknownCommand = 261;    ///< MCIERR_UNRECOGNIZED_COMMAND
 inline constexpr int kNotOpen = 263;           ///< MCIERR_INVALID_DEVICE_NAME: no such alias is open
+inline constexpr int kTooManyOpen = 264;       ///< MCIERR_OUT_OF_MEMORY
 inline constexpr int kMissingCommand = 267;    ///< MCIERR_MISSING_COMMAND_STRING: an empty command
 inline constexpr int kBadNumber = 270;         ///< MCIERR_BAD_INTEGER
 inline constexpr int kMissingParameter = 273;  ///< MCIERR_MISSING_PARAMETER
@@ -37,6 +39,11 @@ struct CommandReply {
 /// Must be used from one thread only. What is open is closed with the device.
 class CommandDevice {
  public:
+  /// Linux: a further file is refused (kTooManyOpen). An open file takes some ten descriptors, five threads and, with a
+  /// MIDI file's instruments, ten megabytes; a process that has run out of them could neither play nor close. Windows
+  /// has limits of its own.
+  static constexpr std::size_t kMostOpen = 32;
+
   virtual ~CommandDevice() = default;
   /// Carries the command out and waits until it is accepted: opening gives up after five seconds on Linux, and takes
   /// what the system takes on Windows. `replySize` is the room for the reply in characters, its end mark included: a

@@ -2,52 +2,72 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "platform/windows/Handle.h"
-#include "platform/windows/SystemError.h"
+#include "platform/windows/SharingRetry.h"
 
 namespace quillon {
 namespace {
 
-constexpr DWORD kOpenLinkItself = FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS;
-
-FileOutcome TakeBack(const std::wstring& copy, DWORD failure) {
-  ::SetFileAttributesW(copy.c_str(), FILE_ATTRIBUTE_NORMAL);
-  ::DeleteFileW(copy.c_str());
-  return ErrorOf(failure);
+bool IsLink(const Status& status) {
+  return (status.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
 // A read-only copy could not be opened for flushing, so the attributes come last.
-bool FlushAndDate(const std::wstring& copy, const BY_HANDLE_FILE_INFORMATION& source) {
+bool CheckDateAndFlush(const std::wstring& copy, const Status& source, MadeCopy& made) {
+  constexpr DWORD kLinkItself = FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS;
   if (!::SetFileAttributesW(copy.c_str(), FILE_ATTRIBUTE_NORMAL)) return false;
-  {
-    const Handle file(
-        ::CreateFileW(copy.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, kOpenLinkItself, nullptr));
-    if (!file.Open()) return false;
-    if (!::SetFileTime(file.Get(), &source.ftCreationTime, &source.ftLastAccessTime, &source.ftLastWriteTime)) {
-      return false;
-    }
-    if (!::FlushFileBuffers(file.Get())) return false;
+  std::optional<Handle> opened;
+  // Scanners like to look at what is new.
+  const bool open = RetrySharing([&] {
+    opened.emplace(::CreateFileW(copy.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                 kLinkItself, nullptr));
+    return opened->Open();
+  });
+  if (!open) return false;
+  const Handle& file = *opened;
+  Status status = {};
+  if (!::GetFileInformationByHandle(file.Get(), &status)) return false;
+  made.id = IdOf(status);
+  if (!IsLink(source) && SizeOf(status) != SizeOf(source)) {
+    ::SetLastError(ERROR_READ_FAULT);
+    return false;
   }
+  made.notKept.times =
+      !::SetFileTime(file.Get(), &source.ftCreationTime, &source.ftLastAccessTime, &source.ftLastWriteTime);
+  return ::FlushFileBuffers(file.Get()) != 0;
+}
+
+bool SetAttributes(const std::wstring& copy, const Status& source) {
   constexpr DWORD kKept = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                           FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
   const DWORD attributes = source.dwFileAttributes & kKept;
   return ::SetFileAttributesW(copy.c_str(), attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL) != 0;
 }
 
+void TakeBack(const std::wstring& copy, MadeCopy& made) {
+  const DWORD failure = ::GetLastError();
+  ::SetFileAttributesW(copy.c_str(), FILE_ATTRIBUTE_NORMAL);
+  const bool deleted = RetrySharing([&] { return ::DeleteFileW(copy.c_str()) != 0; });
+  made.stays = !deleted && ::GetLastError() != ERROR_FILE_NOT_FOUND;
+  ::SetLastError(failure);
+}
+
 }  // namespace
 
-FileOutcome CopyWithAttributes(const std::wstring& from, const std::wstring& to) {
-  const Handle source(
-      ::CreateFileW(from.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, kOpenLinkItself, nullptr));
-  BY_HANDLE_FILE_INFORMATION status = {};
-  if (!source.Open() || !::GetFileInformationByHandle(source.Get(), &status)) return ErrorOf(::GetLastError());
-  if ((status.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return ErrorOf(ERROR_NOT_SAME_DEVICE);
+bool CopyWithAttributes(const std::wstring& from, const Status& source, const std::wstring& to, MadeCopy& made) {
   constexpr DWORD kFlags = COPY_FILE_FAIL_IF_EXISTS | COPY_FILE_COPY_SYMLINK;
   if (!::CopyFileExW(from.c_str(), to.c_str(), nullptr, nullptr, nullptr, kFlags)) {
-    const DWORD failure = ::GetLastError();
-    return failure == ERROR_FILE_EXISTS ? FileOutcome(ErrorOf(failure)) : TakeBack(to, failure);
+    if (::GetLastError() != ERROR_FILE_EXISTS) TakeBack(to, made);
+    return false;
   }
-  return FlushAndDate(to, status) ? FileOutcome() : TakeBack(to, ::GetLastError());
+  if (!CheckDateAndFlush(to, source, made)) {
+    TakeBack(to, made);
+    return false;
+  }
+  made.notKept.attributes = !SetAttributes(to, source);
+  return true;
 }
 
 }  // namespace quillon

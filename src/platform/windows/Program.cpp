@@ -52,6 +52,12 @@ std::string ProgramBaseName() {
   return name;
 }
 
+void KeepToOwnAndSystemLibraries() {
+  ::SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+  // For searches that ask for the older rules.
+  ::SetDllDirectoryW(L"");
+}
+
 std::string UserConfigurationFolder() {
   wchar_t* found = nullptr;
   std::string folder;

@@ -1,12 +1,16 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 
 #include "platform/EntryPath.h"
+#include "platform/ReplaceContent.h"
+#include "platform/TemporaryMark.h"
 #include "platform/TemporaryName.h"
 #include "platform/WholeFile.h"
 #include "platform/windows/Handle.h"
+#include "platform/windows/SharingRetry.h"
 #include "platform/windows/SystemError.h"
 #include "platform/windows/SystemPath.h"
 
@@ -42,56 +46,92 @@ bool WriteAndFlush(const Handle& file, std::string_view bytes) {
     DWORD written = 0;
     const auto count = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
     if (!::WriteFile(file.Get(), bytes.data(), count, &written, nullptr)) return false;
+    if (written == 0) {
+      ::SetLastError(ERROR_WRITE_FAULT);  // trying again would go on for ever
+      return false;
+    }
     bytes.remove_prefix(written);
   }
   return ::FlushFileBuffers(file.Get()) != 0;
-}
-
-// ReplaceFile keeps the old file's attributes and access rights; it needs an old file.
-bool PutInPlace(const std::wstring& temporary, const std::wstring& path) {
-  if (::GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
-    return ::MoveFileExW(temporary.c_str(), path.c_str(), MOVEFILE_WRITE_THROUGH) != 0;
-  }
-  return ::ReplaceFileW(path.c_str(), temporary.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) !=
-         0;
-}
-
-FileOutcome ReplaceThrough(const std::wstring& temporary, const std::wstring& path, std::string_view bytes,
-                           Handle file) {
-  const bool written = WriteAndFlush(file, bytes);
-  DWORD failure = ::GetLastError();
-  file.Close();
-  if (written && PutInPlace(temporary, path)) return std::nullopt;
-  if (written) failure = ::GetLastError();
-  ::DeleteFileW(temporary.c_str());
-  return ErrorOf(failure);
 }
 
 Handle CreateNew(const std::wstring& path, DWORD flags) {
   return Handle(::CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW, flags, nullptr));
 }
 
+FileOutcome RetryCall(const std::function<BOOL()>& call) {
+  return OutcomeOf(RetrySharing(call) ? TRUE : FALSE);
+}
+
+class WindowsReplaceSteps final : public ReplaceSteps {
+ public:
+  FileOutcome Look(const std::string& path) override {
+    const std::optional<std::wstring> systemPath = SystemPath(path);
+    if (!systemPath) return UnholdableName();
+    const DWORD attributes = ::GetFileAttributesW(systemPath->c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return ErrorOf(::GetLastError());
+    constexpr DWORD kUnwritable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE | FILE_ATTRIBUTE_READONLY;
+    return (attributes & kUnwritable) != 0 ? FileOutcome(ErrorOf(ERROR_ACCESS_DENIED)) : std::nullopt;
+  }
+
+  FileOutcome Write(const std::string& temporary, std::string_view bytes, const std::string& /*path*/) override {
+    const std::optional<std::wstring> systemPath = SystemPath(temporary);
+    if (!systemPath) return UnholdableName();
+    Result<std::unique_ptr<TemporaryMark>, FileError> mark = MarkTemporaryFile(temporary);
+    if (!mark) return mark.Failure();
+    mark_ = std::move(*mark);
+    Handle file = CreateNew(*systemPath, FILE_ATTRIBUTE_NORMAL);
+    if (!file.Open()) return ErrorOf(::GetLastError());
+    FileOutcome outcome = OutcomeOf(WriteAndFlush(file, bytes));
+    file.Close();
+    if (outcome) ::DeleteFileW(systemPath->c_str());
+    return outcome;
+  }
+
+  // ReplaceFile keeps the old file's attributes and access rights. When it cannot name the new file (errors 1176, 1177)
+  // it has already taken the name from the old one; without a name for a backup the old file is gone then.
+  FileOutcome Replace(const std::string& temporary, const std::string& path) override {
+    const std::optional<std::wstring> from = SystemPath(temporary);
+    const std::optional<std::wstring> to = SystemPath(path);
+    if (!from || !to) return UnholdableName();
+    return RetryCall([&] {
+      return ::ReplaceFileW(to->c_str(), from->c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr);
+    });
+  }
+
+  FileOutcome Publish(const std::string& temporary, const std::string& path) override {
+    const std::optional<std::wstring> from = SystemPath(temporary);
+    const std::optional<std::wstring> to = SystemPath(path);
+    if (!from || !to) return UnholdableName();
+    return RetryCall([&] { return ::MoveFileExW(from->c_str(), to->c_str(), MOVEFILE_WRITE_THROUGH); });
+  }
+
+  // Windows has no such call.
+  FileOutcome FlushFolder(const std::string&) override { return std::nullopt; }
+
+  FileOutcome Remove(const std::string& path) override {
+    const std::optional<std::wstring> systemPath = SystemPath(path);
+    if (!systemPath) return UnholdableName();
+    return RetryCall([&] { return ::DeleteFileW(systemPath->c_str()); });
+  }
+
+ private:
+  std::unique_ptr<TemporaryMark> mark_;  // goes when the replacing has ended
+};
+
 }  // namespace
+
+std::unique_ptr<ReplaceSteps> MakeReplaceSteps() {
+  return std::make_unique<WindowsReplaceSteps>();
+}
 
 FileOutcome ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   const std::optional<std::string> tidy = TidySystemPath(path);
   if (!tidy) return UnholdableName();
   const std::string target = BehindLinks(*tidy);
-  const std::string folder = FolderOf(target);
-  if (FileOutcome failed = MakeFolders(folder)) return failed;
-  const std::optional<std::wstring> systemPath = SystemPath(target);
-  if (!systemPath) return UnholdableName();
-  const DWORD attributes = ::GetFileAttributesW(systemPath->c_str());
-  constexpr DWORD kUnwritable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kUnwritable) != 0) return ErrorOf(ERROR_ACCESS_DENIED);
-  for (int i = 0; i < kTemporaryNameAttempts; ++i) {
-    const std::optional<std::wstring> temporary = SystemPath(folder + TemporaryName());
-    if (!temporary) return UnholdableName();
-    Handle file = CreateNew(*temporary, FILE_ATTRIBUTE_NORMAL);
-    if (file.Open()) return ReplaceThrough(*temporary, *systemPath, bytes, std::move(file));
-    if (::GetLastError() != ERROR_FILE_EXISTS) return ErrorOf(::GetLastError());
-  }
-  return ErrorOf(ERROR_FILE_EXISTS);
+  if (FileOutcome failed = MakeFolders(FolderOf(target))) return failed;
+  RemoveMarkedLeftovers(FolderOf(target));
+  return ReplaceContent(*MakeReplaceSteps(), target, bytes, PathStyle::kWindows);
 }
 
 bool CanWriteFolder(const std::string& folder) {

@@ -2,20 +2,46 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "base/Text.h"
 #include "platform/FileSystem.h"
 #include "platform/Program.h"
+#include "platform/WindowsPath.h"
 #include "platform/windows/Wide.h"
 
 namespace quillon {
 namespace {
 
-std::optional<std::string> SystemLibraryFolder(const std::wstring& fileName) {
-  const DWORD needed = ::SearchPathW(nullptr, fileName.c_str(), nullptr, 0, nullptr, nullptr);
-  if (needed == 0) return std::nullopt;
-  std::wstring path(needed, L'\0');
-  path.resize(::SearchPathW(nullptr, fileName.c_str(), nullptr, needed, path.data(), nullptr));
-  return FromWide(path.substr(0, path.rfind(L'\\') + 1));
+// What a call of the system writes that is asked for the size first.
+template <class Call>
+std::wstring SystemText(Call call) {
+  std::wstring text(call(nullptr, 0), L'\0');
+  text.resize(call(text.data(), static_cast<UINT>(text.size())));
+  return text;
+}
+
+// The folders of PATH that are full paths: any other depends on the current folder.
+std::vector<std::string> PathFolders() {
+  const std::string path =
+      FromWide(SystemText([](wchar_t* text, UINT size) { return ::GetEnvironmentVariableW(L"PATH", text, size); }));
+  std::vector<std::string> folders;
+  for (const std::string_view folder : Split(path, ';')) {
+    if (IsFullWindowsPath(folder)) folders.push_back(TidyWindowsPath(folder));
+  }
+  return folders;
+}
+
+// In the order of the system's own search, but for the current folder: anyone may have put something there.
+std::vector<std::string> SearchedFolders() {
+  std::vector<std::string> folders = {
+      ProgramFolder(),
+      FromWide(SystemText([](wchar_t* text, UINT size) { return ::GetSystemDirectoryW(text, size); })),
+      FromWide(SystemText([](wchar_t* text, UINT size) { return ::GetSystemWindowsDirectoryW(text, size); })),
+  };
+  std::ranges::move(PathFolders(), std::back_inserter(folders));
+  return folders;
 }
 
 }  // namespace
@@ -25,16 +51,19 @@ std::string SharedLibraryFileName(const std::string& name) {
 }
 
 std::optional<std::string> FindLibrary(const std::string& fileName) {
-  const std::optional<std::wstring> wideName = ToWide(fileName);
   const bool plain = !fileName.empty() && fileName.find_first_of("\\/:") == std::string::npos;
-  if (!plain || !wideName) return std::nullopt;
-  std::string folder = ProgramFolder();
-  if (MakeFileReads()->IsFile(folder + fileName)) return folder;
-  return SystemLibraryFolder(*wideName);
+  if (!plain) return std::nullopt;
+  for (std::string folder : SearchedFolders()) {
+    if (!folder.ends_with('\\')) folder += '\\';
+    if (MakeFileReads()->IsFile(folder + fileName)) return folder;
+  }
+  return std::nullopt;
 }
 
 SharedLibrary::SharedLibrary(const std::string& path) {
-  if (const std::optional<std::wstring> widePath = ToWide(path)) handle_ = ::LoadLibraryW(widePath->c_str());
+  constexpr DWORD kOwnLibrariesFrom = LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32;
+  const std::optional<std::wstring> widePath = ToWide(path);
+  if (widePath && IsFullWindowsPath(path)) handle_ = ::LoadLibraryExW(widePath->c_str(), nullptr, kOwnLibrariesFrom);
 }
 
 SharedLibrary::~SharedLibrary() {

@@ -1,10 +1,12 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
-#include "platform/FileSystem.h"
+#include "platform/WholeFile.h"
 #include "platform/windows/Handle.h"
+#include "platform/windows/SharingRetry.h"
 #include "platform/windows/SystemPath.h"
 
 namespace quillon {
@@ -39,14 +41,13 @@ class SystemFile final : public ByteSource {
   bool hiddenOrSystem_;
 };
 
-}  // namespace
-
-std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {
-  const std::optional<std::wstring> systemPath = ExistingPath(path);
-  if (!systemPath) return nullptr;
+Handle OpenForAll(const std::wstring& path) {
   constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  Handle file(::CreateFileW(systemPath->c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
-                            nullptr));
+  return Handle(
+      ::CreateFileW(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+std::unique_ptr<ByteSource> RegularFile(Handle file) {
   if (!file.Open() || ::GetFileType(file.Get()) != FILE_TYPE_DISK) return nullptr;
   BY_HANDLE_FILE_INFORMATION found = {};
   if (!::GetFileInformationByHandle(file.Get(), &found)) return nullptr;
@@ -54,6 +55,25 @@ std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {
   const std::uint64_t size = std::uint64_t{found.nFileSizeHigh} << 32u | found.nFileSizeLow;
   const bool hiddenOrSystem = (found.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0;
   return std::make_unique<SystemFile>(std::move(file), size, hiddenOrSystem);
+}
+
+}  // namespace
+
+std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {
+  const std::optional<std::wstring> systemPath = ExistingPath(path);
+  return systemPath ? RegularFile(OpenForAll(*systemPath)) : nullptr;
+}
+
+Result<std::unique_ptr<ByteSource>, ReadFailure> OpenRegularFile(const std::string& path) {
+  const std::optional<std::wstring> systemPath = ExistingPath(path);
+  if (!systemPath) return ReadFailure::kUnreadable;
+  std::optional<Handle> file;
+  const bool open = RetrySharing([&] { return file.emplace(OpenForAll(*systemPath)).Open(); });
+  const DWORD failure = open ? ERROR_SUCCESS : ::GetLastError();
+  if (failure == ERROR_FILE_NOT_FOUND || failure == ERROR_PATH_NOT_FOUND) return ReadFailure::kAbsent;
+  std::unique_ptr<ByteSource> regular = RegularFile(*std::move(file));
+  if (!regular) return ReadFailure::kUnreadable;
+  return regular;
 }
 
 }  // namespace quillon

@@ -236,6 +236,16 @@ TEST_F(CommandDeviceTest, MeasuringALengthDoesNotDisturbWhatPlays) {
   EXPECT_NEAR(player_.Number("status X position"), watch.Elapsed(), kTolerance);
 }
 
+TEST_F(CommandDeviceTest, AFileBeyondTheLimitIsRefusedUntilAnotherIsClosed) {
+  const auto open = [&](std::size_t i) { return player_.Error("open \"" + Wave() + "\" alias N" + std::to_string(i)); };
+  for (std::size_t i = 0; i < CommandDevice::kMostOpen; ++i) ASSERT_EQ(open(i), 0) << i;
+  EXPECT_EQ(open(CommandDevice::kMostOpen), command_error::kTooManyOpen);
+  EXPECT_EQ(player_.Error("close N0"), 0);
+  EXPECT_EQ(open(CommandDevice::kMostOpen), 0);
+  EXPECT_EQ(player_.Error("close all"), 0);
+  EXPECT_EQ(open(0), 0);
+}
+
 TEST_F(CommandDeviceTest, CloseAllClosesEverything) {
   ASSERT_EQ(player_.Open(Wave()), 0);
   ASSERT_EQ(player_.Error("open \"" + Wave() + "\" alias Y"), 0);

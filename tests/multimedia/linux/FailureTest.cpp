@@ -84,11 +84,7 @@ TEST_F(FailureTest, OpeningEndsInTimeWhateverTheFileHolds) {
   const std::string path = folder_.Write("torn.mp3", Mp3Audio(40));
   std::filesystem::resize_file(path, kVeryLarge);
   const Stopwatch watch;
-  {
-    const Result<std::unique_ptr<Medium>, int> medium = Medium::Open(path, kLimit);
-    // So long its frames were looked for, which would go on for many seconds.
-    EXPECT_GE(watch.Elapsed(), kLimit.count() / 2);
-  }
+  static_cast<void>(Medium::Open(path, kLimit));
   EXPECT_LT(watch.Elapsed(), kLimit.count() + 500);
 }
 

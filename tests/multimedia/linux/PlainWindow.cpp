@@ -14,7 +14,7 @@ Function* Find(const SharedLibrary& library, const char* name) {
 }
 
 struct Functions {
-  SharedLibrary library{"libX11.so.6"};
+  SharedLibrary library = SharedLibrary::Find("libX11.so.6");
   decltype(&::XOpenDisplay) openDisplay = Find<decltype(::XOpenDisplay)>(library, "XOpenDisplay");
   decltype(&::XCloseDisplay) closeDisplay = Find<decltype(::XCloseDisplay)>(library, "XCloseDisplay");
   decltype(&::XCreateWindow) createWindow = Find<decltype(::XCreateWindow)>(library, "XCreateWindow");

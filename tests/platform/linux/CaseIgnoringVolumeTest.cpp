@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/ContentOf.h"
 #include "platform/FileSystem.h"
 #include "platform/WholeFile.h"
 #include "platform/linux/ChildProcess.h"
@@ -16,7 +17,7 @@ int RenameOnFat(const std::string& folder) {
   if (MakeFileChanges()->Rename(folder + "song.mid", folder + "SONG.mid")) return 2;
   const auto entries = MakeFileReads()->ReadFolder(folder);
   if (!entries || entries->size() != 1 || entries->front().name != "SONG.mid") return 3;
-  return ReadWholeFile(folder + "SONG.mid") == "content" ? 0 : 4;
+  return ContentOf(folder + "SONG.mid") == "content" ? 0 : 4;
 }
 
 TEST(CaseIgnoringVolume, AChangeOfLetterCaseIsCarriedOut) {

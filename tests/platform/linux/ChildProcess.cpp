@@ -28,19 +28,23 @@ int RunAsOrdinaryUser(const std::function<int()>& work) {
   });
 }
 
-bool RunTool(const std::vector<std::string>& words) {
+int RunProgram(const std::vector<std::string>& words) {
   std::vector<std::string> copies = words;
   std::vector<char*> arguments;
   arguments.reserve(copies.size() + 1);
   for (std::string& word : copies) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   return RunInChild([&] {
-           const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-           ::dup2(nowhere, STDOUT_FILENO);
-           ::dup2(nowhere, STDERR_FILENO);
-           ::execvp(arguments.front(), arguments.data());
-           return kCannotSetUp;
-         }) == 0;
+    const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    ::dup2(nowhere, STDOUT_FILENO);
+    ::dup2(nowhere, STDERR_FILENO);
+    ::execvp(arguments.front(), arguments.data());
+    return kCannotSetUp;
+  });
+}
+
+bool RunTool(const std::vector<std::string>& words) {
+  return RunProgram(words) == 0;
 }
 
 bool MountPrivately(const char* kind, const std::string& source, const std::string& folder, const char* options) {

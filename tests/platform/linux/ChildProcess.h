@@ -18,7 +18,10 @@ inline constexpr int kCannotSetUp = 100;
 /// The same as an ordinary user, for whom permissions count.
 [[nodiscard]] int RunAsOrdinaryUser(const std::function<int()>& work);
 
-/// Runs a program of the system, its output dropped. False when it is missing or fails.
+/// Runs a program, its output dropped. Its exit code; kCannotSetUp when it is missing.
+[[nodiscard]] int RunProgram(const std::vector<std::string>& words);
+
+/// The same for a program of the system. False when it is missing or fails.
 [[nodiscard]] bool RunTool(const std::vector<std::string>& words);
 
 /// Mounts a volume over a folder for this process and its children alone. False where that is not allowed.

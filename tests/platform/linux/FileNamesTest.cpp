@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/ContentOf.h"
 #include "platform/FileSystem.h"
 #include "platform/WholeFile.h"
 #include "support/TempFolder.h"
@@ -32,7 +33,7 @@ TEST(FileNames, BytesThatAreNotUtf8AreKeptByteForByte) {
   EXPECT_THAT(NamesIn(folder.Path()), ElementsAre(shiftJis));
   EXPECT_EQ(MakeFileChanges()->Rename(folder.Path() + shiftJis, folder.Path() + other), std::nullopt);
   EXPECT_THAT(NamesIn(folder.Path()), ElementsAre(other));
-  EXPECT_EQ(ReadWholeFile(folder.Path() + other), "content");
+  EXPECT_EQ(ContentOf(folder.Path() + other), "content");
   EXPECT_EQ(FullPath(folder.Path() + other), folder.Path() + other);
   EXPECT_EQ(MakeFileChanges()->Remove(folder.Path() + other), std::nullopt);
 }
@@ -43,7 +44,7 @@ TEST(FileNames, SignsThatWindowsForbidsAreOrdinary) {
     SCOPED_TRACE(name);
     const std::string old = folder.Write("old", "content");
     EXPECT_EQ(MakeFileChanges()->Rename(old, folder.Path() + name), std::nullopt);
-    EXPECT_EQ(ReadWholeFile(folder.Path() + name), "content");
+    EXPECT_EQ(ContentOf(folder.Path() + name), "content");
   }
 }
 

@@ -21,8 +21,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-int NumberOf(const FileOutcome& outcome) {
-  return outcome ? outcome->number : 0;
+int NumberOf(const MoveOutcome& outcome) {
+  return outcome ? 0 : outcome.Failure().number;
 }
 
 int Move(const std::string& from, const std::string& to) {

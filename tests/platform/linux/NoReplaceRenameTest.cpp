@@ -3,9 +3,11 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <ostream>
 #include <string>
 
+#include "platform/linux/ChildProcess.h"
 #include "platform/linux/NoReplaceRename.h"
 #include "support/TempFolder.h"
 
@@ -87,6 +89,37 @@ TEST_P(NoReplace, RenamesALinkItself) {
   EXPECT_EQ(Rename("old", "new"), 0);
   EXPECT_FALSE(folder_.Exists("old"));
   EXPECT_TRUE(folder_.Exists("new"));
+}
+
+TEST(RenameOverPlaceholder, MakesNothingOnAnotherVolume) {
+  const TempFolder folder;
+  const std::string old = folder.Write("old", "content");
+  std::string there = "/dev/shm/quillon-test-XXXXXX";
+  if (::mkdtemp(there.data()) == nullptr) GTEST_SKIP() << "/dev/shm cannot be written";
+  // Where nothing could be deleted, an empty file would stay.
+  struct stat before = {};
+  struct stat after = {};
+  ASSERT_EQ(::stat(there.c_str(), &before), 0);
+  const int failure = RenameOverPlaceholder(old, there + "/new");
+  ASSERT_EQ(::stat(there.c_str(), &after), 0);
+  std::filesystem::remove_all(there);
+  if (failure == 0) GTEST_SKIP() << "/dev/shm is on the same volume";
+  EXPECT_EQ(failure, EXDEV);
+  EXPECT_EQ(after.st_mtim.tv_sec, before.st_mtim.tv_sec);
+  EXPECT_EQ(after.st_mtim.tv_nsec, before.st_mtim.tv_nsec) << "the folder was written to";
+  EXPECT_EQ(folder.Read("old"), "content");
+}
+
+TEST(RenameByLink, TakesTheNewNameBackWhenTheOldOneCannotGo) {
+  const TempFolder folder;
+  const std::string old = folder.Write("locked/file", "content");
+  ASSERT_EQ(::chmod(old.c_str(), 0666), 0);
+  ASSERT_EQ(::chmod(folder.Path().c_str(), 0777), 0);
+  ASSERT_EQ(::chmod(folder.At("locked").c_str(), 0555), 0);
+  EXPECT_EQ(RunAsOrdinaryUser([&] { return RenameByLink(old, folder.At("new")); }), EACCES);
+  ASSERT_EQ(::chmod(folder.At("locked").c_str(), 0755), 0);
+  EXPECT_EQ(folder.Read("locked/file"), "content");
+  EXPECT_FALSE(folder.Exists("new"));
 }
 
 }  // namespace

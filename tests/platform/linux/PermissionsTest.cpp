@@ -68,6 +68,16 @@ TEST_F(Permissions, AReadOnlyFileIsNotReplaced) {
   EXPECT_EQ(folder_.Read("open/file"), "old");
 }
 
+TEST_F(Permissions, AFileThatMayNotBeReadIsToldFromNone) {
+  ASSERT_EQ(::chmod(file_.c_str(), 0200), 0);
+  const auto failure = [](const std::string& path) {
+    const Result<std::string, ReadFailure> read = ReadWholeFile(path, 100);
+    return read ? 50 : static_cast<int>(read.Failure());
+  };
+  EXPECT_EQ(RunAsOrdinaryUser([&] { return failure(file_); }), static_cast<int>(ReadFailure::kUnreadable));
+  EXPECT_EQ(RunAsOrdinaryUser([&] { return failure(file_ + " not there"); }), static_cast<int>(ReadFailure::kAbsent));
+}
+
 TEST_F(Permissions, AFileInALockedFolderIsNotReplaced) {
   EXPECT_EQ(RunAsOrdinaryUser([&] { return NumberOf(ReplaceWholeFile(file_, "new")); }), file_error::kAccess);
   EXPECT_EQ(folder_.Read("locked/file"), "content");

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/ContentOf.h"
 #include "platform/FileSystem.h"
 #include "platform/Program.h"
 #include "platform/WholeFile.h"
@@ -33,7 +34,7 @@ class Trash : public testing::Test {
   }
 
   static std::string InTrash(const std::string& name) {
-    return ReadWholeFile(UserTrashFolder() + name).value_or("absent: " + name);
+    return ContentOf(UserTrashFolder() + name).value_or("absent: " + name);
   }
 
  private:
@@ -77,7 +78,7 @@ TEST_F(Trash, WhereThereIsNoTrashTheFileStays) {
   if (InOwnHome()) {
     EXPECT_EQ(ReplaceWholeFile(folder + "song.mid", "content"), std::nullopt);
     EXPECT_EQ(MakeFileChanges()->Recycle(folder + "song.mid", 0), kRecycleNotDone);
-    EXPECT_EQ(ReadWholeFile(folder + "song.mid"), "content");
+    EXPECT_EQ(ContentOf(folder + "song.mid"), "content");
   }
   std::filesystem::remove_all(folder);
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/ContentOf.h"
 #include "platform/FileSystem.h"
 #include "platform/FileWorld.h"
 #include "platform/WholeFile.h"
@@ -13,6 +14,7 @@
 #include "platform/windows/SystemPath.h"
 #include "platform/windows/Wide.h"
 #include "support/TempFolder.h"
+#include "support/Wine.h"
 
 namespace quillon::test {
 namespace {
@@ -59,7 +61,7 @@ TEST(FileNames, ExistingNamesWithDotsAndBlanksAtTheEndAreNamed) {
 TEST(FileNames, AFileIsFoundThoughItsNameIsGivenWithADotAtTheEnd) {
   const TempFolder folder;
   folder.Write("song", "content");
-  EXPECT_EQ(ReadWholeFile(folder.Path() + "song."), "content");
+  EXPECT_EQ(ContentOf(folder.Path() + "song."), "content");
   const auto status = MakeFileReads()->Status(folder.Path() + "song. .");
   ASSERT_TRUE(status.Ok());
   EXPECT_EQ(status->kind, FileStatus::Kind::kFile);
@@ -88,8 +90,8 @@ TEST(FileNames, PathsMayBeLongerThan260Characters) {
   ASSERT_EQ(ReplaceWholeFile(deep + "song.mid", "content"), std::nullopt);
   EXPECT_EQ(MakeFileChanges()->Rename(deep + "song.mid", deep + "曲.mid"), std::nullopt);
   EXPECT_THAT(NamesIn(deep), ElementsAre("曲.mid"));
-  EXPECT_EQ(ReadWholeFile(deep + "曲.mid"), "content");
-  EXPECT_EQ(MakeFileChanges()->Move(deep + "曲.mid", folder.At("曲.mid")), std::nullopt);
+  EXPECT_EQ(ContentOf(deep + "曲.mid"), "content");
+  EXPECT_TRUE(MakeFileChanges()->Move(deep + "曲.mid", folder.At("曲.mid")));
 }
 
 TEST(FileNames, RealPathsMayBeLongerThan260Characters) {
@@ -103,7 +105,7 @@ TEST(FileNames, RealPathsMayBeLongerThan260Characters) {
 TEST(FileNames, SlashesAreSeparatorsToo) {
   const TempFolder folder;
   folder.Write("inner/song.mid", "content");
-  EXPECT_EQ(ReadWholeFile(folder.Path() + "inner/song.mid"), "content");
+  EXPECT_EQ(ContentOf(folder.Path() + "inner/song.mid"), "content");
 }
 
 TEST(FileNames, BytesThatAreNoTextNameNoFile) {
@@ -155,6 +157,24 @@ TEST(OpenFiles, AFileThatAnotherProgramKeepsToItselfIsAnAccessError) {
     EXPECT_FALSE(OpenSystemFile(path));
   }
   EXPECT_EQ(MakeFileChanges()->Rename(path, folder.At("new.mid")), std::nullopt);
+}
+
+TEST(LongPath, WritesShortNamesOut) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a long name of a song.music", "content");
+  std::wstring shorter(1000, L'\0');
+  shorter.resize(::GetShortPathNameW(ToWide(path).value_or(L"").c_str(), shorter.data(), 1000));
+  ASSERT_NE(FromWide(shorter), "");
+  if (FromWide(shorter).ends_with("song.music")) GTEST_SKIP() << "this volume has no short names";
+  EXPECT_TRUE(LongPath(FromWide(shorter)).ends_with("\\a long name of a song.music")) << LongPath(FromWide(shorter));
+}
+
+TEST(LongPath, TakesTheLiteralPrefixAway) {
+  const TempFolder folder;
+  const std::string path = folder.Write("song.mid", "content");
+  EXPECT_EQ(LongPath("\\\\?\\" + path), LongPath(path));
+  EXPECT_EQ(LongPath("\\\\?\\C:\\absent\\song.mid"), "C:\\absent\\song.mid");
+  EXPECT_EQ(LongPath("\\\\?\\UNC\\server\\share\\song.mid"), "\\\\server\\share\\song.mid");
 }
 
 }  // namespace

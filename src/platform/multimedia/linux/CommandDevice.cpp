@@ -111,6 +111,7 @@ class GstCommandDevice final : public CommandDevice {
 
   int Open(const ParsedCommand& command) {
     if (media_.contains(command.alias)) return command_error::kAliasInUse;
+    if (media_.size() >= kMostOpen) return command_error::kTooManyOpen;
     Result<std::unique_ptr<Medium>, int> medium = Medium::Open(command.path);
     if (!medium) return medium.Failure();
     media_.emplace(command.alias, std::move(*medium));

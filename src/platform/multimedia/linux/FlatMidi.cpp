@@ -1,41 +1,51 @@
 #include "platform/multimedia/linux/FlatMidi.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <limits>
+#include <queue>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillon {
 namespace {
 
-constexpr std::uint64_t kLargestFile = 32U << 20U;
+constexpr std::uint64_t kLargestFile = ByteSource::kLongestRead;
 constexpr std::size_t kChunkHeader = 8;
+constexpr std::size_t kMostTracks = 10000;
 
 constexpr unsigned kMeta = 0xFF;
 constexpr unsigned kMetaText = 0x01;
 constexpr unsigned kMetaEnd = 0x2F;
 constexpr unsigned kMetaTempo = 0x51;
 
-struct Message {
+/// A message, or a change of the tempo.
+struct Event {
   std::uint64_t tick = 0;
-  std::string_view bytes;
-  unsigned status = 0;  // of `bytes`, which are the data behind it
+  std::string_view bytes = {};
+  unsigned status = 0;        // of `bytes`, which are the data behind it
+  unsigned microseconds = 0;  // a quarter note from here on; 0 in messages
 };
 
-struct Tempo {
-  std::uint64_t tick = 0;
-  double microseconds = 500000;  // a quarter note
-};
+/// Looks at the time now and then: looking at it takes as long as reading some events.
+class Patience {
+ public:
+  explicit Patience(const Deadline& deadline) : deadline_(deadline) {}
 
-/// How many messages are taken between two looks at the time.
-constexpr std::size_t kMessagesAtOnce = 4096;
+  [[nodiscard]] bool Ended() {
+    constexpr unsigned kSteps = 4096;
+    if (++steps_ % kSteps == 0) ended_ = ended_ || deadline_.Passed();
+    return ended_;
+  }
 
-struct Score {
-  std::vector<Message> messages;
-  std::vector<Tempo> tempos;
-  std::uint64_t end = 0;
+ private:
+  const Deadline& deadline_;
+  unsigned steps_ = 0;
+  bool ended_ = false;
 };
 
 /// Bytes taken one after the other; `Good` is false once there were too few.
@@ -85,58 +95,94 @@ std::size_t DataLength(unsigned status) {
   return kind != 0xF0U || status == 0xF2U ? 2 : 0;
 }
 
-class TrackReader {
+/// The events of one track, one after the other.
+class Track {
  public:
-  TrackReader(std::string_view track, std::uint64_t start, Score& score) : bytes_(track), tick_(start), score_(score) {}
+  Track(std::string_view bytes, std::uint64_t start) : bytes_(bytes), tick_(start) {}
 
-  void Read(const Deadline& deadline) {
+  /// Nothing at the end of the track, and at damage in it.
+  std::optional<Event> Next() {
     while (!ended_ && !bytes_.AtEnd()) {
-      if (score_.messages.size() % kMessagesAtOnce == 0 && deadline.Passed()) break;
       const unsigned delta = bytes_.Quantity();
       if (!bytes_.Good()) break;
       tick_ += delta;
-      ReadEvent();
-      if (!bytes_.Good()) break;
+      const std::optional<Event> event = ReadEvent();
+      ended_ = ended_ || !bytes_.Good();
+      if (event) return event;
     }
-    score_.end = std::max(score_.end, tick_);
+    ended_ = true;
+    return std::nullopt;
   }
+
+  /// Where the last event stands that Next has come to, told or not.
+  [[nodiscard]] std::uint64_t Tick() const { return tick_; }
 
  private:
-  void ReadEvent() {
+  std::optional<Event> ReadEvent() {
     const unsigned status = bytes_.Peek() >= 0x80U ? bytes_.Number(1) : running_;
-    if (status == kMeta) {
-      ReadMeta();
-    } else if (status == 0xF0U || status == 0xF7U) {
-      Keep(status, bytes_.Take(bytes_.Quantity()));
-    } else if (status >= 0xF0U) {
+    if (status == kMeta) return ReadMeta();
+    if (status == 0xF0U || status == 0xF7U) return Message(status, bytes_.Take(bytes_.Quantity()));
+    if (status >= 0xF0U) {
       bytes_.Take(DataLength(status));
-    } else if (status == 0) {
-      ended_ = true;  // data with no message that it could belong to
-    } else {
-      running_ = status;
-      Keep(status, bytes_.Take(DataLength(status)));
+      return std::nullopt;
     }
+    if (status == 0) {
+      ended_ = true;  // data with no message that it could belong to
+      return std::nullopt;
+    }
+    running_ = status;
+    return Message(status, bytes_.Take(DataLength(status)));
   }
 
-  void ReadMeta() {
+  std::optional<Event> ReadMeta() {
     const unsigned type = bytes_.Number(1);
     Bytes data(bytes_.Take(bytes_.Quantity()));
     ended_ = type == kMetaEnd;
-    if (type != kMetaTempo) return;
+    if (type != kMetaTempo) return std::nullopt;
     const unsigned microseconds = data.Number(3);
-    if (data.Good() && microseconds != 0) score_.tempos.push_back({tick_, static_cast<double>(microseconds)});
+    if (!data.Good() || microseconds == 0) return std::nullopt;
+    return Event{.tick = tick_, .microseconds = microseconds};
   }
 
-  void Keep(unsigned status, std::string_view data) {
-    if (bytes_.Good()) score_.messages.push_back({tick_, data, status});
+  std::optional<Event> Message(unsigned status, std::string_view data) const {
+    if (!bytes_.Good()) return std::nullopt;
+    return Event{.tick = tick_, .bytes = data, .status = status};
   }
 
   Bytes bytes_;
   std::uint64_t tick_;
-  Score& score_;
   unsigned running_ = 0;
   bool ended_ = false;
 };
+
+struct Score {
+  std::vector<Track> tracks;  // at their beginnings
+  std::uint64_t end = 0;      // the tick of the last event
+};
+
+/// Gives the events of all tracks in the order of time, those of one moment in the order of the tracks. False when the
+/// time is up.
+template <class Visit>
+bool ForEachEvent(std::vector<Track> tracks, Patience& patience, Visit visit) {
+  using Entry = std::pair<std::uint64_t, std::size_t>;  // a track's next event and the track
+  std::priority_queue<Entry, std::vector<Entry>, std::greater<>> queue;
+  std::vector<Event> next(tracks.size());
+  const auto advance = [&](std::size_t track) {
+    const std::optional<Event> event = tracks[track].Next();
+    if (!event) return;
+    next[track] = *event;
+    queue.emplace(event->tick, track);
+  };
+  for (std::size_t track = 0; track < tracks.size(); ++track) advance(track);
+  while (!queue.empty()) {
+    if (patience.Ended()) return false;
+    const std::size_t track = queue.top().second;
+    queue.pop();
+    visit(next[track]);
+    advance(track);
+  }
+  return true;
+}
 
 struct TimeBase {
   double ticks = 1;  // of a quarter note, or of a second
@@ -156,30 +202,25 @@ std::optional<TimeBase> ReadTimeBase(unsigned division) {
 /// Turns rising ticks into microseconds.
 class Clock {
  public:
-  Clock(const TimeBase& base, const std::vector<Tempo>& tempos)
-      : base_(base), next_(tempos.begin()), end_(tempos.end()) {
+  explicit Clock(const TimeBase& base) : base_(base) {
     if (!base.quarterNotes) tempo_ = 1e6;
   }
 
+  void ChangeTempo(const Event& event) {
+    if (!base_.quarterNotes) return;
+    At(event.tick);
+    tempo_ = event.microseconds;
+  }
+
   double At(std::uint64_t tick) {
-    for (; base_.quarterNotes && next_ != end_ && next_->tick <= tick; ++next_) {
-      Advance(next_->tick);
-      tempo_ = next_->microseconds;
-    }
-    Advance(tick);
+    microseconds_ += static_cast<double>(tick - tick_) * tempo_ / base_.ticks;
+    tick_ = tick;
     return microseconds_;
   }
 
  private:
-  void Advance(std::uint64_t tick) {
-    microseconds_ += static_cast<double>(tick - tick_) * tempo_ / base_.ticks;
-    tick_ = tick;
-  }
-
   TimeBase base_;
-  std::vector<Tempo>::const_iterator next_;
-  std::vector<Tempo>::const_iterator end_;
-  double tempo_ = Tempo().microseconds;
+  double tempo_ = 500000;  // microseconds of a quarter note, or of a second
   std::uint64_t tick_ = 0;
   double microseconds_ = 0;
 };
@@ -199,51 +240,59 @@ void AppendQuantity(std::string& bytes, unsigned number) {
 constexpr unsigned kTicks = 10000;
 constexpr unsigned kTempo = 1000000;
 
-class TrackWriter {
+/// Writes a file of one track.
+class SongWriter {
  public:
-  TrackWriter() {
+  /// `room`: how long the file may well become. What is not used of it costs nothing.
+  explicit SongWriter(std::size_t room) {
+    constexpr unsigned kHeaderLength = 6;
+    file_.reserve(room);
+    file_ = "MThd";
+    AppendNumber(file_, kHeaderLength, 4);
+    AppendNumber(file_, 0, 2);
+    AppendNumber(file_, 1, 2);
+    AppendNumber(file_, kTicks, 2);
+    file_ += "MTrk";
+    AppendNumber(file_, 0, 4);
+    start_ = file_.size();
     AppendMeta(0, kMetaTempo, 3);
-    AppendNumber(track_, kTempo, 3);
+    AppendNumber(file_, kTempo, 3);
   }
 
-  void Append(double microseconds, const Message& message) {
+  void Append(double microseconds, const Event& message) {
     AppendDelta(microseconds);
-    AppendNumber(track_, message.status, 1);
-    if (message.status >= 0xF0U) AppendQuantity(track_, static_cast<unsigned>(message.bytes.size()));
-    track_ += message.bytes;
+    AppendNumber(file_, message.status, 1);
+    if (message.status >= 0xF0U) AppendQuantity(file_, static_cast<unsigned>(message.bytes.size()));
+    file_ += message.bytes;
   }
 
   std::string End(double microseconds) {
     AppendMeta(microseconds, kMetaEnd, 0);
-    constexpr unsigned kHeaderLength = 6;
-    std::string file = "MThd";
-    AppendNumber(file, kHeaderLength, 4);
-    AppendNumber(file, 0, 2);
-    AppendNumber(file, 1, 2);
-    AppendNumber(file, kTicks, 2);
-    file += "MTrk";
-    AppendNumber(file, static_cast<unsigned>(track_.size()), 4);
-    return file + track_;
+    std::string length;
+    AppendNumber(length, static_cast<unsigned>(file_.size() - start_), 4);
+    file_.replace(start_ - length.size(), length.size(), length);
+    return std::move(file_);
   }
 
  private:
   void AppendMeta(double microseconds, unsigned type, unsigned length) {
     AppendDelta(microseconds);
-    for (const unsigned byte : {kMeta, type, length}) AppendNumber(track_, byte, 1);
+    for (const unsigned byte : {kMeta, type, length}) AppendNumber(file_, byte, 1);
   }
 
   void AppendDelta(double microseconds) {
     constexpr unsigned kMost = 0x0FFFFFFF;  // what a quantity can hold; empty texts divide a longer pause
     const auto tick = static_cast<std::uint64_t>(std::llround(microseconds * kTicks / kTempo));
     for (; tick - tick_ > kMost; tick_ += kMost) {
-      AppendQuantity(track_, kMost);
-      for (const unsigned byte : {kMeta, kMetaText, 0U}) AppendNumber(track_, byte, 1);
+      AppendQuantity(file_, kMost);
+      for (const unsigned byte : {kMeta, kMetaText, 0U}) AppendNumber(file_, byte, 1);
     }
-    AppendQuantity(track_, static_cast<unsigned>(tick - tick_));
+    AppendQuantity(file_, static_cast<unsigned>(tick - tick_));
     tick_ = tick;
   }
 
-  std::string track_;
+  std::string file_;
+  std::size_t start_ = 0;  // of the track's events
   std::uint64_t tick_ = 0;
 };
 
@@ -255,33 +304,49 @@ std::string_view WithoutRiff(std::string_view file) {
   return song == std::string_view::npos ? std::string_view() : file.substr(song);
 }
 
-Score ReadTracks(Bytes& file, unsigned format, const Deadline& deadline) {
+/// Nothing when the time is up.
+std::optional<Score> FindTracks(Bytes& file, unsigned format, Patience& patience) {
   Score score;
-  while (!file.AtEnd() && !deadline.Passed()) {
+  while (!file.AtEnd() && score.tracks.size() < kMostTracks) {
+    if (patience.Ended()) return std::nullopt;
     const std::string_view id = file.Take(4);
-    const std::string_view track = file.Take(file.Number(4));
+    const std::string_view bytes = file.Take(file.Number(4));
+    if (id != "MTrk") continue;
     // The patterns of format 2 follow each other.
-    if (id == "MTrk") TrackReader(track, format == 2 ? score.end : 0, score).Read(deadline);
+    Track track(bytes, format == 2 ? score.end : 0);
+    score.tracks.push_back(track);
+    while (track.Next()) {
+      if (patience.Ended()) return std::nullopt;
+    }
+    score.end = std::max(score.end, track.Tick());
   }
-  if (deadline.Passed()) return score;
-  const auto earlier = [](const auto& left, const auto& right) { return left.tick < right.tick; };
-  std::stable_sort(score.messages.begin(), score.messages.end(), earlier);
-  std::stable_sort(score.tempos.begin(), score.tempos.end(), earlier);
   return score;
 }
 
-std::optional<FlatMidiSong> Write(const Score& score, const TimeBase& base, const Deadline& deadline) {
+/// The end of the song in microseconds; nothing when the time is up.
+std::optional<double> FindEnd(const Score& score, const TimeBase& base, Patience& patience) {
+  Clock clock(base);
+  const bool inTime = ForEachEvent(score.tracks, patience, [&](const Event& event) {
+    if (event.microseconds != 0) clock.ChangeTempo(event);
+  });
+  return inTime ? std::optional(clock.At(score.end)) : std::nullopt;
+}
+
+std::optional<FlatMidiSong> Write(const Score& score, const TimeBase& base, std::size_t room, Patience& patience) {
   constexpr double kMost = std::numeric_limits<int>::max();
-  const double end = Clock(base, score.tempos).At(score.end);
-  if (end / 1000 > kMost) return std::nullopt;
-  Clock clock(base, score.tempos);
-  TrackWriter writer;
-  std::size_t written = 0;
-  for (const Message& message : score.messages) {
-    if (written++ % kMessagesAtOnce == 0 && deadline.Passed()) return std::nullopt;
-    writer.Append(clock.At(message.tick), message);
-  }
-  return FlatMidiSong{writer.End(end), static_cast<int>(std::lround(end / 1000))};
+  const std::optional<double> end = FindEnd(score, base, patience);
+  if (!end || *end / 1000 > kMost) return std::nullopt;
+  Clock clock(base);
+  SongWriter writer(room);
+  const bool inTime = ForEachEvent(score.tracks, patience, [&](const Event& event) {
+    if (event.microseconds != 0) {
+      clock.ChangeTempo(event);
+    } else {
+      writer.Append(clock.At(event.tick), event);
+    }
+  });
+  if (!inTime) return std::nullopt;
+  return FlatMidiSong{writer.End(*end), static_cast<int>(std::lround(*end / 1000))};
 }
 
 }  // namespace
@@ -302,9 +367,10 @@ std::optional<FlatMidiSong> FlattenMidi(ByteSource& source, const Deadline& dead
   header.Take(2);
   const std::optional<TimeBase> base = ReadTimeBase(header.Number(2));
   if (!file.Good() || !header.Good() || !base) return std::nullopt;
-  const Score score = ReadTracks(file, format, deadline);
-  if (deadline.Passed()) return std::nullopt;
-  return Write(score, *base, deadline);
+  Patience patience(deadline);
+  const std::optional<Score> score = FindTracks(file, format, patience);
+  // An event becomes longer by the status that ran on and by a finer time.
+  return score ? Write(*score, *base, 4 * whole.size() + 64, patience) : std::nullopt;
 }
 
 }  // namespace quillon

@@ -18,8 +18,9 @@ struct FlatMidiSong {
 
 /// A Standard MIDI File, bare or in RIFF, as one track of one tempo: GStreamer's parser takes the tempo changes of a
 /// file of several tracks for each track anew, so that the song drags, and does not come back from illegal messages.
-/// Those are left out, and so is what stands behind damage in a track. Nothing for every other file, for one whose
-/// header, size or length makes no sense, and when the time is up.
+/// Those are left out, and so is what stands behind damage in a track, and tracks behind the first ten thousand.
+/// Nothing for every other file, for one whose header, length or size (above 32 MiB) makes no sense, and when the time
+/// is up. Needs memory for the file and for the song, and little else.
 [[nodiscard]] std::optional<FlatMidiSong> FlattenMidi(ByteSource& source, const Deadline& deadline);
 
 }  // namespace quillon

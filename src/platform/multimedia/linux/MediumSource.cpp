@@ -4,9 +4,11 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/FileSystem.h"
+#include "platform/linux/WriteAll.h"
 #include "platform/multimedia/CommandDevice.h"
 #include "platform/multimedia/linux/FlatMidi.h"
 #include "platform/multimedia/linux/MpegAudioLength.h"
@@ -31,20 +33,27 @@ std::string AbsolutePath(const std::string& path) {
   return copy;
 }
 
-bool WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(file, bytes.data(), bytes.size());
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
-Result<MediumSource, int> InMemory(std::string_view bytes, std::optional<int> milliseconds) {
-  Descriptor memory(::memfd_create("song", MFD_CLOEXEC));
-  if (!memory.Open() || !WriteAll(memory.Number(), bytes)) return command_error::kInternal;
+Result<MediumSource, int> InMemory(Descriptor memory, std::optional<int> milliseconds) {
   std::string path = "/proc/self/fd/" + std::to_string(memory.Number());
   return MediumSource{std::move(path), std::move(memory), milliseconds};
+}
+
+Result<MediumSource, int> SongInMemory(const FlatMidiSong& song) {
+  Descriptor memory(::memfd_create("song", MFD_CLOEXEC));
+  if (!memory.Open() || !WriteAll(memory.Number(), song.file)) return command_error::kInternal;
+  return InMemory(std::move(memory), song.milliseconds);
+}
+
+/// The beginning of a file.
+Result<MediumSource, int> CopyInMemory(ByteSource& file, std::uint64_t length) {
+  constexpr std::uint64_t kPiece = 1U << 20U;
+  Descriptor memory(::memfd_create("sound", MFD_CLOEXEC));
+  if (!memory.Open()) return command_error::kInternal;
+  for (std::uint64_t offset = 0; offset < length; offset += kPiece) {
+    const std::string piece = file.Read(offset, std::min(kPiece, length - offset));
+    if (!WriteAll(memory.Number(), piece)) return command_error::kInternal;
+  }
+  return InMemory(std::move(memory), std::nullopt);
 }
 
 }  // namespace
@@ -56,10 +65,10 @@ Result<MediumSource, int> FindMediumSource(const std::string& path, const Deadli
   if (IsMidi(*file)) {
     const std::optional<FlatMidiSong> song = FlattenMidi(*file, deadline);
     if (!song) return command_error::kInvalidFile;
-    return InMemory(song->file, song->milliseconds);
+    return SongInMemory(*song);
   }
   if (const std::optional<std::uint64_t> wave = WaveLengthWithoutRest(*file); wave && *wave <= kMostWaveInMemory) {
-    return InMemory(file->Read(0, *wave), std::nullopt);
+    return CopyInMemory(*file, *wave);
   }
   std::optional<int> length = MpegProgramLength(*file);
   if (!length) length = CountedMpegAudioLength(*file, deadline);

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/ByteSearch.h"
+
 namespace quillon {
 namespace {
 
@@ -103,8 +105,9 @@ class Blocks {
 /// Behind the ID3 tags in front, and what zeros follow them.
 std::uint64_t SkipTags(Blocks& blocks) {
   constexpr std::size_t kTagHeader = 10;
+  constexpr int kMostTags = 100;
   std::uint64_t offset = 0;
-  for (;;) {
+  for (int tags = 0; tags < kMostTags; ++tags) {
     const std::string_view tag = blocks.At(offset, kTagHeader);
     if (tag.size() < kTagHeader || !tag.starts_with("ID3")) break;
     std::uint64_t size = 0;
@@ -131,29 +134,57 @@ std::optional<FrameHeader> ReadHeader(std::string_view bytes, unsigned kind) {
   return header;
 }
 
-/// Where, at or behind `offset`, a frame stands that another one follows: what a torn stream goes on with.
-std::optional<std::uint64_t> FindFrame(Blocks& blocks, std::uint64_t offset, unsigned kind) {
-  constexpr std::size_t kSearched = 64U << 10U;
-  constexpr std::size_t kLongestFrame = 4096;
-  for (;; offset += kSearched) {
-    const std::string_view part = blocks.At(offset, kSearched + kLongestFrame);
-    for (std::size_t at = part.find('\xFF'); at < std::min(kSearched, part.size()); at = part.find('\xFF', at + 1)) {
-      const std::optional<FrameHeader> header = ReadHeader(part.substr(at), kind);
-      if (!header || at + header->length > part.size()) continue;
-      if (ReadHeader(part.substr(at + header->length), kind)) return offset + at;
-    }
-    if (part.size() <= kSearched) return std::nullopt;
-  }
-}
+/// The frames of one kind in a stream that may be torn.
+class Frames {
+ public:
+  Frames(Blocks& blocks, unsigned kind) : blocks_(blocks), kind_(kind) {}
 
-/// The next frame of the kind at or behind `offset`, which is set to where it stands.
-std::optional<FrameHeader> NextFrame(Blocks& blocks, std::uint64_t& offset, unsigned kind) {
-  if (const auto header = ReadHeader(blocks.At(offset, kHeaderLength), kind); header) return header;
-  const std::optional<std::uint64_t> found = FindFrame(blocks, offset + 1, kind);
-  if (!found) return std::nullopt;
-  offset = *found;
-  return ReadHeader(blocks.At(offset, kHeaderLength), kind);
-}
+  /// The next frame at or behind `offset`, which is set to where it stands.
+  std::optional<FrameHeader> Next(std::uint64_t& offset) {
+    if (const auto header = ReadHeader(blocks_.At(offset, kHeaderLength), kind_); header) return header;
+    const std::optional<std::uint64_t> found = Find(offset + 1);
+    if (!found) return std::nullopt;
+    offset = *found;
+    return ReadHeader(blocks_.At(offset, kHeaderLength), kind_);
+  }
+
+ private:
+  /// So much damage is searched for a frame, all tears together; a stream with more ends there.
+  static constexpr std::uint64_t kMostDamage = 4U << 20U;
+
+  /// The first place at `from` or behind that may be a header's. Not every place that passes is one.
+  [[nodiscard]] std::size_t FindHeader(std::string_view part, std::size_t from) const {
+    const auto second = static_cast<unsigned char>(0xE0U | kind_ >> 8U);
+    const auto third = static_cast<unsigned char>(kind_ & 0x0CU);
+    return FindWhere<3>(part, from, '\xFF', [=](const char* place) {
+      return (StandsAt(place, "\xFF") &
+              static_cast<unsigned>((static_cast<unsigned char>(place[1]) & 0xFEU) == second) &
+              static_cast<unsigned>((static_cast<unsigned char>(place[2]) & 0x0CU) == third)) != 0;
+    });
+  }
+
+  /// Where, at or behind `offset`, a frame stands that another one follows: what a torn stream goes on with.
+  std::optional<std::uint64_t> Find(std::uint64_t offset) {
+    constexpr std::size_t kSearched = 64U << 10U;
+    constexpr std::size_t kLongestFrame = 4096;
+    for (; damage_ < kMostDamage; offset += kSearched, damage_ += kSearched) {
+      const std::string_view part = blocks_.At(offset, kSearched + kLongestFrame);
+      for (std::size_t at = FindHeader(part, 0); at < std::min(kSearched, part.size()); at = FindHeader(part, at + 1)) {
+        const std::optional<FrameHeader> header = ReadHeader(part.substr(at), kind_);
+        if (!header || at + header->length > part.size()) continue;
+        if (!ReadHeader(part.substr(at + header->length), kind_)) continue;
+        damage_ += at;
+        return offset + at;
+      }
+      if (part.size() <= kSearched) break;
+    }
+    return std::nullopt;
+  }
+
+  Blocks& blocks_;
+  unsigned kind_;
+  std::uint64_t damage_ = 0;
+};
 
 }  // namespace
 
@@ -163,10 +194,11 @@ std::optional<int> CountedMpegAudioLength(ByteSource& file, const Deadline& dead
   std::uint64_t offset = SkipTags(blocks);
   const std::optional<FrameHeader> first = ReadHeader(blocks.At(offset, kHeaderLength));
   if (!first || SaysItsLength(blocks.At(offset, first->length), *first)) return std::nullopt;
+  Frames stream(blocks, first->kind);
   std::uint64_t frames = 0;
   for (;;) {
     const std::uint64_t expected = offset;
-    const std::optional<FrameHeader> frame = NextFrame(blocks, offset, first->kind);
+    const std::optional<FrameHeader> frame = stream.Next(offset);
     if (frames < kSureFrames && (!frame || offset != expected)) return std::nullopt;
     // A last frame that was cut off is not played.
     if (!frame || offset + frame->length > blocks.Size()) break;

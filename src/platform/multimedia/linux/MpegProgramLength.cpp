@@ -64,8 +64,9 @@ Span FindTimeStamps(std::string_view part) {
 }  // namespace
 
 std::optional<int> MpegProgramLength(ByteSource& file) {
+  const std::string pack = std::string(kStart) + '\xBA';
+  if (file.Read(0, pack.size()) != pack) return std::nullopt;
   const std::string beginning = file.Read(0, kPart);
-  if (!beginning.starts_with(std::string(kStart) + '\xBA')) return std::nullopt;
   const std::string end = file.Size() > kPart ? file.Read(file.Size() - kPart, kPart) : beginning;
   const std::uint64_t first = FindTimeStamps(beginning).first;
   const std::uint64_t last = FindTimeStamps(end).last;

@@ -58,7 +58,7 @@ std::optional<Xlib> ResolveAll(const SharedLibrary& library) {
 
 const Xlib* LoadXlib() {
   // Never unloaded: its error handler is ours to the end.
-  static const auto* const library = new SharedLibrary("libX11.so.6");
+  static const auto* const library = new SharedLibrary(SharedLibrary::Find("libX11.so.6"));
   static const std::optional<Xlib> xlib = ResolveAll(*library);
   return xlib ? &*xlib : nullptr;
 }

@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# ./faults.sh          makes every system call of a move, a rename and a save of the settings fail in every way, kills the
+#                      program at each, and lets somebody else change the files meanwhile: about 4,600 runs
+# ./faults.sh SCENE    the same for one scene ("copy", "rename-by-link", ...)
+#
+# Installs what is missing and builds first. Prints what was run, and fails when a file was lost, torn or left behind.
+set -euo pipefail
+cd "$(dirname "$0")"
+. scripts/common.sh
+
+case "${1:-}" in
+  -h | --help)
+    sed -n '2,6s/^# \{0,1\}//p' "$0"
+    exit 0
+    ;;
+  -*) fail "unknown argument '$1' (see --help)" ;;
+esac
+
+need_packages "${linux_packages[@]}" libgtest-dev libgmock-dev strace python3
+say "Building"
+cmake --preset linux >/dev/null || fail "configuring failed: run 'cmake --preset linux' to see why"
+cmake --build build/linux --target quillon-cli quillon_whole_file
+say "Running"
+exec /usr/bin/python3 -B tests/faults/faults.py --program build/linux/bin --all ${1:+--only "$1"}

@@ -1,0 +1,61 @@
+#include <memory>
+
+#include "cli/BatchReport.h"
+#include "cli/Commands.h"
+#include "fileops/FileOperations.h"
+#include "platform/Program.h"
+#include "rename/PlannedChanges.h"
+
+namespace quillon::cli {
+namespace {
+
+// Why the file was not deleted; nullopt when it was.
+std::optional<FileError> DeleteFile(FileReads& files, FileChanges& disk, const std::string& path,
+                                    const DeleteArguments& arguments) {
+  if (arguments.forGood) return disk.Remove(path);
+  const int answer = RecycleFile(files, disk, path, 0);
+  if (answer != 0) return FileError{answer, {}};
+  const bool declined = arguments.apply && files.IsFile(path);
+  return declined ? FileOutcome(FileError{kRecycleNotDone, {}}) : FileOutcome();
+}
+
+std::string ReasonOf(const FileError& error, bool forGood) {
+  return forGood ? DeleteReason(error) : "ファイルが削除できません";
+}
+
+std::vector<std::string> SummaryLines(const BatchReport& report, bool forGood) {
+  const char* const done = forGood ? " 個のファイルを削除しました" : " 個のファイルをごみ箱に移動しました";
+  std::vector<std::string> lines = {std::to_string(report.Done()) + done};
+  if (report.FailureCount() > 0) {
+    lines.push_back(std::to_string(report.FailureCount()) + " 個のファイルが削除できませんでした");
+  }
+  return lines;
+}
+
+}  // namespace
+
+int RunDelete(const DeleteArguments& arguments) {
+  Session session({});
+  const bool complete = session.Load(arguments.selection);
+  if (session.list.Count() == 0) return kNothingLoaded;
+
+  const std::unique_ptr<FileChanges> disk = MakeFileChanges();
+  PlannedChanges plan(*session.files);
+  FileChanges& changes = arguments.apply ? *disk : static_cast<FileChanges&>(plan);
+  CatchInterruption();
+  BatchReport report(arguments.apply, arguments.json);
+  for (int index = 1; index <= session.list.Count() && report.Continue(); ++index) {
+    const std::string& path = session.list.Row(index).location;
+    if (const FileOutcome error = DeleteFile(*session.files, changes, path, arguments)) {
+      Json paths;
+      AddPath(paths, "path", path);
+      report.Failed(paths, path, *error, ReasonOf(*error, arguments.forGood));
+    } else {
+      report.Deleted(path);
+    }
+  }
+  report.Summary("deleted", SummaryLines(report, arguments.forGood), Json::object());
+  return report.Status(complete);
+}
+
+}  // namespace quillon::cli

@@ -1,0 +1,91 @@
+#include <memory>
+
+#include "cli/BatchReport.h"
+#include "cli/Commands.h"
+#include "filelist/paths/basFileControl.h"
+#include "fileops/FileOperations.h"
+#include "platform/Program.h"
+#include "rename/PlannedChanges.h"
+
+namespace quillon::cli {
+namespace {
+
+std::vector<std::string> SummaryLines(const BatchReport& report, const NotKept& notKept) {
+  std::vector<std::string> lines = {std::to_string(report.Done()) + " 個のファイルの移動が完了しました"};
+  if (report.FailureCount() > 0) {
+    lines.push_back(std::to_string(report.FailureCount()) + " 個のファイルが移動できませんでした");
+  }
+  if (notKept.Any()) lines.push_back(NotKeptText(notKept));
+  return lines;
+}
+
+Json NotKeptFields(const NotKept& notKept) {
+  Json fields = Json::array();
+  if (notKept.times) fields.push_back("times");
+  if (notKept.accessRights) fields.push_back("access_rights");
+  if (notKept.attributes) fields.push_back("attributes");
+  return Json{{"not_kept", fields}};
+}
+
+// What is wrong with the folder that the files are to go to; empty when they can.
+std::string ComplaintAboutTarget(FileReads& files, const std::string& folder) {
+  if (folder.empty()) return "移動先のフォルダを指定してください";
+  const Result<FileStatus, FileError> target = files.Status(folder);
+  const bool forbidden = !target && target.Failure().number == file_error::kAccess;
+  if (forbidden) return "移動先にアクセスできません: " + folder;
+  if (!target || target->kind == FileStatus::Kind::kAbsent) return "移動先のフォルダがありません: " + folder;
+  return target->kind == FileStatus::Kind::kFolder ? "" : "移動先がフォルダではありません: " + folder;
+}
+
+// The message's reason, and where the file was left.
+std::string ReasonOf(const FileError& error) {
+  const std::string reason = MoveReason(error);
+  const std::string leftAt = LeftAtText(error);
+  const std::string words = error.description.empty() ? "" : " (" + error.description + ")";
+  const std::string known = reason.empty() ? "ファイルが移動できませんでした" + words : reason;
+  return leftAt.empty() ? known : known + "。" + leftAt;
+}
+
+void ReportFailure(BatchReport& report, const std::string& from, const std::string& to, const FileError& error) {
+  Json paths;
+  AddPath(paths, "old", from);
+  AddPath(paths, "new", to);
+  report.Failed(paths, from, error, ReasonOf(error));
+}
+
+}  // namespace
+
+int RunMove(const MoveArguments& arguments) {
+  Session session({});
+  const std::string target = FullPath(arguments.to);
+  if (const std::string complaint = ComplaintAboutTarget(*session.files, target); !complaint.empty()) {
+    Complain(complaint);
+    return kBadUsage;
+  }
+  const bool complete = session.Load(arguments.selection);
+  if (session.list.Count() == 0) return kNothingLoaded;
+
+  const std::unique_ptr<FileChanges> disk = MakeFileChanges();
+  PlannedChanges plan(*session.files);
+  FileChanges& changes = arguments.apply ? *disk : static_cast<FileChanges&>(plan);
+  FileMover mover(session.list, *session.files, changes, session.console);
+  const std::string folder = WithTrailingSeparator(target);
+  CatchInterruption();
+  BatchReport report(arguments.apply, arguments.json);
+  NotKept notKept;
+  changes.RemoveLeftovers(folder);
+  for (int index = 1; index <= session.list.Count() && report.Continue(); ++index) {
+    const std::string from = session.list.Row(index).location;
+    const std::string to = mover.Target(index, folder);
+    if (const MoveOutcome outcome = mover.Move(index, folder)) {
+      notKept.Add(*outcome);
+      report.Moved(from, to, outcome->Any() ? NotKeptFields(*outcome) : Json::object());
+    } else {
+      ReportFailure(report, from, to, outcome.Failure());
+    }
+  }
+  report.Summary("moved", SummaryLines(report, notKept), NotKeptFields(notKept));
+  return report.Status(complete);
+}
+
+}  // namespace quillon::cli

@@ -1,0 +1,120 @@
+#include "platform/linux/CopyAttributes.h"
+
+#include <linux/posix_acl.h>
+#include <linux/posix_acl_xattr.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace quillon {
+namespace {
+
+constexpr const char* kAccessList = "system.posix_acl_access";
+constexpr mode_t kGroupBits = 070;
+constexpr mode_t kOtherBits = 07;
+// Whether a file may be executed is no secret: volumes without permissions grant it to everybody.
+constexpr mode_t kReadAndWriteBits = 0666;
+
+// True for the errors that say that there is none, not that it cannot be read.
+bool SaysNone(int number) {
+  return number == ENODATA || number == EOPNOTSUPP;
+}
+
+// What `read` (a call that takes a buffer and its size, or no buffer to learn the size) gives; nullopt with errno set.
+template <class Read>
+std::optional<std::vector<char>> ReadSized(Read read) {
+  const ssize_t length = read(nullptr, 0);
+  if (length < 0) return std::nullopt;
+  std::vector<char> bytes(static_cast<std::size_t>(length));
+  if (bytes.empty()) return bytes;
+  const ssize_t got = read(bytes.data(), bytes.size());
+  if (got < 0) return std::nullopt;
+  bytes.resize(static_cast<std::size_t>(got));
+  return bytes;
+}
+
+std::optional<std::vector<char>> Attribute(int file, const char* name) {
+  return ReadSized([&](char* bytes, std::size_t size) { return ::fgetxattr(file, name, bytes, size); });
+}
+
+std::optional<std::vector<char>> AttributeNames(int file) {
+  return ReadSized([&](char* bytes, std::size_t size) { return ::flistxattr(file, bytes, size); });
+}
+
+// Only what a user has put there is missed: the system's own attributes are the volume's business.
+bool CopyExtendedAttributes(int from, int to) {
+  const std::optional<std::vector<char>> names = AttributeNames(from);
+  if (!names) return SaysNone(errno);
+  bool complete = true;
+  for (std::size_t start = 0; start < names->size();) {
+    const char* const name = names->data() + start;
+    const std::string_view text(name);
+    start += text.size() + 1;
+    if (text == kAccessList) continue;
+    const std::optional<std::vector<char>> value = Attribute(from, name);
+    const bool copied = value && ::fsetxattr(to, name, value->data(), value->size(), 0) == 0;
+    if (!copied && text.starts_with("user.")) complete = false;
+  }
+  return complete;
+}
+
+// What the list grants the owning group, as the group's bits of a mode.
+mode_t OwningGroupBits(const std::vector<char>& list) {
+  unsigned group = 0;
+  unsigned mask = 7;
+  for (std::size_t at = sizeof(posix_acl_xattr_header); at + sizeof(posix_acl_xattr_entry) <= list.size();
+       at += sizeof(posix_acl_xattr_entry)) {
+    posix_acl_xattr_entry entry = {};
+    std::memcpy(&entry, list.data() + at, sizeof entry);
+    if (entry.e_tag == ACL_GROUP_OBJ) group = entry.e_perm;
+    if (entry.e_tag == ACL_MASK) mask = entry.e_perm;
+  }
+  return static_cast<mode_t>((group & mask) << 3u);
+}
+
+// Gives `to` the list of `from`, which is `list`, or no list where `from` has none.
+bool CopyAccessList(const std::optional<std::vector<char>>& list, int to) {
+  if (list) return ::fsetxattr(to, kAccessList, list->data(), list->size(), 0) == 0;
+  return ::fremovexattr(to, kAccessList) == 0 || SaysNone(errno);
+}
+
+// True when the access rights are kept, or nobody has got more of them.
+bool CopyAccessRights(int from, int to, const struct stat& source, bool sameOwner) {
+  const std::optional<std::vector<char>> list = Attribute(from, kAccessList);
+  const bool listKnown = list || SaysNone(errno);
+  const bool listKept = listKnown && CopyAccessList(list, to);
+  mode_t mode = source.st_mode & (sameOwner ? 07777u : 0777u);
+  // With a list, the group's bits of the mode are what the list grants to others at most.
+  if (!listKept) mode = (mode & ~kGroupBits) | OwningGroupBits(list.value_or(std::vector<char>()));
+  struct stat now = {};
+  const bool sameGroup = ::fstat(to, &now) == 0 && now.st_gid == source.st_gid;
+  // Another group gets no more than everybody.
+  if (!sameGroup) mode &= ~kGroupBits | (mode & kOtherBits) << 3u;
+  const bool known = ::fchmod(to, mode) == 0 || errno == EPERM || errno == EOPNOTSUPP;
+  if (!known || ::fstat(to, &now) != 0) return false;
+  return listKept && (now.st_mode & ~mode & kReadAndWriteBits) == 0;
+}
+
+}  // namespace
+
+NotKept CopyAttributes(int from, int to, const struct stat& source) {
+  NotKept notKept;
+  // The owner comes first: giving a file away takes some of its attributes and permissions.
+  const bool sameOwner = ::fchown(to, source.st_uid, source.st_gid) == 0;
+  if (!sameOwner) [[maybe_unused]]
+    const int given = ::fchown(to, static_cast<uid_t>(-1), source.st_gid);
+  notKept.attributes = !CopyExtendedAttributes(from, to);
+  notKept.accessRights = !CopyAccessRights(from, to, source, sameOwner);
+  const std::array<timespec, 2> times = {source.st_atim, source.st_mtim};
+  notKept.times = ::futimens(to, times.data()) != 0;
+  return notKept;
+}
+
+}  // namespace quillon
