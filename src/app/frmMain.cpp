@@ -8,9 +8,9 @@
 #include <wx/utils.h>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
-#include "base/Finally.h"
 #include "controls/AlwaysOnTop.h"
 #include "controls/DialogPattern.h"
 #include "controls/Pictures.h"
@@ -133,11 +133,15 @@ void frmMain::NameControls() {
 
 void frmMain::Start(const std::vector<std::string>& paths) {
   started_ = std::chrono::steady_clock::now();
-  const Finally shown([this] {
-    ShowLaidOut();
-    lvwFiles_->Window().SetFocus();
-  });
-  app_->LoadPaths(paths);
+  std::exception_ptr unexpected;
+  try {
+    app_->LoadPaths(paths);
+  } catch (...) {
+    unexpected = std::current_exception();  // told over the window, which must be there for it
+  }
+  ShowLaidOut();
+  lvwFiles_->Window().SetFocus();
+  if (unexpected) std::rethrow_exception(unexpected);
 }
 
 // A load from the command line that lasts shows the window, so that there is something to look at.

@@ -35,6 +35,11 @@ class _Record(unittest.TestResult):
 
     addError = addFailure  # noqa: N815
 
+    def addSubTest(self, test, subtest, err):  # noqa: N802
+        super().addSubTest(test, subtest, err)
+        if err is not None:
+            self._add(subtest, failure="".join(traceback.format_exception(*err)))
+
     def addSkip(self, test, reason):  # noqa: N802
         self._add(test, skipped=reason)
 

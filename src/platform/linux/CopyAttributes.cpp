@@ -85,7 +85,14 @@ bool CopyAccessList(const std::optional<std::vector<char>>& list, int to) {
   return ::fremovexattr(to, kAccessList) == 0 || SaysNone(errno);
 }
 
-// True when the access rights are kept, or nobody has got more of them.
+// True when owner and group are the source's; else the group alone, if the system allows that.
+bool CopyOwner(int to, const struct stat& source) {
+  if (::fchown(to, source.st_uid, source.st_gid) == 0) return true;
+  [[maybe_unused]] const int given = ::fchown(to, static_cast<uid_t>(-1), source.st_gid);
+  return false;
+}
+
+// True when owner and access rights are kept, or nobody has got more of them.
 bool CopyAccessRights(int from, int to, const struct stat& source, bool sameOwner) {
   const std::optional<std::vector<char>> list = Attribute(from, kAccessList);
   const bool listKnown = list || SaysNone(errno);
@@ -104,14 +111,18 @@ bool CopyAccessRights(int from, int to, const struct stat& source, bool sameOwne
 
 }  // namespace
 
+bool CopyOwnerAndAccess(int from, int to, const struct stat& source) {
+  return CopyAccessRights(from, to, source, CopyOwner(to, source));
+}
+
 NotKept CopyAttributes(int from, int to, const struct stat& source) {
   NotKept notKept;
-  // The owner comes first: giving a file away takes some of its attributes and permissions.
-  const bool sameOwner = ::fchown(to, source.st_uid, source.st_gid) == 0;
-  if (!sameOwner) [[maybe_unused]]
-    const int given = ::fchown(to, static_cast<uid_t>(-1), source.st_gid);
+  // Giving a file away takes some of its attributes and permissions, and a read-only file takes no attributes.
+  const bool sameOwner = CopyOwner(to, source);
   notKept.attributes = !CopyExtendedAttributes(from, to);
-  notKept.accessRights = !CopyAccessRights(from, to, source, sameOwner);
+  struct stat now = {};
+  const bool ownerKept = ::fstat(to, &now) == 0 && now.st_uid == source.st_uid;
+  notKept.accessRights = !CopyAccessRights(from, to, source, sameOwner) || !ownerKept;
   const std::array<timespec, 2> times = {source.st_atim, source.st_mtim};
   notKept.times = ::futimens(to, times.data()) != 0;
   return notKept;

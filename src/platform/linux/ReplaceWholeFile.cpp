@@ -9,6 +9,7 @@
 #include "platform/ReplaceContent.h"
 #include "platform/TemporaryMark.h"
 #include "platform/WholeFile.h"
+#include "platform/linux/CopyAttributes.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/FlushFolder.h"
 #include "platform/linux/SystemError.h"
@@ -37,11 +38,14 @@ Result<std::string, FileError> BehindLinks(std::string path) {
   return ErrorOf(ELOOP);
 }
 
-// The owner only as far as the system lets us give files away; the permissions always.
-bool TakePermissions(int file, const struct stat& old) {
-  const bool sameOwner = ::fchown(file, old.st_uid, old.st_gid) == 0;
-  const mode_t withoutOwner = old.st_mode & 0777u;
-  return ::fchmod(file, sameOwner ? old.st_mode & 07777u : withoutOwner) == 0;
+// True when nobody has got more rights than he had, and owner and others have no fewer. False with errno set.
+bool TakePermissions(int from, int to, const struct stat& old) {
+  constexpr mode_t kOwnerAndOthers = 0707;
+  struct stat now = {};
+  if (!CopyOwnerAndAccess(from, to, old) || ::fstat(to, &now) != 0) return false;
+  if (((now.st_mode ^ old.st_mode) & kOwnerAndOthers) == 0) return true;
+  errno = EPERM;
+  return false;
 }
 
 class LinuxReplaceSteps final : public ReplaceSteps {
@@ -54,15 +58,16 @@ class LinuxReplaceSteps final : public ReplaceSteps {
   }
 
   FileOutcome Write(const std::string& temporary, std::string_view bytes, const std::string& path) override {
-    struct stat old = {};
-    const bool exists = ::stat(path.c_str(), &old) == 0;
-    if (!exists && errno != ENOENT) return ErrorOf(errno);
+    struct stat status = {};
+    const Descriptor old(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    const bool exists = old.Open() && ::fstat(old.Number(), &status) == 0;
+    if (!exists && (old.Open() || errno != ENOENT)) return ErrorOf(errno);
     if (FileOutcome failed = Mark(temporary)) return failed;
     // What was private stays so while it is written, too.
     const mode_t mode = exists ? 0600 : 0666;
     Descriptor file(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
     if (!file.Open()) return ErrorOf(errno);
-    const bool permitted = !exists || TakePermissions(file.Number(), old);
+    const bool permitted = !exists || TakePermissions(old.Number(), file.Number(), status);
     if (permitted && WriteAll(file.Number(), bytes) && ::fsync(file.Number()) == 0 && file.Close()) return std::nullopt;
     const int failure = errno;
     ::unlink(temporary.c_str());

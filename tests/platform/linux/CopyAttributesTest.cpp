@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/WholeFile.h"
 #include "platform/linux/ChildProcess.h"
 #include "platform/linux/CopyAttributes.h"
 #include "platform/linux/Descriptor.h"
@@ -146,6 +147,14 @@ TEST_F(CopiedAttributes, OfAUserAreKeptOrTold) {
   EXPECT_EQ(result, 0);
 }
 
+TEST_F(CopiedAttributes, AFileThatIsReplacedWholeKeepsItsAccessList) {
+  const std::string list = ListOf(0, 6);
+  if (!SetAttribute(from_, kAccessList, list)) GTEST_SKIP() << kNoLists;
+  EXPECT_EQ(ReplaceWholeFile(from_, "new"), std::nullopt);
+  EXPECT_EQ(Attribute(from_, kAccessList), list);
+  EXPECT_EQ(ModeOf(from_), 0660U);
+}
+
 // As a volume answers that keeps one mode and one time for all files.
 TEST_F(CopiedAttributes, TimesAndPermissionsThatCannotBeSetAreTold) {
   if (::geteuid() != 0) GTEST_SKIP() << "a file of somebody else can only be made by root";
@@ -163,10 +172,10 @@ TEST_F(CopiedAttributes, TimesAndPermissionsThatCannotBeSetAreTold) {
   }
 }
 
-TEST_F(CopiedAttributes, TheRightToActAsTheOwnerGoesWithTheOwner) {
+TEST_F(CopiedAttributes, ALostOwnerIsToldAndTheRightToActAsHimGoesToo) {
   if (::geteuid() != 0) GTEST_SKIP() << "a file of somebody else can only be made by root";
   ASSERT_EQ(::chmod(from_.c_str(), 06755), 0);
-  EXPECT_EQ(RunAsOrdinaryUser([&] { return Copy(from_, to_) == NotKept() ? 0 : 1; }), 0);
+  EXPECT_EQ(RunAsOrdinaryUser([&] { return Copy(from_, to_) == NotKept{.accessRights = true} ? 0 : 1; }), 0);
   EXPECT_EQ(ModeOf(to_), 0755U);
   EXPECT_EQ(Copy(from_, folder_.At("kept")), NotKept());
   EXPECT_EQ(ModeOf(folder_.At("kept")), 06755U);
