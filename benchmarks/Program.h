@@ -35,6 +35,7 @@ class Nobody final : public MessageBoxes,
   void SetPointer(Pointer) override {}
   void SetEnabled(bool) override {}
   void FocusList() override {}
+  void ScrollToRow(int) override {}
   void ReleaseFile(const std::string&) override {}
   void Stop() override {}
   void Choose(const std::string&) override {}
@@ -60,7 +61,7 @@ struct Program {
   std::unique_ptr<FileReads> files = MakeFileReads();
   std::unique_ptr<FileChanges> disk = MakeFileChanges();
   FileLoader loader{list, options, mode, {*files, nobody, nobody, nobody, nobody, nobody, nobody, nobody, nobody}};
-  RenameEngine engine{list, options, mode, {*disk, nobody, nobody, nobody, nobody}};
+  RenameEngine engine{list, options, mode, {*files, *disk, nobody, nobody, nobody, nobody}};
   TitleRename titles{list, options, mode, engine, nobody, nobody, nobody, nobody};
 };
 

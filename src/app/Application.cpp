@@ -30,7 +30,7 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
               {ports_.files, ports_.boxes, ports_.pending, passedOver_, ports_.loading, ports_.folders, status_, *this,
                player_},
               style),
-      engine_(list_, options_, mode_, {ports_.disk, ports_.boxes, *this, ports_.window, player_}, style),
+      engine_(list_, options_, mode_, {ports_.files, ports_.disk, ports_.boxes, *this, ports_.window, player_}, style),
       titles_(list_, options_, mode_, engine_, regex_, ports_.pending, ports_.window, ports_.boxes),
       editing_(list_, options_, mode_, engine_, titles_, {ports_.renameBox, ports_.boxes, *this, player_, status_},
                style),
@@ -199,7 +199,7 @@ void Application::ShowRow(int index) {
   player_.Choose(list_.Row(index).location);
   information_.ShowRow(index);
   status_.ShowSelection(std::string(FileName(list_.Row(index).location, style_)));
-  ports_.main.ScrollToRow(index);
+  ports_.window.ScrollToRow(index);
 }
 
 void Application::ShowFileName(const std::string& path) {
@@ -233,7 +233,7 @@ void Application::HeaderClicked(Column column) {
   Run([&] {
     if (!editing_.MayLeaveRow()) return;
     list_.Sort(column);
-    if (const int selected = list_.SelectedIndex(); selected != 0) ports_.main.ScrollToRow(selected);
+    if (const int selected = list_.SelectedIndex(); selected != 0) ports_.window.ScrollToRow(selected);
   });
 }
 

@@ -33,8 +33,6 @@ namespace quillon {
 class MainWindow {
  public:
   virtual ~MainWindow() = default;
-  /// Brings the row into view; the keyboard goes on from there.
-  virtual void ScrollToRow(int index) = 0;
   virtual void EditLabel(int index) = 0;
   /// Files picked in the open-file dialog; empty when it was cancelled.
   [[nodiscard]] virtual std::vector<std::string> ChooseFiles(const std::string& title,

@@ -22,8 +22,17 @@ void PassedOverPaths::End() {
   status_.ShowAgain();
 }
 
+PassedOverPaths::Paths& PassedOverPaths::Of(Obstacle obstacle) {
+  switch (obstacle) {
+    case Obstacle::kTooDeep: return tooDeep_;
+    case Obstacle::kGone: return gone_;
+    case Obstacle::kNoAccess: break;
+  }
+  return noAccess_;
+}
+
 void PassedOverPaths::PassedOver(const std::string& path, Obstacle obstacle) {
-  Paths& paths = obstacle == Obstacle::kTooDeep ? tooDeep_ : noAccess_;
+  Paths& paths = Of(obstacle);
   ++paths.count;
   if (paths.named.size() < kMostNamed) paths.named.push_back(ShortenPath(path, kLongestNamed));
   display_.PassedOver(path, obstacle);
@@ -38,11 +47,14 @@ std::string PassedOverPaths::Text(const Paths& paths, const char* what) {
 }
 
 void PassedOverPaths::Tell(MessageBoxes& boxes) {
-  std::string text =
-      Text(std::exchange(noAccess_, {}), " 個のフォルダ または ファイルにアクセスできないため、読み込みませんでした");
-  const std::string deep = Text(std::exchange(tooDeep_, {}), " 個のフォルダは階層が深すぎるため、読み込みませんでした");
-  if (!text.empty() && !deep.empty()) text += "\r\n\r\n";
-  text += deep;
+  std::string text;
+  for (const std::string& part :
+       {Text(std::exchange(noAccess_, {}), " 個のフォルダ または ファイルにアクセスできないため、読み込みませんでした"),
+        Text(std::exchange(tooDeep_, {}), " 個のフォルダは階層が深すぎるため、読み込みませんでした"),
+        Text(std::exchange(gone_, {}), " 個のファイルは途中でなくなったため、読み込みませんでした")}) {
+    if (!text.empty() && !part.empty()) text += "\r\n\r\n";
+    text += part;
+  }
   if (!text.empty()) boxes.Show({"フォルダ参照", text, MessageIcon::kExclamation});
 }
 

@@ -28,12 +28,14 @@ class PassedOverPaths final : public SearchDisplay {
     int count = 0;
     std::vector<std::string> named;
   };
+  Paths& Of(Obstacle obstacle);
   static std::string Text(const Paths& paths, const char* what);
 
   SearchDisplay& display_;
   SelectionStatus& status_;
   Paths noAccess_;
   Paths tooDeep_;
+  Paths gone_;
 };
 
 }  // namespace quillon

@@ -66,6 +66,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths)
       disk_(MakeFileChanges()),
       frmWait_(this) {
   SetName("frmMain");
+  SetExtraStyle(GetExtraStyle() | wxTOPLEVEL_EX_DIALOG);  // for GTK: its close button is heard over a dialog, too
   SetIcons(ProgramIcons());
   MakeMenus();
   MakeToolBar();
@@ -222,9 +223,7 @@ void frmMain::KeepSettings() {
 }
 
 void frmMain::OnClose(wxCloseEvent& event) {
-  if (app_->IsRunning() && event.CanVeto()) {
-    closeWanted_ = !answering_;  // a message box that is open is answered first, and the user asks again
-    app_->CancelLoad();
+  if (event.CanVeto() && StaysOpen()) {
     event.Veto();
     return;
   }
@@ -237,6 +236,15 @@ void frmMain::OnClose(wxCloseEvent& event) {
   Destroy();
 }
 
+// A command that runs is ended first, and the window closes after it; a dialog is answered, and the user asks again.
+bool frmMain::StaysOpen() {
+  const bool dialog = TopmostDialog(nullptr) != nullptr;
+  if (!dialog && !app_->IsRunning()) return false;
+  closeWanted_ = boxes_.StopBatch() || (!dialog && !answering_);
+  app_->CancelLoad();
+  return true;
+}
+
 void frmMain::Quit() {
   CallAfter([this] { Close(); });
 }
@@ -244,10 +252,6 @@ void frmMain::Quit() {
 void frmMain::EndAtOnce() {
   saves_ = false;
   CallAfter([this] { Close(); });
-}
-
-void frmMain::ScrollToRow(int index) {
-  lvwFiles_->ShowRow(index);
 }
 
 std::vector<std::string> frmMain::ChooseFiles(const std::string& title, const std::vector<FileDialogFilter>& filters,

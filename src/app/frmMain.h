@@ -55,7 +55,6 @@ class frmMain final : public wxFrame,
 
  private:
   // MainWindow
-  void ScrollToRow(int index) override;
   void EditLabel(int index) override { lvwFiles_->EditLabel(index); }
   [[nodiscard]] std::vector<std::string> ChooseFiles(const std::string& title,
                                                      const std::vector<FileDialogFilter>& filters,
@@ -72,6 +71,7 @@ class frmMain final : public wxFrame,
   void SetPointer(Pointer pointer) override;
   void SetEnabled(bool enabled) override { Enable(enabled); }
   void FocusList() override { lvwFiles_->Window().SetFocus(); }
+  void ScrollToRow(int index) override { lvwFiles_->ShowRow(index); }
   // StatusPanels
   void SetPlayerText(const std::string& text) override;
   void SetModeText(const std::string& text) override;
@@ -97,6 +97,7 @@ class frmMain final : public wxFrame,
   bool UseListKey(const wxKeyEvent& event);
   void OnStatusBarClick(wxMouseEvent& event);
   void OnClose(wxCloseEvent& event);
+  [[nodiscard]] bool StaysOpen();
   void ScheduleUpdate();
   void UpdateCounts();
   void UpdateCommands();

@@ -18,11 +18,29 @@ struct Message {
   bool operator==(const Message&) const = default;
 };
 
+/// What is told of a file whose rename or move has failed.
+struct FailureMessage {
+  Message message;
+  std::string details = {};   ///< shown on demand: the paths and what the system said; lines end with "\r\n"
+  bool inBatch = false;  ///< more may fail: the box offers to tell no more of them
+};
+
+enum class FailureAnswer {
+  kTold,
+  kTellNoMore,  ///< for the rest of this batch
+  kStop,        ///< nobody waits for the batch any more
+};
+
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;
   /// Shows the box and waits. True for OK and Yes; false for Cancel, No and a closed box.
   virtual bool Show(const Message& message) = 0;
+  /// The same for a failure. Without a window it is told like any message.
+  virtual FailureAnswer ShowFailure(const FailureMessage& failure) {
+    Show(failure.message);
+    return FailureAnswer::kTold;
+  }
 };
 
 class PendingMessages {

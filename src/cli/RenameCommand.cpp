@@ -107,8 +107,8 @@ int RunRename(const RenameArguments& arguments) {
   PlannedChanges plan(*session.files);
   SilentBoxes boxes;  // the reporter tells the failures and the summary
   RenameEngine engine(session.list, session.options, session.mode,
-                      {arguments.apply ? *disk : static_cast<FileChanges&>(plan), boxes, session.console,
-                       session.console, session.console});
+                      {*session.files, arguments.apply ? *disk : static_cast<FileChanges&>(plan), boxes,
+                       session.console, session.console, session.console});
   EditNames(arguments, session, engine);
 
   CatchInterruption();

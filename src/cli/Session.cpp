@@ -14,6 +14,15 @@ std::string WithoutLineBreaks(std::string text) {
   return text;
 }
 
+const char* ReasonOf(Obstacle obstacle) {
+  switch (obstacle) {
+    case Obstacle::kTooDeep: return "階層が深すぎます";
+    case Obstacle::kGone: return "ファイルがなくなりました";
+    case Obstacle::kNoAccess: break;
+  }
+  return "アクセスできません";
+}
+
 }  // namespace
 
 bool Console::Show(const Message& message) {
@@ -27,8 +36,7 @@ bool Console::Show(const Message& message) {
 
 void Console::PassedOver(const std::string& path, Obstacle obstacle) {
   passedOver_ = true;
-  const std::string reason = obstacle == Obstacle::kTooDeep ? "階層が深すぎます" : "アクセスできません";
-  Complain("フォルダ参照: " + reason + ": " + path);
+  Complain("フォルダ参照: " + std::string(ReasonOf(obstacle)) + ": " + path);
 }
 
 Session::Session(OptionValues initial)

@@ -37,6 +37,7 @@ class Console final : public MessageBoxes,
   void SetPointer(Pointer) override {}
   void SetEnabled(bool) override {}
   void FocusList() override {}
+  void ScrollToRow(int) override {}
   void ReleaseFile(const std::string&) override {}
   void Stop() override {}
   void Choose(const std::string&) override {}

@@ -12,6 +12,15 @@ namespace {
 constexpr const char* kCaption = "フォルダ参照";
 constexpr const char* kDone = "% 完了しました";
 
+// Why a load goes on without the file; nullopt for an error that ends it.
+std::optional<Obstacle> ObstacleOf(const FileError& error) {
+  switch (error.number) {
+    case file_error::kAccess: return Obstacle::kNoAccess;
+    case file_error::kNotFound: return Obstacle::kGone;
+    default: return std::nullopt;
+  }
+}
+
 std::string Percent(std::size_t done, std::size_t all) {
   return "  " + std::to_string(done * 100 / all) + kDone;
 }
@@ -132,8 +141,8 @@ std::optional<FileError> FileLoader::AddFound(std::vector<std::string> paths) {
       Result<FileItem, FileError> row = MakeRow(path);
       if (row) {
         list_.Add(std::move(*row));
-      } else if (row.Failure().number == file_error::kAccess) {
-        ports_.search.PassedOver(path, Obstacle::kNoAccess);
+      } else if (const std::optional<Obstacle> obstacle = ObstacleOf(row.Failure())) {
+        ports_.search.PassedOver(path, *obstacle);
       } else {
         return row.Failure();
       }
@@ -240,7 +249,7 @@ std::size_t FileLoader::AddEach(const std::vector<std::string>& paths) {
     } else if (Result<FileItem, FileError> row = MakeRow(path)) {
       list_.Add(std::move(*row));
     } else {
-      ports_.search.PassedOver(path, Obstacle::kNoAccess);
+      ports_.search.PassedOver(path, ObstacleOf(row.Failure()).value_or(Obstacle::kNoAccess));
     }
     ++done;
     if (throttle.Due() || done == paths.size()) ports_.progress.Update(Percent(done, paths.size()), "");
@@ -261,10 +270,12 @@ void FileLoader::mnuReload() {
                           MessageIcon::kQuestion, MessageButtons::kOkCancel})) {
     return;
   }
+  cancelled_ = false;
   ports_.player.Stop();
   ResetPanels();
   ReadRowsAnew();
   ShowFirstRow();
+  if (cancelled_) return;  // the window is about to close
   RereadApplyMode(mode_, options_, ports_.boxes);
   ports_.panels.SetModeText(ApplyModeText(mode_));
 }
@@ -277,7 +288,7 @@ void FileLoader::ReadRowsAnew() {
   Throttle throttle(progressInterval_);
   const int count = list_.Count();
   std::vector<bool> missing(static_cast<std::size_t>(count) + 1);
-  for (int index = 1; index <= count; ++index) {
+  for (int index = 1; index <= count && !cancelled_; ++index) {
     ports_.pending.Process();
     Result<FileItem, FileError> row = MakeRow(list_.Row(index).location);
     if (row) {

@@ -36,6 +36,8 @@ class WindowState {
   virtual void SetPointer(Pointer pointer) = 0;
   virtual void SetEnabled(bool enabled) = 0;
   virtual void FocusList() = 0;
+  /// Brings the row into view; the keyboard goes on from there.
+  virtual void ScrollToRow(int index) = 0;
 };
 
 /// What the list's commands need of the player.
@@ -76,6 +78,7 @@ class ProgressDisplay {
 enum class Obstacle {
   kNoAccess,  ///< a folder that cannot be read, or a file that may not be looked at
   kTooDeep,   ///< a folder further down than a search goes
+  kGone,      ///< a file that was found and is no longer there
 };
 
 /// The progress window of a folder search, and the busy pointer for as long as the search lasts.

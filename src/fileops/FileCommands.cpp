@@ -1,6 +1,7 @@
 #include "fileops/FileCommands.h"
 
 #include "base/Finally.h"
+#include "filelist/FailureDetails.h"
 #include "filelist/paths/basFileControl.h"
 
 namespace quillon {
@@ -76,28 +77,59 @@ std::optional<std::string> FileCommands::ChooseTarget() {
   return options_.system.movePath;
 }
 
-// Adds to `notKept` what the move could not keep.
-bool FileCommands::MoveRow(int index, const std::string& folder, NotKept& notKept) {
+bool FileCommands::MoveRow(int index, const std::string& folder, Batch& batch) {
+  const std::string from = list_.Row(index).location;
   const std::string to = mover_.Target(index, folder);
   const MoveOutcome outcome = mover_.Move(index, folder);
   if (outcome) {
-    notKept.Add(*outcome);
+    batch.notKept.Add(*outcome);
     if (options_.move.remainList == 1) mover_.Follow(index, to);
-  } else {
-    ReportMove(outcome.Failure());
   }
   const bool follows = outcome ? options_.move.remainList == 1 : outcome.Failure().number == file_error::kStranded;
   if (follows && list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(list_.Row(index).location);
+  if (!outcome && batch.tells) ReportMove(index, from, to, outcome.Failure(), batch);
   return outcome.Ok();
 }
 
-void FileCommands::ReportMove(const FileError& error) {
+void FileCommands::ReportMove(int index, const std::string& from, const std::string& to, const FileError& error,
+                              Batch& batch) {
+  if (batch.several) ShowFailedRow(index, batch);
   const std::string reason = MoveReason(error);
   const std::string leftAt = LeftAtText(error);
-  ports_.boxes.Show({kMoveCaption,
-                     (reason.empty() ? "" : reason + "\r\n") + "ファイルが移動できませんでした" +
-                         (leftAt.empty() ? "" : "\r\n\r\n" + leftAt),
-                     reason.empty() ? MessageIcon::kStop : MessageIcon::kExclamation});
+  const FailureAnswer answer =
+      ports_.boxes.ShowFailure({{kMoveCaption,
+                                 (reason.empty() ? "" : reason + "\r\n") + "ファイルが移動できませんでした" +
+                                     (leftAt.empty() ? "" : "\r\n\r\n" + leftAt),
+                                 reason.empty() ? MessageIcon::kStop : MessageIcon::kExclamation},
+                                FailureDetails(ports_.files, from, to, error, style_),
+                                batch.several});
+  batch.tells = answer != FailureAnswer::kTellNoMore;
+  batch.abandoned = answer == FailureAnswer::kStop;
+}
+
+// The box stands beside the row that it is about.
+void FileCommands::ShowFailedRow(int index, Batch& batch) {
+  if (!batch.selected) {
+    batch.selected.emplace(static_cast<std::size_t>(list_.Count()) + 1);
+    for (int row = 1; row <= list_.Count(); ++row) {
+      (*batch.selected)[static_cast<std::size_t>(row)] = list_.Row(row).selected;
+    }
+  }
+  list_.SelectOnly(index);
+  ports_.filePanel.ShowRow(index);
+  ports_.window.ScrollToRow(index);
+}
+
+void FileCommands::SelectAgain(const Batch& batch) {
+  if (!batch.selected) return;
+  for (int row = 1; row <= list_.Count(); ++row) {
+    list_.SetSelected(row, (*batch.selected)[static_cast<std::size_t>(row)]);
+  }
+  if (const int selected = list_.SelectedIndex(); selected != 0) {
+    ports_.filePanel.ShowRow(selected);
+  } else {
+    ports_.filePanel.Reset();
+  }
 }
 
 void FileCommands::ReportNotKept(const NotKept& notKept) {
@@ -113,13 +145,13 @@ void FileCommands::mnuThisMove() {
   const int selected = list_.SelectedIndex();
   if (selected == 0) return;
   const std::optional<std::string> folder = ChooseTarget();
-  NotKept notKept;
-  if (!folder || !MoveRow(selected, *folder, notKept)) return;
+  Batch batch;
+  if (!folder || !MoveRow(selected, *folder, batch)) return;
   std::vector<bool> moved(static_cast<std::size_t>(list_.Count()) + 1);
   moved[static_cast<std::size_t>(selected)] = true;
   DropMovedRows(moved);
   ports_.boxes.Show({kMoveCaption, *folder + "\r\n\r\nファイルの移動が完了しました", MessageIcon::kInformation});
-  ReportNotKept(notKept);
+  ReportNotKept(batch.notKept);
 }
 
 void FileCommands::mnuAllMove() {
@@ -134,15 +166,17 @@ void FileCommands::MoveBatch(bool allItems) {
   if (allItems ? list_.Count() == 0 : list_.CheckedCount() == 0) return;
   const std::optional<std::string> folder = ChooseTarget();
   if (!folder) return;
-  NotKept notKept;
-  const int count = MoveRows(allItems, *folder, notKept);
+  Batch batch;
+  batch.several = true;
+  const int count = MoveRows(allItems, *folder, batch);
+  if (batch.abandoned) return;
   ports_.boxes.Show(
       {kMoveCaption, std::to_string(count) + " 個のファイルの移動が完了しました", MessageIcon::kInformation});
-  ReportNotKept(notKept);
+  ReportNotKept(batch.notKept);
 }
 
 // How many rows' files were moved.
-int FileCommands::MoveRows(bool allItems, const std::string& folder, NotKept& notKept) {
+int FileCommands::MoveRows(bool allItems, const std::string& folder, Batch& batch) {
   ports_.window.SetPointer(Pointer::kHourglass);
   ports_.window.SetEnabled(false);
   const Finally answering([this] {
@@ -150,11 +184,14 @@ int FileCommands::MoveRows(bool allItems, const std::string& folder, NotKept& no
     ports_.window.SetEnabled(true);
   });
   std::vector<bool> moved(static_cast<std::size_t>(list_.Count()) + 1);
-  const Finally dropping([&] { DropMovedRows(moved); });  // what was moved leaves, whatever ends the batch
+  const Finally dropping([&] {  // what was moved leaves, whatever ends the batch
+    SelectAgain(batch);
+    DropMovedRows(moved);
+  });
   int count = 0;
-  for (int index = 1; index <= list_.Count(); ++index) {
+  for (int index = 1; index <= list_.Count() && !batch.abandoned; ++index) {
     if (!allItems && !list_.Row(index).checked) continue;
-    if (!MoveRow(index, folder, notKept)) continue;
+    if (!MoveRow(index, folder, batch)) continue;
     moved[static_cast<std::size_t>(index)] = true;
     ++count;
   }

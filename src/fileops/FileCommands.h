@@ -42,11 +42,22 @@ class FileCommands {
   bool DeleteToRecycleBin(const std::string& path);
   void ReportDeletion(const FileError& error);
   std::optional<std::string> ChooseTarget();
-  bool MoveRow(int index, const std::string& folder, NotKept& notKept);
-  void ReportMove(const FileError& error);
+  /// What a move of several rows has come to, and how it goes on.
+  struct Batch {
+    NotKept notKept;
+    bool several = false;
+    bool tells = true;                          ///< of rows that fail
+    bool abandoned = false;                     ///< by the user, who has closed the window
+    std::optional<std::vector<bool>> selected;  ///< by row, before a failing one was shown
+  };
+
+  bool MoveRow(int index, const std::string& folder, Batch& batch);
+  void ReportMove(int index, const std::string& from, const std::string& to, const FileError& error, Batch& batch);
+  void ShowFailedRow(int index, Batch& batch);
+  void SelectAgain(const Batch& batch);
   void ReportNotKept(const NotKept& notKept);
   void MoveBatch(bool allItems);
-  int MoveRows(bool allItems, const std::string& folder, NotKept& notKept);
+  int MoveRows(bool allItems, const std::string& folder, Batch& batch);
   void DropMovedRows(const std::vector<bool>& moved);
 
   FileList& list_;

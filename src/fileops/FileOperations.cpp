@@ -12,7 +12,7 @@ std::string MoveReason(const FileError& error) {
   switch (error.number) {
     case file_error::kAlreadyExists: return "移動先に同名のファイルがあります";
     case file_error::kAccess: return "移動先にアクセスできません";
-    case file_error::kBothKept: return "元のファイルが移動中に変更されたか、削除できませんでした";
+    case file_error::kBothKept: return "元のファイルが移動中に変更されたか、削除できないため、両方を残してあります";
     default: return {};
   }
 }

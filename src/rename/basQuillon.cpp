@@ -4,6 +4,7 @@
 
 #include "base/Finally.h"
 #include "base/Text.h"
+#include "filelist/FailureDetails.h"
 #include "filelist/paths/basFileControl.h"
 
 namespace quillon {
@@ -64,16 +65,16 @@ RenameEngine::RenameEngine(FileList& list, OptionValues& options, const ApplyMod
     : list_(list), options_(options), mode_(mode), ports_(ports), style_(style) {}
 
 std::int16_t RenameEngine::ApplyRenameName(int index) {
-  return Apply(index).code;
+  return Apply(index, false).code;
 }
 
-RowFailure RenameEngine::Apply(int index) {
+RowFailure RenameEngine::Apply(int index, bool inBatch) {
   ports_.player.ReleaseFile(list_.Row(index).location);
   RowFailure result = Rename(index);
   if (result.code == apply_code::kApplied) {
     if (options_.update.updateRemChk == 1 && !mode_.automatic) list_.SetChecked(index, false);
-  } else if (options_.update.errSkip == 0 || result.code == apply_code::kUnexpected) {
-    Report(result);
+  } else if ((options_.update.errSkip == 0 && tells_) || result.code == apply_code::kUnexpected) {
+    Report(result, inBatch);
   }
   return result;
 }
@@ -108,15 +109,25 @@ void RenameEngine::Follow(int index, std::string path) {
   if (list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(list_.Row(index).location);
 }
 
-void RenameEngine::Report(const RowFailure& failure) {
+// The box stands beside the row that it is about.
+void RenameEngine::Report(const RowFailure& failure, bool inBatch) {
+  list_.SelectOnly(failure.index);
+  ports_.filePanel.ShowRow(failure.index);
+  ports_.window.ScrollToRow(failure.index);
   const bool unexpected = failure.code == apply_code::kUnexpected;
   std::string text = std::string(ApplyReason(failure.code)) + "\r\nファイルに適応できませんでした";
   if (!failure.error.fileAt.empty()) text += "\r\n\r\nファイルは現在ここにあります： " + failure.error.fileAt;
-  ports_.boxes.Show({kCaption, text, unexpected ? MessageIcon::kStop : MessageIcon::kExclamation});
+  const FileItem& row = list_.Row(failure.index);
+  const std::string to = failure.error.number == 0 ? std::string() : AppliedPath(row, style_);
+  const std::string& from = failure.from.empty() ? row.location : failure.from;
+  const FailureAnswer answer =
+      ports_.boxes.ShowFailure({{kCaption, text, unexpected ? MessageIcon::kStop : MessageIcon::kExclamation},
+                                FailureDetails(ports_.files, from, to, failure.error, style_),
+                                inBatch && !unexpected});
+  tells_ = tells_ && answer != FailureAnswer::kTellNoMore;
+  abandoned_ = answer == FailureAnswer::kStop;
   ports_.window.SetEnabled(true);
   ports_.window.FocusList();
-  list_.SelectOnly(failure.index);
-  ports_.filePanel.ShowRow(failure.index);
 }
 
 BatchOutcome RenameEngine::ApplyRenameBatch(bool allItems, BatchObserver* observer) {
@@ -126,18 +137,21 @@ BatchOutcome RenameEngine::ApplyRenameBatch(bool allItems, BatchObserver* observ
     ports_.window.SetPointer(Pointer::kNormal);
     ports_.window.SetEnabled(true);
   });
+  tells_ = true;
+  abandoned_ = false;
+  const Finally tellsAgain([this] { tells_ = true; });
   BatchOutcome outcome;
   for (int index = 1; index <= list_.Count() && !outcome.stopped; ++index) {
     if (!allItems && !list_.Row(index).checked) continue;
     if (observer != nullptr && !observer->Continue()) break;
     const std::string from = observer != nullptr ? list_.Row(index).location : std::string();
-    const RowFailure result = Apply(index);
+    const RowFailure result = Apply(index, true);
     if (result.code == apply_code::kApplied && observer != nullptr) {
       observer->Applied(index, from, list_.Row(index).location);
     }
     Count(result, outcome);
   }
-  ShowSummary(outcome);
+  if (!abandoned_) ShowSummary(outcome);
   return outcome;
 }
 
@@ -148,11 +162,8 @@ void RenameEngine::Count(const RowFailure& result, BatchOutcome& outcome) {
   }
   outcome.failures.push_back(result);
   if (options_.update.updateErrChk == 1) list_.SetChecked(result.index, true);
-  if (result.code == apply_code::kUnexpected) {
-    outcome.stopped = true;
-  } else {
-    ++outcome.skipped;
-  }
+  if (result.code != apply_code::kUnexpected) ++outcome.skipped;
+  outcome.stopped = result.code == apply_code::kUnexpected || abandoned_;
 }
 
 void RenameEngine::ShowSummary(const BatchOutcome& outcome) {

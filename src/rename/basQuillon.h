@@ -43,7 +43,7 @@ struct RowFailure {
 struct BatchOutcome {
   int applied = 0;
   int skipped = 0;
-  bool stopped = false;  ///< an unexpected error ended the batch
+  bool stopped = false;  ///< an unexpected error or the user ended the batch
   std::vector<RowFailure> failures;
 };
 
@@ -63,6 +63,7 @@ class BatchObserver {
 class RenameEngine {
  public:
   struct Ports {
+    FileReads& files;
     FileChanges& disk;
     MessageBoxes& boxes;
     FilePanel& filePanel;
@@ -85,11 +86,11 @@ class RenameEngine {
   void mnuUpdate();
 
  private:
-  RowFailure Apply(int index);
+  RowFailure Apply(int index, bool inBatch);
   [[nodiscard]] bool IsRefused(const FileItem& row) const;
   RowFailure Rename(int index);
   void Follow(int index, std::string path);
-  void Report(const RowFailure& failure);
+  void Report(const RowFailure& failure, bool inBatch);
   void Count(const RowFailure& result, BatchOutcome& outcome);
   void ShowSummary(const BatchOutcome& outcome);
   void ConfirmedBatch(bool allItems, const char* question);
@@ -99,6 +100,8 @@ class RenameEngine {
   const ApplyMode& mode_;
   Ports ports_;
   PathStyle style_;
+  bool tells_ = true;       // of failing rows; a batch can be told not to
+  bool abandoned_ = false;  // by the user, who has closed the window
 };
 
 }  // namespace quillon

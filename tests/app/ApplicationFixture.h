@@ -23,7 +23,6 @@ class MainWindowRecorder final : public MainWindow {
  public:
   explicit MainWindowRecorder(EventLog& log) : log_(log) {}
 
-  void ScrollToRow(int index) override { log_.Add("main scrolls to " + std::to_string(index)); }
   void EditLabel(int index) override { log_.Add("main edits label " + std::to_string(index)); }
   std::vector<std::string> ChooseFiles(const std::string& title, const std::vector<FileDialogFilter>& filters,
                                        const std::string& folder) override {

@@ -42,7 +42,7 @@ TEST(Selecting, ShowsTheRow) {
   EXPECT_TRUE(f.information.detail.starts_with("著作権： me / ")) << f.information.detail;
   EXPECT_EQ(f.LastPanel("player"), "選択： b.mid");
   EXPECT_EQ(f.app.Player().Paths().playFilePath, f.folder.At("b.mid"));
-  EXPECT_TRUE(f.Log().Has("main scrolls to 2"));
+  EXPECT_TRUE(f.Log().Has("window scrolls to 2"));
 }
 
 TEST(Selecting, ShowsTheFirstOfSeveralRows) {
@@ -73,7 +73,7 @@ TEST(Selecting, InAutoModeAnEmptiedBoxHoldsItsRow) {
   EXPECT_EQ(f.box.Text(), "a");
   EXPECT_EQ(f.Names(), Texts({"a", "b"}));
   EXPECT_TRUE(f.Log().Has("beep"));
-  EXPECT_FALSE(f.Log().Has("main scrolls to 2"));
+  EXPECT_FALSE(f.Log().Has("window scrolls to 2"));
 }
 
 TEST(Selecting, AResizeRefillsTheFileNameBox) {

@@ -39,16 +39,18 @@ TEST_F(PassedOverTest, TellsOnceAndNamesTheFirstOnes) {
   EXPECT_THAT(shown.text, Not(HasSubstr("/secret/6")));
 }
 
-TEST_F(PassedOverTest, TellsFoldersThatLieTooDeepApart) {
+TEST_F(PassedOverTest, TellsEveryObstacleApart) {
   passedOver_.PassedOver("/secret/", Obstacle::kNoAccess);
   passedOver_.PassedOver("/a/deep/", Obstacle::kTooDeep);
   passedOver_.PassedOver("/b/deep/", Obstacle::kTooDeep);
+  passedOver_.PassedOver("/b/gone", Obstacle::kGone);
   passedOver_.Tell(recorders_.boxes);
   passedOver_.Tell(recorders_.boxes);
   ASSERT_EQ(recorders_.boxes.Shown().size(), 1U);
   EXPECT_EQ(recorders_.boxes.Shown()[0].text,
             "1 個のフォルダ または ファイルにアクセスできないため、読み込みませんでした\r\n\r\n/secret/\r\n\r\n"
-            "2 個のフォルダは階層が深すぎるため、読み込みませんでした\r\n\r\n/a/deep/\r\n/b/deep/");
+            "2 個のフォルダは階層が深すぎるため、読み込みませんでした\r\n\r\n/a/deep/\r\n/b/deep/\r\n\r\n"
+            "1 個のファイルは途中でなくなったため、読み込みませんでした\r\n\r\n/b/gone");
 }
 
 TEST_F(PassedOverTest, NamesAPathOfAThousandFoldersByItsEnds) {

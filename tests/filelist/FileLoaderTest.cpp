@@ -392,12 +392,21 @@ TEST(LoadFolderErrors, AFileThatMayNotBeLookedAtIsPassedOverAndNamed) {
   EXPECT_TRUE(f.ports.log.StartingWith("box").empty());
 }
 
-TEST(LoadFolderErrors, AFileThatVanishedSinceTheSearchEndsTheLoad) {
-  Fixture f({"/m/a.txt", "/m/b.txt"});
-  f.ports.pending.At(4, [&] { (void)f.files.Remove("/m/b.txt"); });
-  EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kFailed);
-  EXPECT_EQ(Locations(f.list), Texts({"/m/a.txt"}));
-  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({Interrupted(file_error::kNotFound)}));
+TEST(LoadFolderErrors, AFileThatVanishedSinceTheSearchIsPassedOver) {
+  Fixture f({"/m/a.txt", "/m/b.txt", "/m/c.txt"});
+  f.ports.pending.At(5, [&] { (void)f.files.Remove("/m/b.txt"); });
+  EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kLoaded);
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.txt", "/m/c.txt"}));
+  EXPECT_EQ(f.ports.log.StartingWith("search passed over"), Texts({"search passed over /m/b.txt as gone"}));
+  EXPECT_TRUE(f.ports.log.StartingWith("box").empty());
+}
+
+TEST(LoadFolderErrors, OfSeveralFilesThoseThatVanishedArePassedOver) {
+  Fixture f({"/m/a.txt", "/m/b.txt", "/m/c.txt"});
+  f.ports.pending.At(1, [&] { (void)f.files.Remove("/m/b.txt"); });
+  f.loader.LoadPaths({"/m/a.txt", "/m/b.txt", "/m/c.txt"});
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.txt", "/m/c.txt"}));
+  EXPECT_EQ(f.ports.log.StartingWith("search passed over"), Texts({"search passed over /m/b.txt as gone"}));
 }
 
 TEST(LoadRemove, ClearsTheListAndStopsThePlayerBeforeTheNewRows) {

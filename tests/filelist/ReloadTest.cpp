@@ -55,6 +55,17 @@ TEST(mnuReload, AsksAndStopsOnCancel) {
   EXPECT_FALSE(f.mode.automatic);
 }
 
+TEST(mnuReload, EndsAtTheNextRowWhenTheWindowCloses) {
+  Fixture f({"a.txt", "b.txt", "c.txt"});
+  f.options.update.autoUpdate = 1;
+  for (int row = 1; row <= 3; ++row) f.list.SetRenameName(row, "edited");
+  f.ports.pending.At(2, [&] { f.loader.Cancel(); });
+  f.loader.mnuReload();
+  EXPECT_EQ(f.list.Count(), 3);
+  EXPECT_EQ(f.list.Row(3).renameName, "edited");
+  EXPECT_TRUE(f.ports.log.StartingWith("box").empty());
+}
+
 TEST(mnuReload, ShowsEveryStepInItsOrder) {
   Fixture f({"a.txt", "b.txt", "c.txt"});
   f.options.system.msgbox = 0;

@@ -116,7 +116,8 @@ class Session {
                   {*volume.reads, *volume.changes, ports_.boxes, ports_.folders, ports_.player, ports_.filePanel,
                    ports_.window},
                   0, volume.style),
-        engine_(list_, options_, mode_, {*volume.changes, ports_.boxes, ports_.filePanel, ports_.window, ports_.player},
+        engine_(list_, options_, mode_,
+                {*volume.reads, *volume.changes, ports_.boxes, ports_.filePanel, ports_.window, ports_.player},
                 volume.style) {
     options_.find.filterChk = 0;
     options_.system.msgbox = 1;

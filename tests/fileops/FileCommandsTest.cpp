@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <new>
 #include <string>
 #include <vector>
@@ -423,9 +424,64 @@ TEST(BatchMove, WithoutRemainListExactlyTheMovedRowsLeave) {
   EXPECT_EQ(f.list.SelectedIndex(), 0);
 }
 
+TEST(BatchMove, AFailedRowIsShownBeforeItsBoxAndTheSelectionComesBack) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.list.SelectOnly(3);
+  f.list.SetSelected(1, true);
+  f.files.AddFile("/t/b.mid", "other");
+  f.ports.folders.Answer("/t");
+  f.ports.log.Clear();
+  f.commands.mnuAllMove();
+  const Texts& events = f.ports.log.Events();
+  const auto box = std::find(events.begin(), events.end(), test::BoxEvent(f.ports.boxes.Failures().at(0).message));
+  ASSERT_NE(box, events.end());
+  EXPECT_EQ(Texts(box - 2, box), Texts({"file panel row 2", "window scrolls to 2"}));
+  EXPECT_EQ(f.ports.boxes.Failures()[0].details,
+            "ファイル： /m/b.mid\r\n変更後： /t/b.mid\r\nシステムのメッセージ： File exists");
+  EXPECT_TRUE(f.list.Row(1).selected);
+  EXPECT_FALSE(f.list.Row(2).selected);
+  EXPECT_TRUE(f.list.Row(3).selected);
+  EXPECT_EQ(f.ports.log.StartingWith("file panel row").back(), "file panel row 1");
+}
+
+TEST(BatchMove, TellsNoMoreFailuresWhenTheUserWantsNone) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  for (const char* const name : {"/t/a.mid", "/t/b.mid"}) f.files.AddFile(name, "other");
+  f.ports.folders.Answer("/t");
+  f.ports.boxes.AnswerFailure(FailureAnswer::kTellNoMore);
+  f.commands.mnuAllMove();
+  ASSERT_EQ(f.ports.boxes.Failures().size(), 1U);
+  EXPECT_TRUE(f.ports.boxes.Failures()[0].inBatch);
+  EXPECT_EQ(f.ports.log.StartingWith("box").back(), MovedCount(1));
+}
+
+TEST(BatchMove, EndsWithoutASummaryWhenNobodyWaitsForIt) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.options.move.remainList = 0;
+  f.files.AddFile("/t/b.mid", "other");
+  f.ports.folders.Answer("/t");
+  f.ports.boxes.AnswerFailure(FailureAnswer::kStop);
+  f.commands.mnuAllMove();
+  EXPECT_EQ(f.ports.log.StartingWith("box").size(), 1U);
+  EXPECT_EQ(Locations(f.list), Texts({"/m/b.mid", "/m/c.mid"}));
+}
+
+TEST(ThisMove, TellsDetailsOnDemandAndOffersNoMore) {
+  Fixture f({"a.mid", "b.mid"});
+  f.list.SelectOnly(2);
+  f.files.Fail(FileCall::kMove, "/m/b.mid", {file_error::kOwn + 28, "No space left on device"});
+  f.ports.folders.Answer("/t");
+  f.commands.mnuThisMove();
+  ASSERT_EQ(f.ports.boxes.Failures().size(), 1U);
+  EXPECT_FALSE(f.ports.boxes.Failures()[0].inBatch);
+  EXPECT_EQ(f.ports.boxes.Failures()[0].details,
+            "ファイル： /m/b.mid\r\n変更後： /t/b.mid\r\nシステムのメッセージ： No space left on device");
+}
+
 TEST(BatchMove, WhenNothingCouldBeMovedSaysZeroAndKeepsThePanels) {
   Fixture f({"a.mid"});
   f.options.move.remainList = 0;
+  f.list.SelectOnly(1);
   f.files.AddFile("/t/a.mid", "other");
   f.ports.folders.Answer("/t");
   f.commands.mnuAllMove();
@@ -523,7 +579,7 @@ TEST(mnuThisMove, ASourceThatHasChangedMeanwhileKeepsItsRowAndItsCopyIsNamed) {
   f.commands.mnuThisMove();
   EXPECT_EQ(
       f.ports.log.Events().back(),
-      "box [ファイル移動] 元のファイルが移動中に変更されたか、削除できませんでした\\r\\n"
+      "box [ファイル移動] 元のファイルが移動中に変更されたか、削除できないため、両方を残してあります\\r\\n"
       "ファイルが移動できませんでした\\r\\n\\r\\nコピーしたファイルを残してあります： /t/a.mid (exclamation, ok)");
   EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid"}));
 }

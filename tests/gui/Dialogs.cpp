@@ -13,7 +13,7 @@
 namespace quillon::test {
 namespace {
 
-Message MessageOf(const wxMessageDialog& box) {
+Message MessageOf(const wxMessageDialogBase& box) {
   Message message;
   message.caption = FromWx(box.GetCaption());
   message.text = FromWx(box.GetMessage());
@@ -27,7 +27,7 @@ Message MessageOf(const wxMessageDialog& box) {
 }
 
 int WrongDialog(const wxDialog& dialog, const char* expected) {
-  const auto* box = dynamic_cast<const wxMessageDialog*>(&dialog);
+  const auto* box = dynamic_cast<const wxMessageDialogBase*>(&dialog);
   ADD_FAILURE() << "expected " << expected << ", got "
                 << FromWx(box == nullptr ? dialog.GetTitle() : box->GetCaption() + ": " + box->GetMessage());
   return wxID_CANCEL;
@@ -70,7 +70,7 @@ int Dialogs::Enter(wxDialog* dialog) {
 }
 
 int Dialogs::AnswerBox(wxDialog& dialog, const std::function<void()>& during, bool yes) {
-  const auto* box = dynamic_cast<wxMessageDialog*>(&dialog);
+  const auto* box = dynamic_cast<wxMessageDialogBase*>(&dialog);
   if (box == nullptr) return WrongDialog(dialog, "a message box");
   shown_.push_back(MessageOf(*box));
   if (during) during();

@@ -38,7 +38,7 @@ struct EditingFixture : RenameFixture {
   NoRegex regex;
   SelectionStatus status{ports.panels};
   FollowingPanel panel{ports.filePanel, editing};
-  RenameEngine applying{list, options, mode, {files, ports.boxes, panel, ports.window, ports.player}, style};
+  RenameEngine applying{list, options, mode, {files, files, ports.boxes, panel, ports.window, ports.player}, style};
   TitleRename titles{list, options, mode, applying, regex, ports.pending, ports.window, ports.boxes};
   RenameEditing editing{list, options, mode, applying, titles, {box, ports.boxes, panel, ports.player, status}, style};
 

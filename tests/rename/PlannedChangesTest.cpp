@@ -50,7 +50,8 @@ Outcome Apply(FileChanges& changes, const Texts& paths, const Texts& renameNames
     row.renameName = renameNames[i];
     list.Add(row);
   }
-  RenameEngine engine(list, options, mode, {changes, ports.boxes, ports.filePanel, ports.window, ports.player});
+  const std::unique_ptr<FileReads> files = MakeFileReads();
+  RenameEngine engine(list, options, mode, {*files, changes, ports.boxes, ports.filePanel, ports.window, ports.player});
   Outcome outcome{Codes(paths.size()), {}};
   for (const RowFailure& failure : engine.ApplyRenameBatch(true).failures) {
     outcome.codes[static_cast<std::size_t>(failure.index) - 1] = failure.code;

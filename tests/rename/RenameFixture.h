@@ -28,7 +28,8 @@ struct RenameFixture {
       : files({pathStyle, pathStyle == PathStyle::kWindows}),
         list(pathStyle),
         style(pathStyle),
-        engine(list, options, mode, {files, ports.boxes, ports.filePanel, ports.window, ports.player}, pathStyle) {
+        engine(list, options, mode, {files, files, ports.boxes, ports.filePanel, ports.window, ports.player},
+               pathStyle) {
     for (const std::string& name : names) {
       files.AddFile(Path(name), name);
       list.Add(RowFor(Path(name), style));

@@ -9,6 +9,7 @@
 #include "rename/TitleRename.h"
 #include "rename/basQuillon.h"
 #include "support/Growth.h"
+#include "support/MemoryFileSystem.h"
 #include "support/Recorders.h"
 #include "support/Rows.h"
 
@@ -29,6 +30,7 @@ struct NoRegex final : RegexEngine {
 };
 
 struct LongList {
+  test::MemoryFileSystem files;
   WillingDisk disk;
   NoRegex regex;
   test::Recorders ports;
@@ -36,7 +38,7 @@ struct LongList {
   OptionValues options;
   ApplyMode mode;
   RenameEngine engine{
-      list, options, mode, {disk, ports.boxes, ports.filePanel, ports.window, ports.player}, PathStyle::kLinux};
+      list, options, mode, {files, disk, ports.boxes, ports.filePanel, ports.window, ports.player}, PathStyle::kLinux};
 
   explicit LongList(int count) {
     for (int i = 1; i <= count; ++i) {

@@ -214,9 +214,9 @@ TEST(ApplyRenameNameFailure, ReportsTheReasonAndShowsTheRow) {
     Prepare(f, c);
     EXPECT_EQ(f.engine.ApplyRenameName(2), c.code);
     EXPECT_EQ(f.ports.log.Events(),
-              Texts({"player release /m/b.mid",
+              Texts({"player release /m/b.mid", "file panel row 2", "window scrolls to 2",
                      std::string("box [ファイルに適応] ") + c.reason + kGeneral + " (" + c.icon + ", ok)",
-                     "window enabled", "focus list", "file panel row 2"}));
+                     "window enabled", "focus list"}));
     EXPECT_EQ(f.list.SelectedIndex(), 2);
     EXPECT_EQ(f.list.SelectedCount(), 1);
     EXPECT_EQ(f.files.CountOf(FileCall::kRename), c.error == 0 ? 0u : 1u);
@@ -249,7 +249,7 @@ TEST(ApplyRenameNameFailure, ErrSkipSilencesAllButTheUnexpected) {
     if (c.code == apply_code::kUnexpected) {
       EXPECT_EQ(f.ports.boxes.Shown().size(), 1u);
       EXPECT_EQ(f.list.SelectedIndex(), 2);
-      EXPECT_EQ(f.ports.log.Events().back(), "file panel row 2");
+      EXPECT_TRUE(f.ports.log.Has("file panel row 2"));
     } else {
       EXPECT_EQ(f.ports.log.Events(), Texts({"player release /m/b.mid"}));
       EXPECT_EQ(f.list.SelectedIndex(), 1) << "the selection stays where it was";
@@ -316,8 +316,9 @@ TEST(ApplyRenameBatch, ShowsEveryStepInItsOrder) {
   f.engine.ApplyRenameBatch(true);
   EXPECT_EQ(f.ports.log.Events(),
             Texts({"pointer hourglass", "window disabled", "player release /m/a.mid", "player release /m/b.mid",
-                   kNoName, "window enabled", "focus list", "file panel row 2", "player release /m/c.mid",
-                   Summary(Done(2), Skipped(1), "exclamation"), "pointer normal", "window enabled"}));
+                   "file panel row 2", "window scrolls to 2", kNoName, "window enabled", "focus list",
+                   "player release /m/c.mid", Summary(Done(2), Skipped(1), "exclamation"), "pointer normal",
+                   "window enabled"}));
   EXPECT_EQ(Locations(f.list), Texts({"/m/x.mid", "/m/b.mid", "/m/z.mid"}));
 }
 
@@ -480,6 +481,53 @@ struct WatchingBatch final : BatchObserver {
   int asked = 0;
   Texts applied;
 };
+
+TEST(ApplyRenameBatch, TellsNoMoreFailuresWhenTheUserWantsNone) {
+  RenameFixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
+  f.SetNames({"", "", "", "x"});
+  f.ports.boxes.AnswerFailure(FailureAnswer::kTold);
+  f.ports.boxes.AnswerFailure(FailureAnswer::kTellNoMore);
+  EXPECT_EQ(f.engine.ApplyRenameBatch(true).skipped, 3);
+  EXPECT_EQ(f.ports.boxes.Failures().size(), 2U);
+  EXPECT_TRUE(f.ports.boxes.Failures()[0].inBatch);
+  EXPECT_EQ(f.ports.log.StartingWith("box").back(), Summary(Done(1), Skipped(3), "exclamation"));
+  f.engine.ApplyRenameBatch(true);
+  EXPECT_EQ(f.ports.boxes.Failures().size(), 5U) << "the next batch tells again";
+}
+
+TEST(ApplyRenameBatch, AnUnexpectedErrorIsToldAllTheSame) {
+  RenameFixture f({"a.mid", "b.mid"});
+  f.SetNames({"", "y"});
+  f.files.Fail(FileCall::kRename, "/m/b.mid", {file_error::kUnreachable, "why"});
+  f.ports.boxes.AnswerFailure(FailureAnswer::kTellNoMore);
+  f.engine.ApplyRenameBatch(true);
+  ASSERT_EQ(f.ports.boxes.Failures().size(), 2U);
+  EXPECT_EQ(f.ports.boxes.Failures()[1].message.icon, MessageIcon::kStop);
+  EXPECT_FALSE(f.ports.boxes.Failures()[1].inBatch) << "nothing comes after it";
+}
+
+TEST(ApplyRenameBatch, EndsWithoutASummaryWhenNobodyWaitsForIt) {
+  RenameFixture f({"a.mid", "b.mid", "c.mid"});
+  f.SetNames({"x", "", "z"});
+  f.ports.boxes.AnswerFailure(FailureAnswer::kStop);
+  EXPECT_TRUE(f.engine.ApplyRenameBatch(true).stopped);
+  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({kNoName}));
+  EXPECT_EQ(Locations(f.list), Texts({"/m/x.mid", "/m/b.mid", "/m/c.mid"}));
+  EXPECT_EQ(f.ports.log.Events().back(), "window enabled");
+}
+
+TEST(ApplyRenameNameFailure, TellsDetailsOnDemand) {
+  RenameFixture f({"a.mid", "b.mid"});
+  f.SetNames({"x", ""});
+  f.files.Fail(FileCall::kRename, "/m/a.mid", {file_error::kOwn + 5, "Input/output error"});
+  f.engine.ApplyRenameName(1);
+  f.engine.ApplyRenameName(2);
+  ASSERT_EQ(f.ports.boxes.Failures().size(), 2U);
+  EXPECT_EQ(f.ports.boxes.Failures()[0].details,
+            "ファイル： /m/a.mid\r\n変更後： /m/x.mid\r\nシステムのメッセージ： Input/output error");
+  EXPECT_EQ(f.ports.boxes.Failures()[1].details, "ファイル： /m/b.mid");
+  EXPECT_FALSE(f.ports.boxes.Failures()[1].inBatch);
+}
 
 TEST(BatchObserver, HearsOfEachAppliedRow) {
   RenameFixture f({"a.mid", "b.mid", "c.mid", "d.mid"});

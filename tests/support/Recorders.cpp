@@ -73,6 +73,15 @@ bool BoxRecorder::Show(const Message& message) {
   return answer;
 }
 
+FailureAnswer BoxRecorder::ShowFailure(const FailureMessage& failure) {
+  Show(failure.message);
+  failures_.push_back(failure);
+  if (failureAnswers_.empty()) return FailureAnswer::kTold;
+  const FailureAnswer answer = failureAnswers_.front();
+  failureAnswers_.pop_front();
+  return answer;
+}
+
 void WindowRecorder::SetPointer(Pointer pointer) {
   switch (pointer) {
     case Pointer::kNormal: log_.Add("pointer normal"); break;

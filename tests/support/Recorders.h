@@ -37,12 +37,19 @@ class BoxRecorder final : public MessageBoxes {
   explicit BoxRecorder(EventLog& log) : log_(log) {}
   bool Show(const Message& message) override;
 
+  FailureAnswer ShowFailure(const FailureMessage& failure) override;
+
   void Answer(bool yes) { answers_.push_back(yes); }
+  void AnswerFailure(FailureAnswer answer) { failureAnswers_.push_back(answer); }
   [[nodiscard]] const std::vector<Message>& Shown() const { return shown_; }
+  /// Those of them that told a failure.
+  [[nodiscard]] const std::vector<FailureMessage>& Failures() const { return failures_; }
 
  private:
   EventLog& log_;
   std::deque<bool> answers_;
+  std::deque<FailureAnswer> failureAnswers_;
+  std::vector<FailureMessage> failures_;
   std::vector<Message> shown_;
 };
 
@@ -73,6 +80,7 @@ class WindowRecorder final : public WindowState {
   void SetPointer(Pointer pointer) override;
   void SetEnabled(bool enabled) override { log_.Add(enabled ? "window enabled" : "window disabled"); }
   void FocusList() override { log_.Add("focus list"); }
+  void ScrollToRow(int index) override { log_.Add("window scrolls to " + std::to_string(index)); }
 
  private:
   EventLog& log_;
@@ -112,7 +120,10 @@ class SearchRecorder final : public SearchDisplay {
   void Begin(const std::string& status, const std::string& target) override;
   void ShowFolder(const std::string& folder) override { log_.Add("search in " + folder); }
   void PassedOver(const std::string& path, Obstacle obstacle) override {
-    log_.Add("search passed over " + path + (obstacle == Obstacle::kTooDeep ? " as too deep" : ""));
+    const char* const as = obstacle == Obstacle::kTooDeep ? " as too deep"
+                           : obstacle == Obstacle::kGone  ? " as gone"
+                                                          : "";
+    log_.Add("search passed over " + path + as);
   }
   void End() override { log_.Add("search end"); }
 

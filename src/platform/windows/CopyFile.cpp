@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "platform/windows/CopyAccessList.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/SharingRetry.h"
 
@@ -67,6 +68,7 @@ bool CopyWithAttributes(const std::wstring& from, const Status& source, const st
     return false;
   }
   made.notKept.attributes = !SetAttributes(to, source);
+  made.notKept.accessRights = !IsLink(source) && !CopyAccessList(from, to);
   return true;
 }
 

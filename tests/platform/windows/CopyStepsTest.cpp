@@ -1,7 +1,9 @@
 #include <windows.h>
 
+#include <aclapi.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sddl.h>
 
 #include <string>
 #include <thread>
@@ -95,6 +97,46 @@ TEST_F(CopyStepsOfTheSystem, AReadOnlySourceIsDeletedToo) {
   CopyAndPublish();
   EXPECT_EQ(steps_.RemoveSource(), std::nullopt);
   EXPECT_FALSE(folder_.Exists("here/song"));
+}
+
+/// The file's access list as text, "" when it cannot be read.
+std::wstring AccessListOf(const std::string& path) {
+  void* descriptor = nullptr;
+  if (::GetNamedSecurityInfoW(Wide(path).c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, nullptr,
+                              nullptr, &descriptor) != ERROR_SUCCESS) {
+    return {};
+  }
+  wchar_t* text = nullptr;
+  std::wstring list;
+  if (::ConvertSecurityDescriptorToStringSecurityDescriptorW(descriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION,
+                                                             &text, nullptr)) {
+    list = text;
+  }
+  ::LocalFree(text);
+  ::LocalFree(descriptor);
+  return list;
+}
+
+bool SetAccessList(const std::string& path, const wchar_t* list) {
+  void* descriptor = nullptr;
+  if (!::ConvertStringSecurityDescriptorToSecurityDescriptorW(list, SDDL_REVISION_1, &descriptor, nullptr))
+    return false;
+  const bool set = ::SetFileSecurityW(Wide(path).c_str(), DACL_SECURITY_INFORMATION, descriptor) != 0;
+  ::LocalFree(descriptor);
+  return set;
+}
+
+TEST_F(CopyStepsOfTheSystem, TheAccessListsOwnEntriesAreKept) {
+  // Everything for the owner, nothing for others.
+  ASSERT_TRUE(SetAccessList(from_, L"D:P(A;;FA;;;OW)(A;;FA;;;BA)"));
+  const std::wstring list = AccessListOf(from_);
+  const std::string other = folder_.Write("there/other", "");
+  ASSERT_NE(AccessListOf(other), list) << "the folder's files have it anyway";
+  const MoveOutcome copied = steps_.CopyInto(there_);
+  ASSERT_TRUE(copied);
+  EXPECT_EQ(*copied, NotKept());
+  ASSERT_EQ(steps_.Publish(to_), std::nullopt);
+  EXPECT_EQ(AccessListOf(to_), list);
 }
 
 /// Keeps a file to itself for a moment, as a scanner does.

@@ -1,0 +1,159 @@
+#include "controls/MessageDialog.h"
+
+#include <wx/artprov.h>
+#include <wx/button.h>
+#include <wx/clipbrd.h>
+#include <wx/collpane.h>
+#include <wx/dataobj.h>
+#include <wx/sizer.h>
+#include <wx/statbmp.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include "controls/WrappedToFit.h"
+#include "controls/WxText.h"
+#include "platform/desktop/MessageSound.h"
+
+namespace quillon {
+namespace {
+
+// DIP
+constexpr int kWidest = 480;
+constexpr int kMargin = 12;
+constexpr int kGap = 8;
+constexpr int kButtonWidth = 88;
+
+constexpr int kDetailLines = 5;
+
+long IconStyle(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::kExclamation: return wxICON_EXCLAMATION;
+    case MessageIcon::kStop: return wxICON_ERROR;
+    case MessageIcon::kQuestion: return wxICON_QUESTION;
+    case MessageIcon::kInformation: break;
+  }
+  return wxICON_INFORMATION;
+}
+
+long ButtonStyle(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::kOkCancel: return wxOK | wxCANCEL;
+    case MessageButtons::kYesNo: return wxYES_NO;
+    case MessageButtons::kOk: break;
+  }
+  return wxOK;
+}
+
+wxArtID ArtOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::kExclamation: return wxART_WARNING;
+    case MessageIcon::kStop: return wxART_ERROR;
+    case MessageIcon::kQuestion: return wxART_QUESTION;
+    case MessageIcon::kInformation: break;
+  }
+  return wxART_INFORMATION;
+}
+
+wxString Lines(const std::string& text) {
+  wxString lines = ToWx(text);
+  lines.Replace("\r\n", "\n");
+  return lines;
+}
+
+}  // namespace
+
+MessageDialog::MessageDialog(wxWindow* owner, const FailureMessage& content)
+    : wxMessageDialogBase(owner, Lines(content.message.text), ToWx(content.message.caption),
+                          wxCENTRE | IconStyle(content.message.icon) | ButtonStyle(content.message.buttons)),
+      content_(content) {
+  wxDialog::Create(m_parent, wxID_ANY, m_caption);
+  SetName("MessageDialog");
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  AddText(*column);
+  if (content_.inBatch) {
+    chkTellNoMore_ = new wxCheckBox(this, wxID_ANY, ToWx("以後のエラーを表示しない(&S)"));
+    chkTellNoMore_->SetName("chkTellNoMore");
+    column->Add(chkTellNoMore_, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kMargin)));
+  }
+  if (!content_.details.empty()) AddDetails(*column);
+  AddButtons(*column);
+  SetSizerAndFit(column);
+  if (m_parent != nullptr) {
+    CentreOnParent();
+  } else {
+    CentreOnScreen();
+  }
+  Bind(wxEVT_CHAR_HOOK, &MessageDialog::OnKey, this);
+}
+
+void MessageDialog::AddText(wxSizer& column) {
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  const wxBitmap icon = wxArtProvider::GetBitmap(ArtOf(content_.message.icon), wxART_MESSAGE_BOX);
+  auto* picture = new wxStaticBitmap(this, wxID_ANY, icon);
+  picture->SetName("picIcon");
+  row->Add(picture, wxSizerFlags().Border(wxRIGHT, FromDIP(kMargin)));
+  auto* text = new wxStaticText(this, wxID_ANY, "");
+  text->SetName("lblText");
+  std::string lines = content_.message.text;
+  for (std::size_t at = lines.find('\r'); at != std::string::npos; at = lines.find('\r')) lines.erase(at, 1);
+  text->SetLabelText(WrappedToFit(*text, lines, FromDIP(kWidest)));
+  row->Add(text, wxSizerFlags(1).CentreVertical());
+  column.Add(row, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kMargin)));
+}
+
+void MessageDialog::AddDetails(wxSizer& column) {
+  auto* pane = new wxCollapsiblePane(this, wxID_ANY, ToWx("詳細(&D)"));
+  pane->SetName("paneDetails");
+  auto* text = new wxTextCtrl(pane->GetPane(), wxID_ANY, Lines(content_.details), wxDefaultPosition, wxDefaultSize,
+                              wxTE_MULTILINE | wxTE_READONLY);
+  text->SetName("txtDetails");
+  text->SetMinSize(wxSize(FromDIP(kWidest), kDetailLines * (text->GetCharHeight() + FromDIP(2)) + FromDIP(kGap)));
+  auto* inside = new wxBoxSizer(wxVERTICAL);
+  inside->Add(text, wxSizerFlags(1).Expand().Border(wxTOP, FromDIP(kGap)));
+  pane->GetPane()->SetSizer(inside);
+  column.Add(pane, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kMargin)));
+}
+
+void MessageDialog::AddButtons(wxSizer& column) {
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  const auto add = [&](wxWindowID id, const char* label) {
+    auto* button = new wxButton(this, id, ToWx(label));
+    button->SetMinSize(wxSize(FromDIP(kButtonWidth), -1));
+    button->Bind(wxEVT_BUTTON, [this, id](wxCommandEvent&) { EndModal(id); });
+    row->Add(button, wxSizerFlags().Border(wxLEFT, row->IsEmpty() ? 0 : FromDIP(kGap)));
+    return button;
+  };
+  const bool yesNo = content_.message.buttons == MessageButtons::kYesNo;
+  wxButton* const first = yesNo ? add(wxID_YES, "はい(&Y)") : add(wxID_OK, "OK");
+  int escape = wxID_OK;
+  if (yesNo) {
+    add(escape = wxID_NO, "いいえ(&N)");
+  } else if (content_.message.buttons == MessageButtons::kOkCancel) {
+    add(escape = wxID_CANCEL, "キャンセル");
+  }
+  SetAffirmativeId(first->GetId());
+  SetEscapeId(escape);
+  first->SetDefault();
+  first->SetFocus();
+  column.Add(row, wxSizerFlags().Right().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kMargin)));
+}
+
+int MessageDialog::ShowModal() {
+  PlayMessageSound(content_.message.icon);
+  return wxMessageDialogBase::ShowModal();
+}
+
+void MessageDialog::OnKey(wxKeyEvent& event) {
+  const bool inDetails = dynamic_cast<wxTextCtrl*>(FindFocus()) != nullptr;
+  const bool copies = event.GetKeyCode() == 'C' && event.GetModifiers() == wxMOD_CONTROL && !inDetails;
+  if (copies && wxTheClipboard->Open()) {
+    wxString text = m_caption + "\n\n" + m_message;
+    if (!content_.details.empty()) text += "\n\n" + Lines(content_.details);
+    wxTheClipboard->SetData(new wxTextDataObject(text));
+    wxTheClipboard->Close();
+  } else {
+    event.Skip();
+  }
+}
+
+}  // namespace quillon

@@ -1,0 +1,51 @@
+#include "filelist/FailureDetails.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+#include "filelist/paths/basFileControl.h"
+
+namespace quillon {
+namespace {
+
+// Both systems allow as much in one name, each in units of its own.
+constexpr std::size_t kLongestName = 255;
+constexpr std::size_t kLongestLinuxPath = 4095;  // bytes
+
+std::size_t Utf16Units(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; })) +
+         static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xF8) == 0xF0; }));
+}
+
+std::string TooLong(const char* what, std::size_t length, std::size_t limit, PathStyle style) {
+  const char* const unit = style == PathStyle::kWindows ? " 文字" : " バイト";
+  return std::string(what) + std::to_string(length) + unit + "、上限 " + std::to_string(limit) + unit + "）";
+}
+
+std::string WhyNotFound(FileReads& files, const std::string& from, const std::string& to, PathStyle style) {
+  const Result<FileStatus, FileError> now = files.Status(from);
+  if (now && now->kind == FileStatus::Kind::kAbsent) {
+    return "ファイルがありません。ほかのプログラムが削除または移動した可能性があります";
+  }
+  const std::string_view name = FileName(to, style);
+  const bool windows = style == PathStyle::kWindows;
+  const std::size_t length = windows ? Utf16Units(name) : name.size();
+  if (length > kLongestName) return TooLong("名前が長すぎます（", length, kLongestName, style);
+  if (!windows && to.size() > kLongestLinuxPath)
+    return TooLong("パスが長すぎます（", to.size(), kLongestLinuxPath, style);
+  return "このドライブでは使えない名前です";
+}
+
+}  // namespace
+
+std::string FailureDetails(FileReads& files, const std::string& from, const std::string& to, const FileError& error,
+                           PathStyle style) {
+  std::string details = "ファイル： " + from;
+  if (!to.empty() && to != from) details += "\r\n変更後： " + to;
+  if (error.number == file_error::kNotFound) details += "\r\n" + WhyNotFound(files, from, to, style);
+  if (!error.description.empty()) details += "\r\nシステムのメッセージ： " + error.description;
+  return details;
+}
+
+}  // namespace quillon

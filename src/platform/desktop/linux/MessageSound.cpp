@@ -1,0 +1,7 @@
+#include "platform/desktop/MessageSound.h"
+
+namespace quillon {
+
+void PlayMessageSound(MessageIcon) {}
+
+}  // namespace quillon

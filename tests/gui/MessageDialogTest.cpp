@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+#include <wx/button.h>
+#include <wx/collpane.h>
+#include <wx/frame.h>
+#include <wx/statbmp.h>
+#include <wx/textctrl.h>
+
+#include "controls/MessageDialog.h"
+#include "controls/WxMessageBoxes.h"
+#include "controls/WxText.h"
+#include "gui/Dialogs.h"
+#include "gui/MainWindow.h"
+#include "gui/Settle.h"
+
+namespace quillon::test {
+namespace {
+
+template <class Control>
+Control* Find(const wxWindow& dialog, const char* name) {
+  return dynamic_cast<Control*>(wxWindow::FindWindowByName(name, &dialog));
+}
+
+void Press(wxDialog& dialog, wxWindowID id) {
+  wxCommandEvent event(wxEVT_BUTTON, id);
+  wxWindow::FindWindowById(id, &dialog)->ProcessWindowEvent(event);
+}
+
+TEST(MessageDialog, ShowsThePictureOfEveryKind) {
+  std::vector<wxImage> seen;
+  for (const MessageIcon icon :
+       {MessageIcon::kExclamation, MessageIcon::kStop, MessageIcon::kInformation, MessageIcon::kQuestion}) {
+    const MessageDialog dialog(nullptr, {{"caption", "text", icon}});
+    const auto* const picture = Find<wxStaticBitmap>(dialog, "picIcon");
+    ASSERT_NE(picture, nullptr);
+    ASSERT_TRUE(picture->GetBitmap().IsOk());
+    const wxImage image = picture->GetBitmap().ConvertToImage();
+    EXPECT_GE(image.GetWidth(), 32);
+    for (const wxImage& other : seen) {
+      const bool same =
+          other.GetSize() == image.GetSize() &&
+          std::equal(image.GetData(), image.GetData() + image.GetWidth() * image.GetHeight() * 3, other.GetData());
+      EXPECT_FALSE(same);
+    }
+    seen.push_back(image);
+  }
+}
+
+TEST(MessageDialog, OffersNothingMoreOfItselfThanTheMessageAsksFor) {
+  const MessageDialog plain(nullptr, {{"caption", "text"}});
+  EXPECT_EQ(Find<wxCheckBox>(plain, "chkTellNoMore"), nullptr);
+  EXPECT_EQ(Find<wxCollapsiblePane>(plain, "paneDetails"), nullptr);
+  const MessageDialog failure(nullptr, {{"caption", "text"}, "one\r\ntwo", true});
+  ASSERT_NE(Find<wxCheckBox>(failure, "chkTellNoMore"), nullptr);
+  EXPECT_EQ(FromWx(Find<wxCheckBox>(failure, "chkTellNoMore")->GetLabelText()), "以後のエラーを表示しない(S)");
+  const auto* const pane = Find<wxCollapsiblePane>(failure, "paneDetails");
+  ASSERT_NE(pane, nullptr);
+  EXPECT_TRUE(pane->IsCollapsed());
+  EXPECT_EQ(FromWx(Find<wxTextCtrl>(failure, "txtDetails")->GetValue()), "one\ntwo");
+}
+
+class FailingBatch : public MainWindowTest {
+ protected:
+  void SetUp() override {
+    for (const char* const name : {"a.txt", "b.txt", "c.txt"}) folder.Write(name, name);
+    OptionValues options = Options();
+    options.system.msgbox = 1;
+    OpenFolder(options);
+    for (int row = 1; row <= 3; ++row) List().SetRenameName(row, "");
+  }
+};
+
+TEST_F(FailingBatch, StandsBesideItsRowAndCanBeSilenced) {
+  dialogs.Use([this](wxDialog& dialog) {
+    EXPECT_EQ(SelectedRows(), std::vector<int>{1}) << "before the box opens";
+    auto* const details = Find<wxTextCtrl>(dialog, "txtDetails");
+    ASSERT_NE(details, nullptr);
+    EXPECT_EQ(FromWx(details->GetValue()), "ファイル： " + folder.At("a.txt"));
+    Press(dialog, wxID_OK);
+  });
+  dialogs.Use([this](wxDialog& dialog) {
+    EXPECT_EQ(SelectedRows(), std::vector<int>{2});
+    Find<wxCheckBox>(dialog, "chkTellNoMore")->SetValue(true);
+    Press(dialog, wxID_OK);
+  });
+  dialogs.Answer();
+  Run(Command::mnuAllUpdate);
+  ASSERT_EQ(dialogs.TakeShown().size(), 1U) << "the summary alone";
+}
+
+TEST_F(FailingBatch, EndsWhenTheMainWindowIsClosed) {
+  dialogs.Use([this](wxDialog&) { Frame().Close(); });
+  Post(Command::mnuAllUpdate);
+  EXPECT_TRUE(Until([this] { return !IsOpen(); }));
+  EXPECT_TRUE(dialogs.TakeShown().empty());
+}
+
+TEST_F(FailingBatch, AQuestionKeepsTheMainWindowOpen) {
+  App().Options().system.msgbox = 0;
+  dialogs.Use([this](wxDialog& dialog) {
+    Frame().Close();
+    Press(dialog, wxID_NO);
+  });
+  Run(Command::mnuAllUpdate);
+  Drain();
+  EXPECT_TRUE(IsOpen());
+}
+
+}  // namespace
+}  // namespace quillon::test
