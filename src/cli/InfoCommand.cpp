@@ -90,7 +90,7 @@ void AddRow(Json& object, const std::string& path) {
   const MediaInfo texts = ReadMediaInfo(path);
   object["title"] = texts.title;
   object["artist"] = texts.copyright;
-  const FileInformation lines = ReadFileInformation(path, type, std::nullopt);
+  const FileInformation lines = ReadFileInformation(path, type, 0, std::nullopt);
   object["summary"] = lines.summary;
   object["detail"] = lines.detail;
 }

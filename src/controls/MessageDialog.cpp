@@ -10,9 +10,10 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include "controls/Pictures.h"
 #include "controls/WrappedToFit.h"
 #include "controls/WxText.h"
-#include "platform/desktop/MessageSound.h"
+#include "platform/desktop/MessageLook.h"
 
 namespace quillon {
 namespace {
@@ -54,6 +55,11 @@ wxArtID ArtOf(MessageIcon icon) {
   return wxART_INFORMATION;
 }
 
+wxBitmap PictureOf(MessageIcon icon) {
+  const std::optional<Pixels> picture = MessagePicture(icon);
+  return picture ? BitmapOf(*picture) : wxArtProvider::GetBitmap(ArtOf(icon), wxART_MESSAGE_BOX);
+}
+
 wxString Lines(const std::string& text) {
   wxString lines = ToWx(text);
   lines.Replace("\r\n", "\n");
@@ -68,6 +74,7 @@ MessageDialog::MessageDialog(wxWindow* owner, const FailureMessage& content)
       content_(content) {
   wxDialog::Create(m_parent, wxID_ANY, m_caption);
   SetName("MessageDialog");
+  SetIcons(ProgramIcons());
   auto* column = new wxBoxSizer(wxVERTICAL);
   AddText(*column);
   if (content_.inBatch) {
@@ -88,8 +95,7 @@ MessageDialog::MessageDialog(wxWindow* owner, const FailureMessage& content)
 
 void MessageDialog::AddText(wxSizer& column) {
   auto* row = new wxBoxSizer(wxHORIZONTAL);
-  const wxBitmap icon = wxArtProvider::GetBitmap(ArtOf(content_.message.icon), wxART_MESSAGE_BOX);
-  auto* picture = new wxStaticBitmap(this, wxID_ANY, icon);
+  auto* picture = new wxStaticBitmap(this, wxID_ANY, PictureOf(content_.message.icon));
   picture->SetName("picIcon");
   row->Add(picture, wxSizerFlags().Border(wxRIGHT, FromDIP(kMargin)));
   auto* text = new wxStaticText(this, wxID_ANY, "");

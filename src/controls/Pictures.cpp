@@ -3,6 +3,7 @@
 #include <wx/bitmap.h>
 #include <wx/colour.h>
 #include <wx/icon.h>
+#include <wx/image.h>
 
 #include <string>
 #include <utility>
@@ -24,6 +25,20 @@ std::string InInk(std::string text, const wxColour& ink) {
 }
 
 }  // namespace
+
+wxBitmap BitmapOf(const Pixels& pixels) {
+  wxImage image(pixels.width, pixels.height);
+  image.InitAlpha();
+  unsigned char* colours = image.GetData();
+  unsigned char* alpha = image.GetAlpha();
+  for (std::size_t i = 0; i + 3 < pixels.rgba.size(); i += 4) {
+    *colours++ = pixels.rgba[i];
+    *colours++ = pixels.rgba[i + 1];
+    *colours++ = pixels.rgba[i + 2];
+    *alpha++ = pixels.rgba[i + 3];
+  }
+  return wxBitmap(image);
+}
 
 wxBitmapBundle Picture(std::string_view name, int dip, const wxColour& ink) {
   std::string text(PictureData(name));

@@ -1,6 +1,5 @@
 #include "controls/basLoadFileIcon.h"
 
-#include <wx/image.h>
 #include <wx/settings.h>
 
 #include <string_view>
@@ -10,20 +9,6 @@
 
 namespace quillon {
 namespace {
-
-wxBitmap BitmapOf(const Pixels& pixels) {
-  wxImage image(pixels.width, pixels.height);
-  image.InitAlpha();
-  unsigned char* colours = image.GetData();
-  unsigned char* alpha = image.GetAlpha();
-  for (std::size_t i = 0; i + 3 < pixels.rgba.size(); i += 4) {
-    *colours++ = pixels.rgba[i];
-    *colours++ = pixels.rgba[i + 1];
-    *colours++ = pixels.rgba[i + 2];
-    *alpha++ = pixels.rgba[i + 3];
-  }
-  return wxBitmap(image);
-}
 
 std::string_view PictureOf(std::string_view mediaType) {
   if (mediaType == "MIDI") return "file-midi";

@@ -6,9 +6,11 @@
 #include <new>
 
 #include "base/Text.h"
+#include "filelist/paths/basFileControl.h"
 #include "media/BlockReader.h"
 #include "media/MediaInfo.h"
 #include "platform/FileSystem.h"
+#include "platform/Shell.h"
 
 namespace quillon {
 namespace {
@@ -40,8 +42,11 @@ std::string Mp3Detail(std::string_view artist, std::string_view album, std::stri
 /// What stands behind "種類： ".
 struct TypeText {
   std::string_view type;
+  std::string_view furtherText;
 
-  std::string operator()(std::monostate) const { return std::string(type); }
+  std::string operator()(std::monostate) const {
+    return std::string(type) + (furtherText.empty() ? "" : " ") + std::string(furtherText);
+  }
   std::string operator()(const MidiInfo& midi) const { return "MIDI (SMF Format " + std::to_string(midi.format) + ")"; }
   std::string operator()(const Id3v1Info&) const { return "MP3 (ID3v1)"; }
   std::string operator()(const Id3v2Info&) const { return "MP3 (ID3v2)"; }
@@ -78,6 +83,14 @@ std::string MinutesAndSeconds(std::int32_t milliseconds) {
   return std::to_string(total / 60) + ":" + (seconds.size() < 2 ? "0" : "") + seconds;
 }
 
+std::string FurtherText(const std::string& path) {
+  std::string description = FileTypeDescription(std::string(Extension(path)));
+  if (!description.empty()) return description;
+  std::string_view folder = FolderPart(path);
+  if (!folder.empty()) folder.remove_suffix(1);
+  return std::string(FileName(folder));
+}
+
 MediaRecord EmptyRecord(std::string_view type) {
   if (type == "MIDI") return MidiInfo();
   if (type == "MP3") return RiffInfo();
@@ -98,8 +111,9 @@ MediaRecord ReadRecord(ByteSource& file, std::string_view type) {
 }  // namespace
 
 std::string SummaryLine(std::uint64_t length, std::string_view type, const MediaRecord& record,
-                        std::optional<std::int32_t> playTimeMs) {
-  std::string line = "サイズ： " + FormatThousands(length) + " バイト / 種類： " + std::visit(TypeText{type}, record);
+                        std::optional<std::int32_t> playTimeMs, std::string_view furtherText) {
+  std::string line =
+      "サイズ： " + FormatThousands(length) + " バイト / 種類： " + std::visit(TypeText{type, furtherText}, record);
   if (playTimeMs && IsPlayableType(type)) line += " / 演奏時間： " + MinutesAndSeconds(std::max(*playTimeMs, 0));
   return line;
 }
@@ -108,10 +122,10 @@ std::string DetailLine(const MediaRecord& record) {
   return std::visit(DetailText(), record);
 }
 
-FileInformation ReadFileInformation(ByteSource& file, std::string_view rowType,
-                                    std::optional<std::int32_t> playTimeMs) {
+FileInformation ReadFileInformation(ByteSource& file, std::string_view rowType, std::optional<std::int32_t> playTimeMs,
+                                    std::string_view furtherText) {
   const auto lines = [&](const MediaRecord& record) {
-    return FileInformation{SummaryLine(file.Size(), rowType, record, playTimeMs), DetailLine(record)};
+    return FileInformation{SummaryLine(file.Size(), rowType, record, playTimeMs, furtherText), DetailLine(record)};
   };
   try {
     return lines(ReadRecord(file, rowType));
@@ -120,11 +134,11 @@ FileInformation ReadFileInformation(ByteSource& file, std::string_view rowType,
   }
 }
 
-FileInformation ReadFileInformation(const std::string& path, std::string_view rowType,
+FileInformation ReadFileInformation(const std::string& path, std::string_view rowType, std::uint64_t knownLength,
                                     std::optional<std::int32_t> playTimeMs) {
-  const auto file = OpenSystemFile(path);
-  if (!file) return {std::string(kNoFileSummary), std::string(kNoFileDetail)};
-  return ReadFileInformation(*file, rowType, playTimeMs);
+  const std::string furtherText = rowType == "MIDI" || rowType == "MP3" ? std::string() : FurtherText(path);
+  if (const auto file = OpenSystemFile(path)) return ReadFileInformation(*file, rowType, playTimeMs, furtherText);
+  return {SummaryLine(knownLength, rowType, std::monostate(), playTimeMs, furtherText), std::string(kNothing)};
 }
 
 }  // namespace quillon

@@ -17,4 +17,7 @@ inline constexpr int kShellOpened = 42;
 /// normally. `ownerWindow` is a native window handle for the system's own messages, 0 for none.
 [[nodiscard]] int OpenWithShell(const std::string& target, std::uintptr_t ownerWindow = 0);
 
+/// What the desktop calls files with this extension, which comes without its dot; empty where it has no words for them.
+[[nodiscard]] std::string FileTypeDescription(const std::string& extension);
+
 }  // namespace quillon

@@ -67,13 +67,16 @@ TEST_F(InformationPanelTest, AnEmptyFileShowsTheSizeZero) {
   EXPECT_TRUE(boxes.summary.starts_with("サイズ： 0 バイト / 種類： txt")) << boxes.summary;
 }
 
-TEST_F(InformationPanelTest, AFileThatIsGoneShowsItsNameAndTheLinesOfNoFile) {
-  list.Add(test::RowFor(folder.At("gone.mid")));
+TEST_F(InformationPanelTest, AFileThatIsGoneKeepsNameLengthAndType) {
+  FileItem row = test::RowFor(folder.At("gone.mid"));
+  row.type = "MIDI";
+  row.size = 1234;
+  list.Add(row);
   panel.ShowRow(1);
   EXPECT_EQ(boxes.title, "---");
   EXPECT_EQ(boxes.fileName, folder.At("gone.mid"));
-  EXPECT_EQ(boxes.summary, "サイズ： --- バイト / 種類： ---");
-  EXPECT_EQ(boxes.detail, "著作権： --- / 分解能： 0 / トラック数： 0");
+  EXPECT_EQ(boxes.summary, "サイズ： 1,234 バイト / 種類： MIDI");
+  EXPECT_EQ(boxes.detail, "---");
 }
 
 // Play times.
@@ -121,7 +124,7 @@ TEST_F(InformationPanelTest, AFileThatCannotBePlayedPlaysForNoTime) {
   options.system.loadTime = 1;
   panel.ShowRow(Add("a.wav", "", "WAVE"));
   EXPECT_EQ(playTimes.asked, 1);
-  EXPECT_TRUE(boxes.summary.ends_with("種類： WAVE / 演奏時間： 0:00")) << boxes.summary;
+  EXPECT_TRUE(boxes.summary.ends_with(" / 演奏時間： 0:00")) << boxes.summary;
 }
 
 // The file name box.

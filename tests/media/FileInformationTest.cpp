@@ -3,7 +3,9 @@
 #include <optional>
 #include <string>
 
+#include "filelist/paths/basFileControl.h"
 #include "media/FileInformation.h"
+#include "platform/Shell.h"
 #include "support/MediaBuilders.h"
 #include "support/TempFolder.h"
 
@@ -117,6 +119,14 @@ TEST(DetailLine, IsDashesForOtherTypes) {
   EXPECT_EQ(DetailLine(std::monostate()), "---");
 }
 
+/// Behind the type of a file that no reader is for.
+std::string Further(const TempFolder& folder, const std::string& extension) {
+  const std::string description = FileTypeDescription(extension);
+  const std::string path = folder.Path();
+  const std::string inFolder(FileName(std::string_view(path).substr(0, path.size() - 1)));
+  return " " + (description.empty() ? inFolder : description);
+}
+
 struct FileCase {
   const char* name;
   std::string bytes;
@@ -127,6 +137,7 @@ struct FileCase {
 };
 
 TEST(FileInformation, ReadsTheFileForBothLines) {
+  const TempFolder folder;
   const std::string trailer = Id3v1Trailer({.artist = "one", .comment = "Nice"});
   const std::string tag = Id3v2Tag({.frames = {{"TPE1", AnsiText("two")}, {"TYER", AnsiText("2003")}}});
   const std::string one = "アーティスト： one / アルバム： --- / コメント： Nice / 年： ---";
@@ -143,14 +154,14 @@ TEST(FileInformation, ReadsTheFileForBothLines) {
       {"name.mp3", RmpFile({{"INAM", "n"}}, 1), "MP3", std::nullopt, "MP3", none},
       {"plain.mp3", Mp3Audio(1), "MP3", 26, "MP3 / 演奏時間： 0:00", none},
       {"empty.mp3", "", "MP3", std::nullopt, "MP3", none},
-      {"a.wav", WaveFile(10), "WAVE", std::nullopt, "WAVE", "---"},
-      {"empty.txt", "", "txt", 1000, "txt", "---"},
-      {"page.html", HtmlPage("Song", ""), "HTML", std::nullopt, "HTML", "---"},
+      {"a.wav", WaveFile(10), "WAVE", std::nullopt, "WAVE" + Further(folder, "WAV"), "---"},
+      {"empty.txt", "", "txt", 1000, "txt" + Further(folder, "TXT"), "---"},
+      {"page.html", HtmlPage("Song", ""), "HTML", std::nullopt, "HTML" + Further(folder, "HTML"), "---"},
+      {"strange.qzx", "", "qzx", 1000, "qzx" + Further(folder, ""), "---"},
   };
-  const TempFolder folder;
   for (const FileCase& c : cases) {
     SCOPED_TRACE(c.name);
-    const FileInformation information = ReadFileInformation(folder.Write(c.name, c.bytes), c.type, c.playTimeMs);
+    const FileInformation information = ReadFileInformation(folder.Write(c.name, c.bytes), c.type, 0, c.playTimeMs);
     EXPECT_EQ(information.summary, "サイズ： " + std::to_string(c.bytes.size()) + " バイト / 種類： " + c.summary);
     EXPECT_EQ(information.detail, c.detail);
   }
@@ -159,13 +170,18 @@ TEST(FileInformation, ReadsTheFileForBothLines) {
 TEST(FileInformation, GroupsTheDigitsOfTheSize) {
   const TempFolder folder;
   const std::string path = folder.Write("big.txt", std::string(1234567, 'x'));
-  EXPECT_EQ(ReadFileInformation(path, "txt", std::nullopt).summary, "サイズ： 1,234,567 バイト / 種類： txt");
+  EXPECT_EQ(ReadFileInformation(path, "txt", 0, std::nullopt).summary,
+            "サイズ： 1,234,567 バイト / 種類： txt" + Further(folder, "TXT"));
 }
 
-TEST(FileInformation, OfAFileThatCannotBeOpenedIsThatOfNoFile) {
+TEST(FileInformation, OfAFileThatCannotBeOpenedKeepsLengthAndType) {
   const TempFolder folder;
-  EXPECT_EQ(ReadFileInformation(folder.At("none.mp3"), "MP3", 1000),
-            (FileInformation{"サイズ： --- バイト / 種類： ---", "著作権： --- / 分解能： 0 / トラック数： 0"}));
+  EXPECT_EQ(ReadFileInformation(folder.At("none.mp3"), "MP3", 1234, 1000),
+            (FileInformation{"サイズ： 1,234 バイト / 種類： MP3 / 演奏時間： 0:01", "---"}));
+  EXPECT_EQ(ReadFileInformation(folder.At("none.mid"), "MIDI", 0, std::nullopt),
+            (FileInformation{"サイズ： 0 バイト / 種類： MIDI", "---"}));
+  EXPECT_EQ(ReadFileInformation(folder.At("none.txt"), "txt", 9, std::nullopt),
+            (FileInformation{"サイズ： 9 バイト / 種類： txt" + Further(folder, "TXT"), "---"}));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "platform/Shell.h"
 #include "support/TempFolder.h"
 
@@ -10,6 +12,15 @@ TEST(OpenWithShell, AnswersTwoForAFileThatIsNotThere) {
   const test::TempFolder folder;
   EXPECT_EQ(OpenWithShell(folder.At("missing.chm")), kShellFileNotFound);
   EXPECT_EQ(OpenWithShell(""), kShellFileNotFound);
+}
+
+TEST(FileTypeDescription, IsWhatTheDesktopCallsAFile) {
+  EXPECT_EQ(FileTypeDescription("qzx"), "") << "nobody's extension";
+  EXPECT_EQ(FileTypeDescription(""), "");
+  const std::string words = FileTypeDescription("txt");
+  if (words.empty()) GTEST_SKIP() << "this desktop knows no types of files";
+  EXPECT_NE(words, FileTypeDescription("html"));
+  EXPECT_EQ(words, FileTypeDescription("TXT"));
 }
 
 }  // namespace

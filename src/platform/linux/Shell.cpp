@@ -38,4 +38,19 @@ int OpenWithShell(const std::string& target, std::uintptr_t /*ownerWindow*/) {
   return answer;
 }
 
+std::string FileTypeDescription(const std::string& extension) {
+  if (extension.empty() || HoldsNul(extension)) return {};
+  const std::string name = "file." + extension;
+  gboolean uncertain = FALSE;
+  char* const type = g_content_type_guess(name.c_str(), nullptr, 0, &uncertain);
+  std::string words;
+  if (g_content_type_is_unknown(type) == FALSE) {
+    char* const description = g_content_type_get_description(type);
+    words = description;
+    g_free(description);
+  }
+  g_free(type);
+  return words;
+}
+
 }  // namespace quillon

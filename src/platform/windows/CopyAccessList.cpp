@@ -5,9 +5,9 @@
 #include <aclapi.h>
 
 #include <cstddef>
-#include <cstring>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace quillon {
@@ -17,16 +17,20 @@ struct LocalMemory {
   void operator()(void* memory) const { ::LocalFree(memory); }
 };
 
-/// The part of an access list that a file does not have from its folder.
-struct OwnList {
-  bool inherits = true;
-  std::vector<std::byte> entries;  ///< one after the other, as the system keeps them
+using Entries = std::vector<std::byte>;  // one after the other, as the system keeps them
 
-  bool operator==(const OwnList&) const = default;
-  [[nodiscard]] bool Empty() const { return inherits && entries.empty(); }
+/// An access list, by where its entries come from.
+struct AccessList {
+  bool inherits = true;
+  Entries own;
+  Entries inherited;
 };
 
-std::optional<OwnList> ReadOwnList(const std::wstring& path) {
+void Append(Entries& entries, const Entries& more) {
+  entries.insert(entries.end(), more.begin(), more.end());
+}
+
+std::optional<AccessList> ReadAccessList(const std::wstring& path) {
   ACL* list = nullptr;
   void* memory = nullptr;
   if (::GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list, nullptr,
@@ -34,44 +38,59 @@ std::optional<OwnList> ReadOwnList(const std::wstring& path) {
     return std::nullopt;
   }
   const std::unique_ptr<void, LocalMemory> descriptor(memory);
-  OwnList own;
-  if (list == nullptr) return own;  // no list at all: a volume without them
+  AccessList read;
+  if (list == nullptr) return read;  // a volume without them
   SECURITY_DESCRIPTOR_CONTROL control = 0;
   DWORD revision = 0;
   if (!::GetSecurityDescriptorControl(descriptor.get(), &control, &revision)) return std::nullopt;
-  own.inherits = (control & SE_DACL_PROTECTED) == 0;
+  read.inherits = (control & SE_DACL_PROTECTED) == 0;
   for (DWORD i = 0; i < list->AceCount; ++i) {
     void* entry = nullptr;
     if (!::GetAce(list, i, &entry)) return std::nullopt;
     const auto* const header = static_cast<const ACE_HEADER*>(entry);
-    if ((header->AceFlags & INHERITED_ACE) != 0) continue;
     const auto* const bytes = static_cast<const std::byte*>(entry);
-    own.entries.insert(own.entries.end(), bytes, bytes + header->AceSize);
+    Entries& entries = (header->AceFlags & INHERITED_ACE) != 0 ? read.inherited : read.own;
+    entries.insert(entries.end(), bytes, bytes + header->AceSize);
   }
-  return own;
+  return read;
 }
 
-bool SetOwnList(const std::wstring& path, const OwnList& own) {
-  const std::size_t size = sizeof(ACL) + own.entries.size();
-  std::vector<DWORD> memory((size + sizeof(DWORD) - 1) / sizeof(DWORD));  // lists stand at multiples of four bytes
+// The file's own entries come first, as the system orders them.
+bool SetAccessList(const std::wstring& path, bool inherits, Entries entries) {
+  std::vector<DWORD> memory((sizeof(ACL) + entries.size() + sizeof(DWORD) - 1) / sizeof(DWORD));  // aligned
   auto* const list = reinterpret_cast<ACL*>(memory.data());
   if (!::InitializeAcl(list, static_cast<DWORD>(memory.size() * sizeof(DWORD)), ACL_REVISION_DS)) return false;
-  std::vector<std::byte> entries = own.entries;
   const auto length = static_cast<DWORD>(entries.size());
   if (!entries.empty() && !::AddAce(list, ACL_REVISION_DS, MAXDWORD, entries.data(), length)) return false;
-  const DWORD protection = own.inherits ? UNPROTECTED_DACL_SECURITY_INFORMATION : PROTECTED_DACL_SECURITY_INFORMATION;
-  std::wstring name = path;
-  return ::SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | protection, nullptr, nullptr,
-                                 list, nullptr) == ERROR_SUCCESS;
+  SECURITY_DESCRIPTOR descriptor = {};
+  if (!::InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION)) return false;
+  if (!::SetSecurityDescriptorDacl(&descriptor, TRUE, list, FALSE)) return false;
+  constexpr SECURITY_DESCRIPTOR_CONTROL kInheriting = SE_DACL_AUTO_INHERIT_REQ | SE_DACL_AUTO_INHERITED;
+  constexpr SECURITY_DESCRIPTOR_CONTROL kAll = kInheriting | SE_DACL_PROTECTED;
+  const SECURITY_DESCRIPTOR_CONTROL control = inherits ? kInheriting : SECURITY_DESCRIPTOR_CONTROL{SE_DACL_PROTECTED};
+  if (!::SetSecurityDescriptorControl(&descriptor, kAll, control)) return false;
+  const DWORD protection = inherits ? UNPROTECTED_DACL_SECURITY_INFORMATION : PROTECTED_DACL_SECURITY_INFORMATION;
+  return ::SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION | protection, &descriptor) != 0;
+}
+
+bool HaveSameOwn(const AccessList& left, const AccessList& right) {
+  return left.inherits == right.inherits && left.own == right.own;
 }
 
 }  // namespace
 
 bool CopyAccessList(const std::wstring& from, const std::wstring& to) {
-  const std::optional<OwnList> own = ReadOwnList(from);
-  if (!own) return false;
-  if (own->Empty() || ReadOwnList(to) == own) return true;
-  return SetOwnList(to, *own) && ReadOwnList(to) == own;
+  const std::optional<AccessList> source = ReadAccessList(from);
+  if (!source) return false;
+  if (source->inherits && source->own.empty()) return true;
+  const std::optional<AccessList> before = ReadAccessList(to);
+  if (!before) return false;
+  if (HaveSameOwn(*before, *source)) return true;
+  Entries entries = source->own;
+  if (source->inherits) Append(entries, before->inherited);
+  if (!SetAccessList(to, source->inherits, std::move(entries))) return false;
+  const std::optional<AccessList> now = ReadAccessList(to);
+  return now && HaveSameOwn(*now, *source);
 }
 
 }  // namespace quillon

@@ -3,7 +3,9 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <shlwapi.h>
 
+#include <array>
 #include <optional>
 
 #include "platform/windows/Wide.h"
@@ -18,6 +20,17 @@ int OpenWithShell(const std::string& target, std::uintptr_t ownerWindow) {
   const auto owner = reinterpret_cast<HWND>(ownerWindow);  // NOLINT(performance-no-int-to-ptr)
   const HINSTANCE answer = ::ShellExecuteW(owner, L"open", wide->c_str(), nullptr, nullptr, SW_SHOW);
   return static_cast<int>(reinterpret_cast<std::intptr_t>(answer));
+}
+
+std::string FileTypeDescription(const std::string& extension) {
+  constexpr DWORD kLongest = 256;
+  const std::optional<std::wstring> dotted = ToWide("." + extension);
+  std::array<wchar_t, kLongest> words = {};
+  DWORD length = kLongest;
+  const bool known = !extension.empty() && dotted &&
+                     ::AssocQueryStringW(ASSOCF_INIT_IGNOREUNKNOWN, ASSOCSTR_FRIENDLYDOCNAME, dotted->c_str(), nullptr,
+                                         words.data(), &length) == S_OK;
+  return known ? FromWide(words.data()) : std::string();
 }
 
 }  // namespace quillon

@@ -40,7 +40,7 @@ TEST(SparseFiles, ATitleThatClaimsTheWholeFileCostsLittle) {
     RestartMemoryPeak();
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(ReadMediaInfo(path), (MediaInfo{"title", ""}));
-    const FileInformation lines = ReadFileInformation(path, "MP3", std::nullopt);
+    const FileInformation lines = ReadFileInformation(path, "MP3", 0, std::nullopt);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
     EXPECT_TRUE(lines.summary.starts_with("サイズ： 10,737,418,240 バイト / 種類： MP3")) << lines.summary;
     EXPECT_LT(MemoryPeak() - before, std::size_t{4} << 20U);

@@ -1,7 +1,0 @@
-#include "platform/desktop/MessageSound.h"
-
-namespace quillon {
-
-void PlayMessageSound(MessageIcon) {}
-
-}  // namespace quillon
