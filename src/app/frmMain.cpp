@@ -5,10 +5,12 @@
 #include <wx/display.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
+#include <wx/toolbar.h>
 #include <wx/utils.h>
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <utility>
 
 #include "controls/AlwaysOnTop.h"
@@ -30,7 +32,6 @@ namespace {
 
 constexpr std::chrono::milliseconds kShowDuringLoadAfter(500);
 constexpr int kTitleBar = 12;         // DIP: half of its height
-constexpr int kSmallestList = 40;     // DIP: less than what usual fonts leave
 constexpr int kFirstListSize = 200;   // DIP
 constexpr int kWidestColumn = 4000;   // DIP
 constexpr int kNarrowestColumn = 20;  // DIP: the header of a narrower one cannot be seen or dragged
@@ -164,17 +165,27 @@ void frmMain::ShowLaidOut() {
   });
 }
 
-// Large fonts ask for more room below the list: some of the list has to stay.
+// What taller controls and larger fonts take is added to the window: the list keeps its height, as far as the screen
+// is tall enough.
 void frmMain::GrowSmallestSize() {
-  const int missing = FromDIP(kSmallestList) - (controls_.list->GetSize().y - (GetSize().y - GetMinSize().y));
-  if (missing > 0) SetMinSize(GetMinSize() + wxSize(0, missing));
-  SetSize(wxRect(GetPosition(), wxSize(std::max(GetSize().x, GetMinSize().x), std::max(GetSize().y, GetMinSize().y))));
+  BarHeights bars = Bars();
+  bars.toolBar = std::max(bars.toolBar, GetToolBar()->GetBestSize().y);  // GTK's gets its height when it is shown
+  if (const std::optional<int> inside = HeightForTallControls(controls_, bars)) {
+    const int frame = GetSize().y - controls_.panel->GetClientSize().y - bars.toolBar - bars.statusBar;
+    const int height = std::min(*inside + frame, QueryScreen().height);
+    SetMinSize(wxSize(GetMinSize().x, std::max(GetMinSize().y, height)));
+  }
+  wxSize size = GetSize();
+  size.IncTo(GetMinSize());
+  if (size != GetSize()) Place(size);
 }
 
-// Once the window is on the screen: GTK may have forgotten the place while it asked for the frame's measures.
+// Once the window is on the screen: GTK may have forgotten the place while it asked for the frame's measures, which are
+// known only now.
 void frmMain::SettleAt(const wxRect& place) {
   if (GetRect() != place && !IsMaximized()) SetSize(place);
   OnPanelSize();
+  GrowSmallestSize();
 }
 
 void frmMain::ComeForward() {
@@ -187,16 +198,10 @@ void frmMain::ApplySettings() {
   const OptionValues::Window& window = app_->Options().window;
   const ScreenMetrics metrics = QueryScreen();
   const wxSize screen(metrics.width, metrics.height);
-  wxSize size(ToPixels(*this, window.width), ToPixels(*this, window.height));
-  size.DecTo(screen);
-  const wxPoint centred(screen.x / 2 - size.x / 2, screen.y / 2 - size.y / 2);
-  wxPoint place = centred;
-  if (window.left) place.x = ToPixels(*this, *window.left);
-  if (window.top) place.y = ToPixels(*this, *window.top);
   wxSize smallest = SmallestSize(*this);
   smallest.DecTo(screen);
   SetMinSize(smallest);
-  SetSize(OnItsScreen(wxRect(place, size), FromDIP(kTitleBar), centred));
+  Place(wxSize(ToPixels(*this, window.width), ToPixels(*this, window.height)));
   for (int i = 0; i < kColumnCount; ++i) {
     const auto column = static_cast<Column>(i);
     const int width = ToPixels(*this, window.columnWidths.at(static_cast<std::size_t>(i)));
@@ -205,6 +210,19 @@ void frmMain::ApplySettings() {
   std::int16_t& repeat = app_->Options().player.repeat;
   repeat = repeat != 0 ? 1 : 0;
   controls_.chkRepeat->SetValue(repeat == 1);
+}
+
+// Where the settings have it, or in the middle of the screen.
+void frmMain::Place(wxSize size) {
+  const OptionValues::Window& window = app_->Options().window;
+  const ScreenMetrics metrics = QueryScreen();
+  const wxSize screen(metrics.width, metrics.height);
+  size.DecTo(screen);
+  const wxPoint centred(screen.x / 2 - size.x / 2, screen.y / 2 - size.y / 2);
+  wxPoint place = centred;
+  if (window.left) place.x = ToPixels(*this, *window.left);
+  if (window.top) place.y = ToPixels(*this, *window.top);
+  SetSize(OnItsScreen(wxRect(place, size), FromDIP(kTitleBar), centred));
 }
 
 void frmMain::KeepSettings() {
@@ -236,11 +254,11 @@ void frmMain::OnClose(wxCloseEvent& event) {
   Destroy();
 }
 
-// A command that runs is ended first, and the window closes after it; a dialog is answered, and the user asks again.
+// The window closes after the command that runs, and after the dialog that it has open. A box that no command has
+// opened is answered first, and the user asks again.
 bool frmMain::StaysOpen() {
-  const bool dialog = TopmostDialog(nullptr) != nullptr;
-  if (!dialog && !app_->IsRunning()) return false;
-  closeWanted_ = boxes_.StopBatch() || (!dialog && !answering_);
+  if (!app_->IsRunning()) return TopmostDialog(nullptr) != nullptr;
+  closeWanted_ = boxes_.StopBatch() || !answering_;
   app_->CancelLoad();
   return true;
 }

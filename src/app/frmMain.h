@@ -91,6 +91,7 @@ class frmMain final : public wxFrame,
   void BindEvents();
   void BindRenameBox();
   void BindPlayer();
+  [[nodiscard]] BarHeights Bars() const;
   void OnPanelSize();
   void Run(Command command);
   void ShowRowMenu(wxPoint screen);
@@ -102,6 +103,7 @@ class frmMain final : public wxFrame,
   void UpdateCounts();
   void UpdateCommands();
   void ApplySettings();
+  void Place(wxSize size);
   void KeepSettings();
   void BeforeYield();
   void ShowLaidOut();

@@ -186,14 +186,16 @@ void frmMain::BindPlayer() {
       wxEVT_TOGGLEBUTTON, [this](wxCommandEvent& event) { app_->Options().player.repeat = event.IsChecked() ? 1 : 0; });
 }
 
+BarHeights frmMain::Bars() const {
+  return {GetToolBar()->GetSize().y, GetStatusBar()->GetSize().y};
+}
+
 // While the window is minimised, or has not got its size yet, there is nothing to lay out.
 void frmMain::OnPanelSize() {
   const wxSize size = controls_.panel->GetClientSize();
   const wxSize smallest = SmallestSize(*this);
   if (IsIconized() || size.x < smallest.x / 2 || size.y < smallest.y * 2 / 3) return;
-  const int toolBar = GetToolBar()->GetSize().y;
-  const int statusBar = GetStatusBar()->GetSize().y;
-  LayOut(controls_, {toolBar, statusBar});
+  LayOut(controls_, Bars());
   app_->WindowResized();
 }
 

@@ -19,6 +19,7 @@ constexpr int kSmallestHeight = 5580;
 constexpr int kSmallestWidth = 6870;
 constexpr int kSideGap = 60;      // the list's and the frames' widths are the inner width less this
 constexpr int kBelowList = 3570;  // the list's height is the inner height less this
+constexpr int kListBesideTallControls = 2400;
 constexpr int kPlayerFromBottom = 1125;
 constexpr int kBoxesLeft = 1560;
 constexpr int kBoxesRight = 240;
@@ -51,6 +52,14 @@ Button* MakeButton(wxWindow* parent, const char* name, const char* label, std::s
   return button;
 }
 
+// Labels stand in the middle of something: a larger frame is painted whole.
+wxPanel* MakeFrame(wxWindow* parent, const char* name) {
+  auto* frame =
+      new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxFULL_REPAINT_ON_RESIZE);
+  frame->SetName(name);
+  return frame;
+}
+
 /// The text boxes of fraFileInfo from the top.
 std::array<wxTextCtrl*, 5> Boxes(const frmMainControls& controls) {
   return {controls.txtAlterTitle, controls.txtTitle, controls.txtFileName, controls.txtFileInfo,
@@ -74,6 +83,15 @@ int PlayerHeight(const frmMainControls& controls) {
          2 * ToPixels(*controls.panel, kSmallGap);
 }
 
+int PlayerAndStatusHeight(const frmMainControls& controls, BarHeights bars) {
+  return std::max(ToPixels(*controls.panel, kPlayerFromBottom), PlayerHeight(controls) + bars.statusBar);
+}
+
+int HeightBelowList(const frmMainControls& controls, BarHeights bars) {
+  return std::max(ToPixels(*controls.panel, kBelowList),
+                  bars.toolBar + MeasureInfo(controls).All() + PlayerAndStatusHeight(controls, bars));
+}
+
 void LayOutInfo(const frmMainControls& controls) {
   const wxWindow& window = *controls.panel;
   const wxSize size = controls.fraFileInfo->GetClientSize();
@@ -82,6 +100,7 @@ void LayOutInfo(const frmMainControls& controls) {
   const int labelsLeft = ToPixels(window, kSliderLeft);
   const int left = std::max(ToPixels(window, kBoxesLeft), labelsLeft + widestLabel + ToPixels(window, kSideGap));
   const int width = size.x - left - ToPixels(window, kBoxesRight);
+  const wxWindow::ChildrenRepositioningGuard atOnce(controls.fraFileInfo);
   const InfoHeights heights = MeasureInfo(controls);
   const int firstTop = 3 * heights.gap;  // off the list
   const int step = (size.y - firstTop) / 5;
@@ -102,6 +121,7 @@ void PlaceCentred(wxWindow& control, int left, int width, int height, int areaHe
 void LayOutPlayer(const frmMainControls& controls) {
   const wxWindow& window = *controls.panel;
   const wxSize size = controls.fraMusicPlayer->GetClientSize();
+  const wxWindow::ChildrenRepositioningGuard atOnce(controls.fraMusicPlayer);
   const int button = ToPixels(window, kButtonSize);
   const auto place = [&](wxWindow& control, int fromRight) {
     PlaceCentred(control, size.x - ToPixels(window, fromRight), button, button, size.y);
@@ -123,8 +143,7 @@ void LayOutPlayer(const frmMainControls& controls) {
 }  // namespace
 
 void MakeFileInfo(frmMainControls& controls) {
-  auto* frame = new wxPanel(controls.panel);
-  frame->SetName("fraFileInfo");
+  auto* frame = MakeFrame(controls.panel, "fraFileInfo");
   controls.fraFileInfo = frame;
   constexpr std::array<const char*, 5> kLabels = {"リネーム名(&N)", "タイトル", "ファイル名", "ファイル情報", "詳細"};
   const auto label = [&](std::size_t i) {
@@ -144,8 +163,7 @@ void MakeFileInfo(frmMainControls& controls) {
 }
 
 void MakeMusicPlayer(frmMainControls& controls, PositionSlider::Handlers slider) {
-  auto* frame = new wxPanel(controls.panel);
-  frame->SetName("fraMusicPlayer");
+  auto* frame = MakeFrame(controls.panel, "fraMusicPlayer");
   controls.fraMusicPlayer = frame;
   controls.sldPosition = new PositionSlider(frame, std::move(slider));
   controls.sldPosition->SetName("sldPosition");
@@ -171,18 +189,25 @@ void LayOut(const frmMainControls& controls, BarHeights bars) {
   const int innerHeight = client.y + bars.toolBar + bars.statusBar;
   const int width = client.x - ToPixels(window, kSideGap);
   const int left = ToPixels(window, kSideGap) / 2;
-  const int player = PlayerHeight(controls);
-  const int playerAndStatus = std::max(ToPixels(window, kPlayerFromBottom), player + bars.statusBar);
-  const int belowList =
-      std::max(ToPixels(window, kBelowList), bars.toolBar + MeasureInfo(controls).All() + playerAndStatus);
-  const int listHeight = std::max(innerHeight - belowList, 1);
+  const int playerAndStatus = PlayerAndStatusHeight(controls, bars);
+  const int listHeight = std::max(innerHeight - HeightBelowList(controls, bars), 1);
   const int playerTop = innerHeight - playerAndStatus - bars.toolBar;
-  controls.list->SetSize(left, 0, width, listHeight);
-  controls.lblNowloading->SetSize(left, 0, width, listHeight - ToPixels(window, kNowloadingShorter));
-  controls.fraFileInfo->SetSize(left, listHeight, width, playerTop - listHeight);
-  controls.fraMusicPlayer->SetSize(left, playerTop, width, innerHeight - bars.toolBar - bars.statusBar - playerTop);
+  {
+    // At once: one that grows over another that moves only later would leave its picture there.
+    const wxWindow::ChildrenRepositioningGuard atOnce(controls.panel);
+    controls.list->SetSize(left, 0, width, listHeight);
+    controls.lblNowloading->SetSize(left, 0, width, listHeight - ToPixels(window, kNowloadingShorter));
+    controls.fraFileInfo->SetSize(left, listHeight, width, playerTop - listHeight);
+    controls.fraMusicPlayer->SetSize(left, playerTop, width, innerHeight - bars.toolBar - bars.statusBar - playerTop);
+  }
   LayOutInfo(controls);
   LayOutPlayer(controls);
+}
+
+std::optional<int> HeightForTallControls(const frmMainControls& controls, BarHeights bars) {
+  const int belowList = HeightBelowList(controls, bars);
+  if (belowList <= ToPixels(*controls.panel, kBelowList)) return std::nullopt;
+  return belowList + ToPixels(*controls.panel, kListBesideTallControls);
 }
 
 void ShowTime(const frmMainControls& controls, const wxString& text) {

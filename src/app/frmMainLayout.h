@@ -7,6 +7,7 @@
 #include <wx/tglbtn.h>
 
 #include <array>
+#include <optional>
 
 #include "controls/PositionSlider.h"
 #include "player/PlayerPorts.h"
@@ -51,6 +52,10 @@ struct BarHeights {
 /// Places the controls in the panel. Heights and widths are the window's own, in twips, bars included; where the
 /// desktop's fonts or controls need more room below the list than that, they get it and the list is shorter.
 void LayOut(const frmMainControls& controls, BarHeights bars);
+
+/// The height inside the window, bars included, with which the list is as high as the window's design has it beside
+/// controls that are taller than that takes them for; nullopt when they are not.
+[[nodiscard]] std::optional<int> HeightForTallControls(const frmMainControls& controls, BarHeights bars);
 
 /// Another text for lblTime: it has the room that it needs.
 void ShowTime(const frmMainControls& controls, const wxString& text);

@@ -94,16 +94,5 @@ TEST_F(FailingBatch, EndsWhenTheMainWindowIsClosed) {
   EXPECT_TRUE(dialogs.TakeShown().empty());
 }
 
-TEST_F(FailingBatch, AQuestionKeepsTheMainWindowOpen) {
-  App().Options().system.msgbox = 0;
-  dialogs.Use([this](wxDialog& dialog) {
-    Frame().Close();
-    Press(dialog, wxID_NO);
-  });
-  Run(Command::mnuAllUpdate);
-  Drain();
-  EXPECT_TRUE(IsOpen());
-}
-
 }  // namespace
 }  // namespace quillon::test

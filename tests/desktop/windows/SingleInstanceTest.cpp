@@ -99,6 +99,18 @@ TEST(SingleInstance, TheFirstsWindowIsRestored) {
   EXPECT_TRUE(MainWindow::ComesForward(window.Get()));
 }
 
+TEST(SingleInstance, AMaximisedWindowStaysSo) {
+  const auto first = MakeSingleInstance(kTitle, kClass);
+  const MainWindow window(kWideTitle);
+  ::ShowWindow(window.Get(), SW_MAXIMIZE);
+  MainWindow::Process();
+  if (::IsZoomed(window.Get()) == FALSE) GTEST_SKIP() << kNoDisplay;
+  EXPECT_EQ(test::RunOtherInstance(kTitle, kClass).output, test::kLater);
+  MainWindow::Process();
+  EXPECT_TRUE(::IsZoomed(window.Get()));
+  EXPECT_TRUE(MainWindow::ComesForward(window.Get()));
+}
+
 TEST(SingleInstance, AnyClassWillDoWhenNoneIsGiven) {
   const auto first = MakeSingleInstance(kTitle, "");
   const MainWindow window(kWideTitle);

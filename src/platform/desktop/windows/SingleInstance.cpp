@@ -46,7 +46,8 @@ class MutexInstance final : public SingleInstance {
     // The owner of an open dialog would stay minimised; it must not take the front from the dialog either.
     if (popup != window && ::IsIconic(window) != FALSE) ::ShowWindowAsync(window, SW_SHOWNOACTIVATE);
     ::SetForegroundWindow(popup);
-    ::ShowWindowAsync(popup, SW_RESTORE);
+    // A maximised window stays so.
+    if (::IsIconic(popup) != FALSE) ::ShowWindowAsync(popup, SW_RESTORE);
   }
 
   void OnRaise(std::function<void()> /*raise*/) override {}
