@@ -131,6 +131,14 @@ void frmMain::NameControls() {
   for (const auto& [control, name] : names) {
     SetAccessibleName(control->GetHandle(), name);
   }
+  SetAccessibleHeaders(controls_.list->GetHandle(), {"チェック", "アイコン"});
+  std::vector<std::string> arrows;
+  for (const ToolBarButton& button : ToolBarButtons()) {
+    if (button.command != Command::kSeparator && button.all != Command::kSeparator) {
+      arrows.push_back(std::string(button.label) + "のメニュー");
+    }
+  }
+  SetAccessibleArrows(GetToolBar()->GetHandle(), arrows);
 }
 
 void frmMain::Start(const std::vector<std::string>& paths) {
@@ -177,7 +185,9 @@ void frmMain::GrowSmallestSize() {
   }
   wxSize size = GetSize();
   size.IncTo(GetMinSize());
-  if (size != GetSize()) Place(size);
+  if (size == GetSize()) return;
+  Place(size);
+  grownHeight_ = GetSize().y;
 }
 
 // Once the window is on the screen: GTK may have forgotten the place while it asked for the frame's measures, which are
@@ -204,7 +214,7 @@ void frmMain::ApplySettings() {
   Place(wxSize(ToPixels(*this, window.width), ToPixels(*this, window.height)));
   for (int i = 0; i < kColumnCount; ++i) {
     const auto column = static_cast<Column>(i);
-    const int width = ToPixels(*this, window.columnWidths.at(static_cast<std::size_t>(i)));
+    const int width = FirstWidth(column, window.columnWidths.at(static_cast<std::size_t>(i)));
     lvwFiles_->SetColumnWidth(column, std::clamp(width, FromDIP(kNarrowestColumn), FromDIP(kWidestColumn)));
   }
   std::int16_t& repeat = app_->Options().player.repeat;
@@ -225,6 +235,12 @@ void frmMain::Place(wxSize size) {
   SetSize(OnItsScreen(wxRect(place, size), FromDIP(kTitleBar), centred));
 }
 
+// A heading that needs more than its column's usual width has it.
+int frmMain::FirstWidth(Column column, std::int32_t twips) const {
+  const bool usual = twips == OptionValues().window.columnWidths.at(static_cast<std::size_t>(column));
+  return std::max(ToPixels(*this, twips), usual ? lvwFiles_->HeadingWidth(column) : 0);
+}
+
 void frmMain::KeepSettings() {
   OptionValues& options = app_->Options();
   const wxRect rect = GetRect();
@@ -233,10 +249,12 @@ void frmMain::KeepSettings() {
   Keep(*this, *options.window.left, rect.x);
   Keep(*this, *options.window.top, rect.y);
   Keep(*this, options.window.width, rect.width);
-  Keep(*this, options.window.height, rect.height);
+  if (rect.height != grownHeight_) Keep(*this, options.window.height, rect.height);
   for (int i = 0; i < kColumnCount; ++i) {
-    Keep(*this, options.window.columnWidths.at(static_cast<std::size_t>(i)),
-         lvwFiles_->ColumnWidth(static_cast<Column>(i)));
+    const auto column = static_cast<Column>(i);
+    std::int32_t& twips = options.window.columnWidths.at(static_cast<std::size_t>(i));
+    const int width = lvwFiles_->ColumnWidth(column);
+    if (width != FirstWidth(column, twips)) Keep(*this, twips, width);
   }
 }
 

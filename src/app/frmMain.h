@@ -99,11 +99,13 @@ class frmMain final : public wxFrame,
   void OnStatusBarClick(wxMouseEvent& event);
   void OnClose(wxCloseEvent& event);
   [[nodiscard]] bool StaysOpen();
+  void ShowStatus(const std::string& text, int panel);
   void ScheduleUpdate();
   void UpdateCounts();
   void UpdateCommands();
   void ApplySettings();
   void Place(wxSize size);
+  [[nodiscard]] int FirstWidth(Column column, std::int32_t twips) const;
   void KeepSettings();
   void BeforeYield();
   void ShowLaidOut();
@@ -133,6 +135,7 @@ class frmMain final : public wxFrame,
   bool updateScheduled_ = false;
   bool closeWanted_ = false;  // while a command ran
   bool saves_ = true;
+  int grownHeight_ = 0;  // the window's, for taller controls; not the user's wish
 };
 
 }  // namespace quillon

@@ -11,6 +11,7 @@
 #include "controls/Pictures.h"
 #include "controls/WxText.h"
 #include "controls/basLoadFileIcon.h"
+#include "platform/desktop/AccessibleName.h"
 
 /// The main window's commands: menus, tool bar, status bar, keys, and the events of its controls.
 namespace quillon {
@@ -247,12 +248,20 @@ void frmMain::OnStatusBarClick(wxMouseEvent& event) {
   event.Skip();
 }
 
+void frmMain::ShowStatus(const std::string& text, int panel) {
+  if (FromWx(GetStatusBar()->GetStatusText(panel)) == text) return;
+  SetStatusText(ToWx(text), panel);
+  std::string all;
+  for (int i = 0; i <= kItemPanel; ++i) all += (i == 0 ? "" : " / ") + FromWx(GetStatusBar()->GetStatusText(i));
+  SetAccessibleStatus(GetStatusBar()->GetHandle(), all);
+}
+
 void frmMain::SetPlayerText(const std::string& text) {
-  SetStatusText(ToWx(text), kPlayerPanel);
+  ShowStatus(text, kPlayerPanel);
 }
 
 void frmMain::SetModeText(const std::string& text) {
-  SetStatusText(ToWx(text), kModePanel);
+  ShowStatus(text, kModePanel);
   ScheduleUpdate();  // the mode enables and disables commands
 }
 
@@ -277,8 +286,8 @@ void frmMain::ScheduleUpdate() {
 }
 
 void frmMain::UpdateCounts() {
-  SetStatusText(ToWx(CheckCountText(app_->List())), kCheckPanel);
-  SetStatusText(ToWx(ItemCountText(app_->List())), kItemPanel);
+  ShowStatus(CheckCountText(app_->List()), kCheckPanel);
+  ShowStatus(ItemCountText(app_->List()), kItemPanel);
 }
 
 void frmMain::UpdateCommands() {

@@ -13,6 +13,7 @@
 #include "controls/Pictures.h"
 #include "controls/WrappedToFit.h"
 #include "controls/WxText.h"
+#include "platform/desktop/AccessibleName.h"
 #include "platform/desktop/MessageLook.h"
 
 namespace quillon {
@@ -75,6 +76,7 @@ MessageDialog::MessageDialog(wxWindow* owner, const FailureMessage& content)
   wxDialog::Create(m_parent, wxID_ANY, m_caption);
   SetName("MessageDialog");
   SetIcons(ProgramIcons());
+  SetAccessibleAlert(GetHandle());
   auto* column = new wxBoxSizer(wxVERTICAL);
   AddText(*column);
   if (content_.inBatch) {
@@ -122,23 +124,25 @@ void MessageDialog::AddDetails(wxSizer& column) {
 
 void MessageDialog::AddButtons(wxSizer& column) {
   auto* row = new wxBoxSizer(wxHORIZONTAL);
-  const auto add = [&](wxWindowID id, const char* label) {
-    auto* button = new wxButton(this, id, ToWx(label));
+  // Buttons with the system's own numbers would have its captions, too.
+  const auto add = [&](wxWindowID id, const char* name, const char* label) {
+    auto* button = new wxButton(this, wxID_ANY, ToWx(label));
+    button->SetName(name);
     button->SetMinSize(wxSize(FromDIP(kButtonWidth), -1));
     button->Bind(wxEVT_BUTTON, [this, id](wxCommandEvent&) { EndModal(id); });
     row->Add(button, wxSizerFlags().Border(wxLEFT, row->IsEmpty() ? 0 : FromDIP(kGap)));
     return button;
   };
   const bool yesNo = content_.message.buttons == MessageButtons::kYesNo;
-  wxButton* const first = yesNo ? add(wxID_YES, "はい(&Y)") : add(wxID_OK, "OK");
-  int escape = wxID_OK;
+  wxButton* const first = yesNo ? add(wxID_YES, "cmdYes", "はい(&Y)") : add(wxID_OK, "cmdOK", "OK");
+  const wxButton* last = first;
   if (yesNo) {
-    add(escape = wxID_NO, "いいえ(&N)");
+    last = add(wxID_NO, "cmdNo", "いいえ(&N)");
   } else if (content_.message.buttons == MessageButtons::kOkCancel) {
-    add(escape = wxID_CANCEL, "キャンセル");
+    last = add(wxID_CANCEL, "cmdCancel", "キャンセル");
   }
   SetAffirmativeId(first->GetId());
-  SetEscapeId(escape);
+  SetEscapeId(last->GetId());
   first->SetDefault();
   first->SetFocus();
   column.Add(row, wxSizerFlags().Right().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kMargin)));

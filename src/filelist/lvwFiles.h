@@ -38,6 +38,8 @@ class lvwFiles : public FileListObserver {
   /// Of the six columns of FileItem.h, in pixels of the window.
   [[nodiscard]] virtual int ColumnWidth(Column column) const = 0;
   virtual void SetColumnWidth(Column column, int pixels) = 0;
+  /// The width with which the whole heading can be read; 0 where the system shortens headings by a rule of its own.
+  [[nodiscard]] virtual int HeadingWidth(Column column) const = 0;
 
   /// Scrolls the row into view and makes it the one that the keyboard goes on from; the selection stays.
   virtual void ShowRow(int index) = 0;

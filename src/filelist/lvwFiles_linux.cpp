@@ -26,6 +26,7 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   wxWindow& Window() override { return *view_; }
   int ColumnWidth(Column column) const override;
   void SetColumnWidth(Column column, int pixels) override;
+  int HeadingWidth(Column column) const override;
   void ShowRow(int index) override;
   void EditLabel(int index) override;
 
@@ -200,6 +201,16 @@ int GtkFileList::ColumnWidth(Column column) const {
 void GtkFileList::SetColumnWidth(Column column, int pixels) {
   widths_[static_cast<std::size_t>(column)] = pixels;
   ViewColumn(column)->SetWidth(pixels);
+}
+
+// GTK's themes write headings in bold.
+int GtkFileList::HeadingWidth(Column column) const {
+  constexpr int kAround = 16;  // DIP
+  wxCoord width = 0;
+  wxCoord height = 0;
+  const wxFont bold = view_->GetFont().Bold();
+  view_->GetTextExtent(ViewColumn(column)->GetTitle(), &width, &height, nullptr, nullptr, &bold);
+  return width + view_->FromDIP(kAround);
 }
 
 void GtkFileList::ShowRow(int index) {

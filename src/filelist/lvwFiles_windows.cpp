@@ -48,6 +48,7 @@ class WindowsFileList : public lvwFilesBase, private CellSource {
   wxWindow& Window() override { return *view_; }
   int ColumnWidth(Column column) const override { return view_->GetColumnWidth(static_cast<int>(column)); }
   void SetColumnWidth(Column column, int pixels) override { view_->SetColumnWidth(static_cast<int>(column), pixels); }
+  int HeadingWidth(Column) const override { return 0; }
   void ShowRow(int index) override;
   void EditLabel(int index) override;
 

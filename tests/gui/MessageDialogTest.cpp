@@ -20,9 +20,11 @@ Control* Find(const wxWindow& dialog, const char* name) {
   return dynamic_cast<Control*>(wxWindow::FindWindowByName(name, &dialog));
 }
 
-void Press(wxDialog& dialog, wxWindowID id) {
-  wxCommandEvent event(wxEVT_BUTTON, id);
-  wxWindow::FindWindowById(id, &dialog)->ProcessWindowEvent(event);
+void Press(const wxDialog& dialog, const char* name) {
+  auto* const button = Find<wxButton>(dialog, name);
+  ASSERT_NE(button, nullptr);
+  wxCommandEvent event(wxEVT_BUTTON, button->GetId());
+  button->ProcessWindowEvent(event);
 }
 
 TEST(MessageDialog, ShowsThePictureOfEveryKind) {
@@ -58,6 +60,27 @@ TEST(MessageDialog, OffersNothingMoreOfItselfThanTheMessageAsksFor) {
   EXPECT_EQ(FromWx(Find<wxTextCtrl>(failure, "txtDetails")->GetValue()), "one\ntwo");
 }
 
+TEST(MessageDialog, ItsButtonsAndKeysAnswer) {
+  struct Row {
+    MessageButtons buttons;
+    const char* pressed;  ///< null for Esc
+    bool expected;
+  };
+  for (const Row& row :
+       {Row{MessageButtons::kYesNo, "cmdYes", true}, Row{MessageButtons::kYesNo, "cmdNo", false},
+        Row{MessageButtons::kYesNo, nullptr, false}, Row{MessageButtons::kOkCancel, "cmdOK", true},
+        Row{MessageButtons::kOkCancel, "cmdCancel", false}, Row{MessageButtons::kOkCancel, nullptr, false},
+        Row{MessageButtons::kOk, "cmdOK", true}, Row{MessageButtons::kOk, nullptr, true}}) {
+    SCOPED_TRACE(row.pressed == nullptr ? "Esc" : row.pressed);
+    Dialogs dialogs;
+    dialogs.Use([&](wxDialog& dialog) {
+      if (row.pressed != nullptr) return Press(dialog, row.pressed);
+      dialog.Close();  // as its frame's button and Esc do
+    });
+    EXPECT_EQ(WxMessageBoxes(nullptr).Show({"caption", "text", MessageIcon::kQuestion, row.buttons}), row.expected);
+  }
+}
+
 class FailingBatch : public MainWindowTest {
  protected:
   void SetUp() override {
@@ -75,12 +98,12 @@ TEST_F(FailingBatch, StandsBesideItsRowAndCanBeSilenced) {
     auto* const details = Find<wxTextCtrl>(dialog, "txtDetails");
     ASSERT_NE(details, nullptr);
     EXPECT_EQ(FromWx(details->GetValue()), "ファイル： " + folder.At("a.txt"));
-    Press(dialog, wxID_OK);
+    Press(dialog, "cmdOK");
   });
   dialogs.Use([this](wxDialog& dialog) {
     EXPECT_EQ(SelectedRows(), std::vector<int>{2});
     Find<wxCheckBox>(dialog, "chkTellNoMore")->SetValue(true);
-    Press(dialog, wxID_OK);
+    Press(dialog, "cmdOK");
   });
   dialogs.Answer();
   Run(Command::mnuAllUpdate);

@@ -73,6 +73,18 @@ def _find(role, name):
     return None
 
 
+@_reading
+def names_of(role):
+    """The names of the main window's controls with this role, in order."""
+    return [
+        node.get_name()
+        for window in _windows()
+        if window.get_role() not in _DIALOG_ROLES
+        for node in _walk(window)
+        if node.get_role() == role
+    ]
+
+
 def _text_of(node):
     return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
 

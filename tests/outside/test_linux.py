@@ -67,6 +67,15 @@ class Linux(unittest.TestCase):
         self.addCleanup(process.kill)
         until_equal(display.active_title, drag_source.TITLE, "the other window in front")
 
+    def test_bars_and_headings_can_be_read(self):
+        self.load()
+        status = "手動適応モード / 選択： 01.mid / チェック数： 3 / アイテム数：  3"
+        until_equal(lambda: reader.names_of(reader.Atspi.Role.STATUS_BAR), [status], "the status bar read")
+        headings = reader.names_of(reader.Atspi.Role.TABLE_COLUMN_HEADER)
+        self.assertEqual(headings, ["チェック", "アイコン", *reader.COLUMNS])
+        arrows = [name for name in reader.names_of(reader.Atspi.Role.TOGGLE_BUTTON) if name.endswith("のメニュー")]
+        self.assertEqual(len(arrows), 4)
+
     def test_starts_with_a_folder(self):
         self.load()
         rows = reader.rows()

@@ -22,4 +22,14 @@ void SetAccessibleName(void* control, const std::string& name) {
   services->Release();
 }
 
+// Windows' own dialogs, status bar, tool bar and list tell all of this themselves.
+
+void SetAccessibleStatus(void*, const std::string&) {}
+
+void SetAccessibleAlert(void*) {}
+
+void SetAccessibleArrows(void*, const std::vector<std::string>&) {}
+
+void SetAccessibleHeaders(void*, const std::vector<std::string>&) {}
+
 }  // namespace quillon
