@@ -1,12 +1,14 @@
 #include "rename/ModifyName.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <utility>
 
 #include "base/Text.h"
 #include "filelist/paths/basFileControl.h"
 #include "rename/CaseConversion.h"
+#include "rename/FixedGrowth.h"
 #include "rename/RepeatedRule.h"
 #include "rename/ReplaceText.h"
 #include "rename/SelfGrowth.h"
@@ -34,13 +36,13 @@ std::optional<std::string> ReplaceInvalidCharacters(std::string name, const std:
   }
 }
 
-std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode compareMode, std::string name,
-                                          std::size_t times, PendingMessages& pending) {
+using Application = std::function<std::string(const std::string& name)>;
+
+std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode compareMode, const Application& apply,
+                                          std::string name, std::size_t times, PendingMessages& pending) {
   SelfGrowth growth(rule.find, rule.replacement, compareMode);
   RepeatedRule repeated;
-  repeated.apply = [&](const std::string& text) {
-    return ReplaceText(text, rule.find, rule.replacement, 1, kAllOccurrences, compareMode);
-  };
+  repeated.apply = apply;
   if (growth.Possible()) {
     growth.Watch(name);
     repeated.shortcut = [&](const std::string& text, std::size_t remaining) { return growth.After(text, remaining); };
@@ -65,25 +67,45 @@ std::size_t LargestNumberIn(std::string_view pattern) {
   return largest;
 }
 
-std::optional<std::string> ApplyRegexRule(const ReplaceRule& rule, bool ignoreCase, std::string name, std::size_t times,
-                                          RegexEngine& regex, PendingMessages& pending) {
+std::optional<std::string> ApplyRegexRule(const ReplaceRule& rule, const Application& apply, std::string name,
+                                          std::size_t times, PendingMessages& pending) {
+  FixedGrowth growth(rule.find, rule.replacement);
   RepeatedRule repeated;
-  repeated.apply = [&](const std::string& text) {
+  repeated.apply = apply;
+  repeated.steadyApplications = kSteadyApplications + CharacterCount(name) + LargestNumberIn(rule.find);
+  if (growth.Possible()) {
+    growth.Watch(name);
+    repeated.shortcut = [&](const std::string& text, std::size_t remaining) { return growth.After(text, remaining); };
+    repeated.steadyApplications = FixedGrowth::kApplicationsToSee;
+  }
+  return ApplyRepeatedly(repeated, std::move(name), times, pending);
+}
+
+std::optional<std::string> ApplyRule(const ReplaceRule& rule, const OptionValues::Modify& rules, std::string name,
+                                     std::size_t times, RegexEngine& regex, PendingMessages& pending) {
+  const bool ignoreCase = rules.ignoreCase == 1;
+  const CompareMode compareMode = ignoreCase ? CompareMode::kText : CompareMode::kBinary;
+  if (rules.findCtrl != 1) {
+    const auto replace = [&](const std::string& text) {
+      return ReplaceText(text, rule.find, rule.replacement, 1, kAllOccurrences, compareMode);
+    };
+    return ApplyPlainRule(rule, compareMode, replace, std::move(name), times, pending);
+  }
+  const auto replace = [&](const std::string& text) {
     return RegexReplace(text, rule.find, rule.replacement, ignoreCase ? "gik" : "gk", regex).value_or(text);
   };
-  repeated.steadyApplications = kSteadyApplications + CharacterCount(name) + LargestNumberIn(rule.find);
-  return ApplyRepeatedly(repeated, std::move(name), times, pending);
+  // Which letters a pattern takes for the same is the engine's own matter.
+  if (!ignoreCase && IsPlainRegexRule(rule.find, rule.replacement)) {
+    return ApplyPlainRule(rule, compareMode, replace, std::move(name), times, pending);
+  }
+  return ApplyRegexRule(rule, replace, std::move(name), times, pending);
 }
 
 std::optional<std::string> ApplyRules(const OptionValues::Modify& rules, std::string name, std::size_t listCount,
                                       RegexEngine& regex, PendingMessages& pending) {
-  const bool ignoreCase = rules.ignoreCase == 1;
-  const CompareMode compareMode = ignoreCase ? CompareMode::kText : CompareMode::kBinary;
   for (const ReplaceRule& rule : rules.rules) {
     if (rule.active != 1) continue;
-    std::optional<std::string> result =
-        rules.findCtrl == 1 ? ApplyRegexRule(rule, ignoreCase, std::move(name), listCount, regex, pending)
-                            : ApplyPlainRule(rule, compareMode, std::move(name), listCount, pending);
+    std::optional<std::string> result = ApplyRule(rule, rules, std::move(name), listCount, regex, pending);
     if (!result) return std::nullopt;
     name = *std::move(result);
   }

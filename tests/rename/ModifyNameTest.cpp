@@ -410,10 +410,89 @@ TEST(ModifyName, LinearGrowthCostsNothingInALongList) {
 TEST(ModifyName, EndlessGrowthIsRecognisedEarly) {
   FunctionEngine prefix([](const std::string& name) { return "x" + name; });
   CountingMessages pending;
-  EXPECT_TRUE(IsLeftAlone(ModifyName("name", RegexRule("^", "x"), 100'000, prefix, pending), "name"));
+  EXPECT_TRUE(IsLeftAlone(ModifyName("name", RegexRule("^(\\w)", "x$1"), 100'000, prefix, pending), "name"));
   EXPECT_EQ(prefix.calls, 64 + 4);
+  prefix.calls = 0;
+  EXPECT_TRUE(IsLeftAlone(ModifyName("name", RegexRule("^", "x"), 100'000, prefix, pending), "name"));
+  EXPECT_EQ(prefix.calls, 2) << "nothing can end this growth";
   EXPECT_TRUE(IsLeftAlone(Modify("a", Rule("a", "ab"), 100'000), "a"));
   EXPECT_TRUE(IsLeftAlone(ModifyWithLibrary("name", RegexRule("^", "x"), 100'000), "name"));
+}
+
+/// Applies a regular expression the slow way, as long as the name is no longer than it may be.
+std::string OneByOne(std::string name, const OptionValues::Modify& rules, std::size_t times, RegexEngine& engine) {
+  const ReplaceRule& rule = rules.rules[0];
+  const char* const flags = rules.ignoreCase == 1 ? "gik" : "gk";
+  for (std::size_t i = 0; i < times && CharacterCount(name) <= kLongestName; ++i) {
+    name = RegexReplace(name, rule.find, rule.replacement, flags, engine).value_or(name);
+  }
+  return name;
+}
+
+TEST(ModifyName, RegularExpressionsGiveWhatTheSlowWayGives) {
+  const std::string patterns[] = {"^",  "$",    "\\A",       "\\Z", "\\z",  "(?m)^", "(?m)$", "^|$",
+                                  ".+", "(.+)", "^(.+)$",    ".*",  "(.*)", "^(.*)", "(.*)$", "(.+",
+                                  "ab", "曲",   "(?s)^(.+)", "\\G", "()",   "",      "a/b"};
+  const std::string replacements[] = {"",      "曲_",   "A$",   "$1",  "A_$1",    "p$1s", "<${1}>",
+                                      "-$&-",  "$1$1",  "\\1x", "$'y", "x$12",    "$$1",  "a\nb",
+                                      "x$1\n", "\\x41", "abab", "é",   "unmatch", "a/b"};
+  const std::string names[] = {"", "ab", "曲名ab", "éa", "a\xFF", "\xE3\x81", "ed", "a\n", "\n", "a\nb"};
+  RegexLibrary library;
+  CountingMessages pending;
+  for (const std::string& pattern : patterns) {
+    for (const std::string& replacement : replacements) {
+      for (const std::string& name : names) {
+        for (const std::size_t times : {1u, 3u, 14u}) {
+          for (const std::int16_t ignoreCase : {std::int16_t{0}, std::int16_t{1}}) {
+            OptionValues::Modify rules = RegexRule(pattern, replacement);
+            rules.ignoreCase = ignoreCase;
+            const ModifyResult result = ModifyName(name, rules, times, library, pending);
+            const std::string slow = OneByOne(name, rules, times, library);
+            const bool tooLong = CharacterCount(slow) > kLongestName;
+            EXPECT_EQ(result.leftAlone, tooLong) << name << ": " << pattern << " to " << replacement << ", " << times;
+            EXPECT_TRUE(tooLong || result.name == slow)
+                << name << ": " << pattern << " to " << replacement << ", " << times;
+          }
+        }
+      }
+    }
+  }
+}
+
+/// The library, its calls counted.
+class CountingLibrary final : public RegexEngine {
+ public:
+  std::optional<std::string> Replace(std::string_view command, std::string_view target) override {
+    ++calls;
+    return library_.Replace(command, target);
+  }
+
+  int calls = 0;
+
+ private:
+  RegexLibrary library_;
+};
+
+TEST(ModifyName, ARegularExpressionThatAddsTheSameTextOncePerRowCostsAFewApplications) {
+  struct Row {
+    std::string pattern, replacement, before, after;
+  };
+  const Row rows[] = {
+      {"^", "A_", "A_", ""},         {"\\A", "A_", "A_", ""},         {"$", " 曲", "", " 曲"},
+      {"\\z", "[US$]", "", "[US$]"}, {"(.+)", "A_$1", "A_", ""},      {"^(.*)$", "p${1}s", "p", "s"},
+      {".+", "$&!", "", "!"},        {"(.*)", "A_$1.", "A_", ".A_."}, {"name", "my name", "my ", ""},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.pattern);
+    CountingLibrary library;
+    CountingMessages pending;
+    const ModifyResult result = ModifyName("name", RegexRule(row.pattern, row.replacement), 4000, library, pending);
+    EXPECT_TRUE(result.name == Repeat(row.before, 4000) + "name" + Repeat(row.after, 4000));
+    EXPECT_LE(library.calls, 4);
+    EXPECT_TRUE(
+        IsLeftAlone(ModifyName("name", RegexRule(row.pattern, row.replacement), 100'000, library, pending), "name"));
+    EXPECT_LE(library.calls, 8);
+  }
 }
 
 TEST(ModifyName, GrowthThatStaysWithinTheLimitIsExact) {
