@@ -278,6 +278,7 @@ bool frmMain::StaysOpen() {
   if (!app_->IsRunning()) return TopmostDialog(nullptr) != nullptr;
   closeWanted_ = boxes_.StopBatch() || !answering_;
   app_->CancelLoad();
+  frmWait_.Cancel();
   return true;
 }
 

@@ -48,6 +48,9 @@ class PendingMessages {
   virtual ~PendingMessages() = default;
   /// Lets the window repaint and answer; called between the items of long loops. Must not start another command.
   virtual void Process() = 0;
+
+  /// True once the user has asked for the end of what runs.
+  [[nodiscard]] virtual bool Cancelled() const { return false; }
 };
 
 }  // namespace quillon

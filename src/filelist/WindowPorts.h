@@ -72,6 +72,8 @@ class ProgressDisplay {
   /// `path` is the item just done, empty where it is not shown; the window shortens it to fit.
   virtual void Update(const std::string& percentText, const std::string& path) = 0;
   virtual void End() = 0;
+  /// True once the user has asked, since Begin, for the end of the loop. Never where nothing offers that.
+  [[nodiscard]] virtual bool Cancelled() const { return false; }
 };
 
 /// Why a load goes on without a path.

@@ -1,6 +1,5 @@
 #include "rename/FixedGrowth.h"
 
-#include <algorithm>
 #include <array>
 
 #include "base/Text.h"

@@ -128,8 +128,9 @@ ModifyResult ModifyName(std::string_view name, const OptionValues::Modify& rules
   std::optional<std::string> modified = std::string(name);
   if (rules.reviceFlag == 1) modified = ReplaceInvalidCharacters(*std::move(modified), rules.reviceText, pending);
   if (modified) modified = ApplyRules(rules, *std::move(modified), listCount, regex, pending);
+  if (pending.Cancelled()) return {std::string(name), false, true};
   if (!modified) return {std::string(name), true};
-  return {ConvertWidthAndCase(rules, *std::move(modified)), false};
+  return {ConvertWidthAndCase(rules, *std::move(modified))};
 }
 
 }  // namespace quillon

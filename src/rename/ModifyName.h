@@ -13,6 +13,7 @@ namespace quillon {
 struct ModifyResult {
   std::string name;
   bool leftAlone = false;  ///< a rule could never end, or made the name longer than 32,767 characters
+  bool cancelled = false;  ///< the user has ended the run, and the name is as it was
 };
 
 /// The name transformed by the rules: invalid characters replaced, then the five replace rules in order, each applied

@@ -10,12 +10,31 @@ namespace quillon {
 
 namespace {
 
+/// Asks the progress display whether the user has cancelled the run.
+class CancellableMessages final : public PendingMessages {
+ public:
+  CancellableMessages(PendingMessages& pending, const ProgressDisplay& progress)
+      : pending_(pending), progress_(progress) {}
+
+  void Process() override { pending_.Process(); }
+  [[nodiscard]] bool Cancelled() const override { return progress_.Cancelled(); }
+
+ private:
+  PendingMessages& pending_;
+  const ProgressDisplay& progress_;
+};
+
 /// One run, with the wait window and the pointer that belong to it.
 class Run {
  public:
   Run(FileList& list, const OptionValues& options, const ApplyMode& mode, RenameEngine& engine,
       const ModifyPorts& ports)
-      : list_(list), options_(options), mode_(mode), engine_(engine), ports_(ports) {}
+      : list_(list),
+        options_(options),
+        mode_(mode),
+        engine_(engine),
+        ports_(ports),
+        pending_(ports.pending, ports.progress) {}
 
   ModifyOutcome Over(bool allItems, std::chrono::milliseconds progressInterval);
 
@@ -27,6 +46,7 @@ class Run {
   const ApplyMode& mode_;
   RenameEngine& engine_;
   const ModifyPorts& ports_;
+  CancellableMessages pending_;
   ModifyOutcome outcome_;
 };
 
@@ -41,6 +61,7 @@ ModifyOutcome Run::Over(bool allItems, std::chrono::milliseconds progressInterva
   for (int index = 1; index <= list_.Count() && !outcome_.stopped; ++index) {
     if (!allItems && !list_.Row(index).checked) continue;
     Modify(index);
+    if (outcome_.cancelled) break;
     ++done;
     if (throttle.Due() || done == inScope) {
       ports_.progress.Update(std::to_string(done * 100LL / inScope) + "% 完了しました", list_.Row(index).location);
@@ -50,9 +71,13 @@ ModifyOutcome Run::Over(bool allItems, std::chrono::milliseconds progressInterva
 }
 
 void Run::Modify(int index) {
+  // The rules let messages through, too, but there may be none that does anything.
+  pending_.Process();
   const std::string before = list_.Row(index).renameName;
   ModifyResult result =
-      ModifyName(before, options_.modify, static_cast<std::size_t>(list_.Count()), ports_.regex, ports_.pending);
+      ModifyName(before, options_.modify, static_cast<std::size_t>(list_.Count()), ports_.regex, pending_);
+  outcome_.cancelled = result.cancelled;
+  if (result.cancelled) return;
   if (result.leftAlone) ++outcome_.leftAlone;
   if (result.name != before) list_.SetRenameName(index, std::move(result.name));
   if (!mode_.automatic || engine_.ApplyRenameName(index) == apply_code::kApplied) return;

@@ -25,10 +25,13 @@ void TellLeftAlone(int count, MessageBoxes& boxes);
 struct ModifyOutcome {
   int leftAlone = 0;     ///< names that a rule would have made endless and that stay as they were
   bool stopped = false;  ///< auto-apply mode: a row could not be applied
+  bool cancelled = false;
 };
 
 /// Passes the rename names of all rows, or of the checked ones, through the modification rules, showing the progress.
 /// In auto-apply mode each row is applied at once and the first failure ends the run, that row's rename name as it was.
+/// The user may cancel the run, also within a row that takes long: the rows done so far stay, the others are as they
+/// were.
 /// Names that were left alone are told once, at the end.
 ModifyOutcome ModifyRenameNames(FileList& list, const OptionValues& options, const ApplyMode& mode,
                                 RenameEngine& engine, const ModifyPorts& ports, bool allItems,

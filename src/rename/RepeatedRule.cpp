@@ -75,6 +75,7 @@ std::optional<std::string> ApplyRepeatedly(const RepeatedRule& rule, std::string
   CycleWatch cycle(name);
   for (std::size_t remaining = times; remaining > 0;) {
     pending.Process();
+    if (pending.Cancelled()) break;
     std::string next = rule.apply(name);
     --remaining;
     if (next == name) break;

@@ -1,16 +1,19 @@
 #include "rename/frmWait.h"
 
 #include <wx/app.h>
+#include <wx/button.h>
 #include <wx/dialog.h>
 #include <wx/evtloop.h>
 #include <wx/gauge.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include <wx/timer.h>
 
 #include <algorithm>
-#include <cstddef>
+#include <chrono>
 #include <cstdint>
-#include <string_view>
+#include <functional>
+#include <utility>
 
 #include "base/Text.h"
 #include "controls/ShortenedToFit.h"
@@ -25,6 +28,7 @@ constexpr int kTextWidth = 380;  // DIP
 constexpr int kGap = 12;         // DIP
 constexpr int kSmallGap = 4;     // DIP
 constexpr int kPercents = 100;
+constexpr int kLastingMs = 500;  // a quick run leaves the keyboard where it is
 
 long StyleOver(const wxWindow* parent) {
   const bool onTop = parent != nullptr && parent->HasFlag(wxSTAY_ON_TOP);
@@ -35,23 +39,35 @@ long StyleOver(const wxWindow* parent) {
 
 class frmWait::Window final : public wxDialog {
  public:
-  Window(wxWindow* parent, const std::string& headline, const std::string& line);
+  Window(wxWindow* parent, const std::string& headline, const std::string& line, std::function<void()> cancel);
 
   void ShowProgress(const std::string& percentText, const std::string& path);
   void PaintNow();
 
  private:
   wxStaticText* AddLabel(wxSizer& column, const char* name, long style);
+  void AddButton(wxSizer& column);
+  void TakeKeyboardWhenLasting();
+
+  using Clock = std::chrono::steady_clock;
+
+  std::function<void()> cancel_;
+  Clock::time_point begun_ = Clock::now();
+  bool hasKeyboard_ = false;
+  wxTimer timLasting_;
 
   wxStaticText* lblHeadline_ = nullptr;
   wxStaticText* lblLine_ = nullptr;
   wxGauge* gauge_ = nullptr;
   wxStaticText* lblPercent_ = nullptr;
   wxStaticText* lblPath_ = nullptr;
+  wxButton* cmdCancel_ = nullptr;
 };
 
-frmWait::Window::Window(wxWindow* parent, const std::string& headline, const std::string& line)
-    : wxDialog(parent, wxID_ANY, wxTheApp->GetAppDisplayName(), wxDefaultPosition, wxDefaultSize, StyleOver(parent)) {
+frmWait::Window::Window(wxWindow* parent, const std::string& headline, const std::string& line,
+                        std::function<void()> cancel)
+    : wxDialog(parent, wxID_ANY, wxTheApp->GetAppDisplayName(), wxDefaultPosition, wxDefaultSize, StyleOver(parent)),
+      cancel_(std::move(cancel)) {
   SetName("frmWait");
   auto* column = new wxBoxSizer(wxVERTICAL);
   lblHeadline_ = AddLabel(*column, "lblHeadline", 0);
@@ -62,6 +78,7 @@ frmWait::Window::Window(wxWindow* parent, const std::string& headline, const std
   column->Add(gauge_, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, FromDIP(kSmallGap)));
   lblPercent_ = AddLabel(*column, "lblPercent", wxST_NO_AUTORESIZE);
   lblPath_ = AddLabel(*column, "lblPath", wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE);
+  AddButton(*column);
   wxString lines = ToWx(headline);
   lines.Replace("\r\n", "\n");
   lblHeadline_->SetLabelText(lines);
@@ -72,8 +89,30 @@ frmWait::Window::Window(wxWindow* parent, const std::string& headline, const std
   SetSizerAndFit(border);
   CentreOnParent();
   // Only End closes it.
-  SetEscapeId(wxID_NONE);
   Bind(wxEVT_CLOSE_WINDOW, [](wxCloseEvent& event) { event.Veto(event.CanVeto()); });
+  // Also while one item takes long and nothing is shown.
+  timLasting_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { TakeKeyboardWhenLasting(); });
+  timLasting_.StartOnce(kLastingMs);
+}
+
+void frmWait::Window::AddButton(wxSizer& column) {
+  cmdCancel_ = new wxButton(this, wxID_CANCEL, ToWx("中止"));
+  cmdCancel_->SetName("cmdCancel");
+  SetEscapeId(wxID_CANCEL);
+  cmdCancel_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+    cancel_();
+    cmdCancel_->Disable();
+  });
+  column.Add(cmdCancel_, wxSizerFlags().Right().Border(wxTOP, FromDIP(kGap)));
+}
+
+// Not from another program that the user has turned to.
+void frmWait::Window::TakeKeyboardWhenLasting() {
+  if (hasKeyboard_ || Clock::now() - begun_ < std::chrono::milliseconds(kLastingMs)) return;
+  hasKeyboard_ = true;
+  if (!wxTheApp->IsActive()) return;
+  cmdCancel_->SetFocus();
+  Raise();
 }
 
 wxStaticText* frmWait::Window::AddLabel(wxSizer& column, const char* name, long style) {
@@ -88,13 +127,17 @@ void frmWait::Window::ShowProgress(const std::string& percentText, const std::st
   gauge_->SetValue(static_cast<int>(std::clamp<std::int64_t>(LeadingNumber(percentText), 0, kPercents)));
   lblPercent_->SetLabelText(ToWx(percentText));
   lblPath_->SetLabelText(ShortenedToFit(*lblPath_, path, lblPath_->GetClientSize().x));
+  TakeKeyboardWhenLasting();
   PaintNow();
 }
 
-/// A busy program paints nothing by itself; clicks and keys stay where they are.
+/// A busy program paints nothing by itself, and hears of no click: whoever runs keeps the other windows from starting
+/// anything.
 void frmWait::Window::PaintNow() {
   wxDialog::Update();
-  if (wxEventLoopBase* const loop = wxEventLoopBase::GetActive()) loop->YieldFor(wxEVT_CATEGORY_UI);
+  if (wxEventLoopBase* const loop = wxEventLoopBase::GetActive()) {
+    loop->YieldFor(wxEVT_CATEGORY_UI | wxEVT_CATEGORY_USER_INPUT);
+  }
 }
 
 frmWait::Window* frmWait::Shown() const {
@@ -103,7 +146,8 @@ frmWait::Window* frmWait::Shown() const {
 
 void frmWait::Begin(const std::string& headline, const std::string& line) {
   End();
-  auto* const window = new Window(TopmostDialog(parent_), headline, line);
+  cancelled_ = false;
+  auto* const window = new Window(TopmostDialog(parent_), headline, line, [this] { Cancel(); });
   window_ = window;
   window->ShowWithoutActivating();
   window->PaintNow();
@@ -114,8 +158,13 @@ void frmWait::Update(const std::string& percentText, const std::string& path) {
 }
 
 void frmWait::End() {
+  Window* const window = Shown();
+  if (window == nullptr) return;
+  // The keyboard goes back to the window below. Windows itself would pass over one that is disabled, and turn to
+  // another program.
+  if (window->IsActive()) window->GetParent()->Raise();
   // At once: GTK shows a window that is hidden while it is about to appear, and a destroyed one lives on until idle.
-  delete Shown();
+  delete window;
 }
 
 }  // namespace quillon

@@ -8,8 +8,9 @@
 
 namespace quillon {
 
-/// A small window that shows the progress of a run; the user cannot close it. It opens over the modal dialog that is
-/// open at the time, else over `parent`, and is always on top when that is. Each change is painted at once.
+/// A small window that shows the progress of a run, with a button to cancel it, which Esc presses, too; the user cannot
+/// close it otherwise. It opens over the modal dialog that is open at the time, else over `parent`, and is always on
+/// top when that is. Each change is painted at once. A run that lasts gets the keyboard, for Esc.
 class frmWait final : public ProgressDisplay {
  public:
   explicit frmWait(wxWindow* parent) : parent_(parent) {}
@@ -20,6 +21,10 @@ class frmWait final : public ProgressDisplay {
   void Begin(const std::string& headline, const std::string& line) override;
   void Update(const std::string& percentText, const std::string& path) override;
   void End() override;
+  [[nodiscard]] bool Cancelled() const override { return cancelled_; }
+
+  /// As the button does.
+  void Cancel() { cancelled_ = true; }
 
  private:
   class Window;
@@ -27,6 +32,7 @@ class frmWait final : public ProgressDisplay {
 
   wxWindow* parent_;
   wxWindowRef window_;  ///< a Window; only between Begin and End
+  bool cancelled_ = false;
 };
 
 }  // namespace quillon

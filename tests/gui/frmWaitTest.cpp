@@ -1,15 +1,20 @@
 #include <gtest/gtest.h>
+#include <wx/button.h>
 #include <wx/dialog.h>
 #include <wx/frame.h>
 #include <wx/gauge.h>
 #include <wx/stattext.h>
+#include <wx/uiaction.h>
+#include <wx/utils.h>
 
+#include <memory>
 #include <string>
 
 #include "controls/WxText.h"
 #include "filelist/paths/basFileControl.h"
 #include "gui/Settle.h"
 #include "rename/frmWait.h"
+#include "support/Wine.h"
 
 namespace quillon {
 namespace {
@@ -103,6 +108,95 @@ TEST_F(WaitWindow, TheUserCannotCloseItAndCanGoOnWithTheMainWindow) {
   EXPECT_TRUE(main->IsEnabled());
   EXPECT_FALSE(Window()->Close());
   EXPECT_NE(Window(), nullptr);
+}
+
+TEST_F(WaitWindow, TheButtonCancels) {
+  frmWait wait(main);
+  EXPECT_FALSE(wait.Cancelled());
+  wait.Begin("a\r\nb", "c");
+  Settle();
+  wxWindow& button = *wxWindow::FindWindowByName("cmdCancel", Window());
+  EXPECT_EQ(FromWx(button.GetLabel()), "中止");
+  wxUIActionSimulator mouse;
+  mouse.MouseMove(button.GetScreenPosition() + wxPoint(button.GetSize().x / 2, button.GetSize().y / 2));
+  wait.Update("1% 完了しました", "/a");
+  mouse.MouseClick();
+  // A running command processes no messages but those that the window itself lets through.
+  for (int i = 0; i < 500 && !wait.Cancelled(); ++i) {
+    wxMilliSleep(10);
+    wait.Update("1% 完了しました", "/a");
+  }
+  EXPECT_TRUE(wait.Cancelled());
+  EXPECT_FALSE(button.IsEnabled());
+  EXPECT_NE(Window(), nullptr) << "it stays until the run has ended";
+  wait.End();
+  EXPECT_TRUE(wait.Cancelled());
+  EXPECT_TRUE(SettleUntil([this] { return main->IsActive(); }));
+  wait.Begin("a\r\nb", "c");
+  EXPECT_FALSE(wait.Cancelled());
+}
+
+TEST_F(WaitWindow, EscCancelsARunThatLasts) {
+  frmWait wait(main);
+  wait.Begin("a\r\nb", "c");
+  // Wine leaves it to the window manager which window becomes active.
+  EXPECT_TRUE(main->IsActive() || test::RunsUnderWine()) << "a quick run leaves the keyboard where it is";
+  ASSERT_TRUE(SettleUntil([] { return Window()->IsActive(); }));
+  wxUIActionSimulator().Char(WXK_ESCAPE);
+  EXPECT_TRUE(SettleUntil([&] { return wait.Cancelled(); }));
+  wait.End();
+  EXPECT_TRUE(SettleUntil([this] { return main->IsActive(); }));
+}
+
+TEST_F(WaitWindow, IsAnsweredWhileAllOtherWindowsAreDisabled) {
+  frmWait wait(main);
+  auto* const other = new wxFrame(main, wxID_ANY, "other");
+  other->Show();
+  Settle();
+  auto disabled = std::make_unique<wxWindowDisabler>();
+  wait.Begin("a\r\nb", "c");
+  EXPECT_FALSE(main->IsEnabled());
+  EXPECT_FALSE(other->IsEnabled());
+  EXPECT_TRUE(Window()->IsEnabled());
+  for (int i = 0; i < 500 && !Window()->IsActive(); ++i) {
+    wxMilliSleep(10);
+    wait.Update("1% 完了しました", "/a");
+  }
+  wxUIActionSimulator().Char(WXK_ESCAPE);
+  for (int i = 0; i < 500 && !wait.Cancelled(); ++i) {
+    wxMilliSleep(10);
+    wait.Update("1% 完了しました", "/a");
+  }
+  EXPECT_TRUE(wait.Cancelled());
+  disabled.reset();
+  wait.End();
+  EXPECT_TRUE(SettleUntil([this] { return main->IsActive(); }));
+}
+
+TEST_F(WaitWindow, GivesTheKeyboardBackToADisabledDialog) {
+  frmWait wait(main);
+  wxDialog dialog(main, wxID_ANY, "dialog");
+  auto* const button = new wxButton(&dialog, wxID_ANY, "button");
+  bool hadKeyboard = false;
+  bool cancelled = false;
+  bool gaveItBack = false;
+  dialog.CallAfter([&] {
+    SettleUntil([&] { return dialog.IsActive(); });
+    dialog.Disable();
+    wait.Begin("a\r\nb", "c");
+    hadKeyboard = SettleUntil([] { return Window()->IsActive(); });
+    wxUIActionSimulator().Char(WXK_ESCAPE);
+    cancelled = SettleUntil([&] { return wait.Cancelled(); });
+    wait.End();
+    dialog.Enable();
+    button->SetFocus();
+    gaveItBack = SettleUntil([&] { return dialog.IsActive(); });
+    dialog.EndModal(wxID_CANCEL);
+  });
+  dialog.ShowModal();
+  EXPECT_TRUE(hadKeyboard);
+  EXPECT_TRUE(cancelled);
+  EXPECT_TRUE(gaveItBack);
 }
 
 TEST_F(WaitWindow, IsOnTopWhenItsParentIs) {

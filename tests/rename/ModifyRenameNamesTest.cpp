@@ -129,6 +129,60 @@ TEST(ModifyRenameNames, NamesThatARuleWouldMakeEndlessAreToldOnceAtTheEnd) {
   EXPECT_EQ(Texts(events.end() - 3, events.end()), Texts({"progress end", "pointer normal", LeftAlone(2)}));
 }
 
+TEST(ModifyRenameNames, CancellingKeepsTheRowsDoneSoFar) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.options.modify.rules[0] = {1, "x", "y"};
+  f.options.modify.upper = 1;
+  f.ports.pending.At(4, [&] { f.ports.progress.cancelled = true; });  // in the rule, over the second row
+  const ModifyOutcome outcome = f.Run(true);
+  EXPECT_TRUE(outcome.cancelled);
+  EXPECT_EQ(RenameNames(f.list), Texts({"A", "b", "c"}));
+  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/a.mid",
+                                         "progress end", "pointer normal"}));
+  EXPECT_EQ(f.ports.pending.Count(), 4u);
+}
+
+TEST(ModifyRenameNames, CancellingEndsARowThatTakesLong) {
+  struct Growing final : RegexEngine {
+    std::optional<std::string> Replace(std::string_view, std::string_view text) override {
+      ++calls;
+      return "0" + std::string(text);
+    }
+    int calls = 0;
+  } regex;
+  Fixture f(Texts(1000, "a.mid"));
+  f.options.modify.findCtrl = 1;
+  f.options.modify.rules[0] = {1, "^(\\w)", "0$1"};
+  f.ports.pending.At(500, [&] { f.ports.progress.cancelled = true; });
+  const ModifyOutcome outcome =
+      ModifyRenameNames(f.list, f.options, f.mode, f.engine,
+                        {regex, f.ports.pending, f.ports.progress, f.ports.window, f.ports.boxes}, true);
+  EXPECT_TRUE(outcome.cancelled);
+  EXPECT_EQ(outcome.leftAlone, 0);
+  EXPECT_EQ(regex.calls, 498);
+  EXPECT_EQ(RenameNames(f.list), Texts(1000, "a"));
+}
+
+TEST(ModifyRenameNames, CanBeCancelledWhereNoRuleIsActive) {
+  Fixture f({"a.mid", "b.mid", "c.mid"});
+  f.options.modify.upper = 1;
+  f.ports.pending.At(3, [&] { f.ports.progress.cancelled = true; });
+  EXPECT_TRUE(f.Run(true).cancelled);
+  EXPECT_EQ(RenameNames(f.list), Texts({"A", "B", "c"}));
+}
+
+TEST(ModifyRenameNamesAutoApply, CancellingLeavesTheFilesThatWereNotDone) {
+  Fixture f({"a.mid", "b.mid"});
+  f.mode.automatic = true;
+  f.options.modify.upper = 1;
+  f.ports.pending.At(2, [&] { f.ports.progress.cancelled = true; });
+  const ModifyOutcome outcome = f.Run(true);
+  EXPECT_TRUE(outcome.cancelled);
+  EXPECT_FALSE(outcome.stopped);
+  EXPECT_EQ(f.Names(), Texts({"A.mid", "b.mid"}));
+  EXPECT_TRUE(f.ports.boxes.Shown().empty());
+}
+
 TEST(ModifyRenameNamesAutoApply, WritesEachNameToTheDiskAtOnce) {
   Fixture f({"a.mid", "b.mid"});
   f.mode.automatic = true;

@@ -109,6 +109,9 @@ class ProgressRecorder final : public ProgressDisplay {
   void Begin(const std::string& headline, const std::string& line) override;
   void Update(const std::string& percentText, const std::string& path) override;
   void End() override { log_.Add("progress end"); }
+  [[nodiscard]] bool Cancelled() const override { return cancelled; }
+
+  bool cancelled = false;  ///< the user has pressed the button
 
  private:
   EventLog& log_;
