@@ -34,9 +34,10 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
       titles_(list_, options_, mode_, engine_, regex_, ports_.pending, ports_.window, ports_.boxes),
       editing_(list_, options_, mode_, engine_, titles_, {ports_.renameBox, ports_.boxes, *this, player_, status_},
                style),
-      fileCommands_(list_, options_, listCommands_,
-                    {ports_.files, ports_.disk, ports_.boxes, ports_.folders, player_, *this, ports_.window},
-                    ownerWindow, style) {}
+      fileCommands_(
+          list_, options_, listCommands_,
+          {ports_.files, ports_.disk, ports_.boxes, ports_.folders, player_, *this, ports_.window, ports_.waiting},
+          ownerWindow, style) {}
 
 void Application::Start() {
   ports_.main.SetAlwaysOnTop(options_.system.front);

@@ -67,7 +67,7 @@ class Application : private FilePanel {
     PendingMessages& pending;
     SearchDisplay& search;
     ProgressDisplay& loading;  ///< over the list
-    ProgressDisplay& waiting;  ///< the wait window of frmModify
+    ProgressDisplay& waiting;  ///< the wait window
     FolderDialog& folders;
     CommandDevice& device;
     PlayerPanel& playerPanel;

@@ -356,6 +356,14 @@ void frmMain::SetAnswering(bool answering) {
   if (answering && std::exchange(closeWanted_, false)) Quit();
 }
 
+void frmMain::SetEnabled(bool enabled) {
+  if (enabled) {
+    disabled_.reset();
+  } else if (!disabled_) {
+    disabled_ = std::make_unique<wxWindowDisabler>();
+  }
+}
+
 void frmMain::SetPointer(Pointer pointer) {
   if (wxIsBusy()) wxEndBusyCursor();
   if (pointer == Pointer::kNormal) return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <wx/frame.h>
+#include <wx/utils.h>
 #include <wx/weakref.h>
 
 #include <chrono>
@@ -69,7 +70,7 @@ class frmMain final : public wxFrame,
   void EndAtOnce() override;
   // WindowState
   void SetPointer(Pointer pointer) override;
-  void SetEnabled(bool enabled) override { Enable(enabled); }
+  void SetEnabled(bool enabled) override;
   void FocusList() override { lvwFiles_->Window().SetFocus(); }
   void ScrollToRow(int index) override { lvwFiles_->ShowRow(index); }
   // StatusPanels
@@ -130,7 +131,8 @@ class frmMain final : public wxFrame,
   std::unique_ptr<Application> app_;
   std::unique_ptr<lvwFiles> lvwFiles_;
   std::chrono::steady_clock::time_point started_;
-  wxWindow* focused_ = nullptr;  // the child that last had the focus
+  wxWindow* focused_ = nullptr;                 // the child that last had the focus
+  std::unique_ptr<wxWindowDisabler> disabled_;  // this window and those beside it
   bool answering_ = true;
   bool updateScheduled_ = false;
   bool closeWanted_ = false;  // while a command ran

@@ -46,6 +46,12 @@ std::string ReasonOf(const FileError& error) {
   return leftAt.empty() ? known : known + "。" + leftAt;
 }
 
+/// Ctrl-C ends the copying of a large file, too.
+class UntilInterrupted final : public CopyProgress {
+ public:
+  bool Continue(std::uint64_t) override { return !Interrupted(); }
+};
+
 void ReportFailure(BatchReport& report, const std::string& from, const std::string& to, const FileError& error) {
   Json paths;
   AddPath(paths, "old", from);
@@ -73,14 +79,15 @@ int RunMove(const MoveArguments& arguments) {
   CatchInterruption();
   BatchReport report(arguments.apply, arguments.json);
   NotKept notKept;
+  UntilInterrupted progress;
   changes.RemoveLeftovers(folder);
   for (int index = 1; index <= session.list.Count() && report.Continue(); ++index) {
     const std::string from = session.list.Row(index).location;
     const std::string to = mover.Target(index, folder);
-    if (const MoveOutcome outcome = mover.Move(index, folder)) {
+    if (const MoveOutcome outcome = mover.Move(index, folder, &progress)) {
       notKept.Add(*outcome);
       report.Moved(from, to, outcome->Any() ? NotKeptFields(*outcome) : Json::object());
-    } else {
+    } else if (outcome.Failure().number != file_error::kCancelled) {
       ReportFailure(report, from, to, outcome.Failure());
     }
   }

@@ -13,14 +13,15 @@ constexpr const char* kMoveCaption = "ファイル移動";
 }  // namespace
 
 FileCommands::FileCommands(FileList& list, OptionValues& options, ListCommands& rows, Ports ports,
-                           std::uintptr_t ownerWindow, PathStyle style)
+                           std::uintptr_t ownerWindow, PathStyle style, MoveTimes moveTimes)
     : list_(list),
       options_(options),
       rows_(rows),
       ports_(ports),
       mover_(list, ports.files, ports.disk, ports.player, style),
       ownerWindow_(ownerWindow),
-      style_(style) {}
+      style_(style),
+      moveTimes_(moveTimes) {}
 
 void FileCommands::mnuThisDel() {
   const int selected = list_.SelectedIndex();
@@ -77,10 +78,14 @@ std::optional<std::string> FileCommands::ChooseTarget() {
   return options_.system.movePath;
 }
 
-bool FileCommands::MoveRow(int index, const std::string& folder, Batch& batch) {
+bool FileCommands::MoveRow(int index, const std::string& folder, MoveProgress& progress, Batch& batch) {
+  batch.cancelled = !progress.Next(list_.Row(index));
+  if (batch.cancelled) return false;
   const std::string from = list_.Row(index).location;
   const std::string to = mover_.Target(index, folder);
-  const MoveOutcome outcome = mover_.Move(index, folder);
+  const MoveOutcome outcome = mover_.Move(index, folder, &progress);
+  batch.cancelled = !outcome && outcome.Failure().number == file_error::kCancelled;
+  if (batch.cancelled) return false;
   if (outcome) {
     batch.notKept.Add(*outcome);
     if (options_.move.remainList == 1) mover_.Follow(index, to);
@@ -145,13 +150,22 @@ void FileCommands::mnuThisMove() {
   const int selected = list_.SelectedIndex();
   if (selected == 0) return;
   const std::optional<std::string> folder = ChooseTarget();
+  if (!folder) return;
   Batch batch;
-  if (!folder || !MoveRow(selected, *folder, batch)) return;
-  std::vector<bool> moved(static_cast<std::size_t>(list_.Count()) + 1);
-  moved[static_cast<std::size_t>(selected)] = true;
-  DropMovedRows(moved);
-  ports_.boxes.Show({kMoveCaption, *folder + "\r\n\r\nファイルの移動が完了しました", MessageIcon::kInformation});
-  ReportNotKept(batch.notKept);
+  if (MoveOne(selected, *folder, batch)) {
+    std::vector<bool> moved(static_cast<std::size_t>(list_.Count()) + 1);
+    moved[static_cast<std::size_t>(selected)] = true;
+    DropMovedRows(moved);
+    ports_.boxes.Show({kMoveCaption, *folder + "\r\n\r\nファイルの移動が完了しました", MessageIcon::kInformation});
+    ReportNotKept(batch.notKept);
+  } else if (batch.cancelled) {
+    ports_.boxes.Show({kMoveCaption, "移動を中止しました。ファイルは元のままです", MessageIcon::kInformation});
+  }
+}
+
+bool FileCommands::MoveOne(int index, const std::string& folder, Batch& batch) {
+  MoveProgress progress(ports_.progress, ports_.window, MoveProgress::SizeOf(list_.Row(index)), moveTimes_);
+  return MoveRow(index, folder, progress, batch);
 }
 
 void FileCommands::mnuAllMove() {
@@ -170,9 +184,18 @@ void FileCommands::MoveBatch(bool allItems) {
   batch.several = true;
   const int count = MoveRows(allItems, *folder, batch);
   if (batch.abandoned) return;
+  const std::string rest = batch.cancelled ? "\r\n移動を中止しました。残りのファイルは元のままです" : "";
   ports_.boxes.Show(
-      {kMoveCaption, std::to_string(count) + " 個のファイルの移動が完了しました", MessageIcon::kInformation});
+      {kMoveCaption, std::to_string(count) + " 個のファイルの移動が完了しました" + rest, MessageIcon::kInformation});
   ReportNotKept(batch.notKept);
+}
+
+std::uint64_t FileCommands::SizeOfRows(bool allItems) const {
+  std::uint64_t size = 0;
+  for (int index = 1; index <= list_.Count(); ++index) {
+    if (allItems || list_.Row(index).checked) size += MoveProgress::SizeOf(list_.Row(index));
+  }
+  return size;
 }
 
 // How many rows' files were moved.
@@ -188,10 +211,11 @@ int FileCommands::MoveRows(bool allItems, const std::string& folder, Batch& batc
     SelectAgain(batch);
     DropMovedRows(moved);
   });
+  MoveProgress progress(ports_.progress, ports_.window, SizeOfRows(allItems), moveTimes_);
   int count = 0;
-  for (int index = 1; index <= list_.Count() && !batch.abandoned; ++index) {
+  for (int index = 1; index <= list_.Count() && !batch.abandoned && !batch.cancelled; ++index) {
     if (!allItems && !list_.Row(index).checked) continue;
-    if (!MoveRow(index, folder, batch)) continue;
+    if (!MoveRow(index, folder, progress, batch)) continue;
     moved[static_cast<std::size_t>(index)] = true;
     ++count;
   }

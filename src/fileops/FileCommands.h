@@ -11,6 +11,7 @@
 #include "filelist/ListCommands.h"
 #include "filelist/WindowPorts.h"
 #include "fileops/FileOperations.h"
+#include "fileops/MoveProgress.h"
 #include "platform/FileSystem.h"
 
 namespace quillon {
@@ -26,11 +27,12 @@ class FileCommands {
     PlayerControl& player;
     FilePanel& filePanel;
     WindowState& window;
+    ProgressDisplay& progress;
   };
 
   /// `ownerWindow` is the main window's native handle, 0 for none.
   FileCommands(FileList& list, OptionValues& options, ListCommands& rows, Ports ports, std::uintptr_t ownerWindow = 0,
-               PathStyle style = SystemPathStyle());
+               PathStyle style = SystemPathStyle(), MoveTimes moveTimes = MoveTimes());
 
   void mnuThisDel();
   void mnuThisMove();
@@ -48,15 +50,18 @@ class FileCommands {
     bool several = false;
     bool tells = true;                          ///< of rows that fail
     bool abandoned = false;                     ///< by the user, who has closed the window
+    bool cancelled = false;                     ///< by the user, in the wait window
     std::optional<std::vector<bool>> selected;  ///< by row, before a failing one was shown
   };
 
-  bool MoveRow(int index, const std::string& folder, Batch& batch);
+  bool MoveRow(int index, const std::string& folder, MoveProgress& progress, Batch& batch);
+  bool MoveOne(int index, const std::string& folder, Batch& batch);
   void ReportMove(int index, const std::string& from, const std::string& to, const FileError& error, Batch& batch);
   void ShowFailedRow(int index, Batch& batch);
   void SelectAgain(const Batch& batch);
   void ReportNotKept(const NotKept& notKept);
   void MoveBatch(bool allItems);
+  [[nodiscard]] std::uint64_t SizeOfRows(bool allItems) const;
   int MoveRows(bool allItems, const std::string& folder, Batch& batch);
   void DropMovedRows(const std::vector<bool>& moved);
 
@@ -67,6 +72,7 @@ class FileCommands {
   FileMover mover_;
   std::uintptr_t ownerWindow_;
   PathStyle style_;
+  MoveTimes moveTimes_;
 };
 
 }  // namespace quillon

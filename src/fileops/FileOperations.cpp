@@ -43,7 +43,7 @@ std::string FileMover::Target(int index, const std::string& folder) const {
   return folder + std::string(FileName(list_.Row(index).location, style_));
 }
 
-MoveOutcome FileMover::Move(int index, const std::string& folder) {
+MoveOutcome FileMover::Move(int index, const std::string& folder, CopyProgress* progress) {
   const std::string from = list_.Row(index).location;
   player_.ReleaseFile(from);
   const std::string to = Target(index, folder);
@@ -51,7 +51,7 @@ MoveOutcome FileMover::Move(int index, const std::string& folder) {
   // success.
   if (PathIdentity(from, style_) == PathIdentity(to, style_) || files_.SameFile(from, to))
     return FileError{file_error::kAlreadyExists, "File exists"};
-  MoveOutcome outcome = disk_.Move(from, to);
+  MoveOutcome outcome = disk_.Move(from, to, progress);
   const bool stranded = !outcome && outcome.Failure().number == file_error::kStranded;
   if (stranded && !outcome.Failure().fileAt.empty()) Follow(index, outcome.Failure().fileAt);
   return outcome;

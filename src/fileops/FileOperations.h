@@ -37,8 +37,9 @@ class FileMover {
   [[nodiscard]] std::string Target(int index, const std::string& folder) const;
 
   /// Moves the row's file into `folder` under its own name; the player lets go of it first. The row keeps its old path,
-  /// except when the file was left somewhere else (file_error::kStranded): then it points there.
-  MoveOutcome Move(int index, const std::string& folder);
+  /// except when the file was left somewhere else (file_error::kStranded): then it points there. `progress` may be
+  /// null.
+  MoveOutcome Move(int index, const std::string& folder, CopyProgress* progress = nullptr);
 
   /// Gives a row whose file was moved its new path.
   void Follow(int index, const std::string& path);

@@ -26,6 +26,8 @@ inline constexpr int kStranded = kOwn;
 /// The source of a move was changed or replaced while it was copied: it stays, and so does the copy at
 /// FileError::fileAt.
 inline constexpr int kBothKept = kOwn - 1;
+/// CopyProgress has ended the move: the file is where it was.
+inline constexpr int kCancelled = kOwn - 2;
 }  // namespace file_error
 
 struct FileError {
@@ -106,6 +108,14 @@ class FileReads {
   virtual bool SameFile(const std::string& left, const std::string& right) = 0;
 };
 
+/// Told how far the copying of a file is.
+class CopyProgress {
+ public:
+  virtual ~CopyProgress() = default;
+  /// Called before each further piece with the number of bytes that are copied. False ends the copying.
+  virtual bool Continue(std::uint64_t copied) = 0;
+};
+
 /// What changes the disk. Each call does the whole thing or nothing; no call ever replaces an existing file.
 class FileChanges {
  public:
@@ -119,8 +129,10 @@ class FileChanges {
   /// Moves to another folder under the given full path; to another volume by copying, flushing, publishing without
   /// replacing, then deleting the source, if it still is the very file that was copied, unchanged (else kBothKept).
   /// Times, permissions and extended attributes are kept as far as the target volume knows them. A link is moved
-  /// itself. A folder is not moved to another volume.
-  virtual MoveOutcome Move(const std::string& from, const std::string& to) = 0;
+  /// itself. A folder is not moved to another volume. `progress` may be null; it is asked only while a file is copied,
+  /// and when it ends that, nothing is left of the copy (kCancelled).
+  virtual MoveOutcome Move(const std::string& from, const std::string& to, CopyProgress* progress) = 0;
+  MoveOutcome Move(const std::string& from, const std::string& to) { return Move(from, to, nullptr); }
 
   /// Deletes what earlier moves into this folder left behind when they were killed: temporary files that carry this
   /// program's mark, are older than a day and belong to no move that still runs. Never fails: what cannot be deleted

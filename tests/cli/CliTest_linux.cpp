@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -19,6 +20,7 @@
 namespace quillon::test {
 namespace {
 
+namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
 TEST(CliBytesTest, ANameThatIsNotUtf8IsListedWithItsBytesAndRenamedWithoutDamage) {
@@ -151,6 +153,28 @@ TEST(CliSignalTest, AnInterruptedMoveStopsBetweenTwoFilesAndLosesNone) {
   }
   EXPECT_GT(moved, 0);
   EXPECT_LT(moved, kManyFiles);
+}
+
+TEST(CliSignalTest, AnInterruptedMoveStopsInsideALargeFileAndLeavesNothingBehind) {
+  std::string there = "/dev/shm/quillon-test-XXXXXX";
+  if (mkdtemp(there.data()) == nullptr) GTEST_SKIP() << "/dev/shm cannot be written";
+  const TempFolder folder;
+  const std::string large = folder.Write("a.wav");
+  const std::string next = folder.Write("b.wav", "b");
+  constexpr off_t kSize = off_t{16} << 30;  // a hole: reading it takes seconds, and nothing is written
+  ASSERT_EQ(truncate(large.c_str(), kSize), 0);
+  struct stat one = {};
+  struct stat other = {};
+  ASSERT_EQ(stat(there.c_str(), &one), 0);
+  ASSERT_EQ(stat(large.c_str(), &other), 0);
+  if (one.st_dev == other.st_dev) GTEST_SKIP() << "/dev/shm is on the same volume";
+  const auto copying = [&] { return fs::directory_iterator(there) != fs::directory_iterator(); };
+  EXPECT_EQ(InterruptOnce(copying, {"move", "--to", there, "--all", "--apply", large, next}), 1);
+  EXPECT_FALSE(copying()) << "neither a copy nor a temporary file nor its mark";
+  ASSERT_EQ(stat(large.c_str(), &other), 0);
+  EXPECT_EQ(other.st_size, kSize);
+  EXPECT_EQ(folder.Read("b.wav"), "b");
+  fs::remove_all(there);
 }
 
 TEST(CliSignalTest, AnInterruptedDeletionLeavesTheRest) {

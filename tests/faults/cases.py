@@ -1,4 +1,5 @@
-"""What can happen at a system call: every error that it can give, an early end, a kill, somebody else's change."""
+"""What can happen at a system call: every error that it can give, an early end, a kill, Ctrl-C, somebody else's
+change."""
 
 import dataclasses
 
@@ -30,6 +31,7 @@ _ERRORS = {
     "pread64": [*_COMMON, "EINTR", "ESTALE"],
     "write": [*_COMMON, "EINTR", "ENOSPC", "EDQUOT", "EFBIG", "EPERM", "ESTALE"],
     "fsync": [*_COMMON, "EINTR", "ENOSPC", "EDQUOT", "EINVAL", "EROFS", "EOPNOTSUPP"],
+    "fdatasync": [*_COMMON, "EINTR", "ENOSPC", "EDQUOT", "EINVAL", "EROFS"],
     "close": ["EIO", "EINTR", "ENOSPC", "EDQUOT"],
     "ftruncate": [*_ATTRIBUTE, "EFBIG", "EINVAL"],
     "lseek": ["EINVAL", "EOVERFLOW", "EIO"],
@@ -58,7 +60,7 @@ class Case:
 
     scene: str
     call: Call
-    kind: str  # fault, lasting, short, kill, race
+    kind: str  # fault, lasting, short, kill, interrupt, race
     what: str = ""  # the error's name, or who does what
     last_look: bool = False  # the next call deletes the source
 
@@ -70,6 +72,7 @@ class Case:
             "lasting": f"error={self.what}:{at}+",
             "short": f"retval=0:{at}",
             "kill": f"signal=KILL:{at}",
+            "interrupt": f"signal=INT:{at}",
             "race": f"signal=STOP:{at}",
         }[self.kind]
 
@@ -89,6 +92,8 @@ def cases(scene, calls):
         if call.name in _SHORT:
             yield Case(scene.name, call, "short")
         yield Case(scene.name, call, "kill")
+        if scene.across:
+            yield Case(scene.name, call, "interrupt")
         last_look = next_call is not None and next_call.name == "unlink" and scene.is_source(next_call)
         for race in scene.races:
             yield Case(scene.name, call, "race", race, last_look)

@@ -34,7 +34,7 @@ def _run_all(programs, only):
     if reason:
         print("error:", reason, file=sys.stderr)
         return 1
-    columns = ("faults", "kills", "races", "violations")
+    columns = ("faults", "kills", "interrupts", "races", "violations")
     print(f"{'scene':26}", *(f"{column:>10}" for column in columns), f"{'seconds':>10}")
     bad = 0
     for scene in all_scenes():

@@ -8,7 +8,8 @@ import tracing
 from cases import cases
 from invariants import act, broken
 
-KINDS = {"fault": "faults", "lasting": "faults", "short": "faults", "kill": "kills", "race": "races"}
+KINDS = {"fault": "faults", "lasting": "faults", "short": "faults", "kill": "kills", "interrupt": "interrupts",
+         "race": "races"}
 
 
 class Unable(Exception):

@@ -3,6 +3,7 @@
 import os
 import pathlib
 import re
+import signal
 import stat
 
 import place as places
@@ -46,7 +47,8 @@ def broken(scene, case, place, ending, done_by_others, programs):
         return ["it did not end"]
     if not ending.happened:
         return ["the call was not reached"]
-    if ending.status < 0 and case.kind != "kill":
+    # Ctrl-C ends the program until it starts to move.
+    if ending.status < 0 and case.kind != "kill" and (case.kind, ending.status) != ("interrupt", -signal.SIGINT):
         return [f"it was ended by signal {-ending.status}"]
     if isinstance(scene, Save):
         found = _save(case, place, ending)
@@ -125,6 +127,11 @@ def _as_told(scene, case, place, done, code, left, not_kept, done_by_others):
             yield "it told a success, and the target is not there"
         if not done_by_others and scene.kind != "link":
             yield from _kept(scene, place, not_kept)
+    elif case.kind == "interrupt":
+        if source != place.content:
+            yield "it was interrupted, and the source is not what it was"
+        for path in place.there.iterdir():
+            yield f"it was interrupted, and {path.name} is left behind"
     elif code is None:
         if source is None and done_by_others != "delete":
             yield "it told nothing"

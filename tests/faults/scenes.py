@@ -54,6 +54,8 @@ class Move(Scene):
         self.kind = kind
         if kind == "link":
             self.races = ("replace", "delete", "rival", "occupy")
+        if kind == "large":
+            self.races = ()
 
     def command(self, programs, place):
         words = ["move", "--all", "--json", "--apply", "--to", str(place.there), str(place.source)]
@@ -68,7 +70,8 @@ class Move(Scene):
             source.symlink_to(place.here / "elsewhere")
             (place.here / "elsewhere").write_bytes(b"behind")
             return os.fsencode(place.here / "elsewhere")
-        data = bytes(range(1, 251)) * 5000
+        # A large file is also flushed in the middle.
+        data = bytes(range(1, 251)) * (70_000 if self.kind == "large" else 5000)
         content = data + bytes(300_000) + b"end" if self.kind == "sparse" else data
         with open(source, "wb") as file:
             file.write(data)
@@ -132,6 +135,7 @@ def all_scenes():
         Move("copy-over-placeholder", [_NO_CALL, _NO_LINKS]),
         Move("copy-listed", kind="listed"),
         Move("copy-sparse", kind="sparse"),
+        Move("copy-large", kind="large"),
         Move("copy-of-link", kind="link"),
         Rename("rename"),
         Rename("rename-by-link", [_NO_CALL]),

@@ -74,7 +74,7 @@ def run(command, environment, fault, always=(), on_halt=None):
         except subprocess.TimeoutExpired:
             os.killpg(process.pid, signal.SIGKILL)
             output, timed_out = process.communicate()[0], True
-        injected = re.search(rf"^{names[0]}\(.*\(INJECTED\)$", log.read(), re.MULTILINE)
+        injected = re.search(rf"^{names[0]}\(.*\(INJECTED\)$|^--- SIGINT ", log.read(), re.MULTILINE)
         happened = halted or injected is not None or process.returncode == -signal.SIGKILL
         return Ending(process.returncode, output, happened, timed_out)
 

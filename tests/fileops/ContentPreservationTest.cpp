@@ -114,7 +114,7 @@ class Session {
         rows_(list_, options_, mode_, {ports_.boxes, ports_.panels, ports_.filePanel, ports_.player}),
         commands_(list_, options_, rows_,
                   {*volume.reads, *volume.changes, ports_.boxes, ports_.folders, ports_.player, ports_.filePanel,
-                   ports_.window},
+                   ports_.window, ports_.progress},
                   0, volume.style),
         engine_(list_, options_, mode_,
                 {*volume.reads, *volume.changes, ports_.boxes, ports_.filePanel, ports_.window, ports_.player},

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <cstdint>
 #include <new>
 #include <string>
 #include <vector>
@@ -33,6 +35,10 @@ std::string MovedCount(int count) {
   return "box [ファイル移動] " + std::to_string(count) + " 個のファイルの移動が完了しました (information, ok)";
 }
 
+constexpr std::chrono::milliseconds kNone(0);
+constexpr MoveTimes kNeverShown = {std::chrono::hours(1), kNone};
+constexpr MoveTimes kShownAtOnce = {kNone, kNone};
+
 struct Fixture {
   test::MemoryFileSystem files;
   test::Recorders ports;
@@ -43,12 +49,14 @@ struct Fixture {
   FileCommands commands;
   PathStyle style;
 
-  explicit Fixture(const Texts& names, PathStyle pathStyle = kLin)
+  explicit Fixture(const Texts& names, PathStyle pathStyle = kLin, MoveTimes moveTimes = kNeverShown)
       : files({pathStyle, pathStyle == kWin}),
         list(pathStyle),
         rows(list, options, mode, {ports.boxes, ports.panels, ports.filePanel, ports.player}),
-        commands(list, options, rows,
-                 {files, files, ports.boxes, ports.folders, ports.player, ports.filePanel, ports.window}, 0, pathStyle),
+        commands(
+            list, options, rows,
+            {files, files, ports.boxes, ports.folders, ports.player, ports.filePanel, ports.window, ports.progress}, 0,
+            pathStyle, moveTimes),
         style(pathStyle) {
     for (const std::string& name : names) {
       files.AddFile(Path(name), name);
@@ -521,6 +529,104 @@ TEST(BatchMove, TidiesTheTargetFolderOnceBeforeTheFirstMove) {
   }
 }
 
+/// Three files of nine bytes each, which every move copies in pieces of four.
+struct CopyingFixture : Fixture {
+  explicit CopyingFixture(MoveTimes moveTimes = kShownAtOnce) : Fixture({}, kLin, moveTimes) {
+    for (const char* name : {"a.mid", "b.mid", "c.mid"}) {
+      files.AddFile(Path(name), "123456789");
+      FileItem row = test::RowFor(Path(name), kLin);
+      row.size = 9;
+      list.Add(row);
+    }
+    files.copiesPieces = 4;
+    ports.folders.Answer("/t");
+  }
+
+  /// The user presses the button when this is shown for the n-th time.
+  void CancelAt(int update) {
+    ports.progress.duringUpdate = [this, left = update]() mutable { ports.progress.cancelled = --left <= 0; };
+  }
+};
+
+const char* const kMoveBegin =
+    "progress begin: ファイルを移動中です...\\r\\nしばらくお待ちください |   ファイルを移動中...";
+const char* const kMoveCancelled = "\\r\\n移動を中止しました。残りのファイルは元のままです (information, ok)";
+
+TEST(BatchMove, ThatLastsShowsItsShareInBytes) {
+  CopyingFixture f;
+  f.commands.mnuAllMove();
+  EXPECT_EQ(f.ports.log.StartingWith("progress"),
+            Texts({kMoveBegin, "progress: 0% 完了しました | /m/a.mid", "progress: 0% 完了しました | /m/a.mid",
+                   "progress: 13% 完了しました | /m/a.mid", "progress: 26% 完了しました | /m/a.mid",
+                   "progress: 33% 完了しました | /m/b.mid", "progress: 33% 完了しました | /m/b.mid",
+                   "progress: 46% 完了しました | /m/b.mid", "progress: 60% 完了しました | /m/b.mid",
+                   "progress: 66% 完了しました | /m/c.mid", "progress: 66% 完了しました | /m/c.mid",
+                   "progress: 80% 完了しました | /m/c.mid", "progress: 93% 完了しました | /m/c.mid", "progress end"}));
+  const Texts& events = f.ports.log.Events();
+  EXPECT_EQ(Texts(events.end() - 5, events.end()),
+            Texts({"window enabled", "progress end", "pointer normal", "window enabled", MovedCount(3)}));
+}
+
+TEST(BatchMove, ThatIsQuickShowsNothing) {
+  CopyingFixture f(kNeverShown);
+  f.ports.progress.cancelled = true;
+  f.commands.mnuAllMove();
+  EXPECT_EQ(f.ports.log.StartingWith("progress"), Texts());
+  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({MovedCount(3)}));
+}
+
+TEST(BatchMove, CancelledInAFileLeavesItAndTheRest) {
+  for (const std::int16_t remain : {std::int16_t{0}, std::int16_t{1}}) {
+    CopyingFixture f;
+    f.options.move.remainList = remain;
+    f.CancelAt(7);  // in the middle of the second file
+    f.commands.mnuAllMove();
+    EXPECT_EQ(f.files.NamesIn("/t"), Texts({"a.mid"}));
+    EXPECT_EQ(f.files.NamesIn("/m"), Texts({"b.mid", "c.mid"}));
+    EXPECT_EQ(Locations(f.list),
+              remain == 1 ? Texts({"/t/a.mid", "/m/b.mid", "/m/c.mid"}) : Texts({"/m/b.mid", "/m/c.mid"}));
+    EXPECT_EQ(f.ports.log.StartingWith("box"),
+              Texts({"box [ファイル移動] 1 個のファイルの移動が完了しました" + std::string(kMoveCancelled)}));
+  }
+}
+
+TEST(BatchMove, CancelledBetweenFilesLeavesTheRest) {
+  CopyingFixture f;
+  f.files.copiesPieces = 0;
+  f.CancelAt(2);
+  f.commands.mnuAllMove();
+  EXPECT_EQ(Locations(f.list), Texts({"/t/a.mid", "/m/b.mid", "/m/c.mid"}));
+  EXPECT_EQ(f.files.CountOf(FileCall::kMove), 1u);
+  EXPECT_EQ(f.ports.log.StartingWith("box"),
+            Texts({"box [ファイル移動] 1 個のファイルの移動が完了しました" + std::string(kMoveCancelled)}));
+}
+
+TEST(mnuThisMove, ThatLastsShowsItAndCanBeCancelled) {
+  CopyingFixture f;
+  f.list.SelectOnly(2);
+  f.CancelAt(3);
+  f.commands.mnuThisMove();
+  EXPECT_EQ(
+      f.ports.log.Events(),
+      Texts({kPrompt, "window disabled", kMoveBegin, "progress: 0% 完了しました | /m/b.mid", "player release /m/b.mid",
+             "progress: 0% 完了しました | /m/b.mid", "progress: 40% 完了しました | /m/b.mid", "window enabled",
+             "progress end", "box [ファイル移動] 移動を中止しました。ファイルは元のままです (information, ok)"}));
+  EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid", "/m/b.mid", "/m/c.mid"}));
+  EXPECT_EQ(f.files.BytesOf("/m/b.mid"), "123456789");
+}
+
+TEST(MoveProgress, AFileThatHasGrownIsNotMoreThanItsShare) {
+  test::Recorders ports;
+  FileItem row = test::RowFor("/m/a.mid", kLin);
+  row.size = 9;
+  {
+    MoveProgress progress(ports.progress, ports.window, MoveProgress::SizeOf(row), kShownAtOnce);
+    EXPECT_TRUE(progress.Next(row));
+    EXPECT_TRUE(progress.Continue(1'000'000));
+  }
+  EXPECT_EQ(ports.log.StartingWith("progress: ").back(), "progress: 100% 完了しました | /m/a.mid");
+}
+
 /// Runs out of memory at the second row of a batch.
 struct ForgetfulPlayer final : PlayerControl {
   int releases = 0;
@@ -537,9 +643,10 @@ TEST(BatchMove, AnExceptionLeavesTheWindowUsableAndNoRowOfAMovedFile) {
   Fixture f({"a.mid", "b.mid"});
   f.options.move.remainList = 0;
   ForgetfulPlayer player;
-  FileCommands commands(f.list, f.options, f.rows,
-                        {f.files, f.files, f.ports.boxes, f.ports.folders, player, f.ports.filePanel, f.ports.window},
-                        0, kLin);
+  FileCommands commands(
+      f.list, f.options, f.rows,
+      {f.files, f.files, f.ports.boxes, f.ports.folders, player, f.ports.filePanel, f.ports.window, f.ports.progress},
+      0, kLin);
   f.ports.folders.Answer("/t");
   EXPECT_THROW(commands.mnuAllMove(), std::bad_alloc);
   const Texts& events = f.ports.log.Events();

@@ -1,8 +1,10 @@
 #include <wx/checkbox.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
+#include <wx/utils.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "controls/WxText.h"
 #include "gui/MainWindow.h"
@@ -12,6 +14,7 @@
 namespace quillon::test {
 namespace {
 
+namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
 
 wxWindow* WaitWindow() {
@@ -140,6 +143,86 @@ TEST_F(WaitingInMainWindow, ClosingTheMainWindowDoesAndItCloses) {
   Run(Command::mnuAllModify);
   EXPECT_TRUE(user.acted);
   EXPECT_TRUE(Until([this] { return !IsOpen(); }));
+}
+
+/// A folder on another volume, where nearly every Linux system has one.
+class MovingInMainWindow : public MainWindowTest {
+ protected:
+  static constexpr std::uintmax_t kSize = std::uintmax_t{64} << 30u;
+
+  void SetUp() override {
+    std::error_code failed;
+    if (!fs::create_directory(there_, failed)) GTEST_SKIP() << "no second volume is known here";
+    // A hole: copying it takes long, and nothing is written.
+    fs::resize_file(folder.Write("a.bin"), kSize, failed);
+    if (failed) GTEST_SKIP() << "the volume holds no large file";
+    folder.Write("b.bin", "b");
+    const std::string probe = home.Write("probe");
+    fs::rename(probe, there_ + "probe", failed);
+    if (!failed) GTEST_SKIP() << "both folders are on one volume";
+  }
+
+  void TearDown() override {
+    MainWindowTest::TearDown();
+    std::error_code ignored;
+    fs::remove_all(there_, ignored);
+  }
+
+  void ExpectNothingMoved() const {
+    EXPECT_TRUE(fs::is_empty(there_));
+    EXPECT_EQ(fs::file_size(folder.At("a.bin")), kSize);
+    EXPECT_EQ(Locations(List()), (Texts{folder.At("a.bin"), folder.At("b.bin")}));
+  }
+
+  const std::string there_ = "/dev/shm/quillon-moving-" + std::to_string(wxGetProcessId()) + "/";
+};
+
+TEST_F(MovingInMainWindow, ACopyThatLastsIsShownAndCancelled) {
+  OpenFolder();
+  Run(Command::mnuDirShow);
+  wxWindow* const beside = wxWindow::FindWindowByName("frmDirShow");
+  ASSERT_NE(beside, nullptr);
+  for (const auto act : {ClickCancel, PressEscape}) {
+    std::string path;
+    bool mainEnabled = true;
+    bool besideEnabled = true;
+    User user([&](wxWindow& window) {
+      path = FromWx(wxWindow::FindWindowByName("lblPath", &window)->GetLabel());
+      mainEnabled = Frame().IsEnabled();
+      besideEnabled = beside->IsEnabled();
+      return act(window);
+    });
+    dialogs.ChooseFolder(there_);
+    dialogs.Answer();
+    Run(Command::mnuAllMove);
+    EXPECT_TRUE(user.acted);
+    EXPECT_TRUE(path.ends_with("a.bin")) << path;
+    EXPECT_FALSE(mainEnabled);
+    EXPECT_FALSE(besideEnabled);
+    EXPECT_EQ(
+        dialogs.TakeShown(),
+        (std::vector<Message>{{"ファイル移動",
+                               "0 個のファイルの移動が完了しました\n移動を中止しました。残りのファイルは元のままです",
+                               MessageIcon::kInformation, MessageButtons::kOk}}));
+    ExpectNothingMoved();
+    EXPECT_EQ(WaitWindow(), nullptr);
+    EXPECT_TRUE(Frame().IsEnabled());
+    EXPECT_TRUE(beside->IsEnabled());
+    EXPECT_TRUE(Until([this] { return Frame().IsActive(); }));
+  }
+}
+
+TEST_F(MovingInMainWindow, SoIsTheMoveOfOneFile) {
+  OpenFolder();
+  SelectRow(1);
+  User user(ClickCancel);
+  dialogs.ChooseFolder(there_);
+  dialogs.Answer();
+  Run(Command::mnuThisMove);
+  EXPECT_TRUE(user.acted);
+  EXPECT_EQ(dialogs.TakeShown(), (std::vector<Message>{{"ファイル移動", "移動を中止しました。ファイルは元のままです",
+                                                        MessageIcon::kInformation, MessageButtons::kOk}}));
+  ExpectNothingMoved();
 }
 
 }  // namespace

@@ -85,7 +85,8 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   bool SameFile(const std::string& left, const std::string& right) override;
 
   FileOutcome Rename(const std::string& from, const std::string& to) override;
-  MoveOutcome Move(const std::string& from, const std::string& to) override;
+  using FileChanges::Move;
+  MoveOutcome Move(const std::string& from, const std::string& to, CopyProgress* progress) override;
   void RemoveLeftovers(const std::string& folder) override;
   FileOutcome Remove(const std::string& path) override;
   int Recycle(const std::string& path, std::uintptr_t ownerWindow) override;
@@ -93,6 +94,8 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
 
   bool recycleAsks = true;
   NotKept notKept;  ///< what a successful move answers
+  /// Non-zero where every move copies to another volume, in pieces of so many bytes.
+  std::uint64_t copiesPieces = 0;
 
  private:
   struct Node;

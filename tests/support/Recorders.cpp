@@ -125,6 +125,7 @@ void ProgressRecorder::Begin(const std::string& headline, const std::string& lin
 
 void ProgressRecorder::Update(const std::string& percentText, const std::string& path) {
   log_.Add("progress: " + percentText + " | " + path);
+  if (duringUpdate) duringUpdate();
 }
 
 void SearchRecorder::Begin(const std::string& status, const std::string& target) {

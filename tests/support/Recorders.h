@@ -111,7 +111,8 @@ class ProgressRecorder final : public ProgressDisplay {
   void End() override { log_.Add("progress end"); }
   [[nodiscard]] bool Cancelled() const override { return cancelled; }
 
-  bool cancelled = false;  ///< the user has pressed the button
+  bool cancelled = false;              ///< the user has pressed the button
+  std::function<void()> duringUpdate;  ///< what the user does then
 
  private:
   EventLog& log_;

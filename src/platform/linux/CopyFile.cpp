@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <new>
 #include <string_view>
@@ -21,6 +22,8 @@ namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 20u;
 constexpr std::size_t kPageSize = 4096;
+// Else a slow volume would take it all at first, and then keep the last call waiting for minutes.
+constexpr off_t kFlushedAtOnce = off_t{16} << 20u;
 
 bool IsZero(std::string_view bytes) {
   return bytes.front() == '\0' && std::memcmp(bytes.data(), bytes.data() + 1, bytes.size() - 1) == 0;
@@ -54,11 +57,16 @@ bool HasHoles(const struct stat& status) {
 }
 
 // Zero when exactly as many bytes came as the status says.
-int CopyContent(int from, int to, const struct stat& status) {
+int CopyContent(int from, int to, const struct stat& status, MadeCopy& made, CopyProgress* progress) {
   const bool sparse = HasHoles(status);
   std::vector<char> buffer(kBufferSize);
   off_t copied = 0;
+  off_t flushed = 0;
   for (;;) {
+    if (progress != nullptr && !progress->Continue(static_cast<std::uint64_t>(copied))) {
+      made.cancelled = true;
+      return ECANCELED;
+    }
     const ssize_t got = ::read(from, buffer.data(), buffer.size());
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return errno;
@@ -67,18 +75,22 @@ int CopyContent(int from, int to, const struct stat& status) {
     if (!(sparse ? WriteBetweenHoles(to, bytes) : WriteAll(to, bytes))) return errno;
     copied += got;
     if (copied > status.st_size) return EBUSY;
+    if (copied - flushed >= kFlushedAtOnce) {
+      if (::fdatasync(to) != 0) return errno;
+      flushed = copied;
+    }
   }
   if (copied < status.st_size) return EIO;
   return !sparse || ::ftruncate(to, copied) == 0 ? 0 : errno;
 }
 
 // Zero, or the errno for a file that is no whole copy.
-int FillCopy(const OpenedSource& source, Descriptor& copy, MadeCopy& made) {
+int FillCopy(const OpenedSource& source, Descriptor& copy, MadeCopy& made, CopyProgress* progress) {
   struct stat status = {};
   if (::fstat(copy.Number(), &status) != 0) return errno;
   made.id = IdOf(status);
   made.held.emplace(::fcntl(copy.Number(), F_DUPFD_CLOEXEC, 0));
-  const int failure = CopyContent(source.file.Number(), copy.Number(), source.status);
+  const int failure = CopyContent(source.file.Number(), copy.Number(), source.status, made, progress);
   if (failure != 0) return failure;
   made.notKept = CopyAttributes(source.file.Number(), copy.Number(), source.status);
   return ::fsync(copy.Number()) == 0 && copy.Close() ? 0 : errno;
@@ -89,13 +101,16 @@ void Discard(const std::string& path, MadeCopy& made) {
   made.stays = ::unlink(path.c_str()) != 0 && errno != ENOENT;
 }
 
-int CopyRegularFile(const OpenedSource& source, const std::string& to, MadeCopy& made) {
+int CopyRegularFile(const OpenedSource& source, const std::string& to, MadeCopy& made, CopyProgress* progress) {
   Descriptor copy(::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
   if (!copy.Open()) return errno;
   int failure = ENOMEM;
   try {
-    failure = FillCopy(source, copy, made);
+    failure = FillCopy(source, copy, made, progress);
   } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): that is what the failure says
+  } catch (...) {
+    Discard(to, made);
+    throw;
   }
   // A copy without all of its content is of no use to anybody.
   if (failure != 0) Discard(to, made);
@@ -136,8 +151,8 @@ int OpenCopySource(const std::string& path, std::optional<OpenedSource>& opened)
   return 0;
 }
 
-int CopyWithAttributes(const OpenedSource& source, const std::string& to, MadeCopy& made) {
-  return S_ISLNK(source.status.st_mode) ? CopyLink(source, to, made) : CopyRegularFile(source, to, made);
+int CopyWithAttributes(const OpenedSource& source, const std::string& to, MadeCopy& made, CopyProgress* progress) {
+  return S_ISLNK(source.status.st_mode) ? CopyLink(source, to, made) : CopyRegularFile(source, to, made, progress);
 }
 
 }  // namespace quillon

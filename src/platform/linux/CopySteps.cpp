@@ -47,9 +47,10 @@ MoveOutcome LinuxCopySteps::CopyInto(const std::string& folder) {
     Result<std::unique_ptr<TemporaryMark>, FileError> mark = MarkTemporary(folder);
     if (!mark) return mark.Failure();
     mark_ = std::move(*mark);
-    failure = CopyWithAttributes(*source_, mark_->Path(), copy_);
+    failure = CopyWithAttributes(*source_, mark_->Path(), copy_, progress_);
     if (copy_.stays) mark_->Keep();
   }
+  if (copy_.cancelled) return FileError{file_error::kCancelled, "Cancelled"};
   return failure == 0 ? MoveOutcome(copy_.notKept) : MoveOutcome(ErrorOf(failure));
 }
 

@@ -12,6 +12,9 @@ namespace quillon {
 
 class LinuxCopySteps final : public CopySteps {
  public:
+  /// `progress` may be null.
+  explicit LinuxCopySteps(CopyProgress* progress = nullptr) : progress_(progress) {}
+
   FileOutcome Look(const std::string& path) override;
   FileOutcome OpenSource(const std::string& from) override;
   MoveOutcome CopyInto(const std::string& folder) override;
@@ -23,6 +26,7 @@ class LinuxCopySteps final : public CopySteps {
   FileOutcome RemoveCopy(const std::string& path) override;
 
  private:
+  CopyProgress* progress_;
   std::string from_;
   std::optional<OpenedSource> source_;
   std::unique_ptr<TemporaryMark> mark_;

@@ -78,11 +78,11 @@ class LinuxFileChanges final : public FileChanges {
     return RenameEntry(entries, from, to, PathStyle::kLinux);
   }
 
-  MoveOutcome Move(const std::string& from, const std::string& to) override {
+  MoveOutcome Move(const std::string& from, const std::string& to, CopyProgress* progress) override {
     const FileOutcome failed = Rename(from, to);
     if (!failed) return NotKept();
     if (failed->number != file_error::kOwn + EXDEV) return *failed;
-    LinuxCopySteps steps;
+    LinuxCopySteps steps(progress);
     return MoveByCopying(steps, from, to, PathStyle::kLinux);
   }
 

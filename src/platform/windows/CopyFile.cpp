@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <cstdint>
+#include <exception>
 #include <optional>
 
 #include "platform/windows/CopyAccessList.h"
@@ -47,6 +49,47 @@ bool SetAttributes(const std::wstring& copy, const Status& source) {
   return ::SetFileAttributesW(copy.c_str(), attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL) != 0;
 }
 
+/// Asks the progress, and keeps what it throws: nothing may be thrown across the system's own code.
+class Asking {
+ public:
+  explicit Asking(CopyProgress* progress) : progress_(progress) {}
+
+  /// False, with the last error set, when the copying is to end.
+  bool Continue(std::uint64_t copied) noexcept {
+    try {
+      cancelled_ = progress_ != nullptr && !progress_->Continue(copied);
+    } catch (...) {
+      thrown_ = std::current_exception();
+    }
+    const bool ended = cancelled_ || thrown_;
+    if (ended) ::SetLastError(ERROR_REQUEST_ABORTED);
+    return !ended;
+  }
+
+  /// True when the copying was cancelled; throws what the progress has thrown.
+  [[nodiscard]] bool Cancelled() const {
+    if (thrown_) std::rethrow_exception(thrown_);
+    return cancelled_;
+  }
+
+ private:
+  CopyProgress* progress_;
+  bool cancelled_ = false;
+  std::exception_ptr thrown_;
+};
+
+DWORD CALLBACK OnProgress(LARGE_INTEGER /*size*/, LARGE_INTEGER copied, LARGE_INTEGER /*streamSize*/,
+                          LARGE_INTEGER /*streamCopied*/, DWORD /*stream*/, DWORD /*reason*/, HANDLE /*from*/,
+                          HANDLE /*to*/, void* asking) {
+  const bool goOn = static_cast<Asking*>(asking)->Continue(static_cast<std::uint64_t>(copied.QuadPart));
+  return goOn ? PROGRESS_CONTINUE : PROGRESS_CANCEL;
+}
+
+bool CopyContent(const std::wstring& from, const std::wstring& to, Asking& asking) {
+  constexpr DWORD kFlags = COPY_FILE_FAIL_IF_EXISTS | COPY_FILE_COPY_SYMLINK;
+  return ::CopyFileExW(from.c_str(), to.c_str(), OnProgress, &asking, nullptr, kFlags) != 0;
+}
+
 void TakeBack(const std::wstring& copy, MadeCopy& made) {
   const DWORD failure = ::GetLastError();
   ::SetFileAttributesW(copy.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -57,14 +100,19 @@ void TakeBack(const std::wstring& copy, MadeCopy& made) {
 
 }  // namespace
 
-bool CopyWithAttributes(const std::wstring& from, const Status& source, const std::wstring& to, MadeCopy& made) {
-  constexpr DWORD kFlags = COPY_FILE_FAIL_IF_EXISTS | COPY_FILE_COPY_SYMLINK;
-  if (!::CopyFileExW(from.c_str(), to.c_str(), nullptr, nullptr, nullptr, kFlags)) {
-    if (::GetLastError() != ERROR_FILE_EXISTS) TakeBack(to, made);
+bool CopyWithAttributes(const std::wstring& from, const Status& source, const std::wstring& to, MadeCopy& made,
+                        CopyProgress* progress) {
+  Asking asking(progress);
+  if (!asking.Continue(0)) {
+    made.cancelled = asking.Cancelled();
     return false;
   }
-  if (!CheckDateAndFlush(to, source, made)) {
-    TakeBack(to, made);
+  // Wine does not call OnProgress.
+  const bool whole =
+      CopyContent(from, to, asking) && asking.Continue(SizeOf(source)) && CheckDateAndFlush(to, source, made);
+  if (!whole) {
+    if (::GetLastError() != ERROR_FILE_EXISTS) TakeBack(to, made);
+    made.cancelled = asking.Cancelled();
     return false;
   }
   made.notKept.attributes = !SetAttributes(to, source);

@@ -54,8 +54,9 @@ MoveOutcome WindowsCopySteps::CopyInto(const std::string& folder) {
     mark_ = std::move(*mark);
     const std::optional<std::wstring> target = SystemPath(mark_->Path());
     if (!target) break;
-    if (CopyWithAttributes(*source, opened_, *target, copy_)) return copy_.notKept;
+    if (CopyWithAttributes(*source, opened_, *target, copy_, progress_)) return copy_.notKept;
     if (copy_.stays) mark_->Keep();
+    if (copy_.cancelled) return FileError{file_error::kCancelled, "Cancelled"};
     if (::GetLastError() != ERROR_FILE_EXISTS) return ErrorOf(::GetLastError());
   }
   return UnholdableName();

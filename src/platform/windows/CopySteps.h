@@ -15,6 +15,9 @@ namespace quillon {
 
 class WindowsCopySteps final : public CopySteps {
  public:
+  /// `progress` may be null.
+  explicit WindowsCopySteps(CopyProgress* progress = nullptr) : progress_(progress) {}
+
   FileOutcome Look(const std::string& path) override;
   FileOutcome OpenSource(const std::string& from) override;
   MoveOutcome CopyInto(const std::string& folder) override;
@@ -26,6 +29,7 @@ class WindowsCopySteps final : public CopySteps {
   FileOutcome RemoveCopy(const std::string& path) override;
 
  private:
+  CopyProgress* progress_;
   std::string from_;
   std::optional<Handle> source_;  // keeps writers out
   BY_HANDLE_FILE_INFORMATION opened_ = {};

@@ -85,11 +85,11 @@ class WindowsFileChanges final : public FileChanges {
     return from == to ? LookAt(*source) : RenameSystem(*source, *target);
   }
 
-  MoveOutcome Move(const std::string& from, const std::string& to) override {
+  MoveOutcome Move(const std::string& from, const std::string& to, CopyProgress* progress) override {
     const FileOutcome failed = Rename(from, to);
     if (!failed) return NotKept();
     if (failed->number != file_error::kOwn + ERROR_NOT_SAME_DEVICE) return *failed;
-    WindowsCopySteps steps;
+    WindowsCopySteps steps(progress);
     return MoveByCopying(steps, SourcePath(from).value_or(from), NewPath(to).value_or(to), PathStyle::kWindows);
   }
 

@@ -9,8 +9,11 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "platform/FileSystem.h"
 #include "platform/linux/ChildProcess.h"
@@ -73,6 +76,54 @@ TEST_F(MoveAcrossVolumes, TheFileIsThereWithItsContentAndNoLongerHere) {
   EXPECT_FALSE(here_.Exists("曲.mid"));
   EXPECT_EQ(OpenSystemFile(there_ + "曲.mid")->Read(2'999'999, 10), "xend");
   EXPECT_THAT(NamesThere(), testing::ElementsAre("曲.mid"));
+}
+
+/// Ends the copying when so many bytes are copied.
+struct Until final : CopyProgress {
+  explicit Until(std::uint64_t bytes) : limit(bytes) {}
+  bool Continue(std::uint64_t copied) override {
+    told.push_back(copied);
+    return copied < limit;
+  }
+  std::uint64_t limit;
+  std::vector<std::uint64_t> told;
+};
+
+constexpr std::uint64_t kMebibyte = 1u << 20u;
+
+TEST_F(MoveAcrossVolumes, ProgressIsToldPieceByPiece) {
+  const std::string from = here_.Write("song", std::string(2 * kMebibyte + 5, 'x'));
+  Until never(100 * kMebibyte);
+  EXPECT_EQ(NumberOf(MakeFileChanges()->Move(from, there_ + "song", &never)), 0);
+  EXPECT_THAT(never.told, testing::ElementsAre(0u, kMebibyte, 2 * kMebibyte, 2 * kMebibyte + 5));
+  Until within(100 * kMebibyte);
+  EXPECT_EQ(NumberOf(MakeFileChanges()->Move(there_ + "song", there_ + "other", &within)), 0);
+  EXPECT_THAT(within.told, testing::IsEmpty()) << "nothing is copied within a volume";
+}
+
+TEST_F(MoveAcrossVolumes, ACancelledCopyLeavesNothingBehind) {
+  const std::string content(3 * kMebibyte, 'x');
+  const std::string from = here_.Write("song", content);
+  for (const std::uint64_t limit : {std::uint64_t{0}, kMebibyte, 3 * kMebibyte}) {
+    Until cancelled(limit);
+    EXPECT_EQ(NumberOf(MakeFileChanges()->Move(from, there_ + "song", &cancelled)), file_error::kCancelled) << limit;
+    EXPECT_THAT(NamesThere(), testing::IsEmpty()) << limit;
+    EXPECT_TRUE(here_.Read("song") == content) << limit;
+  }
+  EXPECT_EQ(Move(from, there_ + "song"), 0) << "and the file can be moved later";
+}
+
+TEST_F(MoveAcrossVolumes, AnExceptionInTheMiddleLeavesNothingBehind) {
+  struct Throwing final : CopyProgress {
+    bool Continue(std::uint64_t copied) override {
+      if (copied > 0) throw std::runtime_error("unexpected");
+      return true;
+    }
+  } throwing;
+  const std::string from = here_.Write("song", "content");
+  EXPECT_THROW(static_cast<void>(MakeFileChanges()->Move(from, there_ + "song", &throwing)), std::runtime_error);
+  EXPECT_THAT(NamesThere(), testing::IsEmpty());
+  EXPECT_EQ(here_.Read("song"), "content");
 }
 
 TEST_F(MoveAcrossVolumes, AnEmptyFileIsMovedToo) {

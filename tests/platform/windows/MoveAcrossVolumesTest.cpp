@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <stdexcept>
 #include <string>
 
 #include "platform/ContentOf.h"
@@ -72,6 +74,42 @@ TEST_F(MoveAcrossVolumes, TheFileIsThereWithItsTimesAndNoLongerHere) {
   EXPECT_EQ(ContentOf(there_ + "song.mid"), "content");
   EXPECT_EQ(DataOf(there_ + "song.mid").ftLastWriteTime.dwHighDateTime, old.dwHighDateTime);
   EXPECT_EQ(CountThere(), 1U);
+}
+
+/// Ends the copying, or throws, when so many bytes are copied.
+struct Ending final : CopyProgress {
+  Ending(std::uint64_t bytes, bool byThrowing) : limit(bytes), throws(byThrowing) {}
+  bool Continue(std::uint64_t copied) override {
+    if (copied < limit) return true;
+    if (throws) throw std::runtime_error("unexpected");
+    return false;
+  }
+  std::uint64_t limit;
+  bool throws;
+};
+
+// Wine copies a whole file at once: there the middle of it comes at its end.
+TEST_F(MoveAcrossVolumes, ACancelledCopyLeavesNothingBehind) {
+  constexpr std::uint64_t kSize = 3 << 20;
+  const std::string content(kSize, 'x');
+  const std::string from = here_.Write("song.mid", content);
+  for (const std::uint64_t limit : {std::uint64_t{0}, std::uint64_t{1}, kSize}) {
+    for (const bool throws : {false, true}) {
+      Ending ending(limit, throws);
+      const auto move = [&] { return MakeFileChanges()->Move(from, there_ + "song.mid", &ending); };
+      if (throws) {
+        EXPECT_THROW(static_cast<void>(move()), std::runtime_error) << limit;
+      } else {
+        const MoveOutcome outcome = move();
+        EXPECT_TRUE(!outcome && outcome.Failure().number == file_error::kCancelled) << limit;
+      }
+      EXPECT_EQ(CountThere(), 0u) << limit;
+      EXPECT_TRUE(here_.Read("song.mid") == content) << limit;
+    }
+  }
+  Ending never(kSize + 1, false);
+  EXPECT_TRUE(MakeFileChanges()->Move(from, there_ + "song.mid", &never));
+  EXPECT_EQ(CountThere(), 1u);
 }
 
 TEST_F(MoveAcrossVolumes, AReadOnlyFileIsMovedAndStaysReadOnly) {
