@@ -101,11 +101,12 @@ bool CopyAccessRights(int from, int to, const struct stat& source, bool sameOwne
   // With a list, the group's bits of the mode are what the list grants to others at most.
   if (!listKept) mode = (mode & ~kGroupBits) | OwningGroupBits(list.value_or(std::vector<char>()));
   struct stat now = {};
-  const bool sameGroup = ::fstat(to, &now) == 0 && now.st_gid == source.st_gid;
+  const bool groupKnown = ::fstat(to, &now) == 0;
+  const bool sameGroup = groupKnown && now.st_gid == source.st_gid;
   // Another group gets no more than everybody.
   if (!sameGroup) mode &= ~kGroupBits | (mode & kOtherBits) << 3u;
-  const bool known = ::fchmod(to, mode) == 0 || errno == EPERM || errno == EOPNOTSUPP;
-  if (!known || ::fstat(to, &now) != 0) return false;
+  const bool modeKnown = ::fchmod(to, mode) == 0 || errno == EPERM || errno == EOPNOTSUPP;
+  if (!groupKnown || !modeKnown || ::fstat(to, &now) != 0) return false;
   return listKept && (now.st_mode & ~mode & kReadAndWriteBits) == 0;
 }
 
