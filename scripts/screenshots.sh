@@ -79,7 +79,7 @@ picture() {
     option-*) settings=$work/filter.ini ;;
     wait | search)
       program=$3/quillon-gallery$4
-      pictured=
+      if [ "$window" = search ]; then pictured=; fi
       arguments=("$window")
       ;;
   esac
