@@ -36,10 +36,6 @@ constexpr int kFirstListSize = 200;   // DIP
 constexpr int kWidestColumn = 4000;   // DIP
 constexpr int kNarrowestColumn = 20;  // DIP: the header of a narrower one cannot be seen or dragged
 
-int Open(const std::string& target, wxWindow& owner) {
-  return OpenWithShell(target, reinterpret_cast<std::uintptr_t>(owner.GetHandle()));
-}
-
 /// Where a window can be seen whole that was at this place once, when the screens may have been others: moved into the
 /// screen that its title bar is on, or centred when that is gone.
 wxRect OnItsScreen(wxRect window, int halfTitleBar, wxPoint centred) {
@@ -59,8 +55,13 @@ void Keep(const wxWindow& window, Twips& twips, int pixels) {
 
 }  // namespace
 
-frmMain::frmMain(OptionValues options, Application::Paths paths)
+int frmMain::OpenForWindow(const std::string& target, wxWindow& owner) {
+  return OpenWithShell(target, reinterpret_cast<std::uintptr_t>(owner.GetHandle()));
+}
+
+frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
     : wxFrame(nullptr, wxID_ANY, kMainTitle),
+      open_(std::move(open)),
       boxes_(this),
       device_(MakeCommandDevice()),
       files_(MakeFileReads()),
@@ -79,7 +80,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths)
       std::move(options), std::move(paths),
       Application::Ports{*this, *this, *this, *renameBox_, *information_, boxes_, *pending_, *frmFolderRef_, *loading_,
                          frmWait_, *this, *device_, *playerPanel_, *movie_, *files_, *disk_,
-                         [this](const std::string& target) { return Open(target, *this); }},
+                         [this](const std::string& target) { return open_(target, *this); }},
       handle);
   lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
   controls_.list = &lvwFiles_->Window();
@@ -326,15 +327,15 @@ void frmMain::ShowOptionDialog(OptionForm& form) {
 
 void frmMain::ShowVersionDialog() {
   frmVerInfo dialog(this, app_->RegexAvailable(), app_->Options().system.front,
-                    [this](const std::string& address) { (void)Open(address, *this); });
+                    [this](const std::string& address) { (void)open_(address, *this); });
   dialog.ShowModal();
 }
 
 void frmMain::ShowFolderList() {
   if (!frmDirShow_) {
-    frmDirShow_ = new frmDirShow(this, app_->List(), [](const std::string& folder, wxWindow& owner) {
+    frmDirShow_ = new frmDirShow(this, app_->List(), [this](const std::string& folder, wxWindow& owner) {
       WxMessageBoxes boxes(&owner);
-      TellOfOpening(folder, Open(folder, owner), boxes);
+      TellOfOpening(folder, open_(folder, owner), boxes);
     });
   } else {
     frmDirShow_->Reload();

@@ -5,6 +5,7 @@
 #include <wx/weakref.h>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -36,7 +37,11 @@ class frmMain final : public wxFrame,
                       private FolderDialog,
                       private FileListObserver {
  public:
-  frmMain(OptionValues options, Application::Paths paths);
+  /// Opens a file, folder or address as the shell does, with boxes of the shell's own over the window; see
+  /// OpenWithShell.
+  using Opener = std::function<int(const std::string& target, wxWindow& owner)>;
+
+  frmMain(OptionValues options, Application::Paths paths, Opener open = OpenForWindow);
   frmMain(const frmMain&) = delete;
   frmMain& operator=(const frmMain&) = delete;
   ~frmMain() override;
@@ -55,6 +60,8 @@ class frmMain final : public wxFrame,
   [[nodiscard]] static Command CommandOf(int id);
 
  private:
+  static int OpenForWindow(const std::string& target, wxWindow& owner);
+
   // MainWindow
   void EditLabel(int index) override { lvwFiles_->EditLabel(index); }
   [[nodiscard]] std::vector<std::string> ChooseFiles(const std::string& title,
@@ -95,6 +102,7 @@ class frmMain final : public wxFrame,
   [[nodiscard]] BarHeights Bars() const;
   void OnPanelSize();
   void Run(Command command);
+  void RunNow(Command command);
   void ShowRowMenu(wxPoint screen);
   bool UseListKey(const wxKeyEvent& event);
   void OnStatusBarClick(wxMouseEvent& event);
@@ -113,6 +121,7 @@ class frmMain final : public wxFrame,
   void GrowSmallestSize();
   void SettleAt(const wxRect& place);
 
+  Opener open_;
   WxMessageBoxes boxes_;
   std::unique_ptr<CommandDevice> device_;
   std::unique_ptr<FileReads> files_;

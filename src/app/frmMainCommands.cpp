@@ -170,8 +170,12 @@ void frmMain::BindRenameBox() {
     if (event.GetWindow() == controls_.txtAlterTitle) app_->RenameBoxFocused();
   });
   box.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
-    // A message box must not open while the focus is on its way.
-    if (app_->RenameBoxMayNotBeLeft() && IsActive()) CallAfter([this] { app_->AskForName(); });
+    // A message box must not open while the focus is on its way, and GTK tells only then that it leaves the window.
+    if (app_->RenameBoxMayNotBeLeft()) {
+      CallAfter([this] {
+        if (IsActive()) app_->AskForName();
+      });
+    }
     event.Skip();
   });
   box.Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
@@ -203,9 +207,13 @@ void frmMain::OnPanelSize() {
 void frmMain::Run(Command command) {
   if (lvwFiles_->IsEditing()) {  // what is typed counts: the command comes after it
     FocusList();
-    CallAfter([this, command] { CallAfter([this, command] { Run(command); }); });
-    return;
+    CallAfter([this, command] { CallAfter([this, command] { RunNow(command); }); });
+  } else {
+    RunNow(command);
   }
+}
+
+void frmMain::RunNow(Command command) {
   if (command == Command::mnuFront)
     SetAlwaysOnTop(app_->Options().system.front);  // the menu has turned its mark already
   const RunningCommand running(PlainCaption(command));

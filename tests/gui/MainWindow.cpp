@@ -8,12 +8,13 @@
 
 #include "controls/WxText.h"
 #include "gui/Settle.h"
+#include "platform/Shell.h"
 #include "support/MediaBuilders.h"
 
 namespace quillon::test {
 namespace {
 
-constexpr int kTries = 5;  // of two seconds
+constexpr int kTries = 5;  // of ten seconds
 constexpr long kAnswer = 150;
 constexpr long kRest = 20;
 constexpr unsigned long kPause = 2;
@@ -77,7 +78,11 @@ void MainWindowTest::TearDown() {
 }
 
 void MainWindowTest::Open(const OptionValues& options, const std::vector<std::string>& paths) {
-  window_ = new frmMain(options, Paths());
+  const auto keep = [this](const std::string& target, wxWindow&) {
+    opened.push_back(target);
+    return kShellOpened;
+  };
+  window_ = opensForReal ? new frmMain(options, Paths()) : new frmMain(options, Paths(), keep);
   Frame().CallAfter([this, paths] { Frame().Start(paths); });
   ASSERT_TRUE(Until([this] { return !IsOpen() || (Frame().IsActive() && Frame().IsShownOnScreen()); }));
   ASSERT_TRUE(IsOpen());

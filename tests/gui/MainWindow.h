@@ -16,7 +16,7 @@
 
 namespace quillon::test {
 
-/// Processes events until the condition holds; false when it did not within ten seconds.
+/// Processes events until the condition holds; false when it did not within fifty seconds.
 [[nodiscard]] bool Until(const std::function<bool()>& condition);
 
 /// The program's main window on a display, with a folder of files and a settings file of its own. Commands come as the
@@ -85,6 +85,8 @@ class MainWindowTest : public testing::Test {
   TempFolder folder;
   TempFolder home;
   Dialogs dialogs;
+  std::vector<std::string> opened;  ///< what went to the shell to be opened
+  bool opensForReal = false;        ///< by the system's shell instead; said before the window is made
 
  private:
   wxWeakRef<frmMain> window_;

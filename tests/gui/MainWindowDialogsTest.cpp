@@ -1,14 +1,17 @@
 #include <wx/button.h>
+#include <wx/hyperlink.h>
 #include <wx/listbox.h>
 #include <wx/statbox.h>
 
 #include <filesystem>
 
+#include "base/Product.h"
 #include "controls/WxText.h"
 #include "dialogs/OptionTable.h"
 #include "dialogs/frmDirShow.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
+#include "gui/SystemView.h"
 
 /// Version box, folder list and options as the main window opens them.
 namespace quillon::test {
@@ -38,7 +41,7 @@ TEST_F(DialogsOfMainWindow, TheVersionBoxKnowsTheStateOfTheProgram) {
     Open(options);
     dialogs.Use([&](wxDialog& dialog) {
       EXPECT_EQ(FromWx(dialog.GetTitle()), "バージョン情報");
-      EXPECT_EQ(dialog.HasFlag(wxSTAY_ON_TOP), front);
+      EXPECT_TRUE(Until([&] { return IsAboveOthers(dialog) == front; })) << front;
       const auto* const text = dynamic_cast<wxTextCtrl*>(wxWindow::FindWindowByName("txtInfo", &dialog));
       const std::string last = App().RegexAvailable() ? "BREGEXP.DLL : TRUE" : "BREGEXP.DLL : FALSE";
       EXPECT_TRUE(FromWx(text->GetValue()).ends_with(last)) << FromWx(text->GetValue());
@@ -47,6 +50,46 @@ TEST_F(DialogsOfMainWindow, TheVersionBoxKnowsTheStateOfTheProgram) {
     Run(Command::mnuVarInfo);
     CloseWindow();
   }
+}
+
+TEST_F(DialogsOfMainWindow, TheAddressInTheVersionBoxIsOpenedByTheShell) {
+  Open(Options());
+  dialogs.Use([](wxDialog& dialog) {
+    wxWindow* const link = wxWindow::FindWindowByName("txtURL", &dialog);
+    wxHyperlinkEvent click(link, link->GetId(), ToWx(kProductUrl));
+    link->ProcessWindowEvent(click);
+    dialog.Close();
+  });
+  Run(Command::mnuVarInfo);
+  EXPECT_EQ(opened, std::vector<std::string>{kProductUrl});
+}
+
+TEST_F(DialogsOfMainWindow, TheHelpFileIsOpenedByTheShell) {
+  Open(Options());
+  Run(Command::mnuShowHelp);
+  EXPECT_EQ(opened, std::vector<std::string>{Paths().help});
+}
+
+TEST_F(DialogsOfMainWindow, RegularExpressionsCanBeChosenWhereTheLibraryIs) {
+  folder.Write("a.txt", "a");
+  OpenFolder();
+  ASSERT_TRUE(App().RegexAvailable());
+  const auto look = [](wxDialog& dialog) {
+    EXPECT_EQ(FromWx(dialog.GetName()), "frmModify");
+    EXPECT_TRUE(wxWindow::FindWindowByName("optFindCtrl_S", &dialog)->IsEnabled());
+    dialog.EndModal(wxID_CANCEL);
+  };
+  dialogs.Use(look);
+  Run(Command::mnuModify);
+  dialogs.Use([](wxDialog& dialog) {
+    wxWindow* const button = wxWindow::FindWindowByName("cmdModifyOption", &dialog);
+    wxCommandEvent click(wxEVT_BUTTON, button->GetId());
+    click.SetEventObject(button);
+    button->ProcessWindowEvent(click);
+    dialog.Close();
+  });
+  dialogs.Use(look);
+  Run(Command::mnuOption);
 }
 
 TEST_F(DialogsOfMainWindow, TheFolderListIsOneWindowThatTheCommandReadsAnew) {
@@ -76,14 +119,15 @@ TEST_F(DialogsOfMainWindow, TheFolderListIsOnTopWithTheMainWindow) {
   EXPECT_FALSE(FolderList()->HasFlag(wxSTAY_ON_TOP));
   for (const bool front : {true, false}) {
     Run(Command::mnuFront);
-    EXPECT_EQ(Frame().HasFlag(wxSTAY_ON_TOP), front);
-    EXPECT_EQ(FolderList()->HasFlag(wxSTAY_ON_TOP), front);
+    EXPECT_TRUE(Until([&] { return IsAboveOthers(Frame()) == front; })) << front;
+    EXPECT_TRUE(Until([&] { return IsAboveOthers(*FolderList()) == front; })) << front;
   }
 }
 
 TEST_F(DialogsOfMainWindow, AFolderThatIsGoneIsTold) {
   folder.MakeFolder("gone");
   folder.Write("gone/a.txt", "a");
+  opensForReal = true;
   Open(Options(), {folder.At("gone")});
   ShowFolderList();
   std::filesystem::remove_all(std::filesystem::u8path(folder.At("gone")));

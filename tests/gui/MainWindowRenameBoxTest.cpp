@@ -190,6 +190,22 @@ TEST_F(RenameBoxInMainWindow, InAutomaticModeAnEmptyBoxMayNotBeLeft) {
   EXPECT_EQ(Names(), (Texts{"a", "b", "c"}));
 }
 
+TEST_F(RenameBoxInMainWindow, InAutomaticModeAnEmptyBoxMayBeLeftForAnotherWindow) {
+  OpenAutomatic();
+  EmptyBox();
+  auto* const other = new wxFrame(nullptr, wxID_ANY, "other");
+  other->Show();
+  other->Raise();
+  EXPECT_TRUE(Until([&] { return other->IsActive() && !Frame().IsActive(); }));
+  Settle();
+  Drain();
+  EXPECT_EQ(Text("txtAlterTitle"), "") << "and nothing was asked";
+  other->Destroy();
+  Frame().Raise();
+  EXPECT_TRUE(Until([this] { return Frame().IsActive(); }));
+  EXPECT_TRUE(Until([] { return FocusName() == "txtAlterTitle"; })) << FocusName();
+}
+
 TEST_F(RenameBoxInMainWindow, InAutomaticModeAnEmptyBoxKeepsItsRow) {
   OpenAutomatic();
   EmptyBox();

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <wx/cursor.h>
+#include <wx/toolbar.h>
+#include <wx/window.h>
+
+#include <functional>
+
+/// What the window system knows, whatever the toolkit believes.
+namespace quillon::test {
+
+/// Whether the system keeps the top-level window above the others.
+[[nodiscard]] bool IsAboveOthers(const wxWindow& window);
+
+/// Whether the mouse pointer is this one over the top-level window. GTK's hourglass and busy arrow are the same.
+[[nodiscard]] bool ShowsPointer(const wxWindow& window, wxStockCursor pointer);
+
+/// Calls `told` whenever the system enables or disables the window.
+class EnablingWatch {
+ public:
+  EnablingWatch(wxWindow& window, std::function<void(bool enabled)> told);
+  ~EnablingWatch();
+  EnablingWatch(const EnablingWatch&) = delete;
+  EnablingWatch& operator=(const EnablingWatch&) = delete;
+
+ private:
+  wxWindow& window_;
+  std::function<void(bool enabled)> told_;
+};
+
+/// A tool's button on the screen, together with the arrow of its menu.
+[[nodiscard]] wxRect NativeToolRect(const wxToolBar& bar, int id);
+
+}  // namespace quillon::test

@@ -1,0 +1,46 @@
+// windows.h has to come first.
+// clang-format off
+#include <windows.h>
+#include <commctrl.h>
+// clang-format on
+
+#include <utility>
+
+#include "gui/SystemView.h"
+
+namespace quillon::test {
+namespace {
+
+LRESULT CALLBACK TellEnabling(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR, DWORD_PTR told) {
+  if (message == WM_ENABLE) (*reinterpret_cast<std::function<void(bool)>*>(told))(first != FALSE);
+  return DefSubclassProc(window, message, first, second);
+}
+
+}  // namespace
+
+bool IsAboveOthers(const wxWindow& window) {
+  return (GetWindowLongPtrW(window.GetHandle(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+}
+
+// One pointer for the whole program.
+bool ShowsPointer(const wxWindow& /*window*/, wxStockCursor pointer) {
+  return GetCursor() == static_cast<HCURSOR>(wxCursor(pointer).GetHCURSOR());
+}
+
+EnablingWatch::EnablingWatch(wxWindow& window, std::function<void(bool enabled)> told)
+    : window_(window), told_(std::move(told)) {
+  SetWindowSubclass(window_.GetHandle(), &TellEnabling, 0, reinterpret_cast<DWORD_PTR>(&told_));
+}
+
+EnablingWatch::~EnablingWatch() {
+  RemoveWindowSubclass(window_.GetHandle(), &TellEnabling, 0);
+}
+
+wxRect NativeToolRect(const wxToolBar& bar, int id) {
+  RECT place = {};
+  SendMessageW(bar.GetHandle(), TB_GETRECT, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&place));
+  return {bar.ClientToScreen(wxPoint(place.left, place.top)),
+          wxSize(place.right - place.left, place.bottom - place.top)};
+}
+
+}  // namespace quillon::test
