@@ -156,6 +156,10 @@ void lvwFilesBase::PutSelection(const std::vector<int>& rows) {
   taking_ = false;
 }
 
+void lvwFilesBase::TakeClick(int index) {
+  if (answering_ && !pending_.moved && IsRow(index) && list_.Row(index).selected) announcing_ = true;
+}
+
 void lvwFilesBase::AnnounceSoon() {
   if (announcing_) window_->CallAfter([this] { Announce(); });
 }
@@ -231,6 +235,7 @@ void lvwFilesBase::ClickHeader(int column) const {
 void lvwFilesBase::WantMenu(wxPoint screen) {
   if (!answering_) return;
   TakeUntold();
+  TakeClick(list_.SelectedIndex());  // the menu is about that row, however it was asked for
   Announce();
   if (handlers_.menuWanted) handlers_.menuWanted(screen);
 }

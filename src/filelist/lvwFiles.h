@@ -19,7 +19,7 @@ namespace quillon {
 class lvwFiles : public FileListObserver {
  public:
   struct Handlers {
-    std::function<void()> selectionChanged;    ///< once for many rows
+    std::function<void()> selectionChanged;    ///< once for many rows; also when a selected row is clicked again
     std::function<void(int index)> activated;  ///< a double click, or Enter
     std::function<void(Column column)> headerClicked;
     std::function<void(int index, const std::string& name)> renamed;  ///< a label edit ended with this text

@@ -59,6 +59,9 @@ class lvwFilesBase : public lvwFiles {
   void TakeSelection(std::vector<int> native);
   /// Takes what the user has selected and no event has told yet; a face whose events tell it at once has nothing to do.
   virtual void TakeUntold() {}
+  /// The user has clicked this row. Its selection may have been the same before, and is told all the same: what follows
+  /// the clicked row, the player above all, may have gone on to another one.
+  void TakeClick(int index);
   /// Calls `selectionChanged` if it is due; AnnounceSoon does after the pending messages.
   void Announce();
   void AnnounceSoon();

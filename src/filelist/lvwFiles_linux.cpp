@@ -12,6 +12,7 @@
 #include "filelist/lvwFilesBase.h"
 #include "filelist/lvwFilesGtk.h"
 #include "platform/desktop/CellEditor.h"
+#include "platform/desktop/RowPress.h"
 
 namespace quillon {
 namespace {
@@ -165,6 +166,10 @@ void GtkFileList::BindInput() {
   for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN}) {
     view_->Bind(type, ignoreWhileBusy);
   }
+  OnRowPress(view_->GtkGetTreeView(), [this](int index) {
+    TakeClick(index);
+    AnnounceSoon();
+  });
 }
 
 void GtkFileList::OnKeyDown(wxKeyEvent& event) {

@@ -73,6 +73,7 @@ class WindowsFileList : public lvwFilesBase, private CellSource {
   void BindEditing();
   void BindSelection();
   void BindInput();
+  [[nodiscard]] int RowAt(wxPoint place) const;
   void OnActivated(wxListEvent& event);
   void OnMenu(wxContextMenuEvent& event);
   void TakeSoon();
@@ -172,6 +173,7 @@ void WindowsFileList::BindSelection() {
     view_->Bind(type, onList);
   }
   const auto onMouse = [this](wxMouseEvent& event) {
+    if (event.LeftDown()) TakeClick(RowAt(event.GetPosition()));
     if (IsAnswering()) TakeSoon();
     event.Skip(IsAnswering());
   };
@@ -183,6 +185,11 @@ void WindowsFileList::BindSelection() {
     TakeSoon();
     event.Skip();
   });
+}
+
+int WindowsFileList::RowAt(wxPoint place) const {
+  int part = 0;
+  return static_cast<int>(view_->HitTest(place, part)) + 1;
 }
 
 void WindowsFileList::TakeSoon() {

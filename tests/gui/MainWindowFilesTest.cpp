@@ -3,6 +3,7 @@
 
 #include "controls/WxText.h"
 #include "gui/MainWindow.h"
+#include "gui/MenuKeys.h"
 #include "gui/Settle.h"
 #include "support/MediaBuilders.h"
 
@@ -118,6 +119,51 @@ TEST_F(FilesInMainWindow, ThePanelFollowsTheClickedRow) {
   EXPECT_EQ(Text("txtFileDetail"), "著作権：  / 分解能： 480 / トラック数： 1");
 }
 
+TEST_F(FilesInMainWindow, ARowThatIsSelectedAlreadyCanBeClicked) {
+  OpenFolder();
+  const auto playGoesOn = [this] { App().Player().Choose(folder.At("b.mid")); };  // as continuous play does
+  const auto chosenIsFirst = [this] { return App().Player().Paths().playFilePath == folder.At("a.mid"); };
+  ASSERT_EQ(SelectedRows(), Rows{1});
+  playGoesOn();
+  ClickRow(1);
+  EXPECT_TRUE(SettleUntil(chosenIsFirst));
+  EXPECT_EQ(SelectedRows(), Rows{1});
+}
+
+TEST_F(FilesInMainWindow, TheRowMenuIsAboutItsRow) {
+  OpenFolder();
+  const auto playGoesOn = [this] { App().Player().Choose(folder.At("b.mid")); };
+  const auto chosenIsFirst = [this] { return App().Player().Paths().playFilePath == folder.At("a.mid"); };
+  FocusList();
+  playGoesOn();
+  {
+    const MenuKeys keys({WXK_ESCAPE});
+    Key(WXK_F10, wxMOD_SHIFT);
+    EXPECT_TRUE(Until([&] { return !keys.IsRunning(); }));
+  }
+  EXPECT_TRUE(Until(chosenIsFirst));
+  playGoesOn();
+  {
+    const MenuKeys keys({WXK_ESCAPE});
+    const wxRect row = NativeRowRect(Frame().List(), 1);
+    wxUIActionSimulator mouse;
+    mouse.MouseMove(row.GetTopLeft() + wxPoint(row.width / 2, row.height / 2));
+    wxYield();
+    mouse.MouseClick(wxMOUSE_BTN_RIGHT);
+    EXPECT_TRUE(Until([&] { return !keys.IsRunning(); }));
+    Drain();
+  }
+  EXPECT_TRUE(Until(chosenIsFirst));
+}
+
+TEST_F(FilesInMainWindow, ARowThatIsNotPlayedIsOpenedByTheShell) {
+  folder.Write("d.txt", "text");
+  OpenFolder();
+  SelectRow(4);
+  Key(WXK_RETURN);
+  EXPECT_EQ(opened, Texts{folder.At("d.txt")});
+}
+
 TEST_F(FilesInMainWindow, TitlesAndRulesBecomeFileNames) {
   OpenFolder();
   const std::string second = folder.Read("b.mid");
@@ -163,6 +209,25 @@ TEST_F(FilesInMainWindow, TitlesAndRulesBecomeFileNames) {
   EXPECT_TRUE(Text("txtFileName").ends_with("Fいst.mid")) << Text("txtFileName");
   EXPECT_EQ(NativeText(Frame().List(), 3, Column::kLocation), folder.At("Thいd.mp3"));
   EXPECT_TRUE(Frame().IsEnabled());
+}
+
+TEST_F(FilesInMainWindow, RulesWorkOnTheCheckedRowsOrOnAll) {
+  OptionValues options = Options();
+  options.modify.upper = 1;
+  OpenFolder(options);
+  List().SetChecked(2, false);
+  const auto execute = [](wxDialog& dialog) {
+    wxCommandEvent click(wxEVT_BUTTON, wxID_OK);
+    wxWindow::FindWindowByName("cmdOK", &dialog)->ProcessWindowEvent(click);
+  };
+  dialogs.Use(execute);
+  Run(Command::mnuModify);
+  EXPECT_EQ(Names(), (Texts{"A", "b", "C"}));
+  List().SetRenameName(3, "c");
+  dialogs.Use(execute);
+  Run(Command::mnuAllModify);
+  EXPECT_EQ(Names(), (Texts{"A", "B", "C"}));
+  EXPECT_EQ(CheckedRows(), (Rows{1, 3}));
 }
 
 TEST_F(FilesInMainWindow, NoLeavesEverythingAsItIs) {

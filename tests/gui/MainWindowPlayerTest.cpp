@@ -1,6 +1,9 @@
+#include <wx/bmpbuttn.h>
+#include <wx/image.h>
 #include <wx/tglbtn.h>
 
 #include "controls/WxText.h"
+#include "gui/MenuKeys.h"
 #include "gui/PlayerWindow.h"
 #include "gui/ScreenPixel.h"
 #include "gui/Settle.h"
@@ -14,6 +17,15 @@ constexpr const char* kIdleLabel = "00:00 / 00:00";
 /// What cmdPlay would do.
 std::string PlayLabel() {
   return FromWx(wxWindow::FindWindowByName("cmdPlay")->GetLabel());
+}
+
+/// Every point of cmdPlay's picture.
+std::string PlayPicture() {
+  const auto& button = dynamic_cast<const wxBitmapButton&>(*wxWindow::FindWindowByName("cmdPlay"));
+  const wxImage image = button.GetBitmap().ConvertToImage();
+  const auto points = static_cast<std::size_t>(image.GetWidth()) * static_cast<std::size_t>(image.GetHeight());
+  const auto text = [](const unsigned char* data, std::size_t size) { return std::string(data, data + size); };
+  return text(image.GetData(), points * 3) + (image.HasAlpha() ? text(image.GetAlpha(), points) : "");
 }
 
 TEST_F(PlayerOfMainWindow, ADoubleClickPlaysAndTheControlsFollow) {
@@ -48,6 +60,25 @@ TEST_F(PlayerOfMainWindow, TheButtonsPauseGoOnAndStop) {
   EXPECT_TRUE(Shows("停止： a.wav"));
   EXPECT_EQ(Position(), 0);
   EXPECT_EQ(Time(), kIdleLabel);
+}
+
+TEST_F(PlayerOfMainWindow, ThePlayButtonShowsWhatItWouldDo) {
+  WriteWave("a.wav", 6000);
+  OpenFolder();
+  const std::string idle = PlayPicture();
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(Shows("再生中： a.wav"));
+  const std::string playing = PlayPicture();
+  EXPECT_NE(playing, idle);
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(Shows("一時停止： a.wav"));
+  EXPECT_EQ(PlayPicture(), idle);
+  ClickOn("cmdPlay");
+  EXPECT_TRUE(Shows("再生中： a.wav"));
+  EXPECT_EQ(PlayPicture(), playing);
+  ClickOn("cmdStop");
+  EXPECT_TRUE(Shows("停止： a.wav"));
+  EXPECT_EQ(PlayPicture(), idle);
 }
 
 TEST_F(PlayerOfMainWindow, TheSliderSeeksByTheMouse) {
@@ -130,6 +161,33 @@ TEST_F(PlayerOfMainWindow, ContinuousPlayGoesThroughTheListAndStartsOver) {
   EXPECT_EQ(SelectedRows(), std::vector<int>{1}) << "the selection stays";
 }
 
+TEST_F(PlayerOfMainWindow, AClickOnTheSelectedRowBringsThePlayerBackToIt) {
+  WriteWave("a.wav", 500);
+  WriteWave("b.wav", 60000);
+  OptionValues options = Options();
+  options.player.allPlay = 1;
+  OpenFolder(options);
+  for (const bool menu : {false, true}) {
+    DoubleClickRow(1);
+    EXPECT_TRUE(Shows("再生中： b.wav"));
+    ASSERT_EQ(SelectedRows(), std::vector<int>{1});
+    Wait(1000);  // else the next click could be the double click's third
+    App().Options().player.allPlay = 0;
+    if (menu) {
+      FocusList();
+      const MenuKeys keys({WXK_DOWN, WXK_RETURN});
+      Key(WXK_F10, wxMOD_SHIFT);
+      EXPECT_TRUE(Until([&] { return !keys.IsRunning(); }));
+    } else {
+      ClickRow(1);
+      ClickOn("cmdStop");
+      ClickOn("cmdPlay");
+    }
+    EXPECT_TRUE(Shows("停止： a.wav")) << Status(kSelectionPanel);
+    App().Options().player.allPlay = 1;
+  }
+}
+
 TEST_F(PlayerOfMainWindow, ThePlayingRowIsRenamed) {
   WriteWave("a.wav", 5000);
   OpenFolder();
@@ -198,6 +256,17 @@ TEST_F(PlayerOfMainWindow, TheWindowClosesWhileAFilePlays) {
   EXPECT_TRUE(PositionPasses(200));
   CloseWindow();
   EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(PlayerOfMainWindow, ClosingTheWindowClosesTheFileAtOnce) {
+  WriteWave("a.wav", 5000);
+  OpenFolder();
+  DoubleClickRow(1);
+  EXPECT_TRUE(PositionPasses(200));
+  Frame().Close();
+  ASSERT_TRUE(IsOpen()) << "it goes with the messages that are pending";
+  EXPECT_EQ(App().Player().Device().Mode(), MCIMode::kOther);
+  EXPECT_TRUE(Until([this] { return !IsOpen(); }));
 }
 
 TEST_F(PlayerOfMainWindow, AskedForNoFileItSaysSo) {
