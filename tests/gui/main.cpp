@@ -3,9 +3,14 @@
 #include <wx/app.h>
 #include <wx/evtloop.h>
 
+#include <chrono>
+
 #include "controls/GuardedApp.h"
+#include "gui/Deadline.h"
 
 namespace {
+
+constexpr std::chrono::minutes kLongestTest(3);  // several times what the longest takes on a loaded machine
 
 /// Tests run where a program's windows live: inside its event loop.
 class TestApp final : public quillon::GuardedApp {
@@ -33,6 +38,7 @@ class TestApp final : public quillon::GuardedApp {
 
 int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
+  testing::UnitTest::GetInstance()->listeners().Append(new quillon::test::Deadline(kLongestTest));
   wxApp::SetInstance(new TestApp);
   return wxEntry(argc, argv);
 }
