@@ -400,7 +400,7 @@ TEST(mnuOptionDefaultExit, AsksAndNoChangesNothing) {
 }
 
 TEST(mnuOptionDefaultExit, DeletesTheSettingsAndEndsAtOnce) {
-  for (const std::int16_t msgbox : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const std::int16_t msgbox : {std::int16_t{0}, std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
     ApplicationFixture f;
     f.app.Options().system.msgbox = msgbox;
     f.home.Write("Quillon.ini", "[List]\r\n");

@@ -161,11 +161,13 @@ TEST(mnuAllClear, EmptiesTheListStopsThePlayerAndShowsTheMode) {
 }
 
 TEST(mnuAllClear, AsksNothingWhenConfirmationsAreOff) {
-  Fixture f({"a"});
-  f.options.system.msgbox = 1;
-  f.commands.mnuAllClear();
-  EXPECT_EQ(f.list.Count(), 0);
-  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts());
+  for (const std::int16_t msgbox : {std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
+    Fixture f({"a"});
+    f.options.system.msgbox = msgbox;
+    f.commands.mnuAllClear();
+    EXPECT_EQ(f.list.Count(), 0);
+    EXPECT_EQ(f.ports.log.StartingWith("box"), Texts()) << msgbox;
+  }
 }
 
 TEST(mnuAllClear, SwitchesToAutoApplyModeWhenTheSettingIsOn) {

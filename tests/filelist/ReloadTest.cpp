@@ -66,6 +66,17 @@ TEST(mnuReload, EndsAtTheNextRowWhenTheWindowCloses) {
   EXPECT_TRUE(f.ports.log.StartingWith("box").empty());
 }
 
+TEST(mnuReload, AsksNothingWhenConfirmationsAreOff) {
+  for (const std::int16_t msgbox : {std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
+    Fixture f({"a.txt"});
+    f.options.system.msgbox = msgbox;
+    f.list.SetRenameName(1, "edited");
+    f.loader.mnuReload();
+    EXPECT_EQ(f.ports.log.StartingWith("box"), Texts()) << msgbox;
+    EXPECT_EQ(f.list.Row(1).renameName, "a") << msgbox;
+  }
+}
+
 TEST(mnuReload, ShowsEveryStepInItsOrder) {
   Fixture f({"a.txt", "b.txt", "c.txt"});
   f.options.system.msgbox = 0;

@@ -110,13 +110,15 @@ TEST(DeleteForGood, AsksWithThePathWhenTheOptionSaysSo) {
 }
 
 TEST(DeleteForGood, AsksNothingWhenConfirmationsAreOff) {
-  Fixture f({"a.mid"});
-  f.options.list.delCompMsg = 1;
-  f.options.system.msgbox = 1;
-  f.list.SelectOnly(1);
-  f.commands.mnuThisDel();
-  EXPECT_FALSE(f.files.Exists("/m/a.mid"));
-  EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
+  for (const std::int16_t msgbox : {std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
+    Fixture f({"a.mid"});
+    f.options.list.delCompMsg = 1;
+    f.options.system.msgbox = msgbox;
+    f.list.SelectOnly(1);
+    f.commands.mnuThisDel();
+    EXPECT_FALSE(f.files.Exists("/m/a.mid"));
+    EXPECT_EQ(f.ports.boxes.Shown().size(), 0u) << msgbox;
+  }
 }
 
 TEST(DeleteForGood, RemovesTheFileAndTheRowAndResetsThePanels) {
@@ -197,15 +199,15 @@ TEST(DeleteToRecycleBin, IsAskedForWhereTheDesktopDoesNotAsk) {
 }
 
 TEST(DeleteToRecycleBin, IsNotAskedForWhenConfirmationsAreOff) {
-  for (const bool all : {false, true}) {
+  for (const std::int16_t msgbox : {std::int16_t{0}, std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
     Fixture f({"a.mid", "b.mid"});
     f.options.list.delToTrashBox = true;
-    f.options.list.delCompMsg = all ? 1 : 0;
-    f.options.system.msgbox = all ? 1 : 0;
+    f.options.list.delCompMsg = msgbox == 0 ? 0 : 1;
+    f.options.system.msgbox = msgbox;
     f.files.recycleAsks = false;
     f.list.SelectOnly(2);
     f.commands.mnuThisDel();
-    EXPECT_TRUE(f.ports.boxes.Shown().empty());
+    EXPECT_TRUE(f.ports.boxes.Shown().empty()) << msgbox;
     EXPECT_EQ(f.files.Recycled(), Texts({"/m/b.mid"}));
   }
 }

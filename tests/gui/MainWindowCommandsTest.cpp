@@ -7,6 +7,7 @@
 #include "controls/WxText.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
+#include "gui/SystemView.h"
 
 /// Menus, tool bar and keys of the main window.
 namespace quillon::test {
@@ -83,7 +84,7 @@ TEST_F(CommandsOfMainWindow, AlwaysOnTopIsAMarkOfItsMenuItem) {
     Frame().GetMenuBar()->Check(id, front);  // as the menu does before it tells
     Run(mnuFront);
     EXPECT_EQ(Frame().GetMenuBar()->IsChecked(id), front);
-    EXPECT_EQ(Frame().HasFlag(wxSTAY_ON_TOP), front);
+    EXPECT_TRUE(Until([&] { return IsAboveOthers(Frame()) == front; })) << front;
     EXPECT_EQ(App().Options().system.front, front);
   }
   OptionValues options = Options();
@@ -91,7 +92,7 @@ TEST_F(CommandsOfMainWindow, AlwaysOnTopIsAMarkOfItsMenuItem) {
   CloseWindow();
   Open(options);
   EXPECT_TRUE(Frame().GetMenuBar()->IsChecked(id));
-  EXPECT_TRUE(Frame().HasFlag(wxSTAY_ON_TOP));
+  EXPECT_TRUE(Until([&] { return IsAboveOthers(Frame()); }));
 }
 
 TEST_F(CommandsOfMainWindow, F5Reloads) {

@@ -3,8 +3,11 @@
 #include <wx/statusbr.h>
 #include <wx/toolbar.h>
 
+#include <cmath>
+
 #include "controls/Twips.h"
 #include "controls/WxText.h"
+#include "filelist/paths/basFileControl.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
 
@@ -158,6 +161,8 @@ TEST_F(LayoutOfMainWindow, TheFileNameIsShortenedToItsBox) {
     Resize({width, 600});
     const std::string shown = Text("txtFileName");
     EXPECT_TRUE(shown.ends_with("a.mid")) << shown;
+    const double characters = ToTwips(Frame(), RectOf("txtFileName").width) / 140.0;
+    EXPECT_EQ(shown, ShortenPath(path, static_cast<std::size_t>(std::nearbyint(characters)), SystemPathStyle()));
     return shown.size();
   };
   ClickRow(1);

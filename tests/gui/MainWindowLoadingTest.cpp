@@ -1,13 +1,18 @@
 #include <wx/button.h>
+#include <wx/dialog.h>
 #include <wx/dnd.h>
 #include <wx/statbmp.h>
 #include <wx/stattext.h>
 #include <wx/timer.h>
 #include <wx/utils.h>
 
+#include <optional>
+
+#include "controls/Twips.h"
 #include "controls/WxText.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
+#include "gui/SystemView.h"
 
 /// Loads that last, and files dropped on the main window.
 namespace quillon::test {
@@ -127,6 +132,7 @@ TEST_F(LoadsInMainWindow, ShowALabelOverTheListWhileTheyLast) {
   EXPECT_TRUE(Until([&] { return !Label().IsShown() && Frame().List().Window().IsShownOnScreen(); }));
   EXPECT_EQ(label.GetTopLeft(), Frame().List().Window().GetPosition());
   EXPECT_EQ(label.width, Frame().List().Window().GetSize().x);
+  EXPECT_EQ(label.height, Frame().List().Window().GetSize().y - ToPixels(Frame(), 24));
 }
 
 TEST_F(LoadsInMainWindow, AreCancelledByTheSearchWindowsButton) {
@@ -157,6 +163,30 @@ TEST_F(LoadsInMainWindow, AreCancelledByTheSearchWindowsButton) {
   EXPECT_EQ(Names(), std::vector<std::string>{"a"}) << "nothing is registered";
   EXPECT_EQ(Text("txtAlterTitle"), "a");
   EXPECT_EQ(Status(kItemsPanel), "アイテム数：  1");
+}
+
+TEST_F(LoadsInMainWindow, AreSearchedForInAWindowThatIsOnTopWithTheMainWindow) {
+  for (const bool front : {false, true}) {
+    OptionValues options = WithSubfolders();
+    options.system.front = front;
+    Open(options);
+    std::optional<bool> above;
+    std::string caption;
+    std::string status;
+    Meanwhile meanwhile(Frame(), [&] {
+      if (!SearchWindow().IsShownOnScreen() || above == front) return;
+      above = IsAboveOthers(SearchWindow());
+      caption = FromWx(dynamic_cast<wxDialog&>(SearchWindow()).GetTitle());
+      status =
+          FromWx(dynamic_cast<wxStaticText&>(*wxWindow::FindWindowByName("lblStatus", &SearchWindow())).GetLabelText());
+    });
+    BeginLoad();
+    EXPECT_TRUE(Until([&] { return List().Count() == kMany && !App().IsRunning(); })) << List().Count();
+    EXPECT_EQ(above, front);
+    EXPECT_EQ(caption, "フォルダ参照");
+    EXPECT_EQ(status, "対象ファイルを探しています...");
+    CloseWindow();
+  }
 }
 
 TEST_F(LoadsInMainWindow, ThatAreQuickShowNoWindow) {

@@ -6,6 +6,7 @@
 #include "gui/PlayerWindow.h"
 #include "gui/ScreenPixel.h"
 #include "gui/Settle.h"
+#include "gui/SystemView.h"
 #include "player/frmMoviePlayer.h"
 #include "support/MediaBuilders.h"
 
@@ -121,6 +122,19 @@ TEST_F(FilmsInMainWindow, ThePictureIsShownAndFollowsItsWindow) {
   Movie()->SetSize(Movie()->GetSize() + wxSize(300, 200));
   EXPECT_TRUE(Until([&] { return picture.GetSize() == wxSize(460, 320); })) << picture.GetSize().y;
   EXPECT_TRUE(Until([] { return Bars() == kColourBars; })) << Bars();
+}
+
+TEST_F(FilmsInMainWindow, TheirWindowIsOnTopWithTheMainWindow) {
+  TakeSample("mpeg1.mpg", "bars.mpg");
+  for (const bool front : {false, true}) {
+    OptionValues options = Options();
+    options.system.front = front;
+    OpenFolder(options);
+    DoubleClickRow(1);
+    ASSERT_TRUE(Until([] { return Movie() != nullptr; }));
+    EXPECT_TRUE(Until([&] { return IsAboveOthers(*Movie()) == front; })) << front;
+    CloseWindow();
+  }
 }
 
 TEST_F(FilmsInMainWindow, ClosingTheWindowStopsTheFilm) {

@@ -101,6 +101,8 @@ TEST_F(SettingsOfMainWindow, AMinimisedWindowKeepsThePlaceItHadBefore) {
   SaveOnce();
   const OptionValues before = Saved();
   Open(before);
+  Frame().SetSize(wxRect(200, 150, 800, 600));
+  ASSERT_TRUE(Until([this] { return Frame().GetRect() == wxRect(200, 150, 800, 600); }));
   Frame().Iconize();
   ASSERT_TRUE(Until([this] { return Frame().IsIconized(); }));
   Settle();

@@ -12,6 +12,7 @@
 
 #include "controls/WxText.h"
 #include "gui/Dialogs.h"
+#include "gui/MenuKeys.h"
 #include "gui/Settle.h"
 #include "rename/frmModify.h"
 #include "rename/frmModifyMenus.h"
@@ -153,6 +154,12 @@ std::vector<int> Flags(const OptionValues::Modify& rules) {
 void ExpectEqual(const OptionValues::Modify& left, const OptionValues::Modify& right) {
   EXPECT_EQ(Texts(left), Texts(right));
   EXPECT_EQ(Flags(left), Flags(right));
+}
+
+std::vector<std::string> Captions(const wxMenu& menu) {
+  std::vector<std::string> captions;
+  for (const wxMenuItem* item : menu.GetMenuItems()) captions.push_back(FromWx(item->GetItemLabel()));
+  return captions;
 }
 
 TEST_F(ModifyDialog, HasTheCaptions) {
@@ -441,6 +448,45 @@ TEST_F(ModifyDialog, TheEditMenuWorksOnTheBoxThatHadTheFocus) {
   EXPECT_EQ(Typed("txtObject0"), "adef");
 }
 
+TEST_F(ModifyDialog, TheEditMenuCopies) {
+  rules.rules[0] = {1, "copied text", ""};
+  Open();
+  Focus("txtObject0");
+  Text("txtObject0").SetSelection(0, 6);
+  ChooseEntry(kMnuCopy);
+  EXPECT_EQ(Typed("txtObject0"), "copied text");
+  Focus("txtReplace0");
+  EXPECT_TRUE(MakeEditMenu(&Text("txtReplace0"))->FindItem(kMnuPaste)->IsEnabled());
+  ChooseEntry(kMnuPaste);
+  EXPECT_EQ(Typed("txtReplace0"), "copied");
+}
+
+TEST_F(ModifyDialog, ItsButtonsOpenTheMenus) {
+  rules.rules[0] = {1, "abc", ""};
+  Open();
+  std::vector<std::string> captions;
+  dialog->Bind(wxEVT_MENU_OPEN, [&](wxMenuEvent& event) {
+    event.Skip();
+    if (captions.empty()) captions = Captions(*event.GetMenu());
+  });
+  const auto open = [&](const char* button, std::vector<int> keyList) {
+    captions.clear();
+    Focus("txtObject0");
+    const test::MenuKeys keys(std::move(keyList));
+    Click(button);
+    EXPECT_TRUE(SettleUntil([&] { return !keys.IsRunning() && !captions.empty(); })) << button;
+    Settle();
+    return captions;
+  };
+  EXPECT_EQ(open("mnuEdit", {WXK_ESCAPE}), Captions(*MakeEditMenu(&Text("txtObject0"))));
+  const OptionValues::Modify before = rules;
+  EXPECT_EQ(open("mnuHelp", {WXK_DOWN, WXK_RIGHT, WXK_RETURN}), Captions(*MakeHelpMenu()));
+  EXPECT_EQ(Typed("txtObject0"), "abc") << "an entry of the help does nothing";
+  EXPECT_TRUE(dialog->IsShown());
+  ExpectEqual(rules, before);
+  EXPECT_TRUE(FocusGoesTo("txtObject0")) << FocusName();
+}
+
 TEST_F(ModifyDialog, DeleteTakesTheSelectionOrTheNextCharacter) {
   rules.rules[0] = {1, "ab😀c", ""};
   Open();
@@ -470,12 +516,6 @@ TEST_F(ModifyDialog, EnterExecutesAndEscapeCancels) {
   EXPECT_EQ(runs, 1);
 }
 
-std::vector<std::string> Captions(const wxMenu& menu) {
-  std::vector<std::string> captions;
-  for (const wxMenuItem* item : menu.GetMenuItems()) captions.push_back(FromWx(item->GetItemLabel()));
-  return captions;
-}
-
 TEST(ModifyMenus, ListTheSyntaxOfRegularExpressions) {
   using List = std::vector<std::string>;
   const std::unique_ptr<wxMenu> menu = MakeHelpMenu();
@@ -496,6 +536,7 @@ TEST_F(ModifyDialog, TheEditMenuUndoesWhatWasTyped) {
   wxUIActionSimulator keys;
   keys.Char('X');
   ASSERT_TRUE(SettleUntil([this] { return Typed("txtObject0") == "x"; })) << "typed over the selection";
+  EXPECT_TRUE(MakeEditMenu(&Text("txtObject0"))->FindItem(kMnuUndo)->IsEnabled());
   ChooseEntry(kMnuUndo);
   EXPECT_EQ(Typed("txtObject0"), "abc");
 }

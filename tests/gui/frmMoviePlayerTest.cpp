@@ -17,6 +17,7 @@
 #include "controls/Twips.h"
 #include "controls/WxText.h"
 #include "gui/Settle.h"
+#include "gui/SystemView.h"
 #include "platform/desktop/NativeWindow.h"
 #include "player/MusicPlayer.h"
 #include "player/PlayerRecorders.h"
@@ -220,13 +221,13 @@ TEST_F(MovieOfAPlayer, LeavesTheKeyboardWhereItIs) {
 
 TEST_F(MovieOfAPlayer, IsOnTopWhenItIsToldTo) {
   Open();
-  EXPECT_FALSE(window->HasFlag(wxSTAY_ON_TOP));
+  EXPECT_FALSE(test::IsAboveOthers(*window));
   EXPECT_TRUE(window->HasFlag(wxFRAME_FLOAT_ON_PARENT));
   player.cmdStop();
   Settle();
   onTop = true;
   Open();
-  EXPECT_TRUE(window->HasFlag(wxSTAY_ON_TOP));
+  EXPECT_TRUE(SettleUntil([this] { return test::IsAboveOthers(*window); }));
 }
 
 TEST_F(MovieOfAPlayer, ShowsTheTimeOfTheMainWindow) {
@@ -437,6 +438,7 @@ TEST_F(MovieOfAPlayer, SeeksWithItsSlider) {
   EXPECT_TRUE(player.SliderSeeking());
   const int held = Slider().GetValue();
   EXPECT_NEAR(held, kLength / 2, kLength / 20);
+  EXPECT_EQ(FromWx(Get("tip").GetChildren().front()->GetLabel()), MusicPlayer::SliderTip(held));
   device.Pass(1000);
   player.timMCIChecker();
   EXPECT_EQ(Slider().GetValue(), held) << "it is the user's";

@@ -179,6 +179,18 @@ TEST_F(MusicPlayerTest, RecoversFromAPictureThatCannotBeShown) {
   EXPECT_FALSE(movie.open);
 }
 
+TEST_F(MusicPlayerTest, RecoveringClosesTheMovieWindow) {
+  Start(4);
+  player.cmdPlay();
+  player.SliderPressed();
+  player.SliderReleased(2000);
+  ASSERT_TRUE(movie.open) << "stopped at a point";
+  device.scripted["status mci length"] = "99999999999";
+  player.cmdPlay();
+  EXPECT_EQ(ports.log.Events().back().rfind(kCannotPlay, 0), 0u) << ports.log.Events().back();
+  EXPECT_FALSE(movie.open);
+}
+
 // The stop button.
 
 TEST_F(MusicPlayerTest, StopsWhatPlays) {
@@ -330,6 +342,16 @@ TEST_F(MusicPlayerTest, PlaysTheNextPlayableRowAndStartsOverBehindTheLast) {
   EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3");
   EXPECT_FALSE(movie.open);
   EXPECT_EQ(panel.interval, 50);
+}
+
+TEST_F(MusicPlayerTest, OtherValuesOfTheSettingPlayOneFile) {
+  for (const std::int16_t allPlay : {std::int16_t{0}, std::int16_t{2}, std::int16_t{-1}}) {
+    options.player.allPlay = allPlay;
+    Start(1);
+    Pass(4500);
+    EXPECT_EQ(Mode(), "") << allPlay;
+    EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3") << allPlay;
+  }
 }
 
 TEST_F(MusicPlayerTest, PlaysTheOnlyPlayableRowAgain) {

@@ -30,6 +30,16 @@ TEST(mnuThisRename, SetsTheSelectedRowToItsTitleWithoutAsking) {
   EXPECT_EQ(f.files.Calls().size(), 0u);
 }
 
+TEST(mnuThisRename, LeavesTheTitleAsItIsThoughTheOptionsRunTheRules) {
+  EditingFixture f({"a.mid"});
+  f.SetTitle(1, "one");
+  f.options.rename.renameModify = 1;
+  f.options.modify.upper = 1;
+  f.editing.mnuThisRename();
+  EXPECT_EQ(RenameNames(f.list), Texts({"one"}));
+  EXPECT_EQ(f.box.Text(), "one");
+}
+
 TEST(mnuThisRename, TakesAPlaceholderLikeAnyTitle) {
   EditingFixture f({"a.mid"});
   f.editing.mnuThisRename();

@@ -635,14 +635,16 @@ TEST(BatchCommands, AskFirst) {
 }
 
 TEST(BatchCommands, AskNothingWhenConfirmationsAreOff) {
-  for (const CommandCase& c : BatchCommands()) {
-    RenameFixture f({"a.mid", "b.mid"});
-    f.SetNames({"x", "y"});
-    f.list.SetChecked(2, true);
-    f.options.system.msgbox = 1;
-    (f.engine.*c.command)();
-    EXPECT_EQ(f.Names(), c.applied) << c.name;
-    EXPECT_EQ(f.ports.boxes.Shown().size(), 1u) << "only the summary";
+  for (const std::int16_t msgbox : {std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
+    for (const CommandCase& c : BatchCommands()) {
+      RenameFixture f({"a.mid", "b.mid"});
+      f.SetNames({"x", "y"});
+      f.list.SetChecked(2, true);
+      f.options.system.msgbox = msgbox;
+      (f.engine.*c.command)();
+      EXPECT_EQ(f.Names(), c.applied) << c.name;
+      EXPECT_EQ(f.ports.boxes.Shown().size(), 1u) << "only the summary";
+    }
   }
 }
 

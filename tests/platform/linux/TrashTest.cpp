@@ -50,6 +50,10 @@ TEST_F(Trash, AFileGoesToTheUsersTrashWithANoteOfWhereItWas) {
   EXPECT_THAT(InTrash("info/曲.mid.trashinfo"), testing::HasSubstr("/music/%E6%9B%B2.mid"));
 }
 
+TEST_F(Trash, AsksNothingItself) {
+  EXPECT_FALSE(MakeFileChanges()->RecycleAsks());
+}
+
 TEST_F(Trash, ItsFolderIsWhatTheEnvironmentSays) {
   if (!InOwnHome()) return;
   EXPECT_EQ(UserTrashFolder(), std::string(std::getenv("XDG_DATA_HOME")) + "/Trash/");

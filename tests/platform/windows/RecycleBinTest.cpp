@@ -140,6 +140,10 @@ TEST(RecycleBy, ResultsAreTheShellsAndADeclinedQuestionIsNoFailure) {
   EXPECT_EQ(RecycleBy(lacking, nullptr, nullptr, BinQuestions::kAsTheUserWants), std::nullopt);
 }
 
+TEST(RecycleAsks, IsTheShellsBusiness) {
+  EXPECT_TRUE(MakeFileChanges()->RecycleAsks());
+}
+
 std::string Content(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
   return file ? std::string{std::istreambuf_iterator<char>(file), {}} : "absent";
