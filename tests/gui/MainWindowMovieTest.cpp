@@ -129,10 +129,11 @@ TEST_F(FilmsInMainWindow, TheirWindowIsOnTopWithTheMainWindow) {
   for (const bool front : {false, true}) {
     OptionValues options = Options();
     options.system.front = front;
+    options.player.repeat = 1;
     OpenFolder(options);
     DoubleClickRow(1);
     ASSERT_TRUE(Until([] { return Movie() != nullptr; }));
-    EXPECT_TRUE(Until([&] { return IsAboveOthers(*Movie()) == front; })) << front;
+    EXPECT_TRUE(Until([&] { return Movie() != nullptr && IsAboveOthers(*Movie()) == front; })) << front;
     CloseWindow();
   }
 }

@@ -18,19 +18,21 @@ class ShellQuestion final : public wxTimer {
   ShellQuestion(const wxWindow& owner, WORD answer) : owner_(owner.GetHandle()), answer_(answer) { Start(kPause); }
 
   void Notify() override {
-    const HWND box = GetWindow(owner_, GW_ENABLEDPOPUP);
-    if (box == nullptr || box == owner_ || GetWindow(box, GW_OWNER) != owner_ || GetDlgItem(box, answer_) == nullptr) {
-      return;
-    }
-    Stop();
-    answered = true;
-    PostMessageW(box, WM_COMMAND, answer_, 0);
+    EnumThreadWindows(GetCurrentThreadId(), &AnswerIn, reinterpret_cast<LPARAM>(this));
+    if (answered) Stop();
   }
 
   bool answered = false;
 
  private:
   static constexpr int kPause = 50;  // milliseconds
+
+  static BOOL CALLBACK AnswerIn(HWND window, LPARAM instance) {
+    auto& question = *reinterpret_cast<ShellQuestion*>(instance);
+    if (GetWindow(window, GW_OWNER) != question.owner_ || GetDlgItem(window, question.answer_) == nullptr) return TRUE;
+    question.answered = PostMessageW(window, WM_COMMAND, question.answer_, 0) != FALSE;
+    return FALSE;
+  }
 
   HWND owner_;
   WORD answer_;

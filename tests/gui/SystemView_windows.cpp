@@ -24,7 +24,7 @@ bool IsAboveOthers(const wxWindow& window) {
 
 // One pointer for the whole program.
 bool ShowsPointer(const wxWindow& /*window*/, wxStockCursor pointer) {
-  return GetCursor() == static_cast<HCURSOR>(wxCursor(pointer).GetHCURSOR());
+  return static_cast<const void*>(GetCursor()) == wxCursor(pointer).GetHCURSOR();
 }
 
 EnablingWatch::EnablingWatch(wxWindow& window, std::function<void(bool enabled)> told)

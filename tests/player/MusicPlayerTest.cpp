@@ -349,7 +349,7 @@ TEST_F(MusicPlayerTest, OtherValuesOfTheSettingPlayOneFile) {
     options.player.allPlay = allPlay;
     Start(1);
     Pass(4500);
-    EXPECT_EQ(Mode(), "") << allPlay;
+    ASSERT_EQ(Mode(), "") << allPlay;
     EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3") << allPlay;
   }
 }
