@@ -43,7 +43,7 @@ void Deadline::Watch() {
     } else if (!told_.wait_for(lock, limit_, another)) {
       std::printf("[  FAILED  ] %s: not over after %lld seconds; the tests behind it are not run\n", test_.c_str(),
                   static_cast<long long>(std::chrono::duration_cast<std::chrono::seconds>(limit_).count()));
-      std::fflush(stdout);
+      (void)std::fflush(stdout);
       std::_Exit(EXIT_FAILURE);
     }
   }

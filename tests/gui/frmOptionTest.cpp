@@ -278,6 +278,7 @@ TEST_F(OptionDialog, AnExtensionBoxTakesNoMoreThanSurvivesARestart) {
 }
 
 TEST_F(OptionDialog, F1ShowsTheHelp) {
+  opensForReal = true;
   Open(Options());
   Use([this] {
     dialogs.Answer();  // there is no help file
