@@ -8,6 +8,7 @@
 
 #include "Files.h"
 #include "Program.h"
+#include "platform/desktop/JapaneseCollation.h"
 #include "rename/ModifyName.h"
 
 namespace quillon::benchmarks {
@@ -139,6 +140,26 @@ void ModifyNames(State& state) {
   PerFile(state);
 }
 
+void Sort(State& state) {
+  for ([[maybe_unused]] auto _ : state) {
+    state.PauseTiming();
+    Program program;
+    constexpr int kStep = 7919;  // so that the rows stand in no order
+    for (int i = 0; i < CountOf(state); ++i) {
+      FileItem row;
+      row.renameName = "曲" + std::to_string(i * kStep % CountOf(state)) + " 日本のうた ライブ・バージョン";
+      row.location = "/" + row.renameName;
+      program.list.Add(row);
+    }
+    state.ResumeTiming();
+    program.list.Sort(Column::kRenameName, *MakeJapaneseCollation());
+    state.PauseTiming();
+    program.list.Clear();
+    state.ResumeTiming();
+  }
+  PerFile(state);
+}
+
 void MemoryPerRow(State& state) {
   const Files& files = SharedFiles(Files::Kind::kMixed, CountOf(state));
   for ([[maybe_unused]] auto _ : state) {
@@ -164,6 +185,7 @@ BENCHMARK(ApplyFloor)->Apply(Sizes);
 BENCHMARK(Apply)->Apply(Sizes);
 BENCHMARK(TitlesToNames)->Apply(Sizes);
 BENCHMARK(ModifyNames)->Apply(Sizes);
+BENCHMARK(Sort)->Apply(Sizes);
 BENCHMARK(MemoryPerRow)->Arg(kMany)->Iterations(1);
 
 }  // namespace

@@ -32,7 +32,7 @@ need_packages() {
 }
 
 linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev libglib2.0-dev libcli11-dev nlohmann-json3-dev
-  libwxgtk3.2-dev libgtk-3-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev)
+  libwxgtk3.2-dev libgtk-3-dev libicu-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev)
 # What plays MP3, MIDI, WAVE, MPEG and AVI, and the instruments of MIDI.
 play_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
   gstreamer1.0-x gstreamer1.0-alsa gstreamer1.0-pulseaudio timgm6mb-soundfont)

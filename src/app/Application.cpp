@@ -8,6 +8,7 @@
 #include "filelist/paths/basFileControl.h"
 #include "media/MediaInfo.h"
 #include "platform/Shell.h"
+#include "platform/desktop/JapaneseCollation.h"
 
 namespace quillon {
 Application::Application(OptionValues options, Paths paths, Ports ports, std::uintptr_t ownerWindow, PathStyle style)
@@ -233,7 +234,7 @@ void Application::RowActivated(int index) {
 void Application::HeaderClicked(Column column) {
   Run([&] {
     if (!editing_.MayLeaveRow()) return;
-    list_.Sort(column);
+    list_.Sort(column, *MakeJapaneseCollation());
     if (const int selected = list_.SelectedIndex(); selected != 0) ports_.window.ScrollToRow(selected);
   });
 }

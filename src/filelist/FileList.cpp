@@ -212,14 +212,14 @@ void FileList::Clear() {
   RowsTouched();
 }
 
-void FileList::Sort(Column column) {
+void FileList::Sort(Column column, const Collation& order) {
   struct Keyed {
     std::string key;
     FileItem* row = nullptr;
   };
   std::vector<Keyed> keyed;
   keyed.reserve(rows_.size());
-  for (const auto& row : rows_) keyed.push_back({ToLower(ColumnText(*row, column)), row.get()});
+  for (const auto& row : rows_) keyed.push_back({order.KeyOf(ToLower(ColumnText(*row, column))), row.get()});
   descending_ = !descending_;
   std::stable_sort(keyed.begin(), keyed.end(), [this](const Keyed& left, const Keyed& right) {
     return descending_ ? right.key < left.key : left.key < right.key;

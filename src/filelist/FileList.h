@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "filelist/FileItem.h"
+#include "platform/Collation.h"
 #include "platform/PathStyle.h"
 
 namespace quillon {
@@ -79,9 +80,10 @@ class FileList {
   void RemoveWhere(const std::function<bool(int index, const FileItem&)>& unwanted);
   void Clear();
 
-  /// Sorts once by the column's display texts, ignoring letter case, equal texts in their present order; rows added
-  /// later go to the end. Every call turns the order round, whichever column it names: the first one sorts descending.
-  void Sort(Column column);
+  /// Sorts once by the column's display texts in this order, ignoring letter case, equal texts in their present order;
+  /// rows added later go to the end. Every call turns the order round, whichever column it names: the first one sorts
+  /// descending.
+  void Sort(Column column, const Collation& order);
 
   /// The image list key ("ICONKEY" and a number) of a type's small icon: rows of one type share one image. The same
   /// type always has the same number.

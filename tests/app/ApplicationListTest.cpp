@@ -125,6 +125,13 @@ TEST(Sorting, AClickOnAHeaderSortsAndTurnsTheOrderRound) {
   EXPECT_EQ(f.Names(), Texts({"c", "b", "a"})) << "whichever column it is";
 }
 
+TEST(Sorting, FollowsTheJapaneseOrder) {
+  ApplicationFixture f;
+  f.Load({"い.txt", "ｱ.txt", "B.txt", "a.txt", "ウ.txt", "山.txt", "亜.txt", "10.txt", "9.txt"});
+  f.app.HeaderClicked(Column::kRenameName);
+  EXPECT_EQ(f.Names(), Texts({"山", "亜", "ウ", "い", "ｱ", "B", "a", "9", "10"}));
+}
+
 TEST(Sorting, TheBoxStaysWithTheSelectedRow) {
   ApplicationFixture f;
   f.Load({"a.txt", "b.txt", "c.txt"});

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "filelist/FileList.h"
+#include "support/ByteOrder.h"
 #include "support/Rows.h"
 
 namespace quillon {
@@ -176,7 +177,7 @@ class Walk {
 
   void SortBoth() {
     const auto column = static_cast<Column>(Below(kColumnCount));
-    list_.Sort(column);
+    list_.Sort(column, test::ByteOrder());
     plain_.Sort(column);
   }
 

@@ -7,6 +7,7 @@
 #include "filelist/FileList.h"
 #include "filelist/FileLoader.h"
 #include "filelist/ListCommands.h"
+#include "support/ByteOrder.h"
 #include "support/Growth.h"
 #include "support/MemoryFileSystem.h"
 #include "support/Recorders.h"
@@ -77,8 +78,8 @@ std::vector<Operation> Operations() {
        [](FileList& list) { list.RemoveWhere([](int i, const FileItem&) { return i % 2 == 0; }); }},
       {"sort twice",
        [](FileList& list) {
-         list.Sort(Column::kLocation);
-         list.Sort(Column::kType);
+         list.Sort(Column::kLocation, test::ByteOrder());
+         list.Sort(Column::kType, test::ByteOrder());
        }},
       {"clear", [](FileList& list) { list.Clear(); }},
   };

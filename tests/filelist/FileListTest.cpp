@@ -4,12 +4,14 @@
 #include <vector>
 
 #include "filelist/FileList.h"
+#include "support/ByteOrder.h"
 #include "support/Recorders.h"
 #include "support/Rows.h"
 
 namespace quillon {
 namespace {
 
+using test::ByteOrder;
 using test::CheckedRows;
 using test::EventLog;
 using test::ListRecorder;
@@ -234,13 +236,13 @@ TEST(FileListReplace, KeepsTheSelectionAndTakesEverythingElse) {
 TEST(FileListSort, TurnsTheOrderRoundOnEveryClickWhicheverColumnItNames) {
   FileList list(kLin);
   AddFiles(list, {"b.x", "a.z", "c.y"});
-  list.Sort(Column::kLocation);
+  list.Sort(Column::kLocation, ByteOrder());
   EXPECT_EQ(Locations(list), Texts({"/f/c.y", "/f/b.x", "/f/a.z"})) << "the first click sorts descending";
-  list.Sort(Column::kLocation);
+  list.Sort(Column::kLocation, ByteOrder());
   EXPECT_EQ(Locations(list), Texts({"/f/a.z", "/f/b.x", "/f/c.y"})) << "the same header again reverses";
-  list.Sort(Column::kType);
+  list.Sort(Column::kType, ByteOrder());
   EXPECT_EQ(Locations(list), Texts({"/f/a.z", "/f/c.y", "/f/b.x"})) << "another header after that sorts descending";
-  list.Sort(Column::kRenameName);
+  list.Sort(Column::kRenameName, ByteOrder());
   EXPECT_EQ(Locations(list), Texts({"/f/a.z", "/f/b.x", "/f/c.y"}));
 }
 
@@ -257,15 +259,15 @@ TEST(FileListSort, ComparesTheTextsOfEachColumn) {
   add("2.a", "あ", "c", 100);
   add("3.b", "か", "a", 3);
   const auto order = [&](Column column) {
-    list.Sort(column);
-    list.Sort(column);
+    list.Sort(column, ByteOrder());
+    list.Sort(column, ByteOrder());
     std::string names;
     for (const std::string& location : Locations(list)) names += location[3];
-    list.Sort(Column::kLocation);
-    list.Sort(Column::kLocation);
+    list.Sort(Column::kLocation, ByteOrder());
+    list.Sort(Column::kLocation, ByteOrder());
     return names;
   };
-  list.Sort(Column::kLocation);
+  list.Sort(Column::kLocation, ByteOrder());
   EXPECT_EQ(order(Column::kTitle), "132") << "descending: the number of clicks is odd";
   EXPECT_EQ(order(Column::kArtist), "213");
   EXPECT_EQ(order(Column::kType), "132");
@@ -281,24 +283,39 @@ TEST(FileListSort, SizesAreComparedAsTexts) {
     row.size = size;
     list.Add(row);
   }
-  list.Sort(Column::kSize);
-  list.Sort(Column::kSize);
+  list.Sort(Column::kSize, ByteOrder());
+  list.Sort(Column::kSize, ByteOrder());
   EXPECT_EQ(Locations(list), Texts({"/f/1000", "/f/20", "/f/9"})) << "1,000 before 20 before 9";
 }
 
 TEST(FileListSort, IgnoresLetterCaseAndKeepsEqualTextsInTheirOrder) {
   FileList list(kLin);
   AddFiles(list, {"b.x", "B.x", "a.x", "A.x", "b.X"});
-  list.Sort(Column::kType);
+  list.Sort(Column::kType, ByteOrder());
   EXPECT_EQ(Locations(list), Texts({"/f/b.x", "/f/B.x", "/f/a.x", "/f/A.x", "/f/b.X"}));
-  list.Sort(Column::kRenameName);
+  list.Sort(Column::kRenameName, ByteOrder());
   EXPECT_EQ(Locations(list), Texts({"/f/a.x", "/f/A.x", "/f/b.x", "/f/B.x", "/f/b.X"}));
+}
+
+/// Shorter texts first; texts of one length are the same.
+class ByLength final : public Collation {
+ public:
+  [[nodiscard]] std::string KeyOf(std::string_view text) const override { return std::string(text.size(), 'x'); }
+};
+
+TEST(FileListSort, FollowsTheOrderItIsGivenInWhichDifferentTextsMayBeTheSame) {
+  FileList list(kLin);
+  AddFiles(list, {"ccc", "bb", "aaa", "d", "aa"});
+  list.Sort(Column::kLocation, ByLength());
+  EXPECT_EQ(Locations(list), Texts({"/f/ccc", "/f/aaa", "/f/bb", "/f/aa", "/f/d"}));
+  list.Sort(Column::kLocation, ByLength());
+  EXPECT_EQ(Locations(list), Texts({"/f/d", "/f/bb", "/f/aa", "/f/ccc", "/f/aaa"}));
 }
 
 TEST(FileListSort, RowsAddedLaterGoToTheEnd) {
   FileList list(kLin);
   AddFiles(list, {"b", "c"});
-  list.Sort(Column::kLocation);
+  list.Sort(Column::kLocation, ByteOrder());
   AddFiles(list, {"d", "a"});
   EXPECT_EQ(Locations(list), Texts({"/f/c", "/f/b", "/f/d", "/f/a"}));
 }
@@ -310,7 +327,7 @@ TEST(FileListSort, TakesChecksAndSelectionAlong) {
   list.SetChecked(2, true);
   EXPECT_EQ(list.FirstCheckedIndex(), 2);
   list.SetChecked(1, true);
-  list.Sort(Column::kLocation);
+  list.Sort(Column::kLocation, ByteOrder());
   EXPECT_EQ(list.SelectedIndex(), 3);
   EXPECT_EQ(CheckedRows(list), Indices({2, 3}));
   EXPECT_EQ(list.FirstCheckedIndex(), 2);
@@ -357,7 +374,7 @@ TEST(FileListObserver, HearsOfEachChangeOnce) {
       {"check all", [](FileList& list) { list.CheckAll(); }, {"rows"}},
       {"uncheck all", [](FileList& list) { list.UncheckAll(); }, {"rows"}},
       {"invert", [](FileList& list) { list.InvertChecks(); }, {"rows"}},
-      {"sort", [](FileList& list) { list.Sort(Column::kTitle); }, {"rows"}},
+      {"sort", [](FileList& list) { list.Sort(Column::kTitle, ByteOrder()); }, {"rows"}},
       {"clear", [](FileList& list) { list.Clear(); }, {"rows"}},
       {"remove", [](FileList& list) { list.RemoveWhere([](int i, const FileItem&) { return i < 3; }); }, {"rows"}},
       {"remove none", [](FileList& list) { list.RemoveWhere([](int, const FileItem&) { return false; }); }, {}},

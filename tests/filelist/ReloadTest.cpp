@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "filelist/FileLoader.h"
+#include "support/ByteOrder.h"
 #include "support/MediaBuilders.h"
 #include "support/MemoryFileSystem.h"
 #include "support/Recorders.h"
@@ -12,6 +13,7 @@
 namespace quillon {
 namespace {
 
+using test::ByteOrder;
 using test::Locations;
 using Indices = std::vector<int>;
 using Texts = std::vector<std::string>;
@@ -117,7 +119,7 @@ TEST(mnuReload, ChecksRowsAsALoadDoes) {
 
 TEST(mnuReload, KeepsTheOrderOfTheRows) {
   Fixture f({"a", "b", "c"});
-  f.list.Sort(Column::kLocation);
+  f.list.Sort(Column::kLocation, ByteOrder());
   f.loader.mnuReload();
   EXPECT_EQ(Locations(f.list), Texts({"/m/c", "/m/b", "/m/a"}));
 }

@@ -13,6 +13,7 @@
 #include "filelist/FileLoader.h"
 #include "fileops/FileCommands.h"
 #include "rename/basQuillon.h"
+#include "support/ByteOrder.h"
 #include "support/MemoryFileSystem.h"
 #include "support/Recorders.h"
 #include "support/Rows.h"
@@ -186,7 +187,7 @@ class Session {
       list_.SetChecked(index, dice_.Coin());
     }
     if (dice_.Below(4) == 0) SwapTwoNames();
-    if (dice_.Below(4) == 0) list_.Sort(static_cast<Column>(dice_.Below(kColumnCount)));
+    if (dice_.Below(4) == 0) list_.Sort(static_cast<Column>(dice_.Below(kColumnCount)), test::ByteOrder());
     if (list_.Count() > 0) list_.SelectOnly(dice_.Below(list_.Count()) + 1);
   }
 

@@ -71,8 +71,8 @@ bool IsSystemHeader(std::string_view header) {
       "signal.h", "termios.h", "utime.h",
       // GLib
       "glib.h", "glib-object.h"};
-  static constexpr std::array<std::string_view, 9> kFolders = {"sys/", "linux/", "glib/", "gio/",    "gst/",
-                                                               "gtk/", "gdk/",   "X11/",  "netinet/"};
+  static constexpr std::array<std::string_view, 10> kFolders = {"sys/", "linux/", "glib/", "gio/",     "gst/",
+                                                                "gtk/", "gdk/",   "X11/",  "netinet/", "unicode/"};
   const std::string lower = ToLower(header);
   if (std::find(kNames.begin(), kNames.end(), lower) != kNames.end()) return true;
   return std::any_of(kFolders.begin(), kFolders.end(),

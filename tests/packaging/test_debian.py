@@ -86,6 +86,7 @@ class Debian(unittest.TestCase):
             self.assertIn(library, depends)
         for library in ("libwxgtk3.2-1", "libgtk-3-0", "libgstreamer1.0-0"):
             self.assertTrue(any(name in (library, library + "t64") for name in depends), (library, depends))
+        self.assertTrue(any(re.fullmatch(r"libicu\d+", name) for name in depends), depends)
         recommends = self.field("Recommends")
         plugins = [f"gstreamer1.0-plugins-{sort}" for sort in ("base", "good", "bad")]
         for package in (*plugins, "gstreamer1.0-libav", "gstreamer1.0-x", "timgm6mb-soundfont", "fonts-noto-cjk"):

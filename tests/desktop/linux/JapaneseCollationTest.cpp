@@ -1,0 +1,31 @@
+#include <gtest/gtest.h>
+
+#include "desktop/ExpectOrder.h"
+
+/// Where the two systems differ; the test of this name for Windows has the same texts.
+namespace quillon {
+namespace {
+
+using test::ExpectOrder;
+
+TEST(JapaneseCollationOfIcu, PutsSoundAndRepetitionMarksBeforeWhatTheyStandFor) {
+  ExpectOrder({{"ｶｰ"}, {"かー", "カー"}, {"かあ"}, {"かい"}});
+  ExpectOrder({{"すゝき"}, {"すすき"}});
+  ExpectOrder({{"人々"}, {"人人"}});
+}
+
+TEST(JapaneseCollationOfIcu, PutsSeparateVoiceMarksBehindTheirLetter) {
+  ExpectOrder({{"は"}, {"ば"}, {"ﾊﾞ"}, {"ぱ"}, {"ﾊﾟ"}});
+}
+
+TEST(JapaneseCollationOfIcu, PutsOtherAlphabetsBehindKanji) {
+  ExpectOrder({{"z"}, {"あ"}, {"亜"}, {"α"}, {"я"}});
+}
+
+TEST(JapaneseCollationOfIcu, HasAnOrderOfSymbolsOfItsOwn) {
+  ExpectOrder(
+      {{" ", "　"}, {"_"}, {"-"}, {"、"}, {"!"}, {"."}, {"'"}, {"("}, {"&"}, {"#"}, {"★"}, {"😀"}, {"々"}, {"1"}});
+}
+
+}  // namespace
+}  // namespace quillon

@@ -1,0 +1,39 @@
+#include <gtest/gtest.h>
+
+#include "desktop/ExpectOrder.h"
+#include "support/Wine.h"
+
+/// Where the two systems differ, Wine standing for Windows; the test of this name for Linux has the same texts.
+namespace quillon {
+namespace {
+
+using test::ExpectOrder;
+
+class JapaneseCollationOfWine : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!test::RunsUnderWine()) GTEST_SKIP() << "is about Wine's own answers";
+  }
+};
+
+TEST_F(JapaneseCollationOfWine, PutsSoundAndRepetitionMarksBehindWhatTheyStandFor) {
+  ExpectOrder({{"かあ"}, {"かー", "カー", "ｶｰ"}, {"かい"}});
+  ExpectOrder({{"すすき"}, {"すゝき"}});
+  ExpectOrder({{"人々", "人人"}});
+}
+
+TEST_F(JapaneseCollationOfWine, PutsSeparateVoiceMarksBehindAllForms) {
+  ExpectOrder({{"は"}, {"ば"}, {"ぱ"}, {"ﾊﾞ"}, {"ﾊﾟ"}});
+}
+
+TEST_F(JapaneseCollationOfWine, PutsOtherAlphabetsBetweenLatinLettersAndKana) {
+  ExpectOrder({{"z"}, {"α"}, {"я"}, {"あ"}, {"亜"}});
+}
+
+TEST_F(JapaneseCollationOfWine, HasAnOrderOfSymbolsOfItsOwn) {
+  ExpectOrder(
+      {{"'"}, {"-"}, {" ", "　"}, {"!"}, {"#"}, {"&"}, {"("}, {"、"}, {"."}, {"_"}, {"★"}, {"1"}, {"😀"}, {"々", "ー"}});
+}
+
+}  // namespace
+}  // namespace quillon
