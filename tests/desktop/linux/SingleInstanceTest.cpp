@@ -1,14 +1,23 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <chrono>
+#include <filesystem>
 #include <future>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "desktop/OtherInstance.h"
 #include "desktop/linux/Environment.h"
 #include "desktop/linux/PrivateBus.h"
+#include "platform/Program.h"
 #include "platform/desktop/SingleInstance.h"
 #include "support/Growth.h"
+#include "support/TempFolder.h"
 
 namespace quillon {
 namespace {
@@ -111,14 +120,115 @@ TEST_F(SingleInstanceOnABus, IsFoundOutAtOnce) {
   EXPECT_LT(test::Seconds([] { EXPECT_TRUE(Start()->IsFirst()); }), 0.5);
 }
 
-TEST(SingleInstanceWithoutABus, EveryInstanceIsTheFirst) {
-  const test::ScopedVariable address("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
-  const test::ScopedVariable folder("XDG_RUNTIME_DIR", std::nullopt);
+/// A folder for the session, and one for settings: both short enough for a socket's name.
+class SingleInstanceWithoutABus : public testing::Test {
+ protected:
+  /// The one file that ends like this, "" when there is none.
+  static std::string FileWith(const std::string& folder, const std::string& ending) {
+    std::string found;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+      if (entry.path().string().ends_with(ending)) found = entry.path().string();
+    }
+    return found;
+  }
+
+  test::TempFolder folder_;
+  std::string runtime_ = folder_.MakeFolder("run");
+  std::string settings_ = folder_.MakeFolder("config");
+  test::ScopedVariable address_{"DBUS_SESSION_BUS_ADDRESS", std::nullopt};
+  test::ScopedVariable runtimeFolder_{"XDG_RUNTIME_DIR", runtime_};
+  test::ScopedVariable settingsFolder_{"XDG_CONFIG_HOME", settings_};
+  test::ScopedVariable display_{"DISPLAY", ":77"};
+};
+
+TEST_F(SingleInstanceWithoutABus, TheSecondIsNotTheFirst) {
+  const auto first = Start();
+  EXPECT_TRUE(first->IsFirst());
+  EXPECT_FALSE(Start()->IsFirst());
+  EXPECT_EQ(RunOtherMeanwhile().output, test::kLater);
+  EXPECT_FALSE(Start()->IsFirst()) << "a later instance that ended took nothing with it";
+}
+
+TEST_F(SingleInstanceWithoutABus, TheFirstIsAskedForwardOnceAndNotWaitedFor) {
+  const auto first = Start();
+  int raised = 0;
+  first->OnRaise([&raised] { ++raised; });
+  EXPECT_EQ(test::RunOtherInstance(kTitle, "").exitCode, 0);
+  EXPECT_EQ(raised, 0) << "it is busy";
+  while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+  }
+  EXPECT_EQ(raised, 1);
+}
+
+TEST_F(SingleInstanceWithoutABus, AFirstThatDoesNotCareIsLeftAlone) {
+  const auto first = Start();
+  EXPECT_EQ(RunOtherMeanwhile().exitCode, 0);
+}
+
+TEST_F(SingleInstanceWithoutABus, AFileThatNobodyHoldsMeansNothing) {
+  { const auto first = Start(); }
+  for (const char* file : {"lock", "socket"}) {
+    EXPECT_EQ(FileWith(folder_.Path(), file), "") << "left behind at the end";
+  }
+  // As a process leaves them that is killed.
+  if (::fork() == 0) {
+    const auto killed = Start();
+    ::raise(SIGKILL);
+  }
+  int status = 0;
+  ::wait(&status);
+  EXPECT_TRUE(WIFSIGNALED(status));
+  for (const char* file : {"lock", "socket"}) EXPECT_THAT(FileWith(runtime_, file), testing::Not(testing::IsEmpty()));
+  const auto next = Start();
+  EXPECT_TRUE(next->IsFirst());
+  int raised = 0;
+  next->OnRaise([&raised] { ++raised; });
+  EXPECT_EQ(RunOtherMeanwhile().output, test::kLater);
+  while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+  }
+  EXPECT_EQ(raised, 1);
+}
+
+TEST_F(SingleInstanceWithoutABus, TheNextIsFirstAfterTheFirstHasEnded) {
+  auto first = Start();
+  EXPECT_FALSE(Start()->IsFirst());
+  first.reset();
+  EXPECT_TRUE(Start()->IsFirst());
+}
+
+TEST_F(SingleInstanceWithoutABus, AnotherDisplayAndAnotherProgramHaveTheirOwnFirst) {
+  const auto first = Start();
+  EXPECT_TRUE(Start("日本語 1")->IsFirst());
+  const test::ScopedVariable display("DISPLAY", ":78");
+  EXPECT_TRUE(Start()->IsFirst());
+}
+
+TEST_F(SingleInstanceWithoutABus, WithoutASessionsFolderTheSettingsFolderServes) {
+  for (const std::optional<std::string>& none :
+       {std::optional<std::string>(), std::optional(folder_.At("not there"))}) {
+    const test::ScopedVariable runtime("XDG_RUNTIME_DIR", none);
+    const auto first = Start();
+    EXPECT_TRUE(first->IsFirst());
+    EXPECT_THAT(FileWith(settings_, ".lock"), testing::StartsWith(settings_ + ProgramBaseName() + "/"));
+    EXPECT_EQ(RunOtherMeanwhile().output, test::kLater);
+  }
+}
+
+TEST_F(SingleInstanceWithoutABus, WhereNoFileCanBeMadeEveryInstanceIsTheFirst) {
+  const test::ScopedVariable runtime("XDG_RUNTIME_DIR", std::nullopt);
+  const test::ScopedVariable settings("XDG_CONFIG_HOME", "/proc/none");
   const auto first = Start();
   const auto second = Start();
   EXPECT_TRUE(first->IsFirst());
   EXPECT_TRUE(second->IsFirst());
   second->BringFirstForward();
+}
+
+TEST_F(SingleInstanceWithoutABus, APathTooLongForASocketStillHasOneFirst) {
+  const test::ScopedVariable runtime("XDG_RUNTIME_DIR", folder_.MakeFolder(std::string(120, 'a')));
+  const auto first = Start();
+  EXPECT_TRUE(first->IsFirst());
+  EXPECT_EQ(RunOtherMeanwhile().output, test::kLater);
 }
 
 }  // namespace

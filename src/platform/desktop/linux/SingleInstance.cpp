@@ -1,11 +1,13 @@
 #include "platform/desktop/SingleInstance.h"
 
-#include <gdk/gdk.h>
-#include <gdk/gdkx.h>
+#include <unistd.h>
 
 #include <utility>
 
+#include "platform/Program.h"
+#include "platform/desktop/linux/LockedInstance.h"
 #include "platform/desktop/linux/SessionBus.h"
+#include "platform/desktop/linux/StartupId.h"
 
 namespace quillon {
 namespace {
@@ -27,23 +29,18 @@ std::string BusName(const std::string& title) {
   return "io.github.quillon." + BusNamePart(title) + ".display_" + BusNamePart(display);
 }
 
-/// A window manager keeps a window that asks for the front in the back when the person has done something since. The id
-/// that the later instance was started with tells when that was; GDK hands the time on.
-void UseStartupTime(GVariant* parameters) {
+std::string StartupIdIn(GVariant* parameters) {
   GVariant* const data = g_variant_get_child_value(parameters, 0);
   const char* id = nullptr;
-  GdkDisplay* const display = gdk_display_get_default();
-  if (display != nullptr && GDK_IS_X11_DISPLAY(display) && g_variant_lookup(data, kStartupKey, "&s", &id) != FALSE) {
-    gdk_x11_display_set_startup_notification_id(display, id);
-  }
+  const std::string found = g_variant_lookup(data, kStartupKey, "&s", &id) != FALSE ? id : "";
   g_variant_unref(data);
+  return found;
 }
 
 class BusInstance final : public SingleInstance {
  public:
-  BusInstance(const std::string& title, BusConnection bus)
-      : name_(BusName(title)), startupId_(EnvironmentText("DESKTOP_STARTUP_ID")), bus_(std::move(bus)) {
-    if (bus_ == nullptr) return;
+  BusInstance(std::string name, std::string startupId, BusConnection bus)
+      : name_(std::move(name)), startupId_(std::move(startupId)), bus_(std::move(bus)) {
     // In this order, so that whoever finds the name is answered.
     Register();
     first_ = OwnsName();
@@ -51,7 +48,6 @@ class BusInstance final : public SingleInstance {
   BusInstance(const BusInstance&) = delete;
   BusInstance& operator=(const BusInstance&) = delete;
   ~BusInstance() override {
-    if (bus_ == nullptr) return;
     if (registration_ != 0) g_dbus_connection_unregister_object(bus_.get(), registration_);
     g_dbus_connection_close_sync(bus_.get(), nullptr, nullptr);
   }
@@ -102,7 +98,7 @@ class BusInstance final : public SingleInstance {
   static void OnCall(GDBusConnection* /*bus*/, const char* /*sender*/, const char* /*object*/,
                      const char* /*interface*/, const char* /*method*/, GVariant* parameters,
                      GDBusMethodInvocation* invocation, gpointer self) {
-    UseStartupTime(parameters);
+    UseStartupId(StartupIdIn(parameters));
     // The answer goes first: `raise` may stay in a message loop of its own.
     g_dbus_method_invocation_return_value(invocation, nullptr);
     const std::function<void()> raise = static_cast<BusInstance*>(self)->raise_;
@@ -113,14 +109,27 @@ class BusInstance final : public SingleInstance {
   std::string startupId_;
   BusConnection bus_;
   guint registration_ = 0;
-  bool first_ = true;
+  bool first_ = false;
   std::function<void()> raise_;
 };
+
+/// In the folder for what lives as long as a session, or else where the settings are, which several machines may share.
+std::string LockPath(const std::string& name) {
+  const std::string runtime = EnvironmentText("XDG_RUNTIME_DIR");
+  if (runtime.starts_with('/') && ::access(runtime.c_str(), W_OK | X_OK) == 0) return runtime + "/" + name;
+  const std::string settings = UserConfigurationFolder() + ProgramBaseName() + "/";
+  (void)g_mkdir_with_parents(settings.c_str(), 0700);
+  return settings + name + "." + BusNamePart(g_get_host_name());
+}
 
 }  // namespace
 
 std::unique_ptr<SingleInstance> MakeSingleInstance(const std::string& title, const std::string& /*windowClass*/) {
-  return std::make_unique<BusInstance>(title, ConnectToSessionBus());
+  std::string name = BusName(title);
+  std::string startupId = EnvironmentText("DESKTOP_STARTUP_ID");
+  BusConnection bus = ConnectToSessionBus();
+  if (bus == nullptr) return MakeLockedInstance(LockPath(name), std::move(startupId));
+  return std::make_unique<BusInstance>(std::move(name), std::move(startupId), std::move(bus));
 }
 
 }  // namespace quillon
