@@ -138,6 +138,16 @@ TEST_F(WaveTest, AnyNameAndLengthOfPathOpens) {
   }
 }
 
+/// Not by DirectShow, as what the device of the extension does not open.
+TEST_F(WaveTest, APathOfMoreThan260CharactersOpensByItsDevice) {
+  const std::string longFolder(90, 'd');
+  const std::string path = Wave(1000, longFolder + "/" + longFolder + "/" + longFolder + "/長い 曲.wav");
+  ASSERT_GT(path.size(), 260U);
+  ASSERT_EQ(Open(path), 0);
+  EXPECT_EQ(Text("capability X device type"), "waveaudio");
+  EXPECT_EQ(Length(), 1000);
+}
+
 TEST_F(WaveTest, WhatCannotBePlayedDoesNotOpen) {
   const std::string whole = WaveFile(1000);
   const struct {

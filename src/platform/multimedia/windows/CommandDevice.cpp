@@ -12,6 +12,9 @@
 
 #include "base/Text.h"
 #include "platform/FileSystem.h"
+#include "platform/WindowsPath.h"
+#include "platform/multimedia/windows/WineFaults.h"
+#include "platform/windows/SystemPath.h"
 #include "platform/windows/Wide.h"
 
 namespace quillon {
@@ -138,48 +141,41 @@ FilmStreams StreamsOf(const std::string& path, ByteSource& file) {
   return start.find("vids") == std::string::npos ? FilmStreams::kSoundAlone : FilmStreams::kPictures;
 }
 
+constexpr const char* kByDirectShow = " type MPEGVideo";
+
 /// True where the fault need not be the file's. DirectShow in Wine may wait for the rest of a broken one for ever.
 bool MayOpenOtherwise(int error) {
   return error != command_error::kAliasInUse && error != command_error::kInvalidFile;
 }
 
-/// What the device of the extension cannot open (newer codecs in AVI, long paths) DirectShow often can. Wine's device
-/// for AVI files crashes where there are no pictures.
-CommandReply Open(const std::string& command, const std::string& path) {
-  const std::string byDirectShow = command + " type MPEGVideo";
-  const std::unique_ptr<ByteSource> file = OpenSystemFile(path);
-  const FilmStreams streams = file ? StreamsOf(path, *file) : FilmStreams::kPictures;
-  if (streams == FilmStreams::kNone) return {command_error::kInvalidFile};
-  if (streams == FilmStreams::kSoundAlone) return SendToSystem(byDirectShow);
+/// What the device of the extension cannot open (newer codecs in AVI) DirectShow often can.
+CommandReply OpenEitherWay(const std::string& command, bool isThere) {
   CommandReply first = SendToSystem(command);
-  if (first.error == 0 || !file || !MayOpenOtherwise(first.error)) return first;
-  CommandReply second = SendToSystem(byDirectShow);
+  if (first.error == 0 || !isThere || !MayOpenOtherwise(first.error)) return first;
+  CommandReply second = SendToSystem(command + kByDirectShow);
   return second.error == 0 ? second : first;
 }
 
-/// DirectShow's device lacks this command in Wine, where failing also stops it at the start: playing from there and
-/// stopping at once leads to the same place.
-CommandReply Seek(const std::string& command, const std::string& alias, const std::string& position) {
-  CommandReply first = SendToSystem(command);
-  if (first.error != command_error::kInternal) return first;
-  const CommandReply length = SendToSystem("status " + alias + " length");
-  if (LeadingNumber(position) < 0 || LeadingNumber(position) > LeadingNumber(length.text)) {
-    return {command_error::kOutOfRange};
-  }
-  if (SendToSystem("play " + alias + " from " + position).error != 0) return first;
-  return {SendToSystem("stop " + alias).error};
+/// The file's short path (8.3) where the system's devices would take its path for too long; where there is no short
+/// one, the path as it is.
+std::string PathForDevices(const std::string& path) {
+  const std::optional<std::wstring> wide = ToWide(path);
+  const std::optional<std::wstring> literal = ExistingPath(path);
+  if (!wide || wide->size() < MAX_PATH || !literal) return path;
+  const DWORD needed = ::GetShortPathNameW(literal->c_str(), nullptr, 0);
+  std::wstring brief(needed, L'\0');
+  brief.resize(::GetShortPathNameW(literal->c_str(), brief.data(), needed));
+  return brief.empty() ? path : PlainWindowsPath(FromWide(brief));
 }
 
-/// Wine takes playing a paused film for a new start: the position begins at nothing, the picture stands, and stopping
-/// it waits for ever. To resume it is the same command everywhere else; not every device has it.
-CommandReply PlayOn(const std::string& command, const std::string& alias) {
-  if (IsPaused(alias) && IsDigitalVideo(alias) && SendToSystem("resume " + alias).error == 0) return {};
-  return SendToSystem(command);
+std::string WithPath(std::string command, const std::string& path, const std::string& other) {
+  if (path != other) command.replace(command.find(path), path.size(), other);
+  return command;
 }
 
 class SystemCommandDevice final : public CommandDevice {
  public:
-  SystemCommandDevice() = default;
+  explicit SystemCommandDevice(bool makesUpForWine) : makesUpForWine_(makesUpForWine) {}
   SystemCommandDevice(const SystemCommandDevice&) = delete;
   SystemCommandDevice& operator=(const SystemCommandDevice&) = delete;
   ~SystemCommandDevice() override { mciSendStringW(L"close all", nullptr, 0, nullptr); }
@@ -193,13 +189,49 @@ class SystemCommandDevice final : public CommandDevice {
  private:
   CommandReply CarryOut(const std::string& command) {
     const std::vector<std::string> words = Words(command);
-    if (Repositions(words)) ForgetExcess(words[1]);
     if (AsksForMode(words)) return Mode(command, words[1]);
-    if (AsksForPosition(words)) return Position(command, words[1]);
     if (OpensByExtension(words)) return Open(command, words[1]);
+    return makesUpForWine_ ? CarryOutOnWine(command, words) : SendToSystem(command);
+  }
+
+  CommandReply CarryOutOnWine(const std::string& command, const std::vector<std::string>& words) {
+    if (Repositions(words)) ForgetExcess(words[1]);
+    if (AsksForPosition(words)) return Position(command, words[1]);
     if (SeeksToPosition(words)) return Seek(command, words[1], words[3]);
     if (PlaysOn(words)) return PlayOn(command, words[1]);
     if (Pauses(words)) return Pause(command, words[1]);
+    return SendToSystem(command);
+  }
+
+  CommandReply Open(const std::string& longCommand, const std::string& path) {
+    const std::string command = WithPath(longCommand, path, PathForDevices(path));
+    const std::unique_ptr<ByteSource> file = OpenSystemFile(path);
+    if (!file || !makesUpForWine_) return OpenEitherWay(command, file != nullptr);
+    switch (StreamsOf(path, *file)) {
+      case FilmStreams::kNone: return {command_error::kInvalidFile};
+      // Wine's device for AVI files crashes where there are no pictures.
+      case FilmStreams::kSoundAlone: return SendToSystem(command + kByDirectShow);
+      default: return OpenEitherWay(command, true);
+    }
+  }
+
+  /// DirectShow's device lacks this command in Wine, where failing also stops it at the start: playing from there and
+  /// stopping at once leads to the same place.
+  static CommandReply Seek(const std::string& command, const std::string& alias, const std::string& position) {
+    CommandReply first = SendToSystem(command);
+    if (first.error != command_error::kInternal) return first;
+    const CommandReply length = SendToSystem("status " + alias + " length");
+    if (LeadingNumber(position) < 0 || LeadingNumber(position) > LeadingNumber(length.text)) {
+      return {command_error::kOutOfRange};
+    }
+    if (SendToSystem("play " + alias + " from " + position).error != 0) return first;
+    return {SendToSystem("stop " + alias).error};
+  }
+
+  /// Wine takes playing a paused film for a new start: the position begins at nothing, the picture stands, and stopping
+  /// it waits for ever. To resume it is the same command everywhere else; not every device has it.
+  static CommandReply PlayOn(const std::string& command, const std::string& alias) {
+    if (IsPaused(alias) && IsDigitalVideo(alias) && SendToSystem("resume " + alias).error == 0) return {};
     return SendToSystem(command);
   }
 
@@ -232,14 +264,24 @@ class SystemCommandDevice final : public CommandDevice {
     }
   }
 
+  bool makesUpForWine_;
   /// By how much a device's own positions are too high.
   std::map<std::string, std::int64_t> excess_;
 };
 
 }  // namespace
 
+bool RunsOnWine() {
+  const HMODULE library = ::GetModuleHandleW(L"ntdll.dll");
+  return library != nullptr && ::GetProcAddress(library, "wine_get_version") != nullptr;
+}
+
+std::unique_ptr<CommandDevice> MakeCommandDevice(bool makesUpForWine) {
+  return std::make_unique<SystemCommandDevice>(makesUpForWine);
+}
+
 std::unique_ptr<CommandDevice> MakeCommandDevice() {
-  return std::make_unique<SystemCommandDevice>();
+  return MakeCommandDevice(RunsOnWine());
 }
 
 }  // namespace quillon
