@@ -8,6 +8,9 @@
 namespace quillon {
 
 inline constexpr const char* kPlayerIdleText = "プレイヤー待機中...";
+/// In front of the name of a file that does not play, or stopped playing somewhere.
+inline constexpr const char* kCannotPlayText = "再生できません： ";
+inline constexpr const char* kCutShortText = "途中までしか再生できません： ";
 
 class StatusPanels {
  public:

@@ -12,6 +12,7 @@ namespace quillon {
 namespace {
 
 constexpr int kTickInterval = 50;
+constexpr int kFailureShown = 1500;  // then continuous play goes on
 constexpr const char* kCaption = "プレイヤー";
 
 constexpr const char* kPlaying = "再生中： ";
@@ -80,6 +81,7 @@ void MusicPlayer::Pause() {
 void MusicPlayer::Resume() {
   SetTimer(kTickInterval);
   mci_.MCICommand("play");
+  playRefused_ = mci_.Refused();
   ports_.panel.SetButton(PlayButton::kPause);
   ShowStatus(kPlaying, paths_.playingFilePath);
 }
@@ -92,6 +94,7 @@ bool MusicPlayer::StartChosen() {
   }
   ShowStatus(kLoading, paths_.playFilePath);
   mci_.MCICommand("open");
+  heard_ = false;
   paths_.playingFilePath = paths_.playFilePath;
   const std::optional<std::int32_t> length = mci_.Length();
   if (!length) return false;
@@ -118,6 +121,7 @@ void MusicPlayer::Recover() {
 }
 
 void MusicPlayer::cmdStop() {
+  if (interval_ == kFailureShown) return LeaveFailed();
   const MCIMode mode = mci_.Mode();
   if (mode != MCIMode::kPlaying && mode != MCIMode::kPaused) return;
   CloseMovie();
@@ -147,15 +151,23 @@ void MusicPlayer::StopBeforeStart() {
 // Messages are not let through in here: a dialog opened by one of them would hold the player up.
 void MusicPlayer::timMCIChecker() {
   if (interval_ == 0) return;
-  if (mci_.Mode() == MCIMode::kStopped && !sliderSeeking_ && FileEnded()) return;
+  if (interval_ == kFailureShown) return GoPastFailed();
+  const MCIMode mode = mci_.Mode();
+  if (mode == MCIMode::kPlaying) {
+    heard_ = true;
+    failedInARow_ = 0;
+  }
+  if (!sliderSeeking_) {
+    if (mode == MCIMode::kNone || (mode == MCIMode::kStopped && playRefused_)) return FileFailed();
+    if (mode == MCIMode::kStopped && FileEnded()) return;
+  }
   if (!sliderSeeking_) SetPosition(mci_.MCIPosition());
   ShowTime(mci_.MCIPosition());
 }
 
 bool MusicPlayer::FileEnded() {
   if (options_.player.repeat != 0) {
-    mci_.MCICommand("prev");
-    mci_.MCICommand("play");
+    Repeat();
     return true;
   }
   StopAndClose();
@@ -169,6 +181,45 @@ bool MusicPlayer::FileEnded() {
   ShowStatus(kStopped, paths_.playingFilePath);
   paths_.playingFilePath.clear();
   return false;
+}
+
+void MusicPlayer::Repeat() {
+  heard_ = false;
+  mci_.MCICommand("prev");
+  mci_.MCICommand("play");
+  playRefused_ = mci_.Refused();
+}
+
+// The device has nothing to play, or has given up.
+void MusicPlayer::FileFailed() {
+  if (heard_ && options_.player.repeat != 0) return Repeat();
+  StopAndClose();
+  CloseMovie();
+  ShowIdle();
+  ShowStatus(heard_ ? kCutShortText : kCannotPlayText, paths_.playingFilePath);
+  ++failedInARow_;
+  if (!MayGoPast()) return LeaveFailed();
+  SetTimer(kFailureShown);
+}
+
+// Not for ever where nothing can be played.
+bool MusicPlayer::MayGoPast() const {
+  if (options_.player.allPlay != 1 || options_.player.repeat != 0) return false;
+  int playable = 0;
+  for (int row = 1; row <= list_.Count(); ++row) playable += IsPlayableType(list_.Row(row).type) ? 1 : 0;
+  return failedInARow_ < playable;
+}
+
+void MusicPlayer::LeaveFailed() {
+  SetTimer(0);
+  failedInARow_ = 0;
+  paths_.playingFilePath.clear();
+}
+
+void MusicPlayer::GoPastFailed() {
+  SetTimer(0);
+  PlayNext();
+  if (interval_ == 0) LeaveFailed();  // the next row was opened with the shell, or nothing is left
 }
 
 // The player stays silent when the list has nothing to play, or a current row of another kind is opened instead.

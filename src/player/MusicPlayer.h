@@ -22,6 +22,7 @@ namespace quillon {
 /// | playing            | the file        | "playing" | 50    |
 /// | paused             | the file        | "paused"  | 0     |
 /// | stopped at a point | the file        | "stopped" | 0     |
+/// | failed, to go past | the file        | closed    | 1500  |
 class MusicPlayer final : public PlayerControl, public PlayTimes {
  public:
   struct Ports {
@@ -93,6 +94,11 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   void Recover();
   /// False when the tick goes on.
   [[nodiscard]] bool FileEnded();
+  void FileFailed();
+  void LeaveFailed();
+  void GoPastFailed();
+  [[nodiscard]] bool MayGoPast() const;
+  void Repeat();
   void PlayNext();
   [[nodiscard]] int NextPlayableRow() const;
   void CloseMovie();
@@ -117,6 +123,9 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   int interval_ = 0;
   bool sliderSeeking_ = false;
   bool movieShown_ = false;
+  bool playRefused_ = false;
+  bool heard_ = false;  // the open file has been seen playing
+  int failedInARow_ = 0;
 };
 
 /// Two times as lblTime shows them, "mm:ss / mm:ss": whole seconds, halves to even; minutes go on beyond 99.

@@ -57,11 +57,13 @@ basMCIControl::basMCIControl(CommandDevice& device, FileReads& files, const Play
     : device_(device), files_(files), paths_(paths) {}
 
 void basMCIControl::Send(const std::string& command) {
-  (void)device_.Send(command, 0);  // callers see by the mode what came of it
+  refused_ = device_.Send(command, 0).error != 0;  // most callers see by the mode what came of it
 }
 
 std::string basMCIControl::Ask(const std::string& command, int replySize) {
-  return device_.Send(command, replySize).text;
+  CommandReply reply = device_.Send(command, replySize);
+  refused_ = reply.error != 0;
+  return std::move(reply.text);
 }
 
 std::int16_t basMCIControl::MCICommand(std::string_view verb) {
@@ -88,6 +90,7 @@ MCIMode basMCIControl::Mode() {
   const std::string mode = MCIStatusMode();
   if (mode.starts_with("playing")) return MCIMode::kPlaying;
   if (mode.starts_with("paused")) return MCIMode::kPaused;
+  if (mode.starts_with(' ')) return MCIMode::kNone;
   return mode.starts_with("stopped") ? MCIMode::kStopped : MCIMode::kOther;
 }
 

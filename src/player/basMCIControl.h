@@ -19,7 +19,13 @@ struct PlayerPaths {
   std::string playingFilePath;  ///< open under the alias "MCI"; empty while nothing is
 };
 
-enum class MCIMode { kPlaying, kPaused, kStopped, kOther };
+enum class MCIMode {
+  kPlaying,
+  kPaused,
+  kStopped,
+  kOther,
+  kNone,  ///< nothing is open, or what is open has failed
+};
 
 /// What `MCICommand` returns.
 namespace mci_result {
@@ -41,6 +47,8 @@ class basMCIControl {
   /// The device's answer, filled up with blanks to 16 characters; blank while nothing is open.
   [[nodiscard]] std::string MCIStatusMode();
   [[nodiscard]] MCIMode Mode();
+  /// True when the device refused the last command.
+  [[nodiscard]] bool Refused() const { return refused_; }
 
   /// 0 while nothing is open.
   [[nodiscard]] std::int32_t MCIPosition();
@@ -70,6 +78,7 @@ class basMCIControl {
   CommandDevice& device_;
   FileReads& files_;
   const PlayerPaths& paths_;
+  bool refused_ = false;
 };
 
 /// The size in the answer of `Source`; nullopt when it is none.

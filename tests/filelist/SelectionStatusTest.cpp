@@ -31,7 +31,8 @@ TEST(SelectionStatus, PassesTheTextsOn) {
 }
 
 TEST(SelectionStatus, NamesTheRowWhereThePlayerHasNothingToSay) {
-  for (const std::string& text : Texts({"停止： x.mid", "プレイヤー待機中...", "選択： x.mid"})) {
+  for (const std::string& text : Texts({"停止： x.mid", "再生できません： x.mid", "途中までしか再生できません： x.mid",
+                                        "プレイヤー待機中...", "選択： x.mid"})) {
     Fixture f;
     f.status.SetPlayerText(text);
     f.status.ShowSelection("b.mid");

@@ -188,6 +188,20 @@ TEST_F(PlayerOfMainWindow, AClickOnTheSelectedRowBringsThePlayerBackToIt) {
   }
 }
 
+TEST_F(PlayerOfMainWindow, ContinuousPlayGoesPastABrokenFile) {
+  WriteWave("a.wav", 500);
+  folder.Write("b.wav", "This is no sound at all, whatever its name says.");
+  WriteWave("c.wav", 500);
+  OptionValues options = Options();
+  options.player.allPlay = 1;
+  OpenFolder(options);
+  DoubleClickRow(1);
+  EXPECT_TRUE(Shows("再生できません： b.wav")) << Status(kSelectionPanel);
+  EXPECT_EQ(PlayLabel(), "再生");
+  EXPECT_TRUE(Shows("再生中： c.wav")) << Status(kSelectionPanel);
+  EXPECT_TRUE(PositionPasses(200));
+}
+
 TEST_F(PlayerOfMainWindow, ThePlayingRowIsRenamed) {
   WriteWave("a.wav", 5000);
   OpenFolder();

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -135,20 +136,125 @@ TEST_F(MusicPlayerTest, AsksForAFileWhenNoneIsChosen) {
   EXPECT_EQ(device.TakeSent(), Texts());
 }
 
-TEST_F(MusicPlayerTest, AFileThatIsGoneShowsPlayingAndStaysSilent) {
-  ASSERT_FALSE(files.Remove("/m/a.mp3"));
-  Select(1);
-  player.cmdPlay();
-  EXPECT_EQ(Statuses().back(), "panel player: 再生中： a.mp3");
-  EXPECT_EQ(panel.length, 0);
-  EXPECT_EQ(panel.interval, 50);
-  Pass(200);
-  EXPECT_EQ(panel.interval, 50) << "the mode never reads stopped";
-  player.cmdStop();
-  EXPECT_EQ(panel.interval, 50) << "the stop button does nothing";
+// Files that cannot be played.
+
+TEST_F(MusicPlayerTest, SaysThatAFileCannotBePlayed) {
+  ASSERT_FALSE(files.Remove("/m/a.mp3"));  // it is gone
+  AddRow("/m/broken.mp3", "MP3", 0);       // the device does not open it
+  for (const int row : {1, 5}) {
+    Select(row);
+    player.cmdPlay();
+    const std::string name = row == 1 ? "a.mp3" : "broken.mp3";
+    EXPECT_EQ(Statuses().back(), "panel player: 再生中： " + name);
+    Pass(50);
+    EXPECT_EQ(Statuses().back(), "panel player: 再生できません： " + name);
+    EXPECT_EQ(panel.interval, 0);
+    EXPECT_EQ(panel.button, PlayButton::kPlay);
+    EXPECT_EQ(panel.time, "00:00 / 00:00");
+    EXPECT_EQ(player.Paths().playingFilePath, "");
+    EXPECT_THAT(ports.boxes.Shown(), testing::IsEmpty());
+  }
   Select(3);
   player.cmdPlay();
   EXPECT_EQ(device.OpenFile("mci"), "/m/b.mid") << "another file starts";
+}
+
+TEST_F(MusicPlayerTest, SaysThatAFileCannotBePlayedWhenTheDeviceOpensItAndRefusesToPlay) {
+  for (const bool repeat : {false, true}) {
+    options.player.repeat = repeat ? 1 : 0;
+    device.refused = "play mci";
+    Select(1);
+    player.cmdPlay();
+    Pass(200);
+    EXPECT_EQ(Statuses().back(), "panel player: 再生できません： a.mp3");
+    EXPECT_EQ(panel.interval, 0);
+    EXPECT_EQ(device.OpenFile("mci"), "");
+    device.refused.clear();
+    player.cmdPlay();
+    Pass(1000);
+    EXPECT_EQ(panel.position, 1000) << "another try";
+    player.cmdStop();
+  }
+}
+
+TEST_F(MusicPlayerTest, SaysThatAFileFailedWhileItPlayed) {
+  Start(4);
+  Pass(1000);
+  device.refused = "status mci mode";
+  Pass(50);
+  EXPECT_EQ(Statuses().back(), "panel player: 途中までしか再生できません： clip.avi");
+  EXPECT_EQ(panel.interval, 0);
+  EXPECT_FALSE(movie.open);
+}
+
+TEST_F(MusicPlayerTest, RepeatsAFileThatFailedWhileItPlayed) {
+  options.player.repeat = 1;
+  Start(1);
+  Pass(1000);
+  device.refused = "status mci mode";
+  player.timMCIChecker();
+  EXPECT_EQ(device.TakeSent().back(), "Play MCI");
+  player.timMCIChecker();
+  EXPECT_EQ(Statuses().back(), "panel player: 再生できません： a.mp3") << "but not for ever";
+  EXPECT_EQ(panel.interval, 0);
+}
+
+TEST_F(MusicPlayerTest, ContinuousPlayGoesPastFilesThatCannotBePlayed) {
+  options.player.allPlay = 1;
+  ASSERT_FALSE(files.Remove("/m/b.mid"));
+  Start(1);
+  Pass(4000);
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： b.mid");
+  Pass(50);
+  EXPECT_EQ(Statuses().back(), "panel player: 再生できません： b.mid");
+  EXPECT_EQ(panel.interval, 1500) << "long enough to be read";
+  EXPECT_EQ(panel.button, PlayButton::kPlay);
+  player.timMCIChecker();
+  EXPECT_EQ(device.OpenFile("mci"), "/m/clip.avi");
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： clip.avi");
+  EXPECT_EQ(panel.interval, 50);
+  Pass(1000);
+  EXPECT_EQ(panel.position, 1000);
+}
+
+TEST_F(MusicPlayerTest, ContinuousPlayEndsAfterARoundOfFilesThatCannotBePlayed) {
+  options.player.allPlay = 1;
+  for (int again = 0; again < 2; ++again) {
+    device.refused = "play mci";
+    Select(3);
+    player.cmdPlay();
+    ports.log.Clear();
+    for (int ticks = 0; ticks < 100 && panel.interval != 0; ++ticks) player.timMCIChecker();
+    EXPECT_EQ(panel.interval, 0);
+    EXPECT_EQ(player.Paths().playingFilePath, "");
+    EXPECT_EQ(ports.log.StartingWith("panel player: 再生できません"),
+              Texts({"panel player: 再生できません： b.mid", "panel player: 再生できません： clip.avi",
+                     "panel player: 再生できません： a.mp3"}));
+  }
+}
+
+TEST_F(MusicPlayerTest, StopOrAnotherFileEndsTheWayPastAFileThatCannotBePlayed) {
+  options.player.allPlay = 1;
+  ASSERT_FALSE(files.Remove("/m/b.mid"));
+  Select(3);
+  player.cmdPlay();
+  Pass(50);
+  EXPECT_EQ(panel.interval, 1500);
+  player.cmdStop();
+  EXPECT_EQ(panel.interval, 0);
+  EXPECT_EQ(player.Paths().playingFilePath, "");
+  player.cmdPlay();
+  Pass(50);
+  player.Play("/m/a.mp3");
+  EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3");
+  EXPECT_EQ(panel.interval, 50);
+  player.cmdStop();
+  Select(3);
+  player.cmdPlay();
+  Pass(50);
+  player.FileRemoved("/m/b.mid");
+  EXPECT_EQ(Statuses().back(), kIdle);
+  EXPECT_EQ(panel.interval, 0);
 }
 
 // Recovery.

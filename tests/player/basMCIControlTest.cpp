@@ -89,7 +89,7 @@ TEST(MCIStatusMode, FillsTheAnswerUpToSixteenCharacters) {
 TEST(Mode, LooksAtTheStartOfTheAnswerOnly) {
   const std::vector<std::pair<std::string, MCIMode>> cases = {
       {"playing", MCIMode::kPlaying},    {"playing fast", MCIMode::kPlaying}, {"paused", MCIMode::kPaused},
-      {"paused here", MCIMode::kPaused}, {"stopped", MCIMode::kStopped},      {"", MCIMode::kOther},
+      {"paused here", MCIMode::kPaused}, {"stopped", MCIMode::kStopped},      {"", MCIMode::kNone},
       {"not ready", MCIMode::kOther},    {"seeking", MCIMode::kOther},        {"pause", MCIMode::kOther},
       {"Playing", MCIMode::kOther},
   };

@@ -22,6 +22,7 @@ void FakeDevice::Pass(std::int32_t milliseconds) {
 CommandReply FakeDevice::Send(const std::string& command, int /*replySize*/) {
   sent.push_back(command);
   const std::string lower = ToLower(command);
+  if (lower == refused) return {command_error::kNotReady};
   if (const auto found = scripted.find(lower); found != scripted.end()) return {0, found->second};
   if (lower.starts_with("open ")) return Open(command);
   if (lower == "close all") {

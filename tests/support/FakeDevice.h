@@ -29,6 +29,8 @@ class FakeDevice final : public CommandDevice {
   std::vector<std::string> sent;
   /// Replies that take the place of the device's own, by command in lower case.
   std::map<std::string, std::string, std::less<>> scripted;
+  /// A command in lower case that fails; empty for none.
+  std::string refused;
 
  private:
   struct File {

@@ -28,9 +28,14 @@ std::string ModeText(Medium::Mode mode) {
   return "not ready";
 }
 
+CommandReply Mode(const Medium& medium) {
+  if (medium.Failed()) return {command_error::kNotReady};
+  return {0, ModeText(medium.CurrentMode())};
+}
+
 CommandReply Status(Medium& medium, StatusItem item) {
   switch (item) {
-    case StatusItem::kMode: return {0, ModeText(medium.CurrentMode())};
+    case StatusItem::kMode: return Mode(medium);
     case StatusItem::kPosition: return {0, std::to_string(medium.Position())};
     case StatusItem::kLength: return {0, std::to_string(medium.Length())};
     case StatusItem::kReady: return {0, "true"};

@@ -61,6 +61,7 @@ void Medium::On(Pipeline::Event event) {
       position_ = Position();
       mode_ = Mode::kStopped;
       connected_ = false;
+      failed_ = true;
       return;
   }
   position_ = Position();
@@ -84,6 +85,7 @@ bool Medium::Connect() {
                        shows ? MakePictureSink(window_->Handle()) : MakeSilentSink());
     const Pipeline::Event event = pipeline_.Prepare(deadline.Left());
     connected_ = event == Pipeline::Event::kNone;
+    failed_ = !connected_;
     if (connected_) break;
     if (event == Pipeline::Event::kSoundLost && sounds) {
       soundLost_ = true;
@@ -129,6 +131,7 @@ int Medium::Resume() {
 }
 
 int Medium::Stop() {
+  failed_ = false;
   if (mode_ == Mode::kStopped) return 0;
   pipeline_.Hold();
   position_ = Position();
@@ -142,6 +145,7 @@ int Medium::Seek(std::int32_t milliseconds) {
   mode_ = Mode::kStopped;
   position_ = milliseconds;
   nothingLeft_ = false;
+  failed_ = false;
   if (connected_) ShowStill();
   Update();
   return 0;

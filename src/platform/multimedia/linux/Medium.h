@@ -45,6 +45,8 @@ class Medium {
   int Put(const std::optional<PictureRectangle>& rectangle);
 
   [[nodiscard]] Mode CurrentMode() const { return mode_; }
+  /// True when it stopped because it could not be played on from there. Another try, or another place, is a new start.
+  [[nodiscard]] bool Failed() const { return failed_; }
   /// 0 when it is not known: some streams do not tell before they have been played to their end.
   [[nodiscard]] int Length() const { return length_.value_or(0); }
   [[nodiscard]] int Position();
@@ -71,6 +73,7 @@ class Medium {
   bool hasSound_ = false;
   bool connected_ = false;    // the pipeline stands ready with its real sinks
   bool nothingLeft_ = false;  // stopped so near the end that nothing can be played
+  bool failed_ = false;
   bool soundLost_ = false;
   bool pictureLost_ = false;
   int start_ = 0;  // the pipeline's position at the file's beginning
