@@ -42,6 +42,7 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
 
 void Application::Start() {
   ports_.main.SetAlwaysOnTop(options_.system.front);
+  SetRepeat(options_.player.repeat != 0);
   status_.SetModeText(ApplyModeText(mode_));
   status_.SetPlayerText(kPlayerIdleText);
   Reset();
@@ -141,6 +142,9 @@ void Application::RunRowCommand(Command command) {
 void Application::RunViewCommand(Command command) {
   switch (command) {
     case Command::mnuPlay: player_.mnuPlay(); break;
+    case Command::mnuPause: player_.PauseOrGoOn(); break;
+    case Command::mnuStop: player_.cmdStop(); break;
+    case Command::mnuRepeat: SetRepeat(options_.player.repeat == 0); break;
     case Command::mnuFront: ToggleFront(); break;
     case Command::mnuApplyMode: SwitchMode(); break;
     case Command::mnuDirShow: ports_.main.ShowFolderList(); break;
@@ -168,6 +172,11 @@ void Application::ModifyRows(bool allItems) {
 void Application::ToggleFront() {
   options_.system.front = !options_.system.front;
   ports_.main.SetAlwaysOnTop(options_.system.front);
+}
+
+void Application::SetRepeat(bool repeat) {
+  options_.player.repeat = repeat ? 1 : 0;
+  ports_.main.SetRepeat(repeat);
 }
 
 void Application::ShowHelp() {

@@ -45,6 +45,8 @@ class MainWindow {
   /// Stays open beside the main window.
   virtual void ShowFolderList() = 0;
   virtual void SetAlwaysOnTop(bool front) = 0;
+  /// The mark of mnuRepeat, and chkRepeat.
+  virtual void SetRepeat(bool repeat) = 0;
   /// No command is taken while another one runs.
   virtual void SetAnswering(bool answering) = 0;
   /// Asks the window to close, as its own close button does.
@@ -124,6 +126,7 @@ class Application : private FilePanel {
   void SelectionChanged();
   void RowActivated(int index);
   void HeaderClicked(Column column);
+  void SetRepeat(bool repeat);
   void LabelEdited(int index, const std::string& name);
 
   // Events of the rename box.

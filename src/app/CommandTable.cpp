@@ -31,6 +31,9 @@ constexpr std::array kEntries = {
     CommandEntry{mnuTurnChk, "チェックを反転する(&I)", "Ctrl+I", Needs::kRows},
     CommandEntry{mnuUnChkListRem, "チェックのないアイテムをリストから削除(&D)", "", Needs::kRows},
     CommandEntry{mnuPlay, "再生(&P)", "", Needs::kSelectedRow},
+    CommandEntry{mnuPause, "一時停止(&U)", "F7"},
+    CommandEntry{mnuStop, "停止(&S)", "F8"},
+    CommandEntry{mnuRepeat, "リピート(&R)", "F9"},
     CommandEntry{mnuFront, "常に手前に表示(&F)", ""},
     CommandEntry{mnuApplyMode, "適応モードの切り替え(&M)", ""},
     CommandEntry{mnuDirShow, "フォルダ一覧(&D)", "Ctrl+D"},
@@ -57,7 +60,7 @@ constexpr std::array kFileMenu = {
 constexpr std::array kEditMenu = {mnuRename, mnuAllRename, kSeparator, mnuModify,  mnuAllModify,   kSeparator,
                                   mnuUndo,   mnuAllUndo,   kSeparator, mnuMove,    mnuAllMove,     kSeparator,
                                   mnuAllChk, mnuChkRem,    mnuTurnChk, kSeparator, mnuUnChkListRem};
-constexpr std::array kPlayMenu = {mnuPlay};
+constexpr std::array kPlayMenu = {mnuPlay, mnuPause, mnuStop, kSeparator, mnuRepeat};
 constexpr std::array kViewMenu = {mnuFront, mnuApplyMode, kSeparator, mnuSortRenameName, kSeparator, mnuDirShow};
 constexpr std::array kHelpMenu = {mnuShowHelp, kSeparator, mnuVarInfo};
 constexpr std::array kSortMenu = {mnuSortRenameName, mnuSortTitle, mnuSortArtist,
@@ -109,6 +112,10 @@ bool IsEnabled(Command command, const CommandState& state) {
     case Needs::kSelectedRow: return state.selected;
   }
   return false;
+}
+
+bool IsSwitch(Command command) {
+  return command == mnuFront || command == mnuRepeat;
 }
 
 std::span<const MenuEntries> MenuBarEntries() {

@@ -35,6 +35,9 @@ enum class Command {
   mnuTurnChk,
   mnuUnChkListRem,
   mnuPlay,
+  mnuPause,
+  mnuStop,
+  mnuRepeat,
   mnuFront,
   mnuApplyMode,
   mnuDirShow,
@@ -80,6 +83,8 @@ struct CommandState {
 /// The caption without its access key and dots.
 [[nodiscard]] std::string PlainCaption(Command command);
 [[nodiscard]] bool IsEnabled(Command command, const CommandState& state);
+/// True for a command whose menu item carries a mark while it is on.
+[[nodiscard]] bool IsSwitch(Command command);
 
 struct MenuEntries {
   const char* caption;

@@ -218,9 +218,6 @@ void frmMain::ApplySettings() {
     const int width = FirstWidth(column, window.columnWidths.at(static_cast<std::size_t>(i)));
     lvwFiles_->SetColumnWidth(column, std::clamp(width, FromDIP(kNarrowestColumn), FromDIP(kWidestColumn)));
   }
-  std::int16_t& repeat = app_->Options().player.repeat;
-  repeat = repeat != 0 ? 1 : 0;
-  controls_.chkRepeat->SetValue(repeat == 1);
 }
 
 // Where the settings have it, or in the middle of the screen.
@@ -348,6 +345,11 @@ void frmMain::SetAlwaysOnTop(bool front) {
   SetOnTop(*this, front);
   if (frmDirShow_) SetOnTop(*frmDirShow_, front);
   GetMenuBar()->Check(IdOf(Command::mnuFront), front);
+}
+
+void frmMain::SetRepeat(bool repeat) {
+  controls_.chkRepeat->SetValue(repeat);
+  GetMenuBar()->Check(IdOf(Command::mnuRepeat), repeat);
 }
 
 void frmMain::SetAnswering(bool answering) {

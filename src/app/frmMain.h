@@ -72,6 +72,7 @@ class frmMain final : public wxFrame,
   void ShowVersionDialog() override;
   void ShowFolderList() override;
   void SetAlwaysOnTop(bool front) override;
+  void SetRepeat(bool repeat) override;
   void SetAnswering(bool answering) override;
   void Quit() override;
   void EndAtOnce() override;

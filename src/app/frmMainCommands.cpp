@@ -40,7 +40,7 @@ void AppendCommand(wxMenu& menu, Command command) {
     menu.AppendSeparator();
     return;
   }
-  const wxItemKind kind = command == Command::mnuFront ? wxITEM_CHECK : wxITEM_NORMAL;
+  const wxItemKind kind = IsSwitch(command) ? wxITEM_CHECK : wxITEM_NORMAL;
   menu.Append(frmMain::IdOf(command), MenuText(EntryOf(command)), "", kind);
 }
 
@@ -187,8 +187,7 @@ void frmMain::BindRenameBox() {
 void frmMain::BindPlayer() {
   controls_.cmdPlay->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { app_->Player().cmdPlay(); });
   controls_.cmdStop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { app_->Player().cmdStop(); });
-  controls_.chkRepeat->Bind(
-      wxEVT_TOGGLEBUTTON, [this](wxCommandEvent& event) { app_->Options().player.repeat = event.IsChecked() ? 1 : 0; });
+  controls_.chkRepeat->Bind(wxEVT_TOGGLEBUTTON, [this](wxCommandEvent& event) { app_->SetRepeat(event.IsChecked()); });
 }
 
 BarHeights frmMain::Bars() const {
@@ -214,8 +213,9 @@ void frmMain::Run(Command command) {
 }
 
 void frmMain::RunNow(Command command) {
-  if (command == Command::mnuFront)
-    SetAlwaysOnTop(app_->Options().system.front);  // the menu has turned its mark already
+  // The menu has turned its mark already.
+  if (command == Command::mnuFront) SetAlwaysOnTop(app_->Options().system.front);
+  if (command == Command::mnuRepeat) SetRepeat(app_->Options().player.repeat != 0);
   const RunningCommand running(PlainCaption(command));
   app_->Execute(command);
   UpdateCommands();

@@ -10,6 +10,7 @@
 #include "controls/TextBox.h"
 #include "controls/Twips.h"
 #include "controls/WxText.h"
+#include "player/frmMoviePlayer.h"
 
 namespace quillon {
 namespace {
@@ -175,10 +176,7 @@ void MakeMusicPlayer(frmMainControls& controls, PositionSlider::Handlers slider)
 }
 
 void SetButtonPictures(const frmMainControls& controls, PlayButton play) {
-  controls.cmdPlay->SetBitmap(ButtonPicture(play == PlayButton::kPlay ? "play" : "pause"));
-  const wxString label = ToWx(play == PlayButton::kPlay ? "再生" : "一時停止");
-  controls.cmdPlay->SetLabel(label);
-  controls.cmdPlay->SetToolTip(label);
+  ShowPlayButton(*controls.cmdPlay, play);
   controls.cmdStop->SetBitmap(ButtonPicture("stop"));
   controls.chkRepeat->SetBitmap(ButtonPicture("repeat"));
 }

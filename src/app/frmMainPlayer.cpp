@@ -52,6 +52,10 @@ void FloatingMovie::Close() {
   window_ = nullptr;
 }
 
+void FloatingMovie::SetButton(PlayButton button) {
+  if (window_ != nullptr) window_->SetButton(button);
+}
+
 void FloatingMovie::SetPosition(std::int32_t position) {
   if (window_ != nullptr) window_->SetPosition(position);
 }

@@ -52,6 +52,7 @@ class FloatingMovie final : public MovieWindow {
 
   [[nodiscard]] bool Show() override;
   void Close() override;
+  void SetButton(PlayButton button) override;
   void SetPosition(std::int32_t position) override;
   void SetTime(const std::string& text) override;
 

@@ -10,7 +10,7 @@ namespace {
 constexpr std::int32_t kPlayerBelowPicture = 15;
 constexpr std::int32_t kPlayerNarrower = 160;
 constexpr std::int32_t kSliderNarrower = 1100;
-constexpr std::int32_t kSmallestSlider = 900;
+constexpr std::int32_t kSmallestSlider = 600;
 
 // Sums with other measures stay within 32 bits whatever a file says.
 std::int32_t Scaled(std::int32_t size, double factor) {
@@ -19,7 +19,7 @@ std::int32_t Scaled(std::int32_t size, double factor) {
 }
 
 std::int32_t SliderNarrower(const MovieSurround& surround) {
-  return std::max(kSliderNarrower, surround.timeWidth);
+  return std::max(kSliderNarrower, surround.besideSlider);
 }
 
 bool Is16Bit(std::int64_t number) {
@@ -55,6 +55,27 @@ TwipsSize OpeningWindowSize(TwipsSize natural, TwipsSize allowance, TwipsSize sm
   const double least = std::max({1.0, widthFactor(smallest), heightFactor(smallest)});
   const double factor = std::max(std::min({least, widthFactor(screen), heightFactor(screen)}), 0.0);
   return {Scaled(natural.width, factor) + allowance.width, Scaled(natural.height, factor) + allowance.height};
+}
+
+PixelRect OnScreen(PixelRect window, const PixelRect& screen) {
+  window.x = std::max(std::min(window.x, screen.x + screen.width - window.width), screen.x);
+  window.y = std::max(std::min(window.y, screen.y + screen.height - window.height), screen.y);
+  return window;
+}
+
+PixelRect OpeningPlace(const PixelRect& owner, PictureSize window, const PixelRect& screen) {
+  PixelRect place = {owner.x + (owner.width - window.width) / 2, owner.y + (owner.height - window.height) / 2,
+                     window.width, window.height};
+  if (owner.x + owner.width + window.width <= screen.x + screen.width) {
+    place = {owner.x + owner.width, owner.y, window.width, window.height};
+  } else if (owner.x - window.width >= screen.x) {
+    place = {owner.x - window.width, owner.y, window.width, window.height};
+  } else if (owner.y + owner.height + window.height <= screen.y + screen.height) {
+    place.y = owner.y + owner.height;
+  } else if (owner.y - window.height >= screen.y) {
+    place.y = owner.y - window.height;
+  }
+  return OnScreen(place, screen);
 }
 
 MovieLayout LayOutMovie(TwipsSize window, const MovieSurround& surround) {

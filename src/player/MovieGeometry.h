@@ -23,7 +23,7 @@ inline constexpr std::int32_t kSmallestMovieHeight = 1950;
 struct MovieSurround {
   TwipsSize system;               ///< how much larger the window is than its inner area
   std::int32_t playerHeight = 0;  ///< the least that fraPlayer needs
-  std::int32_t timeWidth = 0;     ///< what lblTime needs, with its gaps
+  std::int32_t besideSlider = 0;  ///< what cmdPlay and lblTime need, with their gaps
 };
 
 /// How much larger the window is than the picture: the allowances, or more where the system takes more.
@@ -38,6 +38,23 @@ struct MovieSurround {
 /// The window in which a picture is shown first: in its natural size, larger when the window may not be so small, at
 /// most as large as fits into the screen. The picture keeps its shape.
 [[nodiscard]] TwipsSize OpeningWindowSize(TwipsSize natural, TwipsSize allowance, TwipsSize smallest, TwipsSize screen);
+
+/// A place on the screen, in pixels.
+struct PixelRect {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+
+  bool operator==(const PixelRect&) const = default;
+};
+
+/// The window moved onto the screen, as far as it fits there.
+[[nodiscard]] PixelRect OnScreen(PixelRect window, const PixelRect& screen);
+
+/// Where the window opens: beside its owner where the screen has room, at the right, at the left, below or above; else
+/// over the owner's middle. Always on the screen.
+[[nodiscard]] PixelRect OpeningPlace(const PixelRect& owner, PictureSize window, const PixelRect& screen);
 
 /// Where the controls stand in the inner area. The slider's width is part of fraPlayer's.
 struct MovieLayout {

@@ -73,7 +73,7 @@ bool MusicPlayer::ChangeState() {
 
 void MusicPlayer::Pause() {
   mci_.MCICommand("pause");
-  ports_.panel.SetButton(PlayButton::kPlay);
+  SetButton(PlayButton::kPlay);
   SetTimer(0);
   ShowStatus(kPaused, paths_.playingFilePath);
 }
@@ -82,7 +82,7 @@ void MusicPlayer::Resume() {
   SetTimer(kTickInterval);
   mci_.MCICommand("play");
   playRefused_ = mci_.Refused();
-  ports_.panel.SetButton(PlayButton::kPause);
+  SetButton(PlayButton::kPause);
   ShowStatus(kPlaying, paths_.playingFilePath);
 }
 
@@ -177,7 +177,7 @@ bool MusicPlayer::FileEnded() {
     PlayNext();
     if (interval_ != 0 || paths_.playingFilePath.empty()) return true;  // it plays, or has recovered
   }
-  ports_.panel.SetButton(PlayButton::kPlay);
+  SetButton(PlayButton::kPlay);
   ShowStatus(kStopped, paths_.playingFilePath);
   paths_.playingFilePath.clear();
   return false;
@@ -259,7 +259,7 @@ std::string MusicPlayer::SliderTip(std::int32_t value) {
   return MinutesAndSeconds(value);
 }
 
-void MusicPlayer::MoviePlay() {
+void MusicPlayer::PauseOrGoOn() {
   switch (mci_.Mode()) {
     case MCIMode::kPlaying: Pause(); break;
     case MCIMode::kPaused:
@@ -331,13 +331,18 @@ void MusicPlayer::StopAndClose() {
 
 void MusicPlayer::ShowIdle() {
   SetTimer(0);
-  ports_.panel.SetButton(PlayButton::kPlay);
+  SetButton(PlayButton::kPlay);
   SetPosition(0);
   SetTime(kIdleTime);
 }
 
 void MusicPlayer::ShowTime(std::int32_t position) {
   SetTime(TimeText(position, length_));
+}
+
+void MusicPlayer::SetButton(PlayButton button) {
+  ports_.panel.SetButton(button);
+  if (movieShown_) ports_.movie.SetButton(button);
 }
 
 void MusicPlayer::SetTimer(int interval) {

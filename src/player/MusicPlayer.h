@@ -45,6 +45,8 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   // Events of the controls.
   void cmdPlay();
   void cmdStop();
+  /// Does nothing while no file is open.
+  void PauseOrGoOn();
   /// Plays the chosen file from its beginning.
   void mnuPlay();
   /// The same for this file, whichever row is the current one.
@@ -61,8 +63,6 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   // The movie window.
   [[nodiscard]] basMCIControl& Device() { return mci_; }
   [[nodiscard]] bool IsPlaying() { return mci_.Mode() == MCIMode::kPlaying; }
-  /// The pop-up menu's own mnuPlay: pauses, or goes on.
-  void MoviePlay();
   /// The user has closed it.
   void MovieClosed();
   [[nodiscard]] std::int32_t Length() const { return length_; }
@@ -106,6 +106,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   void StopAndClose();
   void ShowIdle();
   void ShowTime(std::int32_t position);
+  void SetButton(PlayButton button);
   void SetTimer(int interval);
   void SetPosition(std::int32_t position);
   void SetTime(std::string text);

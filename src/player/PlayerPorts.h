@@ -33,7 +33,8 @@ class MovieWindow {
   [[nodiscard]] virtual bool Show() = 0;
   /// Takes it from the screen, without a word to the player.
   virtual void Close() = 0;
-  /// Its slider and label follow the main window's.
+  /// Its button, slider and label follow the main window's.
+  virtual void SetButton(PlayButton button) = 0;
   virtual void SetPosition(std::int32_t position) = 0;
   virtual void SetTime(const std::string& text) = 0;
 };

@@ -1,13 +1,16 @@
 #include "player/frmMoviePlayer.h"
 
 #include <wx/app.h>
+#include <wx/bmpbuttn.h>
 #include <wx/dcclient.h>
 #include <wx/display.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
+#include <wx/settings.h>
 #include <wx/stattext.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "controls/Pictures.h"
@@ -21,10 +24,20 @@
 namespace quillon {
 namespace {
 
-constexpr std::int32_t kGap = 60;  // twips
-constexpr int kUnit = 1000;        // pixels: so many twips are hardly rounded
+constexpr std::int32_t kGap = 60;          // twips
+constexpr std::int32_t kButtonSize = 345;  // twips, as in the main window
+constexpr int kPlayPicture = 16;           // DIP
+constexpr int kUnit = 1000;                // pixels: so many twips are hardly rounded
 
 enum MenuId : int { mnu1X = wxID_HIGHEST + 1, mnu2X, mnu4X, mnuPlay, mnuStop };
+
+struct ScreenSize {
+  MenuId id;
+  int factor;
+  const char* caption;
+};
+constexpr std::array<ScreenSize, 3> kScreenSizes = {
+    {{mnu1X, 1, "等倍(&1)"}, {mnu2X, 2, "2 倍(&2)"}, {mnu4X, 4, "4 倍(&4)"}}};
 
 /// Black where the device's own window does not stand: that is left out of what is painted.
 wxWindow* MakePictureBox(wxWindow* parent) {
@@ -51,7 +64,23 @@ wxSize SizeInPixels(const wxWindow& window, TwipsSize size) {
   return {ToPixels(window, size.width), ToPixels(window, size.height)};
 }
 
+PixelRect ToPixelRect(const wxRect& rect) {
+  return {rect.x, rect.y, rect.width, rect.height};
+}
+
+wxPoint ToPoint(const PixelRect& place) {
+  return {place.x, place.y};
+}
+
 }  // namespace
+
+void ShowPlayButton(wxBitmapButton& cmdPlay, PlayButton button) {
+  const bool plays = button == PlayButton::kPlay;
+  cmdPlay.SetBitmap(Picture(plays ? "play" : "pause", kPlayPicture, wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT)));
+  const wxString label = ToWx(plays ? "再生" : "一時停止");
+  cmdPlay.SetLabel(label);  // what a screen reader says
+  cmdPlay.SetToolTip(label);
+}
 
 frmMoviePlayer::frmMoviePlayer(const Surroundings& surroundings)
     : wxFrame(&surroundings.owner, wxID_ANY, wxTheApp->GetAppDisplayName(), wxDefaultPosition, wxDefaultSize,
@@ -72,6 +101,9 @@ void frmMoviePlayer::MakeControls() {
   fraPlayer_ = new wxPanel(panel_);
   fraPlayer_->SetName("fraPlayer");
   MusicPlayer& player = surroundings_.player;
+  cmdPlay_ = new wxBitmapButton(fraPlayer_, wxID_ANY, wxBitmapBundle());
+  cmdPlay_->SetName("cmdMoviePlay");
+  SetButton(PlayButton::kPlay);
   sldPosition_ = new PositionSlider(fraPlayer_, {[&player] { player.SliderPressed(); },
                                                  [&player](std::int32_t value) { player.SliderReleased(value); },
                                                  [](std::int32_t value) { return MusicPlayer::SliderTip(value); }});
@@ -83,9 +115,7 @@ void frmMoviePlayer::MakeControls() {
 
 void frmMoviePlayer::MakeMenus() {
   auto* const mnuScreen = new wxMenu;
-  mnuScreen->Append(mnu1X, ToWx("等倍(&1)"));
-  mnuScreen->Append(mnu2X, ToWx("2 倍(&2)"));
-  mnuScreen->Append(mnu4X, ToWx("4 倍(&4)"));
+  for (const ScreenSize& size : kScreenSizes) mnuScreen->AppendCheckItem(size.id, ToWx(size.caption));
   auto* const bar = new wxMenuBar;
   bar->Append(mnuScreen, ToWx("画面サイズ(&S)"));
   SetMenuBar(bar);
@@ -96,11 +126,20 @@ void frmMoviePlayer::BindEvents() {
     Bind(
         wxEVT_MENU, [act](wxCommandEvent&) { act(); }, id);
   };
-  onMenu(mnu1X, [this] { SetFactor(1); });
-  onMenu(mnu2X, [this] { SetFactor(2); });
-  onMenu(mnu4X, [this] { SetFactor(4); });
-  onMenu(mnuPlay, [this] { surroundings_.player.MoviePlay(); });
+  for (const ScreenSize& size : kScreenSizes) {
+    onMenu(size.id, [this, factor = size.factor] { SetFactor(factor); });
+  }
+  onMenu(mnuPlay, [this] { surroundings_.player.PauseOrGoOn(); });
   onMenu(mnuStop, [this] { Close(); });
+  cmdPlay_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { surroundings_.player.PauseOrGoOn(); });
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    SetButton(button_);
+    event.Skip();
+  });
+  Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+    ShowSizes();  // the window may be on another screen now
+    event.Skip();
+  });
   Bind(wxEVT_CHAR_HOOK, &frmMoviePlayer::OnCharHook, this);
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { OnClose(); });
   picMovie_->Bind(wxEVT_RIGHT_DOWN, [this](wxMouseEvent&) { ShowPlayMenu(); });
@@ -133,6 +172,12 @@ void frmMoviePlayer::ShowTitle() {
   SetTitle(ToWx(name) + " - " + wxTheApp->GetAppDisplayName());
 }
 
+void frmMoviePlayer::SetButton(PlayButton button) {
+  button_ = button;
+  ShowPlayButton(*cmdPlay_, button);
+  SetAccessibleName(cmdPlay_->GetHandle(), FromWx(cmdPlay_->GetLabel()));
+}
+
 void frmMoviePlayer::SetPosition(std::int32_t position) {
   sldPosition_->SetPosition(position);
 }
@@ -151,7 +196,7 @@ void frmMoviePlayer::SetTime(const std::string& text) {
 void frmMoviePlayer::OnCharHook(wxKeyEvent& event) {
   switch (event.GetKeyCode()) {
     case WXK_ESCAPE: Close(); break;
-    case WXK_SPACE: surroundings_.player.MoviePlay(); break;
+    case WXK_SPACE: surroundings_.player.PauseOrGoOn(); break;
     default: event.Skip();
   }
 }
@@ -186,10 +231,13 @@ void frmMoviePlayer::LayOut() {
   picMovie_->SetSize(pixels(layout.pictureLeft), 0, pixels(layout.picture.width), pixels(layout.picture.height));
   const wxSize player = SizeInPixels(*this, layout.player);
   fraPlayer_->SetSize(pixels(layout.playerLeft), pixels(layout.playerTop), player.x, player.y);
+  const int button = pixels(kButtonSize);
+  cmdPlay_->SetSize(0, (player.y - button) / 2, button, button);
   const int slider = sldPosition_->GetBestSize().y;
-  sldPosition_->SetSize(0, (player.y - slider) / 2, pixels(layout.sliderWidth), slider);
+  sldPosition_->SetSize(button, (player.y - slider) / 2, pixels(layout.sliderWidth), slider);
   const wxSize time = lblTime_->GetBestSize();
   lblTime_->SetSize(player.x - time.x, (player.y - time.y) / 2, time.x, time.y);
+  ShowSizes();
 }
 
 void frmMoviePlayer::SendDestination() {
@@ -209,9 +257,28 @@ void frmMoviePlayer::ShowPlayMenu() {
   if (left_) Destroy();
 }
 
+// nullopt for a size that is too large to be a size.
+std::optional<wxSize> frmMoviePlayer::SizeOf(int factor) const {
+  const std::optional<TwipsSize> size = MovieWindowSize(natural_, factor, AllowanceOf(Surround()));
+  if (!size) return std::nullopt;
+  return SizeInPixels(*this, *size);
+}
+
+// The size that the window has carries a mark; what the screen has no room for cannot be chosen.
+void frmMoviePlayer::ShowSizes() {
+  const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
+  for (const ScreenSize& entry : kScreenSizes) {
+    const std::optional<wxSize> size = SizeOf(entry.factor);
+    const bool present = size && !IsMaximized() && *size == GetSize();
+    GetMenuBar()->Check(entry.id, present);
+    GetMenuBar()->Enable(entry.id, present || !size || (size->x <= screen.x && size->y <= screen.y));
+  }
+}
+
 void frmMoviePlayer::SetFactor(int factor) {
   const std::optional<TwipsSize> size = MovieWindowSize(natural_, factor, AllowanceOf(Surround()));
   if (!size) {
+    ShowSizes();  // the menu has turned its mark already
     surroundings_.boxes.Show(
         {"画面サイズ", "映像が大きすぎるため、このサイズでは表示できません", MessageIcon::kExclamation});
     return;
@@ -219,6 +286,7 @@ void frmMoviePlayer::SetFactor(int factor) {
   openedWithin_.reset();
   if (IsMaximized()) Maximize(false);
   SetWindowSize(*size);
+  Move(ToPoint(OnScreen(ToPixelRect(GetRect()), ToPixelRect(wxDisplay(this).GetClientArea()))));
 }
 
 void frmMoviePlayer::SetWindowSize(TwipsSize size) {
@@ -233,13 +301,8 @@ void frmMoviePlayer::SetOpeningSize() {
   const MovieSurround surround = Surround();
   SetWindowSize(OpeningWindowSize(natural_, AllowanceOf(surround), SmallestMovieWindow(surround),
                                   SizeInTwips(*this, screen.GetSize())));
-  CentreOnParent();
-  const wxRect place = GetRect();
-  const auto within = [](int start, int size, int least, int most) {
-    return std::max(std::min(start, most - size), least);
-  };
-  Move(within(place.x, place.width, screen.x, screen.x + screen.width),
-       within(place.y, place.height, screen.y, screen.y + screen.height));
+  Move(ToPoint(
+      OpeningPlace(ToPixelRect(surroundings_.owner.GetRect()), {GetSize().x, GetSize().y}, ToPixelRect(screen))));
 }
 
 // A window manager may tell how large its frame is only when the window is there.
@@ -250,9 +313,10 @@ void frmMoviePlayer::CorrectOpeningSize() {
 }
 
 MovieSurround frmMoviePlayer::Surround() const {
-  const int playerHeight = std::max(sldPosition_->GetBestSize().y, lblTime_->GetBestSize().y);
+  const int button = ToPixels(*this, kButtonSize);
+  const int playerHeight = std::max({button, sldPosition_->GetBestSize().y, lblTime_->GetBestSize().y});
   return {SizeInTwips(*this, GetSize() - GetClientSize()), ToTwips(*this, playerHeight),
-          ToTwips(*this, lblTime_->GetBestSize().x) + kGap};
+          ToTwips(*this, button + lblTime_->GetBestSize().x) + kGap};
 }
 
 double frmMoviePlayer::TwipsPerScreenPixel() const {

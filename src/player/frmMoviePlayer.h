@@ -11,10 +11,14 @@
 #include "player/MovieGeometry.h"
 #include "player/MusicPlayer.h"
 
+class wxBitmapButton;
 class wxPanel;
 class wxStaticText;
 
 namespace quillon {
+
+/// cmdPlay's picture and what it is called: the next thing that it does.
+void ShowPlayButton(wxBitmapButton& cmdPlay, PlayButton button);
 
 /// The window that shows a playing file's picture, with a slider and a label that follow the main window's. Closed by
 /// the user it tells the player, and deletes itself.
@@ -33,6 +37,7 @@ class frmMoviePlayer final : public wxFrame {
   /// The keyboard stays where it is: the file may be one of a whole list that plays while the user types.
   [[nodiscard]] bool Load();
 
+  void SetButton(PlayButton button);
   void SetPosition(std::int32_t position);
   void SetTime(const std::string& text);
 
@@ -51,6 +56,8 @@ class frmMoviePlayer final : public wxFrame {
   void SendDestination();
   void ShowPlayMenu();
   void SetFactor(int factor);
+  [[nodiscard]] std::optional<wxSize> SizeOf(int factor) const;
+  void ShowSizes();
   void SetWindowSize(TwipsSize size);
   void SetOpeningSize();
   void CorrectOpeningSize();
@@ -60,6 +67,7 @@ class frmMoviePlayer final : public wxFrame {
   Surroundings surroundings_;
   TwipsSize natural_;
   PictureSize destination_;  // as the device knows it
+  PlayButton button_ = PlayButton::kPlay;
   bool loaded_ = false;
   bool menuOpen_ = false;
   bool left_ = false;
@@ -68,6 +76,7 @@ class frmMoviePlayer final : public wxFrame {
   wxPanel* panel_ = nullptr;
   wxWindow* picMovie_ = nullptr;
   wxPanel* fraPlayer_ = nullptr;
+  wxBitmapButton* cmdPlay_ = nullptr;
   PositionSlider* sldPosition_ = nullptr;
   wxStaticText* lblTime_ = nullptr;
 };

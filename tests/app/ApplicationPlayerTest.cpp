@@ -215,5 +215,31 @@ TEST(PlayTime, IsNotAskedForUnlessTheSettingSaysSo) {
   EXPECT_EQ(f.device.TakeSent(), Texts());
 }
 
+TEST(Playing, TheMenuPausesGoesOnAndStops) {
+  PlayingFixture f;
+  f.Select({1});
+  f.app.Execute(mnuPause);
+  f.app.Execute(mnuStop);
+  EXPECT_EQ(f.Playing(), "") << "nothing plays, so nothing happens";
+  f.app.Execute(mnuPlay);
+  f.app.Execute(mnuPause);
+  EXPECT_EQ(f.LastPanel("player"), "一時停止： a.mp3");
+  f.app.Execute(mnuPause);
+  EXPECT_EQ(f.LastPanel("player"), "再生中： a.mp3");
+  f.app.Execute(mnuStop);
+  EXPECT_EQ(f.LastPanel("player"), "停止： a.mp3");
+}
+
+TEST(Playing, TheMenuTurnsTheRepeatOnAndOff) {
+  ApplicationFixture f;
+  f.app.Execute(mnuRepeat);
+  EXPECT_EQ(f.app.Options().player.repeat, 1);
+  f.app.Execute(mnuRepeat);
+  EXPECT_EQ(f.app.Options().player.repeat, 0);
+  EXPECT_EQ(f.Log().StartingWith("main repeats").size(), 1u);
+  f.app.SetRepeat(true);
+  EXPECT_EQ(f.app.Options().player.repeat, 1);
+}
+
 }  // namespace
 }  // namespace quillon

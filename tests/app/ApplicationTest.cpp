@@ -27,7 +27,7 @@ TEST(Application, StartsWithEmptyPanelsInManualMode) {
   f.box.SetEnabled(true);
   f.ports.log.Clear();
   f.app.Start();
-  EXPECT_EQ(f.Log().Events(), Texts({"main not on top", "panel mode: 手動適応モード",
+  EXPECT_EQ(f.Log().Events(), Texts({"main not on top", "main does not repeat", "panel mode: 手動適応モード",
                                      std::string("panel player: ") + kIdle, "rename box disabled"}));
   EXPECT_EQ(f.information.summary, "サイズ： --- バイト / 種類： ---");
   EXPECT_EQ(f.information.detail, "著作権： --- / 分解能： 0 / トラック数： 0");

@@ -85,6 +85,9 @@ const std::vector<EnablingRow>& EnablingTable() {
       {mnuOption, "1111 1111"},
       {mnuShowHelp, "1111 1111"},
       {mnuVarInfo, "1111 1111"},
+      {mnuPause, "1111 1111"},
+      {mnuStop, "1111 1111"},
+      {mnuRepeat, "1111 1111"},
       // for all rows
       {mnuReload, "0111 0111"},
       {mnuAllClear, "0111 0111"},

@@ -119,7 +119,7 @@ TEST_F(FilmsInMainWindow, ThePictureIsShownAndFollowsItsWindow) {
   const wxWindow& picture = *wxWindow::FindWindowByName("picMovie", Movie());
   EXPECT_TRUE(Until([] { return Bars() == kColourBars; })) << Bars();
   EXPECT_EQ(picture.GetSize(), wxSize(160, 120)) << "its natural size";
-  Movie()->SetSize(Movie()->GetSize() + wxSize(300, 200));
+  Movie()->SetSize(wxRect(wxPoint(50, 50), Movie()->GetSize() + wxSize(300, 200)));
   EXPECT_TRUE(Until([&] { return picture.GetSize() == wxSize(460, 320); })) << picture.GetSize().y;
   EXPECT_TRUE(Until([] { return Bars() == kColourBars; })) << Bars();
 }

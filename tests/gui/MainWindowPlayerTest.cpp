@@ -81,6 +81,29 @@ TEST_F(PlayerOfMainWindow, ThePlayButtonShowsWhatItWouldDo) {
   EXPECT_EQ(PlayPicture(), idle);
 }
 
+TEST_F(PlayerOfMainWindow, KeysPauseGoOnStopAndRepeat) {
+  WriteWave("a.wav", 6000);
+  OpenFolder();
+  DoubleClickRow(1);
+  EXPECT_TRUE(PositionPasses(200));
+  wxUIActionSimulator keys;
+  keys.Char(WXK_F7);
+  EXPECT_TRUE(Shows("一時停止： a.wav")) << Status(kSelectionPanel);
+  keys.Char(WXK_F7);
+  EXPECT_TRUE(Shows("再生中： a.wav"));
+  keys.Char(WXK_F8);
+  EXPECT_TRUE(Shows("停止： a.wav"));
+  auto& repeat = Get<wxToggleButton>("chkRepeat");
+  const wxMenuItem& item = *Frame().GetMenuBar()->FindItem(frmMain::IdOf(Command::mnuRepeat));
+  for (const bool on : {true, false}) {
+    keys.Char(WXK_F9);
+    EXPECT_TRUE(SettleUntil([&] { return repeat.GetValue() == on; })) << on;
+    EXPECT_EQ(item.IsChecked(), on);
+  }
+  ClickOn("chkRepeat");
+  EXPECT_TRUE(SettleUntil([&] { return item.IsChecked(); }));
+}
+
 TEST_F(PlayerOfMainWindow, TheSliderSeeksByTheMouse) {
   WriteWave("a.wav", 20000);
   OpenFolder();

@@ -74,6 +74,9 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
     if (window != nullptr) window->Leave();
     window = nullptr;
   }
+  void SetButton(PlayButton button) override {
+    if (window != nullptr) window->SetButton(button);
+  }
   void SetPosition(std::int32_t position) override { window->SetPosition(position); }
   void SetTime(const std::string& text) override { window->SetTime(text); }
 
@@ -283,7 +286,7 @@ TEST_F(MovieOfAPlayer, HasRoomForTheTimeHoweverSmallItIs) {
     EXPECT_LE(label.GetRight(), Get("fraPlayer").GetSize().x);
     EXPECT_LE(label.GetBottom(), Get("fraPlayer").GetSize().y);
     EXPECT_GT(label.x, Slider().GetRect().GetRight()) << time;
-    EXPECT_GE(Slider().GetRect().width, ToPixels(*window, 890)) << time;
+    EXPECT_GE(Slider().GetRect().width, ToPixels(*window, 590)) << time;
     EXPECT_LE(Slider().GetRect().GetBottom(), Get("fraPlayer").GetSize().y);
   }
 }
@@ -309,6 +312,56 @@ TEST_F(MovieOfAPlayer, TakesTheSizesOfItsMenu) {
   ChooseSize(0);
   EXPECT_EQ(Picture(), kPicture);
   EXPECT_EQ(Sent().back(), Put(kPicture));
+}
+
+TEST_F(MovieOfAPlayer, OpensBesideTheMainWindow) {
+  Open();
+  const wxRect owner = main->GetRect();
+  EXPECT_GE(window->GetRect().x, owner.x + owner.width);
+  EXPECT_FALSE(owner.Intersects(window->GetRect()));
+  EXPECT_TRUE(wxDisplay(main).GetGeometry().Contains(window->GetRect()));
+}
+
+TEST_F(MovieOfAPlayer, StaysOnTheScreenWhenItGrows) {
+  Open();
+  const wxRect screen = wxDisplay(main).GetClientArea();
+  window->Move(screen.width - window->GetSize().x, screen.height - window->GetSize().y);
+  Settle();
+  ChooseSize(1);
+  EXPECT_TRUE(SettleUntil([&] { return screen.Contains(window->GetRect()); })) << window->GetRect().x;
+}
+
+TEST_F(MovieOfAPlayer, MarksItsSizeAndGreysWhatTheScreenHasNoRoomFor) {
+  Open();
+  const auto items = [this] {
+    std::string text;
+    for (const wxMenuItem* item : window->GetMenuBar()->GetMenu(0)->GetMenuItems()) {
+      text += item->IsChecked() ? '*' : item->IsEnabled() ? '+' : '-';
+    }
+    return text;
+  };
+  EXPECT_EQ(items(), "*+-") << "four times is 1280 and its frame";
+  ChooseSize(1);
+  EXPECT_TRUE(SettleUntil([&] { return items() == "+*-"; })) << items();
+  ChooseSize(1);
+  EXPECT_EQ(items(), "+*-") << "the same once more";
+  window->SetSize(window->GetSize() + wxSize(10, 0));
+  EXPECT_TRUE(SettleUntil([&] { return items() == "++-"; })) << items();
+}
+
+TEST_F(MovieOfAPlayer, HasAButtonThatPausesAndGoesOn) {
+  Open();
+  auto& button = Get<wxButton>("cmdMoviePlay");
+  EXPECT_EQ(FromWx(button.GetLabel()), "一時停止");
+  for (const char* const mode : {"paused", "playing"}) {
+    hand.MouseMove(button.ClientToScreen(wxPoint(button.GetSize().x / 2, button.GetSize().y / 2)));
+    Settle();
+    hand.MouseClick();
+    EXPECT_TRUE(SettleUntil([&] { return Mode() == mode; })) << Mode();
+    EXPECT_EQ(FromWx(button.GetLabel()), std::string(mode) == "paused" ? "再生" : "一時停止");
+  }
+  EXPECT_FALSE(button.GetRect().Intersects(Slider().GetRect()));
+  EXPECT_LE(button.GetRect().GetBottom(), Get("fraPlayer").GetSize().y);
 }
 
 TEST_F(MovieOfAPlayer, CanBeLargerThanTheScreen) {

@@ -20,7 +20,7 @@ constexpr double kUsual = 15;  // twips in a pixel at 96 dpi
 constexpr TwipsSize kAllowance = {140, 1095};
 
 MovieSurround Small() {
-  return {.system = {120, 690}, .playerHeight = 390, .timeWidth = 900};
+  return {.system = {120, 690}, .playerHeight = 390, .besideSlider = 900};
 }
 
 TEST(NaturalSize, IsThePicturesAtTheScreensResolution) {
@@ -104,6 +104,37 @@ TEST(OpeningWindowSize, ShowsThePictureAsNearToItsNaturalSizeAsItMay) {
   }
 }
 
+TEST(OpeningPlace, IsBesideTheOwnerWhereTheScreenHasRoom) {
+  const PixelRect screen = {0, 30, 1280, 970};
+  const PictureSize window = {330, 310};
+  const struct {
+    PixelRect owner;
+    PixelRect place;
+  } cases[] = {
+      {{100, 100, 640, 450}, {740, 100, 330, 310}},   // at the right
+      {{100, 800, 640, 200}, {740, 690, 330, 310}},   // there, and no lower than the screen goes
+      {{310, 100, 640, 450}, {950, 100, 330, 310}},   // the last pixel
+      {{400, 100, 640, 450}, {70, 100, 330, 310}},    // at the left
+      {{300, 40, 900, 450}, {585, 490, 330, 310}},    // below
+      {{300, 500, 900, 500}, {585, 190, 330, 310}},   // above
+      {{0, 30, 1280, 970}, {475, 360, 330, 310}},     // over its middle
+      {{-200, -100, 400, 400}, {200, 30, 330, 310}},  // the owner stands half outside
+  };
+  for (const auto& c : cases) {
+    const PixelRect place = OpeningPlace(c.owner, window, screen);
+    EXPECT_EQ(place, c.place) << c.owner.x << ", " << c.owner.y << ": " << place.x << ", " << place.y;
+  }
+  EXPECT_EQ(OpeningPlace({100, 100, 640, 450}, {2000, 1500}, screen), (PixelRect{0, 30, 2000, 1500}));
+}
+
+TEST(OnScreen, MovesAWindowNoFartherThanItMust) {
+  const PixelRect screen = {0, 30, 1280, 970};
+  EXPECT_EQ(OnScreen({100, 100, 300, 200}, screen), (PixelRect{100, 100, 300, 200}));
+  EXPECT_EQ(OnScreen({1000, 900, 300, 200}, screen), (PixelRect{980, 800, 300, 200}));
+  EXPECT_EQ(OnScreen({-50, 0, 300, 200}, screen), (PixelRect{0, 30, 300, 200}));
+  EXPECT_EQ(OnScreen({500, 500, 2000, 200}, screen), (PixelRect{0, 500, 2000, 200}));
+}
+
 TEST(MovieLayout, PlacesThePictureAndThePlayerBelowIt) {
   const MovieLayout layout = LayOutMovie({4940, 4695}, Small());
   EXPECT_EQ(layout.picture, (TwipsSize{4800, 3600}));
@@ -116,12 +147,12 @@ TEST(MovieLayout, PlacesThePictureAndThePlayerBelowIt) {
 
 TEST(MovieLayout, LeavesALongTimeItsRoom) {
   MovieSurround surround = Small();
-  surround.timeWidth = 1500;
+  surround.besideSlider = 1500;
   EXPECT_EQ(LayOutMovie({4940, 4695}, surround).sliderWidth, 3280);
 }
 
 TEST(MovieLayout, KeepsThePictureBesideAThickFrame) {
-  const MovieSurround thick = {.system = {240, 885}, .playerHeight = 510, .timeWidth = 900};
+  const MovieSurround thick = {.system = {240, 885}, .playerHeight = 510, .besideSlider = 900};
   const std::optional<TwipsSize> window = MovieWindowSize({4800, 3600}, 1, AllowanceOf(thick));
   ASSERT_TRUE(window);
   const MovieLayout layout = LayOutMovie(*window, thick);
@@ -142,11 +173,11 @@ TEST(MovieLayout, HasNoEmptyPlacesHoweverSmallTheWindowIs) {
 }
 
 TEST(SmallestMovieWindow, HoldsASliderAndTheTime) {
-  EXPECT_EQ(SmallestMovieWindow(Small()), (TwipsSize{2160, 1950}));
+  EXPECT_EQ(SmallestMovieWindow(Small()), (TwipsSize{1860, 1950}));
   MovieSurround wide = Small();
-  wide.timeWidth = 1500;
-  EXPECT_EQ(SmallestMovieWindow(wide), (TwipsSize{2560, 1950}));
-  EXPECT_EQ(LayOutMovie(SmallestMovieWindow(wide), wide).sliderWidth, 900);
+  wide.besideSlider = 1500;
+  EXPECT_EQ(SmallestMovieWindow(wide), (TwipsSize{2260, 1950}));
+  EXPECT_EQ(LayOutMovie(SmallestMovieWindow(wide), wide).sliderWidth, 600);
 }
 
 TEST(Destination, IsCountedInTheScreensOwnPixels) {

@@ -634,17 +634,26 @@ TEST_F(MusicPlayerTest, StopAndEndCloseTheMovieWindow) {
 TEST_F(MusicPlayerTest, TheMovieWindowPausesAndGoesOn) {
   Start(4);
   EXPECT_TRUE(player.IsPlaying());
-  player.MoviePlay();
+  player.PauseOrGoOn();
   EXPECT_FALSE(player.IsPlaying());
   EXPECT_EQ(Mode(), "paused");
   EXPECT_EQ(Statuses().back(), "panel player: 一時停止： clip.avi");
   EXPECT_EQ(panel.button, PlayButton::kPlay);
   EXPECT_EQ(panel.interval, 0);
-  player.MoviePlay();
+  player.PauseOrGoOn();
   EXPECT_EQ(Mode(), "playing");
   EXPECT_EQ(Statuses().back(), "panel player: 再生中： clip.avi");
   EXPECT_EQ(panel.button, PlayButton::kPause);
   EXPECT_EQ(panel.interval, 50);
+}
+
+TEST_F(MusicPlayerTest, TheMovieWindowsButtonIsThatOfTheMainWindow) {
+  Start(4);
+  EXPECT_EQ(movie.button, PlayButton::kPause);
+  player.cmdPlay();
+  EXPECT_EQ(movie.button, PlayButton::kPlay);
+  player.PauseOrGoOn();
+  EXPECT_EQ(movie.button, PlayButton::kPause);
 }
 
 TEST_F(MusicPlayerTest, ClosingTheMovieWindowStopsPlayback) {
@@ -677,11 +686,11 @@ TEST_F(MusicPlayerTest, AMovieWindowClosedWhileStoppedAtAPointComesBackWithPlay)
 
 TEST_F(MusicPlayerTest, TheMovieWindowGoesOnWhereItsSliderHasLeftIt) {
   Start(4);
-  player.MoviePlay();
+  player.PauseOrGoOn();
   player.SliderPressed();
   player.SliderReleased(3000);
   ASSERT_EQ(Mode(), "stopped");
-  player.MoviePlay();
+  player.PauseOrGoOn();
   EXPECT_EQ(Mode(), "playing");
   EXPECT_EQ(device.Send("status mci position", 16).text, "3000");
   EXPECT_EQ(panel.interval, 50);

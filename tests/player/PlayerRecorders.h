@@ -30,11 +30,13 @@ struct MovieControls final : MovieWindow {
     return canShow;
   }
   void Close() override { open = false; }
+  void SetButton(PlayButton to) override { button = to; }
   void SetPosition(std::int32_t to) override { position = to; }
   void SetTime(const std::string& to) override { time = to; }
 
   bool canShow = true;
   bool open = false;
+  PlayButton button = PlayButton::kPlay;
   int shown = 0;
   std::int32_t position = 0;
   std::string time;
