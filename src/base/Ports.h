@@ -21,8 +21,8 @@ struct Message {
 /// What is told of a file whose rename or move has failed.
 struct FailureMessage {
   Message message;
-  std::string details = {};   ///< shown on demand: the paths and what the system said; lines end with "\r\n"
-  bool inBatch = false;  ///< more may fail: the box offers to tell no more of them
+  std::string details = {};  ///< shown on demand: the paths and what the system said; lines end with "\r\n"
+  bool inBatch = false;      ///< more may fail: the box offers to tell no more of them
 };
 
 enum class FailureAnswer {
