@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "app/settings/basINIControl.h"
+#include "controls/AccessKeys.h"
 #include "controls/TextBox.h"
 #include "controls/WrappedToFit.h"
 #include "controls/WxText.h"
@@ -60,6 +61,7 @@ void frmOption::Build() {
   row->AddSpacer(FromDIP(kSmallGap));
   column->Add(row, wxSizerFlags().Right().Border(wxBOTTOM, FromDIP(kGap)));
   SetSizerAndFit(column);
+  ReachByAccessKeys(*this);
 }
 
 wxWindow* frmOption::MakePage(const OptionPage& page, const std::string& name) {

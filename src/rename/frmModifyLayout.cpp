@@ -1,6 +1,7 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
+#include "controls/AccessKeys.h"
 #include "controls/TextBox.h"
 #include "controls/WxText.h"
 #include "platform/desktop/AccessibleName.h"
@@ -33,6 +34,7 @@ void frmModify::Build() {
   column->AddStretchSpacer();
   column->Add(MakeButtonRow(), wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM, FromDIP(kGap)));
   SetSizerAndFit(column);
+  ReachByAccessKeys(*this);
 }
 
 wxButton* frmModify::MakeMenuButton(const char* caption, const char* name) {

@@ -169,6 +169,20 @@ TEST_F(OptionDialog, OkStoresWhatWasClickedAndTyped) {
   });
 }
 
+TEST_F(OptionDialog, AccessKeysReachTheOtherFrames) {
+  Open(Options());
+  Use([this] {
+    ShowPageOf("chkSubFolder");
+    auto& inOneFrame = Find<wxWindow>("chkExtensionFilter");
+    inOneFrame.SetFocus();
+    EXPECT_TRUE(SettleUntil([&] { return inOneFrame.HasFocus(); }));
+    const bool before = Checked("chkSubFolder");
+    wxUIActionSimulator().Char('S', wxMOD_ALT);
+    EXPECT_TRUE(SettleUntil([&] { return Checked("chkSubFolder") != before; }));
+    Close("cmdCancel");
+  });
+}
+
 TEST_F(OptionDialog, TheDeleteButtonsExcludeEachOther) {
   Open(Options());  // deleting is for good there
   Use([this] {

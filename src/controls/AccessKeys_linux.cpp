@@ -1,0 +1,7 @@
+#include "controls/AccessKeys.h"
+
+namespace quillon {
+
+void ReachByAccessKeys(wxDialog&) {}  // GTK's do
+
+}  // namespace quillon
