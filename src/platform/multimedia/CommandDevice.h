@@ -47,8 +47,8 @@ class CommandDevice {
   virtual ~CommandDevice() = default;
   /// Carries the command out and waits until it is accepted: opening gives up after five seconds on Linux, and takes
   /// what the system takes on Windows. A file that fails while it plays has no mode (kNotReady) until it is played
-  /// anew, on Linux; on Windows the system says. `replySize` is the room for the reply in characters, its end mark included: a
-  /// longer reply is cut; 0 when none is wanted.
+  /// anew, on Linux; on Windows the system says. `replySize` is the room for the reply in characters, its end mark
+  /// included: a longer reply is cut; 0 when none is wanted.
   virtual CommandReply Send(const std::string& command, int replySize) = 0;
 };
 
