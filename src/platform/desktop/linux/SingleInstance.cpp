@@ -32,7 +32,7 @@ std::string BusName(const std::string& title) {
 std::string StartupIdIn(GVariant* parameters) {
   GVariant* const data = g_variant_get_child_value(parameters, 0);
   const char* id = nullptr;
-  const std::string found = g_variant_lookup(data, kStartupKey, "&s", &id) != FALSE ? id : "";
+  std::string found = g_variant_lookup(data, kStartupKey, "&s", &id) != FALSE ? id : "";
   g_variant_unref(data);
   return found;
 }
