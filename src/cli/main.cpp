@@ -5,6 +5,8 @@
 #include "base/Product.h"
 #include "base/UnexpectedError.h"
 #include "cli/Commands.h"
+#include "cli/HelpLayout.h"
+#include "cli/HelpTexts.h"
 #include "cli/Output.h"
 #include "platform/Program.h"
 
@@ -13,22 +15,21 @@ namespace {
 
 // An empty word is a mistake, most likely a variable of a script that was never set.
 std::string RefuseEmptyPath(const std::string& path) {
-  return path.empty() ? "an empty PATH names nothing" : "";
+  return path.empty() ? Localized(texts::kEmptyPath) : "";
 }
 
 void AddSelection(CLI::App& command, Selection& selection) {
-  command.add_option("PATH", selection.paths, "Files and folders")->required()->check(RefuseEmptyPath);
-  command.add_flag("--subfolders", selection.subfolders, "Search the folders' subfolders, too");
-  CLI::Option* extensions = command.add_option("--ext", selection.extensions,
-                                               "Extensions to load from folders, separated by blanks (\"mid mp3\")");
-  command.add_flag("--all", selection.all, "Load every file of the folders")->excludes(extensions);
+  command.add_option("PATH", selection.paths, Localized(texts::kPaths))->required()->check(RefuseEmptyPath);
+  command.add_flag("--subfolders", selection.subfolders, Localized(texts::kSubfolders));
+  CLI::Option* extensions = command.add_option("--ext", selection.extensions, Localized(texts::kExtensions));
+  command.add_flag("--all", selection.all, Localized(texts::kAll))->excludes(extensions);
 }
 
 // What the commands share that change files only when they are told to.
 template <class BatchArguments>
-void AddBatch(CLI::App& command, BatchArguments& arguments, const std::string& apply) {
-  command.add_flag("--json", arguments.json, "One JSON object per line");
-  command.add_flag("--apply", arguments.apply, apply + "; without it nothing is changed");
+void AddBatch(CLI::App& command, BatchArguments& arguments, const HelpText& apply) {
+  command.add_flag("--json", arguments.json, Localized(texts::kJson));
+  command.add_flag("--apply", arguments.apply, Localized(apply));
   AddSelection(command, arguments.selection);
 }
 
@@ -57,57 +58,51 @@ std::vector<std::string> Names(const std::map<std::string, Reader>& readers) {
 }
 
 void AddList(CLI::App& app, Arguments& arguments) {
-  CLI::App* command = app.add_subcommand("list", "Show the files' names, titles, artists, types and sizes");
-  command->add_flag("--json", arguments.list.json, "One JSON object per line");
+  CLI::App* command = app.add_subcommand("list", Localized(texts::kList));
+  command->add_flag("--json", arguments.list.json, Localized(texts::kJson));
   AddSelection(*command, arguments.list.selection);
 }
 
 void AddInfo(CLI::App& app, Arguments& arguments) {
-  CLI::App* command = app.add_subcommand("info", "Show what is known of each file");
-  command->add_flag("--json", arguments.info.json, "One JSON object per line");
-  command->add_option("--reader", arguments.readerName, "Show the record of this reader")
+  CLI::App* command = app.add_subcommand("info", Localized(texts::kInfo));
+  command->add_flag("--json", arguments.info.json, Localized(texts::kJson));
+  command->add_option("--reader", arguments.readerName, Localized(texts::kReader))
       ->check(CLI::IsMember(Names(kReaders)));
-  command->add_option("FILE", arguments.info.paths, "Files")->required();
+  command->add_option("FILE", arguments.info.paths, Localized(texts::kFiles))->required();
 }
 
 void AddModify(CLI::App& app, Arguments& arguments) {
-  CLI::App* command = app.add_subcommand("modify", "Transform names from standard input by the modification rules");
-  command->add_option("--settings", arguments.modify.settings, "The settings file that holds the rules")->required();
-  command->add_option("--list-count", arguments.listCount, "How many rows the list is taken to hold");
+  CLI::App* command = app.add_subcommand("modify", Localized(texts::kModify));
+  command->add_option("--settings", arguments.modify.settings, Localized(texts::kModifySettings))->required();
+  command->add_option("--list-count", arguments.listCount, Localized(texts::kListCount));
 }
 
 void AddRename(CLI::App& app, Arguments& arguments) {
-  CLI::App* command = app.add_subcommand("rename", "Show what would be renamed, or rename");
+  CLI::App* command = app.add_subcommand("rename", Localized(texts::kRename));
   RenameArguments& rename = arguments.rename;
-  command->add_flag("--to-title", rename.toTitle, "Set the names to the titles");
-  command->add_flag("--modify", rename.modify, "Transform the names by the modification rules");
-  command->add_option("--settings", rename.settings, "The settings file that holds rules and options");
-  AddBatch(*command, rename, "Rename the files");
+  command->add_flag("--to-title", rename.toTitle, Localized(texts::kToTitle));
+  command->add_flag("--modify", rename.modify, Localized(texts::kModifyNames));
+  command->add_option("--settings", rename.settings, Localized(texts::kRenameSettings));
+  AddBatch(*command, rename, texts::kRenameApply);
 }
 
 void AddMove(CLI::App& app, Arguments& arguments) {
-  CLI::App* command = app.add_subcommand("move", "Show what would be moved to a folder, or move");
+  CLI::App* command = app.add_subcommand("move", Localized(texts::kMove));
   MoveArguments& move = arguments.move;
-  command->add_option("--to", move.to, "The folder that the files go to")->required();
-  AddBatch(*command, move, "Move the files");
+  command->add_option("--to", move.to, Localized(texts::kTo))->required();
+  AddBatch(*command, move, texts::kMoveApply);
 }
 
 void AddDelete(CLI::App& app, Arguments& arguments) {
-  CLI::App* command = app.add_subcommand("delete", "Show what would be deleted, or move it to the recycle bin");
+  CLI::App* command = app.add_subcommand("delete", Localized(texts::kDelete));
   DeleteArguments& remove = arguments.remove;
-  command->add_flag("--for-good", remove.forGood, "Delete the files for good, not to the recycle bin");
-  AddBatch(*command, remove, "Delete the files");
+  command->add_flag("--for-good", remove.forGood, Localized(texts::kForGood));
+  AddBatch(*command, remove, texts::kDeleteApply);
 }
 
 void AddMci(CLI::App& app) {
-  CLI::App* command =
-      app.add_subcommand("mci", "Send the command strings from standard input to the multimedia device");
-  command->footer(
-      "One command per line (Open \"song.mp3\" alias X); empty lines and lines that start with # are passed over.\n"
-      "Each is answered by a line: the reply, or \"error\" and a number.\n"
-      "Two commands are not for the device: \"wait N\" waits N milliseconds and answers nothing;\n"
-      "\"await X MODE N\" waits until X has the mode, at most N milliseconds, and answers the mode it then has.\n"
-      "On Linux up to 32 files are open at once; a further one is answered by \"error 264\".");
+  CLI::App* command = app.add_subcommand("mci", Localized(texts::kMci));
+  command->footer(Localized(texts::kMciFooter));
 }
 
 bool HasOwnExtensions(const CLI::App& app, const char* command) {
@@ -142,8 +137,9 @@ int Run(CLI::App& app, Arguments& arguments) {
 
 int Main(int argc, char** argv) {
   KeepToOwnAndSystemLibraries();
-  CLI::App app("Quillon gives many files proper names.", "quillon-cli");
-  app.set_version_flag("--version", kProductVersion);
+  CLI::App app(Localized(texts::kProgram), "quillon-cli");
+  LocalizeHelp(app);
+  app.set_version_flag("--version", kProductVersion, Localized(texts::kVersion));
   app.require_subcommand(1);
   Arguments arguments;
   AddList(app, arguments);

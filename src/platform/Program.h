@@ -21,6 +21,10 @@ void KeepToOwnAndSystemLibraries();
 /// The folder for this user's configuration files, with a trailing separator (need not exist yet).
 [[nodiscard]] std::string UserConfigurationFolder();
 
+/// True when the user has chosen Japanese for what programs say: by LC_ALL, LC_MESSAGES or LANG, the first that is set;
+/// on Windows by the language of its windows.
+[[nodiscard]] bool UserReadsJapanese();
+
 /// The command line's arguments as UTF-8 (Linux: byte for byte), without the program's own name. A null `argv` stands
 /// for a main() that somebody else has: the system is asked.
 [[nodiscard]] std::vector<std::string> ProgramArguments(int argc, char** argv);

@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "cli/CliProgram.h"
 #include "platform/Ansi.h"
+#include "platform/Program.h"
 #include "support/MediaBuilders.h"
 #include "support/TempFolder.h"
 
@@ -365,6 +366,11 @@ TEST(CliUsageTest, HelpAndVersionGoToStandardOutput) {
   const ProcessResult version = Cli({"--version"});
   EXPECT_EQ(version.exitCode, 0);
   EXPECT_EQ(version.output.substr(0, 4), "1.01");
+}
+
+TEST(CliUsageTest, TheHelpIsInTheUsersLanguage) {
+  const std::string first = UserReadsJapanese() ? "使い方: quillon-cli list" : "Usage: quillon-cli list";
+  EXPECT_NE(Cli({"list", "--help"}).output.find(first), std::string::npos);
 }
 
 // mci

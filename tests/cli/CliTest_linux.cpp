@@ -7,9 +7,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -96,6 +98,78 @@ TEST(CliPipeTest, OutputThatCannotBeWrittenIsNoSuccess) {
       RunProcess("/bin/sh", {"-c", std::string(QUILLON_CLI) + " list " + folder.Path() + " >/dev/full"});
   EXPECT_EQ(result.exitCode, 1);
   EXPECT_EQ(result.errors, "標準出力に書き込めません\n");
+}
+
+// The program's answer with these settings of the locale and no others.
+ProcessResult CliIn(std::vector<std::string> locale, const std::vector<std::string>& arguments) {
+  std::vector<std::string> words = {"-u", "LC_ALL", "-u", "LC_MESSAGES", "-u", "LANG"};
+  words.insert(words.end(), locale.begin(), locale.end());
+  words.emplace_back(QUILLON_CLI);
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return RunProcess("/usr/bin/env", words);
+}
+
+bool HasJapanese(const std::string& text) {
+  return std::any_of(text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+}
+
+TEST(CliLocaleTest, TheFirstVariableThatIsSetChoosesTheLanguage) {
+  const struct {
+    std::vector<std::string> locale;
+    bool japanese;
+  } kCases[] = {{{"LC_ALL=ja_JP.UTF-8"}, true},
+                {{"LC_ALL=C.UTF-8"}, false},
+                {{}, false},
+                {{"LANG=ja_JP.UTF-8"}, true},
+                {{"LANG=ja"}, true},
+                {{"LANG=jam_JM.UTF-8"}, false},
+                {{"LC_MESSAGES=en_US.UTF-8", "LANG=ja_JP.UTF-8"}, false},
+                {{"LC_ALL=", "LC_MESSAGES=ja_JP.UTF-8", "LANG=en_US.UTF-8"}, true},
+                {{"LC_ALL=C", "LC_MESSAGES=ja_JP.UTF-8", "LANG=ja_JP.UTF-8"}, false}};
+  for (const auto& row : kCases) {
+    SCOPED_TRACE(testing::PrintToString(row.locale));
+    const ProcessResult result = CliIn(row.locale, {"--help"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(HasJapanese(result.output), row.japanese) << result.output;
+  }
+}
+
+TEST(CliLocaleTest, EveryLineOfTheHelpIsInTheLocalesLanguage) {
+  for (const char* const command : {"", "list", "info", "modify", "rename", "move", "delete", "mci"}) {
+    SCOPED_TRACE(command);
+    std::vector<std::string> arguments = {"--help"};
+    if (*command != '\0') arguments.insert(arguments.begin(), command);
+    EXPECT_FALSE(HasJapanese(CliIn({"LC_ALL=C.UTF-8"}, arguments).output));
+    std::istringstream lines(CliIn({"LC_ALL=ja_JP.UTF-8"}, arguments).output);
+    for (std::string line; std::getline(lines, line);) {
+      // A value's form that is too wide for the left column stands alone.
+      const bool words = line.find_first_not_of(' ') != std::string::npos && line.find(":{") == std::string::npos;
+      EXPECT_TRUE(!words || HasJapanese(line)) << line;
+    }
+  }
+}
+
+TEST(CliLocaleTest, WrongUsageIsExplainedInTheLocalesLanguage) {
+  const struct {
+    std::vector<std::string> arguments;
+    const char* english;
+    const char* japanese;
+  } kCases[] = {{{"list"}, "PATH is required", "必要な引数が足りません (PATH is required)"},
+                {{}, "A subcommand is required", "必要な引数が足りません (A subcommand is required)"},
+                {{"list", ""}, "PATH: an empty PATH names nothing", "値が正しくありません (PATH: PATH が空です)"},
+                {{"list", "--none", "x"},
+                 "The following argument was not expected: --none",
+                 "使えない引数があります (The following argument was not expected: --none)"},
+                {{"list", "--all", "--ext", "mid", "x"},
+                 "--ext excludes --all",
+                 "一緒に使えないオプションがあります (--ext excludes --all)"}};
+  for (const auto& row : kCases) {
+    SCOPED_TRACE(testing::PrintToString(row.arguments));
+    EXPECT_EQ(CliIn({"LC_ALL=C.UTF-8"}, row.arguments).errors,
+              std::string(row.english) + "\nRun with --help for more information.\n");
+    EXPECT_EQ(CliIn({"LC_ALL=ja_JP.UTF-8"}, row.arguments).errors,
+              std::string(row.japanese) + "\n使い方は --help で表示されます。\n");
+  }
 }
 
 constexpr int kManyFiles = 10000;

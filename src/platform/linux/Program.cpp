@@ -50,6 +50,16 @@ std::string ProgramBaseName() {
 // The dynamic linker looks in the current folder only when LD_LIBRARY_PATH tells it to, which it reads before main().
 void KeepToOwnAndSystemLibraries() {}
 
+bool UserReadsJapanese() {
+  for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* const value = std::getenv(variable);
+    if (value == nullptr || *value == '\0') continue;
+    const std::string_view locale = value;
+    return locale == "ja" || locale.starts_with("ja_") || locale.starts_with("ja.");
+  }
+  return false;
+}
+
 std::vector<std::string> ProgramArguments(int argc, char** argv) {
   if (argv == nullptr) return ProcessArguments();
   return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();

@@ -68,6 +68,10 @@ std::string UserConfigurationFolder() {
   return folder;
 }
 
+bool UserReadsJapanese() {
+  return PRIMARYLANGID(::GetUserDefaultUILanguage()) == LANG_JAPANESE;
+}
+
 // The narrow arguments have lost what the system's code page cannot hold.
 std::vector<std::string> ProgramArguments(int, char**) {
   int count = 0;
