@@ -1,7 +1,6 @@
 #include "app/frmMain.h"
 
 #include <wx/app.h>
-#include <wx/dirdlg.h>
 #include <wx/display.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
@@ -15,6 +14,7 @@
 
 #include "controls/AlwaysOnTop.h"
 #include "controls/DialogPattern.h"
+#include "controls/FolderChooser.h"
 #include "controls/Pictures.h"
 #include "controls/TopmostDialog.h"
 #include "controls/Twips.h"
@@ -303,9 +303,8 @@ std::vector<std::string> frmMain::ChooseFiles(const std::string& title, const st
   return PathsFromWx(chosen);
 }
 
-std::string frmMain::Choose(const std::string& prompt, const std::string& start) {
-  wxDirDialog dialog(this, ToWx(prompt), ToWx(start), wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
-  return dialog.ShowModal() == wxID_OK ? PathFromWx(dialog.GetPath()) : std::string();
+std::string frmMain::Choose(const std::string& prompt, const std::string& start, const std::string& confirm) {
+  return ChooseFolder(*this, prompt, start, confirm);
 }
 
 void frmMain::ShowModifyDialog(bool allItems) {

@@ -85,7 +85,7 @@ class frmMain final : public wxFrame,
   void SetPlayerText(const std::string& text) override;
   void SetModeText(const std::string& text) override;
   // FolderDialog
-  std::string Choose(const std::string& prompt, const std::string& start) override;
+  std::string Choose(const std::string& prompt, const std::string& start, const std::string& confirm) override;
   // FileListObserver
   void RowChanged(int index) override;
   void RowsChanged() override;

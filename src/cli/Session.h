@@ -48,7 +48,7 @@ class Console final : public MessageBoxes,
   void End() override {}
   void ShowFolder(const std::string&) override {}
   void PassedOver(const std::string& path, Obstacle obstacle) override;
-  std::string Choose(const std::string&, const std::string&) override { return {}; }
+  std::string Choose(const std::string&, const std::string&, const std::string&) override { return {}; }
 
   /// True when a load went on without something.
   [[nodiscard]] bool HasPassedOver() const { return passedOver_; }

@@ -72,7 +72,7 @@ FileLoader::FileLoader(FileList& list, OptionValues& options, ApplyMode& mode, P
 
 std::string FileLoader::ChooseFolder() {
   return ports_.folders.Choose("リネームするファイルが格納されているフォルダを選択してください",
-                               options_.system.dirPath);
+                               options_.system.dirPath, "");
 }
 
 LoadOutcome FileLoader::mnuFolderReference() {

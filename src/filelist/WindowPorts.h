@@ -101,8 +101,9 @@ class SearchDisplay {
 class FolderDialog {
  public:
   virtual ~FolderDialog() = default;
-  /// The chosen folder, or an empty string when the dialog was cancelled.
-  virtual std::string Choose(const std::string& prompt, const std::string& start) = 0;
+  /// The chosen folder, or an empty string when the dialog was cancelled. `confirm` is what its confirming button says;
+  /// empty: the system's usual word.
+  virtual std::string Choose(const std::string& prompt, const std::string& start, const std::string& confirm) = 0;
 };
 
 }  // namespace quillon

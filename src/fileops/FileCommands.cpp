@@ -71,7 +71,7 @@ void FileCommands::ReportDeletion(const FileError& error) {
 
 std::optional<std::string> FileCommands::ChooseTarget() {
   const std::string chosen =
-      ports_.folders.Choose("ファイルの移動先フォルダを選択してください", options_.system.movePath);
+      ports_.folders.Choose("ファイルの移動先フォルダを選択してください", options_.system.movePath, "移動");
   if (chosen.empty()) return std::nullopt;
   options_.system.movePath = WithTrailingSeparator(chosen, style_);
   ports_.disk.RemoveLeftovers(options_.system.movePath);

@@ -27,7 +27,7 @@ constexpr PathStyle kLin = PathStyle::kLinux;
 const char* const kQuestion =
     "box [ファイル削除] /m/b.mid\\r\\n\\r\\nこのファイルを完全に削除してもよろしいですか (question, yes/no)";
 const char* const kCannotDelete = "box [ファイル削除] ファイルが削除できません (stop, ok)";
-const char* const kPrompt = "folder dialog: ファイルの移動先フォルダを選択してください | ";
+const char* const kPrompt = "folder dialog: ファイルの移動先フォルダを選択してください |  | 移動";
 const char* const kMoved = "box [ファイル移動] /t/\\r\\n\\r\\nファイルの移動が完了しました (information, ok)";
 const Texts kPanelsReset = {"file panel reset", "panel player: プレイヤー待機中..."};
 
@@ -269,7 +269,7 @@ TEST(mnuThisMove, StartsAtTheLastTargetAndACancelChangesNothing) {
   f.list.SelectOnly(1);
   f.ports.folders.Answer("");
   f.commands.mnuThisMove();
-  EXPECT_EQ(f.ports.log.Events(), Texts({std::string(kPrompt) + "/last/"}));
+  EXPECT_EQ(f.ports.log.Events(), Texts({"folder dialog: ファイルの移動先フォルダを選択してください | /last/ | 移動"}));
   EXPECT_EQ(f.options.system.movePath, "/last/");
   EXPECT_EQ(f.files.CountOf(FileCall::kMove), 0u);
 }

@@ -450,3 +450,22 @@ class Linux(unittest.TestCase):
         press("Return")
         reader.wait_for_no_dialog()
         reader.wait_for_names(["one"])
+
+    def test_the_confirming_button_says_what_the_folder_is_for(self):
+        target = self.program.folder / "to"
+        target.mkdir()
+        self.load()
+        press("ctrl+o")
+        caption = "リネームするファイルが格納されているフォルダを選択してください"
+        until_equal(display.active_title, caption, "the dialog in front")
+        self.assertNotIn("移動", until(reader.dialog, "the dialog read")[1])
+        press("Escape")
+        reader.wait_for_no_dialog()
+        press("ctrl+m")
+        until_equal(display.active_title, "ファイルの移動先フォルダを選択してください", "the dialog in front")
+        self.assertIn("移動", until(reader.dialog, "the dialog read")[1])
+        write(str(target))
+        until(lambda: (reader.dialog_entry() or "").rstrip("/") == str(target), "the path in the dialog")
+        press("Return")
+        answer("ファイル移動", "3 個のファイルの移動が完了しました")
+        self.assertEqual(sorted(os.listdir(target)), ["01.mid", "02.mid", "曲 03.mp3"])

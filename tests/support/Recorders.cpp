@@ -132,8 +132,9 @@ void SearchRecorder::Begin(const std::string& status, const std::string& target)
   log_.Add("search begin: " + status + " | " + target);
 }
 
-std::string FolderDialogRecorder::Choose(const std::string& prompt, const std::string& start) {
-  log_.Add("folder dialog: " + prompt + " | " + start);
+std::string FolderDialogRecorder::Choose(const std::string& prompt, const std::string& start,
+                                         const std::string& confirm) {
+  log_.Add("folder dialog: " + prompt + " | " + start + (confirm.empty() ? "" : " | " + confirm));
   if (answers_.empty()) {
     ADD_FAILURE() << "unexpected folder dialog: " << prompt;
     return {};

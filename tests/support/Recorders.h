@@ -139,7 +139,7 @@ class SearchRecorder final : public SearchDisplay {
 class FolderDialogRecorder final : public FolderDialog {
  public:
   explicit FolderDialogRecorder(EventLog& log) : log_(log) {}
-  std::string Choose(const std::string& prompt, const std::string& start) override;
+  std::string Choose(const std::string& prompt, const std::string& start, const std::string& confirm) override;
 
   /// An empty folder cancels.
   void Answer(std::string folder) { answers_.push_back(std::move(folder)); }

@@ -163,6 +163,19 @@ class Windows(unittest.TestCase):
         self.wine.wait_for_names(["02", "曲 03"])
         self.assertEqual(self.names(), ["02.mid", "曲 03.mp3"])
 
+    def test_the_confirming_button_says_what_the_folder_is_for(self):
+        self.load()
+        press("ctrl+o")
+        self.wine.wait_for_dialog("リネームするファイルが格納されているフォルダを選択してください", "")
+        self.assertNotIn("移動", self.wine.dialog()[1])
+        press("Escape")
+        until(lambda: self.wine.dialog() is None, "the dialog closed")
+        press("ctrl+m")
+        self.wine.wait_for_dialog("ファイルの移動先フォルダを選択してください", "移動")
+        press("Escape")
+        until(lambda: self.wine.dialog() is None, "the dialog closed")
+        self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
+
     def test_space_toggles_the_check(self):
         self.load()
         press("space")
