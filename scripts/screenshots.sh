@@ -7,6 +7,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
+. scripts/picture-prefix.sh
 
 pictures=resources/screenshots
 looks=(linux linux-dark linux-2x linux-large windows)
@@ -144,36 +145,13 @@ linux_look() {
     pictures_of "$1" build/linux/bin "" "$music"
 }
 
-# A prefix of its own, with smooth text in a font much like Windows' own: only that prefix gets the font.
-prepare_wine() {
-  export QUILLON_WINEPREFIX=$quillon_cache/wine-pictures
-  local drive=$QUILLON_WINEPREFIX/drive_c font=fonts-morisawa-bizud-gothic name
-  scripts/wine.sh --server -w
-  if [ ! -f "$drive/windows/Fonts/BIZUDPGothic-Regular.ttf" ]; then
-    say "Fetching $font"
-    (cd "$work" && apt-get download -qq "$font" 2>/dev/null) || fail "the package $font cannot be fetched"
-    dpkg-deb -x "$work/$font"_*.deb "$work/font"
-    find "$work/font" -name 'BIZUDPGothic-*.ttf' -exec cp {} "$drive/windows/Fonts/" \;
-  fi
-  {
-    for name in 'MS UI Gothic' 'MS Shell Dlg' 'MS Shell Dlg 2' Tahoma; do
-      scripts/wine.sh reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$name" /d 'BIZ UDPGothic' /f
-    done
-    # In grey: a display's own colour fringes do not suit a picture.
-    scripts/wine.sh reg add 'HKCU\Control Panel\Desktop' /v FontSmoothing /d 2 /f
-    scripts/wine.sh reg add 'HKCU\Control Panel\Desktop' /v FontSmoothingType /t REG_DWORD /d 1 /f
-  } >/dev/null
-  # The changes hold from the next start of everything.
-  scripts/wine.sh --server -w
-}
-
 windows_look() {
   look_wanted windows || return 0
   need_packages "${windows_packages[@]}"
   scripts/japanese-locale.sh
   scripts/windows-libraries.sh
   build_programs windows quillon bregexp quillon-gallery
-  prepare_wine
+  prepare_picture_prefix
   local samples=$QUILLON_WINEPREFIX/drive_c/音楽
   rm -rf "$samples"
   make_samples "$samples"

@@ -1,4 +1,5 @@
-# Writes the finished pages (UTF-8), the style and the images into the folder TARGET, which holds nothing else.
+# Writes the finished pages (UTF-8), the style and the images of SYSTEM (linux, windows) into the folder TARGET, which
+# holds nothing else.
 cmake_policy(VERSION 3.22)
 include(${CMAKE_CURRENT_LIST_DIR}/Contents.cmake)
 
@@ -64,11 +65,33 @@ function(write_navigation position html)
   set(${html} "<p class=\"nav\">${links}</p>" PARENT_SCOPE)
 endfunction()
 
+# The number that stands in four bytes of a file, the highest first.
+function(read_number file offset result)
+  file(READ ${file} bytes OFFSET ${offset} LIMIT 4 HEX)
+  math(EXPR number "0x${bytes}")
+  set(${result} ${number} PARENT_SCOPE)
+endfunction()
+
+# Each image gets its size, so that a page does not move while it is shown: the systems' pictures differ in theirs.
+function(add_image_sizes text result)
+  string(REGEX MATCHALL "images/[a-z-]+\\.png" images "${text}")
+  list(REMOVE_DUPLICATES images)
+  foreach(image IN LISTS images)
+    get_filename_component(name ${image} NAME)
+    set(file ${SOURCE}/images/${SYSTEM}/${name})
+    read_number(${file} 16 width)
+    read_number(${file} 20 height)
+    string(REPLACE "src=\"${image}\"" "src=\"${image}\" width=\"${width}\" height=\"${height}\"" text "${text}")
+  endforeach()
+  set(${result} "${text}" PARENT_SCOPE)
+endfunction()
+
 function(write_page position page)
   page_title(${SOURCE}/pages ${page} TITLE)
   write_navigation(${position} NAVIGATION)
   file(READ ${SOURCE}/pages/${page} body)
   without_line_breaks("${body}" body)
+  add_image_sizes("${body}" body)
   string(CONFIGURE "${body}" BODY @ONLY)
   configure_file(${SOURCE}/page.html.in ${TARGET}/${page} @ONLY)
 endfunction()
@@ -81,4 +104,5 @@ foreach(page IN LISTS help_pages)
   write_page(${position} ${page})
   math(EXPR position "${position} + 1")
 endforeach()
-file(COPY ${SOURCE}/style.css ${SOURCE}/images DESTINATION ${TARGET})
+file(COPY ${SOURCE}/style.css DESTINATION ${TARGET})
+file(COPY ${SOURCE}/images/${SYSTEM}/ DESTINATION ${TARGET}/images)

@@ -46,6 +46,16 @@ std::string FileBytes(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::string SizeOfPng(const std::string& bytes) {
+  constexpr std::size_t kWidth = 16;
+  constexpr std::size_t kHeight = 20;
+  if (bytes.size() < kHeight + 4) return "no picture";
+  const auto number = [&](std::size_t at) {  // below 65,536
+    return static_cast<unsigned char>(bytes[at + 2]) * 256 + static_cast<unsigned char>(bytes[at + 3]);
+  };
+  return std::to_string(number(kWidth)) + "x" + std::to_string(number(kHeight));
+}
+
 const std::map<std::string, Page>& Pages() {
   static const std::map<std::string, Page> pages = ReadPages();
   return pages;
