@@ -2,12 +2,13 @@
 
 namespace quillon::test {
 
-/// While it exists, what the program takes for the sound server fails at its third block of sound, each time anew.
+/// While it exists, what the program takes for the sound server fails, each time anew.
 class FailingSoundSink {
  public:
-  /// kItself: the sink reports that its device is gone. kStream: it takes no more, and whoever sends to it reports
-  /// that.
-  enum class Blames { kItself, kStream };
+  /// kItself: at its third block of sound the sink reports that its device is gone. kStream: there it takes no more,
+  /// and whoever sends to it reports that. kNobody: once it has played and is flushed, its stream never comes to an
+  /// end, as it may be with PulseAudio.
+  enum class Blames { kItself, kStream, kNobody };
 
   /// A test failure when GStreamer does not take it.
   explicit FailingSoundSink(Blames blames);

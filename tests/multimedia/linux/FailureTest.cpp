@@ -6,6 +6,7 @@
 #include <string>
 
 #include "multimedia/linux/FailingSoundSink.h"
+#include "multimedia/linux/GstSamples.h"
 #include "multimedia/linux/Player.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/multimedia/linux/Medium.h"
@@ -64,6 +65,42 @@ TEST_F(FailureTest, AnErrorWhilePlayingStopsAndPlayTriesAgain) {
   ASSERT_EQ(player_.Error("play X"), 0);
   ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3 * kLength)));
   EXPECT_EQ(player_.Number("status X position"), kLength);
+}
+
+TEST_F(FailureTest, ASeekLosesNeitherSoundNorEnd) {
+  const FailingSoundSink sink(FailingSoundSink::Blames::kNobody);
+  OpenWave();
+  ASSERT_EQ(player_.Error("play X"), 0);
+  Sleep(100);
+  for (const char* const place : {"1000", "300", "1200"}) {
+    SCOPED_TRACE(place);
+    ASSERT_EQ(player_.Error(std::string("seek X to ") + place), 0);
+    ASSERT_EQ(player_.Error("play X"), 0);
+    Sleep(100);
+  }
+  EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(2 * kLength)));
+  ASSERT_EQ(player_.Error("seek X to start"), 0);
+  ASSERT_EQ(player_.Error("play X"), 0);
+  EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(2 * kLength)));
+  EXPECT_EQ(sink.Failures(), 0);
+}
+
+TEST_F(FailureTest, AFilmThatIsDeletedPlaysOnAfterSeeksAndEnds) {
+  const FailingSoundSink sink(FailingSoundSink::Blames::kNobody);
+  const std::string path = folder_.At("a.mpg");
+  MakeMpeg(path, kLength);
+  ASSERT_EQ(player_.Open(path), 0);
+  ASSERT_EQ(player_.Error("play X"), 0);
+  Sleep(100);
+  ASSERT_TRUE(std::filesystem::remove(path));
+  for (const char* const place : {"1000", "300"}) {
+    SCOPED_TRACE(place);
+    ASSERT_EQ(player_.Error(std::string("seek X to ") + place), 0);
+    ASSERT_EQ(player_.Error("play X"), 0);
+    Sleep(100);
+  }
+  EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(2 * kLength)));
+  EXPECT_EQ(sink.Failures(), 0);
 }
 
 TEST_F(FailureTest, PreparingGivesUpWhenNothingComes) {

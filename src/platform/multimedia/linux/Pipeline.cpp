@@ -56,6 +56,7 @@ void Pipeline::UseSinks(GstElement* sound, GstElement* picture) {
   g_object_set(player_.get(), "audio-sink", sound, "video-sink", picture, nullptr);
   sound_ = sound;
   picture_ = picture;
+  hasRun_ = false;
 }
 
 Pipeline::Event Pipeline::Prepare(std::chrono::milliseconds limit) {
@@ -69,6 +70,7 @@ Pipeline::Event Pipeline::Prepare(std::chrono::milliseconds limit) {
 }
 
 void Pipeline::Run() {
+  hasRun_ = true;
   gst_element_set_state(player_.get(), GST_STATE_PLAYING);
 }
 
@@ -81,9 +83,19 @@ void Pipeline::Settle() {
   gst_element_get_state(player_.get(), nullptr, nullptr, kPatience);
 }
 
+// PulseAudio's library loses count of the time of a stream that has played and is flushed. Sound would be written years
+// ahead, where the server takes no more of it, and its end would never come. A sink gets a new stream on this way.
+void Pipeline::RenewSound() {
+  if (!hasRun_ || !HasSound()) return;
+  hasRun_ = false;
+  gst_element_set_state(sound_, GST_STATE_READY);
+  gst_element_set_state(sound_, GST_STATE_PAUSED);
+}
+
 // One that comes while the pipeline is still on its way, after a pause or the seek before, would be lost.
 bool Pipeline::Seek(std::int64_t milliseconds) {
   Settle();
+  RenewSound();
   constexpr auto kFlags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
   const gint64 position = milliseconds * static_cast<gint64>(GST_MSECOND);
   const bool done = gst_element_seek_simple(player_.get(), GST_FORMAT_TIME, kFlags, position) != FALSE;

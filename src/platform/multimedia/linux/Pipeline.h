@@ -46,12 +46,14 @@ class Pipeline {
 
  private:
   void Settle();
+  void RenewSound();
   [[nodiscard]] Event EventOf(GstMessage* message) const;
 
   GstOwned<GstElement> player_;
   GstOwned<GstBus> bus_;
   GstElement* sound_ = nullptr;    // the player's
   GstElement* picture_ = nullptr;  // the player's
+  bool hasRun_ = false;            // with these sinks, since the last seek
 };
 
 }  // namespace quillon
