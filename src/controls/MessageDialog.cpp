@@ -10,6 +10,8 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include <algorithm>
+
 #include "controls/Pictures.h"
 #include "controls/WrappedToFit.h"
 #include "controls/WxText.h"
@@ -128,7 +130,7 @@ void MessageDialog::AddButtons(wxSizer& column) {
   const auto add = [&](wxWindowID id, const char* name, const char* label) {
     auto* button = new wxButton(this, wxID_ANY, ToWx(label));
     button->SetName(name);
-    button->SetMinSize(wxSize(FromDIP(kButtonWidth), -1));
+    button->SetMinSize(wxSize(std::max(FromDIP(kButtonWidth), button->GetBestSize().x), -1));
     button->Bind(wxEVT_BUTTON, [this, id](wxCommandEvent&) { EndModal(id); });
     row->Add(button, wxSizerFlags().Border(wxLEFT, row->IsEmpty() ? 0 : FromDIP(kGap)));
     return button;
