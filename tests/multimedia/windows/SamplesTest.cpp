@@ -101,6 +101,20 @@ TEST_F(SamplesTest, FilmsPlayPauseSeekAndEnd) {
   }
 }
 
+TEST_F(SamplesTest, FilmsPlayFromTheirStartToTheirEnd) {
+  if (!HasSound()) GTEST_SKIP() << kNoSound;
+  if (!HasDisplay()) GTEST_SKIP() << "there is no display";
+  for (const char* const name : {"mpeg1.mpg", "moving.mpg", "mpeg4.avi", "mjpeg.avi"}) {
+    SCOPED_TRACE(name);
+    ASSERT_EQ(OpenSample(name), 0);
+    const auto start = Clock::now();
+    ASSERT_EQ(Error("Play X"), 0);
+    EXPECT_TRUE(AwaitStop());
+    EXPECT_GT(Clock::now() - start, std::chrono::milliseconds(2500));
+    EXPECT_EQ(Error("Close X"), 0);
+  }
+}
+
 TEST_F(SamplesTest, FilmsTellTheSizeOfTheirPicture) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
   if (!HasDisplay()) GTEST_SKIP() << "there is no display";
