@@ -181,8 +181,10 @@ void frmMain::GrowSmallestSize() {
   bars.toolBar = std::max(bars.toolBar, GetToolBar()->GetBestSize().y);  // GTK's gets its height when it is shown
   if (const std::optional<int> inside = HeightForTallControls(controls_, bars)) {
     const int frame = GetSize().y - controls_.panel->GetClientSize().y - bars.toolBar - bars.statusBar;
-    const int height = std::min(*inside + frame, QueryScreen().height);
-    SetMinSize(wxSize(GetMinSize().x, std::max(GetMinSize().y, height)));
+    const ScreenMetrics screen = QueryScreen();
+    wxSize smallest = GetMinSize();
+    smallest.IncTo(wxSize(std::min(StatusBarWidth(), screen.width), std::min(*inside + frame, screen.height)));
+    SetMinSize(smallest);
   }
   wxSize size = GetSize();
   size.IncTo(GetMinSize());

@@ -95,6 +95,7 @@ class frmMain final : public wxFrame,
   void MakeMenus();
   void MakeToolBar();
   void MakeStatusBar();
+  [[nodiscard]] int StatusBarWidth() const;
   void RefreshPictures();
   [[nodiscard]] lvwFiles::Handlers ListHandlers();
   void BindEvents();

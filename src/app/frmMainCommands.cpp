@@ -4,9 +4,11 @@
 #include <wx/statusbr.h>
 #include <wx/toolbar.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "app/frmMain.h"
+#include "controls/AccessKeys.h"
 #include "controls/GuardedApp.h"
 #include "controls/Pictures.h"
 #include "controls/WxText.h"
@@ -124,6 +126,14 @@ void frmMain::MakeStatusBar() {
   SetStatusBarPane(-1);  // menu help would overwrite a panel
 }
 
+// With which every panel shows its whole text while no file is selected.
+int frmMain::StatusBarWidth() const {
+  const wxStatusBar& bar = *GetStatusBar();
+  int width = bar.GetTextExtent(ToWx(kPlayerIdleText)).x + 2 * bar.FromDIP(kPanelMargin);  // and the grip
+  for (int i = 0; i <= kItemPanel; ++i) width += std::max(bar.GetStatusWidth(i), 0);
+  return width;
+}
+
 lvwFiles::Handlers frmMain::ListHandlers() {
   lvwFiles::Handlers handlers;
   handlers.selectionChanged = [this] { app_->SelectionChanged(); };
@@ -141,6 +151,7 @@ void frmMain::BindEvents() {
   const int first = IdOf(Command::kSeparator);
   Bind(
       wxEVT_MENU, [this](wxCommandEvent& event) { Run(CommandOf(event.GetId())); }, first, first + kLastCommand);
+  ReachByAccessKeys(*this);
   Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
     UpdateCommands();
     event.Skip();

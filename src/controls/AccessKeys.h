@@ -1,11 +1,11 @@
 #pragma once
 
-#include <wx/dialog.h>
+#include <wx/window.h>
 
 namespace quillon {
 
-/// Makes every access key (Alt and a letter) of the dialog work wherever the focus is. The toolkit's own search ends,
+/// Makes every access key (Alt and a letter) of the window's controls work wherever the focus is. The toolkit's own search ends,
 /// on Windows, at the frame that the focused control stands in.
-void ReachByAccessKeys(wxDialog& dialog);
+void ReachByAccessKeys(wxWindow& window);
 
 }  // namespace quillon

@@ -2,6 +2,6 @@
 
 namespace quillon {
 
-void ReachByAccessKeys(wxDialog&) {}  // GTK's do
+void ReachByAccessKeys(wxWindow&) {}  // GTK's do
 
 }  // namespace quillon

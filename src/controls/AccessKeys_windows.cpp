@@ -1,7 +1,9 @@
 #include <wx/button.h>
 #include <wx/checkbox.h>
+#include <wx/collpane.h>
 #include <wx/control.h>
 #include <wx/radiobut.h>
+#include <wx/sizer.h>
 #include <wx/stattext.h>
 
 #include <algorithm>
@@ -27,8 +29,11 @@ void FindControls(const wxWindow& parent, wxChar key, std::vector<wxControl*>& f
   for (wxWindow* const child : parent.GetChildren()) {
     auto* const control = dynamic_cast<wxControl*>(child);
     const bool usable = child->IsShownOnScreen() && child->IsEnabled();
-    if (control != nullptr && usable && AccessKeyOf(control->GetLabel()) == key) found.push_back(control);
-    FindControls(*child, key, found);
+    if (control != nullptr && usable && AccessKeyOf(control->GetLabel()) == key) {
+      found.push_back(control);  // a part of it may repeat its label
+    } else {
+      FindControls(*child, key, found);
+    }
   }
 }
 
@@ -52,6 +57,9 @@ void Use(wxControl& control) {
   } else if (auto* const option = dynamic_cast<wxRadioButton*>(&control)) {
     option->SetValue(true);
     Send(control, wxEVT_RADIOBUTTON, 1);
+  } else if (auto* const pane = dynamic_cast<wxCollapsiblePane*>(&control)) {
+    pane->Collapse(!pane->IsCollapsed());
+    pane->GetParent()->GetSizer()->SetSizeHints(pane->GetParent());
   } else if (dynamic_cast<wxButton*>(&control) != nullptr) {
     Send(control, wxEVT_BUTTON, 0);
   }
@@ -67,12 +75,12 @@ void GoOn(const std::vector<wxControl*>& controls) {
 
 }  // namespace
 
-void ReachByAccessKeys(wxDialog& dialog) {
-  dialog.Bind(wxEVT_CHAR_HOOK, [&dialog](wxKeyEvent& event) {
+void ReachByAccessKeys(wxWindow& window) {
+  window.Bind(wxEVT_CHAR_HOOK, [&window](wxKeyEvent& event) {
     std::vector<wxControl*> controls;
     const int key = event.GetKeyCode();
     const bool letter = event.GetModifiers() == wxMOD_ALT && key >= '0' && key <= 'Z';
-    if (letter) FindControls(dialog, static_cast<wxChar>(key), controls);
+    if (letter) FindControls(window, static_cast<wxChar>(key), controls);
     if (controls.empty()) return event.Skip();
     if (controls.size() == 1) {
       Use(*controls.front());

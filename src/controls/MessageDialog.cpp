@@ -12,6 +12,7 @@
 
 #include <algorithm>
 
+#include "controls/AccessKeys.h"
 #include "controls/Pictures.h"
 #include "controls/WrappedToFit.h"
 #include "controls/WxText.h"
@@ -95,6 +96,7 @@ MessageDialog::MessageDialog(wxWindow* owner, const FailureMessage& content)
     CentreOnScreen();
   }
   Bind(wxEVT_CHAR_HOOK, &MessageDialog::OnKey, this);
+  ReachByAccessKeys(*this);
 }
 
 void MessageDialog::AddText(wxSizer& column) {

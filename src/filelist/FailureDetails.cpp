@@ -28,6 +28,8 @@ std::string WhyNotFound(FileReads& files, const std::string& from, const std::st
   if (now && now->kind == FileStatus::Kind::kAbsent) {
     return "ファイルがありません。ほかのプログラムが削除または移動した可能性があります";
   }
+  const Result<FileStatus, FileError> folder = files.Status(std::string(FolderPart(to, style)));
+  if (folder && folder->kind == FileStatus::Kind::kAbsent) return "移動先のフォルダがありません";
   const std::string_view name = FileName(to, style);
   const bool windows = style == PathStyle::kWindows;
   const std::size_t length = windows ? Utf16Units(name) : name.size();

@@ -8,7 +8,8 @@
 namespace quillon {
 
 /// What a box about a failed rename or move shows on demand, lines ending with "\r\n": the file's path, its new path
-/// where there is one, what is behind an error 53 (the file is gone, the name is too long, or the volume refuses it),
+/// where there is one, what is behind an error 53 (the file or the new folder is gone, the name is too long, or the
+/// volume refuses it),
 /// and the system's own words.
 [[nodiscard]] std::string FailureDetails(FileReads& files, const std::string& from, const std::string& to,
                                          const FileError& error, PathStyle style = SystemPathStyle());

@@ -134,6 +134,7 @@ void FileCommands::SelectAgain(const Batch& batch) {
     ports_.filePanel.ShowRow(selected);
   } else {
     ports_.filePanel.Reset();
+    ports_.player.Choose("");
   }
 }
 

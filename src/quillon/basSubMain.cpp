@@ -71,7 +71,9 @@ class QuillonApp final : public GuardedApp {
   void Begin() {
     if (request_.kind != CommandLineRequest::Kind::kOpen) {
       exitStatus_ = ExitStatusOf(request_);
-      WxMessageBoxes(nullptr).Show({kMainTitle, AnswerTo(request_), MessageIcon::kInformation});
+      const bool mistake = request_.kind == CommandLineRequest::Kind::kWrongUsage;
+      WxMessageBoxes(nullptr).Show(
+          {kMainTitle, AnswerTo(request_), mistake ? MessageIcon::kExclamation : MessageIcon::kInformation});
       return;
     }
     if (!instance_->IsFirst()) {

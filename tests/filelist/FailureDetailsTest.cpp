@@ -29,6 +29,7 @@ TEST(FailureDetails, SayWhatIsBehindANameThatIsNotValid) {
   EXPECT_EQ(WhyNotFound(files, "/m/gone", "/m/b", PathStyle::kLinux),
             "ファイルがありません。ほかのプログラムが削除または移動した可能性があります");
   EXPECT_EQ(WhyNotFound(files, "/m/a", "/m/b:", PathStyle::kLinux), "このドライブでは使えない名前です");
+  EXPECT_EQ(WhyNotFound(files, "/m/a", "/gone/a", PathStyle::kLinux), "移動先のフォルダがありません");
   std::string kana;
   for (int i = 0; i < 86; ++i) kana += "あ";
   EXPECT_EQ(WhyNotFound(files, "/m/a", "/m/" + kana, PathStyle::kLinux),

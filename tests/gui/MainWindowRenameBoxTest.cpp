@@ -40,6 +40,13 @@ TEST_F(RenameBoxInMainWindow, TheFocusSelectsTheWholeName) {
   EXPECT_EQ(Selected(), "a");
 }
 
+TEST_F(RenameBoxInMainWindow, ItsAccessKeyLeadsToIt) {
+  OpenFolder();
+  FocusList();
+  Key('N', wxMOD_ALT);
+  EXPECT_TRUE(Until([] { return FocusName() == "txtAlterTitle"; })) << FocusName();
+}
+
 TEST_F(RenameBoxInMainWindow, TypingWritesToTheRow) {
   OpenFolder();
   FocusBox();

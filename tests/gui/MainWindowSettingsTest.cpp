@@ -58,6 +58,13 @@ TEST_F(SettingsOfMainWindow, AFirstStartIsCentredWithTheUsualMeasures) {
   EXPECT_EQ(ColumnWidths(), expected);
 }
 
+TEST_F(SettingsOfMainWindow, AColumnThatNobodyCouldSeeIsWidened) {
+  OptionValues options = Options();
+  options.window.columnWidths = {0, 15, 150, 660, 900, 2300};
+  Open(options);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(Frame().List().ColumnWidth(static_cast<Column>(i)), Frame().FromDIP(20)) << i;
+}
+
 TEST_F(SettingsOfMainWindow, PlaceSizeAndColumnsSurviveARestart) {
   Open(Options());
   const wxRect place(90, 80, 733, 541);

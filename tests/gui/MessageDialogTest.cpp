@@ -4,6 +4,7 @@
 #include <wx/frame.h>
 #include <wx/statbmp.h>
 #include <wx/textctrl.h>
+#include <wx/uiaction.h>
 
 #include "controls/MessageDialog.h"
 #include "controls/WxMessageBoxes.h"
@@ -79,6 +80,22 @@ TEST(MessageDialog, ItsButtonsAndKeysAnswer) {
     });
     EXPECT_EQ(WxMessageBoxes(nullptr).Show({"caption", "text", MessageIcon::kQuestion, row.buttons}), row.expected);
   }
+}
+
+TEST(MessageDialog, ItsAccessKeysWork) {
+  Dialogs dialogs;
+  dialogs.Use([&](wxDialog& dialog) {
+    EXPECT_TRUE(SettleUntil([&] { return dialog.IsActive(); }));
+    auto* const pane = Find<wxCollapsiblePane>(dialog, "paneDetails");
+    ASSERT_NE(pane, nullptr);
+    wxUIActionSimulator().Char('D', wxMOD_ALT);
+    EXPECT_TRUE(SettleUntil([&] { return pane->IsExpanded(); }));
+    wxUIActionSimulator().Char('S', wxMOD_ALT);
+    auto* const box = Find<wxCheckBox>(dialog, "chkTellNoMore");
+    EXPECT_TRUE(SettleUntil([&] { return box->GetValue(); }));
+    Press(dialog, "cmdOK");
+  });
+  EXPECT_EQ(WxMessageBoxes(nullptr).ShowFailure({{"caption", "text"}, "details", true}), FailureAnswer::kTellNoMore);
 }
 
 class FailingBatch : public MainWindowTest {
