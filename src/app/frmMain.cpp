@@ -68,7 +68,6 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
       disk_(MakeFileChanges()),
       frmWait_(this) {
   SetName("frmMain");
-  SetExtraStyle(GetExtraStyle() | wxTOPLEVEL_EX_DIALOG);  // for GTK: its close button is heard over a dialog, too
   SetIcons(ProgramIcons());
   MakeMenus();
   MakeToolBar();
