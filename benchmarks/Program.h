@@ -46,7 +46,7 @@ class Nobody final : public MessageBoxes,
   void End() override {}
   void ShowFolder(const std::string&) override {}
   void PassedOver(const std::string&, Obstacle) override {}
-  std::string Choose(const std::string&, const std::string&) override { return {}; }
+  std::string Choose(const std::string&, const std::string&, const std::string&) override { return {}; }
   std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
 };
 
