@@ -49,19 +49,11 @@ long ButtonStyle(MessageButtons buttons) {
   return wxOK;
 }
 
-wxArtID ArtOf(MessageIcon icon) {
-  switch (icon) {
-    case MessageIcon::kExclamation: return wxART_WARNING;
-    case MessageIcon::kStop: return wxART_ERROR;
-    case MessageIcon::kQuestion: return wxART_QUESTION;
-    case MessageIcon::kInformation: break;
-  }
-  return wxART_INFORMATION;
-}
-
 wxBitmap PictureOf(MessageIcon icon) {
   const std::optional<Pixels> picture = MessagePicture(icon);
-  return picture ? BitmapOf(*picture) : wxArtProvider::GetBitmap(ArtOf(icon), wxART_MESSAGE_BOX);
+  return picture ? BitmapOf(*picture)
+                 : wxArtProvider::GetBitmap(wxArtProvider::GetMessageBoxIconId(static_cast<int>(IconStyle(icon))),
+                                            wxART_MESSAGE_BOX);
 }
 
 wxString Lines(const std::string& text) {
@@ -106,9 +98,7 @@ void MessageDialog::AddText(wxSizer& column) {
   row->Add(picture, wxSizerFlags().Border(wxRIGHT, FromDIP(kMargin)));
   auto* text = new wxStaticText(this, wxID_ANY, "");
   text->SetName("lblText");
-  std::string lines = content_.message.text;
-  for (std::size_t at = lines.find('\r'); at != std::string::npos; at = lines.find('\r')) lines.erase(at, 1);
-  text->SetLabelText(WrappedToFit(*text, lines, FromDIP(kWidest)));
+  text->SetLabelText(WrappedToFit(*text, FromWx(m_message), FromDIP(kWidest)));
   row->Add(text, wxSizerFlags(1).CentreVertical());
   column.Add(row, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kMargin)));
 }

@@ -18,7 +18,7 @@
 namespace quillon {
 namespace {
 
-// No page is as long; what is, is no page, and is not read.
+// Larger files are not read.
 constexpr std::uint64_t kLargestPage = std::uint64_t{1} << 28u;
 
 // In lower case; letters A to Z of a page match too.

@@ -454,6 +454,16 @@ TEST(BatchMove, AFailedRowIsShownBeforeItsBoxAndTheSelectionComesBack) {
   EXPECT_EQ(f.ports.log.StartingWith("file panel row").back(), "file panel row 1");
 }
 
+TEST(BatchMove, WithoutASelectionNoFailedRowStaysChosenForPlaying) {
+  Fixture f({"a.mid"});
+  f.files.AddFile("/t/a.mid", "other");
+  f.ports.folders.Answer("/t");
+  f.ports.player.chosen = "/m/a.mid";  // as the window does for the row that it shows
+  f.commands.mnuAllMove();
+  EXPECT_EQ(f.list.SelectedIndex(), 0);
+  EXPECT_EQ(f.ports.player.chosen, "");
+}
+
 TEST(BatchMove, TellsNoMoreFailuresWhenTheUserWantsNone) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
   for (const char* const name : {"/t/a.mid", "/t/b.mid"}) f.files.AddFile(name, "other");

@@ -26,10 +26,6 @@ struct AccessList {
   Entries inherited;
 };
 
-void Append(Entries& entries, const Entries& more) {
-  entries.insert(entries.end(), more.begin(), more.end());
-}
-
 std::optional<AccessList> ReadAccessList(const std::wstring& path) {
   ACL* list = nullptr;
   void* memory = nullptr;
@@ -87,7 +83,7 @@ bool CopyAccessList(const std::wstring& from, const std::wstring& to) {
   if (!before) return false;
   if (HaveSameOwn(*before, *source)) return true;
   Entries entries = source->own;
-  if (source->inherits) Append(entries, before->inherited);
+  if (source->inherits) entries.insert(entries.end(), before->inherited.begin(), before->inherited.end());
   if (!SetAccessList(to, source->inherits, std::move(entries))) return false;
   const std::optional<AccessList> now = ReadAccessList(to);
   return now && HaveSameOwn(*now, *source);
