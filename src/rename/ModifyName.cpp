@@ -1,14 +1,13 @@
 #include "rename/ModifyName.h"
 
 #include <algorithm>
-#include <functional>
 #include <optional>
 #include <utility>
 
 #include "base/Text.h"
 #include "filelist/paths/basFileControl.h"
 #include "rename/CaseConversion.h"
-#include "rename/FixedGrowth.h"
+#include "rename/RegexGrowth.h"
 #include "rename/RepeatedRule.h"
 #include "rename/ReplaceText.h"
 #include "rename/SelfGrowth.h"
@@ -16,10 +15,6 @@
 
 namespace quillon {
 namespace {
-
-// A name that a pattern makes longer this often in a row, and more often than its own characters or a count in the
-// pattern account for, is not going to stop growing.
-constexpr std::size_t kSteadyApplications = 64;
 
 /// Nullopt when the replacement would never get rid of the invalid characters, or makes the name too long.
 std::optional<std::string> ReplaceInvalidCharacters(std::string name, const std::string& replacement,
@@ -36,9 +31,7 @@ std::optional<std::string> ReplaceInvalidCharacters(std::string name, const std:
   }
 }
 
-using Application = std::function<std::string(const std::string& name)>;
-
-std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode compareMode, const Application& apply,
+std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode compareMode, const NameFunction& apply,
                                           std::string name, std::size_t times, PendingMessages& pending) {
   SelfGrowth growth(rule.find, rule.replacement, compareMode);
   RepeatedRule repeated;
@@ -54,30 +47,13 @@ std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode c
   return ApplyRepeatedly(repeated, std::move(name), times, pending);
 }
 
-std::size_t LargestNumberIn(std::string_view pattern) {
-  std::size_t largest = 0;
-  for (std::size_t i = 0; i < pattern.size();) {
-    std::size_t number = 0;
-    for (; i < pattern.size() && pattern[i] >= '0' && pattern[i] <= '9'; ++i) {
-      number = std::min(number * 10 + static_cast<std::size_t>(pattern[i] - '0'), kLongestName);
-    }
-    largest = std::max(largest, number);
-    ++i;
-  }
-  return largest;
-}
-
-std::optional<std::string> ApplyRegexRule(const ReplaceRule& rule, const Application& apply, std::string name,
+std::optional<std::string> ApplyRegexRule(const ReplaceRule& rule, const NameFunction& apply, std::string name,
                                           std::size_t times, PendingMessages& pending) {
-  FixedGrowth growth(rule.find, rule.replacement);
+  RegexGrowth growth(rule.find, apply, name);
   RepeatedRule repeated;
   repeated.apply = apply;
-  repeated.steadyApplications = kSteadyApplications + CharacterCount(name) + LargestNumberIn(rule.find);
-  if (growth.Possible()) {
-    growth.Watch(name);
-    repeated.shortcut = [&](const std::string& text, std::size_t remaining) { return growth.After(text, remaining); };
-    repeated.steadyApplications = FixedGrowth::kApplicationsToSee;
-  }
+  repeated.steadyApplications = growth.SteadyApplications();
+  repeated.shortcut = [&](const std::string& text, std::size_t remaining) { return growth.After(text, remaining); };
   return ApplyRepeatedly(repeated, std::move(name), times, pending);
 }
 

@@ -83,7 +83,7 @@ std::optional<std::string> ApplyRepeatedly(const RepeatedRule& rule, std::string
     if (growth.PassesLimit(CharacterCount(name), remaining)) return std::nullopt;
     if (const auto period = cycle.Period(name)) remaining %= *period;
     if (!rule.shortcut) continue;
-    if (std::optional<std::string> result = rule.shortcut(name, remaining)) return result;
+    if (std::optional<Forecast> forecast = rule.shortcut(name, remaining)) return std::move(forecast->name);
   }
   return name;
 }

@@ -15,10 +15,18 @@ inline constexpr std::size_t kLongestName = 32'767;
 /// True when `after` is longer than `before` and longer than any name may be.
 [[nodiscard]] bool GrewPastEveryName(const std::string& before, const std::string& after);
 
+/// What makes of a name another one.
+using NameFunction = std::function<std::string(const std::string& name)>;
+
+/// What a name becomes in the end; nullopt when it grows past kLongestName.
+struct Forecast {
+  std::optional<std::string> name;
+};
+
 /// A rule that is applied again and again.
 struct RepeatedRule {
   /// One application. The same name must always give the same answer.
-  std::function<std::string(const std::string& name)> apply;
+  NameFunction apply;
 
   /// After how many applications in a row that each made the name longer this is taken to go on for ever. 1 where it is
   /// certain to.
@@ -27,7 +35,7 @@ struct RepeatedRule {
 
   /// Optional; called after each application that changed the name. May give the result of all `remaining` applications
   /// at once.
-  std::function<std::optional<std::string>(const std::string& name, std::size_t remaining)> shortcut;
+  std::function<std::optional<Forecast>(const std::string& name, std::size_t remaining)> shortcut;
 };
 
 /// The name after `times` applications. An application that changes nothing ends the work, and so does a name that was

@@ -34,7 +34,7 @@ void SelfGrowth::Watch(const std::string& name) {
   between_.push_back(name.substr(done));
 }
 
-std::optional<std::string> SelfGrowth::After(const std::string& name, std::size_t remaining) {
+std::optional<Forecast> SelfGrowth::After(const std::string& name, std::size_t remaining) {
   if (++applications_ < applicationsToSee_) return std::nullopt;
   std::vector<TextRange> expected;
   if (Grown(applications_, &expected) != name ||
@@ -42,7 +42,7 @@ std::optional<std::string> SelfGrowth::After(const std::string& name, std::size_
     Watch(name);
     return std::nullopt;
   }
-  return Grown(applications_ + remaining, nullptr);
+  return Forecast{Grown(applications_ + remaining, nullptr)};
 }
 
 std::string SelfGrowth::Grown(std::size_t applications, std::vector<TextRange>* finds) const {

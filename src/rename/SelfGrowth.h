@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "rename/RepeatedRule.h"
 #include "rename/ReplaceText.h"
 
 namespace quillon {
@@ -24,7 +25,7 @@ class SelfGrowth {
   void Watch(const std::string& name);
 
   /// To be called after every application. When the growth is certain: the name after `remaining` more of them.
-  [[nodiscard]] std::optional<std::string> After(const std::string& name, std::size_t remaining);
+  [[nodiscard]] std::optional<Forecast> After(const std::string& name, std::size_t remaining);
 
  private:
   [[nodiscard]] std::string Grown(std::size_t applications, std::vector<TextRange>* finds) const;
