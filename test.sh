@@ -41,6 +41,13 @@ count_results() {
   total_failed=$((total_failed + bad))
   total_skipped=$((total_skipped + skipped))
   summary+=("$(printf '%-22s %5d passed, %d failed, %d skipped' "$suite:" "$passed" "$bad" "$skipped")")
+  [ "$skipped" -eq 0 ] || summary+=("$(skip_reasons "$folder")")
+}
+
+# How many tests of a folder of result files were skipped for what reason.
+skip_reasons() {
+  grep -hA1 '<skipped ' "$1"/*.xml | sed -n 's/.*<skipped message="\([^"]*\)".*/\1/p' |
+    sed 's/^[^ ]*:[0-9]*&#x0A;//; s/&#x0A;.*//' | sort | uniq -c | sed 's/^ *\([0-9]*\)/    \1 x/'
 }
 
 # Most of a suite's time goes by waiting, for windows and for music: what has time runs beside it.
