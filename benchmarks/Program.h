@@ -3,13 +3,13 @@
 #include <memory>
 #include <string>
 
-#include "app/settings/ApplyMode.h"
 #include "filelist/FileList.h"
 #include "filelist/FileLoader.h"
 #include "filelist/WindowPorts.h"
 #include "platform/FileSystem.h"
 #include "rename/TitleRename.h"
 #include "rename/basQuillon.h"
+#include "settings/ApplyMode.h"
 
 namespace quillon::benchmarks {
 

@@ -1,8 +1,7 @@
 # Each folder of src/ is a static library that links only the folders below it, so that a call upwards does not link.
-# Windows (frm*, lvwFiles*) are no part of it: see quillon_windows.
+# The windows in its folder "window" are no part of it: see quillon_windows.
 function(quillon_library name folder)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/src/${folder}/*.h)
-  list(FILTER sources EXCLUDE REGEX "/(frm|lvwFiles)[^/]*$")
   add_library(${name} STATIC ${sources})
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)

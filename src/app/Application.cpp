@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "app/settings/SettingsFile.h"
-#include "app/settings/basINIControl.h"
 #include "base/Finally.h"
-#include "filelist/paths/basFileControl.h"
 #include "media/MediaInfo.h"
+#include "paths/basFileControl.h"
 #include "platform/Shell.h"
 #include "platform/desktop/JapaneseCollation.h"
+#include "settings/SettingsFile.h"
+#include "settings/basINIControl.h"
 
 namespace quillon {
 Application::Application(OptionValues options, Paths paths, Ports ports, std::uintptr_t ownerWindow, PathStyle style)

@@ -7,10 +7,6 @@
 #include "app/CommandTable.h"
 #include "app/InformationPanel.h"
 #include "app/PassedOver.h"
-#include "app/settings/ApplyMode.h"
-#include "app/settings/ApplyModeSwitch.h"
-#include "app/settings/OptionValues.h"
-#include "app/settings/Settings.h"
 #include "base/Ports.h"
 #include "dialogs/OptionForm.h"
 #include "filelist/FileList.h"
@@ -26,6 +22,10 @@
 #include "rename/RenameEditing.h"
 #include "rename/TitleRename.h"
 #include "rename/basQuillon.h"
+#include "settings/ApplyMode.h"
+#include "settings/ApplyModeSwitch.h"
+#include "settings/OptionValues.h"
+#include "settings/Settings.h"
 
 namespace quillon {
 

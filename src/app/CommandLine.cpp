@@ -1,7 +1,7 @@
 #include "app/CommandLine.h"
 
 #include "base/Product.h"
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {

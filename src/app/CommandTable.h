@@ -3,8 +3,8 @@
 #include <span>
 #include <string>
 
-#include "app/settings/ApplyMode.h"
 #include "filelist/FileList.h"
+#include "settings/ApplyMode.h"
 
 /// Every command of the main window: its menu entry, its keys, and when it is enabled.
 namespace quillon {

@@ -1,8 +1,8 @@
 #include "app/InformationPanel.h"
 
-#include "filelist/paths/basFileControl.h"
 #include "media/FileInformation.h"
 #include "media/MediaInfo.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 

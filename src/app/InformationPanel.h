@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "app/settings/OptionValues.h"
 #include "filelist/FileList.h"
 #include "filelist/WindowPorts.h"
 #include "platform/PathStyle.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {

@@ -4,10 +4,10 @@
 #include "cli/Json.h"
 #include "cli/Output.h"
 #include "cli/Table.h"
-#include "filelist/paths/basFileControl.h"
 #include "media/FileInformation.h"
 #include "media/MediaInfo.h"
 #include "media/basHTMLFile.h"
+#include "paths/basFileControl.h"
 
 namespace quillon::cli {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "cli/BatchReport.h"
 #include "cli/Commands.h"
-#include "filelist/paths/basFileControl.h"
 #include "fileops/FileOperations.h"
+#include "paths/basFileControl.h"
 #include "platform/Program.h"
 #include "rename/PlannedChanges.h"
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "app/settings/Settings.h"
 #include "cli/Output.h"
+#include "settings/Settings.h"
 
 namespace quillon::cli {
 namespace {

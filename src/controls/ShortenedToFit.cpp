@@ -2,7 +2,7 @@
 
 #include "base/Text.h"
 #include "controls/WxText.h"
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 #include "platform/Shell.h"
 
 namespace quillon {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "app/settings/SettingsTable.h"
+#include "settings/SettingsTable.h"
 
 namespace quillon {
 namespace {

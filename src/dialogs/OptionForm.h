@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/settings/ApplyModeSwitch.h"
-#include "app/settings/OptionValues.h"
 #include "dialogs/OptionTable.h"
+#include "settings/ApplyModeSwitch.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

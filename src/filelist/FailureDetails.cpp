@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "base/Finally.h"
-#include "filelist/paths/basFileControl.h"
 #include "media/MediaInfo.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {

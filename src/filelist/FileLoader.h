@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "app/settings/ApplyMode.h"
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 #include "filelist/FileList.h"
 #include "filelist/FolderSearch.h"
 #include "filelist/WindowPorts.h"
 #include "platform/FileSystem.h"
+#include "settings/ApplyMode.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {

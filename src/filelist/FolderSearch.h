@@ -4,12 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 #include "base/Throttle.h"
 #include "filelist/WindowPorts.h"
 #include "platform/FileSystem.h"
 #include "platform/PathStyle.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/settings/ApplyMode.h"
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 #include "filelist/FileList.h"
 #include "filelist/WindowPorts.h"
+#include "settings/ApplyMode.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

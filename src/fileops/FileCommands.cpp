@@ -2,7 +2,7 @@
 
 #include "base/Finally.h"
 #include "filelist/FailureDetails.h"
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 #include "filelist/FileList.h"
 #include "filelist/ListCommands.h"
@@ -13,6 +12,7 @@
 #include "fileops/FileOperations.h"
 #include "fileops/MoveProgress.h"
 #include "platform/FileSystem.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

@@ -1,6 +1,6 @@
 #include "fileops/FileOperations.h"
 
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 

@@ -6,9 +6,9 @@
 #include <new>
 
 #include "base/Text.h"
-#include "filelist/paths/basFileControl.h"
 #include "media/BlockReader.h"
 #include "media/MediaInfo.h"
+#include "paths/basFileControl.h"
 #include "platform/FileSystem.h"
 #include "platform/Shell.h"
 

@@ -7,11 +7,11 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "filelist/paths/basFileControl.h"
 #include "media/basHTMLFile.h"
 #include "media/basID3TAGControl.h"
 #include "media/basMIDIInfo.h"
 #include "media/basRIFFInfo.h"
+#include "paths/basFileControl.h"
 #include "platform/FileSystem.h"
 
 namespace quillon {

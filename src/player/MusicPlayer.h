@@ -4,12 +4,12 @@
 #include <functional>
 #include <string>
 
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 #include "filelist/FileList.h"
 #include "filelist/WindowPorts.h"
 #include "player/PlayerPorts.h"
 #include "player/basMCIControl.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

@@ -7,9 +7,7 @@
 
 #include "app/CommandLine.h"
 #include "app/HelpFile.h"
-#include "app/frmMain.h"
-#include "app/settings/Settings.h"
-#include "app/settings/SettingsFile.h"
+#include "app/window/frmMain.h"
 #include "base/UnexpectedError.h"
 #include "controls/GuardedApp.h"
 #include "controls/WxMessageBoxes.h"
@@ -17,6 +15,8 @@
 #include "platform/desktop/DesktopStyle.h"
 #include "platform/desktop/NativeWindow.h"
 #include "platform/desktop/SingleInstance.h"
+#include "settings/Settings.h"
+#include "settings/SettingsFile.h"
 
 namespace quillon {
 namespace {

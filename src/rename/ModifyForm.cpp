@@ -1,6 +1,6 @@
 #include "rename/ModifyForm.h"
 
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <optional>
 
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
+#include "settings/OptionValues.h"
 
 /// What the dialog of the modification rules shows and edits, as plain data: OptionValues::Modify.
 namespace quillon {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 #include "rename/CaseConversion.h"
 #include "rename/RegexGrowth.h"
 #include "rename/RepeatedRule.h"

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 #include "rename/RegexReplace.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 
@@ -21,9 +21,9 @@ struct ModifyResult {
 /// expressions do nothing without a library. A name that is left alone comes back as it was, whole.
 ///
 /// Cost: a rule that stops changing the name, or brings an earlier one back, costs no more than it takes to see that,
-/// however long the list is; so does a rule that adds the same text to the name once per row: a plain one, a regular
-/// expression without special characters, or one that FixedGrowth.h knows. Any other regular expression that has kept a
-/// name growing for long (64 applications and more) is taken to go on with it, everything else is exact.
+/// however long the list is; so does a rule that adds the same texts to the name once per row. A regular expression
+/// that has multiplied a name, or kept it growing for long (64 applications and more), is taken to go on with it.
+/// Everything else is exact.
 [[nodiscard]] ModifyResult ModifyName(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount,
                                       RegexEngine& regex, PendingMessages& pending);
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "app/settings/ApplyMode.h"
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 #include "base/Throttle.h"
 #include "filelist/FileList.h"
 #include "filelist/WindowPorts.h"
 #include "rename/RegexReplace.h"
 #include "rename/basQuillon.h"
+#include "settings/ApplyMode.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

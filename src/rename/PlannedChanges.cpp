@@ -1,7 +1,7 @@
 #include "rename/PlannedChanges.h"
 
 #include "base/Text.h"
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/settings/OptionValues.h"
 #include "bregexp/bregexp.h"
 #include "platform/SharedLibrary.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

@@ -4,14 +4,14 @@
 #include <string_view>
 #include <vector>
 
-#include "app/settings/ApplyMode.h"
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 #include "filelist/FileList.h"
 #include "filelist/SelectionStatus.h"
 #include "filelist/WindowPorts.h"
 #include "rename/TitleRename.h"
 #include "rename/basQuillon.h"
+#include "settings/ApplyMode.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

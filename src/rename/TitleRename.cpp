@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "base/Finally.h"
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 #include "rename/ModifyName.h"
 #include "rename/ModifyRenameNames.h"
 

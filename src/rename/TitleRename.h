@@ -1,12 +1,12 @@
 #pragma once
 
-#include "app/settings/ApplyMode.h"
-#include "app/settings/OptionValues.h"
 #include "base/Ports.h"
 #include "filelist/FileList.h"
 #include "filelist/WindowPorts.h"
 #include "rename/RegexReplace.h"
 #include "rename/basQuillon.h"
+#include "settings/ApplyMode.h"
+#include "settings/OptionValues.h"
 
 namespace quillon {
 

@@ -5,7 +5,7 @@
 #include "base/Finally.h"
 #include "base/Text.h"
 #include "filelist/FailureDetails.h"
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/ApplicationFixture.h"
-#include "app/settings/basINIControl.h"
+#include "settings/basINIControl.h"
 #include "support/MediaBuilders.h"
 
 namespace quillon {

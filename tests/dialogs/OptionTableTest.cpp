@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "app/settings/SettingsTable.h"
 #include "dialogs/OptionTable.h"
+#include "settings/SettingsTable.h"
 
 namespace quillon {
 namespace {

@@ -11,10 +11,10 @@
 
 #include "controls/Pictures.h"
 #include "controls/WxText.h"
-#include "filelist/frmFolderRef.h"
+#include "filelist/window/frmFolderRef.h"
 #include "platform/Program.h"
 #include "platform/desktop/DesktopStyle.h"
-#include "rename/frmWait.h"
+#include "rename/window/frmWait.h"
 
 namespace quillon {
 

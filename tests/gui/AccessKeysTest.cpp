@@ -10,9 +10,9 @@
 #include "app/CommandTable.h"
 #include "controls/WxText.h"
 #include "dialogs/OptionTable.h"
-#include "dialogs/frmDirShow.h"
+#include "dialogs/window/frmDirShow.h"
 #include "gui/MainWindow.h"
-#include "rename/frmModifyMenus.h"
+#include "rename/window/frmModifyMenus.h"
 
 /// A key together with Alt leads to one control or menu only, and in a menu a key chooses one entry only.
 namespace quillon::test {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "app/frmMain.h"
+#include "app/window/frmMain.h"
 #include "gui/Dialogs.h"
 #include "support/TempFolder.h"
 

@@ -8,7 +8,7 @@
 #include "base/Product.h"
 #include "controls/WxText.h"
 #include "dialogs/OptionTable.h"
-#include "dialogs/frmDirShow.h"
+#include "dialogs/window/frmDirShow.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
 #include "gui/SystemView.h"

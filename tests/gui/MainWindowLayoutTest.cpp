@@ -7,9 +7,9 @@
 
 #include "controls/Twips.h"
 #include "controls/WxText.h"
-#include "filelist/paths/basFileControl.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
+#include "paths/basFileControl.h"
 
 /// Where the main window's controls stand. Measures are in twips, as they are given.
 namespace quillon::test {

@@ -7,7 +7,7 @@
 #include "gui/ScreenPixel.h"
 #include "gui/Settle.h"
 #include "gui/SystemView.h"
-#include "player/frmMoviePlayer.h"
+#include "player/window/frmMoviePlayer.h"
 #include "support/MediaBuilders.h"
 
 /// Films and songs of each kind, as scripts/media-samples.sh makes them: three seconds of colour bars and a tone.

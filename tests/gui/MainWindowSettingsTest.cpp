@@ -1,10 +1,10 @@
 #include <wx/dialog.h>
 #include <wx/tglbtn.h>
 
-#include "app/settings/Settings.h"
 #include "controls/Twips.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
+#include "settings/Settings.h"
 
 /// What the main window keeps from one run to the next.
 namespace quillon::test {

@@ -6,7 +6,7 @@
 #include <new>
 #include <stdexcept>
 
-#include "app/frmMainPlayer.h"
+#include "app/window/frmMainPlayer.h"
 #include "controls/WxText.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "controls/WxText.h"
-#include "dialogs/frmDirShow.h"
+#include "dialogs/window/frmDirShow.h"
 #include "gui/Settle.h"
 #include "support/Rows.h"
 

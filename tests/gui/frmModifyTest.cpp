@@ -14,8 +14,8 @@
 #include "gui/Dialogs.h"
 #include "gui/MenuKeys.h"
 #include "gui/Settle.h"
-#include "rename/frmModify.h"
-#include "rename/frmModifyMenus.h"
+#include "rename/window/frmModify.h"
+#include "rename/window/frmModifyMenus.h"
 
 namespace quillon {
 namespace {

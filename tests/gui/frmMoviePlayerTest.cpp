@@ -21,7 +21,7 @@
 #include "platform/desktop/NativeWindow.h"
 #include "player/MusicPlayer.h"
 #include "player/PlayerRecorders.h"
-#include "player/frmMoviePlayer.h"
+#include "player/window/frmMoviePlayer.h"
 #include "support/FakeDevice.h"
 #include "support/MemoryFileSystem.h"
 #include "support/Recorders.h"

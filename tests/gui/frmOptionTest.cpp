@@ -8,7 +8,7 @@
 
 #include "controls/WxText.h"
 #include "dialogs/OptionTable.h"
-#include "dialogs/frmOption.h"
+#include "dialogs/window/frmOption.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
 

@@ -18,7 +18,7 @@
 #include "base/Product.h"
 #include "controls/WxText.h"
 #include "dialogs/VersionText.h"
-#include "dialogs/frmVerInfo.h"
+#include "dialogs/window/frmVerInfo.h"
 #include "gui/Settle.h"
 
 namespace quillon {

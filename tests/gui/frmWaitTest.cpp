@@ -11,9 +11,9 @@
 #include <string>
 
 #include "controls/WxText.h"
-#include "filelist/paths/basFileControl.h"
 #include "gui/Settle.h"
-#include "rename/frmWait.h"
+#include "paths/basFileControl.h"
+#include "rename/window/frmWait.h"
 #include "support/Wine.h"
 
 namespace quillon {

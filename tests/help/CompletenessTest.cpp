@@ -151,9 +151,9 @@ struct Window {
 };
 
 TEST(HelpCompleteness, NamesEveryCaptionOfTheOtherWindows) {
-  constexpr std::array kWindows = {Window{"rename/frmModifyLayout.cpp", "modify.html"},
-                                   Window{"player/frmMoviePlayer.cpp", "player.html"},
-                                   Window{"dialogs/frmDirShow.cpp", "list.html"}};
+  constexpr std::array kWindows = {Window{"rename/window/frmModifyLayout.cpp", "modify.html"},
+                                   Window{"player/window/frmMoviePlayer.cpp", "player.html"},
+                                   Window{"dialogs/window/frmDirShow.cpp", "list.html"}};
   for (const auto& [file, page] : kWindows) {
     std::size_t count = 0;
     for (const SourceText& text : SourceTexts()) {

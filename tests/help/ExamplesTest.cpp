@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "app/settings/OptionValues.h"
 #include "help/HelpFolder.h"
 #include "rename/ModifyForm.h"
 #include "rename/ModifyName.h"
 #include "rename/RegexReplace.h"
+#include "settings/OptionValues.h"
 #include "support/Recorders.h"
 
 /// What the help shows as a result is what the rules give.

@@ -22,10 +22,6 @@ bool IsUnder(const SourceFile& file, std::string_view folder) {
   return file.path.starts_with(folder);
 }
 
-std::string_view NameOf(const SourceFile& file) {
-  return std::string_view(file.path).substr(file.path.rfind('/') + 1);
-}
-
 bool MayKnowTheSystem(const SourceFile& file) {
   if (IsUnder(file, "src/")) return IsUnder(file, "src/platform/");
   static const std::regex kOfOneSystem("(^|.*/)(linux|windows)/.*|.*_(linux|windows)\\.(cpp|h)");
@@ -84,23 +80,30 @@ struct Folder {
   int rank;               ///< a folder includes those of lower rank
 };
 
-/// A folder inside another one stands before it.
-constexpr std::array<Folder, 17> kFolders = {{{"base/", 0},
+constexpr std::string_view kWindowFolder = "/window/";
+
+/// A folder inside another one stands before it. No logic includes a window, and no window that of another subsystem.
+constexpr std::array<Folder, 22> kFolders = {{{"base/", 0},
                                               {"platform/desktop/", 2},
                                               {"platform/multimedia/", 2},
                                               {"platform/", 1},
                                               {"controls/", 3},
-                                              {"app/settings/", 2},
-                                              {"filelist/paths/", 2},
+                                              {"settings/", 2},
+                                              {"paths/", 2},
                                               {"bregexp/", 2},
                                               {"media/", 3},
+                                              {"filelist/window/", 7},
                                               {"filelist/", 4},
+                                              {"rename/window/", 7},
                                               {"rename/", 5},
                                               {"fileops/", 5},
-                                              {"player/", 6},
-                                              {"dialogs/", 7},
-                                              {"app/", 8},
-                                              {"cli/", 9},
+                                              {"player/window/", 7},
+                                              {"player/", 5},
+                                              {"dialogs/window/", 7},
+                                              {"dialogs/", 5},
+                                              {"app/window/", 8},
+                                              {"app/", 6},
+                                              {"cli/", 6},
                                               {"quillon/", 9}}};
 
 const Folder* FolderOf(std::string_view pathBelowSrc) {
@@ -192,8 +195,7 @@ Findings FindSystemHeaders(const SourceFile& file) {
 }
 
 Findings FindWindowHeaders(const SourceFile& file) {
-  const std::string_view name = NameOf(file);
-  const bool isWindow = name.starts_with("frm") || name.starts_with("lvwFiles") || IsUnder(file, "src/controls/") ||
+  const bool isWindow = file.path.find(kWindowFolder) != std::string::npos || IsUnder(file, "src/controls/") ||
                         IsUnder(file, "src/quillon/");
   if (!IsUnder(file, "src/") || !IsCode(file) || isWindow) return {};
   return CheckLines(file, [](std::string_view line) -> std::optional<std::string> {

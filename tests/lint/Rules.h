@@ -29,7 +29,7 @@ using Findings = std::vector<Finding>;
 [[nodiscard]] Findings FindSystemMacros(const SourceFile& file);
 [[nodiscard]] Findings FindSystemHeaders(const SourceFile& file);
 
-/// Under src only windows (frm*) and lvwFiles include the window library.
+/// Under src only the folders "window", src/controls and src/quillon include the window library.
 [[nodiscard]] Findings FindWindowHeaders(const SourceFile& file);
 
 /// A folder of src includes itself and the folders below it.

@@ -67,7 +67,7 @@ TEST_F(Tree, IsReadWhole) {
   };
   EXPECT_TRUE(has("CMakeLists.txt"));
   EXPECT_TRUE(has("src/base/Text.h"));
-  EXPECT_TRUE(has("src/filelist/paths/basFileControl.cpp"));
+  EXPECT_TRUE(has("src/paths/basFileControl.cpp"));
   EXPECT_TRUE(has("tests/lint/TreeTest.cpp"));
 }
 

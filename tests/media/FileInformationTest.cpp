@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "filelist/paths/basFileControl.h"
 #include "media/FileInformation.h"
+#include "paths/basFileControl.h"
 #include "platform/Shell.h"
 #include "support/MediaBuilders.h"
 #include "support/TempFolder.h"

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "filelist/paths/basFileControl.h"
 #include "media/MediaInfo.h"
+#include "paths/basFileControl.h"
 #include "support/MediaBuilders.h"
 #include "support/TempFolder.h"
 

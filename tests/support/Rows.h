@@ -6,7 +6,7 @@
 
 #include "base/Text.h"
 #include "filelist/FileList.h"
-#include "filelist/paths/basFileControl.h"
+#include "paths/basFileControl.h"
 
 /// Rows of a file list, made and read by tests.
 namespace quillon::test {

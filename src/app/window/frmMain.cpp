@@ -1,0 +1,377 @@
+#include "app/window/frmMain.h"
+
+#include <wx/app.h>
+#include <wx/display.h>
+#include <wx/filedlg.h>
+#include <wx/menu.h>
+#include <wx/toolbar.h>
+#include <wx/utils.h>
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+#include <utility>
+
+#include "controls/AlwaysOnTop.h"
+#include "controls/DialogPattern.h"
+#include "controls/FolderChooser.h"
+#include "controls/Pictures.h"
+#include "controls/TopmostDialog.h"
+#include "controls/Twips.h"
+#include "controls/WxText.h"
+#include "dialogs/ListedFolders.h"
+#include "dialogs/window/frmOption.h"
+#include "dialogs/window/frmVerInfo.h"
+#include "platform/Shell.h"
+#include "platform/desktop/AccessibleName.h"
+#include "platform/desktop/ScreenMetrics.h"
+#include "rename/window/frmModify.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::chrono::milliseconds kShowDuringLoadAfter(500);
+constexpr int kTitleBar = 12;         // DIP: half of its height
+constexpr int kFirstListSize = 200;   // DIP
+constexpr int kWidestColumn = 4000;   // DIP
+constexpr int kNarrowestColumn = 20;  // DIP: the header of a narrower one cannot be seen or dragged
+
+/// Where a window can be seen whole that was at this place once, when the screens may have been others: moved into the
+/// screen that its title bar is on, or centred when that is gone.
+wxRect OnItsScreen(wxRect window, int halfTitleBar, wxPoint centred) {
+  const int screen = wxDisplay::GetFromPoint(window.GetTopLeft() + wxPoint(window.width / 2, halfTitleBar));
+  if (screen == wxNOT_FOUND) return {centred, window.GetSize()};
+  const wxRect area = wxDisplay(static_cast<unsigned>(screen)).GetClientArea();
+  window.x = std::max(area.x, std::min(window.x, area.x + area.width - window.width));
+  window.y = std::max(area.y, std::min(window.y, area.y + area.height - window.height));
+  return window;
+}
+
+/// A measure in twips, kept as it was read while it still stands for these pixels: rounding must not add up over runs.
+template <class Twips>
+void Keep(const wxWindow& window, Twips& twips, int pixels) {
+  if (ToPixels(window, twips) != pixels) twips = ToTwips(window, pixels);
+}
+
+}  // namespace
+
+int frmMain::OpenForWindow(const std::string& target, wxWindow& owner) {
+  return OpenWithShell(target, reinterpret_cast<std::uintptr_t>(owner.GetHandle()));
+}
+
+frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
+    : wxFrame(nullptr, wxID_ANY, kMainTitle),
+      open_(std::move(open)),
+      boxes_(this),
+      device_(MakeCommandDevice()),
+      files_(MakeFileReads()),
+      disk_(MakeFileChanges()),
+      frmWait_(this) {
+  SetName("frmMain");
+  SetIcons(ProgramIcons());
+  MakeMenus();
+  MakeToolBar();
+  MakeStatusBar();
+  MakeControls();
+  pending_ = std::make_unique<YieldingMessages>([this] { BeforeYield(); });
+  const auto handle = reinterpret_cast<std::uintptr_t>(GetHandle());
+  app_ = std::make_unique<Application>(
+      std::move(options), std::move(paths),
+      Application::Ports{*this, *this, *this, *renameBox_, *information_, boxes_, *pending_, *frmFolderRef_, *loading_,
+                         frmWait_, *this, *device_, *playerPanel_, *movie_, *files_, *disk_,
+                         [this](const std::string& target) { return open_(target, *this); }},
+      handle);
+  lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
+  controls_.list = &lvwFiles_->Window();
+  controls_.list->MoveBeforeInTabOrder(controls_.fraFileInfo);
+  controls_.list->SetSize(FromDIP(wxSize(kFirstListSize, kFirstListSize)));  // GTK complains of less
+  NameControls();
+  app_->List().SetObserver(this);
+  ApplySettings();
+  BindEvents();
+  app_->Start();
+  UpdateCounts();
+  UpdateCommands();
+}
+
+frmMain::~frmMain() {
+  app_->List().SetObserver(nullptr);
+  controls_.panel->Destroy();  // a control that loses the focus as it goes still tells its handler
+}
+
+void frmMain::MakeControls() {
+  controls_.panel = new wxPanel(this);
+  MakeFileInfo(controls_);
+  MakeMusicPlayer(controls_, {[this] { app_->Player().SliderPressed(); },
+                              [this](std::int32_t value) { app_->Player().SliderReleased(value); },
+                              [](std::int32_t value) { return MusicPlayer::SliderTip(value); }});
+  loading_ = std::make_unique<LoadingLabel>(*controls_.panel, [this]() -> wxWindow& { return *controls_.list; });
+  controls_.lblNowloading = &loading_->Window();
+  frmFolderRef_ = new frmFolderRef(this, [this] { app_->CancelLoad(); });
+  renameBox_ = MakeRenameBox(*controls_.txtAlterTitle);
+  information_ = MakeInformationBoxes(controls_);
+  playerPanel_ = std::make_unique<FraMusicPlayer>(controls_, [this] { app_->Player().timMCIChecker(); });
+  movie_ = std::make_unique<FloatingMovie>([this] {
+    return new frmMoviePlayer({*this, app_->Player(), boxes_, app_->Options().system.front});
+  });
+}
+
+// For assistive technology: the labels beside the boxes are seen, not heard.
+void frmMain::NameControls() {
+  const std::initializer_list<std::pair<wxWindow*, const char*>> names = {{controls_.list, "ファイルリスト"},
+                                                                          {controls_.txtAlterTitle, "リネーム名"},
+                                                                          {controls_.txtTitle, "タイトル"},
+                                                                          {controls_.txtFileName, "ファイル名"},
+                                                                          {controls_.txtFileInfo, "ファイル情報"},
+                                                                          {controls_.txtFileDetail, "詳細"},
+                                                                          {controls_.sldPosition, "再生位置"},
+                                                                          {controls_.cmdPlay, "再生"},
+                                                                          {controls_.cmdStop, "停止"},
+                                                                          {controls_.chkRepeat, "リピート"}};
+  for (const auto& [control, name] : names) {
+    SetAccessibleName(control->GetHandle(), name);
+  }
+  SetAccessibleHeaders(controls_.list->GetHandle(), {"チェック", "アイコン"});
+  std::vector<std::string> arrows;
+  for (const ToolBarButton& button : ToolBarButtons()) {
+    if (button.command != Command::kSeparator && button.all != Command::kSeparator) {
+      arrows.push_back(std::string(button.label) + "のメニュー");
+    }
+  }
+  SetAccessibleArrows(GetToolBar()->GetHandle(), arrows);
+}
+
+void frmMain::Start(const std::vector<std::string>& paths) {
+  started_ = std::chrono::steady_clock::now();
+  std::exception_ptr unexpected;
+  try {
+    app_->LoadPaths(paths);
+  } catch (...) {
+    unexpected = std::current_exception();  // told over the window, which must be there for it
+  }
+  ShowLaidOut();
+  lvwFiles_->Window().SetFocus();
+  if (unexpected) std::rethrow_exception(unexpected);
+}
+
+// A load from the command line that lasts shows the window, so that there is something to look at.
+void frmMain::BeforeYield() {
+  loading_->ShowIfLate();
+  if (std::chrono::steady_clock::now() - started_ > kShowDuringLoadAfter) ShowLaidOut();
+}
+
+// Controls know their real heights only once they are shown.
+void frmMain::ShowLaidOut() {
+  if (IsShown()) return;
+  OnPanelSize();
+  GrowSmallestSize();
+  const wxRect place = GetRect();
+  Show();
+  controls_.panel->Bind(wxEVT_PAINT, [this, place, first = true](wxPaintEvent& event) mutable {
+    if (std::exchange(first, false)) CallAfter([this, place] { SettleAt(place); });
+    event.Skip();
+  });
+}
+
+// What taller controls and larger fonts take is added to the window: the list keeps its height, as far as the screen
+// is tall enough.
+void frmMain::GrowSmallestSize() {
+  BarHeights bars = Bars();
+  bars.toolBar = std::max(bars.toolBar, GetToolBar()->GetBestSize().y);  // GTK's gets its height when it is shown
+  if (const std::optional<int> inside = HeightForTallControls(controls_, bars)) {
+    const int frame = GetSize().y - controls_.panel->GetClientSize().y - bars.toolBar - bars.statusBar;
+    const ScreenMetrics screen = QueryScreen();
+    wxSize smallest = GetMinSize();
+    smallest.IncTo(wxSize(std::min(StatusBarWidth(), screen.width), std::min(*inside + frame, screen.height)));
+    SetMinSize(smallest);
+  }
+  wxSize size = GetSize();
+  size.IncTo(GetMinSize());
+  if (size == GetSize()) return;
+  Place(size);
+  grownHeight_ = GetSize().y;
+}
+
+// Once the window is on the screen: GTK may have forgotten the place while it asked for the frame's measures, which are
+// known only now.
+void frmMain::SettleAt(const wxRect& place) {
+  if (GetRect() != place && !IsMaximized()) SetSize(place);
+  OnPanelSize();
+  GrowSmallestSize();
+}
+
+void frmMain::ComeForward() {
+  if (IsIconized()) Iconize(false);
+  Raise();
+  TopmostDialog(this)->Raise();
+}
+
+void frmMain::ApplySettings() {
+  const OptionValues::Window& window = app_->Options().window;
+  const ScreenMetrics metrics = QueryScreen();
+  const wxSize screen(metrics.width, metrics.height);
+  wxSize smallest = SmallestSize(*this);
+  smallest.DecTo(screen);
+  SetMinSize(smallest);
+  Place(wxSize(ToPixels(*this, window.width), ToPixels(*this, window.height)));
+  for (int i = 0; i < kColumnCount; ++i) {
+    const auto column = static_cast<Column>(i);
+    const int width = FirstWidth(column, window.columnWidths.at(static_cast<std::size_t>(i)));
+    lvwFiles_->SetColumnWidth(column, std::clamp(width, FromDIP(kNarrowestColumn), FromDIP(kWidestColumn)));
+  }
+}
+
+// Where the settings have it, or in the middle of the screen.
+void frmMain::Place(wxSize size) {
+  const OptionValues::Window& window = app_->Options().window;
+  const ScreenMetrics metrics = QueryScreen();
+  const wxSize screen(metrics.width, metrics.height);
+  size.DecTo(screen);
+  const wxPoint centred(screen.x / 2 - size.x / 2, screen.y / 2 - size.y / 2);
+  wxPoint place = centred;
+  if (window.left) place.x = ToPixels(*this, *window.left);
+  if (window.top) place.y = ToPixels(*this, *window.top);
+  SetSize(OnItsScreen(wxRect(place, size), FromDIP(kTitleBar), centred));
+}
+
+// A heading that needs more than its column's usual width has it.
+int frmMain::FirstWidth(Column column, std::int32_t twips) const {
+  const bool usual = twips == OptionValues().window.columnWidths.at(static_cast<std::size_t>(column));
+  return std::max(ToPixels(*this, twips), usual ? lvwFiles_->HeadingWidth(column) : 0);
+}
+
+void frmMain::KeepSettings() {
+  OptionValues& options = app_->Options();
+  const wxRect rect = GetRect();
+  options.window.left = options.window.left.value_or(ToTwips(*this, rect.x));
+  options.window.top = options.window.top.value_or(ToTwips(*this, rect.y));
+  Keep(*this, *options.window.left, rect.x);
+  Keep(*this, *options.window.top, rect.y);
+  Keep(*this, options.window.width, rect.width);
+  if (rect.height != grownHeight_) Keep(*this, options.window.height, rect.height);
+  for (int i = 0; i < kColumnCount; ++i) {
+    const auto column = static_cast<Column>(i);
+    std::int32_t& twips = options.window.columnWidths.at(static_cast<std::size_t>(i));
+    const int width = lvwFiles_->ColumnWidth(column);
+    if (width != FirstWidth(column, twips)) Keep(*this, twips, width);
+  }
+}
+
+void frmMain::OnClose(wxCloseEvent& event) {
+  if (event.CanVeto() && StaysOpen()) {
+    event.Veto();
+    return;
+  }
+  app_->Player().Shutdown();
+  if (saves_) {
+    KeepSettings();
+    const bool normal = !IsIconized() && !IsMaximized() && !IsFullScreen();
+    (void)app_->SaveSettings(normal ? WindowGeometry::kWrite : WindowGeometry::kKeep);  // nobody is told
+  }
+  Destroy();
+}
+
+// The window closes after the command that runs, and after the dialog that it has open. A box that no command has
+// opened is answered first, and the user asks again.
+bool frmMain::StaysOpen() {
+  if (!app_->IsRunning()) return TopmostDialog(nullptr) != nullptr;
+  closeWanted_ = boxes_.StopBatch() || !answering_;
+  app_->CancelLoad();
+  frmWait_.Cancel();
+  return true;
+}
+
+void frmMain::Quit() {
+  CallAfter([this] { Close(); });
+}
+
+void frmMain::EndAtOnce() {
+  saves_ = false;
+  CallAfter([this] { Close(); });
+}
+
+std::vector<std::string> frmMain::ChooseFiles(const std::string& title, const std::vector<FileDialogFilter>& filters,
+                                              const std::string& folder) {
+  wxString wildcard;
+  for (const FileDialogFilter& filter : filters) {
+    if (!wildcard.empty()) wildcard += '|';
+    wildcard += ToWx(filter.description) + '|' + ToWx(DialogPattern(filter.pattern));
+  }
+  wxFileDialog dialog(this, ToWx(title), ToWx(folder), "", wildcard, wxFD_OPEN | wxFD_FILE_MUST_EXIST | wxFD_MULTIPLE);
+  if (dialog.ShowModal() != wxID_OK) return {};
+  wxArrayString chosen;
+  dialog.GetPaths(chosen);
+  return PathsFromWx(chosen);
+}
+
+std::string frmMain::Choose(const std::string& prompt, const std::string& start, const std::string& confirm) {
+  return ChooseFolder(*this, prompt, start, confirm);
+}
+
+void frmMain::ShowModifyDialog(bool allItems) {
+  frmModify dialog(this, app_->Options().modify, OpenedFor::kExecute, app_->RegexAvailable(), boxes_,
+                   [this, allItems] { app_->ModifyRows(allItems); });
+  dialog.ShowModal();
+}
+
+void frmMain::ShowOptionDialog(OptionForm& form) {
+  const auto modifyOption = [this](wxWindow& owner) {
+    frmModify(&owner, app_->Options().modify, OpenedFor::kSettings, app_->RegexAvailable(), boxes_, [] {}).ShowModal();
+  };
+  frmOption dialog(this, form, modifyOption, [this] { app_->ShowHelp(); });
+  dialog.ShowModal();
+}
+
+void frmMain::ShowVersionDialog() {
+  frmVerInfo dialog(this, app_->RegexAvailable(), app_->Options().system.front,
+                    [this](const std::string& address) { (void)open_(address, *this); });
+  dialog.ShowModal();
+}
+
+void frmMain::ShowFolderList() {
+  if (!frmDirShow_) {
+    frmDirShow_ = new frmDirShow(this, app_->List(), [this](const std::string& folder, wxWindow& owner) {
+      WxMessageBoxes boxes(&owner);
+      TellOfOpening(folder, open_(folder, owner), boxes);
+    });
+  } else {
+    frmDirShow_->Reload();
+  }
+  frmDirShow_->Show();
+  frmDirShow_->Raise();
+}
+
+void frmMain::SetAlwaysOnTop(bool front) {
+  SetOnTop(*this, front);
+  if (frmDirShow_) SetOnTop(*frmDirShow_, front);
+  GetMenuBar()->Check(IdOf(Command::mnuFront), front);
+}
+
+void frmMain::SetRepeat(bool repeat) {
+  controls_.chkRepeat->SetValue(repeat);
+  GetMenuBar()->Check(IdOf(Command::mnuRepeat), repeat);
+}
+
+void frmMain::SetAnswering(bool answering) {
+  answering_ = answering;
+  lvwFiles_->SetAnswering(answering);
+  controls_.txtAlterTitle->SetEditable(answering);
+  if (answering && std::exchange(closeWanted_, false)) Quit();
+}
+
+void frmMain::SetEnabled(bool enabled) {
+  if (enabled) {
+    disabled_.reset();
+  } else if (!disabled_) {
+    disabled_ = std::make_unique<wxWindowDisabler>();
+  }
+}
+
+void frmMain::SetPointer(Pointer pointer) {
+  if (wxIsBusy()) wxEndBusyCursor();
+  if (pointer == Pointer::kNormal) return;
+  const wxCursor cursor(pointer == Pointer::kHourglass ? wxCURSOR_WAIT : wxCURSOR_ARROWWAIT);
+  wxBeginBusyCursor(&cursor);
+}
+
+}  // namespace quillon

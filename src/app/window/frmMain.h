@@ -1,0 +1,154 @@
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/utils.h>
+#include <wx/weakref.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/Application.h"
+#include "app/window/frmMainBoxes.h"
+#include "app/window/frmMainLayout.h"
+#include "app/window/frmMainLoading.h"
+#include "app/window/frmMainPlayer.h"
+#include "controls/WxMessageBoxes.h"
+#include "dialogs/window/frmDirShow.h"
+#include "filelist/window/frmFolderRef.h"
+#include "filelist/window/lvwFiles.h"
+#include "rename/window/frmWait.h"
+#include "settings/OptionValues.h"
+
+namespace quillon {
+
+/// The title of the main window, by which a later instance finds it.
+inline constexpr const char* kMainTitle = "Quillon";
+/// What Windows calls its kind of window.
+inline constexpr const char* kMainWindowClass = "wxWindowNR";
+
+/// The main window: turns events into calls of the Application, and shows what that says.
+class frmMain final : public wxFrame,
+                      private MainWindow,
+                      private WindowState,
+                      private StatusPanels,
+                      private FolderDialog,
+                      private FileListObserver {
+ public:
+  /// Opens a file, folder or address as the shell does, with boxes of the shell's own over the window; see
+  /// OpenWithShell.
+  using Opener = std::function<int(const std::string& target, wxWindow& owner)>;
+
+  frmMain(OptionValues options, Application::Paths paths, Opener open = OpenForWindow);
+  frmMain(const frmMain&) = delete;
+  frmMain& operator=(const frmMain&) = delete;
+  ~frmMain() override;
+
+  /// Loads the command line's paths, then shows the window; a load that lasts shows it earlier.
+  void Start(const std::vector<std::string>& paths);
+
+  /// Restored from minimised and in front of other windows, together with the dialog that it has open.
+  void ComeForward();
+
+  [[nodiscard]] Application& App() { return *app_; }
+  [[nodiscard]] lvwFiles& List() { return *lvwFiles_; }
+
+  /// The menu item's and tool button's id of a command, and the other way round.
+  [[nodiscard]] static int IdOf(Command command);
+  [[nodiscard]] static Command CommandOf(int id);
+
+ private:
+  static int OpenForWindow(const std::string& target, wxWindow& owner);
+
+  // MainWindow
+  void EditLabel(int index) override { lvwFiles_->EditLabel(index); }
+  [[nodiscard]] std::vector<std::string> ChooseFiles(const std::string& title,
+                                                     const std::vector<FileDialogFilter>& filters,
+                                                     const std::string& folder) override;
+  void ShowModifyDialog(bool allItems) override;
+  void ShowOptionDialog(OptionForm& form) override;
+  void ShowVersionDialog() override;
+  void ShowFolderList() override;
+  void SetAlwaysOnTop(bool front) override;
+  void SetRepeat(bool repeat) override;
+  void SetAnswering(bool answering) override;
+  void Quit() override;
+  void EndAtOnce() override;
+  // WindowState
+  void SetPointer(Pointer pointer) override;
+  void SetEnabled(bool enabled) override;
+  void FocusList() override { lvwFiles_->Window().SetFocus(); }
+  void ScrollToRow(int index) override { lvwFiles_->ShowRow(index); }
+  // StatusPanels
+  void SetPlayerText(const std::string& text) override;
+  void SetModeText(const std::string& text) override;
+  // FolderDialog
+  std::string Choose(const std::string& prompt, const std::string& start, const std::string& confirm) override;
+  // FileListObserver
+  void RowChanged(int index) override;
+  void RowsChanged() override;
+
+  void MakeControls();
+  void NameControls();
+  void MakeMenus();
+  void MakeToolBar();
+  void MakeStatusBar();
+  [[nodiscard]] int StatusBarWidth() const;
+  void RefreshPictures();
+  [[nodiscard]] lvwFiles::Handlers ListHandlers();
+  void BindEvents();
+  void BindRenameBox();
+  void BindPlayer();
+  [[nodiscard]] BarHeights Bars() const;
+  void OnPanelSize();
+  void Run(Command command);
+  void RunNow(Command command);
+  void ShowRowMenu(wxPoint screen);
+  bool UseListKey(const wxKeyEvent& event);
+  void OnStatusBarClick(wxMouseEvent& event);
+  void OnClose(wxCloseEvent& event);
+  [[nodiscard]] bool StaysOpen();
+  void ShowStatus(const std::string& text, int panel);
+  void ScheduleUpdate();
+  void UpdateCounts();
+  void UpdateCommands();
+  void ApplySettings();
+  void Place(wxSize size);
+  [[nodiscard]] int FirstWidth(Column column, std::int32_t twips) const;
+  void KeepSettings();
+  void BeforeYield();
+  void ShowLaidOut();
+  void GrowSmallestSize();
+  void SettleAt(const wxRect& place);
+
+  Opener open_;
+  WxMessageBoxes boxes_;
+  std::unique_ptr<CommandDevice> device_;
+  std::unique_ptr<FileReads> files_;
+  std::unique_ptr<FileChanges> disk_;
+  frmWait frmWait_;
+  // Owned by the window, like every wx child:
+  frmMainControls controls_;
+  frmFolderRef* frmFolderRef_ = nullptr;
+  wxWeakRef<frmDirShow> frmDirShow_;  // until the user closes it
+  std::unique_ptr<RenameBox> renameBox_;
+  std::unique_ptr<InformationBoxes> information_;
+  std::unique_ptr<FraMusicPlayer> playerPanel_;
+  std::unique_ptr<FloatingMovie> movie_;
+  std::unique_ptr<LoadingLabel> loading_;
+  std::unique_ptr<PendingMessages> pending_;
+  std::unique_ptr<Application> app_;
+  std::unique_ptr<lvwFiles> lvwFiles_;
+  std::chrono::steady_clock::time_point started_;
+  wxWindow* focused_ = nullptr;                 // the child that last had the focus
+  std::unique_ptr<wxWindowDisabler> disabled_;  // this window and those beside it
+  bool answering_ = true;
+  bool updateScheduled_ = false;
+  bool closeWanted_ = false;  // while a command ran
+  bool saves_ = true;
+  int grownHeight_ = 0;  // the window's, for taller controls; not the user's wish
+};
+
+}  // namespace quillon

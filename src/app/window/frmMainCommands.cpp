@@ -1,0 +1,328 @@
+#include <wx/accel.h>
+#include <wx/menu.h>
+#include <wx/settings.h>
+#include <wx/statusbr.h>
+#include <wx/toolbar.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "app/window/frmMain.h"
+#include "controls/AccessKeys.h"
+#include "controls/GuardedApp.h"
+#include "controls/Pictures.h"
+#include "controls/WxText.h"
+#include "controls/basLoadFileIcon.h"
+#include "platform/desktop/AccessibleName.h"
+
+/// The main window's commands: menus, tool bar, status bar, keys, and the events of its controls.
+namespace quillon {
+namespace {
+
+constexpr int kFirstId = wxID_HIGHEST + 100;
+constexpr int kToolPicture = 24;  // DIP
+
+constexpr int kModePanel = 0;
+constexpr int kPlayerPanel = 1;
+constexpr int kCheckPanel = 2;
+constexpr int kItemPanel = 3;
+
+constexpr int kPanelMargin = 20;  // DIP
+
+// The widest count that a panel has to show.
+constexpr const char* kWidestCount = "アイテム数：  0000000";
+
+wxString MenuText(const CommandEntry& entry) {
+  const wxString caption = ToWx(entry.caption);
+  return *entry.shortcut == '\0' ? caption : caption + '\t' + entry.shortcut;
+}
+
+void AppendCommand(wxMenu& menu, Command command) {
+  if (command == Command::kSeparator) {
+    menu.AppendSeparator();
+    return;
+  }
+  const wxItemKind kind = IsSwitch(command) ? wxITEM_CHECK : wxITEM_NORMAL;
+  menu.Append(frmMain::IdOf(command), MenuText(EntryOf(command)), "", kind);
+}
+
+wxMenu* MakeMenu(std::span<const Command> commands) {
+  auto* menu = new wxMenu;
+  for (const Command command : commands) {
+    if (command != SortCommands().front()) {
+      AppendCommand(*menu, command);
+      continue;
+    }
+    auto* sort = new wxMenu;
+    for (const Command sortCommand : SortCommands()) AppendCommand(*sort, sortCommand);
+    menu->AppendSubMenu(sort, ToWx(kSortCaption));
+  }
+  return menu;
+}
+
+constexpr int kLastCommand = static_cast<int>(Command::mnuThisListDel);
+
+}  // namespace
+
+int frmMain::IdOf(Command command) {
+  return kFirstId + static_cast<int>(command);
+}
+
+Command frmMain::CommandOf(int id) {
+  return static_cast<Command>(id - kFirstId);
+}
+
+void frmMain::MakeMenus() {
+  auto* bar = new wxMenuBar;
+  for (const MenuEntries& menu : MenuBarEntries()) bar->Append(MakeMenu(menu.commands), ToWx(menu.caption));
+  SetMenuBar(bar);
+}
+
+void frmMain::MakeToolBar() {
+  wxToolBar* bar = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT);
+  bar->SetName("Toolbar");
+  const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
+  const wxColour grey = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
+  for (const ToolBarButton& button : ToolBarButtons()) {
+    if (button.command == Command::kSeparator) {
+      bar->AddSeparator();
+      continue;
+    }
+    const bool dropDown = button.all != Command::kSeparator;
+    const int id = IdOf(button.command);
+    bar->AddTool(id, ToWx(button.label), Picture(button.picture, kToolPicture, ink),
+                 Picture(button.picture, kToolPicture, grey), dropDown ? wxITEM_DROPDOWN : wxITEM_NORMAL,
+                 ToWx(button.label));
+    if (!dropDown) continue;
+    auto* menu = new wxMenu;
+    menu->Append(IdOf(button.all), ToWx(button.allCaption));
+    bar->SetDropdownMenu(id, menu);
+  }
+  bar->Realize();
+}
+
+// The desktop's theme has changed: what is drawn in its ink is drawn anew.
+void frmMain::RefreshPictures() {
+  const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
+  const wxColour grey = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
+  for (const ToolBarButton& button : ToolBarButtons()) {
+    if (button.command == Command::kSeparator) continue;
+    GetToolBar()->SetToolNormalBitmap(IdOf(button.command), Picture(button.picture, kToolPicture, ink));
+    GetToolBar()->SetToolDisabledBitmap(IdOf(button.command), Picture(button.picture, kToolPicture, grey));
+  }
+  playerPanel_->RefreshPictures();
+}
+
+void frmMain::MakeStatusBar() {
+  // In the middle: a path's end tells which file it is. The bar has a tool tip of its own.
+  wxStatusBar* bar = CreateStatusBar(4, wxSTB_SIZEGRIP | wxSTB_ELLIPSIZE_MIDDLE);
+  bar->SetName("StatusBar");
+  const int margin = bar->FromDIP(kPanelMargin);
+  const int mode = bar->GetTextExtent(ToWx(kAutoApplyText)).x + margin;
+  const int count = bar->GetTextExtent(ToWx(kWidestCount)).x + margin;
+  const int widths[] = {mode, -1, count, count};  // the player's panel takes the rest
+  bar->SetStatusWidths(4, widths);
+  bar->SetToolTip(ToWx("適応モードの表示をクリックすると、モードが切り替わります"));
+  SetStatusBarPane(-1);  // menu help would overwrite a panel
+}
+
+// With which every panel shows its whole text while no file is selected.
+int frmMain::StatusBarWidth() const {
+  const wxStatusBar& bar = *GetStatusBar();
+  int width = bar.GetTextExtent(ToWx(kPlayerIdleText)).x + 2 * bar.FromDIP(kPanelMargin);  // and the grip
+  for (int i = 0; i <= kItemPanel; ++i) width += std::max(bar.GetStatusWidth(i), 0);
+  return width;
+}
+
+lvwFiles::Handlers frmMain::ListHandlers() {
+  lvwFiles::Handlers handlers;
+  handlers.selectionChanged = [this] { app_->SelectionChanged(); };
+  handlers.activated = [this](int index) { app_->RowActivated(index); };
+  handlers.headerClicked = [this](Column column) { app_->HeaderClicked(column); };
+  handlers.renamed = [this](int index, const std::string& name) { app_->LabelEdited(index, name); };
+  handlers.menuWanted = [this](wxPoint screen) { ShowRowMenu(screen); };
+  handlers.keyPressed = [this](wxKeyEvent& event) { return UseListKey(event); };
+  handlers.dropped = [this](const wxArrayString& paths) { app_->LoadPaths(PathsFromWx(paths)); };
+  handlers.iconOf = [](const FileItem& row, int pixels) { return LoadFileIcon(row.location, row.type, pixels); };
+  return handlers;
+}
+
+void frmMain::BindEvents() {
+  const int first = IdOf(Command::kSeparator);
+  Bind(
+      wxEVT_MENU, [this](wxCommandEvent& event) { Run(CommandOf(event.GetId())); }, first, first + kLastCommand);
+  ReachByAccessKeys(*this);
+  Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+    UpdateCommands();
+    event.Skip();
+  });
+  Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
+  Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+    RefreshPictures();
+    event.Skip();
+  });
+  GetStatusBar()->Bind(wxEVT_LEFT_DOWN, &frmMain::OnStatusBarClick, this);
+  controls_.panel->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    OnPanelSize();
+    event.Skip();
+  });
+  BindRenameBox();
+  BindPlayer();
+}
+
+void frmMain::BindRenameBox() {
+  wxTextCtrl& box = *controls_.txtAlterTitle;
+  box.Bind(wxEVT_TEXT, [this](wxCommandEvent&) { app_->RenameBoxChanged(); });
+  box.Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { app_->RenameBoxEntered(); });
+  // Coming back to the box from another window is no new start: what is typed next goes on where the caret stands.
+  controls_.panel->Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+    event.Skip();
+    if (std::exchange(focused_, event.GetWindow()) == event.GetWindow()) return;
+    if (event.GetWindow() == controls_.txtAlterTitle) app_->RenameBoxFocused();
+  });
+  box.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
+    // A message box must not open while the focus is on its way, and GTK tells only then that it leaves the window.
+    if (app_->RenameBoxMayNotBeLeft()) {
+      CallAfter([this] {
+        if (IsActive()) app_->AskForName();
+      });
+    }
+    event.Skip();
+  });
+  box.Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
+    app_->RenameBoxClicked();
+    event.Skip();
+  });
+}
+
+void frmMain::BindPlayer() {
+  controls_.cmdPlay->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { app_->Player().cmdPlay(); });
+  controls_.cmdStop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { app_->Player().cmdStop(); });
+  controls_.chkRepeat->Bind(wxEVT_TOGGLEBUTTON, [this](wxCommandEvent& event) { app_->SetRepeat(event.IsChecked()); });
+}
+
+BarHeights frmMain::Bars() const {
+  return {GetToolBar()->GetSize().y, GetStatusBar()->GetSize().y};
+}
+
+// While the window is minimised, or has not got its size yet, there is nothing to lay out.
+void frmMain::OnPanelSize() {
+  const wxSize size = controls_.panel->GetClientSize();
+  const wxSize smallest = SmallestSize(*this);
+  if (IsIconized() || size.x < smallest.x / 2 || size.y < smallest.y * 2 / 3) return;
+  LayOut(controls_, Bars());
+  app_->WindowResized();
+}
+
+void frmMain::Run(Command command) {
+  if (lvwFiles_->IsEditing()) {  // what is typed counts: the command comes after it
+    FocusList();
+    CallAfter([this, command] { CallAfter([this, command] { RunNow(command); }); });
+  } else {
+    RunNow(command);
+  }
+}
+
+void frmMain::RunNow(Command command) {
+  // The menu has turned its mark already.
+  if (command == Command::mnuFront) SetAlwaysOnTop(app_->Options().system.front);
+  if (command == Command::mnuRepeat) SetRepeat(app_->Options().player.repeat != 0);
+  const RunningCommand running(PlainCaption(command));
+  app_->Execute(command);
+  UpdateCommands();
+}
+
+void frmMain::ShowRowMenu(wxPoint screen) {
+  const std::unique_ptr<wxMenu> menu(MakeMenu(RowMenuCommands()));
+  menu->SetTitle("");
+  for (const Command command : RowMenuCommands()) {
+    if (command != Command::kSeparator) menu->Enable(IdOf(command), app_->IsEnabled(command));
+  }
+  PopupMenu(menu.get(), ScreenToClient(screen));
+}
+
+// The row menu's keys, while the list has the focus.
+bool frmMain::UseListKey(const wxKeyEvent& event) {
+  wxAcceleratorEntry pressed(event.GetModifiers() == wxMOD_SHIFT ? wxACCEL_SHIFT : wxACCEL_NORMAL, event.GetKeyCode());
+  if (event.GetModifiers() != wxMOD_NONE && event.GetModifiers() != wxMOD_SHIFT) return false;
+  for (const Command command : RowMenuCommands()) {
+    const CommandEntry& entry = EntryOf(command);
+    wxAcceleratorEntry key;
+    if (*entry.shortcut == '\0' || !key.FromString(wxString('\t') + entry.shortcut)) continue;
+    if (key.GetFlags() != pressed.GetFlags() || key.GetKeyCode() != pressed.GetKeyCode()) continue;
+    CallAfter([this, command] { Run(command); });
+    return true;
+  }
+  return false;
+}
+
+void frmMain::OnStatusBarClick(wxMouseEvent& event) {
+  wxRect panel;
+  if (GetStatusBar()->GetFieldRect(kModePanel, panel) && panel.Contains(event.GetPosition())) {
+    CallAfter([this] {
+      const RunningCommand running(PlainCaption(Command::mnuApplyMode));
+      app_->ModePanelClicked();
+    });
+  }
+  event.Skip();
+}
+
+void frmMain::ShowStatus(const std::string& text, int panel) {
+  if (FromWx(GetStatusBar()->GetStatusText(panel)) == text) return;
+  SetStatusText(ToWx(text), panel);
+  std::string all;
+  for (int i = 0; i <= kItemPanel; ++i) all += (i == 0 ? "" : " / ") + FromWx(GetStatusBar()->GetStatusText(i));
+  SetAccessibleStatus(GetStatusBar()->GetHandle(), all);
+}
+
+void frmMain::SetPlayerText(const std::string& text) {
+  ShowStatus(text, kPlayerPanel);
+}
+
+void frmMain::SetModeText(const std::string& text) {
+  ShowStatus(text, kModePanel);
+  ScheduleUpdate();  // the mode enables and disables commands
+}
+
+void frmMain::RowChanged(int index) {
+  lvwFiles_->RowChanged(index);
+  ScheduleUpdate();
+}
+
+void frmMain::RowsChanged() {
+  lvwFiles_->RowsChanged();
+  ScheduleUpdate();
+}
+
+void frmMain::ScheduleUpdate() {
+  if (updateScheduled_) return;
+  updateScheduled_ = true;
+  CallAfter([this] {
+    updateScheduled_ = false;
+    UpdateCounts();
+    UpdateCommands();
+  });
+}
+
+void frmMain::UpdateCounts() {
+  ShowStatus(CheckCountText(app_->List()), kCheckPanel);
+  ShowStatus(ItemCountText(app_->List()), kItemPanel);
+}
+
+void frmMain::UpdateCommands() {
+  wxMenuBar& menus = *GetMenuBar();
+  for (int i = 1; i <= kLastCommand; ++i) {
+    const auto command = static_cast<Command>(i);
+    wxMenuItem* item = menus.FindItem(IdOf(command));
+    if (item != nullptr && item->IsEnabled() != app_->IsEnabled(command)) item->Enable(app_->IsEnabled(command));
+  }
+  const CommandState state = StateOf(app_->List(), app_->Mode());
+  for (const ToolBarButton& button : ToolBarButtons()) {
+    if (button.command == Command::kSeparator) continue;
+    // A button stays while its drop-down menu has something to offer.
+    const Command any = button.all != Command::kSeparator ? button.all : button.command;
+    GetToolBar()->EnableTool(IdOf(button.command), quillon::IsEnabled(any, state));
+  }
+}
+
+}  // namespace quillon

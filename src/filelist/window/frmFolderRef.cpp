@@ -1,0 +1,68 @@
+#include "filelist/window/frmFolderRef.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+#include <wx/utils.h>
+
+#include "controls/AlwaysOnTop.h"
+#include "controls/ShortenedToFit.h"
+#include "controls/WxText.h"
+
+namespace quillon {
+namespace {
+
+constexpr int kShowAfterMs = 50;  // a quick search never flashes the window
+constexpr int kWidth = 440;
+constexpr int kGap = 12;
+
+}  // namespace
+
+frmFolderRef::frmFolderRef(wxWindow* parent, std::function<void()> cancel)
+    : wxDialog(parent, wxID_ANY, ToWx("フォルダ参照"), wxDefaultPosition, wxDefaultSize, wxCAPTION),
+      cancel_(std::move(cancel)) {
+  SetName("frmFolderRef");
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  lblStatus_ = new wxStaticText(this, wxID_ANY, ToWx("対象ファイルを探しています..."));
+  lblTarget_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(kWidth, -1)), wxST_NO_AUTORESIZE);
+  lblFolder_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(kWidth, -1)), wxST_NO_AUTORESIZE);
+  lblStatus_->SetName("lblStatus");
+  lblTarget_->SetName("lblTarget");
+  lblFolder_->SetName("lblFolder");
+  auto* cmdCancel = new wxButton(this, wxID_CANCEL, ToWx("中止"));
+  cmdCancel->SetName("cmdCancel");
+  const wxSizerFlags line = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(kGap));
+  column->Add(lblStatus_, line);
+  column->Add(lblTarget_, line);
+  column->Add(lblFolder_, line);
+  column->Add(cmdCancel, wxSizerFlags().Right().Border(wxALL, FromDIP(kGap)));
+  SetSizerAndFit(column);
+  SetEscapeId(wxID_CANCEL);
+  cmdCancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { cancel_(); });
+  Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { cancel_(); });
+  timFolderRef_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
+}
+
+void frmFolderRef::Begin(const std::string& /*status*/, const std::string& target) {
+  wxBeginBusyCursor();
+  lblTarget_->SetLabelText(ShortenedToFit(*lblTarget_, target, FromDIP(kWidth)));
+  lblFolder_->SetLabelText("");
+  timFolderRef_.StartOnce(kShowAfterMs);
+}
+
+void frmFolderRef::OnTimer() {
+  SetOnTop(*this, GetParent()->HasFlag(wxSTAY_ON_TOP));
+  CentreOnParent();
+  Show();
+}
+
+void frmFolderRef::ShowFolder(const std::string& folder) {
+  lblFolder_->SetLabelText(ShortenedToFit(*lblFolder_, folder, FromDIP(kWidth)));
+}
+
+void frmFolderRef::End() {
+  timFolderRef_.Stop();
+  Hide();
+  if (wxIsBusy()) wxEndBusyCursor();
+}
+
+}  // namespace quillon

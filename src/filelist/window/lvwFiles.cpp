@@ -1,0 +1,265 @@
+#include <wx/dnd.h>
+#include <wx/image.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+
+#include "controls/WxText.h"
+#include "filelist/window/lvwFilesBase.h"
+
+namespace quillon {
+namespace {
+
+bool BreaksLine(wxUniChar character) {
+  const wxUint32 code = character.GetValue();
+  return (code >= '\t' && code <= '\r') || code == 0x85 || code == 0x2028 || code == 0x2029;
+}
+
+wxString OnOneLine(wxString text) {
+  if (std::none_of(text.begin(), text.end(), [](wxUniChar c) { return BreaksLine(c); })) return text;
+  std::replace_if(
+      text.begin(), text.end(), [](wxUniChar c) { return BreaksLine(c); }, wxUniChar(' '));
+  return text;
+}
+
+/// What stands in one of two rising sequences only.
+std::vector<int> Difference(const std::vector<int>& left, const std::vector<int>& right) {
+  std::vector<int> difference;
+  std::set_symmetric_difference(left.begin(), left.end(), right.begin(), right.end(), std::back_inserter(difference));
+  return difference;
+}
+
+}  // namespace
+
+/// Takes file names only. What is dropped is handled when the drag is over, since the program it came from waits.
+class lvwFilesBase::DropTarget : public wxFileDropTarget {
+ public:
+  explicit DropTarget(lvwFilesBase& owner) : owner_(owner) {}
+
+  wxDragResult OnDragOver(wxCoord, wxCoord, wxDragResult proposed) override {
+    return owner_.answering_ ? proposed : wxDragNone;
+  }
+
+  bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& paths) override {
+    if (!owner_.answering_ || !owner_.handlers_.dropped) return false;
+    owner_.window_->CallAfter([&owner = owner_, paths] {
+      if (owner.answering_) owner.handlers_.dropped(paths);
+    });
+    return true;
+  }
+
+ private:
+  lvwFilesBase& owner_;
+};
+
+lvwFilesBase::lvwFilesBase(FileList& list, Handlers handlers) : list_(list), handlers_(std::move(handlers)) {}
+
+int lvwFilesBase::FirstWidth(Column column) {
+  static constexpr std::array<int, kColumnCount> kWidths = {240, 180, 140, 120, 90, 300};
+  return kWidths.at(static_cast<std::size_t>(column));
+}
+
+void lvwFilesBase::Start(wxWindow& window) {
+  window_ = &window;
+  window.SetName("lvwFiles");
+  window.SetDropTarget(new DropTarget(*this));
+  RowsChanged();
+}
+
+void lvwFilesBase::Stop() {
+  if (window_) window_->Destroy();
+}
+
+void lvwFilesBase::RowChanged(int index) {
+  if (taking_) return;
+  if (!pending_.many && pending_.rows.size() < kFewRows) {
+    pending_.rows.push_back(index);
+  } else {
+    pending_.many = true;
+  }
+  ShowSoon();
+}
+
+void lvwFilesBase::RowsChanged() {
+  pending_.moved = true;
+  ShowSoon();
+}
+
+void lvwFilesBase::ShowSoon() {
+  if (scheduled_ || !window_) return;
+  scheduled_ = true;
+  window_->CallAfter([this] {
+    scheduled_ = false;
+    ShowPending();
+  });
+}
+
+void lvwFilesBase::ShowPending() {
+  if (!window_ || showing_) return;
+  if (!pending_.moved && !pending_.many && pending_.rows.empty()) return;
+  const Changes changes = std::exchange(pending_, {});
+  showing_ = true;
+  ShowSelection(ShowRows(changes), changes);
+  showing_ = false;
+}
+
+void lvwFilesBase::ShowSelection(bool kept, const Changes& changes) {
+  if (!kept) shown_ = NativeSelection();
+  if (kept && !changes.moved && !changes.many &&
+      std::none_of(changes.rows.begin(), changes.rows.end(), [this](int index) {
+        return IsRow(index) && list_.Row(index).selected != std::binary_search(shown_.begin(), shown_.end(), index);
+      })) {
+    return;
+  }
+  std::vector<int> wanted = SelectedRows();
+  const std::vector<int> changed = Difference(shown_, wanted);
+  if (changed.size() > kFewRows) {
+    SelectNative(wanted);
+  } else {
+    for (const int index : changed) {
+      if (IsRow(index)) SelectNativeRow(index, list_.Row(index).selected);
+    }
+  }
+  shown_ = std::move(wanted);
+}
+
+std::vector<int> lvwFilesBase::SelectedRows() const {
+  std::vector<int> rows;
+  const auto wanted = static_cast<std::size_t>(list_.SelectedCount());
+  rows.reserve(wanted);
+  for (int index = list_.SelectedIndex(); rows.size() < wanted; ++index) {
+    if (list_.Row(index).selected) rows.push_back(index);
+  }
+  return rows;
+}
+
+void lvwFilesBase::TakeSelection(std::vector<int> native) {
+  if (showing_ || native == shown_) return;
+  shown_ = std::move(native);
+  if (answering_ && !pending_.moved) {
+    PutSelection(shown_);
+    announcing_ = true;
+  } else {
+    // The user may not select, or selected among rows that stand elsewhere by now: the FileList's selection stays.
+    pending_.many = true;
+    ShowSoon();
+  }
+}
+
+void lvwFilesBase::PutSelection(const std::vector<int>& rows) {
+  taking_ = true;
+  for (const int index : Difference(SelectedRows(), rows)) {
+    if (IsRow(index)) list_.SetSelected(index, !list_.Row(index).selected);
+  }
+  taking_ = false;
+}
+
+void lvwFilesBase::TakeClick(int index) {
+  if (answering_ && !pending_.moved && IsRow(index) && list_.Row(index).selected) announcing_ = true;
+}
+
+void lvwFilesBase::AnnounceSoon() {
+  if (announcing_) window_->CallAfter([this] { Announce(); });
+}
+
+void lvwFilesBase::Announce() {
+  if (!std::exchange(announcing_, false)) return;
+  if (answering_ && handlers_.selectionChanged) handlers_.selectionChanged();
+}
+
+bool lvwFilesBase::UseKey(wxKeyEvent& event) {
+  if (IsEditing()) return false;
+  if (!answering_) return !event.AltDown();  // the window's own keys go on
+  TakeUntold();
+  Announce();
+  const int key = event.GetKeyCode();
+  if (event.GetModifiers() == wxMOD_NONE && key == WXK_SPACE) {
+    ToggleChecks();
+    return true;
+  }
+  if (event.GetModifiers() == wxMOD_NONE && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
+    Activate(FocusedRow());
+    return true;
+  }
+  if (event.GetModifiers() == wxMOD_CONTROL && key == 'A') {
+    SelectAll();
+    return true;
+  }
+  return handlers_.keyPressed && handlers_.keyPressed(event);
+}
+
+void lvwFilesBase::SelectAll() {
+  ShowPending();
+  std::vector<int> rows(static_cast<std::size_t>(list_.Count()));
+  int index = 0;
+  for (int& row : rows) row = ++index;
+  if (rows == shown_) return;
+  PutSelection(rows);
+  showing_ = true;
+  SelectNative(rows);
+  showing_ = false;
+  shown_ = std::move(rows);
+  announcing_ = true;
+  Announce();
+}
+
+void lvwFilesBase::ToggleChecks() {
+  const int focused = FocusedRow();
+  if (!IsRow(focused)) return;
+  const bool checked = !list_.Row(focused).checked;
+  if (!list_.Row(focused).selected) {
+    list_.SetChecked(focused, checked);
+    return;
+  }
+  for (const int index : SelectedRows()) list_.SetChecked(index, checked);
+}
+
+void lvwFilesBase::SetChecked(int index, bool checked) {
+  if (answering_ && IsRow(index)) list_.SetChecked(index, checked);
+}
+
+void lvwFilesBase::Activate(int index) {
+  if (!answering_) return;
+  TakeUntold();
+  Announce();
+  if (IsRow(index) && handlers_.activated) handlers_.activated(index);
+}
+
+void lvwFilesBase::ClickHeader(int column) const {
+  if (!answering_ || column < 0 || column >= kColumnCount) return;
+  if (handlers_.headerClicked) handlers_.headerClicked(static_cast<Column>(column));
+}
+
+void lvwFilesBase::WantMenu(wxPoint screen) {
+  if (!answering_) return;
+  TakeUntold();
+  TakeClick(list_.SelectedIndex());  // the menu is about that row, however it was asked for
+  Announce();
+  if (handlers_.menuWanted) handlers_.menuWanted(screen);
+}
+
+void lvwFilesBase::EndEdit(const wxString& text) {
+  const int index = std::exchange(editedRow_, 0);
+  if (!answering_ || !IsRow(index) || !handlers_.renamed) return;
+  // A name that was left as it showed stays as it is, with what a cell cannot show.
+  const bool same = text == CellText(index, Column::kRenameName);
+  const std::string name = same ? list_.Row(index).renameName : FromWx(text);
+  window_->CallAfter([this, index, name] {
+    if (answering_ && IsRow(index)) handlers_.renamed(index, name);
+  });
+}
+
+wxString lvwFilesBase::CellText(int index, Column column) const {
+  return IsRow(index) ? OnOneLine(ToWx(ColumnText(list_.Row(index), column))) : wxString();
+}
+
+wxBitmap lvwFilesBase::IconOf(int index, int pixels) const {
+  if (!IsRow(index) || !handlers_.iconOf) return {};
+  const wxBitmap icon = handlers_.iconOf(list_.Row(index), pixels);
+  if (!icon.IsOk() || icon.GetSize() == wxSize(pixels, pixels)) return icon;
+  return wxBitmap(icon.ConvertToImage().Scale(pixels, pixels, wxIMAGE_QUALITY_BILINEAR));
+}
+
+}  // namespace quillon

@@ -1,0 +1,179 @@
+#include "paths/basFileControl.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+
+namespace quillon {
+namespace {
+
+/// What ends the folder part when a path is split into folder and name.
+constexpr std::string_view FolderEnds(PathStyle style) {
+  return style == PathStyle::kWindows ? "\\:" : "/";
+}
+
+/// What ends the search for an extension: here "/" counts on Windows, and ":" does not.
+constexpr std::string_view ExtensionScanEnds(PathStyle style) {
+  return style == PathStyle::kWindows ? ".\\/" : "./";
+}
+
+std::size_t FileNameOffset(std::string_view path, PathStyle style) {
+  const std::size_t separator = path.find_last_of(FolderEnds(style));
+  return separator == std::string_view::npos ? path.size() : separator + 1;
+}
+
+/// The extension as it is written.
+std::string_view RawExtension(std::string_view path, PathStyle style) {
+  const std::size_t end = path.find_last_of(ExtensionScanEnds(style));
+  if (end == std::string_view::npos || path[end] != '.') return {};
+  return path.substr(end + 1);
+}
+
+bool IsInvalidInName(char c) {
+  switch (c) {
+    case '"':
+    case '*':
+    case '/':
+    case ':':
+    case '<':
+    case '>':
+    case '?':
+    case '\\':
+    case '|':
+    case '\r': return true;
+    default: return false;
+  }
+}
+
+/// The text in the form that UnquoteArgument cuts.
+std::string QuotedArgument(std::string_view text) {
+  std::string argument = " \"";
+  argument += text;
+  argument += '"';
+  return argument;
+}
+
+/// Where the run that opens with the quote at `start` ends: the offset of the closing quote, which stands before a
+/// blank or at the end; the command line's size when there is none.
+std::size_t ClosingQuote(std::string_view commandLine, std::size_t start) {
+  for (std::size_t quote = start;;) {
+    quote = commandLine.find('"', quote + 1);
+    if (quote == std::string_view::npos) return commandLine.size();
+    if (quote + 1 == commandLine.size() || commandLine[quote + 1] == ' ') return quote;
+  }
+}
+
+}  // namespace
+
+char PathSeparator(PathStyle style) {
+  return style == PathStyle::kWindows ? '\\' : '/';
+}
+
+std::string Extension(std::string_view path, PathStyle style) {
+  return ToUpper(RawExtension(path, style));
+}
+
+std::string_view FileName(std::string_view path, PathStyle style) {
+  return path.substr(FileNameOffset(path, style));
+}
+
+std::string_view BaseName(std::string_view path, PathStyle style) {
+  const std::string_view name = FileName(path, style);
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string_view::npos ? std::string_view() : name.substr(0, dot);
+}
+
+std::string_view FolderPart(std::string_view path, PathStyle style) {
+  return path.substr(0, FileNameOffset(path, style));
+}
+
+std::string WithTrailingSeparator(std::string_view folder, PathStyle style) {
+  const char separator = PathSeparator(style);
+  std::string result;
+  result.reserve(folder.size() + 1);
+  result = folder;
+  if (result.empty() || result.back() != separator) result += separator;
+  return result;
+}
+
+int InvalidCharacterPosition(std::string_view name) {
+  const auto found = std::find_if(name.begin(), name.end(), IsInvalidInName);
+  if (found == name.end()) return 0;
+  const auto offset = static_cast<std::size_t>(found - name.begin());
+  return static_cast<int>(CharacterCount(name.substr(0, offset))) + 1;
+}
+
+bool AddsInvalidCharacter(std::string_view name, std::string_view present) {
+  return std::any_of(name.begin(), name.end(), [&](char c) {
+    return IsInvalidInName(c) &&
+           std::count(name.begin(), name.end(), c) > std::count(present.begin(), present.end(), c);
+  });
+}
+
+std::vector<std::string> SplitCommandLine(std::string_view commandLine) {
+  std::vector<std::string> arguments;
+  for (std::size_t start = 0; start < commandLine.size();) {
+    const bool quoted = commandLine[start] == '"';
+    const std::size_t textStart = quoted ? start + 1 : start;
+    const std::size_t textEnd =
+        quoted ? ClosingQuote(commandLine, start) : std::min(commandLine.find(' ', start), commandLine.size());
+    const std::string_view text = commandLine.substr(textStart, textEnd - textStart);
+    if (!text.empty()) {
+      const bool cutLater = quoted || text.find('"') != std::string_view::npos;
+      arguments.push_back(cutLater ? QuotedArgument(text) : std::string(text));
+    }
+    start = textEnd + (quoted ? 2 : 1);
+  }
+  return arguments;
+}
+
+std::string UnquoteArgument(std::string_view argument) {
+  if (argument.find('"') == std::string_view::npos) return std::string(argument);
+  const std::string_view tail = argument.substr(ByteOffset(argument, 2));
+  const std::size_t length = CharacterCount(tail);
+  return std::string(FirstCharacters(tail, length > 0 ? length - 1 : 0));
+}
+
+bool MatchesExtensionFilter(std::string_view path, std::string_view list, PathStyle style) {
+  if (list.empty()) return true;
+  const std::string_view extension = RawExtension(path, style);
+  for (std::size_t start = 0; start <= list.size();) {
+    const std::size_t end = std::min(list.find(' ', start), list.size());
+    if (EqualIgnoringCase(list.substr(start, end - start), extension)) return true;
+    start = end + 1;
+  }
+  return false;
+}
+
+std::string ShortenPath(std::string_view path, std::size_t maximum, PathStyle style) {
+  const std::size_t length = CharacterCount(path);
+  if (length <= maximum) return std::string(path);
+  const char separator = PathSeparator(style);
+  // Positions are 1-based characters, 0 for none; each "Offset" is the same place in bytes, 0-based.
+  std::size_t position = 1;
+  std::size_t positionOffset = 0;
+  std::size_t start = 0;
+  std::size_t tailOffset = 0;  // of the character before `start`
+  while (position != 0) {
+    const std::size_t candidate = length > start + 1 ? length - start - 1 : 0;
+    if (candidate + 6 <= maximum) break;
+    start = position + 1;
+    tailOffset = positionOffset;
+    const std::size_t startOffset = positionOffset + CharacterAt(path, positionOffset).length;
+    positionOffset = path.find(separator, startOffset);
+    position = positionOffset == std::string_view::npos
+                   ? 0
+                   : start + CharacterCount(path.substr(startOffset, positionOffset - startOffset));
+  }
+  const std::size_t first = path.find(separator);
+  std::string result(path.substr(0, first == std::string_view::npos ? 0 : first + 1));
+  result += "...";
+  result += path.substr(tailOffset);
+  return result;
+}
+
+std::string PathIdentity(std::string_view path, PathStyle style) {
+  return style == PathStyle::kWindows ? ToUpper(path) : std::string(path);
+}
+
+}  // namespace quillon

@@ -1,0 +1,212 @@
+#include "rename/window/frmModify.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "base/Finally.h"
+#include "base/Text.h"
+#include "controls/Pictures.h"
+#include "controls/WxText.h"
+#include "rename/window/frmModifyMenus.h"
+
+namespace quillon {
+namespace {
+
+std::int16_t Flag(const wxCheckBox& box) {
+  return box.GetValue() ? 1 : 0;
+}
+
+template <class Handle>
+void ForEachDescendant(wxWindow& window, const Handle& handle) {
+  for (wxWindow* child : window.GetChildren()) {
+    handle(*child);
+    ForEachDescendant(*child, handle);
+  }
+}
+
+}  // namespace
+
+frmModify::frmModify(wxWindow* parent, OptionValues::Modify& rules, OpenedFor purpose, bool regexAvailable,
+                     MessageBoxes& boxes, std::function<void()> run)
+    : wxDialog(parent, wxID_ANY, ToWx("リネーム名の編集"), wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+      rules_(rules),
+      purpose_(purpose),
+      regexAvailable_(regexAvailable),
+      boxes_(boxes),
+      run_(std::move(run)) {
+  SetName("frmModify");
+  SetIcons(ProgramIcons());
+  Build();
+  ShowForm(ShownForm(rules_, regexAvailable_));
+  UpdateEnabling();
+  BindEvents();
+  CentreOnParent();
+  chkInjustice_->SetFocus();
+}
+
+void frmModify::BindEvents() {
+  chkInjustice_->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateEnabling(); });
+  for (const RuleControls& rule : ruleControls_) {
+    rule.chkReplace->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateEnabling(); });
+  }
+  ForEachDescendant(*this, [this](wxWindow& child) { child.Bind(wxEVT_SET_FOCUS, &frmModify::OnFocus, this); });
+  mnuEdit_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenMenu(*mnuEdit_, *MakeEditMenu(editedBox_)); });
+  mnuHelp_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenMenu(*mnuHelp_, *MakeHelpMenu()); });
+  for (const int entry : {kMnuUndo, kMnuCut, kMnuCopy, kMnuPaste, kMnuDelete}) {
+    Bind(wxEVT_MENU, &frmModify::OnEdit, this, entry);
+  }
+  cmdOK_->Bind(wxEVT_BUTTON, &frmModify::OnOk, this);
+}
+
+void frmModify::ShowForm(const OptionValues::Modify& form) {
+  chkInjustice_->SetValue(form.reviceFlag == 1);
+  txtRevice_->ChangeValue(ToWx(form.reviceText));
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
+    ruleControls_[i].chkReplace->SetValue(form.rules[i].active == 1);
+    ruleControls_[i].txtObject->ChangeValue(ToWx(form.rules[i].find));
+    ruleControls_[i].txtReplace->ChangeValue(ToWx(form.rules[i].replacement));
+  }
+  (form.findCtrl == 1 ? optFindCtrl_S_ : optFindCtrl_No_)->SetValue(true);
+  chkIgnoreCase_->SetValue(form.ignoreCase == 1);
+  chkNarrow_->SetValue(form.narrow == 1);
+  chkWide_->SetValue(form.wide == 1);
+  chkLower_->SetValue(form.lower == 1);
+  chkUpper_->SetValue(form.upper == 1);
+  chkProper_->SetValue(form.proper == 1);
+  chkNonUnload_->SetValue(form.nonUnload == 1);
+}
+
+OptionValues::Modify frmModify::Form() const {
+  OptionValues::Modify form;
+  form.reviceFlag = Flag(*chkInjustice_);
+  form.reviceText = FromWx(txtRevice_->GetValue());
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
+    form.rules[i].active = Flag(*ruleControls_[i].chkReplace);
+    form.rules[i].find = FromWx(ruleControls_[i].txtObject->GetValue());
+    form.rules[i].replacement = FromWx(ruleControls_[i].txtReplace->GetValue());
+  }
+  form.findCtrl = optFindCtrl_S_->GetValue() ? 1 : 0;
+  form.ignoreCase = Flag(*chkIgnoreCase_);
+  form.narrow = Flag(*chkNarrow_);
+  form.wide = Flag(*chkWide_);
+  form.lower = Flag(*chkLower_);
+  form.upper = Flag(*chkUpper_);
+  form.proper = Flag(*chkProper_);
+  form.nonUnload = Flag(*chkNonUnload_);
+  return form;
+}
+
+// The system draws a disabled text box in the colours of a button's face, an enabled one in those of a window.
+void frmModify::UpdateEnabling() {
+  const ModifyEnabling enabling = EnabledBoxes(Form(), regexAvailable_);
+  txtRevice_->Enable(enabling.reviceText);
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
+    ruleControls_[i].txtObject->Enable(enabling.ruleTexts[i]);
+    ruleControls_[i].txtReplace->Enable(enabling.ruleTexts[i]);
+  }
+  optFindCtrl_S_->Enable(enabling.regularExpressions);
+}
+
+void frmModify::OnFocus(wxFocusEvent& event) {
+  event.Skip();
+  auto* const control = dynamic_cast<wxWindow*>(event.GetEventObject());
+  if (control == focused_) return;
+  focused_ = control;
+  if (control == mnuEdit_ || control == mnuHelp_) return;
+  editedBox_ = dynamic_cast<wxTextCtrl*>(control);
+  if (editedBox_ == nullptr || editedBox_ == txtRevice_) return;
+  // A click puts its caret after this event.
+  CallAfter([this, box = editedBox_] {
+    if (focused_ == box) box->SelectAll();
+  });
+}
+
+/// As when the dialog comes back from behind another window: the caret and the selection stay.
+void frmModify::FocusKeepingSelection(wxWindow* control) {
+  focused_ = control;
+  editedBox_ = dynamic_cast<wxTextCtrl*>(control);
+  if (editedBox_ == nullptr) {
+    control->SetFocus();
+    return;
+  }
+  // GTK itself selects the text of a box that is given the focus.
+  long from = 0;
+  long to = 0;
+  editedBox_->GetSelection(&from, &to);
+  editedBox_->SetFocus();
+  editedBox_->SetSelection(from, to);
+}
+
+void frmModify::OnEdit(wxCommandEvent& event) {
+  if (editedBox_ != nullptr && editedBox_->IsEnabled()) EditText(*editedBox_, event.GetId());
+}
+
+void frmModify::OpenMenu(wxButton& button, wxMenu& menu) {
+  const wxPoint below = ScreenToClient(button.ClientToScreen(wxPoint(0, button.GetSize().y)));
+  PopupMenu(&menu, below);
+  if (editedBox_ != nullptr) FocusKeepingSelection(editedBox_);
+}
+
+void frmModify::Refuse(const ModifyRefusal& refusal) {
+  const RuleControls& rule = ruleControls_.at(refusal.rule);
+  if (refusal.box == ModifyBox::kFind) {
+    boxes_.Show(refusal.message);
+    FocusKeepingSelection(rule.txtObject);
+    return;
+  }
+  const std::string text = FromWx(rule.txtReplace->GetValue());
+  rule.txtReplace->SetInsertionPoint(static_cast<long>(ToWx(FirstCharacters(text, refusal.caret)).length()));
+  // A disabled box cannot have the focus: its check box lets the user get at it.
+  wxWindow* const target =
+      rule.txtReplace->IsEnabled() ? static_cast<wxWindow*>(rule.txtReplace) : static_cast<wxWindow*>(rule.chkReplace);
+  FocusKeepingSelection(target);
+  boxes_.Show(refusal.message);
+}
+
+void frmModify::OnOk(wxCommandEvent&) {
+  const OptionValues::Modify form = Form();
+  if (const std::optional<ModifyRefusal> refusal = CheckModifyForm(form)) {
+    Refuse(*refusal);
+    return;
+  }
+  rules_ = StoredForm(form, rules_, regexAvailable_);
+  const bool execute = purpose_ == OpenedFor::kExecute;
+  if (form.nonUnload != 1) {
+    runWhenClosed_ = execute;
+    EndModal(wxID_OK);
+  } else if (execute) {
+    RunWithDialogOpen();
+  }
+}
+
+int frmModify::ShowModal() {
+  runWhenClosed_ = false;
+  const int answer = wxDialog::ShowModal();
+  if (std::exchange(runWhenClosed_, false)) Run();
+  return answer;
+}
+
+/// The run processes messages: disabled, the dialog cannot be asked for another one meanwhile.
+void frmModify::RunWithDialogOpen() {
+  wxWindow* const focused = focused_;
+  Disable();
+  const Finally usable([&] {
+    Enable();
+    if (focused != nullptr) FocusKeepingSelection(focused);
+  });
+  Run();
+}
+
+void frmModify::Run() {
+  const std::int16_t stored = rules_.findCtrl;
+  rules_.findCtrl = ShownForm(rules_, regexAvailable_).findCtrl;
+  const Finally restored([&] {
+    if (!regexAvailable_) rules_.findCtrl = stored;
+  });
+  run_();
+}
+
+}  // namespace quillon

@@ -1,0 +1,167 @@
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+
+#include "controls/AccessKeys.h"
+#include "controls/TextBox.h"
+#include "controls/WxText.h"
+#include "platform/desktop/AccessibleName.h"
+#include "rename/window/frmModify.h"
+
+namespace quillon {
+namespace {
+
+constexpr int kGap = 8;          // DIP
+constexpr int kSmallGap = 4;     // DIP
+constexpr int kTextWidth = 200;  // DIP, at least
+
+wxStaticBoxSizer* MakeGroup(wxWindow* parent, int orientation, const char* caption) {
+  return new wxStaticBoxSizer(orientation, parent, ToWx(caption));
+}
+
+}  // namespace
+
+void frmModify::Build() {
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  const wxSizerFlags wide = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap));
+  column->Add(MakeMenuRow(), wxSizerFlags().Border(wxALL, FromDIP(kSmallGap)));
+  column->Add(MakeInvalidBox(), wide);
+  column->Add(MakeRulesBox(), wide);
+  auto* below = new wxBoxSizer(wxHORIZONTAL);
+  below->Add(MakeFindBox(), wxSizerFlags().Expand());
+  below->AddSpacer(FromDIP(kGap));
+  below->Add(MakeConversionBox(), wxSizerFlags(1).Expand());
+  column->Add(below, wide);
+  column->AddStretchSpacer();
+  column->Add(MakeButtonRow(), wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM, FromDIP(kGap)));
+  SetSizerAndFit(column);
+  ReachByAccessKeys(*this);
+}
+
+wxButton* frmModify::MakeMenuButton(const char* caption, const char* name) {
+  auto* button =
+      new wxButton(this, wxID_ANY, ToWx(caption), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT | wxBORDER_NONE);
+  button->SetName(name);
+  button->SetMinSize(button->GetBestSize() + FromDIP(wxSize(2 * kGap, 0)));
+  return button;
+}
+
+wxCheckBox* frmModify::MakeCheckBox(wxWindow* parent, const char* caption, const char* name) {
+  auto* box = new wxCheckBox(parent, wxID_ANY, ToWx(caption));
+  box->SetName(name);
+  return box;
+}
+
+wxTextCtrl* frmModify::MakeTextBox(wxWindow* parent, const std::string& name) {
+  auto* box = new TextBox(parent);
+  box->SetName(name);
+  box->SetMinSize(wxSize(FromDIP(kTextWidth), -1));
+  return box;
+}
+
+wxSizer* frmModify::MakeMenuRow() {
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  mnuEdit_ = MakeMenuButton("編集(&E)", "mnuEdit");
+  mnuHelp_ = MakeMenuButton("ヘルプ(&H)", "mnuHelp");
+  row->Add(mnuEdit_);
+  row->Add(mnuHelp_);
+  return row;
+}
+
+wxSizer* frmModify::MakeInvalidBox() {
+  auto* group = MakeGroup(this, wxHORIZONTAL, "不正な文字の置換");
+  chkInjustice_ = MakeCheckBox(group->GetStaticBox(), "不正な文字はすべて置換する(&I)", "chkInjustice");
+  txtRevice_ = MakeTextBox(group->GetStaticBox(), "txtRevice");
+  SetAccessibleName(txtRevice_->GetHandle(), "不正な文字を置き換える文字");
+  group->Add(chkInjustice_, wxSizerFlags().CenterVertical().Border(wxALL, FromDIP(kSmallGap)));
+  group->Add(txtRevice_, wxSizerFlags(1).CenterVertical().Border(wxALL, FromDIP(kSmallGap)));
+  return group;
+}
+
+wxSizer* frmModify::MakeRulesBox() {
+  auto* group = MakeGroup(this, wxVERTICAL, "任意文字列の置換");
+  wxWindow* parent = group->GetStaticBox();
+  auto* grid = new wxFlexGridSizer(3, FromDIP(kSmallGap), FromDIP(kGap));
+  grid->AddGrowableCol(1);
+  grid->AddGrowableCol(2);
+  grid->AddSpacer(0);
+  grid->Add(new wxStaticText(parent, wxID_ANY, ToWx("検索する文字列")));
+  grid->Add(new wxStaticText(parent, wxID_ANY, ToWx("置換する文字列")));
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) AddRule(*grid, parent, i);
+  group->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kSmallGap)));
+  return group;
+}
+
+void frmModify::AddRule(wxFlexGridSizer& grid, wxWindow* parent, std::size_t index) {
+  const std::string digit = std::to_string(index);
+  RuleControls& rule = ruleControls_.at(index);
+  rule.chkReplace = MakeCheckBox(parent, ("&" + std::to_string(index + 1)).c_str(), ("chkReplace" + digit).c_str());
+  rule.txtObject = MakeTextBox(parent, "txtObject" + digit);
+  rule.txtReplace = MakeTextBox(parent, "txtReplace" + digit);
+  // The headings and the number beside the boxes are seen, not heard.
+  const std::string number = std::to_string(index + 1);
+  SetAccessibleName(rule.chkReplace->GetHandle(), "置換 " + number);
+  SetAccessibleName(rule.txtObject->GetHandle(), "検索する文字列 " + number);
+  SetAccessibleName(rule.txtReplace->GetHandle(), "置換する文字列 " + number);
+  grid.Add(rule.chkReplace, wxSizerFlags().CenterVertical());
+  grid.Add(rule.txtObject, wxSizerFlags().Expand());
+  grid.Add(rule.txtReplace, wxSizerFlags().Expand());
+}
+
+wxSizer* frmModify::MakeFindBox() {
+  auto* group = MakeGroup(this, wxVERTICAL, "検索方法");
+  wxWindow* parent = group->GetStaticBox();
+  optFindCtrl_No_ =
+      new wxRadioButton(parent, wxID_ANY, ToWx("通常検索(&N)"), wxDefaultPosition, wxDefaultSize, wxRB_GROUP);
+  optFindCtrl_No_->SetName("optFindCtrl_No");
+  optFindCtrl_S_ = new wxRadioButton(parent, wxID_ANY, ToWx("正規表現で検索(&S)"));
+  optFindCtrl_S_->SetName("optFindCtrl_S");
+  chkIgnoreCase_ = MakeCheckBox(parent, "大文字小文字を無視(&C)", "chkIgnoreCase");
+  const wxSizerFlags line = wxSizerFlags().Border(wxALL, FromDIP(kSmallGap));
+  group->Add(optFindCtrl_No_, line);
+  group->Add(optFindCtrl_S_, line);
+  group->Add(chkIgnoreCase_, line);
+  return group;
+}
+
+wxSizer* frmModify::MakeConversionBox() {
+  auto* group = MakeGroup(this, wxHORIZONTAL, "変換");
+  wxWindow* parent = group->GetStaticBox();
+  chkNarrow_ = MakeCheckBox(parent, "全角を半角へ変換(&N)", "chkNarrow");
+  chkWide_ = MakeCheckBox(parent, "半角を全角へ変換(&W)", "chkWide");
+  chkLower_ = MakeCheckBox(parent, "大文字を小文字へ変換(&L)", "chkLower");
+  chkUpper_ = MakeCheckBox(parent, "小文字を大文字へ変換(&U)", "chkUpper");
+  chkProper_ = MakeCheckBox(parent, "文字の先頭を大文字へ変換(&P)", "chkProper");
+  const wxSizerFlags line = wxSizerFlags().Border(wxALL, FromDIP(kSmallGap));
+  auto* width = new wxBoxSizer(wxVERTICAL);
+  width->Add(chkNarrow_, line);
+  width->Add(chkWide_, line);
+  auto* letterCase = new wxBoxSizer(wxVERTICAL);
+  letterCase->Add(chkLower_, line);
+  letterCase->Add(chkUpper_, line);
+  letterCase->Add(chkProper_, line);
+  group->Add(width);
+  group->AddSpacer(FromDIP(kGap));
+  group->Add(letterCase);
+  return group;
+}
+
+wxSizer* frmModify::MakeButtonRow() {
+  auto* row = new wxBoxSizer(wxHORIZONTAL);
+  chkNonUnload_ = MakeCheckBox(this, "実行後も閉じない(&O)", "chkNonUnload");
+  cmdOK_ = new wxButton(this, wxID_OK, ToWx(purpose_ == OpenedFor::kExecute ? "実行" : "OK"));
+  cmdOK_->SetName("cmdOK");
+  auto* cancel = new wxButton(this, wxID_CANCEL, ToWx("キャンセル"));
+  cancel->SetName("cmdCancel");
+  auto* buttons = new wxStdDialogButtonSizer();
+  buttons->AddButton(cmdOK_);
+  buttons->AddButton(cancel);
+  buttons->Realize();
+  row->Add(chkNonUnload_, wxSizerFlags().CenterVertical());
+  row->AddStretchSpacer();
+  row->Add(buttons, wxSizerFlags().CenterVertical());
+  row->AddSpacer(FromDIP(kSmallGap));
+  cmdOK_->SetDefault();
+  return row;
+}
+
+}  // namespace quillon

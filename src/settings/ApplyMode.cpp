@@ -1,0 +1,16 @@
+#include "settings/ApplyMode.h"
+
+namespace quillon {
+
+const char* ApplyModeText(const ApplyMode& mode) {
+  return mode.automatic ? kAutoApplyText : kManualApplyText;
+}
+
+void RereadApplyMode(ApplyMode& mode, const OptionValues& options, MessageBoxes& boxes) {
+  mode.automatic = options.update.autoUpdate == 1;
+  if (mode.automatic) {
+    boxes.Show({kModeCaption, "自動適応モードが有効になりました", MessageIcon::kInformation, MessageButtons::kOk});
+  }
+}
+
+}  // namespace quillon

@@ -1,0 +1,140 @@
+#include "settings/basINIControl.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "platform/Ansi.h"
+#include "platform/WholeFile.h"
+#include "settings/IniLine.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+std::int32_t WrappingNumber(std::string_view text) {
+  const std::size_t start = std::min(text.find_first_not_of(" \t"), text.size());
+  text.remove_prefix(start);
+  const bool negative = text.starts_with('-');
+  if (negative || text.starts_with('+')) text.remove_prefix(1);
+  std::uint32_t value = 0;
+  for (const char c : text) {
+    if (c < '0' || c > '9') break;
+    value = value * 10 + static_cast<std::uint32_t>(c - '0');
+  }
+  return static_cast<std::int32_t>(negative ? 0 - value : value);
+}
+
+}  // namespace
+
+bool IniFile::Load() {
+  const Result<std::string, ReadFailure> read = ReadWholeFile(path_, kLargestFile);
+  unreadable_ = !read && read.Failure() != ReadFailure::kAbsent;
+  std::string_view content = read ? std::string_view(*read) : std::string_view();
+  utf8_ = content.starts_with(kByteOrderMark);
+  if (utf8_) content.remove_prefix(kByteOrderMark.size());
+  lines_ = SplitIniLines(content);
+  return !unreadable_;
+}
+
+std::int32_t IniFile::ReadInteger(std::string_view section, std::string_view key, std::int32_t fallback) const {
+  return FindInteger(section, key).value_or(fallback);
+}
+
+std::string IniFile::ReadString(std::string_view section, std::string_view key, std::string_view fallback) const {
+  return FindString(section, key).value_or(std::string(fallback));
+}
+
+std::optional<std::int32_t> IniFile::FindInteger(std::string_view section, std::string_view key) const {
+  const std::optional<std::string> text = FindWholeString(section, key);
+  if (!text || text->empty()) return std::nullopt;
+  return WrappingNumber(*text);
+}
+
+std::optional<std::string> IniFile::FindString(std::string_view section, std::string_view key) const {
+  std::optional<std::string> text = FindWholeString(section, key);
+  if (text) text->resize(ByteOffset(*text, kLongestValue));
+  return text;
+}
+
+void IniFile::WriteString(std::string_view section, std::string_view key, std::string_view value) {
+  value = value.substr(0, value.find_first_of(std::string_view("\r\n\0", 3)));
+  if (FindWholeString(section, key) == value) return;  // the line stays as somebody may have written it by hand
+  const std::string encoded = Encoded(value);
+  if (const std::optional<std::size_t> line = FindLine(section, key)) {
+    std::string& text = lines_[*line];
+    const std::string end(IniLineEnd(text));
+    text.resize(text.find('=') + 1);
+    text += encoded + end;
+    return;
+  }
+  InsertLine(SectionEnd(section), std::string(key) + "=" + encoded);
+}
+
+bool IniFile::Save() const {
+  if (unreadable_) return false;
+  std::string content(utf8_ ? kByteOrderMark : std::string_view());
+  for (const std::string& line : lines_) content += line;
+  return content.size() <= kLargestFile && !ReplaceWholeFile(path_, content);
+}
+
+std::optional<std::size_t> IniFile::FindLine(std::string_view section, std::string_view key) const {
+  bool inside = false;
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    if (const std::optional<std::string_view> name = IniSectionName(lines_[i])) {
+      inside = EqualIgnoringCase(*name, section);
+    } else if (inside) {
+      const std::optional<IniEntry> entry = ParseIniEntry(lines_[i]);
+      if (entry && EqualIgnoringCase(entry->key, key)) return i;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> IniFile::FindWholeString(std::string_view section, std::string_view key) const {
+  const std::optional<std::size_t> line = FindLine(section, key);
+  if (!line) return std::nullopt;
+  return Decoded(ParseIniEntry(lines_[*line])->value);
+}
+
+std::string IniFile::Decoded(std::string_view bytes) const {
+  return utf8_ ? std::string(bytes) : AnsiToUtf8(bytes);
+}
+
+std::string IniFile::Encoded(std::string_view value) {
+  if (!utf8_) {
+    if (std::optional<std::string> bytes = Utf8ToAnsi(value)) return *std::move(bytes);
+    utf8_ = true;
+    for (std::string& line : lines_) line = AnsiToUtf8KeepingBytes(line);
+  }
+  return std::string(value);
+}
+
+/// What the file uses already.
+std::string IniFile::NewLineEnd() const {
+  const std::string_view first = lines_.empty() ? std::string_view() : IniLineEnd(lines_.front());
+  return std::string(first.empty() ? "\r\n" : first);
+}
+
+void IniFile::InsertLine(std::size_t index, std::string_view text) {
+  const std::string end = NewLineEnd();
+  if (index > 0 && IniLineEnd(lines_[index - 1]).empty()) lines_[index - 1] += end;
+  lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(index), std::string(text) + end);
+}
+
+/// Where a new line of this section goes: behind the last line that is not blank. Adds the section if it is not there.
+std::size_t IniFile::SectionEnd(std::string_view section) {
+  std::optional<std::size_t> end;
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    const std::optional<std::string_view> name = IniSectionName(lines_[i]);
+    if (name && end) break;
+    const bool starts = name && EqualIgnoringCase(*name, section);
+    const bool belongs = end && !IsBlankIniLine(lines_[i]);
+    if (starts || belongs) end = i + 1;
+  }
+  if (end) return *end;
+  InsertLine(lines_.size(), "[" + std::string(section) + "]");
+  return lines_.size();
+}
+
+}  // namespace quillon

@@ -1,0 +1,462 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "settings/OptionValuesSamples.h"
+#include "settings/Settings.h"
+#include "support/TempFolder.h"
+
+namespace quillon {
+namespace {
+
+/// What the default values are written as, window position included.
+constexpr std::string_view kFreshFile =
+    "[System]\r\n"
+    "DirPath=\r\n"
+    "MovePath=\r\n"
+    "LoadTime=0\r\n"
+    "Msgbox=0\r\n"
+    "Front=False\r\n"
+    "[Window]\r\n"
+    "Top=120\r\n"
+    "Left=-30\r\n"
+    "WindowHeight=6655\r\n"
+    "WindowWidth=9520\r\n"
+    "Col1_Width=1800\r\n"
+    "Col2_Width=1800\r\n"
+    "Col3_Width=1800\r\n"
+    "Col4_Width=660\r\n"
+    "Col5_Width=900\r\n"
+    "Col6_Width=2300\r\n"
+    "[Player]\r\n"
+    "Repeat=0\r\n"
+    "AllPlay=0\r\n"
+    "[Modify]\r\n"
+    "ReviceFlag=0\r\n"
+    "ReviceText=\r\n"
+    "0ReplaceFlag=0\r\n"
+    "0ReplaceObject=\r\n"
+    "0ReplaceRepace=\r\n"
+    "1ReplaceFlag=0\r\n"
+    "1ReplaceObject=\r\n"
+    "1ReplaceRepace=\r\n"
+    "2ReplaceFlag=0\r\n"
+    "2ReplaceObject=\r\n"
+    "2ReplaceRepace=\r\n"
+    "3ReplaceFlag=0\r\n"
+    "3ReplaceObject=\r\n"
+    "3ReplaceRepace=\r\n"
+    "4ReplaceFlag=0\r\n"
+    "4ReplaceObject=\r\n"
+    "4ReplaceRepace=\r\n"
+    "FindCtrl=0\r\n"
+    "IgnoreCase=0\r\n"
+    "Upper=0\r\n"
+    "Lower=0\r\n"
+    "Proper=0\r\n"
+    "Wide=0\r\n"
+    "Narrow=0\r\n"
+    "NonUnload=0\r\n"
+    "[Update]\r\n"
+    "ErrSkip=0\r\n"
+    "UpdateErrChk=1\r\n"
+    "UpdateRemChk=1\r\n"
+    "[Rename]\r\n"
+    "NoTitleSkip=1\r\n"
+    "RenameErrChk=0\r\n"
+    "RenameModify=0\r\n"
+    "InjusticeChk=0\r\n"
+    "[List]\r\n"
+    "LoadChk=1\r\n"
+    "DeltoTrashBox=True\r\n"
+    "DelCompMsg=1\r\n"
+    "LoadRemove=0\r\n"
+    "SubFolder=0\r\n"
+    "[Find]\r\n"
+    "FilterChk=1\r\n"
+    "ExtEtc=0\r\n"
+    "ExtHTML=0\r\n"
+    "ExtMusic=1\r\n"
+    "ExtText=0\r\n"
+    "ExtEtcText=\r\n"
+    "ExtHTMLText=htm html\r\n"
+    "ExtMusicText=mid midi wav mp3 mpg mpeg avi\r\n"
+    "ExtTextText=txt doc\r\n"
+    "[Move]\r\n"
+    "RemainList=1\r\n";
+
+/// A file that is there, can be replaced, and is not read.
+const std::string kTooLarge(IniFile::kLargestFile + 1, '\n');
+
+class SettingsTest : public testing::Test {
+ protected:
+  IniFile Loaded(std::string_view bytes) {
+    IniFile file(folder_.Write("Quillon.ini", bytes));
+    EXPECT_TRUE(file.Load());
+    return file;
+  }
+
+  OptionValues ReadValid(std::string_view bytes) {
+    Result<OptionValues, SettingsError> values = ReadOptionValues(Loaded(bytes));
+    EXPECT_TRUE(values.Ok()) << (values ? "" : values.Failure().section + "/" + values.Failure().key);
+    return values ? *values : OptionValues();
+  }
+
+  std::string Written(const OptionValues& options, WindowGeometry geometry, std::string_view before = "") {
+    IniFile file = Loaded(before);
+    WriteOptionValues(file, options, geometry);
+    EXPECT_TRUE(file.Save());
+    return folder_.Read("Quillon.ini");
+  }
+
+  OptionValues RoundTrip(const OptionValues& options) { return ReadValid(Written(options, WindowGeometry::kWrite)); }
+
+  test::TempFolder folder_;
+};
+
+TEST_F(SettingsTest, NoFileGivesTheDefaults) {
+  const std::optional<OptionValues> values = LoadOptionValues(folder_.At("none.ini"));
+  ASSERT_TRUE(values);
+  EXPECT_EQ(test::Describe(*values), test::Describe(OptionValues()));
+  EXPECT_FALSE(folder_.Exists("none.ini")) << "reading makes no file";
+}
+
+TEST_F(SettingsTest, AFileThatCannotBeReadIsNoEmptyFile) {
+  folder_.MakeFolder("folder.ini");
+  EXPECT_FALSE(LoadOptionValues(folder_.At("folder.ini")));
+  EXPECT_FALSE(LoadOptionValues(folder_.Write("large.ini", kTooLarge)));
+}
+
+TEST_F(SettingsTest, AValueThatDoesNotFitMakesTheWholeFileUnusable) {
+  EXPECT_FALSE(LoadOptionValues(folder_.Write("q.ini", "[Player]\r\nRepeat=32768\r\n")));
+  const std::optional<OptionValues> values = LoadOptionValues(folder_.Write("q.ini", "[Player]\r\nRepeat=32767\r\n"));
+  ASSERT_TRUE(values);
+  EXPECT_EQ(values->player.repeat, 32767);
+}
+
+TEST_F(SettingsTest, DefaultsOfAFirstStart) {
+  const OptionValues values = ReadValid("");
+  EXPECT_EQ(values.find.filterChk, 1);
+  EXPECT_EQ(values.find.extMusic, 1);
+  EXPECT_EQ(values.find.extEtc, 0);
+  EXPECT_EQ(values.find.extHtml, 0);
+  EXPECT_EQ(values.find.extText, 0);
+  EXPECT_EQ(values.find.extMusicText, "mid midi wav mp3 mpg mpeg avi");
+  EXPECT_TRUE(values.list.delToTrashBox);
+  EXPECT_EQ(values.list.delCompMsg, 1);
+  EXPECT_EQ(values.list.loadChk, 1);
+  EXPECT_EQ(values.list.subFolder, 0);
+  EXPECT_EQ(values.window.top, std::nullopt) << "centred";
+  EXPECT_EQ(values.window.left, std::nullopt) << "centred";
+  EXPECT_EQ(values.window.height, 6655);
+  EXPECT_EQ(values.window.width, 9520);
+  EXPECT_FALSE(values.system.front);
+}
+
+TEST_F(SettingsTest, FreshFileHasEveryKeyInOrder) {
+  OptionValues options;
+  options.window.top = 120;
+  options.window.left = -30;
+  EXPECT_EQ(Written(options, WindowGeometry::kWrite), kFreshFile);
+}
+
+TEST_F(SettingsTest, EveryKeyIsReadIntoItsOwnMember) {
+  // Each row changes one key of an otherwise empty file; the whole record tells that nothing else changed.
+  const struct {
+    const char* line;
+    std::function<void(OptionValues&)> change;
+  } rows[] = {
+      {"[System]\nDirPath=C:\\音\\", [](auto& o) { o.system.dirPath = "C:\\音\\"; }},
+      {"[System]\nMovePath=D:\\", [](auto& o) { o.system.movePath = "D:\\"; }},
+      {"[System]\nLoadTime=7", [](auto& o) { o.system.loadTime = 7; }},
+      {"[System]\nMsgbox=7", [](auto& o) { o.system.msgbox = 7; }},
+      {"[System]\nFront=True", [](auto& o) { o.system.front = true; }},
+      {"[Window]\nTop=-70000", [](auto& o) { o.window.top = -70000; }},
+      {"[Window]\nLeft=70000", [](auto& o) { o.window.left = 70000; }},
+      {"[Window]\nWindowHeight=70000", [](auto& o) { o.window.height = 70000; }},
+      {"[Window]\nWindowWidth=70001.5", [](auto& o) { o.window.width = 70001; }},
+      {"[Window]\nCol1_Width=101", [](auto& o) { o.window.columnWidths[0] = 101; }},
+      {"[Window]\nCol2_Width=102", [](auto& o) { o.window.columnWidths[1] = 102; }},
+      {"[Window]\nCol3_Width=103", [](auto& o) { o.window.columnWidths[2] = 103; }},
+      {"[Window]\nCol4_Width=104", [](auto& o) { o.window.columnWidths[3] = 104; }},
+      {"[Window]\nCol5_Width=105", [](auto& o) { o.window.columnWidths[4] = 105; }},
+      {"[Window]\nCol6_Width=106", [](auto& o) { o.window.columnWidths[5] = 106; }},
+      {"[Player]\nRepeat=7", [](auto& o) { o.player.repeat = 7; }},
+      {"[Player]\nAllPlay=7", [](auto& o) { o.player.allPlay = 7; }},
+      {"[Modify]\nReviceFlag=7", [](auto& o) { o.modify.reviceFlag = 7; }},
+      {"[Modify]\nReviceText=_", [](auto& o) { o.modify.reviceText = "_"; }},
+      {"[Modify]\n0ReplaceFlag=7", [](auto& o) { o.modify.rules[0].active = 7; }},
+      {"[Modify]\n0ReplaceObject=a", [](auto& o) { o.modify.rules[0].find = "a"; }},
+      {"[Modify]\n0ReplaceRepace=b", [](auto& o) { o.modify.rules[0].replacement = "b"; }},
+      {"[Modify]\n4ReplaceFlag=7", [](auto& o) { o.modify.rules[4].active = 7; }},
+      {"[Modify]\n4ReplaceObject=a", [](auto& o) { o.modify.rules[4].find = "a"; }},
+      {"[Modify]\n4ReplaceRepace=b", [](auto& o) { o.modify.rules[4].replacement = "b"; }},
+      {"[Modify]\nFindCtrl=7", [](auto& o) { o.modify.findCtrl = 7; }},
+      {"[Modify]\nIgnoreCase=7", [](auto& o) { o.modify.ignoreCase = 7; }},
+      {"[Modify]\nUpper=7", [](auto& o) { o.modify.upper = 7; }},
+      {"[Modify]\nLower=7", [](auto& o) { o.modify.lower = 7; }},
+      {"[Modify]\nProper=7", [](auto& o) { o.modify.proper = 7; }},
+      {"[Modify]\nWide=7", [](auto& o) { o.modify.wide = 7; }},
+      {"[Modify]\nNarrow=7", [](auto& o) { o.modify.narrow = 7; }},
+      {"[Modify]\nNonUnload=7", [](auto& o) { o.modify.nonUnload = 7; }},
+      {"[Update]\nErrSkip=7", [](auto& o) { o.update.errSkip = 7; }},
+      {"[Update]\nUpdateErrChk=7", [](auto& o) { o.update.updateErrChk = 7; }},
+      {"[Update]\nUpdateRemChk=7", [](auto& o) { o.update.updateRemChk = 7; }},
+      {"[Update]\nAutoUpdate=7", [](auto& o) { o.update.autoUpdate = 7; }},
+      {"[Rename]\nNoTitleSkip=7", [](auto& o) { o.rename.noTitleSkip = 7; }},
+      {"[Rename]\nRenameErrChk=7", [](auto& o) { o.rename.renameErrChk = 7; }},
+      {"[Rename]\nRenameModify=7", [](auto& o) { o.rename.renameModify = 7; }},
+      {"[Rename]\nInjusticeChk=7", [](auto& o) { o.rename.injusticeChk = 7; }},
+      {"[List]\nLoadChk=7", [](auto& o) { o.list.loadChk = 7; }},
+      {"[List]\nDeltoTrashBox=False", [](auto& o) { o.list.delToTrashBox = false; }},
+      {"[List]\nDelCompMsg=7", [](auto& o) { o.list.delCompMsg = 7; }},
+      {"[List]\nLoadRemove=7", [](auto& o) { o.list.loadRemove = 7; }},
+      {"[List]\nSubFolder=7", [](auto& o) { o.list.subFolder = 7; }},
+      {"[Find]\nFilterChk=7", [](auto& o) { o.find.filterChk = 7; }},
+      {"[Find]\nExtEtc=7", [](auto& o) { o.find.extEtc = 7; }},
+      {"[Find]\nExtHTML=7", [](auto& o) { o.find.extHtml = 7; }},
+      {"[Find]\nExtMusic=7", [](auto& o) { o.find.extMusic = 7; }},
+      {"[Find]\nExtText=7", [](auto& o) { o.find.extText = 7; }},
+      {"[Find]\nExtEtcText=x  y", [](auto& o) { o.find.extEtcText = "x  y"; }},
+      {"[Find]\nExtHTMLText=x", [](auto& o) { o.find.extHtmlText = "x"; }},
+      {"[Find]\nExtMusicText=", [](auto& o) { o.find.extMusicText = ""; }},
+      {"[Find]\nExtTextText=x", [](auto& o) { o.find.extTextText = "x"; }},
+      {"[Move]\nRemainList=7", [](auto& o) { o.move.remainList = 7; }},
+      {"[Find]\nSubFolder=7", [](auto&) {}},          // belongs to another section
+      {"[Modify]\n5ReplaceFlag=7", [](auto&) {}},     // there are five rules
+      {"[Modify]\n0ReplaceReplace=b", [](auto&) {}},  // the key is spelt without the l
+      {"[Window]\nTop=", [](auto&) {}},
+      {"[Window]\nWindowHeight=", [](auto&) {}},
+      {"[List]\nDelCompMsg=", [](auto&) {}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.line);
+    OptionValues expected;
+    row.change(expected);
+    std::string bytes = row.line;
+    if (const std::size_t at = bytes.find("音"); at != std::string::npos) bytes.replace(at, 3, "\x89\xB9");
+    EXPECT_EQ(test::Describe(ReadValid(bytes)), test::Describe(expected));
+  }
+}
+
+TEST_F(SettingsTest, EveryMemberSurvivesARestart) {
+  EXPECT_EQ(test::Describe(RoundTrip(OptionValues())), test::Describe(OptionValues()));
+  for (unsigned seed = 0; seed < 60; ++seed) {
+    SCOPED_TRACE(seed);
+    OptionValues options = test::RandomOptionValues(seed);
+    OptionValues expected = options;
+    expected.update.autoUpdate = 0;  // never written with the others
+    EXPECT_EQ(test::Describe(RoundTrip(options)), test::Describe(expected));
+  }
+}
+
+TEST_F(SettingsTest, WritingAgainChangesNothing) {
+  for (unsigned seed = 0; seed < 20; ++seed) {
+    SCOPED_TRACE(seed);
+    const OptionValues options = test::RandomOptionValues(seed);
+    const std::string once = Written(options, WindowGeometry::kWrite);
+    EXPECT_EQ(Written(ReadValid(once), WindowGeometry::kWrite, once), once);
+  }
+}
+
+TEST_F(SettingsTest, OneBlankSurvivesInReplaceTextsAndTwoDoNot) {
+  OptionValues options;
+  options.modify.rules[0].find = " ";
+  options.modify.rules[0].replacement = "  ";
+  options.modify.rules[4].find = "[SPACE]";
+  options.modify.rules[4].replacement = " ";
+  options.modify.reviceText = " ";
+  options.find.extEtcText = " ";
+  const std::string bytes = Written(options, WindowGeometry::kWrite);
+  EXPECT_NE(bytes.find("\r\n0ReplaceObject=[SPACE]\r\n0ReplaceRepace=  \r\n"), std::string::npos);
+  EXPECT_NE(bytes.find("\r\nReviceText= \r\n"), std::string::npos) << "the word is for replace rules only";
+  const OptionValues values = ReadValid(bytes);
+  EXPECT_EQ(values.modify.rules[0].find, " ");
+  EXPECT_EQ(values.modify.rules[0].replacement, "");
+  EXPECT_EQ(values.modify.rules[4].find, " ");
+  EXPECT_EQ(values.modify.rules[4].replacement, " ");
+  EXPECT_EQ(values.modify.reviceText, "");
+  EXPECT_EQ(values.find.extEtcText, "");
+}
+
+TEST_F(SettingsTest, TheWordForABlankCountsExactlyAndInReplaceTextsOnly) {
+  const OptionValues values = ReadValid(
+      "[Modify]\nReviceText=[SPACE]\n0ReplaceObject=[space]\n1ReplaceObject=x[SPACE]\n2ReplaceObject=  [SPACE]  \n");
+  EXPECT_EQ(values.modify.reviceText, "[SPACE]");
+  EXPECT_EQ(values.modify.rules[0].find, "[space]");
+  EXPECT_EQ(values.modify.rules[1].find, "x[SPACE]");
+  EXPECT_EQ(values.modify.rules[2].find, " ") << "blanks around it are stripped first";
+}
+
+TEST_F(SettingsTest, TextsOf200CharactersComeBackCutTo127) {
+  OptionValues options;
+  std::string kanji127;
+  for (int i = 0; i < 200; ++i) {
+    options.modify.reviceText += "x";
+    options.modify.rules[2].find += "漢";
+    options.modify.rules[2].replacement += "é";
+    if (i < 127) kanji127 += "漢";
+  }
+  const OptionValues values = RoundTrip(options);
+  EXPECT_EQ(values.modify.reviceText, std::string(127, 'x'));
+  EXPECT_EQ(values.modify.rules[2].find, kanji127);
+  EXPECT_EQ(values.modify.rules[2].replacement.size(), 2u * 127u);
+}
+
+TEST_F(SettingsTest, BooleansAreWrittenAsWordsAndReadFromNumbers) {
+  OptionValues options;
+  options.list.delToTrashBox = false;
+  options.system.front = true;
+  const std::string bytes = Written(options, WindowGeometry::kKeep);
+  EXPECT_NE(bytes.find("\r\nDeltoTrashBox=False\r\n"), std::string::npos);
+  EXPECT_NE(bytes.find("\r\nFront=True\r\n"), std::string::npos);
+  EXPECT_FALSE(ReadValid("[List]\nDeltoTrashBox=0").list.delToTrashBox);
+  EXPECT_TRUE(ReadValid("[List]\nDeltoTrashBox=-1").list.delToTrashBox);
+  EXPECT_TRUE(ReadValid("[System]\nFront=1").system.front);
+  EXPECT_FALSE(ReadValid("[System]\nFront=false").system.front);
+}
+
+TEST_F(SettingsTest, MinusOneOfABooleanKeptAsNumberSurvives) {
+  OptionValues options;
+  options.list.loadChk = -1;
+  options.player.repeat = -1;
+  const OptionValues values = RoundTrip(options);
+  EXPECT_EQ(values.list.loadChk, -1);
+  EXPECT_EQ(values.player.repeat, -1);
+  EXPECT_EQ(ReadValid("[List]\nLoadChk=True").list.loadChk, -1);
+}
+
+TEST_F(SettingsTest, ValuesThatDoNotFitAreErrors) {
+  const struct {
+    const char* name;
+    const char* bytes;
+    SettingsError expected;
+  } rows[] = {
+      {"one above 16 bits", "[Player]\nRepeat=32768", {"Player", "Repeat", "32768"}},
+      {"one below 16 bits", "[Modify]\n3ReplaceFlag= -32769 ", {"Modify", "3ReplaceFlag", "-32769"}},
+      {"above 32 bits, not wrapped into range", "[Find]\nExtEtc=2147483648", {"Find", "ExtEtc", "2147483648"}},
+      {"the apply mode", "[Update]\nAutoUpdate=40000", {"Update", "AutoUpdate", "40000"}},
+      {"LoadChk beyond 16 bits", "[List]\nLoadChk=32768", {"List", "LoadChk", "32768"}},
+      {"LoadChk as a word", "[List]\nLoadChk=yes", {"List", "LoadChk", "yes"}},
+      {"LoadChk empty", "[List]\nLoadChk=", {"List", "LoadChk", ""}},
+      {"DeltoTrashBox as a word", "[List]\nDeltoTrashBox=Yes", {"List", "DeltoTrashBox", "Yes"}},
+      {"DeltoTrashBox empty", "[List]\nDeltoTrashBox=", {"List", "DeltoTrashBox", ""}},
+      {"Front as a word", "[System]\nFront=on", {"System", "Front", "on"}},
+      {"the first of several", "[System]\nFront=on\n[Player]\nRepeat=99999\n", {"Player", "Repeat", "99999"}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const Result<OptionValues, SettingsError> values = ReadOptionValues(Loaded(row.bytes));
+    ASSERT_FALSE(values.Ok());
+    EXPECT_EQ(values.Failure().section, row.expected.section);
+    EXPECT_EQ(values.Failure().key, row.expected.key);
+    EXPECT_EQ(values.Failure().text, row.expected.text);
+    EXPECT_EQ(folder_.Read("Quillon.ini"), row.bytes) << "the file is left as it is";
+  }
+}
+
+TEST_F(SettingsTest, ValuesThatJustFitAreNoErrors) {
+  EXPECT_EQ(ReadValid("[Player]\nRepeat=32767").player.repeat, 32767);
+  EXPECT_EQ(ReadValid("[Player]\nRepeat=-32768").player.repeat, -32768);
+  EXPECT_EQ(ReadValid("[Player]\nRepeat=garbage").player.repeat, 0) << "a number read as a number is never text";
+  EXPECT_EQ(ReadValid("[Player]\nRepeat=4294967297").player.repeat, 1) << "wraps around at 32 bits first";
+  EXPECT_EQ(ReadValid("[List]\nLoadChk= 1.5 ").list.loadChk, 2);
+  EXPECT_EQ(ReadValid("[Window]\nWindowWidth=99999").window.width, 99999);
+}
+
+TEST_F(SettingsTest, GeometryIsWrittenInTheNormalStateOnly) {
+  const std::string before = "[Window]\r\nTop=1\r\nLeft=2\r\nWindowHeight=3\r\nWindowWidth=4\r\nCol1_Width=5\r\n";
+  OptionValues options;
+  options.window.top = 10;
+  options.window.left = 20;
+  options.window.height = 30;
+  options.window.width = 40;
+  options.window.columnWidths[0] = 50;
+  const OptionValues kept = ReadValid(Written(options, WindowGeometry::kKeep, before));
+  EXPECT_EQ(kept.window.top, 1);
+  EXPECT_EQ(kept.window.left, 2);
+  EXPECT_EQ(kept.window.height, 3);
+  EXPECT_EQ(kept.window.width, 4);
+  EXPECT_EQ(kept.window.columnWidths[0], 50) << "column widths always";
+  const OptionValues written = ReadValid(Written(options, WindowGeometry::kWrite, before));
+  EXPECT_EQ(written.window.top, 10);
+  EXPECT_EQ(written.window.left, 20);
+  EXPECT_EQ(written.window.height, 30);
+  EXPECT_EQ(written.window.width, 40);
+}
+
+TEST_F(SettingsTest, UnknownPositionIsNotWritten) {
+  const std::string bytes = Written(OptionValues(), WindowGeometry::kWrite);
+  EXPECT_EQ(bytes.find("Top="), std::string::npos);
+  EXPECT_EQ(bytes.find("Left="), std::string::npos);
+  EXPECT_NE(bytes.find("WindowHeight=6655"), std::string::npos);
+}
+
+TEST_F(SettingsTest, UnknownLinesStay) {
+  const std::string bytes = Written(OptionValues(), WindowGeometry::kKeep,
+                                    "; mine\r\n[Own]\r\nkey=\x89\xB9\r\n\r\n[Player]\r\nVolume=3\r\nRepeat=1\r\n");
+  EXPECT_TRUE(bytes.starts_with(
+      "; mine\r\n[Own]\r\nkey=\x89\xB9\r\n\r\n[Player]\r\nVolume=3\r\nRepeat=0\r\nAllPlay=0\r\n[System]\r\n"))
+      << bytes;
+}
+
+TEST_F(SettingsTest, AutoUpdateIsWrittenOnItsOwnOnly) {
+  OptionValues options;
+  options.update.autoUpdate = 1;
+  EXPECT_EQ(Written(options, WindowGeometry::kWrite).find("AutoUpdate"), std::string::npos);
+  const std::string path = folder_.At("Quillon.ini");
+  EXPECT_TRUE(WriteAutoUpdate(path, 1));
+  const std::string bytes = folder_.Read("Quillon.ini");
+  EXPECT_NE(bytes.find("UpdateRemChk=1\r\nAutoUpdate=1\r\n[Rename]"), std::string::npos) << bytes;
+  EXPECT_EQ(ReadValid(bytes).update.autoUpdate, 1);
+  options.update.autoUpdate = 0;
+  const std::string after = Written(options, WindowGeometry::kWrite, bytes);
+  EXPECT_EQ(ReadValid(after).update.autoUpdate, 1) << "the others leave it alone";
+}
+
+TEST_F(SettingsTest, AutoUpdateMakesTheFileWhenThereIsNone) {
+  EXPECT_TRUE(WriteAutoUpdate(folder_.At("new.ini"), 1));
+  EXPECT_EQ(folder_.Read("new.ini"), "[Update]\r\nAutoUpdate=1\r\n");
+}
+
+TEST_F(SettingsTest, AutoUpdateReportsAFailedWrite) {
+  folder_.MakeFolder("taken.ini");
+  EXPECT_FALSE(WriteAutoUpdate(folder_.At("taken.ini"), 1));
+}
+
+TEST_F(SettingsTest, AutoUpdateLeavesAFileAloneThatItCannotRead) {
+  const std::string path = folder_.Write("large.ini", kTooLarge);
+  EXPECT_FALSE(WriteAutoUpdate(path, 1));
+  EXPECT_TRUE(folder_.Read("large.ini") == kTooLarge);
+}
+
+TEST_F(SettingsTest, DamagedFilesReadAsDefaults) {
+  const std::vector<std::string> contents = {std::string(1u << 19u, 'x'),      std::string(4096, '\0'),
+                                             std::string("\xFF\xFE[\0P\0", 6), "Repeat=5\r\n",
+                                             "[Player\r\nRepeat=5\r\n",        std::string(5000, '\n'),
+                                             "[Player]\r\nRepeat\r\n",         "\x81[Player]\r\nRepeat=5\r\n"};
+  for (const std::string& bytes : contents) {
+    SCOPED_TRACE(testing::PrintToString(bytes.substr(0, 30)));
+    EXPECT_EQ(test::Describe(ReadValid(bytes)), test::Describe(OptionValues()));
+    EXPECT_EQ(test::Describe(ReadValid(Written(OptionValues(), WindowGeometry::kWrite, bytes))),
+              test::Describe(OptionValues()));
+  }
+}
+
+TEST(InitialisationError, SaysItInThreeLines) {
+  const Message message = InitialisationError();
+  EXPECT_EQ(message.caption, "初期化エラー");
+  EXPECT_EQ(message.text,
+            "設定ファイルが壊れている可能性があります\r\n再度起動してください\r\n"
+            "それでも初期化エラーが出る場合はヘルプを参照してください");
+  EXPECT_EQ(message.icon, MessageIcon::kStop);
+  EXPECT_EQ(message.buttons, MessageButtons::kOk);
+}
+
+}  // namespace
+}  // namespace quillon
