@@ -52,7 +52,7 @@ class Nobody final : public MessageBoxes,
 
 /// The program without a window.
 struct Program {
-  Program() { options.list.subFolder = 1; }
+  Program() { options.list.searchSubfolders = true; }
 
   Nobody nobody;
   FileList list;

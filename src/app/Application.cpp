@@ -16,7 +16,7 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
       paths_(std::move(paths)),
       style_(style),
       options_(std::move(options)),
-      mode_{options_.update.autoUpdate == 1},
+      mode_{options_.update.automatic},
       list_(style),
       modeSwitch_(paths_.settings, options_, mode_, ports_.boxes, [this] { return list_.Count() > 0; }),
       status_(ports_.panels),
@@ -41,8 +41,8 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
           ownerWindow, style) {}
 
 void Application::Start() {
-  ports_.main.SetAlwaysOnTop(options_.system.front);
-  SetRepeat(options_.player.repeat != 0);
+  ports_.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
+  SetRepeat(options_.player.repeat);
   status_.SetModeText(ApplyModeText(mode_));
   status_.SetPlayerText(kPlayerIdleText);
   Reset();
@@ -144,7 +144,7 @@ void Application::RunViewCommand(Command command) {
     case Command::mnuPlay: player_.mnuPlay(); break;
     case Command::mnuPause: player_.PauseOrGoOn(); break;
     case Command::mnuStop: player_.cmdStop(); break;
-    case Command::mnuRepeat: SetRepeat(options_.player.repeat == 0); break;
+    case Command::mnuRepeat: SetRepeat(!options_.player.repeat); break;
     case Command::mnuFront: ToggleFront(); break;
     case Command::mnuApplyMode: SwitchMode(); break;
     case Command::mnuDirShow: ports_.main.ShowFolderList(); break;
@@ -160,7 +160,8 @@ void Application::LoadPaths(const std::vector<std::string>& paths) {
 }
 
 void Application::OpenFiles() {
-  loader_.LoadPaths(ports_.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.dirPath));
+  loader_.LoadPaths(
+      ports_.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.loadFolder));
 }
 
 void Application::ModifyRows(bool allItems) {
@@ -170,12 +171,12 @@ void Application::ModifyRows(bool allItems) {
 }
 
 void Application::ToggleFront() {
-  options_.system.front = !options_.system.front;
-  ports_.main.SetAlwaysOnTop(options_.system.front);
+  options_.system.alwaysOnTop = !options_.system.alwaysOnTop;
+  ports_.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
 }
 
 void Application::SetRepeat(bool repeat) {
-  options_.player.repeat = repeat ? 1 : 0;
+  options_.player.repeat = repeat;
   ports_.main.SetRepeat(repeat);
 }
 

@@ -20,7 +20,7 @@ void InformationPanel::Clear() {
 void InformationPanel::ShowRow(int index) {
   const FileItem& row = list_.Row(index);
   std::optional<std::int32_t> playTime;
-  if (options_.system.loadTime == 1 && IsPlayableType(row.type)) playTime = playTimes_.LengthOfChosenFile();
+  if (options_.system.readPlayTimes && IsPlayableType(row.type)) playTime = playTimes_.LengthOfChosenFile();
   const FileInformation information = ReadFileInformation(row.location, row.type, row.size, playTime);
   boxes_.SetTitle(row.title);
   ShowFileName(row.location);

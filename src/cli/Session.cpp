@@ -44,11 +44,11 @@ Session::Session(OptionValues initial)
       loader_(list, options, mode, {*files, console, console, console, console, console, console, console, console}) {}
 
 bool Session::Load(const Selection& selection) {
-  options.list.subFolder = selection.subfolders ? 1 : 0;
-  options.list.loadRemove = 0;
+  options.list.searchSubfolders = selection.subfolders;
+  options.list.clearBeforeLoading = false;
   options.find = {};
-  options.find.filterChk = selection.all ? 0 : 1;
-  if (selection.ownExtensions) options.find.extMusicText = selection.extensions;
+  options.find.filterByExtension = !selection.all;
+  if (selection.ownExtensions) options.find.media.extensions = selection.extensions;
   bool complete = true;
   for (const std::string& path : selection.paths) {
     console.SetSubject(FullPath(path));

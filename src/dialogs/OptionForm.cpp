@@ -21,24 +21,26 @@ void Fill(OptionField& field, const std::string& setting) {
   field.text = setting;
 }
 
-void Fill(OptionField& field, std::int16_t setting) {
-  field.checked = setting == 1;
-}
-
 void Fill(OptionField& field, bool setting) {
   field.checked = setting == (field.control->value == 1);
+}
+
+void Fill(OptionField& field, DeleteTo setting) {
+  Fill(field, setting == DeleteTo::kRecycleBin);
 }
 
 void Store(const OptionField& field, std::string& setting) {
   setting = field.text;
 }
 
-void Store(const OptionField& field, std::int16_t& setting) {
-  setting = field.checked ? 1 : 0;
-}
-
 void Store(const OptionField& field, bool& setting) {
   setting = field.checked == (field.control->value == 1);
+}
+
+void Store(const OptionField& field, DeleteTo& setting) {
+  bool recycled = setting == DeleteTo::kRecycleBin;
+  Store(field, recycled);
+  setting = recycled ? DeleteTo::kRecycleBin : DeleteTo::kNowhere;
 }
 
 // No control edits a window's place or width.
@@ -95,7 +97,7 @@ void OptionForm::ClickMode(bool automatic, const std::function<void()>& show) {
 
 void OptionForm::cmdOK() {
   VisitSettings(options_, [this](std::string_view section, std::string_view key, auto& setting, SettingKind kind) {
-    if (kind == SettingKind::kReadOnly) return;
+    if (kind == SettingKind::kApart) return;
     for (const OptionField* const field : FieldsOf(fields_, section, key)) Store(*field, setting);
   });
 }

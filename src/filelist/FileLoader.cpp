@@ -28,15 +28,15 @@ std::string Percent(std::size_t done, std::size_t all) {
 }  // namespace
 
 std::string OpenFilePattern(const OptionValues::Find& find) {
-  if (find.filterChk != 1) return "*.*";
+  if (!find.filterByExtension) return "*.*";
   std::string text;
-  const auto append = [&](std::int16_t enabled, const std::string& extensions) {
-    if (enabled != 0) text += " " + extensions;
+  const auto append = [&](bool enabled, const std::string& extensions) {
+    if (enabled) text += " " + extensions;
   };
-  append(find.extEtc, find.extEtcText);
-  append(find.extHtml, find.extHtmlText);
-  append(find.extMusic, find.extMusicText);
-  append(find.extText, find.extTextText);
+  append(find.other.on, find.other.extensions);
+  append(find.html.on, find.html.extensions);
+  append(find.media.on, find.media.extensions);
+  append(find.text.on, find.text.extensions);
   if (text.empty()) return "*.*";
   std::string pattern;
   for (const char c : text) {
@@ -72,7 +72,7 @@ FileLoader::FileLoader(FileList& list, OptionValues& options, ApplyMode& mode, P
 
 std::string FileLoader::ChooseFolder() {
   return ports_.folders.Choose("リネームするファイルが格納されているフォルダを選択してください",
-                               options_.system.dirPath, "");
+                               options_.system.loadFolder, "");
 }
 
 LoadOutcome FileLoader::mnuFolderReference() {
@@ -84,7 +84,7 @@ LoadOutcome FileLoader::mnuFolderReference() {
 LoadOutcome FileLoader::LoadFolder(std::string folder) {
   for (;;) {
     folder = WithTrailingSeparator(folder, style_);
-    options_.system.dirPath = folder;
+    options_.system.loadFolder = folder;
     if (list_.ContainsFolder(folder)) {
       ports_.boxes.Show({kCaption, folder + "\r\n\r\n既にこのフォルダは読み込まれています", MessageIcon::kExclamation});
       return LoadOutcome::kDuplicate;
@@ -108,11 +108,11 @@ LoadOutcome FileLoader::LoadFolder(std::string folder) {
 FoundFiles FileLoader::Search(const std::string& folder) {
   ports_.search.Begin("フォルダ内を検索しています...", "検索対象 : " + folder);
   const Finally ended([this] { ports_.search.End(); });
-  return search_.Search(folder, SearchFilter(options_.find), options_.list.subFolder != 0);
+  return search_.Search(folder, SearchFilter(options_.find), options_.list.searchSubfolders);
 }
 
 LoadOutcome FileLoader::Register(std::vector<std::string> paths) {
-  if (options_.list.loadRemove != 0) {
+  if (options_.list.clearBeforeLoading) {
     ports_.player.Stop();
     ports_.player.Choose("");
     list_.Clear();
@@ -154,7 +154,7 @@ std::optional<FileError> FileLoader::AddFound(std::vector<std::string> paths) {
 }
 
 LoadOutcome FileLoader::Failed(const FileError& error) {
-  options_.system.dirPath.clear();
+  options_.system.loadFolder.clear();
   if (error.number == file_error::kUnreachable) {
     ports_.boxes.Show({kCaption,
                        "指定されたパスにアクセスできません。メディアが挿入されているか確認してください\r\n"
@@ -188,7 +188,7 @@ Result<FileItem, FileError> FileLoader::MakeRow(const std::string& path) {
   row.renameName = BaseName(path, style_);
   row.location = path;
   row.iconNumber = list_.IconNumber(row.type);
-  row.checked = options_.list.loadChk == 1;
+  row.checked = options_.list.checkLoadedRows;
   return row;
 }
 
@@ -210,8 +210,8 @@ LoadOutcome FileLoader::LoadPath(const std::string& path) {
 
 void FileLoader::LoadPaths(const std::vector<std::string>& paths) {
   cancelled_ = false;
-  const std::int16_t loadRemove = std::exchange(options_.list.loadRemove, std::int16_t{0});
-  const Finally restored([&] { options_.list.loadRemove = loadRemove; });
+  const bool clear = std::exchange(options_.list.clearBeforeLoading, false);
+  const Finally restored([&] { options_.list.clearBeforeLoading = clear; });
   std::vector<std::string> files;  // that follow one another
   for (const std::string& path : paths) {
     if (path.empty()) continue;  // as a folder it would be the root
@@ -265,7 +265,7 @@ void FileLoader::TellDuplicates(std::size_t count) {
 }
 
 void FileLoader::mnuReload() {
-  if (options_.system.msgbox == 0 &&
+  if (!options_.system.suppressConfirmations &&
       !ports_.boxes.Show({"再読み込み", "再読み込みを行うと現在の編集内容はすべて失われます。実行しますか",
                           MessageIcon::kQuestion, MessageButtons::kOkCancel})) {
     return;
@@ -281,7 +281,7 @@ void FileLoader::mnuReload() {
 }
 
 void FileLoader::ReadRowsAnew() {
-  ports_.progress.Begin("登録されたファイルの再読み込み中...", "対象フォルダ : " + options_.system.dirPath);
+  ports_.progress.Begin("登録されたファイルの再読み込み中...", "対象フォルダ : " + options_.system.loadFolder);
   const Finally ended([this] { ports_.progress.End(); });
   list_.BeginChanges();
   const Finally told([this] { list_.EndChanges(); });

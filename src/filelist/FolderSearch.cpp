@@ -23,17 +23,17 @@ bool IsOneOfTrashFolders(std::string_view component) {
 }  // namespace
 
 std::string SearchFilter(const OptionValues::Find& find) {
-  if (find.filterChk == 0) return {};
+  if (!find.filterByExtension) return {};
   std::string filter;
-  const auto append = [&](std::int16_t enabled, const std::string& extensions) {
-    if (enabled == 0 || extensions.empty()) return;
+  const auto append = [&](bool enabled, const std::string& extensions) {
+    if (!enabled || extensions.empty()) return;
     if (!filter.empty()) filter += ' ';
     filter += extensions;
   };
-  append(find.extMusic, find.extMusicText);
-  append(find.extHtml, find.extHtmlText);
-  append(find.extText, find.extTextText);
-  append(find.extEtc, find.extEtcText);
+  append(find.media.on, find.media.extensions);
+  append(find.html.on, find.html.extensions);
+  append(find.text.on, find.text.extensions);
+  append(find.other.on, find.other.extensions);
   return filter;
 }
 

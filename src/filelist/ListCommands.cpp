@@ -18,7 +18,7 @@ void ListCommands::mnuUnChkListRem() {
 }
 
 void ListCommands::mnuAllClear() {
-  if (options_.system.msgbox == 0 &&
+  if (!options_.system.suppressConfirmations &&
       !ports_.boxes.Show({"リストクリア", "現在の編集内容を破棄して、リストをクリアします", MessageIcon::kQuestion,
                           MessageButtons::kYesNo})) {
     return;

@@ -27,13 +27,13 @@ void FileCommands::mnuThisDel() {
   const int selected = list_.SelectedIndex();
   if (selected == 0) return;
   const std::string path = list_.Row(selected).location;
-  const bool gone = options_.list.delToTrashBox ? DeleteToRecycleBin(path) : DeleteForGood(path);
+  const bool gone = options_.list.deleteTo == DeleteTo::kRecycleBin ? DeleteToRecycleBin(path) : DeleteForGood(path);
   if (gone) rows_.RemoveRows([selected](int index, const FileItem&) { return index == selected; });
 }
 
 // True when the row is to leave the list.
 bool FileCommands::DeleteForGood(const std::string& path) {
-  const bool ask = options_.list.delCompMsg == 1 && options_.system.msgbox == 0;
+  const bool ask = options_.list.confirmDeletion && !options_.system.suppressConfirmations;
   if (ask && !ports_.boxes.Show({kDeleteCaption, path + "\r\n\r\nこのファイルを完全に削除してもよろしいですか",
                                  MessageIcon::kQuestion, MessageButtons::kYesNo})) {
     return false;
@@ -45,7 +45,8 @@ bool FileCommands::DeleteForGood(const std::string& path) {
 }
 
 bool FileCommands::DeleteToRecycleBin(const std::string& path) {
-  const bool ask = !ports_.disk.RecycleAsks() && options_.list.delCompMsg == 1 && options_.system.msgbox == 0;
+  const bool ask =
+      !ports_.disk.RecycleAsks() && options_.list.confirmDeletion && !options_.system.suppressConfirmations;
   if (ask && !ports_.boxes.Show({kDeleteCaption, path + "\r\n\r\nこのファイルをごみ箱に移動してもよろしいですか",
                                  MessageIcon::kQuestion, MessageButtons::kYesNo})) {
     return false;
@@ -71,11 +72,11 @@ void FileCommands::ReportDeletion(const FileError& error) {
 
 std::optional<std::string> FileCommands::ChooseTarget() {
   const std::string chosen =
-      ports_.folders.Choose("ファイルの移動先フォルダを選択してください", options_.system.movePath, "移動");
+      ports_.folders.Choose("ファイルの移動先フォルダを選択してください", options_.system.moveFolder, "移動");
   if (chosen.empty()) return std::nullopt;
-  options_.system.movePath = WithTrailingSeparator(chosen, style_);
-  ports_.disk.RemoveLeftovers(options_.system.movePath);
-  return options_.system.movePath;
+  options_.system.moveFolder = WithTrailingSeparator(chosen, style_);
+  ports_.disk.RemoveLeftovers(options_.system.moveFolder);
+  return options_.system.moveFolder;
 }
 
 bool FileCommands::MoveRow(int index, const std::string& folder, MoveProgress& progress, Batch& batch) {
@@ -88,9 +89,9 @@ bool FileCommands::MoveRow(int index, const std::string& folder, MoveProgress& p
   if (batch.cancelled) return false;
   if (outcome) {
     batch.notKept.Add(*outcome);
-    if (options_.move.remainList == 1) mover_.Follow(index, to);
+    if (options_.move.keepMovedRows) mover_.Follow(index, to);
   }
-  const bool follows = outcome ? options_.move.remainList == 1 : outcome.Failure().number == file_error::kStranded;
+  const bool follows = outcome ? options_.move.keepMovedRows : outcome.Failure().number == file_error::kStranded;
   if (follows && list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(list_.Row(index).location);
   if (!outcome && batch.tells) ReportMove(index, from, to, outcome.Failure(), batch);
   return outcome.Ok();
@@ -143,7 +144,7 @@ void FileCommands::ReportNotKept(const NotKept& notKept) {
 }
 
 void FileCommands::DropMovedRows(const std::vector<bool>& moved) {
-  if (options_.move.remainList == 1) return;
+  if (options_.move.keepMovedRows) return;
   rows_.RemoveRows([&](int index, const FileItem&) { return moved[static_cast<std::size_t>(index)]; });
 }
 

@@ -166,14 +166,14 @@ void MusicPlayer::timMCIChecker() {
 }
 
 bool MusicPlayer::FileEnded() {
-  if (options_.player.repeat != 0) {
+  if (options_.player.repeat) {
     Repeat();
     return true;
   }
   StopAndClose();
   CloseMovie();
   SetTimer(0);
-  if (options_.player.allPlay == 1) {
+  if (options_.player.continuous) {
     PlayNext();
     if (interval_ != 0 || paths_.playingFilePath.empty()) return true;  // it plays, or has recovered
   }
@@ -192,7 +192,7 @@ void MusicPlayer::Repeat() {
 
 // The device has nothing to play, or has given up.
 void MusicPlayer::FileFailed() {
-  if (heard_ && options_.player.repeat != 0) return Repeat();
+  if (heard_ && options_.player.repeat) return Repeat();
   StopAndClose();
   CloseMovie();
   ShowIdle();
@@ -204,7 +204,7 @@ void MusicPlayer::FileFailed() {
 
 // Not for ever where nothing can be played.
 bool MusicPlayer::MayGoPast() const {
-  if (options_.player.allPlay != 1 || options_.player.repeat != 0) return false;
+  if (!options_.player.continuous || options_.player.repeat) return false;
   int playable = 0;
   for (int row = 1; row <= list_.Count(); ++row) playable += IsPlayableType(list_.Row(row).type) ? 1 : 0;
   return failedInARow_ < playable;

@@ -25,7 +25,7 @@ ModifyRefusal InvalidReplacement(std::size_t rule, int position) {
 
 std::optional<ModifyRefusal> CheckModifyForm(const OptionValues::Modify& form) {
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
-    if (form.rules[i].active == 1 && form.rules[i].find.empty()) return NothingToFind(i);
+    if (form.rules[i].active && form.rules[i].find.empty()) return NothingToFind(i);
   }
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
     const int position = InvalidCharacterPosition(form.rules[i].replacement);
@@ -36,22 +36,22 @@ std::optional<ModifyRefusal> CheckModifyForm(const OptionValues::Modify& form) {
 
 ModifyEnabling EnabledBoxes(const OptionValues::Modify& form, bool regexAvailable) {
   ModifyEnabling enabling;
-  enabling.reviceText = form.reviceFlag == 1;
-  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) enabling.ruleTexts[i] = form.rules[i].active == 1;
+  enabling.invalidReplacement = form.replaceInvalid;
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) enabling.ruleTexts[i] = form.rules[i].active;
   enabling.regularExpressions = regexAvailable;
   return enabling;
 }
 
 OptionValues::Modify ShownForm(const OptionValues::Modify& stored, bool regexAvailable) {
   OptionValues::Modify shown = stored;
-  if (!regexAvailable) shown.findCtrl = 0;
+  if (!regexAvailable) shown.method = FindMethod::kText;
   return shown;
 }
 
 OptionValues::Modify StoredForm(const OptionValues::Modify& shown, const OptionValues::Modify& stored,
                                 bool regexAvailable) {
   OptionValues::Modify form = shown;
-  if (!regexAvailable) form.findCtrl = stored.findCtrl;
+  if (!regexAvailable) form.method = stored.method;
   return form;
 }
 

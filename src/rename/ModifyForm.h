@@ -28,7 +28,7 @@ struct ModifyRefusal {
 
 /// What of the dialog can be used.
 struct ModifyEnabling {
-  bool reviceText = false;                             ///< the replacement of invalid characters
+  bool invalidReplacement = false;                     ///< the replacement of invalid characters
   std::array<bool, kReplaceRuleCount> ruleTexts = {};  ///< both text boxes of each rule
   bool regularExpressions = false;                     ///< the choice to search by them
   bool operator==(const ModifyEnabling&) const = default;

@@ -59,9 +59,9 @@ std::optional<std::string> ApplyRegexRule(const ReplaceRule& rule, const NameFun
 
 std::optional<std::string> ApplyRule(const ReplaceRule& rule, const OptionValues::Modify& rules, std::string name,
                                      std::size_t times, RegexEngine& regex, PendingMessages& pending) {
-  const bool ignoreCase = rules.ignoreCase == 1;
+  const bool ignoreCase = rules.ignoreCase;
   const CompareMode compareMode = ignoreCase ? CompareMode::kText : CompareMode::kBinary;
-  if (rules.findCtrl != 1) {
+  if (rules.method != FindMethod::kRegex) {
     const auto replace = [&](const std::string& text) {
       return ReplaceText(text, rule.find, rule.replacement, 1, kAllOccurrences, compareMode);
     };
@@ -80,7 +80,7 @@ std::optional<std::string> ApplyRule(const ReplaceRule& rule, const OptionValues
 std::optional<std::string> ApplyRules(const OptionValues::Modify& rules, std::string name, std::size_t listCount,
                                       RegexEngine& regex, PendingMessages& pending) {
   for (const ReplaceRule& rule : rules.rules) {
-    if (rule.active != 1) continue;
+    if (!rule.active) continue;
     std::optional<std::string> result = ApplyRule(rule, rules, std::move(name), listCount, regex, pending);
     if (!result) return std::nullopt;
     name = *std::move(result);
@@ -89,11 +89,11 @@ std::optional<std::string> ApplyRules(const OptionValues::Modify& rules, std::st
 }
 
 std::string ConvertWidthAndCase(const OptionValues::Modify& rules, std::string name) {
-  if (rules.narrow == 1) name = ToHalfWidth(name);
-  if (rules.wide == 1) name = ToFullWidth(name);
-  if (rules.lower == 1) name = ToLower(name);
-  if (rules.upper == 1) name = ToUpper(name);
-  if (rules.proper == 1) name = ToProper(name);
+  if (rules.narrow) name = ToHalfWidth(name);
+  if (rules.wide) name = ToFullWidth(name);
+  if (rules.lower) name = ToLower(name);
+  if (rules.upper) name = ToUpper(name);
+  if (rules.proper) name = ToProper(name);
   return name;
 }
 
@@ -102,7 +102,9 @@ std::string ConvertWidthAndCase(const OptionValues::Modify& rules, std::string n
 ModifyResult ModifyName(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount,
                         RegexEngine& regex, PendingMessages& pending) {
   std::optional<std::string> modified = std::string(name);
-  if (rules.reviceFlag == 1) modified = ReplaceInvalidCharacters(*std::move(modified), rules.reviceText, pending);
+  if (rules.replaceInvalid) {
+    modified = ReplaceInvalidCharacters(*std::move(modified), rules.invalidReplacement, pending);
+  }
   if (modified) modified = ApplyRules(rules, *std::move(modified), listCount, regex, pending);
   if (pending.Cancelled()) return {std::string(name), false, true};
   if (!modified) return {std::string(name), true};

@@ -82,7 +82,7 @@ void Run::Modify(int index) {
   if (result.name != before) list_.SetRenameName(index, std::move(result.name));
   if (!mode_.automatic || engine_.ApplyRenameName(index) == apply_code::kApplied) return;
   list_.SetRenameName(index, before);
-  if (options_.update.updateErrChk == 1) list_.SetChecked(index, true);
+  if (options_.update.checkFailedRows) list_.SetChecked(index, true);
   outcome_.stopped = true;
 }
 

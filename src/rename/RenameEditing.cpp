@@ -79,7 +79,7 @@ void RenameEditing::ApplyTyped() {
     ports_.box.SelectWholeText();
     WriteTo(typedInto, lastGood);
     lastGoodRenameText_ = lastGood;
-    if (options_.update.updateErrChk == 1) list_.SetChecked(index, true);
+    if (options_.update.checkFailedRows) list_.SetChecked(index, true);
   }
   const std::string& location = list_.Row(index).location;
   ports_.player.Choose(location);
@@ -156,7 +156,7 @@ void RenameEditing::LabelEdited(int index, const std::string& name) {
 // True when the row was applied; a row that was not is checked as the options say.
 bool RenameEditing::ApplyOrCheck(int index) {
   if (engine_.ApplyRenameName(index) == apply_code::kApplied) return true;
-  if (options_.update.updateErrChk == 1) list_.SetChecked(index, true);
+  if (options_.update.checkFailedRows) list_.SetChecked(index, true);
   return false;
 }
 
@@ -218,7 +218,7 @@ void RenameEditing::mnuUndo() {
 }
 
 bool RenameEditing::Confirmed(const char* caption, const char* text, MessageIcon icon) {
-  return options_.system.msgbox != 0 || ports_.boxes.Show({caption, text, icon, MessageButtons::kOkCancel});
+  return options_.system.suppressConfirmations || ports_.boxes.Show({caption, text, icon, MessageButtons::kOkCancel});
 }
 
 void RenameEditing::Tell(const char* text) {

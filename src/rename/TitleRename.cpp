@@ -38,8 +38,8 @@ void TitleRename::RenameRows(bool allItems) {
 // False when the run is to end.
 bool TitleRename::RenameRow(int index) {
   const FileItem& row = list_.Row(index);
-  if (options_.rename.noTitleSkip == 1 && !mode_.automatic && HasNoTitle(row)) {
-    if (options_.rename.renameErrChk == 1) list_.SetChecked(index, true);
+  if (options_.rename.skipUntitledRows && !mode_.automatic && HasNoTitle(row)) {
+    if (options_.rename.checkSkippedRows) list_.SetChecked(index, true);
     return true;
   }
   const std::string before = row.renameName;
@@ -47,17 +47,17 @@ bool TitleRename::RenameRow(int index) {
   if (mode_.automatic) {
     if (engine_.ApplyRenameName(index) == apply_code::kApplied) return true;
     list_.SetRenameName(index, before);
-    if (options_.update.updateErrChk == 1) list_.SetChecked(index, true);
+    if (options_.update.checkFailedRows) list_.SetChecked(index, true);
     return false;
   }
-  if (options_.rename.injusticeChk == 1 && InvalidCharacterPosition(row.renameName) != 0) {
+  if (options_.rename.checkInvalidNames && InvalidCharacterPosition(row.renameName) != 0) {
     list_.SetChecked(index, true);
   }
   return true;
 }
 
 std::string TitleRename::NewName(const FileItem& row) {
-  if (options_.rename.renameModify != 1) return row.title;
+  if (!options_.rename.applyRules) return row.title;
   ModifyResult result =
       ModifyName(row.title, options_.modify, static_cast<std::size_t>(list_.Count()), regex_, pending_);
   if (result.leftAlone) ++leftAlone_;

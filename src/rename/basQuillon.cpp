@@ -72,8 +72,8 @@ RowFailure RenameEngine::Apply(int index, bool inBatch) {
   ports_.player.ReleaseFile(list_.Row(index).location);
   RowFailure result = Rename(index);
   if (result.code == apply_code::kApplied) {
-    if (options_.update.updateRemChk == 1 && !mode_.automatic) list_.SetChecked(index, false);
-  } else if ((options_.update.errSkip == 0 && tells_) || result.code == apply_code::kUnexpected) {
+    if (options_.update.uncheckAppliedRows && !mode_.automatic) list_.SetChecked(index, false);
+  } else if ((!options_.update.skipFailedRows && tells_) || result.code == apply_code::kUnexpected) {
     Report(result, inBatch);
   }
   return result;
@@ -161,7 +161,7 @@ void RenameEngine::Count(const RowFailure& result, BatchOutcome& outcome) {
     return;
   }
   outcome.failures.push_back(result);
-  if (options_.update.updateErrChk == 1) list_.SetChecked(result.index, true);
+  if (options_.update.checkFailedRows) list_.SetChecked(result.index, true);
   if (result.code != apply_code::kUnexpected) ++outcome.skipped;
   outcome.stopped = result.code == apply_code::kUnexpected || abandoned_;
 }
@@ -181,12 +181,12 @@ void RenameEngine::ShowSummary(const BatchOutcome& outcome) {
 void RenameEngine::mnuThisUpdate() {
   const int index = list_.SelectedIndex();
   if (index == 0) return;
-  const std::int16_t errSkip = std::exchange(options_.update.errSkip, std::int16_t{0});
-  const Finally restored([&] { options_.update.errSkip = errSkip; });
+  const bool skip = std::exchange(options_.update.skipFailedRows, false);
+  const Finally restored([&] { options_.update.skipFailedRows = skip; });
   if (ApplyRenameName(index) == apply_code::kApplied) {
-    if (options_.update.updateRemChk == 1) list_.SetChecked(index, false);
+    if (options_.update.uncheckAppliedRows) list_.SetChecked(index, false);
     ports_.boxes.Show({kCaption, "選択されたアイテムの適応が完了しました", MessageIcon::kInformation});
-  } else if (options_.update.updateErrChk == 1) {
+  } else if (options_.update.checkFailedRows) {
     list_.SetChecked(index, true);
   }
 }
@@ -201,7 +201,7 @@ void RenameEngine::mnuUpdate() {
 
 void RenameEngine::ConfirmedBatch(bool allItems, const char* question) {
   const bool confirmed =
-      options_.system.msgbox != 0 ||
+      options_.system.suppressConfirmations ||
       ports_.boxes.Show({kCaption, std::string(question) + "\r\nこの操作は元に戻せません。実行しますか",
                          MessageIcon::kQuestion, MessageButtons::kYesNo});
   if (confirmed) ApplyRenameBatch(allItems);

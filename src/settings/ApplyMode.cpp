@@ -7,7 +7,7 @@ const char* ApplyModeText(const ApplyMode& mode) {
 }
 
 void RereadApplyMode(ApplyMode& mode, const OptionValues& options, MessageBoxes& boxes) {
-  mode.automatic = options.update.autoUpdate == 1;
+  mode.automatic = options.update.automatic;
   if (mode.automatic) {
     boxes.Show({kModeCaption, "自動適応モードが有効になりました", MessageIcon::kInformation, MessageButtons::kOk});
   }

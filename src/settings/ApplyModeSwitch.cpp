@@ -18,13 +18,13 @@ void ApplyModeSwitch::Switch(bool automatic, const std::function<void()>& show) 
   if (automatic && rowsAreListed_()) {
     boxes_.Show({kModeCaption, "この設定は 次回起動時 または 「再読み込み」「リストクリア」 実行後に有効となります",
                  MessageIcon::kInformation});
-    Store(1);
+    Store(true);
     return;
   }
   show();
   boxes_.Show({kModeCaption, automatic ? "自動適応モードが有効になりました" : "自動適応モードが無効になりました",
                MessageIcon::kInformation});
-  Store(automatic ? 1 : 0);
+  Store(automatic);
   mode_.automatic = automatic;
 }
 
@@ -33,8 +33,8 @@ void ApplyModeSwitch::Restore(State state) {
   mode_.automatic = state.automatic;
 }
 
-void ApplyModeSwitch::Store(std::int16_t value) {
-  options_.update.autoUpdate = value;
+void ApplyModeSwitch::Store(bool value) {
+  options_.update.automatic = value;
   (void)WriteAutoUpdate(settingsPath_, value);  // nobody is told of a failure, as for all settings
 }
 

@@ -26,15 +26,15 @@ class ApplyModeSwitch {
   /// The mode in force and its setting, which differ while the mode waits to be switched on.
   struct State {
     bool automatic = false;
-    std::int16_t setting = 0;
+    bool setting = 0;
   };
-  [[nodiscard]] State Now() const { return {mode_.automatic, options_.update.autoUpdate}; }
+  [[nodiscard]] State Now() const { return {mode_.automatic, options_.update.automatic}; }
 
   /// Puts mode and setting back without a word.
   void Restore(State state);
 
  private:
-  void Store(std::int16_t value);
+  void Store(bool value);
 
   std::string settingsPath_;
   OptionValues& options_;

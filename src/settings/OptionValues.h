@@ -9,25 +9,37 @@ namespace quillon {
 
 /// One find-and-replace rule of the name modification.
 struct ReplaceRule {
-  std::int16_t active = 0;
+  bool active = false;
   std::string find;
   std::string replacement;
+};
+
+enum class FindMethod { kText, kRegex };
+
+/// Where deleted files go.
+enum class DeleteTo { kNowhere, kRecycleBin };
+
+/// Extensions that a folder search asks for, with blanks between them.
+struct ExtensionGroup {
+  bool on = false;
+  std::string extensions;
 };
 
 inline constexpr std::size_t kReplaceRuleCount = 5;
 inline constexpr std::size_t kListColumnCount = 6;
 
-/// Every setting, by section and key. Check boxes hold 0 and 1; window measures are twips. The initial values are the
-/// defaults of a missing settings file.
+/// Every setting. The initial values are the defaults of a missing settings file; SettingsTable.h has the file's own
+/// sections and keys.
 struct OptionValues {
   struct System {
-    std::string dirPath;   ///< last folder loaded, with trailing separator
-    std::string movePath;  ///< last destination of a move, with trailing separator
-    std::int16_t loadTime = 0;
-    std::int16_t msgbox = 0;  ///< 1: confirmations are not shown and count as yes
-    bool front = false;       ///< always on top
+    std::string loadFolder;  ///< last folder loaded, with trailing separator
+    std::string moveFolder;  ///< last destination of a move, with trailing separator
+    bool readPlayTimes = false;
+    bool suppressConfirmations = false;  ///< questions are not shown and count as answered with yes
+    bool alwaysOnTop = false;
   } system;
 
+  /// Measures are twips.
   struct Window {
     std::optional<std::int32_t> top;   ///< empty: centred on the screen
     std::optional<std::int32_t> left;  ///< empty: centred on the screen
@@ -37,60 +49,56 @@ struct OptionValues {
   } window;
 
   struct Player {
-    std::int16_t repeat = 0;
-    std::int16_t allPlay = 0;
+    bool repeat = false;
+    bool continuous = false;  ///< the list is played on and on
   } player;
 
   struct Modify {
-    std::int16_t reviceFlag = 0;
-    std::string reviceText;
+    bool replaceInvalid = false;  ///< characters that a file name may not hold
+    std::string invalidReplacement;
     std::array<ReplaceRule, kReplaceRuleCount> rules;
-    std::int16_t findCtrl = 0;  ///< 1: the rules are regular expressions
-    std::int16_t ignoreCase = 0;
-    std::int16_t upper = 0;
-    std::int16_t lower = 0;
-    std::int16_t proper = 0;
-    std::int16_t wide = 0;
-    std::int16_t narrow = 0;
-    std::int16_t nonUnload = 0;
+    FindMethod method = FindMethod::kText;
+    bool ignoreCase = false;
+    bool upper = false;
+    bool lower = false;
+    bool proper = false;
+    bool wide = false;
+    bool narrow = false;
+    bool keepDialogOpen = false;  ///< after its rules were applied
   } modify;
 
   struct Update {
-    std::int16_t errSkip = 0;
-    std::int16_t updateErrChk = 1;
-    std::int16_t updateRemChk = 1;
-    std::int16_t autoUpdate = 0;
+    bool skipFailedRows = false;  ///< without telling why each has failed
+    bool checkFailedRows = true;
+    bool uncheckAppliedRows = true;
+    bool automatic = false;  ///< see ApplyMode
   } update;
 
   struct Rename {
-    std::int16_t noTitleSkip = 1;
-    std::int16_t renameErrChk = 0;
-    std::int16_t renameModify = 0;
-    std::int16_t injusticeChk = 0;
+    bool skipUntitledRows = true;
+    bool checkSkippedRows = false;
+    bool applyRules = false;  ///< titles become rename names by way of the modification rules
+    bool checkInvalidNames = false;
   } rename;
 
   struct List {
-    std::int16_t loadChk = 1;
-    bool delToTrashBox = true;
-    std::int16_t delCompMsg = 1;
-    std::int16_t loadRemove = 0;
-    std::int16_t subFolder = 0;
+    bool checkLoadedRows = true;
+    DeleteTo deleteTo = DeleteTo::kRecycleBin;
+    bool confirmDeletion = true;
+    bool clearBeforeLoading = false;
+    bool searchSubfolders = false;
   } list;
 
   struct Find {
-    std::int16_t filterChk = 1;
-    std::int16_t extEtc = 0;
-    std::int16_t extHtml = 0;
-    std::int16_t extMusic = 1;
-    std::int16_t extText = 0;
-    std::string extEtcText;
-    std::string extHtmlText = "htm html";
-    std::string extMusicText = "mid midi wav mp3 mpg mpeg avi";
-    std::string extTextText = "txt doc";
+    bool filterByExtension = true;
+    ExtensionGroup other;
+    ExtensionGroup html = {false, "htm html"};
+    ExtensionGroup media = {true, "mid midi wav mp3 mpg mpeg avi"};
+    ExtensionGroup text = {false, "txt doc"};
   } find;
 
   struct Move {
-    std::int16_t remainList = 1;
+    bool keepMovedRows = true;
   } move;
 };
 

@@ -12,6 +12,32 @@ namespace {
 
 constexpr std::string_view kStoredBlank = "[SPACE]";
 
+/// An empty number is as good as none, an empty text is an error.
+bool IsThere(const IniFile& file, std::string_view section, std::string_view key, SettingKind kind) {
+  const bool isText = kind == SettingKind::kPlain || kind == SettingKind::kIsOneAsText;
+  return isText ? file.FindString(section, key).has_value() : file.FindInteger(section, key).has_value();
+}
+
+/// The number of an option that the file holds as one; nullopt when it is none, or does not fit.
+std::optional<std::int16_t> NumberOf(const IniFile& file, std::string_view section, std::string_view key,
+                                     SettingKind kind) {
+  if (kind == SettingKind::kIsOneAsText) return IntegerFromText(file.ReadString(section, key, ""));
+  const std::int32_t number = file.ReadInteger(section, key, 0);
+  const auto fitting = static_cast<std::int16_t>(number);
+  return fitting == number ? std::optional(fitting) : std::nullopt;
+}
+
+bool MeansOn(std::int16_t number, SettingKind kind) {
+  return kind == SettingKind::kIsNotZero ? number != 0 : number == 1;
+}
+
+/// What the file says of an option that it has; nullopt for a value that does not fit.
+std::optional<bool> IsOn(const IniFile& file, std::string_view section, std::string_view key, SettingKind kind) {
+  if (kind == SettingKind::kPlain) return BooleanFromText(file.ReadString(section, key, ""));
+  const std::optional<std::int16_t> number = NumberOf(file, section, key, kind);
+  return number ? std::optional(MeansOn(*number, kind)) : std::nullopt;
+}
+
 /// Fills one member after the other; a missing key leaves the member's default. Of several errors the first is kept.
 class SettingsReader {
  public:
@@ -23,15 +49,6 @@ class SettingsReader {
     member = kind == SettingKind::kReplaceText && *text == kStoredBlank ? " " : *std::move(text);
   }
 
-  void operator()(std::string_view section, std::string_view key, std::int16_t& member, SettingKind kind) const {
-    if (kind == SettingKind::kNumberText) {
-      Convert(section, key, member, IntegerFromText);
-    } else if (const std::optional<std::int32_t> number = file_.FindInteger(section, key)) {
-      member = static_cast<std::int16_t>(*number);
-      if (member != *number) Fail(section, key);
-    }
-  }
-
   void operator()(std::string_view section, std::string_view key, std::int32_t& member, SettingKind /*kind*/) const {
     member = file_.ReadInteger(section, key, member);
   }
@@ -41,22 +58,28 @@ class SettingsReader {
     member = file_.FindInteger(section, key);
   }
 
-  void operator()(std::string_view section, std::string_view key, bool& member, SettingKind /*kind*/) const {
-    Convert(section, key, member, BooleanFromText);
-  }
-
- private:
-  template <class Value, class Conversion>
-  void Convert(std::string_view section, std::string_view key, Value& member, Conversion conversion) const {
-    const std::optional<std::string> text = file_.FindString(section, key);
-    if (!text) return;
-    if (const std::optional<Value> value = conversion(*text)) {
-      member = *value;
+  void operator()(std::string_view section, std::string_view key, bool& member, SettingKind kind) const {
+    if (!IsThere(file_, section, key, kind)) return;
+    if (const std::optional<bool> on = IsOn(file_, section, key, kind)) {
+      member = *on;
     } else {
       Fail(section, key);
     }
   }
 
+  void operator()(std::string_view section, std::string_view key, FindMethod& member, SettingKind kind) const {
+    bool regex = member == FindMethod::kRegex;
+    (*this)(section, key, regex, kind);
+    member = regex ? FindMethod::kRegex : FindMethod::kText;
+  }
+
+  void operator()(std::string_view section, std::string_view key, DeleteTo& member, SettingKind kind) const {
+    bool recycled = member == DeleteTo::kRecycleBin;
+    (*this)(section, key, recycled, kind);
+    member = recycled ? DeleteTo::kRecycleBin : DeleteTo::kNowhere;
+  }
+
+ private:
   void Fail(std::string_view section, std::string_view key) const {
     if (!error_) error_ = SettingsError{std::string(section), std::string(key), file_.ReadString(section, key, "")};
   }
@@ -65,13 +88,23 @@ class SettingsReader {
   std::optional<SettingsError>& error_;
 };
 
+/// What the file is to say of an option. A number that says so already stays, also one that no dialog would write.
+std::string OptionText(const IniFile& file, std::string_view section, std::string_view key, bool on, SettingKind kind) {
+  if (kind == SettingKind::kPlain) return on ? "True" : "False";
+  if (IsThere(file, section, key, kind)) {
+    const std::optional<std::int16_t> number = NumberOf(file, section, key, kind);
+    if (number && MeansOn(*number, kind) == on) return std::to_string(*number);
+  }
+  return on ? "1" : "0";
+}
+
 class SettingsWriter {
  public:
   SettingsWriter(IniFile& file, WindowGeometry geometry) : file_(file), geometry_(geometry) {}
 
   template <class Value>
   void operator()(std::string_view section, std::string_view key, const Value& member, SettingKind kind) const {
-    if (kind == SettingKind::kReadOnly) return;
+    if (kind == SettingKind::kApart) return;
     if (kind == SettingKind::kGeometry && geometry_ == WindowGeometry::kKeep) return;
     Write(section, key, member, kind);
   }
@@ -91,8 +124,16 @@ class SettingsWriter {
     if (number) Write(section, key, *number, kind);
   }
 
-  void Write(std::string_view section, std::string_view key, bool value, SettingKind /*kind*/) const {
-    file_.WriteString(section, key, value ? "True" : "False");
+  void Write(std::string_view section, std::string_view key, bool on, SettingKind kind) const {
+    file_.WriteString(section, key, OptionText(file_, section, key, on, kind));
+  }
+
+  void Write(std::string_view section, std::string_view key, FindMethod method, SettingKind kind) const {
+    Write(section, key, method == FindMethod::kRegex, kind);
+  }
+
+  void Write(std::string_view section, std::string_view key, DeleteTo place, SettingKind kind) const {
+    Write(section, key, place == DeleteTo::kRecycleBin, kind);
   }
 
   IniFile& file_;
@@ -123,10 +164,10 @@ void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometr
   VisitSettings(options, SettingsWriter(file, geometry));
 }
 
-bool WriteAutoUpdate(const std::string& path, std::int16_t autoUpdate) {
+bool WriteAutoUpdate(const std::string& path, bool automatic) {
   IniFile file(path);
   if (!file.Load()) return false;
-  file.WriteString(kUpdate, kAutoUpdate, std::to_string(autoUpdate));
+  file.WriteString(kUpdate, kAutoUpdate, OptionText(file, kUpdate, kAutoUpdate, automatic, SettingKind::kApart));
   return file.Save();
 }
 

@@ -36,7 +36,7 @@ enum class WindowGeometry { kWrite, kKeep };
 void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometry geometry);
 
 /// The one setting that reaches the file at once, alone. False when the file cannot be read or written.
-[[nodiscard]] bool WriteAutoUpdate(const std::string& path, std::int16_t autoUpdate);
+[[nodiscard]] bool WriteAutoUpdate(const std::string& path, bool automatic);
 
 /// What is shown before the program ends when LoadOptionValues fails.
 [[nodiscard]] Message InitialisationError();

@@ -25,7 +25,7 @@ std::string SettingsFilePath(const std::string& programFolder, const std::string
 }
 
 bool mnuOptionDefaultExit(const std::string& path, const OptionValues& options, MessageBoxes& boxes) {
-  const bool confirmed = options.system.msgbox != 0 ||
+  const bool confirmed = options.system.suppressConfirmations ||
                          boxes.Show({"設定をデフォルトに戻して終了", "設定をすべてデフォルトに戻して終了します",
                                      MessageIcon::kQuestion, MessageButtons::kYesNo});
   if (confirmed) ResetSettings(path);

@@ -10,11 +10,13 @@ namespace quillon {
 
 /// How a setting differs from what its type alone says.
 enum class SettingKind {
-  kPlain,
+  kPlain,        ///< a text, a measure, or "True" and "False"
+  kIsOne,        ///< an integer: 1 is on, any other is off
+  kIsNotZero,    ///< an integer: 0 is off, any other is on
+  kIsOneAsText,  ///< as kIsOne, but what is no integer is an error
   kGeometry,     ///< the main window's place and size: written in its normal state only
   kReplaceText,  ///< one blank alone is stored as "[SPACE]"
-  kNumberText,   ///< an integer that is read as text
-  kReadOnly,     ///< never written with the others
+  kApart,        ///< as kIsOne; never written with the others
 };
 
 /// Calls `visit(section, key, member, kind)` for every setting, in the order in which they are read and written.
@@ -23,8 +25,8 @@ enum class SettingKind {
 template <class Options, class Visitor>
 void VisitSettings(Options& options, Visitor visit) {
   using enum SettingKind;
-  visit("System", "DirPath", options.system.dirPath, kPlain);
-  visit("System", "MovePath", options.system.movePath, kPlain);
+  visit("System", "DirPath", options.system.loadFolder, kPlain);
+  visit("System", "MovePath", options.system.moveFolder, kPlain);
   visit("Window", "Top", options.window.top, kGeometry);
   visit("Window", "Left", options.window.left, kGeometry);
   visit("Window", "WindowHeight", options.window.height, kGeometry);
@@ -34,50 +36,50 @@ void VisitSettings(Options& options, Visitor visit) {
   for (std::size_t i = 0; i < kListColumnCount; ++i) {
     visit("Window", kWidthKeys[i], options.window.columnWidths[i], kPlain);
   }
-  visit("Player", "Repeat", options.player.repeat, kPlain);
-  visit("Modify", "ReviceFlag", options.modify.reviceFlag, kPlain);
-  visit("Modify", "ReviceText", options.modify.reviceText, kPlain);
+  visit("Player", "Repeat", options.player.repeat, kIsNotZero);
+  visit("Modify", "ReviceFlag", options.modify.replaceInvalid, kIsOne);
+  visit("Modify", "ReviceText", options.modify.invalidReplacement, kPlain);
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
     const std::string number = std::to_string(i);
-    visit("Modify", number + "ReplaceFlag", options.modify.rules[i].active, kPlain);
+    visit("Modify", number + "ReplaceFlag", options.modify.rules[i].active, kIsOne);
     visit("Modify", number + "ReplaceObject", options.modify.rules[i].find, kReplaceText);
     visit("Modify", number + "ReplaceRepace", options.modify.rules[i].replacement, kReplaceText);
   }
-  visit("Modify", "FindCtrl", options.modify.findCtrl, kPlain);
-  visit("Modify", "IgnoreCase", options.modify.ignoreCase, kPlain);
-  visit("Modify", "Upper", options.modify.upper, kPlain);
-  visit("Modify", "Lower", options.modify.lower, kPlain);
-  visit("Modify", "Proper", options.modify.proper, kPlain);
-  visit("Modify", "Wide", options.modify.wide, kPlain);
-  visit("Modify", "Narrow", options.modify.narrow, kPlain);
-  visit("Modify", "NonUnload", options.modify.nonUnload, kPlain);
-  visit("Update", "ErrSkip", options.update.errSkip, kPlain);
-  visit("Update", "UpdateErrChk", options.update.updateErrChk, kPlain);
-  visit("Update", "UpdateRemChk", options.update.updateRemChk, kPlain);
-  visit("Update", "AutoUpdate", options.update.autoUpdate, kReadOnly);
-  visit("Rename", "NoTitleSkip", options.rename.noTitleSkip, kPlain);
-  visit("Rename", "RenameErrChk", options.rename.renameErrChk, kPlain);
-  visit("Rename", "RenameModify", options.rename.renameModify, kPlain);
-  visit("Rename", "InjusticeChk", options.rename.injusticeChk, kPlain);
-  visit("List", "LoadChk", options.list.loadChk, kNumberText);
-  visit("List", "DeltoTrashBox", options.list.delToTrashBox, kPlain);
-  visit("List", "DelCompMsg", options.list.delCompMsg, kPlain);
-  visit("List", "LoadRemove", options.list.loadRemove, kPlain);
-  visit("List", "SubFolder", options.list.subFolder, kPlain);
-  visit("Find", "FilterChk", options.find.filterChk, kPlain);
-  visit("Find", "ExtEtc", options.find.extEtc, kPlain);
-  visit("Find", "ExtHTML", options.find.extHtml, kPlain);
-  visit("Find", "ExtMusic", options.find.extMusic, kPlain);
-  visit("Find", "ExtText", options.find.extText, kPlain);
-  visit("Find", "ExtEtcText", options.find.extEtcText, kPlain);
-  visit("Find", "ExtHTMLText", options.find.extHtmlText, kPlain);
-  visit("Find", "ExtMusicText", options.find.extMusicText, kPlain);
-  visit("Find", "ExtTextText", options.find.extTextText, kPlain);
-  visit("System", "LoadTime", options.system.loadTime, kPlain);
-  visit("System", "Msgbox", options.system.msgbox, kPlain);
-  visit("Move", "RemainList", options.move.remainList, kPlain);
-  visit("Player", "AllPlay", options.player.allPlay, kPlain);
-  visit("System", "Front", options.system.front, kPlain);
+  visit("Modify", "FindCtrl", options.modify.method, kIsOne);
+  visit("Modify", "IgnoreCase", options.modify.ignoreCase, kIsOne);
+  visit("Modify", "Upper", options.modify.upper, kIsOne);
+  visit("Modify", "Lower", options.modify.lower, kIsOne);
+  visit("Modify", "Proper", options.modify.proper, kIsOne);
+  visit("Modify", "Wide", options.modify.wide, kIsOne);
+  visit("Modify", "Narrow", options.modify.narrow, kIsOne);
+  visit("Modify", "NonUnload", options.modify.keepDialogOpen, kIsOne);
+  visit("Update", "ErrSkip", options.update.skipFailedRows, kIsNotZero);
+  visit("Update", "UpdateErrChk", options.update.checkFailedRows, kIsOne);
+  visit("Update", "UpdateRemChk", options.update.uncheckAppliedRows, kIsOne);
+  visit("Update", "AutoUpdate", options.update.automatic, kApart);
+  visit("Rename", "NoTitleSkip", options.rename.skipUntitledRows, kIsOne);
+  visit("Rename", "RenameErrChk", options.rename.checkSkippedRows, kIsOne);
+  visit("Rename", "RenameModify", options.rename.applyRules, kIsOne);
+  visit("Rename", "InjusticeChk", options.rename.checkInvalidNames, kIsOne);
+  visit("List", "LoadChk", options.list.checkLoadedRows, kIsOneAsText);
+  visit("List", "DeltoTrashBox", options.list.deleteTo, kPlain);
+  visit("List", "DelCompMsg", options.list.confirmDeletion, kIsOne);
+  visit("List", "LoadRemove", options.list.clearBeforeLoading, kIsNotZero);
+  visit("List", "SubFolder", options.list.searchSubfolders, kIsNotZero);
+  visit("Find", "FilterChk", options.find.filterByExtension, kIsNotZero);
+  visit("Find", "ExtEtc", options.find.other.on, kIsNotZero);
+  visit("Find", "ExtHTML", options.find.html.on, kIsNotZero);
+  visit("Find", "ExtMusic", options.find.media.on, kIsNotZero);
+  visit("Find", "ExtText", options.find.text.on, kIsNotZero);
+  visit("Find", "ExtEtcText", options.find.other.extensions, kPlain);
+  visit("Find", "ExtHTMLText", options.find.html.extensions, kPlain);
+  visit("Find", "ExtMusicText", options.find.media.extensions, kPlain);
+  visit("Find", "ExtTextText", options.find.text.extensions, kPlain);
+  visit("System", "LoadTime", options.system.readPlayTimes, kIsOne);
+  visit("System", "Msgbox", options.system.suppressConfirmations, kIsNotZero);
+  visit("Move", "RemainList", options.move.keepMovedRows, kIsOne);
+  visit("Player", "AllPlay", options.player.continuous, kIsOne);
+  visit("System", "Front", options.system.alwaysOnTop, kPlain);
 }
 
 }  // namespace quillon

@@ -84,10 +84,10 @@ struct ApplicationFixture {
   /// Every file is loaded, unchecked; there is no question but those of a test about questions.
   static OptionValues Options() {
     OptionValues options;
-    options.find.filterChk = 0;
-    options.list.loadChk = 0;
-    options.list.delToTrashBox = false;
-    options.list.delCompMsg = 0;
+    options.find.filterByExtension = false;
+    options.list.checkLoadedRows = false;
+    options.list.deleteTo = DeleteTo::kNowhere;
+    options.list.confirmDeletion = false;
     return options;
   }
 

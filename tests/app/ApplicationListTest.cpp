@@ -24,7 +24,7 @@ struct Automatic : ApplicationFixture {
   Automatic() : ApplicationFixture(AutoOptions()) {}
   static OptionValues AutoOptions() {
     OptionValues options = Options();
-    options.update.autoUpdate = 1;
+    options.update.automatic = true;
     return options;
   }
 };
@@ -183,7 +183,7 @@ TEST(Sorting, InAutoModeIsRefusedWhileTheBoxIsEmpty) {
 TEST(Renaming, TypingIsAppliedInAutoModeOnly) {
   for (const bool automatic : {false, true}) {
     OptionValues options = ApplicationFixture::Options();
-    options.update.autoUpdate = automatic ? 1 : 0;
+    options.update.automatic = automatic;
     ApplicationFixture f(options);
     f.Load({"a.txt"});
     f.Type("new");
@@ -209,7 +209,7 @@ TEST(Renaming, AFailureInAutoModeFallsBackAlthoughTheFailedRowWasShown) {
 TEST(Renaming, TheBoxFollowsWhatACommandDidToTheSelectedRow) {
   ApplicationFixture f;
   f.Load({"a.txt", "b.txt"});
-  f.app.Options().system.msgbox = 1;
+  f.app.Options().system.suppressConfirmations = true;
   f.Type("typed");
   f.app.Execute(mnuAllUndo);
   EXPECT_EQ(f.box.Text(), "a");
@@ -225,7 +225,7 @@ TEST(Renaming, TheBoxFollowsWhatACommandDidToTheSelectedRow) {
 TEST(Renaming, AStoppedBatchInAutoModeLeavesTheBoxAtTheNameThatHolds) {
   Automatic f;
   f.Load({"a.txt", "b.txt"});
-  f.app.Options().system.msgbox = 1;
+  f.app.Options().system.suppressConfirmations = true;
   f.app.Execute(mnuAllRename);  // the title "---" is the name of both
   EXPECT_EQ(f.Names(), Texts({"---", "b"}));
   EXPECT_EQ(SelectedRows(f.app.List()), Indices({2})) << "the failed row";
@@ -284,7 +284,7 @@ TEST(Renaming, CheckedAndAllRowsAreApplied) {
   for (const Command command : {mnuUpdate, mnuAllUpdate}) {
     ApplicationFixture f;
     f.Load({"a.txt", "b.txt"});
-    f.app.Options().system.msgbox = 1;
+    f.app.Options().system.suppressConfirmations = true;
     f.app.List().SetRenameName(1, "x");
     f.app.List().SetRenameName(2, "y");
     f.app.List().SetChecked(2, true);
@@ -299,7 +299,7 @@ TEST(Modifying, TheDialogsCommandRunsWhileTheDialogIsOpen) {
     ApplicationFixture f;
     f.Load({"a.txt", "b.txt"});
     f.app.List().SetChecked(2, true);
-    f.app.Options().modify.upper = 1;
+    f.app.Options().modify.upper = true;
     f.main.modifyDialog = [&](bool allItems) {
       EXPECT_EQ(allItems, all);
       f.app.ModifyRows(allItems);
@@ -397,7 +397,7 @@ TEST(Moving, EachCommandMovesItsRows) {
     EXPECT_EQ(f.home.Exists("target/b.txt"), command == mnuAllMove);
     EXPECT_EQ(f.home.Exists("target/c.txt"), command != mnuThisMove);
     EXPECT_EQ(f.information.fileName, command == mnuMove ? f.folder.At("a.txt") : target + "a.txt");
-    EXPECT_EQ(f.app.Options().system.movePath, target);
+    EXPECT_EQ(f.app.Options().system.moveFolder, target);
   }
 }
 

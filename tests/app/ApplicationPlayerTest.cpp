@@ -105,7 +105,7 @@ TEST(Playing, ApplyingReleasesTheFileEvenWhenTheNameCannotBeUsed) {
 
 TEST(Playing, ABatchReleasesTheFileThatItRenames) {
   OptionValues options = ApplicationFixture::Options();
-  options.system.msgbox = 1;
+  options.system.suppressConfirmations = true;
   PlayingFixture f(options);
   f.Activate(2);
   f.app.List().SetRenameName(2, "new");
@@ -171,7 +171,7 @@ TEST(Playing, ReloadingStopsAndTheFileStaysChosen) {
 
 TEST(Playing, LoadingIntoAListThatIsClearedFirstStops) {
   OptionValues options = ApplicationFixture::Options();
-  options.list.loadRemove = 1;
+  options.list.clearBeforeLoading = true;
   PlayingFixture f(options);
   f.Activate(1);
   f.home.Write("other/d.mp3");
@@ -183,7 +183,7 @@ TEST(Playing, LoadingIntoAListThatIsClearedFirstStops) {
 
 TEST(Playing, GoesOnThroughTheListWhenTheSettingSaysSo) {
   OptionValues options = ApplicationFixture::Options();
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   PlayingFixture f(options);
   f.Activate(3);
   f.device.Pass(10000);
@@ -193,7 +193,7 @@ TEST(Playing, GoesOnThroughTheListWhenTheSettingSaysSo) {
 
 TEST(PlayTime, IsShownForTheSelectedRowAndDisturbsNothing) {
   OptionValues options = ApplicationFixture::Options();
-  options.system.loadTime = 1;
+  options.system.readPlayTimes = true;
   PlayingFixture f(options);
   f.Activate(1);
   f.device.Pass(1000);
@@ -233,12 +233,12 @@ TEST(Playing, TheMenuPausesGoesOnAndStops) {
 TEST(Playing, TheMenuTurnsTheRepeatOnAndOff) {
   ApplicationFixture f;
   f.app.Execute(mnuRepeat);
-  EXPECT_EQ(f.app.Options().player.repeat, 1);
+  EXPECT_TRUE(f.app.Options().player.repeat);
   f.app.Execute(mnuRepeat);
-  EXPECT_EQ(f.app.Options().player.repeat, 0);
+  EXPECT_FALSE(f.app.Options().player.repeat);
   EXPECT_EQ(f.Log().StartingWith("main repeats").size(), 1u);
   f.app.SetRepeat(true);
-  EXPECT_EQ(f.app.Options().player.repeat, 1);
+  EXPECT_TRUE(f.app.Options().player.repeat);
 }
 
 }  // namespace

@@ -36,8 +36,8 @@ TEST(Application, StartsWithEmptyPanelsInManualMode) {
 
 TEST(Application, StartsAsTheSettingsSay) {
   OptionValues options = ApplicationFixture::Options();
-  options.update.autoUpdate = 1;
-  options.system.front = true;
+  options.update.automatic = true;
+  options.system.alwaysOnTop = true;
   ApplicationFixture f(options);
   f.app.Start();
   EXPECT_TRUE(f.Log().Has("main on top"));
@@ -45,14 +45,12 @@ TEST(Application, StartsAsTheSettingsSay) {
   EXPECT_TRUE(f.app.Mode().automatic);
 }
 
-TEST(Application, OnlyTheStoredValueOneIsTheAutoMode) {
-  for (const std::int16_t value : {std::int16_t{-1}, std::int16_t{2}}) {
-    OptionValues options = ApplicationFixture::Options();
-    options.update.autoUpdate = value;
-    ApplicationFixture f(options);
-    f.app.Start();
-    EXPECT_EQ(f.LastPanel("mode"), "手動適応モード");
-  }
+TEST(Application, StartsInTheStoredMode) {
+  OptionValues options = ApplicationFixture::Options();
+  options.update.automatic = false;
+  ApplicationFixture f(options);
+  f.app.Start();
+  EXPECT_EQ(f.LastPanel("mode"), "手動適応モード");
 }
 
 // Enabling.
@@ -69,7 +67,7 @@ TEST(Application, RefusesACommandThatIsNotEnabled) {
 
 TEST(Application, InAutoModeApplyingAsksNothing) {
   OptionValues options = ApplicationFixture::Options();
-  options.update.autoUpdate = 1;
+  options.update.automatic = true;
   ApplicationFixture f(options);
   f.Load({"a.txt"});
   f.app.Execute(mnuAllChk);
@@ -90,7 +88,7 @@ TEST(Application, TakesNoOrdersWhileACommandRuns) {
 TEST(Application, RefusesEverythingElseWhileACommandRuns) {
   ApplicationFixture f;
   f.Load({"a.txt", "b.txt"});
-  f.app.Options().system.msgbox = 1;
+  f.app.Options().system.suppressConfirmations = true;
   bool ran = false;
   f.ports.pending.At(1, [&] {
     ran = true;
@@ -118,15 +116,15 @@ TEST(Application, RefusesEverythingElseWhileACommandRuns) {
   EXPECT_EQ(f.Log().StartingWith("shell"), Texts());
   EXPECT_EQ(f.Log().StartingWith("main"), Texts({"main does not answer", "main answers"}));
   EXPECT_EQ(f.box.Text(), "a") << "what was typed meanwhile is gone";
-  EXPECT_FALSE(f.app.Options().system.front);
+  EXPECT_FALSE(f.app.Options().system.alwaysOnTop);
   f.app.Execute(mnuFront);
-  EXPECT_TRUE(f.app.Options().system.front) << "and then it answers again";
+  EXPECT_TRUE(f.app.Options().system.alwaysOnTop) << "and then it answers again";
 }
 
 TEST(Application, AnEmptiedBoxAsksForNothingWhileACommandRuns) {
   OptionValues options = ApplicationFixture::Options();
-  options.update.autoUpdate = 1;
-  options.system.msgbox = 1;
+  options.update.automatic = true;
+  options.system.suppressConfirmations = true;
   ApplicationFixture f(options);
   f.Load({"a.txt"});
   f.Type("");
@@ -153,12 +151,12 @@ TEST(Application, LoadingAFolderSelectsAndShowsItsFirstRow) {
   EXPECT_TRUE(f.information.summary.starts_with("サイズ： 5 バイト")) << f.information.summary;
   EXPECT_EQ(f.LastPanel("player"), "選択： a.txt");
   EXPECT_EQ(f.app.Player().Paths().playFilePath, f.folder.At("a.txt"));
-  EXPECT_EQ(f.app.Options().system.dirPath, f.folder.Path());
+  EXPECT_EQ(f.app.Options().system.loadFolder, f.folder.Path());
 }
 
 TEST(Application, PathsAddToOneListEvenWhenLoadingIsSetToClearIt) {
   OptionValues options = ApplicationFixture::Options();
-  options.list.loadRemove = 1;
+  options.list.clearBeforeLoading = true;
   ApplicationFixture f(options);
   const std::string file = f.home.Write("with space.txt");
   f.folder.Write("a.txt");
@@ -167,8 +165,8 @@ TEST(Application, PathsAddToOneListEvenWhenLoadingIsSetToClearIt) {
   bare.pop_back();
   f.app.LoadPaths({file, f.folder.Path(), bare});
   EXPECT_EQ(Locations(f.app.List()), Texts({file, f.folder.At("a.txt"), f.folder.At("inner/b.txt")}));
-  EXPECT_EQ(f.app.Options().list.loadRemove, 1);
-  EXPECT_EQ(f.app.Options().system.dirPath, f.folder.At("inner/"));
+  EXPECT_TRUE(f.app.Options().list.clearBeforeLoading);
+  EXPECT_EQ(f.app.Options().system.loadFolder, f.folder.At("inner/"));
   EXPECT_TRUE(f.box.IsEnabled());
   EXPECT_EQ(f.Log().StartingWith("folder dialog"), Texts());
 }
@@ -181,8 +179,8 @@ TEST(Application, NoPathsAreNoCommand) {
 
 TEST(Application, OpenedFilesAreAddedWhateverTheFilterSays) {
   OptionValues options = ApplicationFixture::Options();
-  options.find.filterChk = 1;
-  options.system.dirPath = "/start/";
+  options.find.filterByExtension = true;
+  options.system.loadFolder = "/start/";
   ApplicationFixture f(options);
   f.main.chosenFiles = {f.folder.Write("a.xyz"), f.folder.Write("b.mid")};
   f.app.Execute(mnuFileLoad);
@@ -209,13 +207,13 @@ const char* const kAutoComes =
 
 TEST(ModePanel, SwitchesTheAutoModeOffAtOnce) {
   OptionValues options = ApplicationFixture::Options();
-  options.update.autoUpdate = 1;
+  options.update.automatic = true;
   ApplicationFixture f(options);
   f.Load({"a.txt"});
   f.app.ModePanelClicked();
   EXPECT_EQ(f.Log().Events(), Texts({"panel mode: 手動適応モード", kAutoIsOff}));
   EXPECT_FALSE(f.app.Mode().automatic);
-  EXPECT_EQ(f.app.Options().update.autoUpdate, 0);
+  EXPECT_FALSE(f.app.Options().update.automatic);
   EXPECT_EQ(f.home.Read("Quillon.ini"), "[Update]\r\nAutoUpdate=0\r\n") << "this setting alone, at once";
 }
 
@@ -225,7 +223,7 @@ TEST(ModePanel, OverALoadedListTheAutoModeWaits) {
   f.app.ModePanelClicked();
   EXPECT_EQ(f.Log().Events(), Texts({kAutoComes})) << "the panel stays as it is";
   EXPECT_FALSE(f.app.Mode().automatic);
-  EXPECT_EQ(f.app.Options().update.autoUpdate, 1);
+  EXPECT_TRUE(f.app.Options().update.automatic);
   EXPECT_EQ(f.home.Read("Quillon.ini"), "[Update]\r\nAutoUpdate=1\r\n");
 }
 
@@ -234,7 +232,7 @@ TEST(ModePanel, OverAnEmptyListTheAutoModeStartsAtOnce) {
   f.app.ModePanelClicked();
   EXPECT_EQ(f.Log().Events(), Texts({"panel mode: 自動適応モード", kAutoIsOn}));
   EXPECT_TRUE(f.app.Mode().automatic);
-  EXPECT_EQ(f.app.Options().update.autoUpdate, 1);
+  EXPECT_TRUE(f.app.Options().update.automatic);
   EXPECT_EQ(f.home.Read("Quillon.ini"), "[Update]\r\nAutoUpdate=1\r\n");
 }
 
@@ -359,9 +357,9 @@ TEST(Application, ShowsTheVersionBoxAndTheFolderList) {
 TEST(mnuFront, TogglesTheWindowsPlace) {
   ApplicationFixture f;
   f.app.Execute(mnuFront);
-  EXPECT_TRUE(f.app.Options().system.front);
+  EXPECT_TRUE(f.app.Options().system.alwaysOnTop);
   f.app.Execute(mnuFront);
-  EXPECT_FALSE(f.app.Options().system.front);
+  EXPECT_FALSE(f.app.Options().system.alwaysOnTop);
   EXPECT_EQ(f.Log().StartingWith("main on"), Texts({"main on top"}));
   EXPECT_EQ(f.Log().StartingWith("main not"), Texts({"main not on top"}));
 }
@@ -400,13 +398,13 @@ TEST(mnuOptionDefaultExit, AsksAndNoChangesNothing) {
 }
 
 TEST(mnuOptionDefaultExit, DeletesTheSettingsAndEndsAtOnce) {
-  for (const std::int16_t msgbox : {std::int16_t{0}, std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
+  for (const bool suppressed : {false, true}) {
     ApplicationFixture f;
-    f.app.Options().system.msgbox = msgbox;
+    f.app.Options().system.suppressConfirmations = suppressed;
     f.home.Write("Quillon.ini", "[List]\r\n");
-    if (msgbox == 0) f.ports.boxes.Answer(true);
+    if (!suppressed) f.ports.boxes.Answer(true);
     f.app.Execute(mnuOptionDefaultExit);
-    EXPECT_EQ(f.Boxes(), msgbox == 0 ? Texts({kResetQuestion}) : Texts());
+    EXPECT_EQ(f.Boxes(), !suppressed ? Texts({kResetQuestion}) : Texts());
     EXPECT_FALSE(f.home.Exists("Quillon.ini"));
     EXPECT_TRUE(f.Log().Has("main ends at once"));
     EXPECT_FALSE(f.Log().Has("main quits"));
@@ -423,7 +421,7 @@ TEST(mnuExit, ClosesTheWindow) {
 TEST(SaveSettings, WritesEverythingButTheStoredApplyMode) {
   ApplicationFixture f;
   f.home.Write("Quillon.ini", "[Update]\r\nAutoUpdate=1\r\n");
-  f.app.Options().system.dirPath = "/last/";
+  f.app.Options().system.loadFolder = "/last/";
   f.app.Options().window.width = 7777;
   f.app.Execute(mnuFront);
   EXPECT_TRUE(f.app.SaveSettings(WindowGeometry::kKeep));
@@ -440,7 +438,7 @@ TEST(SaveSettings, WritesEverythingButTheStoredApplyMode) {
 
 TEST(SaveSettings, NeverMakesTheStoredApplyMode) {
   ApplicationFixture f;
-  f.app.Options().update.autoUpdate = 1;
+  f.app.Options().update.automatic = true;
   EXPECT_TRUE(f.app.SaveSettings(WindowGeometry::kWrite));
   EXPECT_EQ(f.home.Read("Quillon.ini").find("AutoUpdate"), std::string::npos);
 }

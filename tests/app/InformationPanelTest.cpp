@@ -87,14 +87,14 @@ TEST_F(InformationPanelTest, AsksForNoPlayTimeUnlessTheOptionIsOn) {
   panel.ShowRow(index);
   EXPECT_EQ(playTimes.asked, 0);
   EXPECT_EQ(boxes.summary.find("演奏時間"), std::string::npos);
-  options.system.loadTime = 1;
+  options.system.readPlayTimes = true;
   panel.ShowRow(index);
   EXPECT_EQ(playTimes.asked, 1);
   EXPECT_TRUE(boxes.summary.ends_with(" / 演奏時間： 1:05")) << boxes.summary;
 }
 
 TEST_F(InformationPanelTest, AsksForThePlayTimeOfEachPlayableTypeAndOfNoOther) {
-  options.system.loadTime = 1;
+  options.system.readPlayTimes = true;
   playTimes.length = 65000;
   for (const std::string& type : Texts({"MP3", "MIDI", "AVI", "MPEG", "WAVE"})) {
     panel.ShowRow(Add(type + ".bin", "", type));
@@ -109,7 +109,7 @@ TEST_F(InformationPanelTest, AsksForThePlayTimeOfEachPlayableTypeAndOfNoOther) {
 }
 
 TEST_F(InformationPanelTest, RoundsHalvesOfASecondToEven) {
-  options.system.loadTime = 1;
+  options.system.readPlayTimes = true;
   const int index = Add("a.wav", "", "WAVE");
   const std::map<int, std::string> expected = {
       {0, "0:00"}, {2500, "0:02"}, {3500, "0:04"}, {59500, "1:00"}, {185000, "3:05"}};
@@ -121,7 +121,7 @@ TEST_F(InformationPanelTest, RoundsHalvesOfASecondToEven) {
 }
 
 TEST_F(InformationPanelTest, AFileThatCannotBePlayedPlaysForNoTime) {
-  options.system.loadTime = 1;
+  options.system.readPlayTimes = true;
   panel.ShowRow(Add("a.wav", "", "WAVE"));
   EXPECT_EQ(playTimes.asked, 1);
   EXPECT_TRUE(boxes.summary.ends_with(" / 演奏時間： 0:00")) << boxes.summary;

@@ -48,30 +48,30 @@ const char* const kStoredOff = "[Update]\r\nAutoUpdate=0\r\n";
 
 struct FlagRow {
   const char* name;
-  std::int16_t& (*setting)(OptionValues&);
+  bool& (*setting)(OptionValues&);
 };
 
 const FlagRow kFlags[] = {
-    {"chkMsgBox", [](OptionValues& o) -> std::int16_t& { return o.system.msgbox; }},
-    {"chkSysMCITime", [](OptionValues& o) -> std::int16_t& { return o.system.loadTime; }},
-    {"chkRenameModify", [](OptionValues& o) -> std::int16_t& { return o.rename.renameModify; }},
-    {"chkRenameInjusticeCheck", [](OptionValues& o) -> std::int16_t& { return o.rename.injusticeChk; }},
-    {"chkRenameErrCheck", [](OptionValues& o) -> std::int16_t& { return o.rename.renameErrChk; }},
-    {"chkNoTitleSkip", [](OptionValues& o) -> std::int16_t& { return o.rename.noTitleSkip; }},
-    {"chkUpdateRemoveChk", [](OptionValues& o) -> std::int16_t& { return o.update.updateRemChk; }},
-    {"chkUpdateErrChk", [](OptionValues& o) -> std::int16_t& { return o.update.updateErrChk; }},
-    {"chkErrSkip", [](OptionValues& o) -> std::int16_t& { return o.update.errSkip; }},
-    {"chkExtensionFilter", [](OptionValues& o) -> std::int16_t& { return o.find.filterChk; }},
-    {"chkExtensionMusic", [](OptionValues& o) -> std::int16_t& { return o.find.extMusic; }},
-    {"chkExtensionText", [](OptionValues& o) -> std::int16_t& { return o.find.extText; }},
-    {"chkExtensionHTML", [](OptionValues& o) -> std::int16_t& { return o.find.extHtml; }},
-    {"chkExtensionEtc", [](OptionValues& o) -> std::int16_t& { return o.find.extEtc; }},
-    {"chkSubFolder", [](OptionValues& o) -> std::int16_t& { return o.list.subFolder; }},
-    {"chkPlayerAllPlay", [](OptionValues& o) -> std::int16_t& { return o.player.allPlay; }},
-    {"chkMoveRemainList", [](OptionValues& o) -> std::int16_t& { return o.move.remainList; }},
-    {"chkLoadRemove", [](OptionValues& o) -> std::int16_t& { return o.list.loadRemove; }},
-    {"chkLoadChk", [](OptionValues& o) -> std::int16_t& { return o.list.loadChk; }},
-    {"chkDel", [](OptionValues& o) -> std::int16_t& { return o.list.delCompMsg; }},
+    {"chkMsgBox", [](OptionValues& o) -> bool& { return o.system.suppressConfirmations; }},
+    {"chkSysMCITime", [](OptionValues& o) -> bool& { return o.system.readPlayTimes; }},
+    {"chkRenameModify", [](OptionValues& o) -> bool& { return o.rename.applyRules; }},
+    {"chkRenameInjusticeCheck", [](OptionValues& o) -> bool& { return o.rename.checkInvalidNames; }},
+    {"chkRenameErrCheck", [](OptionValues& o) -> bool& { return o.rename.checkSkippedRows; }},
+    {"chkNoTitleSkip", [](OptionValues& o) -> bool& { return o.rename.skipUntitledRows; }},
+    {"chkUpdateRemoveChk", [](OptionValues& o) -> bool& { return o.update.uncheckAppliedRows; }},
+    {"chkUpdateErrChk", [](OptionValues& o) -> bool& { return o.update.checkFailedRows; }},
+    {"chkErrSkip", [](OptionValues& o) -> bool& { return o.update.skipFailedRows; }},
+    {"chkExtensionFilter", [](OptionValues& o) -> bool& { return o.find.filterByExtension; }},
+    {"chkExtensionMusic", [](OptionValues& o) -> bool& { return o.find.media.on; }},
+    {"chkExtensionText", [](OptionValues& o) -> bool& { return o.find.text.on; }},
+    {"chkExtensionHTML", [](OptionValues& o) -> bool& { return o.find.html.on; }},
+    {"chkExtensionEtc", [](OptionValues& o) -> bool& { return o.find.other.on; }},
+    {"chkSubFolder", [](OptionValues& o) -> bool& { return o.list.searchSubfolders; }},
+    {"chkPlayerAllPlay", [](OptionValues& o) -> bool& { return o.player.continuous; }},
+    {"chkMoveRemainList", [](OptionValues& o) -> bool& { return o.move.keepMovedRows; }},
+    {"chkLoadRemove", [](OptionValues& o) -> bool& { return o.list.clearBeforeLoading; }},
+    {"chkLoadChk", [](OptionValues& o) -> bool& { return o.list.checkLoadedRows; }},
+    {"chkDel", [](OptionValues& o) -> bool& { return o.list.confirmDeletion; }},
 };
 
 struct TextRow {
@@ -80,28 +80,28 @@ struct TextRow {
 };
 
 const TextRow kTexts[] = {
-    {"txtExtensionMusic", [](OptionValues& o) -> std::string& { return o.find.extMusicText; }},
-    {"txtExtensionText", [](OptionValues& o) -> std::string& { return o.find.extTextText; }},
-    {"txtExtensionHTML", [](OptionValues& o) -> std::string& { return o.find.extHtmlText; }},
-    {"txtExtensionEtc", [](OptionValues& o) -> std::string& { return o.find.extEtcText; }},
+    {"txtExtensionMusic", [](OptionValues& o) -> std::string& { return o.find.media.extensions; }},
+    {"txtExtensionText", [](OptionValues& o) -> std::string& { return o.find.text.extensions; }},
+    {"txtExtensionHTML", [](OptionValues& o) -> std::string& { return o.find.html.extensions; }},
+    {"txtExtensionEtc", [](OptionValues& o) -> std::string& { return o.find.other.extensions; }},
 };
 
 /// The names of the checked flags of kFlags.
 std::set<std::string> Set(OptionValues& options) {
   std::set<std::string> names;
   for (const FlagRow& row : kFlags) {
-    if (row.setting(options) == 1) names.insert(row.name);
+    if (row.setting(options)) names.insert(row.name);
   }
   return names;
 }
 
 TEST(OptionForm, ShowsEachSettingInItsOwnBox) {
   for (const FlagRow& row : kFlags) {
-    for (const int value : {0, 1, 2, -1}) {
+    for (const bool value : {false, true}) {
       Fixture f;
-      f.options.find.filterChk = f.options.find.extMusic = f.options.list.loadChk = 0;
-      row.setting(f.options) = static_cast<std::int16_t>(value);
-      EXPECT_EQ(f.Form().Checked(row.name), value == 1) << row.name;
+      f.options.find.filterByExtension = f.options.find.media.on = f.options.list.checkLoadedRows = false;
+      row.setting(f.options) = value;
+      EXPECT_EQ(f.Form().Checked(row.name), value) << row.name;
     }
   }
   for (const TextRow& row : kTexts) {
@@ -122,7 +122,7 @@ TEST(OptionForm, OkStoresEachBoxInItsOwnSetting) {
     EXPECT_NE(Set(f.options), expected) << "not before OK";
     form.cmdOK();
     EXPECT_EQ(Set(f.options), expected) << row.name;
-    EXPECT_EQ(row.setting(f.options), checked ? 1 : 0);
+    EXPECT_EQ(row.setting(f.options), checked);
   }
 }
 
@@ -147,29 +147,29 @@ TEST(OptionForm, TheDeleteButtonsAreOneSetting) {
   EXPECT_TRUE(form.Checked("optDel0"));
   EXPECT_FALSE(form.Checked("optDel1"));
   form.cmdOK();
-  EXPECT_FALSE(f.options.list.delToTrashBox);
+  EXPECT_EQ(f.options.list.deleteTo, DeleteTo::kNowhere);
   OptionForm again = f.Form();
   EXPECT_TRUE(again.Checked("optDel0"));
   f.Click(again, "optDel1", true);
   EXPECT_FALSE(again.Checked("optDel0"));
   again.cmdOK();
-  EXPECT_TRUE(f.options.list.delToTrashBox);
+  EXPECT_EQ(f.options.list.deleteTo, DeleteTo::kRecycleBin);
 }
 
 TEST(OptionForm, OkLeavesEveryOtherSettingAlone) {
   Fixture f;
-  f.options.system.dirPath = "C:\\a\\";
+  f.options.system.loadFolder = "C:\\a\\";
   f.options.window.top = 5;
-  f.options.modify.reviceText = "_";
-  f.options.player.repeat = 1;
-  f.options.system.front = true;
+  f.options.modify.invalidReplacement = "_";
+  f.options.player.repeat = true;
+  f.options.system.alwaysOnTop = true;
   OptionForm form = f.Form();
   form.cmdOK();
-  EXPECT_EQ(f.options.system.dirPath, "C:\\a\\");
+  EXPECT_EQ(f.options.system.loadFolder, "C:\\a\\");
   EXPECT_EQ(f.options.window.top, 5);
-  EXPECT_EQ(f.options.modify.reviceText, "_");
-  EXPECT_EQ(f.options.player.repeat, 1);
-  EXPECT_TRUE(f.options.system.front);
+  EXPECT_EQ(f.options.modify.invalidReplacement, "_");
+  EXPECT_TRUE(f.options.player.repeat);
+  EXPECT_TRUE(f.options.system.alwaysOnTop);
   EXPECT_FALSE(f.folder.Exists("Quillon.ini")) << "the file is written when the program ends";
 }
 
@@ -185,23 +185,23 @@ const char* const kTypeBoxes[] = {"chkExtensionMusic", "chkExtensionText", "chkE
 
 TEST(OptionFormFilter, OffItDisablesBoxesAndTextsButKeepsTheirValues) {
   Fixture f;
-  f.options.find.extHtml = 1;
+  f.options.find.html.on = true;
   OptionForm form = f.Form();
   f.Click(form, "chkExtensionFilter", false);
   for (const char* name : kTypeBoxes) EXPECT_FALSE(form.Enabled(name)) << name;
   for (const TextRow& row : kTexts) EXPECT_FALSE(form.Enabled(row.name)) << row.name;
   EXPECT_TRUE(form.Enabled("chkSubFolder"));
   form.cmdOK();
-  EXPECT_EQ(f.options.find.filterChk, 0);
-  EXPECT_EQ(f.options.find.extMusic, 1);
-  EXPECT_EQ(f.options.find.extHtml, 1);
-  EXPECT_EQ(f.options.find.extMusicText, "mid midi wav mp3 mpg mpeg avi");
+  EXPECT_FALSE(f.options.find.filterByExtension);
+  EXPECT_TRUE(f.options.find.media.on);
+  EXPECT_TRUE(f.options.find.html.on);
+  EXPECT_EQ(f.options.find.media.extensions, "mid midi wav mp3 mpg mpeg avi");
 }
 
 TEST(OptionFormFilter, OnItEnablesTheBoxesAndTheTextsOfThoseThatAreChecked) {
   Fixture f;
-  f.options.find.filterChk = 0;
-  f.options.find.extText = 1;
+  f.options.find.filterByExtension = false;
+  f.options.find.text.on = true;
   OptionForm form = f.Form();
   f.Click(form, "chkExtensionFilter", true);
   for (const char* name : kTypeBoxes) EXPECT_TRUE(form.Enabled(name)) << name;
@@ -225,9 +225,9 @@ TEST(OptionFormFilter, ATypesBoxEnablesItsOwnText) {
 
 TEST(OptionFormFilter, IsShownAsStored) {
   Fixture f;
-  f.options.find.filterChk = 0;
+  f.options.find.filterByExtension = false;
   EXPECT_FALSE(f.Form().Enabled("chkExtensionMusic"));
-  f.options.find.filterChk = 1;
+  f.options.find.filterByExtension = true;
   EXPECT_TRUE(f.Form().Enabled("txtExtensionMusic"));
   EXPECT_FALSE(f.Form().Enabled("txtExtensionEtc"));
 }
@@ -243,7 +243,7 @@ void ExpectManualBoxes(const OptionForm& form, bool enabled) {
 TEST(OptionFormMode, InAutoModeTheFiveBoxesOfManualApplyingAreGreyed) {
   Fixture f;
   ExpectManualBoxes(f.Form(), true);
-  f.options.update.autoUpdate = 1;
+  f.options.update.automatic = true;
   f.mode.automatic = true;
   const OptionForm form = f.Form();
   EXPECT_TRUE(form.Checked("chkAutoUpdate"));
@@ -258,7 +258,7 @@ TEST(OptionFormMode, OverAnEmptyListItStartsAtOnce) {
   EXPECT_EQ(f.log.Events(), Texts({"shows automatic", kAutoIsOn}));
   ExpectManualBoxes(form, false);
   EXPECT_TRUE(f.mode.automatic);
-  EXPECT_EQ(f.options.update.autoUpdate, 1);
+  EXPECT_TRUE(f.options.update.automatic);
   EXPECT_EQ(f.Stored(), kStoredOn);
 }
 
@@ -273,14 +273,14 @@ TEST(OptionFormMode, OverALoadedListItWaits) {
   EXPECT_EQ(f.Stored(), kStoredOn);
   form.cmdOK();
   EXPECT_FALSE(f.mode.automatic) << "OK does not start it, either";
-  EXPECT_EQ(f.options.update.autoUpdate, 1);
+  EXPECT_TRUE(f.options.update.automatic);
 }
 
 TEST(OptionFormMode, ItEndsAtOnceWhateverIsListed) {
   for (const bool rows : {false, true}) {
     Fixture f;
     f.rows = rows;
-    f.options.update.autoUpdate = 1;
+    f.options.update.automatic = true;
     f.mode.automatic = true;
     OptionForm form = f.Form();
     f.Click(form, "chkAutoUpdate", false);
@@ -296,13 +296,13 @@ TEST(OptionFormMode, CancelBringsModeAndSettingBack) {
     for (const bool rows : {false, true}) {
       Fixture f;
       f.rows = rows;
-      f.options.update.autoUpdate = before ? 1 : 0;
+      f.options.update.automatic = before;
       f.mode.automatic = before;
       OptionForm form = f.Form();
       f.Click(form, "chkAutoUpdate", !before);
       form.cmdCancel();
       EXPECT_EQ(f.mode.automatic, before);
-      EXPECT_EQ(f.options.update.autoUpdate, before ? 1 : 0);
+      EXPECT_EQ(f.options.update.automatic, before ? 1 : 0);
       EXPECT_EQ(f.Stored(), before ? kStoredOn : kStoredOff);
     }
   }
@@ -317,15 +317,15 @@ TEST(OptionFormMode, CancelChangesNothingElse) {
   form.Type("txtExtensionEtc", "ogg");
   form.cmdCancel();
   EXPECT_EQ(Set(f.options), before);
-  EXPECT_TRUE(f.options.list.delToTrashBox);
-  EXPECT_EQ(f.options.find.extEtcText, "");
+  EXPECT_EQ(f.options.list.deleteTo, DeleteTo::kRecycleBin);
+  EXPECT_EQ(f.options.find.other.extensions, "");
   EXPECT_EQ(f.Stored(), kStoredOff) << "the mode in force, and nothing else";
 }
 
 TEST(OptionFormMode, AWaitingModeIsShownAndCanBeTakenBack) {
   Fixture f;
   f.rows = true;
-  f.options.update.autoUpdate = 1;
+  f.options.update.automatic = true;
   OptionForm form = f.Form();
   EXPECT_TRUE(form.Checked("chkAutoUpdate"));
   ExpectManualBoxes(form, true);
@@ -338,12 +338,12 @@ TEST(OptionFormMode, AWaitingModeSurvivesCancel) {
   for (const bool clicked : {false, true}) {
     Fixture f;
     f.rows = true;
-    f.options.update.autoUpdate = 1;
+    f.options.update.automatic = true;
     OptionForm form = f.Form();
     if (clicked) f.Click(form, "chkAutoUpdate", false);
     form.cmdCancel();
     EXPECT_EQ(f.Stored(), kStoredOn);
-    EXPECT_EQ(f.options.update.autoUpdate, 1);
+    EXPECT_TRUE(f.options.update.automatic);
     EXPECT_FALSE(f.mode.automatic) << "it still waits";
   }
 }
@@ -358,12 +358,15 @@ TEST(OptionFormMode, HoldsForThisRunWhenTheSettingCannotBeStored) {
 }
 
 TEST(OptionFormMode, OkLeavesTheStoredModeAlone) {
-  Fixture f;
-  f.options.update.autoUpdate = 7;
-  OptionForm form = f.Form();
-  EXPECT_FALSE(form.Checked("chkAutoUpdate")) << "only 1 is the mode";
-  form.cmdOK();
-  EXPECT_EQ(f.options.update.autoUpdate, 7);
+  for (const bool automatic : {false, true}) {
+    Fixture f;
+    f.options.update.automatic = automatic;
+    OptionForm form = f.Form();
+    EXPECT_EQ(form.Checked("chkAutoUpdate"), automatic);
+    f.options.update.automatic = !automatic;
+    form.cmdOK();
+    EXPECT_EQ(f.options.update.automatic, !automatic);
+  }
 }
 
 }  // namespace

@@ -103,7 +103,7 @@ TEST(FileListScale, AFolderLoadIsNotQuadratic) {
     test::Recorders ports;
     FileList list(PathStyle::kLinux);
     OptionValues options;
-    options.find.filterChk = 0;
+    options.find.filterByExtension = false;
     ApplyMode mode;
     FileLoader loader(list, options, mode,
                       {files, ports.boxes, ports.pending, ports.search, ports.progress, ports.folders, ports.panels,

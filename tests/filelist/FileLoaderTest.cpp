@@ -55,17 +55,17 @@ struct Fixture {
                {files, ports.boxes, ports.pending, ports.search, ports.progress, ports.folders, ports.panels,
                 ports.filePanel, ports.player},
                style, interval) {
-    options.find.filterChk = 0;
+    options.find.filterByExtension = false;
     for (const std::string& path : paths) files.AddFile(path);
   }
 };
 
 TEST(mnuFolderReference, StartsAtTheLastFolderAndACancelChangesNothing) {
   Fixture f({"/m/a.mid"});
-  f.options.system.dirPath = "/last/";
+  f.options.system.loadFolder = "/last/";
   f.ports.folders.Answer("");
   EXPECT_EQ(f.loader.mnuFolderReference(), LoadOutcome::kCancelled);
-  EXPECT_EQ(f.options.system.dirPath, "/last/");
+  EXPECT_EQ(f.options.system.loadFolder, "/last/");
   EXPECT_EQ(f.ports.log.Events(), Texts({std::string(kPrompt) + "/last/"}));
   EXPECT_EQ(f.files.Calls().size(), 0u);
 }
@@ -75,13 +75,13 @@ TEST(mnuFolderReference, TheChosenFolderBecomesTheLastOneWithASeparator) {
     Fixture f({"/m/a.mid"});
     f.ports.folders.Answer(chosen);
     EXPECT_EQ(f.loader.mnuFolderReference(), LoadOutcome::kLoaded);
-    EXPECT_EQ(f.options.system.dirPath, "/m/");
+    EXPECT_EQ(f.options.system.loadFolder, "/m/");
     EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid"}));
   }
   Fixture drive({"C:\\a.mid"}, kWin);
   drive.ports.folders.Answer("C:\\");
   EXPECT_EQ(drive.loader.mnuFolderReference(), LoadOutcome::kLoaded);
-  EXPECT_EQ(drive.options.system.dirPath, "C:\\");
+  EXPECT_EQ(drive.options.system.loadFolder, "C:\\");
 }
 
 TEST(LoadFolder, ShowsEveryStepInItsOrder) {
@@ -138,7 +138,7 @@ TEST(LoadFolder, RefusesAFolderWithAListedFileByItsName) {
 
 TEST(LoadFolder, RefusesALoadedFolderEvenWhenLoadingClearsTheList) {
   Fixture f({"/m/a.mid"});
-  f.options.list.loadRemove = 1;
+  f.options.list.clearBeforeLoading = true;
   f.loader.LoadFolder("/m/");
   EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kDuplicate);
   EXPECT_EQ(f.list.Count(), 1);
@@ -153,7 +153,7 @@ TEST(LoadFolder, ASubFolderOfALoadedFolderIsNoDuplicate) {
 
 TEST(LoadFolder, FilesThatAreListedAlreadyAreNotListedTwice) {
   Fixture f({"/m/a.mid", "/m/x/b.mid", "/m/y/c.mid"});
-  f.options.list.subFolder = 1;
+  f.options.list.searchSubfolders = true;
   f.loader.LoadFolder("/m/x/");
   f.list.SetRenameName(1, "edited");
   EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kLoaded);
@@ -164,8 +164,8 @@ TEST(LoadFolder, FilesThatAreListedAlreadyAreNotListedTwice) {
 
 TEST(LoadFolder, TakesWhatTheFilterOptionsSay) {
   Fixture f({"/m/a.mid", "/m/b.txt", "/m/c", "/m/d.html"});
-  f.options.find.filterChk = 1;
-  f.options.find.extText = 1;
+  f.options.find.filterByExtension = true;
+  f.options.find.text.on = true;
   f.loader.LoadFolder("/m/");
   EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid", "/m/b.txt"}));
 }
@@ -178,13 +178,13 @@ TEST(LoadFolder, WithoutAFilterTakesFilesWithoutExtensionToo) {
 
 TEST(LoadFolder, LeavesTheRecycleBinOutThoughItIsSearched) {
   Fixture f({"C:\\a.mid", "C:\\RECYCLED\\b.mid", "C:\\$Recycle.Bin\\c.mid", "C:\\m\\d.mid"}, kWin);
-  f.options.list.subFolder = 1;
+  f.options.list.searchSubfolders = true;
   f.loader.LoadFolder("C:\\");
   EXPECT_EQ(Locations(f.list), Texts({"C:\\a.mid", "C:\\m\\d.mid"}));
   EXPECT_EQ(f.files.CountOf(FileCall::kReadFolder), 4u);
 
   Fixture linux({"/v/a.mid", "/v/.Trash-1000/files/b.mid"});
-  linux.options.list.subFolder = 1;
+  linux.options.list.searchSubfolders = true;
   linux.loader.LoadFolder("/v/");
   EXPECT_EQ(Locations(linux.list), Texts({"/v/a.mid"}));
 }
@@ -194,7 +194,7 @@ TEST(LoadFolder, AFolderWithOnlySubFoldersHoldsNoFileUnlessTheyAreWanted) {
   f.ports.boxes.Answer(false);
   EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kNothing);
   EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({kNothingFound}));
-  f.options.list.subFolder = 1;
+  f.options.list.searchSubfolders = true;
   EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kLoaded);
   EXPECT_EQ(Locations(f.list), Texts({"/m/x/a.mid"}));
 }
@@ -207,7 +207,7 @@ TEST(LoadFolder, YesToAnotherFolderAsksAgainFromTheFolderJustSearched) {
   f.ports.folders.Answer("/full");
   EXPECT_EQ(f.loader.mnuFolderReference(), LoadOutcome::kLoaded);
   EXPECT_EQ(f.ports.log.StartingWith("folder dialog"), Texts({std::string(kPrompt), std::string(kPrompt) + "/empty/"}));
-  EXPECT_EQ(f.options.system.dirPath, "/full/");
+  EXPECT_EQ(f.options.system.loadFolder, "/full/");
   EXPECT_EQ(f.list.Count(), 1);
 }
 
@@ -217,13 +217,13 @@ TEST(LoadFolder, YesAndThenACancelEndsIt) {
   f.ports.boxes.Answer(true);
   f.ports.folders.Answer("");
   EXPECT_EQ(f.loader.LoadFolder("/empty"), LoadOutcome::kCancelled);
-  EXPECT_EQ(f.options.system.dirPath, "/empty/");
+  EXPECT_EQ(f.options.system.loadFolder, "/empty/");
 }
 
 TEST(LoadFolder, NothingFoundLeavesTheListAndThePanels) {
   Fixture f({"/m/a.mid"});
   f.files.AddFolder("/empty");
-  f.options.list.loadRemove = 1;
+  f.options.list.clearBeforeLoading = true;
   f.loader.LoadFolder("/m/");
   f.ports.log.Clear();
   f.ports.boxes.Answer(false);
@@ -240,7 +240,7 @@ TEST(LoadFolder, ACancelledSearchRegistersNothing) {
   EXPECT_EQ(f.list.Count(), 0);
   EXPECT_EQ(f.ports.log.Events(),
             Texts({"search begin: フォルダ内を検索しています... | 検索対象 : /m/", "search in /m/", "search end"}));
-  EXPECT_EQ(f.options.system.dirPath, "/m/");
+  EXPECT_EQ(f.options.system.loadFolder, "/m/");
 }
 
 TEST(LoadPaths, SeveralFilesShowTheirProgressAndLetMessagesThrough) {
@@ -254,7 +254,7 @@ TEST(LoadPaths, SeveralFilesShowTheirProgressAndLetMessagesThrough) {
 
 TEST(LoadPaths, AnEmptyPathIsNotTheRootFolder) {
   Fixture f({"/a.mid", "/m/b.mid"});
-  f.options.list.subFolder = 1;
+  f.options.list.searchSubfolders = true;
   f.loader.LoadPaths({"", "/m/b.mid"});
   EXPECT_EQ(f.loader.LoadPath(""), LoadOutcome::kNothing);
   EXPECT_EQ(f.list.Count(), 1);
@@ -304,13 +304,13 @@ TEST(LoadExceptions, LeaveNoWindowOfProgressAndNoChangedOption) {
   for (const Case& c : std::vector<Case>{{"in the search", 1, {}}, {"in the registration", 4, {"/m/a.mid"}}}) {
     SCOPED_TRACE(c.name);
     Fixture f({"/m/a.mid", "/m/b.mid"});
-    f.options.list.loadRemove = 1;
+    f.options.list.clearBeforeLoading = true;
     test::EventLog log;
     test::ListRecorder recorder(log);
     f.list.SetObserver(&recorder);
     f.ports.pending.At(c.call, [] { throw std::bad_alloc(); });
     EXPECT_THROW(f.loader.LoadPaths({"/m/"}), std::bad_alloc);
-    EXPECT_EQ(f.options.list.loadRemove, 1);
+    EXPECT_TRUE(f.options.list.clearBeforeLoading);
     EXPECT_EQ(f.ports.log.StartingWith("search begin").size(), f.ports.log.StartingWith("search end").size());
     EXPECT_EQ(f.ports.log.StartingWith("progress begin").size(), f.ports.log.StartingWith("progress end").size());
     EXPECT_EQ(Locations(f.list), c.rows);
@@ -340,7 +340,7 @@ TEST(LoadFolderErrors, AnUnreachablePathClearsTheLastFolder) {
   EXPECT_EQ(f.loader.mnuFolderReference(), LoadOutcome::kFailed);
   EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({kUnreachable}));
   EXPECT_TRUE(f.ports.log.Has("search end"));
-  EXPECT_EQ(f.options.system.dirPath, "");
+  EXPECT_EQ(f.options.system.loadFolder, "");
   f.ports.folders.Answer("");
   f.ports.log.Clear();
   f.loader.mnuFolderReference();
@@ -353,7 +353,7 @@ TEST(LoadFolderErrors, AnyOtherErrorIsShownWithItsNumber) {
     f.files.Fail(FileCall::kReadFolder, "/m/", {number, "why"});
     EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kFailed);
     EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({Interrupted(number)}));
-    EXPECT_EQ(f.options.system.dirPath, "");
+    EXPECT_EQ(f.options.system.loadFolder, "");
     EXPECT_EQ(f.list.Count(), 0);
   }
 }
@@ -368,7 +368,7 @@ TEST(LoadFolderErrors, RowsRegisteredBeforeTheErrorStay) {
   EXPECT_EQ(Locations(f.list), Texts({"/m/a.txt", "/m/b.txt"}));
   EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({kUnreachable}));
   EXPECT_TRUE(f.ports.log.Has("progress end"));
-  EXPECT_EQ(f.options.system.dirPath, "");
+  EXPECT_EQ(f.options.system.loadFolder, "");
   EXPECT_EQ(log.Events(), Texts({"rows"}));
 }
 
@@ -412,7 +412,7 @@ TEST(LoadFolderErrors, OfSeveralFilesThoseThatVanishedArePassedOver) {
 TEST(LoadRemove, ClearsTheListAndStopsThePlayerBeforeTheNewRows) {
   Fixture f({"/m/a", "/n/b"});
   f.loader.LoadFolder("/m/");
-  f.options.list.loadRemove = 1;
+  f.options.list.clearBeforeLoading = true;
   f.ports.player.loaded = "/m/a";
   f.ports.log.Clear();
   EXPECT_EQ(f.loader.LoadFolder("/n/"), LoadOutcome::kLoaded);
@@ -432,16 +432,16 @@ TEST(LoadRemove, OffKeepsTheRowsAndThePlayer) {
 
 TEST(LoadRemove, IsHeldOffWhileSeveralPathsAreLoaded) {
   Fixture f({"/m/a", "/n/b", "/o/c"});
-  f.options.list.loadRemove = 1;
+  f.options.list.clearBeforeLoading = true;
   f.loader.LoadPaths({"/m/", "/n", "/o/c"});
   EXPECT_EQ(Locations(f.list), Texts({"/m/a", "/n/b", "/o/c"}));
-  EXPECT_EQ(f.options.list.loadRemove, 1);
+  EXPECT_TRUE(f.options.list.clearBeforeLoading);
 }
 
 TEST(LoadChk, DecidesWhetherNewRowsAreChecked) {
   Fixture f({"/m/a", "/n/b", "/o/c"});
   f.loader.LoadFolder("/m/");
-  f.options.list.loadChk = 0;
+  f.options.list.checkLoadedRows = false;
   f.loader.LoadFolder("/n/");
   f.loader.AddFile("/o/c");
   EXPECT_EQ(CheckedRows(f.list), Indices({1}));
@@ -499,7 +499,7 @@ TEST(LoadedRow, ATypeWithoutAReaderIsNotOpened) {
 
 TEST(AddFile, AddsOneRowWhateverTheFilterSays) {
   Fixture f({"/m/a.xyz"});
-  f.options.find.filterChk = 1;
+  f.options.find.filterByExtension = true;
   EXPECT_EQ(f.loader.AddFile("/m/a.xyz"), LoadOutcome::kLoaded);
   EXPECT_EQ(Locations(f.list), Texts({"/m/a.xyz"}));
   EXPECT_EQ(f.ports.log.StartingWith("box"), Texts());
@@ -507,7 +507,7 @@ TEST(AddFile, AddsOneRowWhateverTheFilterSays) {
 
 TEST(AddFile, KeepsTheListEvenWhenLoadingAFolderClearsIt) {
   Fixture f({"/m/a", "/m/b"});
-  f.options.list.loadRemove = 1;
+  f.options.list.clearBeforeLoading = true;
   f.loader.AddFile("/m/a");
   f.loader.AddFile("/m/b");
   EXPECT_EQ(f.list.Count(), 2);
@@ -523,19 +523,19 @@ TEST(AddFile, RefusesAListedFile) {
 
 TEST(AddFile, AFileThatIsNotThereIsAnError) {
   Fixture f({});
-  f.options.system.dirPath = "/last/";
+  f.options.system.loadFolder = "/last/";
   EXPECT_EQ(f.loader.AddFile("/m/absent.txt"), LoadOutcome::kFailed);
   EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({Interrupted(file_error::kNotFound)}));
-  EXPECT_EQ(f.options.system.dirPath, "");
+  EXPECT_EQ(f.options.system.loadFolder, "");
 }
 
 TEST(LoadPath, AddsAFileAndLoadsAnythingElseAsAFolder) {
   Fixture f({"/m/a.txt", "/m/b.txt", "/n/c.txt"});
   EXPECT_EQ(f.loader.LoadPath("/m/b.txt"), LoadOutcome::kLoaded);
-  EXPECT_EQ(f.options.system.dirPath, "") << "a single file is no folder";
+  EXPECT_EQ(f.options.system.loadFolder, "") << "a single file is no folder";
   EXPECT_EQ(f.loader.LoadPath("/n"), LoadOutcome::kLoaded);
   EXPECT_EQ(Locations(f.list), Texts({"/m/b.txt", "/n/c.txt"}));
-  EXPECT_EQ(f.options.system.dirPath, "/n/");
+  EXPECT_EQ(f.options.system.loadFolder, "/n/");
   EXPECT_EQ(f.loader.LoadPath("/m/absent.txt"), LoadOutcome::kFailed);
   EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({kUnreachable}));
 }
@@ -549,26 +549,26 @@ TEST(LoadPath, TheFolderOfAnAddedFileCountsAsLoaded) {
 TEST(OpenFileFilters, BeginWithThePatternOfTheOptions) {
   struct Case {
     const char* name;
-    std::int16_t filter, etc, html, music, text;
+    bool filter, etc, html, music, text;
     std::string expected;
   };
   OptionValues::Find find;
-  find.extEtcText = "xyz";
-  find.extHtmlText = "htm html";
-  find.extMusicText = "mid midi";
-  find.extTextText = "txt";
+  find.other.extensions = "xyz";
+  find.html.extensions = "htm html";
+  find.media.extensions = "mid midi";
+  find.text.extensions = "txt";
   const std::vector<Case> cases = {
-      {"filter off", 0, 1, 1, 1, 1, "*.*"},
-      {"no group", 1, 0, 0, 0, 0, "*.*"},
-      {"music", 1, 0, 0, 1, 0, "*.mid;*.midi"},
-      {"all, in their own order", 1, 1, 1, 1, 1, "*.xyz;*.htm;*.html;*.mid;*.midi;*.txt"},
+      {"filter off", false, true, true, true, true, "*.*"},
+      {"no group", true, false, false, false, false, "*.*"},
+      {"music", true, false, false, true, false, "*.mid;*.midi"},
+      {"all, in their own order", true, true, true, true, true, "*.xyz;*.htm;*.html;*.mid;*.midi;*.txt"},
   };
   for (const Case& c : cases) {
-    find.filterChk = c.filter;
-    find.extEtc = c.etc;
-    find.extHtml = c.html;
-    find.extMusic = c.music;
-    find.extText = c.text;
+    find.filterByExtension = c.filter;
+    find.other.on = c.etc;
+    find.html.on = c.html;
+    find.media.on = c.music;
+    find.text.on = c.text;
     EXPECT_EQ(OpenFilePattern(find), c.expected) << c.name;
     EXPECT_EQ(OpenFileFilters(find).front(), FileDialogFilter({"ファイル (" + c.expected + ")", c.expected})) << c.name;
   }
@@ -576,7 +576,7 @@ TEST(OpenFileFilters, BeginWithThePatternOfTheOptions) {
 
 TEST(OpenFileFilters, OfferTheMediaTypesBehindIt) {
   OptionValues::Find find;
-  find.filterChk = 0;
+  find.filterByExtension = false;
   const std::vector<FileDialogFilter> expected = {
       {"ファイル (*.*)", "*.*"}, {"すべてのメディアファイル", "*.mid;*.mp3;*.mpeg;*.mpe;*.mpg;*.avi;*.wav"},
       {"MIDIファイル", "*.mid"}, {"MP3ファイル", "*.mp3"},

@@ -32,39 +32,39 @@ struct Fixture {
 
 TEST(SearchFilter, JoinsTheListsOfTheEnabledGroups) {
   OptionValues::Find find;
-  find.extMusicText = "mid mp3";
-  find.extHtmlText = "htm";
-  find.extTextText = "txt doc";
-  find.extEtcText = "xyz";
+  find.media.extensions = "mid mp3";
+  find.html.extensions = "htm";
+  find.text.extensions = "txt doc";
+  find.other.extensions = "xyz";
   struct Case {
     const char* name;
-    std::int16_t filter, music, html, text, etc;
+    bool filter, music, html, text, etc;
     std::string expected;
   };
   const std::vector<Case> cases = {
-      {"filter off", 0, 1, 1, 1, 1, ""},
-      {"no group", 1, 0, 0, 0, 0, ""},
-      {"one group", 1, 0, 0, 1, 0, "txt doc"},
-      {"two groups", 1, 1, 0, 0, 1, "mid mp3 xyz"},
-      {"all", 1, 1, 1, 1, 1, "mid mp3 htm txt doc xyz"},
+      {"filter off", false, true, true, true, true, ""},
+      {"no group", true, false, false, false, false, ""},
+      {"one group", true, false, false, true, false, "txt doc"},
+      {"two groups", true, true, false, false, true, "mid mp3 xyz"},
+      {"all", true, true, true, true, true, "mid mp3 htm txt doc xyz"},
   };
   for (const Case& c : cases) {
-    find.filterChk = c.filter;
-    find.extMusic = c.music;
-    find.extHtml = c.html;
-    find.extText = c.text;
-    find.extEtc = c.etc;
+    find.filterByExtension = c.filter;
+    find.media.on = c.music;
+    find.html.on = c.html;
+    find.text.on = c.text;
+    find.other.on = c.etc;
     EXPECT_EQ(SearchFilter(find), c.expected) << c.name;
   }
 }
 
 TEST(SearchFilter, AGroupWithoutExtensionsAddsNoEmptyEntry) {
   OptionValues::Find find;
-  find.extHtml = 1;
-  find.extEtc = 1;
-  find.extHtmlText = "";
-  find.extMusicText = "mid";
-  find.extEtcText = "xyz";
+  find.html.on = true;
+  find.other.on = true;
+  find.html.extensions = "";
+  find.media.extensions = "mid";
+  find.other.extensions = "xyz";
   EXPECT_EQ(SearchFilter(find), "mid xyz");
 }
 

@@ -139,7 +139,7 @@ TEST(mnuUnChkListRem, KeepsTheCheckedRowsInTheirOrder) {
 
 TEST(mnuAllClear, AsksAndStopsOnNo) {
   Fixture f({"a"});
-  f.options.update.autoUpdate = 1;
+  f.options.update.automatic = true;
   f.ports.boxes.Answer(false);
   f.commands.mnuAllClear();
   EXPECT_EQ(f.list.Count(), 1);
@@ -161,19 +161,17 @@ TEST(mnuAllClear, EmptiesTheListStopsThePlayerAndShowsTheMode) {
 }
 
 TEST(mnuAllClear, AsksNothingWhenConfirmationsAreOff) {
-  for (const std::int16_t msgbox : {std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
-    Fixture f({"a"});
-    f.options.system.msgbox = msgbox;
-    f.commands.mnuAllClear();
-    EXPECT_EQ(f.list.Count(), 0);
-    EXPECT_EQ(f.ports.log.StartingWith("box"), Texts()) << msgbox;
-  }
+  Fixture f({"a"});
+  f.options.system.suppressConfirmations = true;
+  f.commands.mnuAllClear();
+  EXPECT_EQ(f.list.Count(), 0);
+  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts());
 }
 
 TEST(mnuAllClear, SwitchesToAutoApplyModeWhenTheSettingIsOn) {
   Fixture f({"a"});
-  f.options.system.msgbox = 1;
-  f.options.update.autoUpdate = 1;
+  f.options.system.suppressConfirmations = true;
+  f.options.update.automatic = true;
   f.commands.mnuAllClear();
   EXPECT_TRUE(f.mode.automatic);
   EXPECT_EQ(f.ports.log.Events(),
@@ -182,7 +180,7 @@ TEST(mnuAllClear, SwitchesToAutoApplyModeWhenTheSettingIsOn) {
 
 TEST(mnuAllClear, LeavesAutoApplyModeWhenTheSettingIsOff) {
   Fixture f({"a"});
-  f.options.system.msgbox = 1;
+  f.options.system.suppressConfirmations = true;
   f.mode.automatic = true;
   f.commands.mnuAllClear();
   EXPECT_FALSE(f.mode.automatic);

@@ -37,8 +37,8 @@ struct Fixture {
                     std::chrono::milliseconds(0)};
 
   explicit Fixture(const Texts& names) {
-    options.find.filterChk = 0;
-    options.system.msgbox = 1;
+    options.find.filterByExtension = false;
+    options.system.suppressConfirmations = true;
     for (const std::string& name : names) files.AddFile("/m/" + name, "12345");
     if (!names.empty()) loader.LoadFolder("/m/");
     ports.log.Clear();
@@ -47,8 +47,8 @@ struct Fixture {
 
 TEST(mnuReload, AsksAndStopsOnCancel) {
   Fixture f({"a.txt"});
-  f.options.system.msgbox = 0;
-  f.options.update.autoUpdate = 1;
+  f.options.system.suppressConfirmations = false;
+  f.options.update.automatic = true;
   f.list.SetRenameName(1, "edited");
   f.ports.boxes.Answer(false);
   f.loader.mnuReload();
@@ -59,7 +59,7 @@ TEST(mnuReload, AsksAndStopsOnCancel) {
 
 TEST(mnuReload, EndsAtTheNextRowWhenTheWindowCloses) {
   Fixture f({"a.txt", "b.txt", "c.txt"});
-  f.options.update.autoUpdate = 1;
+  f.options.update.automatic = true;
   for (int row = 1; row <= 3; ++row) f.list.SetRenameName(row, "edited");
   f.ports.pending.At(2, [&] { f.loader.Cancel(); });
   f.loader.mnuReload();
@@ -69,19 +69,17 @@ TEST(mnuReload, EndsAtTheNextRowWhenTheWindowCloses) {
 }
 
 TEST(mnuReload, AsksNothingWhenConfirmationsAreOff) {
-  for (const std::int16_t msgbox : {std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
-    Fixture f({"a.txt"});
-    f.options.system.msgbox = msgbox;
-    f.list.SetRenameName(1, "edited");
-    f.loader.mnuReload();
-    EXPECT_EQ(f.ports.log.StartingWith("box"), Texts()) << msgbox;
-    EXPECT_EQ(f.list.Row(1).renameName, "a") << msgbox;
-  }
+  Fixture f({"a.txt"});
+  f.options.system.suppressConfirmations = true;
+  f.list.SetRenameName(1, "edited");
+  f.loader.mnuReload();
+  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts());
+  EXPECT_EQ(f.list.Row(1).renameName, "a");
 }
 
 TEST(mnuReload, ShowsEveryStepInItsOrder) {
   Fixture f({"a.txt", "b.txt", "c.txt"});
-  f.options.system.msgbox = 0;
+  f.options.system.suppressConfirmations = false;
   f.list.SelectOnly(3);
   f.ports.boxes.Answer(true);
   const std::size_t before = f.ports.pending.Count();
@@ -112,7 +110,7 @@ TEST(mnuReload, ChecksRowsAsALoadDoes) {
   f.list.UncheckAll();
   f.loader.mnuReload();
   EXPECT_EQ(test::CheckedRows(f.list), Indices({1, 2}));
-  f.options.list.loadChk = 0;
+  f.options.list.checkLoadedRows = false;
   f.loader.mnuReload();
   EXPECT_EQ(test::CheckedRows(f.list), Indices());
 }
@@ -173,24 +171,24 @@ TEST(mnuReload, TellsTheObserverOfAllRowsAtOnce) {
 TEST(mnuReload, RereadsTheApplyMode) {
   struct Case {
     const char* name;
-    std::int16_t setting;
+    bool setting;
     bool before;
     std::string panel;
     Texts boxes;
   };
   const std::vector<Case> cases = {
-      {"on", 1, false, "panel mode: 自動適応モード", {kAutoOn}},
-      {"still on", 1, true, "panel mode: 自動適応モード", {kAutoOn}},
-      {"off", 0, false, "panel mode: 手動適応モード", {}},
-      {"switched off", 0, true, "panel mode: 手動適応モード", {}},
+      {"on", true, false, "panel mode: 自動適応モード", {kAutoOn}},
+      {"still on", true, true, "panel mode: 自動適応モード", {kAutoOn}},
+      {"off", false, false, "panel mode: 手動適応モード", {}},
+      {"switched off", false, true, "panel mode: 手動適応モード", {}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     Fixture f({"a"});
-    f.options.update.autoUpdate = c.setting;
+    f.options.update.automatic = c.setting;
     f.mode.automatic = c.before;
     f.loader.mnuReload();
-    EXPECT_EQ(f.mode.automatic, c.setting == 1);
+    EXPECT_EQ(f.mode.automatic, c.setting);
     EXPECT_EQ(f.ports.log.StartingWith("box"), c.boxes);
     EXPECT_EQ(f.ports.log.Events().back(), c.panel);
   }

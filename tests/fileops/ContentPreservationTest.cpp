@@ -32,7 +32,6 @@ class Dice {
   explicit Dice(unsigned seed) : random_(seed) {}
   int Below(int bound) { return std::uniform_int_distribution<int>(0, bound - 1)(random_); }
   bool Coin() { return Below(2) == 1; }
-  std::int16_t Flag() { return static_cast<std::int16_t>(Below(2)); }
   const std::string& OneOf(const Texts& texts) {
     return texts[static_cast<std::size_t>(Below(static_cast<int>(texts.size())))];
   }
@@ -120,10 +119,10 @@ class Session {
         engine_(list_, options_, mode_,
                 {*volume.reads, *volume.changes, ports_.boxes, ports_.filePanel, ports_.window, ports_.player},
                 volume.style) {
-    options_.find.filterChk = 0;
-    options_.system.msgbox = 1;
-    options_.list.delToTrashBox = false;
-    options_.list.subFolder = 1;
+    options_.find.filterByExtension = false;
+    options_.system.suppressConfirmations = true;
+    options_.list.deleteTo = DeleteTo::kNowhere;
+    options_.list.searchSubfolders = true;
   }
 
   /// Loads every file. A row keeps its content in the artist column, which no command under test looks at.
@@ -176,11 +175,11 @@ class Session {
 
   /// New options, rename names, checks and a selected row.
   void Shuffle() {
-    options_.update.errSkip = dice_.Flag();
-    options_.update.updateErrChk = dice_.Flag();
-    options_.update.updateRemChk = dice_.Flag();
-    options_.move.remainList = dice_.Flag();
-    options_.list.delCompMsg = dice_.Flag();
+    options_.update.skipFailedRows = dice_.Coin();
+    options_.update.checkFailedRows = dice_.Coin();
+    options_.update.uncheckAppliedRows = dice_.Coin();
+    options_.move.keepMovedRows = dice_.Coin();
+    options_.list.confirmDeletion = dice_.Coin();
     const Texts names = RenameNamesFor(volume_);
     for (int index = 1; index <= list_.Count(); ++index) {
       if (dice_.Coin()) list_.SetRenameName(index, dice_.OneOf(names));
@@ -256,12 +255,12 @@ class Session {
       const auto now = after.find(content);
       const std::string there = target + std::string(FileName(then.location, volume_.style));
       if (now == after.end()) {
-        EXPECT_EQ(options_.move.remainList, 0);
+        EXPECT_FALSE(options_.move.keepMovedRows);
         EXPECT_TRUE(inScope(then));
         EXPECT_EQ(ContentOf(there), content);
         ++moved;
       } else if (inScope(then) && then.location != there && now->second.location == there) {
-        EXPECT_EQ(options_.move.remainList, 1);
+        EXPECT_TRUE(options_.move.keepMovedRows);
         ++moved;
       } else {
         EXPECT_EQ(now->second.location, then.location) << "a row that was not moved has changed";

@@ -63,8 +63,8 @@ struct Fixture {
       list.Add(test::RowFor(Path(name), style));
     }
     files.AddFolder(style == kWin ? "C:\\t" : "/t");
-    options.list.delToTrashBox = false;
-    options.list.delCompMsg = 0;
+    options.list.deleteTo = DeleteTo::kNowhere;
+    options.list.confirmDeletion = false;
   }
 
   [[nodiscard]] std::string Path(const std::string& name) const { return (style == kWin ? "C:\\m\\" : "/m/") + name; }
@@ -96,7 +96,7 @@ TEST(RecycleFile, PassesTheSystemsOwnResultOn) {
 TEST(DeleteForGood, AsksWithThePathWhenTheOptionSaysSo) {
   for (const bool yes : {false, true}) {
     Fixture f({"a.mid", "b.mid"});
-    f.options.list.delCompMsg = 1;
+    f.options.list.confirmDeletion = true;
     f.list.SelectOnly(2);
     f.ports.boxes.Answer(yes);
     f.commands.mnuThisDel();
@@ -110,15 +110,13 @@ TEST(DeleteForGood, AsksWithThePathWhenTheOptionSaysSo) {
 }
 
 TEST(DeleteForGood, AsksNothingWhenConfirmationsAreOff) {
-  for (const std::int16_t msgbox : {std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
-    Fixture f({"a.mid"});
-    f.options.list.delCompMsg = 1;
-    f.options.system.msgbox = msgbox;
-    f.list.SelectOnly(1);
-    f.commands.mnuThisDel();
-    EXPECT_FALSE(f.files.Exists("/m/a.mid"));
-    EXPECT_EQ(f.ports.boxes.Shown().size(), 0u) << msgbox;
-  }
+  Fixture f({"a.mid"});
+  f.options.list.confirmDeletion = true;
+  f.options.system.suppressConfirmations = true;
+  f.list.SelectOnly(1);
+  f.commands.mnuThisDel();
+  EXPECT_FALSE(f.files.Exists("/m/a.mid"));
+  EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
 }
 
 TEST(DeleteForGood, RemovesTheFileAndTheRowAndResetsThePanels) {
@@ -169,8 +167,8 @@ TEST(DeleteForGood, ReportsErrorsAndKeepsTheRow) {
 
 TEST(DeleteToRecycleBin, AsksNothingItself) {
   Fixture f({"a.mid", "b.mid"});
-  f.options.list.delToTrashBox = true;
-  f.options.list.delCompMsg = 1;
+  f.options.list.deleteTo = DeleteTo::kRecycleBin;
+  f.options.list.confirmDeletion = true;
   f.ports.player.loaded = "/m/b.mid";
   f.list.SelectOnly(2);
   f.commands.mnuThisDel();
@@ -184,8 +182,8 @@ TEST(DeleteToRecycleBin, AsksNothingItself) {
 TEST(DeleteToRecycleBin, IsAskedForWhereTheDesktopDoesNotAsk) {
   for (const bool yes : {false, true}) {
     Fixture f({"a.mid", "b.mid"});
-    f.options.list.delToTrashBox = true;
-    f.options.list.delCompMsg = 1;
+    f.options.list.deleteTo = DeleteTo::kRecycleBin;
+    f.options.list.confirmDeletion = true;
     f.files.recycleAsks = false;
     f.list.SelectOnly(2);
     f.ports.boxes.Answer(yes);
@@ -199,22 +197,22 @@ TEST(DeleteToRecycleBin, IsAskedForWhereTheDesktopDoesNotAsk) {
 }
 
 TEST(DeleteToRecycleBin, IsNotAskedForWhenConfirmationsAreOff) {
-  for (const std::int16_t msgbox : {std::int16_t{0}, std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
+  for (const bool suppressed : {false, true}) {
     Fixture f({"a.mid", "b.mid"});
-    f.options.list.delToTrashBox = true;
-    f.options.list.delCompMsg = msgbox == 0 ? 0 : 1;
-    f.options.system.msgbox = msgbox;
+    f.options.list.deleteTo = DeleteTo::kRecycleBin;
+    f.options.list.confirmDeletion = suppressed;
+    f.options.system.suppressConfirmations = suppressed;
     f.files.recycleAsks = false;
     f.list.SelectOnly(2);
     f.commands.mnuThisDel();
-    EXPECT_TRUE(f.ports.boxes.Shown().empty()) << msgbox;
+    EXPECT_TRUE(f.ports.boxes.Shown().empty()) << suppressed;
     EXPECT_EQ(f.files.Recycled(), Texts({"/m/b.mid"}));
   }
 }
 
 TEST(DeleteToRecycleBin, KeepsTheRowWhenTheUserDeclined) {
   Fixture f({"a.mid"});
-  f.options.list.delToTrashBox = true;
+  f.options.list.deleteTo = DeleteTo::kRecycleBin;
   f.files.DeclineRecycling();
   f.list.SelectOnly(1);
   f.commands.mnuThisDel();
@@ -225,7 +223,7 @@ TEST(DeleteToRecycleBin, KeepsTheRowWhenTheUserDeclined) {
 
 TEST(DeleteToRecycleBin, SaysThatAMissingFileCannotBeDeleted) {
   Fixture f({"a.mid"});
-  f.options.list.delToTrashBox = true;
+  f.options.list.deleteTo = DeleteTo::kRecycleBin;
   ASSERT_FALSE(f.files.Remove("/m/a.mid"));
   f.list.SelectOnly(1);
   f.commands.mnuThisDel();
@@ -236,7 +234,7 @@ TEST(DeleteToRecycleBin, SaysThatAMissingFileCannotBeDeleted) {
 
 TEST(DeleteToRecycleBin, SaysSoWhenTheBinRefusedInSilence) {
   Fixture f({"a.mid"});
-  f.options.list.delToTrashBox = true;
+  f.options.list.deleteTo = DeleteTo::kRecycleBin;
   f.files.Fail(FileCall::kRecycle, "/m/a.mid", {kRecycleNotDone, ""});
   f.list.SelectOnly(1);
   f.commands.mnuThisDel();
@@ -247,7 +245,7 @@ TEST(DeleteToRecycleBin, SaysSoWhenTheBinRefusedInSilence) {
 
 TEST(DeleteToRecycleBin, AnyOtherResultTakesTheRowOutLikeASuccess) {
   Fixture f({"a.mid"});
-  f.options.list.delToTrashBox = true;
+  f.options.list.deleteTo = DeleteTo::kRecycleBin;
   f.files.Fail(FileCall::kRecycle, "/m/a.mid", {124, ""});
   f.list.SelectOnly(1);
   f.commands.mnuThisDel();
@@ -265,12 +263,12 @@ TEST(mnuThisDel, DoesNothingWithoutASelection) {
 
 TEST(mnuThisMove, StartsAtTheLastTargetAndACancelChangesNothing) {
   Fixture f({"a.mid"});
-  f.options.system.movePath = "/last/";
+  f.options.system.moveFolder = "/last/";
   f.list.SelectOnly(1);
   f.ports.folders.Answer("");
   f.commands.mnuThisMove();
   EXPECT_EQ(f.ports.log.Events(), Texts({"folder dialog: ファイルの移動先フォルダを選択してください | /last/ | 移動"}));
-  EXPECT_EQ(f.options.system.movePath, "/last/");
+  EXPECT_EQ(f.options.system.moveFolder, "/last/");
   EXPECT_EQ(f.files.CountOf(FileCall::kMove), 0u);
 }
 
@@ -291,7 +289,7 @@ TEST(mnuThisMove, WithRemainListTheRowStaysAndFollowsItsFile) {
     EXPECT_EQ(f.ports.player.chosen, "/t/B.MID");
     EXPECT_EQ(f.ports.log.Events(),
               Texts({kPrompt, "player release /m/B.MID", "player stopped", "file panel name /t/B.MID", kMoved}));
-    EXPECT_EQ(f.options.system.movePath, "/t/");
+    EXPECT_EQ(f.options.system.moveFolder, "/t/");
     EXPECT_EQ(Locations(f.list), Texts({"/m/a.mid", "/t/B.MID"})) << "name and extension do not change";
     EXPECT_EQ(f.list.Row(2).renameName, "edited");
     EXPECT_EQ(f.list.SelectedIndex(), 2);
@@ -302,7 +300,7 @@ TEST(mnuThisMove, WithRemainListTheRowStaysAndFollowsItsFile) {
 
 TEST(mnuThisMove, WithoutRemainListTheRowLeavesAndThePanelsAreReset) {
   Fixture f({"a.mid", "b.mid"});
-  f.options.move.remainList = 0;
+  f.options.move.keepMovedRows = false;
   f.list.SelectOnly(1);
   f.ports.folders.Answer("/t");
   f.commands.mnuThisMove();
@@ -318,7 +316,7 @@ TEST(mnuThisMove, WorksOnWindowsPaths) {
   f.ports.folders.Answer("C:\\t");
   f.commands.mnuThisMove();
   EXPECT_EQ(Locations(f.list), Texts({"C:\\t\\表.mid"}));
-  EXPECT_EQ(f.options.system.movePath, "C:\\t\\");
+  EXPECT_EQ(f.options.system.moveFolder, "C:\\t\\");
   EXPECT_TRUE(f.files.Exists("C:\\t\\表.mid"));
 }
 
@@ -334,9 +332,9 @@ TEST(mnuThisMove, ReportsErrorsAndLeavesFileAndRow) {
       {file_error::kOwn + 28, "box [ファイル移動] ファイルが移動できませんでした (stop, ok)"},
   };
   for (const Case& c : cases) {
-    for (const std::int16_t remain : {std::int16_t{0}, std::int16_t{1}}) {
+    for (const bool keep : {false, true}) {
       Fixture f({"a.mid"});
-      f.options.move.remainList = remain;
+      f.options.move.keepMovedRows = keep;
       f.files.Fail(FileCall::kMove, "/m/a.mid", {c.number, "why"});
       f.list.SelectOnly(1);
       f.ports.folders.Answer("/t");
@@ -404,9 +402,9 @@ TEST(BatchMove, ShowsEveryStepInItsOrder) {
 }
 
 TEST(BatchMove, GoesOnAfterAFailureAndCountsOnlyTheMoved) {
-  for (const std::int16_t remain : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool keep : {false, true}) {
     Fixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
-    f.options.move.remainList = remain;
+    f.options.move.keepMovedRows = keep;
     f.files.AddFile("/t/b.mid", "other");
     f.files.Fail(FileCall::kMove, "/m/c.mid", {file_error::kAccess, "denied"});
     f.ports.folders.Answer("/t");
@@ -418,13 +416,13 @@ TEST(BatchMove, GoesOnAfterAFailureAndCountsOnlyTheMoved) {
                "box [ファイル移動] 移動先にアクセスできません\\r\\nファイルが移動できませんでした (exclamation, ok)",
                MovedCount(2)}));
     EXPECT_EQ(Locations(f.list),
-              remain == 1 ? Texts({"/t/a.mid", "/m/b.mid", "/m/c.mid", "/t/d.mid"}) : Texts({"/m/b.mid", "/m/c.mid"}));
+              keep ? Texts({"/t/a.mid", "/m/b.mid", "/m/c.mid", "/t/d.mid"}) : Texts({"/m/b.mid", "/m/c.mid"}));
   }
 }
 
 TEST(BatchMove, WithoutRemainListExactlyTheMovedRowsLeave) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
-  f.options.move.remainList = 0;
+  f.options.move.keepMovedRows = false;
   f.list.SetChecked(2, true);
   f.list.SelectOnly(3);
   f.ports.folders.Answer("/t");
@@ -477,7 +475,7 @@ TEST(BatchMove, TellsNoMoreFailuresWhenTheUserWantsNone) {
 
 TEST(BatchMove, EndsWithoutASummaryWhenNobodyWaitsForIt) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
-  f.options.move.remainList = 0;
+  f.options.move.keepMovedRows = false;
   f.files.AddFile("/t/b.mid", "other");
   f.ports.folders.Answer("/t");
   f.ports.boxes.AnswerFailure(FailureAnswer::kStop);
@@ -500,7 +498,7 @@ TEST(ThisMove, TellsDetailsOnDemandAndOffersNoMore) {
 
 TEST(BatchMove, WhenNothingCouldBeMovedSaysZeroAndKeepsThePanels) {
   Fixture f({"a.mid"});
-  f.options.move.remainList = 0;
+  f.options.move.keepMovedRows = false;
   f.list.SelectOnly(1);
   f.files.AddFile("/t/a.mid", "other");
   f.ports.folders.Answer("/t");
@@ -588,15 +586,14 @@ TEST(BatchMove, ThatIsQuickShowsNothing) {
 }
 
 TEST(BatchMove, CancelledInAFileLeavesItAndTheRest) {
-  for (const std::int16_t remain : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool keep : {false, true}) {
     CopyingFixture f;
-    f.options.move.remainList = remain;
+    f.options.move.keepMovedRows = keep;
     f.CancelAt(7);  // in the middle of the second file
     f.commands.mnuAllMove();
     EXPECT_EQ(f.files.NamesIn("/t"), Texts({"a.mid"}));
     EXPECT_EQ(f.files.NamesIn("/m"), Texts({"b.mid", "c.mid"}));
-    EXPECT_EQ(Locations(f.list),
-              remain == 1 ? Texts({"/t/a.mid", "/m/b.mid", "/m/c.mid"}) : Texts({"/m/b.mid", "/m/c.mid"}));
+    EXPECT_EQ(Locations(f.list), keep ? Texts({"/t/a.mid", "/m/b.mid", "/m/c.mid"}) : Texts({"/m/b.mid", "/m/c.mid"}));
     EXPECT_EQ(f.ports.log.StartingWith("box"),
               Texts({"box [ファイル移動] 1 個のファイルの移動が完了しました" + std::string(kMoveCancelled)}));
   }
@@ -653,7 +650,7 @@ struct ForgetfulPlayer final : PlayerControl {
 
 TEST(BatchMove, AnExceptionLeavesTheWindowUsableAndNoRowOfAMovedFile) {
   Fixture f({"a.mid", "b.mid"});
-  f.options.move.remainList = 0;
+  f.options.move.keepMovedRows = false;
   ForgetfulPlayer player;
   FileCommands commands(
       f.list, f.options, f.rows,
@@ -691,7 +688,7 @@ TEST(mnuThisMove, TellsWhatCouldNotBeKept) {
 
 TEST(mnuThisMove, ASourceThatHasChangedMeanwhileKeepsItsRowAndItsCopyIsNamed) {
   Fixture f({"a.mid"});
-  f.options.move.remainList = 0;
+  f.options.move.keepMovedRows = false;
   f.files.Fail(FileCall::kMove, "/m/a.mid", {file_error::kBothKept, "changed", "/t/a.mid"});
   f.list.SelectOnly(1);
   f.ports.folders.Answer("/t");
@@ -704,15 +701,15 @@ TEST(mnuThisMove, ASourceThatHasChangedMeanwhileKeepsItsRowAndItsCopyIsNamed) {
 }
 
 TEST(BatchMove, ARowPointsAtItsFileWhereverItWasLeft) {
-  for (const std::int16_t remain : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool keep : {false, true}) {
     Fixture f({"a.mid", "b.mid"});
-    f.options.move.remainList = remain;
+    f.options.move.keepMovedRows = keep;
     f.ports.player.chosen = "/m/a.mid";
     f.files.Fail(FileCall::kMove, "/m/a.mid", {file_error::kStranded, "lost", "/t/.quillon-1"});
     f.list.SelectOnly(1);
     f.ports.folders.Answer("/t");
     f.commands.mnuAllMove();
-    EXPECT_EQ(Locations(f.list), remain == 1 ? Texts({"/t/.quillon-1", "/t/b.mid"}) : Texts({"/t/.quillon-1"}));
+    EXPECT_EQ(Locations(f.list), keep ? Texts({"/t/.quillon-1", "/t/b.mid"}) : Texts({"/t/.quillon-1"}));
     EXPECT_TRUE(f.ports.log.Has("file panel name /t/.quillon-1"));
     EXPECT_EQ(f.ports.log.StartingWith("box").front(),
               "box [ファイル移動] ファイルが移動できませんでした\\r\\n\\r\\nファイルは現在ここにあります： "

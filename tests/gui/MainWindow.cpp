@@ -65,8 +65,8 @@ bool Until(const std::function<bool()>& condition) {
 
 OptionValues MainWindowTest::Options() {
   OptionValues options;
-  options.find.filterChk = 0;
-  options.list.delToTrashBox = false;
+  options.find.filterByExtension = false;
+  options.list.deleteTo = DeleteTo::kNowhere;
   return options;
 }
 

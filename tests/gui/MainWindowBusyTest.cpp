@@ -56,8 +56,8 @@ TEST_F(BusyMainWindow, IsDisabledUnderTheHourglassWhileFilesAreMoved) {
 
 TEST_F(BusyMainWindow, ShowsTheWaitWindowAndTheBusyArrowWhileRulesRun) {
   OptionValues options = Options();
-  options.update.autoUpdate = 1;
-  options.modify.rules[0] = {1, "a", "b"};
+  options.update.automatic = true;
+  options.modify.rules[0] = {true, "a", "b"};
   OpenFolder(options);
   dialogs.Use([](wxDialog& dialog) {
     wxCommandEvent click(wxEVT_BUTTON, wxID_OK);

@@ -63,7 +63,7 @@ TEST_F(CommandsOfMainWindow, AreEnabledAsTheListAllows) {
 
 TEST_F(CommandsOfMainWindow, InAutomaticModeNothingIsAppliedOrUndoneByCommand) {
   OptionValues options = Options();
-  options.update.autoUpdate = 1;
+  options.update.automatic = true;
   OpenFolder(options);
   ExpectMenu({mnuUpdate, mnuAllUpdate, mnuUndo, mnuAllUndo}, false);
   ExpectMenu({mnuRename, mnuAllRename, mnuModify, mnuAllModify, mnuMove, mnuReload}, true);
@@ -85,10 +85,10 @@ TEST_F(CommandsOfMainWindow, AlwaysOnTopIsAMarkOfItsMenuItem) {
     Run(mnuFront);
     EXPECT_EQ(Frame().GetMenuBar()->IsChecked(id), front);
     EXPECT_TRUE(Until([&] { return IsAboveOthers(Frame()) == front; })) << front;
-    EXPECT_EQ(App().Options().system.front, front);
+    EXPECT_EQ(App().Options().system.alwaysOnTop, front);
   }
   OptionValues options = Options();
-  options.system.front = true;
+  options.system.alwaysOnTop = true;
   CloseWindow();
   Open(options);
   EXPECT_TRUE(Frame().GetMenuBar()->IsChecked(id));

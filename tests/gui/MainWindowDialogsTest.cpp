@@ -38,7 +38,7 @@ class DialogsOfMainWindow : public MainWindowTest {
 TEST_F(DialogsOfMainWindow, TheVersionBoxKnowsTheStateOfTheProgram) {
   for (const bool front : {false, true}) {
     OptionValues options = Options();
-    options.system.front = front;
+    options.system.alwaysOnTop = front;
     Open(options);
     dialogs.Use([&](wxDialog& dialog) {
       EXPECT_EQ(FromWx(dialog.GetTitle()), "バージョン情報");
@@ -98,7 +98,7 @@ TEST_F(DialogsOfMainWindow, TheFolderListIsOneWindowThatTheCommandReadsAnew) {
   folder.MakeFolder("inner");
   folder.Write("inner/b.txt", "b");
   OptionValues options = Options();
-  options.list.subFolder = 1;
+  options.list.searchSubfolders = true;
   OpenFolder(options);
   ShowFolderList();
   const frmDirShow* const first = FolderList();

@@ -71,14 +71,14 @@ TEST_F(FilesInMainWindow, AFolderIsLoadedAndItsFirstRowShown) {
 
 TEST_F(FilesInMainWindow, TheFolderDialogLoadsAFolderAndRemembersIt) {
   OptionValues options = Options();
-  options.system.dirPath = home.Path();
+  options.system.loadFolder = home.Path();
   Open(options);
   dialogs.ChooseFolder(folder.Path().substr(0, folder.Path().size() - 1));
   Run(Command::mnuFolderReference);
   EXPECT_EQ(dialogs.Prompt(), "リネームするファイルが格納されているフォルダを選択してください");
   EXPECT_TRUE(home.Path().starts_with(dialogs.StartFolder())) << dialogs.StartFolder();
   EXPECT_EQ(Names(), (Texts{"a", "b", "c"}));
-  EXPECT_EQ(App().Options().system.dirPath, folder.Path());
+  EXPECT_EQ(App().Options().system.loadFolder, folder.Path());
   EXPECT_EQ(Text("txtAlterTitle"), "a");
 
   dialogs.ChooseFolder("");
@@ -213,7 +213,7 @@ TEST_F(FilesInMainWindow, TitlesAndRulesBecomeFileNames) {
 
 TEST_F(FilesInMainWindow, RulesWorkOnTheCheckedRowsOrOnAll) {
   OptionValues options = Options();
-  options.modify.upper = 1;
+  options.modify.upper = true;
   OpenFolder(options);
   List().SetChecked(2, false);
   const auto execute = [](wxDialog& dialog) {
@@ -286,7 +286,7 @@ TEST_F(FilesInMainWindow, AFailedRowStaysCheckedAndIsTriedAgain) {
 
 TEST_F(FilesInMainWindow, TheSelectedFileIsMovedAndStaysListed) {
   OptionValues options = Options();
-  options.system.movePath = home.Path();
+  options.system.moveFolder = home.Path();
   OpenFolder(options);
   const std::string target = folder.MakeFolder("moved");
   SelectRow(2);
@@ -299,14 +299,14 @@ TEST_F(FilesInMainWindow, TheSelectedFileIsMovedAndStaysListed) {
                                                         MessageIcon::kInformation, MessageButtons::kOk}}));
   EXPECT_TRUE(folder.Exists("moved/b.mid"));
   EXPECT_FALSE(folder.Exists("b.mid"));
-  EXPECT_EQ(App().Options().system.movePath, target);
+  EXPECT_EQ(App().Options().system.moveFolder, target);
   EXPECT_EQ(NativeText(Frame().List(), 2, Column::kLocation), folder.At("moved/b.mid"));
   EXPECT_EQ(SelectedRows(), Rows{2});
 }
 
 TEST_F(FilesInMainWindow, AMovedFileLeavesTheListWhenTheUserWantsThat) {
   OptionValues options = Options();
-  options.move.remainList = 0;
+  options.move.keepMovedRows = false;
   OpenFolder(options);
   const std::string target = folder.MakeFolder("moved");
   dialogs.ChooseFolder(target);

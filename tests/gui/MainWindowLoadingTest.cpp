@@ -59,7 +59,7 @@ class LoadsInMainWindow : public MainWindowTest {
 
   static OptionValues WithSubfolders() {
     OptionValues options = Options();
-    options.list.subFolder = 1;
+    options.list.searchSubfolders = true;
     return options;
   }
 
@@ -168,7 +168,7 @@ TEST_F(LoadsInMainWindow, AreCancelledByTheSearchWindowsButton) {
 TEST_F(LoadsInMainWindow, AreSearchedForInAWindowThatIsOnTopWithTheMainWindow) {
   for (const bool front : {false, true}) {
     OptionValues options = WithSubfolders();
-    options.system.front = front;
+    options.system.alwaysOnTop = front;
     Open(options);
     std::optional<bool> above;
     std::string caption;
@@ -237,7 +237,7 @@ TEST_F(LoadsInMainWindow, WithoutAFileOfferAnotherFolder) {
 
 TEST_F(LoadsInMainWindow, TakeDroppedFilesAndFolders) {
   OptionValues options = Options();
-  options.list.loadRemove = 1;
+  options.list.clearBeforeLoading = true;
   WriteMidi("動画 1/a.mid", "First");
   WriteMidi("動画 1/b.mid", "Second");
   const std::string file = WriteMidi("100%20.mid", "Third");
@@ -249,7 +249,7 @@ TEST_F(LoadsInMainWindow, TakeDroppedFilesAndFolders) {
   EXPECT_EQ(NativeCount(Frame().List()), 3);
   EXPECT_EQ(SelectedRows(), std::vector<int>{1});
   EXPECT_EQ(Text("txtTitle"), "Third");
-  EXPECT_EQ(App().Options().list.loadRemove, 1);
+  EXPECT_TRUE(App().Options().list.clearBeforeLoading);
 
   dialogs.Answer();
   EXPECT_TRUE(Drop({file}));

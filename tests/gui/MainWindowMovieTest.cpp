@@ -112,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(Playing, EachKind,
 TEST_F(FilmsInMainWindow, ThePictureIsShownAndFollowsItsWindow) {
   TakeSample("mpeg1.mpg", "bars.mpg");
   OptionValues options = Options();
-  options.player.repeat = 1;
+  options.player.repeat = true;
   OpenFolder(options);
   DoubleClickRow(1);
   ASSERT_TRUE(Until([] { return Movie() != nullptr; }));
@@ -128,8 +128,8 @@ TEST_F(FilmsInMainWindow, TheirWindowIsOnTopWithTheMainWindow) {
   TakeSample("mpeg1.mpg", "bars.mpg");
   for (const bool front : {false, true}) {
     OptionValues options = Options();
-    options.system.front = front;
-    options.player.repeat = 1;
+    options.system.alwaysOnTop = front;
+    options.player.repeat = true;
     OpenFolder(options);
     DoubleClickRow(1);
     ASSERT_TRUE(Until([] { return Movie() != nullptr; }));

@@ -176,7 +176,7 @@ TEST_F(PlayerOfMainWindow, AShortFileIsRepeated) {
 TEST_F(PlayerOfMainWindow, ContinuousPlayGoesThroughTheListAndStartsOver) {
   for (const char* name : {"a.wav", "b.txt", "c.wav"}) WriteWave(name, 500);
   OptionValues options = Options();
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   OpenFolder(options);
   DoubleClickRow(1);
   EXPECT_TRUE(Shows("再生中： c.wav")) << "past the text file";
@@ -188,14 +188,14 @@ TEST_F(PlayerOfMainWindow, AClickOnTheSelectedRowBringsThePlayerBackToIt) {
   WriteWave("a.wav", 500);
   WriteWave("b.wav", 60000);
   OptionValues options = Options();
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   OpenFolder(options);
   for (const bool menu : {false, true}) {
     DoubleClickRow(1);
     EXPECT_TRUE(Shows("再生中： b.wav"));
     ASSERT_EQ(SelectedRows(), std::vector<int>{1});
     Wait(1000);  // else the next click could be the double click's third
-    App().Options().player.allPlay = 0;
+    App().Options().player.continuous = false;
     if (menu) {
       FocusList();
       const MenuKeys keys({WXK_DOWN, WXK_RETURN});
@@ -207,7 +207,7 @@ TEST_F(PlayerOfMainWindow, AClickOnTheSelectedRowBringsThePlayerBackToIt) {
       ClickOn("cmdPlay");
     }
     EXPECT_TRUE(Shows("停止： a.wav")) << Status(kSelectionPanel);
-    App().Options().player.allPlay = 1;
+    App().Options().player.continuous = true;
   }
 }
 
@@ -216,7 +216,7 @@ TEST_F(PlayerOfMainWindow, ContinuousPlayGoesPastABrokenFile) {
   folder.Write("b.wav", "This is no sound at all, whatever its name says.");
   WriteWave("c.wav", 500);
   OptionValues options = Options();
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   OpenFolder(options);
   DoubleClickRow(1);
   EXPECT_TRUE(Shows("再生できません： b.wav")) << Status(kSelectionPanel);
@@ -246,7 +246,7 @@ TEST_F(PlayerOfMainWindow, ThePlayingRowIsRenamed) {
 TEST_F(PlayerOfMainWindow, TheThumbGoesBackWhenTheFileIsReleased) {
   WriteWave("a.wav", 4000);
   OptionValues options = Options();
-  options.update.autoUpdate = 1;
+  options.update.automatic = true;
   OpenFolder(options);
   DoubleClickRow(1);
   EXPECT_TRUE(PositionPasses(1500));
@@ -317,7 +317,7 @@ TEST_F(PlayerOfMainWindow, AskedForNoFileItSaysSo) {
 TEST_F(PlayerOfMainWindow, TheInformationTellsThePlayingTimeWhenTheSettingSaysSo) {
   WriteWave("a.wav", 65000);
   OptionValues options = Options();
-  options.system.loadTime = 1;
+  options.system.readPlayTimes = true;
   OpenFolder(options);
   EXPECT_TRUE(Text("txtFileInfo").ends_with(" / 演奏時間： 1:05")) << Text("txtFileInfo");
 }

@@ -37,7 +37,7 @@ class RecycleBinOfMainWindow : public MainWindowTest {
 
   static OptionValues WithTrash() {
     OptionValues options = Options();
-    options.list.delToTrashBox = true;
+    options.list.deleteTo = DeleteTo::kRecycleBin;
     return options;
   }
 };
@@ -67,7 +67,7 @@ TEST_F(RecycleBinOfMainWindow, IsNotAskedForWhenTheOptionsSaySo) {
   if (!InOwnHome()) return;
   WriteMidi("a.mid", "First");
   OptionValues options = WithTrash();
-  options.list.delCompMsg = 0;
+  options.list.confirmDeletion = false;
   OpenFolder(options);
   Run(Command::mnuThisDel);
   EXPECT_TRUE(IsInTrash("a.mid"));

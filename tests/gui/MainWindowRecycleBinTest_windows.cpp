@@ -62,7 +62,7 @@ class RecycleBinOfMainWindow : public MainWindowTest {
 
   void OpenFiles() {
     OptionValues options = Options();
-    options.list.delToTrashBox = true;
+    options.list.deleteTo = DeleteTo::kRecycleBin;
     Open(options, {files_.string()});
   }
 

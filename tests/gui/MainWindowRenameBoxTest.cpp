@@ -20,7 +20,7 @@ class RenameBoxInMainWindow : public MainWindowTest {
 
   void OpenAutomatic() {
     OptionValues options = Options();
-    options.update.autoUpdate = 1;
+    options.update.automatic = true;
     OpenFolder(options);
     ASSERT_EQ(Status(kModePanel), kAutomatic);
   }

@@ -80,7 +80,7 @@ TEST_F(SettingsOfMainWindow, PlaceSizeAndColumnsSurviveARestart) {
   CloseWindow();
 
   const OptionValues saved = Saved();
-  EXPECT_EQ(saved.player.repeat, 1);
+  EXPECT_TRUE(saved.player.repeat);
   for (int run = 0; run < 2; ++run) {
     Open(Saved());
     EXPECT_EQ(Frame().GetRect(), place) << run;
@@ -156,17 +156,17 @@ TEST_F(SettingsOfMainWindow, AWindowLargerThanTheScreenIsMadeAsLarge) {
 
 TEST_F(SettingsOfMainWindow, ClosingWritesEverySettingButTheApplyMode) {
   OptionValues options = Options();
-  options.update.autoUpdate = 1;
-  options.modify.rules[0] = {1, "検索", "置換"};
-  options.system.dirPath = folder.Path();
+  options.update.automatic = true;
+  options.modify.rules[0] = {true, "検索", "置換"};
+  options.system.loadFolder = folder.Path();
   Open(options);
   CloseWindow();
   EXPECT_EQ(home.Read("Quillon.ini").find("AutoUpdate"), std::string::npos);
   const OptionValues saved = Saved();
   EXPECT_EQ(saved.modify.rules[0].find, "検索");
-  EXPECT_EQ(saved.system.dirPath, folder.Path());
-  EXPECT_EQ(saved.find.filterChk, 0);
-  EXPECT_EQ(saved.update.autoUpdate, 0);
+  EXPECT_EQ(saved.system.loadFolder, folder.Path());
+  EXPECT_FALSE(saved.find.filterByExtension);
+  EXPECT_FALSE(saved.update.automatic);
 }
 
 TEST_F(SettingsOfMainWindow, QuitClosesAndWrites) {
@@ -195,7 +195,7 @@ TEST_F(SettingsOfMainWindow, ResetAndQuitAsksDeletesTheFileAndWritesNothing) {
 TEST_F(SettingsOfMainWindow, ResetAndQuitDoesNotAskWhenConfirmationsAreOff) {
   SaveOnce();
   OptionValues options = Saved();
-  options.system.msgbox = 1;
+  options.system.suppressConfirmations = true;
   Open(options);
   Run(Command::mnuOptionDefaultExit);
   EXPECT_TRUE(Until([this] { return !IsOpen(); }));
@@ -205,7 +205,7 @@ TEST_F(SettingsOfMainWindow, ResetAndQuitDoesNotAskWhenConfirmationsAreOff) {
 TEST_F(SettingsOfMainWindow, TheWindowClosesWithTheFocusInTheRenameBox) {
   folder.Write("a.txt");
   OptionValues options = Options();
-  options.update.autoUpdate = 1;
+  options.update.automatic = true;
   OpenFolder(options);
   FocusBox();
   Key(WXK_DELETE);

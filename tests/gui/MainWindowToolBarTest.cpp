@@ -108,7 +108,7 @@ TEST_F(ToolBarOfMainWindow, EachButtonRunsItsCommand) {
 
 TEST_F(ToolBarOfMainWindow, EachMenuRunsTheCommandForAllRows) {
   OptionValues options = Options();
-  options.modify.upper = 1;
+  options.modify.upper = true;
   OpenFolder(options);
   Run(mnuChkRem);  // the buttons themselves do nothing now
   const std::pair<Command, const char*> questions[] = {

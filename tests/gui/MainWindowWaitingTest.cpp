@@ -68,8 +68,8 @@ class WaitingInMainWindow : public MainWindowTest {
   /// Many rows, and a rule that takes minutes for all of them.
   void OpenWithMuchToDo() {
     OptionValues options = Options();
-    options.modify.findCtrl = 1;
-    options.modify.rules[0] = {1, kFind, kReplacement};
+    options.modify.method = FindMethod::kRegex;
+    options.modify.rules[0] = {true, kFind, kReplacement};
     Open(options);
     for (int i = 1; i <= kRows; ++i) List().Add(RowFor(folder.At(std::to_string(i) + "/1.mid")));
     Drain();

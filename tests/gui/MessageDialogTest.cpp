@@ -103,7 +103,7 @@ class FailingBatch : public MainWindowTest {
   void SetUp() override {
     for (const char* const name : {"a.txt", "b.txt", "c.txt"}) folder.Write(name, name);
     OptionValues options = Options();
-    options.system.msgbox = 1;
+    options.system.suppressConfirmations = true;
     OpenFolder(options);
     for (int row = 1; row <= 3; ++row) List().SetRenameName(row, "");
   }

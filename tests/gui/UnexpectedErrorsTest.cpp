@@ -88,7 +88,7 @@ TEST_F(UnexpectedErrors, OfEveryKindAreToldWithWhatIsKnownOfThem) {
 
 TEST_F(UnexpectedErrors, InTheMiddleOfApplyingLeaveTheWindowEnabledAndTheRowsBeforeApplied) {
   OptionValues options = Options();
-  options.system.msgbox = 1;
+  options.system.suppressConfirmations = true;
   OpenEdited(options);
   folder.Write("edited 2.mid");
   dialogs.AnswerAfter(Break);

@@ -129,26 +129,30 @@ class ModifyDialog : public testing::Test {
 /// Every text different, both states of flags.
 OptionValues::Modify FullRules() {
   OptionValues::Modify rules;
-  rules.reviceFlag = 1;
-  rules.reviceText = "＿ & _";
+  rules.replaceInvalid = true;
+  rules.invalidReplacement = "＿ & _";
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
-    rules.rules[i] = {static_cast<std::int16_t>(i % 2), "検索 &" + std::to_string(i), " 置換😀" + std::to_string(i)};
+    rules.rules[i] = {i % 2 == 1, "検索 &" + std::to_string(i), " 置換😀" + std::to_string(i)};
   }
-  rules.findCtrl = rules.ignoreCase = rules.narrow = rules.lower = 1;
+  rules.method = FindMethod::kRegex;
+  rules.ignoreCase = rules.narrow = rules.lower = true;
   return rules;
 }
 
 std::vector<std::string> Texts(const OptionValues::Modify& rules) {
-  std::vector<std::string> texts = {rules.reviceText};
+  std::vector<std::string> texts = {rules.invalidReplacement};
   for (const ReplaceRule& rule : rules.rules) {
     texts.push_back(std::to_string(rule.active) + " [" + rule.find + "] [" + rule.replacement + "]");
   }
   return texts;
 }
 
-std::vector<int> Flags(const OptionValues::Modify& rules) {
-  return {rules.reviceFlag, rules.findCtrl, rules.ignoreCase, rules.narrow,   rules.wide,
-          rules.lower,      rules.upper,    rules.proper,     rules.nonUnload};
+std::vector<bool> Flags(const OptionValues::Modify& rules) {
+  return {rules.replaceInvalid, rules.method == FindMethod::kRegex,
+          rules.ignoreCase,     rules.narrow,
+          rules.wide,           rules.lower,
+          rules.upper,          rules.proper,
+          rules.keepDialogOpen};
 }
 
 void ExpectEqual(const OptionValues::Modify& left, const OptionValues::Modify& right) {
@@ -218,11 +222,12 @@ TEST_F(ModifyDialog, OkStoresWhatIsShownThenRunsWithTheDialogClosed) {
 TEST_F(ModifyDialog, OkStoresEachControlInItsPlace) {
   Make();
   OptionValues::Modify expected;
-  expected.reviceFlag = 1;
-  expected.reviceText = "?";
-  expected.rules[0] = {1, " ", ""};
-  expected.rules[4] = {0, "a\\b", "c"};
-  expected.findCtrl = expected.ignoreCase = expected.wide = expected.upper = expected.proper = 1;
+  expected.replaceInvalid = true;
+  expected.invalidReplacement = "?";
+  expected.rules[0] = {true, " ", ""};
+  expected.rules[4] = {false, "a\\b", "c"};
+  expected.method = FindMethod::kRegex;
+  expected.ignoreCase = expected.wide = expected.upper = expected.proper = true;
   ShowModalAnd([this] {
     Check("chkInjustice");
     Type("txtRevice", "?");
@@ -238,7 +243,7 @@ TEST_F(ModifyDialog, OkStoresEachControlInItsPlace) {
 }
 
 TEST_F(ModifyDialog, EachConversionIsStoredInItsPlace) {
-  const std::pair<const char*, std::int16_t OptionValues::Modify::*> flags[] = {
+  const std::pair<const char*, bool OptionValues::Modify::*> flags[] = {
       {"chkIgnoreCase", &OptionValues::Modify::ignoreCase},
       {"chkNarrow", &OptionValues::Modify::narrow},
       {"chkWide", &OptionValues::Modify::wide},
@@ -254,7 +259,7 @@ TEST_F(ModifyDialog, EachConversionIsStoredInItsPlace) {
       Click("cmdOK");
     });
     OptionValues::Modify expected;
-    expected.*flag = 1;
+    expected.*flag = true;
     ExpectEqual(rules, expected);
     Make(OpenedFor::kSettings);
     EXPECT_TRUE(Checked(name)) << "and is shown again";
@@ -285,7 +290,7 @@ TEST_F(ModifyDialog, StaysOpenWhenTheUserWantsThat) {
   duringRun = [&] {
     shown = dialog->IsShown();
     enabled = dialog->IsEnabled();
-    EXPECT_EQ(rules.nonUnload, 1);
+    EXPECT_EQ(rules.keepDialogOpen, 1);
   };
   Check("chkNonUnload");
   Click("cmdOK");
@@ -315,12 +320,12 @@ TEST_F(ModifyDialog, NothingRunsForTheSettings) {
               Click("cmdCancel");
             }),
             wxID_CANCEL);
-  EXPECT_EQ(rules.nonUnload, 1) << "stored by OK";
+  EXPECT_EQ(rules.keepDialogOpen, 1) << "stored by OK";
   EXPECT_EQ(runs, 0);
 }
 
 TEST_F(ModifyDialog, TextBoxesFollowTheirCheckBoxes) {
-  rules.rules[3].active = 1;
+  rules.rules[3].active = true;
   Make();
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
     EXPECT_EQ(Enabled("txtObject" + std::to_string(i)), i == 3);
@@ -348,7 +353,7 @@ TEST_F(ModifyDialog, RefusesACheckedRuleWithNothingToFind) {
   EXPECT_EQ(boxes.shown[0].text, "検索する文字列を指定してください\r\n左のチェックを外すとこの項目は無効になります");
   EXPECT_TRUE(FocusGoesTo("txtObject1")) << FocusName();
   EXPECT_EQ(runs, 0);
-  EXPECT_EQ(rules.nonUnload, 0) << "nothing is stored";
+  EXPECT_EQ(rules.keepDialogOpen, 0) << "nothing is stored";
 }
 
 TEST_F(ModifyDialog, RefusesAnInvalidReplacementWithTheCaretBeforeIt) {
@@ -386,27 +391,27 @@ TEST_F(ModifyDialog, LeadsToTheCheckBoxOfARuleThatIsOff) {
 }
 
 TEST_F(ModifyDialog, WithoutTheLibraryThePlainSearchIsShownAndRunAndTheChoiceKept) {
-  rules.findCtrl = 1;
+  rules.method = FindMethod::kRegex;
   Make(OpenedFor::kExecute, false);
   EXPECT_FALSE(Enabled("optFindCtrl_S"));
   EXPECT_FALSE(Get<wxRadioButton>("optFindCtrl_S").GetValue());
   EXPECT_TRUE(Get<wxRadioButton>("optFindCtrl_No").GetValue());
-  std::int16_t findCtrlDuringRun = 1;
-  duringRun = [&] { findCtrlDuringRun = rules.findCtrl; };
+  FindMethod methodDuringRun = FindMethod::kRegex;
+  duringRun = [&] { methodDuringRun = rules.method; };
   ShowModalAnd([this] { Click("cmdOK"); });
   EXPECT_EQ(runs, 1);
-  EXPECT_EQ(findCtrlDuringRun, 0);
-  EXPECT_EQ(rules.findCtrl, 1);
+  EXPECT_EQ(methodDuringRun, FindMethod::kText);
+  EXPECT_EQ(rules.method, FindMethod::kRegex);
 
   Make(OpenedFor::kExecute, true);
   EXPECT_TRUE(Enabled("optFindCtrl_S"));
-  duringRun = [&] { findCtrlDuringRun = rules.findCtrl; };
+  duringRun = [&] { methodDuringRun = rules.method; };
   ShowModalAnd([this] { Click("cmdOK"); });
-  EXPECT_EQ(findCtrlDuringRun, 1);
+  EXPECT_EQ(methodDuringRun, FindMethod::kRegex);
 }
 
 TEST_F(ModifyDialog, TheFocusSelectsTheWholeTextOfARule) {
-  rules.rules[0] = {1, "find me", "put this"};
+  rules.rules[0] = {true, "find me", "put this"};
   Open();
   for (const char* name : {"txtObject0", "txtReplace0"}) {
     Text(name).SetSelection(2, 2);
@@ -416,7 +421,7 @@ TEST_F(ModifyDialog, TheFocusSelectsTheWholeTextOfARule) {
 }
 
 TEST_F(ModifyDialog, ComingBackToTheDialogKeepsTheSelection) {
-  rules.rules[0] = {1, "find me", ""};
+  rules.rules[0] = {true, "find me", ""};
   Open();
   Focus("txtObject0");
   Text("txtObject0").SetSelection(2, 4);
@@ -432,7 +437,7 @@ TEST_F(ModifyDialog, ComingBackToTheDialogKeepsTheSelection) {
 }
 
 TEST_F(ModifyDialog, TheEditMenuWorksOnTheBoxThatHadTheFocus) {
-  rules.rules[0] = {1, "abcdef", ""};
+  rules.rules[0] = {true, "abcdef", ""};
   Open();
   Focus("txtObject0");
   Text("txtObject0").SetSelection(1, 3);
@@ -449,7 +454,7 @@ TEST_F(ModifyDialog, TheEditMenuWorksOnTheBoxThatHadTheFocus) {
 }
 
 TEST_F(ModifyDialog, TheEditMenuCopies) {
-  rules.rules[0] = {1, "copied text", ""};
+  rules.rules[0] = {true, "copied text", ""};
   Open();
   Focus("txtObject0");
   Text("txtObject0").SetSelection(0, 6);
@@ -462,7 +467,7 @@ TEST_F(ModifyDialog, TheEditMenuCopies) {
 }
 
 TEST_F(ModifyDialog, ItsButtonsOpenTheMenus) {
-  rules.rules[0] = {1, "abc", ""};
+  rules.rules[0] = {true, "abc", ""};
   Open();
   std::vector<std::string> captions;
   dialog->Bind(wxEVT_MENU_OPEN, [&](wxMenuEvent& event) {
@@ -488,7 +493,7 @@ TEST_F(ModifyDialog, ItsButtonsOpenTheMenus) {
 }
 
 TEST_F(ModifyDialog, DeleteTakesTheSelectionOrTheNextCharacter) {
-  rules.rules[0] = {1, "ab😀c", ""};
+  rules.rules[0] = {true, "ab😀c", ""};
   Open();
   Focus("txtObject0");
   Text("txtObject0").SetSelection(0, 1);
@@ -503,7 +508,7 @@ TEST_F(ModifyDialog, DeleteTakesTheSelectionOrTheNextCharacter) {
 }
 
 TEST_F(ModifyDialog, EnterExecutesAndEscapeCancels) {
-  rules.rules[0] = {1, "a", "b"};
+  rules.rules[0] = {true, "a", "b"};
   Make();
   wxUIActionSimulator keys;
   const auto press = [&](int key) {
@@ -530,7 +535,7 @@ TEST(ModifyMenus, ListTheSyntaxOfRegularExpressions) {
 }
 
 TEST_F(ModifyDialog, TheEditMenuUndoesWhatWasTyped) {
-  rules.rules[0] = {1, "abc", ""};
+  rules.rules[0] = {true, "abc", ""};
   Open();
   Focus("txtObject0");
   wxUIActionSimulator keys;
@@ -542,7 +547,7 @@ TEST_F(ModifyDialog, TheEditMenuUndoesWhatWasTyped) {
 }
 
 TEST_F(ModifyDialog, TheEditMenuOffersWhatTheBoxCanDo) {
-  rules.rules[0] = {1, "abc", ""};
+  rules.rules[0] = {true, "abc", ""};
   Open();
   Focus("txtObject0");
   const auto enabled = [](const wxTextCtrl& box, int entry) {

@@ -152,16 +152,16 @@ TEST_F(OptionDialog, OkStoresWhatWasClickedAndTyped) {
     Press("chkExtensionEtc");
     ShowPageOf("txtExtensionEtc");
     Find<wxTextCtrl>("txtExtensionEtc").SetValue("ogg flac");
-    EXPECT_EQ(App().Options().update.errSkip, 0) << "not before OK";
+    EXPECT_FALSE(App().Options().update.skipFailedRows) << "not before OK";
     Close();
   });
   const OptionValues& options = App().Options();
-  EXPECT_EQ(options.list.subFolder, 1);
-  EXPECT_EQ(options.update.errSkip, 1);
-  EXPECT_EQ(options.system.msgbox, 1);
-  EXPECT_EQ(options.find.filterChk, 1);
-  EXPECT_EQ(options.find.extEtc, 1);
-  EXPECT_EQ(options.find.extEtcText, "ogg flac");
+  EXPECT_TRUE(options.list.searchSubfolders);
+  EXPECT_TRUE(options.update.skipFailedRows);
+  EXPECT_TRUE(options.system.suppressConfirmations);
+  EXPECT_TRUE(options.find.filterByExtension);
+  EXPECT_TRUE(options.find.other.on);
+  EXPECT_EQ(options.find.other.extensions, "ogg flac");
   Use([this] {
     EXPECT_TRUE(Checked("chkSubFolder"));
     EXPECT_EQ(FromWx(Find<wxTextCtrl>("txtExtensionEtc").GetValue()), "ogg flac");
@@ -191,7 +191,7 @@ TEST_F(OptionDialog, TheDeleteButtonsExcludeEachOther) {
     EXPECT_FALSE(Find<wxRadioButton>("optDel0").GetValue());
     Close();
   });
-  EXPECT_TRUE(App().Options().list.delToTrashBox);
+  EXPECT_EQ(App().Options().list.deleteTo, DeleteTo::kRecycleBin);
 }
 
 TEST_F(OptionDialog, CancelAndEscAndTheFramesButtonStoreNothing) {
@@ -203,13 +203,13 @@ TEST_F(OptionDialog, CancelAndEscAndTheFramesButtonStoreNothing) {
       Press("chkSubFolder");
       end();
     });
-    EXPECT_EQ(App().Options().list.subFolder, 0);
+    EXPECT_FALSE(App().Options().list.searchSubfolders);
   }
 }
 
 TEST_F(OptionDialog, TheExtensionFilterGreysItsControls) {
   OptionValues options = Options();
-  options.find.filterChk = 1;
+  options.find.filterByExtension = true;
   Open(options);
   Use([this] {
     EXPECT_TRUE(Enabled("chkExtensionText"));
@@ -270,7 +270,7 @@ TEST_F(OptionDialog, OpensTheModificationRulesForSettings) {
     Press("cmdModifyOption");
     Close("cmdCancel");
   });
-  EXPECT_EQ(App().Options().modify.upper, 1) << "the rules have been stored by their own OK";
+  EXPECT_TRUE(App().Options().modify.upper) << "the rules have been stored by their own OK";
   EXPECT_EQ(Names(), std::vector<std::string>({"a"})) << "and nothing has been executed";
 }
 

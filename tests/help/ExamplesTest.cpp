@@ -49,18 +49,21 @@ std::string CodeOf(const Node& row, const std::string& kind) {
 
 /// Sets what a caption of the dialog stands for; false for an unknown one.
 bool Choose(const std::string& caption, OptionValues::Modify& rules) {
-  const std::map<std::string, std::int16_t OptionValues::Modify::*> kBoxes = {
-      {"正規表現で検索", &OptionValues::Modify::findCtrl},
+  const std::map<std::string, bool OptionValues::Modify::*> kBoxes = {
       {"大文字小文字を無視", &OptionValues::Modify::ignoreCase},
-      {"不正な文字はすべて置換する", &OptionValues::Modify::reviceFlag},
+      {"不正な文字はすべて置換する", &OptionValues::Modify::replaceInvalid},
       {"全角を半角へ変換", &OptionValues::Modify::narrow},
       {"半角を全角へ変換", &OptionValues::Modify::wide},
       {"大文字を小文字へ変換", &OptionValues::Modify::lower},
       {"小文字を大文字へ変換", &OptionValues::Modify::upper},
       {"文字の先頭を大文字へ変換", &OptionValues::Modify::proper}};
+  if (caption == "正規表現で検索") {
+    rules.method = FindMethod::kRegex;
+    return true;
+  }
   const auto box = kBoxes.find(caption);
   if (box == kBoxes.end()) return caption == "通常検索";
-  rules.*box->second = 1;
+  rules.*box->second = true;
   return true;
 }
 
@@ -69,7 +72,7 @@ void ReadOptions(const Node& block, OptionValues::Modify& rules) {
     EXPECT_TRUE(Choose(caption.Text(), rules)) << caption.Text();
   }
   const std::vector<Node> code = block.Find("./p[@class='options']/code");
-  if (!code.empty()) rules.reviceText = code.front().Text();
+  if (!code.empty()) rules.invalidReplacement = code.front().Text();
 }
 
 void ReadRules(const Node& block, OptionValues::Modify& rules) {
@@ -98,7 +101,7 @@ Example ReadBlock(const std::string& page, const Node& block) {
 Example ReadRow(const std::string& page, const Node& row) {
   Example example;
   example.where = page + ": " + CodeOf(row, "find");
-  example.rules.findCtrl = 1;
+  example.rules.method = FindMethod::kRegex;
   example.rules.rules.front() = {1, CodeOf(row, "find"), CodeOf(row, "replace")};
   example.names.push_back({CodeOf(row, "before"), CodeOf(row, "after")});
   return example;

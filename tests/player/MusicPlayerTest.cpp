@@ -161,7 +161,7 @@ TEST_F(MusicPlayerTest, SaysThatAFileCannotBePlayed) {
 
 TEST_F(MusicPlayerTest, SaysThatAFileCannotBePlayedWhenTheDeviceOpensItAndRefusesToPlay) {
   for (const bool repeat : {false, true}) {
-    options.player.repeat = repeat ? 1 : 0;
+    options.player.repeat = repeat;
     device.refused = "play mci";
     Select(1);
     player.cmdPlay();
@@ -188,7 +188,7 @@ TEST_F(MusicPlayerTest, SaysThatAFileFailedWhileItPlayed) {
 }
 
 TEST_F(MusicPlayerTest, RepeatsAFileThatFailedWhileItPlayed) {
-  options.player.repeat = 1;
+  options.player.repeat = true;
   Start(1);
   Pass(1000);
   device.refused = "status mci mode";
@@ -200,7 +200,7 @@ TEST_F(MusicPlayerTest, RepeatsAFileThatFailedWhileItPlayed) {
 }
 
 TEST_F(MusicPlayerTest, ContinuousPlayGoesPastFilesThatCannotBePlayed) {
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   ASSERT_FALSE(files.Remove("/m/b.mid"));
   Start(1);
   Pass(4000);
@@ -218,7 +218,7 @@ TEST_F(MusicPlayerTest, ContinuousPlayGoesPastFilesThatCannotBePlayed) {
 }
 
 TEST_F(MusicPlayerTest, ContinuousPlayEndsAfterARoundOfFilesThatCannotBePlayed) {
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   for (int again = 0; again < 2; ++again) {
     device.refused = "play mci";
     Select(3);
@@ -234,7 +234,7 @@ TEST_F(MusicPlayerTest, ContinuousPlayEndsAfterARoundOfFilesThatCannotBePlayed) 
 }
 
 TEST_F(MusicPlayerTest, StopOrAnotherFileEndsTheWayPastAFileThatCannotBePlayed) {
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   ASSERT_FALSE(files.Remove("/m/b.mid"));
   Select(3);
   player.cmdPlay();
@@ -407,8 +407,8 @@ TEST_F(MusicPlayerTest, StopsAtTheEnd) {
 }
 
 TEST_F(MusicPlayerTest, RepeatsAtTheEnd) {
-  options.player.repeat = 1;
-  options.player.allPlay = 1;
+  options.player.repeat = true;
+  options.player.continuous = true;
   Start(1);
   Pass(3950);
   const std::string label = panel.time;
@@ -422,7 +422,7 @@ TEST_F(MusicPlayerTest, RepeatsAtTheEnd) {
 }
 
 TEST_F(MusicPlayerTest, DoesNotRepeatWhileTheSliderIsHeld) {
-  options.player.repeat = 1;
+  options.player.repeat = true;
   Start(1);
   player.SliderPressed();
   Pass(4500);
@@ -435,7 +435,7 @@ TEST_F(MusicPlayerTest, DoesNotRepeatWhileTheSliderIsHeld) {
 // Continuous play.
 
 TEST_F(MusicPlayerTest, PlaysTheNextPlayableRowAndStartsOverBehindTheLast) {
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   Start(1);
   Pass(4000);
   EXPECT_EQ(device.OpenFile("mci"), "/m/b.mid") << "past the page";
@@ -450,18 +450,16 @@ TEST_F(MusicPlayerTest, PlaysTheNextPlayableRowAndStartsOverBehindTheLast) {
   EXPECT_EQ(panel.interval, 50);
 }
 
-TEST_F(MusicPlayerTest, OtherValuesOfTheSettingPlayOneFile) {
-  for (const std::int16_t allPlay : {std::int16_t{0}, std::int16_t{2}, std::int16_t{-1}}) {
-    options.player.allPlay = allPlay;
-    Start(1);
-    Pass(4500);
-    ASSERT_EQ(Mode(), "") << allPlay;
-    EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3") << allPlay;
-  }
+TEST_F(MusicPlayerTest, PlaysOneFileUnlessTheSettingIsOn) {
+  options.player.continuous = false;
+  Start(1);
+  Pass(4500);
+  ASSERT_EQ(Mode(), "");
+  EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3");
 }
 
 TEST_F(MusicPlayerTest, PlaysTheOnlyPlayableRowAgain) {
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   list.RemoveWhere([](int index, const FileItem&) { return index > 2; });
   Start(1);
   Pass(4000);
@@ -471,7 +469,7 @@ TEST_F(MusicPlayerTest, PlaysTheOnlyPlayableRowAgain) {
 }
 
 TEST_F(MusicPlayerTest, GoesOnWithTheFirstRowWhenThePlayingOneIsGone) {
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   Start(3);
   list.RemoveWhere([](int index, const FileItem&) { return index == 3; });
   Pass(185000);
@@ -479,7 +477,7 @@ TEST_F(MusicPlayerTest, GoesOnWithTheFirstRowWhenThePlayingOneIsGone) {
 }
 
 TEST_F(MusicPlayerTest, OpensACurrentRowOfAnotherKindInsteadOfTheNextFile) {
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   Start(1);
   list.SelectOnly(2);
   Pass(4000);
@@ -491,7 +489,7 @@ TEST_F(MusicPlayerTest, OpensACurrentRowOfAnotherKindInsteadOfTheNextFile) {
 }
 
 TEST_F(MusicPlayerTest, RecoversFromANextFileThatCannotBePlayed) {
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   Start(1);
   device.scripted["status mci length"] = "99999999999";
   Pass(4000);
@@ -501,7 +499,7 @@ TEST_F(MusicPlayerTest, RecoversFromANextFileThatCannotBePlayed) {
 }
 
 TEST_F(MusicPlayerTest, EndsWhenTheListHasNothingToPlayAnyMore) {
-  options.player.allPlay = 1;
+  options.player.continuous = true;
   for (const bool empty : {false, true}) {
     MusicPlayerTest::list.SelectNone();
     Start(1);

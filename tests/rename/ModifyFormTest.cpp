@@ -79,7 +79,7 @@ TEST(CheckModifyForm, TheCaretGoesBeforeTheFirstOfThem) {
 
 TEST(CheckModifyForm, RegularExpressionsAreNoExceptionButTheirPatternsAreFree) {
   Modify form = WithRule(0, {1, "(.*)\\?|[\"<>:/]", "$1"});
-  form.findCtrl = 1;
+  form.method = FindMethod::kRegex;
   EXPECT_EQ(CheckModifyForm(form), std::nullopt);
   form.rules[0].replacement = "x\\1";
   ExpectInvalidReplacement(form, 0, 1);
@@ -96,9 +96,9 @@ TEST(CheckModifyForm, SaysWhatIsInvalid) {
 
 TEST(CheckModifyForm, LooksForMissingTextsInAllRulesFirst) {
   Modify form;
-  form.rules[0] = {1, "a", "?"};
-  form.rules[3] = {1, "", "ok"};
-  form.rules[4] = {1, "", "?"};
+  form.rules[0] = {true, "a", "?"};
+  form.rules[3] = {true, "", "ok"};
+  form.rules[4] = {true, "", "?"};
   ExpectNoFind(form, 3);
   form.rules[3].find = "b";
   ExpectNoFind(form, 4);
@@ -110,8 +110,8 @@ TEST(CheckModifyForm, LooksForMissingTextsInAllRulesFirst) {
 
 TEST(CheckModifyForm, WhatReplacesInvalidCharactersIsNotChecked) {
   Modify form;
-  form.reviceFlag = 1;
-  form.reviceText = "?";
+  form.replaceInvalid = true;
+  form.invalidReplacement = "?";
   EXPECT_EQ(CheckModifyForm(form), std::nullopt);
 }
 
@@ -126,28 +126,28 @@ TEST(EnabledBoxes, FollowTheirCheckBoxes) {
     EXPECT_EQ(EnabledBoxes(WithRule(i, {0, "a", "b"}), true), (ModifyEnabling{false, {}, true}));
   }
   Modify revice;
-  revice.reviceFlag = 1;
+  revice.replaceInvalid = true;
   EXPECT_EQ(EnabledBoxes(revice, true), (ModifyEnabling{true, {}, true}));
 }
 
 TEST(ShownAndStoredForm, TheChoiceOfSearchOutlivesAMissingLibrary) {
-  for (const std::int16_t findCtrl : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const FindMethod method : {FindMethod::kText, FindMethod::kRegex}) {
     Modify stored;
-    stored.findCtrl = findCtrl;
-    EXPECT_EQ(ShownForm(stored, true).findCtrl, findCtrl);
-    EXPECT_EQ(ShownForm(stored, false).findCtrl, 0);
-    EXPECT_EQ(StoredForm(ShownForm(stored, false), stored, false).findCtrl, findCtrl);
+    stored.method = method;
+    EXPECT_EQ(ShownForm(stored, true).method, method);
+    EXPECT_EQ(ShownForm(stored, false).method, FindMethod::kText);
+    EXPECT_EQ(StoredForm(ShownForm(stored, false), stored, false).method, method);
   }
 }
 
 TEST(ShownAndStoredForm, EverythingElseIsTakenOver) {
   Modify stored;
-  stored.findCtrl = 1;
+  stored.method = FindMethod::kRegex;
   Modify edited = ShownForm(stored, true);
-  edited.findCtrl = 0;
-  edited.ignoreCase = 1;
-  edited.rules[1] = {1, "a", "b"};
-  EXPECT_EQ(StoredForm(edited, stored, true).findCtrl, 0);
+  edited.method = FindMethod::kText;
+  edited.ignoreCase = true;
+  edited.rules[1] = {true, "a", "b"};
+  EXPECT_EQ(StoredForm(edited, stored, true).method, FindMethod::kText);
   for (const bool available : {false, true}) {
     const Modify result = StoredForm(edited, stored, available);
     EXPECT_EQ(result.ignoreCase, 1);

@@ -66,13 +66,13 @@ class AbsentEngine final : public RegexEngine {
 
 OptionValues::Modify Rule(const std::string& find, const std::string& replacement) {
   OptionValues::Modify rules;
-  rules.rules[0] = {1, find, replacement};
+  rules.rules[0] = {true, find, replacement};
   return rules;
 }
 
 OptionValues::Modify RegexRule(const std::string& find, const std::string& replacement) {
   OptionValues::Modify rules = Rule(find, replacement);
-  rules.findCtrl = 1;
+  rules.method = FindMethod::kRegex;
   return rules;
 }
 
@@ -112,24 +112,24 @@ TEST(ModifyName, WithoutRulesNothingChanges) {
 
 TEST(ModifyName, ReplacesEveryInvalidCharacter) {
   OptionValues::Modify rules;
-  rules.reviceFlag = 1;
-  rules.reviceText = "_";
+  rules.replaceInvalid = true;
+  rules.invalidReplacement = "_";
   EXPECT_EQ(Modified("a:b?c", rules), "a_b_c");
   EXPECT_EQ(Modified("\"*/:<>?\\|\r", rules), "__________");
   EXPECT_EQ(Modified("表:ソ?", rules), "表_ソ_");
   EXPECT_EQ(Modified("tab\tand：full-width", rules), "tab\tand：full-width");
-  rules.reviceText = "";
+  rules.invalidReplacement = "";
   EXPECT_EQ(Modified("a::b?c", rules), "abc");
-  rules.reviceText = "--";
+  rules.invalidReplacement = "--";
   EXPECT_EQ(Modified("a::b", rules), "a----b");
-  rules.reviceFlag = 0;
+  rules.replaceInvalid = false;
   EXPECT_EQ(Modified("a:b", rules), "a:b");
 }
 
 TEST(ModifyName, InvalidCharactersAreReplacedEvenWithAnEmptyList) {
   OptionValues::Modify rules;
-  rules.reviceFlag = 1;
-  rules.reviceText = "_";
+  rules.replaceInvalid = true;
+  rules.invalidReplacement = "_";
   EXPECT_EQ(Modified("a:b", rules, 0), "a_b");
 }
 
@@ -137,9 +137,9 @@ TEST(ModifyName, AnInvalidReplacementForInvalidCharactersEndsAtOnce) {
   for (const char* text : {":", "x?", "*y"}) {
     SCOPED_TRACE(text);
     OptionValues::Modify rules = Rule("a", "b");
-    rules.reviceFlag = 1;
-    rules.reviceText = text;
-    rules.upper = 1;
+    rules.replaceInvalid = true;
+    rules.invalidReplacement = text;
+    rules.upper = true;
     EXPECT_TRUE(IsLeftAlone(Modify("a:b", rules), "a:b"));
     EXPECT_EQ(Modified("ab", rules), "BB");  // nothing to replace, nothing endless
   }
@@ -155,28 +155,28 @@ TEST(ModifyName, APlainRuleThatFindsItselfGrowsOncePerRow) {
 
 TEST(ModifyName, RulesRunInOrderAndInactiveOnesDoNot) {
   OptionValues::Modify rules;
-  rules.rules[0] = {1, "a", "b"};
-  rules.rules[1] = {0, "b", "x"};
-  rules.rules[2] = {1, "b", "c"};
-  rules.rules[3] = {1, "", "y"};
-  rules.rules[4] = {1, "c", "d"};
+  rules.rules[0] = {true, "a", "b"};
+  rules.rules[1] = {false, "b", "x"};
+  rules.rules[2] = {true, "b", "c"};
+  rules.rules[3] = {true, "", "y"};
+  rules.rules[4] = {true, "c", "d"};
   EXPECT_EQ(Modified("abc", rules, 4), "ddd");
 }
 
 TEST(ModifyName, EachRuleIsAppliedForAllRowsBeforeTheNext) {
   OptionValues::Modify rules;
-  rules.rules[0] = {1, "a", "ab"};
-  rules.rules[1] = {1, "b", ""};
+  rules.rules[0] = {true, "a", "ab"};
+  rules.rules[1] = {true, "b", ""};
   EXPECT_EQ(Modified("a", rules, 3), "a");
-  rules.rules[0] = {1, "ab", "b"};
-  rules.rules[1] = {0, "", ""};
+  rules.rules[0] = {true, "ab", "b"};
+  rules.rules[1] = {false, "", ""};
   EXPECT_EQ(Modified("aaab", rules, 2), "ab");
 }
 
 TEST(ModifyName, IgnoreCaseIsForFindingOnly) {
   OptionValues::Modify rules = Rule("ab", "Xy");
   EXPECT_EQ(Modified("abAB", rules), "XyAB");
-  rules.ignoreCase = 1;
+  rules.ignoreCase = true;
   EXPECT_EQ(Modified("abAB", rules), "XyXy");
 }
 
@@ -187,19 +187,19 @@ TEST(ModifyName, AReplacementTextMayBeABlank) {
 TEST(ModifyName, WidthAndCaseStepsRunInOrder) {
   struct Row {
     const char* name;
-    std::int16_t narrow, wide, lower, upper, proper;
+    bool narrow, wide, lower, upper, proper;
     std::string text, expected;
   };
   const Row rows[] = {
-      {"narrow", 1, 0, 0, 0, 0, "Ａｂアﾊﾞ　", "Abｱﾊﾞ "},
-      {"wide", 0, 1, 0, 0, 0, "Abｱﾊﾞ ", "Ａｂアバ　"},
-      {"narrow and wide: wide", 1, 1, 0, 0, 0, "AｂｱアガｶﾞX", "ＡｂアアガガＸ"},
-      {"lower", 0, 0, 1, 0, 0, "AbＣ", "abｃ"},
-      {"upper", 0, 0, 0, 1, 0, "aBｃ", "ABＣ"},
-      {"proper", 0, 0, 0, 0, 1, "hello WORLD", "Hello World"},
-      {"lower and upper: upper", 0, 0, 1, 1, 0, "aB", "AB"},
-      {"upper and proper: proper", 0, 0, 0, 1, 1, "hello WORLD", "Hello World"},
-      {"all of them", 1, 1, 1, 1, 1, "hello WORLD", "Ｈｅｌｌｏ　Ｗｏｒｌｄ"},
+      {"narrow", true, false, false, false, false, "Ａｂアﾊﾞ　", "Abｱﾊﾞ "},
+      {"wide", false, true, false, false, false, "Abｱﾊﾞ ", "Ａｂアバ　"},
+      {"narrow and wide: wide", true, true, false, false, false, "AｂｱアガｶﾞX", "ＡｂアアガガＸ"},
+      {"lower", false, false, true, false, false, "AbＣ", "abｃ"},
+      {"upper", false, false, false, true, false, "aBｃ", "ABＣ"},
+      {"proper", false, false, false, false, true, "hello WORLD", "Hello World"},
+      {"lower and upper: upper", false, false, true, true, false, "aB", "AB"},
+      {"upper and proper: proper", false, false, false, true, true, "hello WORLD", "Hello World"},
+      {"all of them", true, true, true, true, true, "hello WORLD", "Ｈｅｌｌｏ　Ｗｏｒｌｄ"},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
@@ -216,18 +216,18 @@ TEST(ModifyName, WidthAndCaseStepsRunInOrder) {
 
 TEST(ModifyName, StepsComeInTheirOrder) {
   OptionValues::Modify rules = Rule("-", "ｱ");
-  rules.reviceFlag = 1;
-  rules.reviceText = "-";
-  rules.wide = 1;
+  rules.replaceInvalid = true;
+  rules.invalidReplacement = "-";
+  rules.wide = true;
   EXPECT_EQ(Modified("x:", rules), "ｘア");  // invalid characters, then rules, then width
   rules = Rule("ａ", "Q");
-  rules.narrow = 1;
-  rules.lower = 1;
+  rules.narrow = true;
+  rules.lower = true;
   EXPECT_EQ(Modified("ａa", rules), "qa");  // the rule sees the full-width letter
   rules = OptionValues::Modify();
-  rules.reviceFlag = 1;
-  rules.reviceText = "_";
-  rules.narrow = 1;
+  rules.replaceInvalid = true;
+  rules.invalidReplacement = "_";
+  rules.narrow = true;
   EXPECT_EQ(Modified("a？", rules), "a?");  // what the width step makes is not looked at again
 }
 
@@ -237,7 +237,7 @@ TEST(ModifyName, PassesRegularExpressionsToTheEngine) {
   OptionValues::Modify rules = RegexRule("n", "o");
   EXPECT_EQ(ModifyName("name", rules, 3, engine, pending).name, "other");
   EXPECT_EQ(engine.lastCommand, "s/n/o/gk");
-  rules.ignoreCase = 1;
+  rules.ignoreCase = true;
   EXPECT_EQ(ModifyName("name", rules, 3, engine, pending).name, "other");
   EXPECT_EQ(engine.lastCommand, "s/n/o/gik");
 }
@@ -246,7 +246,7 @@ TEST(ModifyName, AnErrorOfTheEngineLeavesTheNameAndTheOtherRulesGoOn) {
   TableEngine engine(Answers{{"name", "unmatched () in regexp"}});
   CountingMessages pending;
   OptionValues::Modify rules = RegexRule("(", "x");
-  rules.upper = 1;
+  rules.upper = true;
   const ModifyResult result = ModifyName("name", rules, 3, engine, pending);
   EXPECT_EQ(result.name, "NAME");
   EXPECT_FALSE(result.leftAlone);
@@ -259,7 +259,7 @@ TEST(ModifyName, AnUnmatchedPatternLeavesTheName) {
 
 TEST(ModifyName, RegularExpressionsDoNothingWithoutALibrary) {
   OptionValues::Modify rules = RegexRule("a", "b");
-  rules.upper = 1;
+  rules.upper = true;
   EXPECT_EQ(Modified("a", rules, 3), "A");
 }
 
@@ -282,9 +282,9 @@ TEST(ModifyName, PendingMessagesAreProcessedBeforeEveryApplicationAndInvalidChar
   AbsentEngine engine;
   CountingMessages pending;
   OptionValues::Modify rules = Rule("a", "aa");
-  rules.reviceFlag = 1;
-  rules.reviceText = "_";
-  rules.rules[4] = {1, "q", "r"};
+  rules.replaceInvalid = true;
+  rules.invalidReplacement = "_";
+  rules.rules[4] = {true, "q", "r"};
   EXPECT_EQ(ModifyName("?a:?", rules, 3, engine, pending).name, "_aaaaaaaa__");
   EXPECT_EQ(pending.count, 2 + 3 + 1);
 }
@@ -316,8 +316,8 @@ TEST(ModifyName, ASwappingPatternCostsNothingInALongList) {
 
 TEST(ModifyName, ANameThatGrowsPastTheLimitIsLeftAloneWhole) {
   OptionValues::Modify rules = Rule("x", "y");
-  rules.rules[1] = {1, "a", "aa"};
-  rules.upper = 1;
+  rules.rules[1] = {true, "a", "aa"};
+  rules.upper = true;
   EXPECT_TRUE(IsLeftAlone(Modify("xa", rules, 100), "xa"));
   EXPECT_TRUE(IsLeftAlone(Modify("xa", rules, 15), "xa"));
   EXPECT_EQ(CharacterCount(Modified("xa", rules, 14)), 1u + 16384u);
@@ -340,8 +340,8 @@ TEST(ModifyName, ANameThatIsTooLongAlreadyMayChangeButNotGrow) {
 
 TEST(ModifyName, ReplacingInvalidCharactersStopsAtTheLimitToo) {
   OptionValues::Modify rules;
-  rules.reviceFlag = 1;
-  rules.reviceText = std::string(100, '_');
+  rules.replaceInvalid = true;
+  rules.invalidReplacement = std::string(100, '_');
   const std::string name(400, '?');
   EXPECT_TRUE(IsLeftAlone(Modify(name, rules), name));
   EXPECT_EQ(Modified(std::string(300, '?'), rules), std::string(30'000, '_'));
@@ -422,7 +422,7 @@ TEST(ModifyName, EndlessGrowthIsRecognisedEarly) {
 /// Applies a regular expression the slow way, as long as the name is no longer than it may be.
 std::string OneByOne(std::string name, const OptionValues::Modify& rules, std::size_t times, RegexEngine& engine) {
   const ReplaceRule& rule = rules.rules[0];
-  const char* const flags = rules.ignoreCase == 1 ? "gik" : "gk";
+  const char* const flags = rules.ignoreCase ? "gik" : "gk";
   for (std::size_t i = 0; i < times && CharacterCount(name) <= kLongestName; ++i) {
     name = RegexReplace(name, rule.find, rule.replacement, flags, engine).value_or(name);
   }
@@ -444,7 +444,7 @@ TEST(ModifyName, RegularExpressionsGiveWhatTheSlowWayGives) {
     for (const std::string& replacement : replacements) {
       for (const std::string& name : names) {
         for (const std::size_t times : {1u, 3u, 14u}) {
-          for (const std::int16_t ignoreCase : {std::int16_t{0}, std::int16_t{1}}) {
+          for (const bool ignoreCase : {false, true}) {
             OptionValues::Modify rules = RegexRule(pattern, replacement);
             rules.ignoreCase = ignoreCase;
             const ModifyResult result = ModifyName(name, rules, times, library, pending);
@@ -509,7 +509,7 @@ TEST(ModifyName, ARegularExpressionThatLetsANameGrowCostsAFewApplications) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.pattern);
     OptionValues::Modify rules = RegexRule(row.pattern, row.replacement);
-    rules.ignoreCase = 1;
+    rules.ignoreCase = true;
     CountingLibrary library;
     CountingMessages pending;
     const ModifyResult exact = ModifyName("07 - a banana.", rules, 500, library, pending);
@@ -561,7 +561,7 @@ TEST(ModifyName, ARegularExpressionThatExplodesIsLeftAlone) {
 TEST(ModifyName, ManyNamesTakeNoTime) {
   OptionValues::Modify rules;
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
-    rules.rules[i] = {1, std::string(1, static_cast<char>('a' + i)), std::string(1, static_cast<char>('A' + i))};
+    rules.rules[i] = {true, std::string(1, static_cast<char>('a' + i)), std::string(1, static_cast<char>('A' + i))};
   }
   const auto start = std::chrono::steady_clock::now();
   for (int i = 0; i < 20'000; ++i) EXPECT_EQ(Modified("abcde track", rules, 100'000), "ABCDE trACk");

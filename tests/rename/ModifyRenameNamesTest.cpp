@@ -44,7 +44,7 @@ struct Fixture : RenameFixture {
 
 TEST(ModifyRenameNames, ShowsEveryStepInItsOrder) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
-  f.options.modify.upper = 1;
+  f.options.modify.upper = true;
   const ModifyOutcome outcome = f.Run(true);
   EXPECT_EQ(RenameNames(f.list), Texts({"A", "B", "C"}));
   EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/a.mid",
@@ -63,8 +63,8 @@ TEST(ModifyRenameNames, AnExceptionLeavesNeitherTheWaitWindowNorTheBusyPointer) 
     }
   } regex;
   Fixture f({"a.mid", "b.mid", "c.mid"});
-  f.options.modify.findCtrl = 1;
-  f.options.modify.rules[0] = {1, "x", "y"};
+  f.options.modify.method = FindMethod::kRegex;
+  f.options.modify.rules[0] = {true, "x", "y"};
   EXPECT_THROW(ModifyRenameNames(f.list, f.options, f.mode, f.engine,
                                  {regex, f.ports.pending, f.ports.progress, f.ports.window, f.ports.boxes}, true),
                std::bad_alloc);
@@ -75,7 +75,7 @@ TEST(ModifyRenameNames, AnExceptionLeavesNeitherTheWaitWindowNorTheBusyPointer) 
 
 TEST(ModifyRenameNames, CountsThePercentageOverTheCheckedRows) {
   Fixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
-  f.options.modify.upper = 1;
+  f.options.modify.upper = true;
   f.list.SetChecked(2, true);
   f.list.SetChecked(4, true);
   f.Run(false);
@@ -100,7 +100,7 @@ TEST(ModifyRenameNames, WithNothingInScopeOnlyOpensAndCloses) {
 
 TEST(ModifyRenameNames, AppliesARuleAsOftenAsTheListHasRows) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
-  f.options.modify.rules[0] = {1, "a", "aa"};
+  f.options.modify.rules[0] = {true, "a", "aa"};
   f.list.SetChecked(1, true);
   f.Run(false);
   EXPECT_EQ(f.list.Row(1).renameName, "aaaaaaaa") << "three rows, three doublings, though one is in scope";
@@ -111,7 +111,7 @@ TEST(ModifyRenameNames, TellsTheObserverOnlyOfNamesThatChange) {
   test::EventLog log;
   test::ListRecorder recorder(log);
   f.list.SetObserver(&recorder);
-  f.options.modify.upper = 1;
+  f.options.modify.upper = true;
   f.Run(true);
   EXPECT_EQ(log.Events(), Texts({"row 1"}));
 }
@@ -119,9 +119,9 @@ TEST(ModifyRenameNames, TellsTheObserverOnlyOfNamesThatChange) {
 TEST(ModifyRenameNames, NamesThatARuleWouldMakeEndlessAreToldOnceAtTheEnd) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
   f.SetNames({"x:y", "fine", "p?q:r"});
-  f.options.modify.reviceFlag = 1;
-  f.options.modify.reviceText = "<:>";
-  f.options.modify.upper = 1;
+  f.options.modify.replaceInvalid = true;
+  f.options.modify.invalidReplacement = "<:>";
+  f.options.modify.upper = true;
   const ModifyOutcome outcome = f.Run(true);
   EXPECT_EQ(RenameNames(f.list), Texts({"x:y", "FINE", "p?q:r"})) << "a name that is left alone stays whole";
   EXPECT_EQ(outcome.leftAlone, 2);
@@ -131,8 +131,8 @@ TEST(ModifyRenameNames, NamesThatARuleWouldMakeEndlessAreToldOnceAtTheEnd) {
 
 TEST(ModifyRenameNames, CancellingKeepsTheRowsDoneSoFar) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
-  f.options.modify.rules[0] = {1, "x", "y"};
-  f.options.modify.upper = 1;
+  f.options.modify.rules[0] = {true, "x", "y"};
+  f.options.modify.upper = true;
   f.ports.pending.At(4, [&] { f.ports.progress.cancelled = true; });  // in the rule, over the second row
   const ModifyOutcome outcome = f.Run(true);
   EXPECT_TRUE(outcome.cancelled);
@@ -151,8 +151,8 @@ TEST(ModifyRenameNames, CancellingEndsARowThatTakesLong) {
     int calls = 0;
   } regex;
   Fixture f(Texts(1000, "a.mid"));
-  f.options.modify.findCtrl = 1;
-  f.options.modify.rules[0] = {1, "^(\\w)", "0$1"};
+  f.options.modify.method = FindMethod::kRegex;
+  f.options.modify.rules[0] = {true, "^(\\w)", "0$1"};
   f.ports.pending.At(500, [&] { f.ports.progress.cancelled = true; });
   const ModifyOutcome outcome =
       ModifyRenameNames(f.list, f.options, f.mode, f.engine,
@@ -165,7 +165,7 @@ TEST(ModifyRenameNames, CancellingEndsARowThatTakesLong) {
 
 TEST(ModifyRenameNames, CanBeCancelledWhereNoRuleIsActive) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
-  f.options.modify.upper = 1;
+  f.options.modify.upper = true;
   f.ports.pending.At(3, [&] { f.ports.progress.cancelled = true; });
   EXPECT_TRUE(f.Run(true).cancelled);
   EXPECT_EQ(RenameNames(f.list), Texts({"A", "B", "c"}));
@@ -174,7 +174,7 @@ TEST(ModifyRenameNames, CanBeCancelledWhereNoRuleIsActive) {
 TEST(ModifyRenameNamesAutoApply, CancellingLeavesTheFilesThatWereNotDone) {
   Fixture f({"a.mid", "b.mid"});
   f.mode.automatic = true;
-  f.options.modify.upper = 1;
+  f.options.modify.upper = true;
   f.ports.pending.At(2, [&] { f.ports.progress.cancelled = true; });
   const ModifyOutcome outcome = f.Run(true);
   EXPECT_TRUE(outcome.cancelled);
@@ -186,7 +186,7 @@ TEST(ModifyRenameNamesAutoApply, CancellingLeavesTheFilesThatWereNotDone) {
 TEST(ModifyRenameNamesAutoApply, WritesEachNameToTheDiskAtOnce) {
   Fixture f({"a.mid", "b.mid"});
   f.mode.automatic = true;
-  f.options.modify.upper = 1;
+  f.options.modify.upper = true;
   f.Run(true);
   EXPECT_EQ(f.Names(), Texts({"A.mid", "B.mid"}));
   EXPECT_EQ(f.ports.log.StartingWith("progress: "),
@@ -194,17 +194,17 @@ TEST(ModifyRenameNamesAutoApply, WritesEachNameToTheDiskAtOnce) {
 }
 
 TEST(ModifyRenameNamesAutoApply, EndsAtTheFirstFailureAndPutsThatRenameNameBack) {
-  for (const std::int16_t check : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool check : {false, true}) {
     Fixture f({"a.mid", "b.mid", "c.mid"});
     f.mode.automatic = true;
-    f.options.update.updateErrChk = check;
-    f.options.modify.upper = 1;
+    f.options.update.checkFailedRows = check;
+    f.options.modify.upper = true;
     f.files.AddFile("/m/B.mid", "taken");
     const ModifyOutcome outcome = f.Run(true);
     EXPECT_TRUE(outcome.stopped);
     EXPECT_EQ(RenameNames(f.list), Texts({"A", "b", "c"}));
     EXPECT_EQ(f.Names(), Texts({"A.mid", "B.mid", "b.mid", "c.mid"}));
-    EXPECT_EQ(CheckedRows(f.list), check == 1 ? Indices({2}) : Indices());
+    EXPECT_EQ(CheckedRows(f.list), check ? Indices({2}) : Indices());
     EXPECT_EQ(f.list.SelectedIndex(), 2) << "the failing row is shown";
     EXPECT_EQ(f.ports.boxes.Shown().size(), 1u);
     const Texts& events = f.ports.log.Events();

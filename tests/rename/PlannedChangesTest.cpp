@@ -43,7 +43,7 @@ Outcome Apply(FileChanges& changes, const Texts& paths, const Texts& renameNames
   test::Recorders ports;
   FileList list;
   OptionValues options;
-  options.update.errSkip = 1;
+  options.update.skipFailedRows = true;
   const ApplyMode mode;
   for (std::size_t i = 0; i < paths.size(); ++i) {
     FileItem row = test::RowFor(paths[i]);

@@ -33,8 +33,8 @@ TEST(mnuThisRename, SetsTheSelectedRowToItsTitleWithoutAsking) {
 TEST(mnuThisRename, LeavesTheTitleAsItIsThoughTheOptionsRunTheRules) {
   EditingFixture f({"a.mid"});
   f.SetTitle(1, "one");
-  f.options.rename.renameModify = 1;
-  f.options.modify.upper = 1;
+  f.options.rename.applyRules = true;
+  f.options.modify.upper = true;
   f.editing.mnuThisRename();
   EXPECT_EQ(RenameNames(f.list), Texts({"one"}));
   EXPECT_EQ(f.box.Text(), "one");
@@ -114,16 +114,16 @@ TEST(mnuThisUndo, WorksInAutoModeAndTouchesNoFile) {
 }
 
 TEST(mnuThisRename, InAutoModeAFailureChecksTheRowWhenTheOptionSaysSo) {
-  for (const std::int16_t errChk : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool check : {false, true}) {
     EditingFixture f({"a.mid", "b.mid"});
     f.mode.automatic = true;
-    f.options.update.updateErrChk = errChk;
+    f.options.update.checkFailedRows = check;
     f.SetTitle(1, "b");
     f.editing.mnuThisRename();
     EXPECT_EQ(f.ports.boxes.Shown().size(), 1u);
     EXPECT_EQ(f.Names(), Texts({"a.mid", "b.mid"}));
     EXPECT_EQ(RenameNames(f.list), Texts({"b", "b"})) << "the title stays as the rename name";
-    EXPECT_EQ(CheckedRows(f.list), errChk == 1 ? Indices({1}) : Indices());
+    EXPECT_EQ(CheckedRows(f.list), check ? Indices({1}) : Indices());
   }
 }
 
@@ -216,14 +216,12 @@ TEST(RenameBatches, RunWhenConfirmed) {
 }
 
 TEST(RenameBatches, RunAtOnceWhenConfirmationsAreOff) {
-  for (const std::int16_t msgbox : {std::int16_t{1}, std::int16_t{-1}}) {
-    for (const Question& question : Questions()) {
-      ThreeRows f;
-      f.options.system.msgbox = msgbox;
-      (f.editing.*question.command)();
-      EXPECT_EQ(f.ports.boxes.Shown().size(), 0u) << question.name;
-      EXPECT_EQ(RenameNames(f.list), question.namesAfterYes) << question.name;
-    }
+  for (const Question& question : Questions()) {
+    ThreeRows f;
+    f.options.system.suppressConfirmations = true;
+    (f.editing.*question.command)();
+    EXPECT_EQ(f.ports.boxes.Shown().size(), 0u) << question.name;
+    EXPECT_EQ(RenameNames(f.list), question.namesAfterYes) << question.name;
   }
 }
 
@@ -231,7 +229,7 @@ TEST(RenameBatches, InAutoModeTitlesAreAppliedAndUndoNeverTouchesTheDisk) {
   for (const Question& question : Questions()) {
     ThreeRows f;
     f.mode.automatic = true;
-    f.options.system.msgbox = 1;
+    f.options.system.suppressConfirmations = true;
     (f.editing.*question.command)();
     EXPECT_EQ(RenameNames(f.list), question.namesAfterYes) << question.name;
     const bool undo = std::string(question.name).ends_with("Undo");
@@ -244,7 +242,7 @@ TEST(RenameBatches, InAutoModeTitlesAreAppliedAndUndoNeverTouchesTheDisk) {
 
 TEST(RenameBatches, TheBoxFollowsWhenItIsRefreshed) {
   ThreeRows f;
-  f.options.system.msgbox = 1;
+  f.options.system.suppressConfirmations = true;
   f.Select({2});
   f.editing.mnuAllUndo();
   f.editing.Refresh();

@@ -228,7 +228,7 @@ TEST(RenameBoxChange, InAutoModeAFailureFallsBack) {
 
 TEST(RenameBoxChange, InAutoModeAFailureChecksTheRowOnlyWhenTheOptionSaysSo) {
   Automatic f({"a.mid", "b.mid"});
-  f.options.update.updateErrChk = 0;
+  f.options.update.checkFailedRows = false;
   f.Type("b");
   EXPECT_EQ(f.box.Text(), "a");
   EXPECT_EQ(CheckedRows(f.list), Indices());
@@ -245,7 +245,7 @@ TEST(RenameBoxChange, InAutoModeAFailureKeepsTheFallBackForTheNextOne) {
 
 TEST(RenameBoxChange, InAutoModeAFailureWithoutAMessageFallsBackInEverySelectedRow) {
   Automatic f({"a.mid", "b.mid", "c.mid"});
-  f.options.update.errSkip = 1;
+  f.options.update.skipFailedRows = true;
   f.Select({1, 3});
   f.Type("b");
   EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
@@ -471,15 +471,15 @@ TEST(LabelEdited, InAutoModeIsAppliedAtOnce) {
 }
 
 TEST(LabelEdited, InAutoModeAFailurePutsTheOldNameBack) {
-  for (const std::int16_t errChk : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool check : {false, true}) {
     Automatic f({"a.mid", "b.mid"});
-    f.options.update.updateErrChk = errChk;
+    f.options.update.checkFailedRows = check;
     f.editing.LabelEdited(1, "b");
     EXPECT_TRUE(f.ports.log.Has(kTargetExists));
     EXPECT_EQ(RenameNames(f.list), Texts({"a", "b"}));
     EXPECT_EQ(f.box.Text(), "a");
     EXPECT_EQ(f.Names(), Texts({"a.mid", "b.mid"}));
-    EXPECT_EQ(CheckedRows(f.list), errChk == 1 ? Indices({1}) : Indices());
+    EXPECT_EQ(CheckedRows(f.list), check ? Indices({1}) : Indices());
     EXPECT_TRUE(f.ports.log.Has("panel player: 選択： a.mid"));
     f.Type("");
     f.editing.EnterPressed();

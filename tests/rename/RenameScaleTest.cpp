@@ -70,8 +70,8 @@ TEST(RenameScale, NoBatchIsQuadratic) {
        }},
       {"titles",
        [](LongList& all) {
-         all.options.rename.renameModify = 1;
-         all.options.modify.rules[0] = {1, "title", "song"};
+         all.options.rename.applyRules = true;
+         all.options.modify.rules[0] = {true, "title", "song"};
          TitleRename titles(all.list, all.options, all.mode, all.engine, all.regex, all.ports.pending, all.ports.window,
                             all.ports.boxes);
          titles.RenameToTitles(true);
@@ -80,7 +80,7 @@ TEST(RenameScale, NoBatchIsQuadratic) {
       {"modify and apply",
        [](LongList& all) {
          all.mode.automatic = true;
-         all.options.modify.rules[0] = {1, "1", "one"};
+         all.options.modify.rules[0] = {true, "1", "one"};
          const ModifyOutcome outcome = ModifyRenameNames(
              all.list, all.options, all.mode, all.engine,
              {all.regex, all.ports.pending, all.ports.progress, all.ports.window, all.ports.boxes}, true);

@@ -62,15 +62,15 @@ TEST(TitleRename, SkipsRowsWithoutATitleWhenTheOptionSaysSo) {
   f.titles.RenameToTitles(true);
   EXPECT_EQ(RenameNames(f.list), Texts({"1", "2", "3", "4", "--", "\u3000"}));
   EXPECT_EQ(f.list.CheckedCount(), 0);
-  f.options.rename.noTitleSkip = 0;
+  f.options.rename.skipUntitledRows = false;
   f.titles.RenameToTitles(true);
   EXPECT_EQ(RenameNames(f.list), Texts({"", "   ", "---", " --- ", "--", "\u3000"}));
 }
 
 TEST(TitleRename, TellsOnceOfTitlesThatARuleWouldMakeEndless) {
   Fixture f(Texts(40, "aaa"));
-  f.options.rename.renameModify = 1;
-  f.options.modify.rules[0] = {1, "a", "aa"};
+  f.options.rename.applyRules = true;
+  f.options.modify.rules[0] = {true, "a", "aa"};
   f.titles.RenameToTitles(true);
   EXPECT_EQ(RenameNames(f.list), Texts(40, "aaa"));
   int told = 0;
@@ -82,7 +82,7 @@ TEST(TitleRename, TellsOnceOfTitlesThatARuleWouldMakeEndless) {
 
 TEST(TitleRename, ChecksSkippedRowsWhenTheOptionSaysSo) {
   Fixture f({"one", "", "---"});
-  f.options.rename.renameErrChk = 1;
+  f.options.rename.checkSkippedRows = true;
   f.titles.RenameToTitles(true);
   EXPECT_EQ(CheckedRows(f.list), Indices({2, 3}));
 }
@@ -91,7 +91,7 @@ TEST(TitleRename, ChecksInvalidNamesWhenTheOptionSaysSoAndReportsNothing) {
   Fixture f({"a?b", "fine", "a/b", "a\tb"});
   f.titles.RenameToTitles(true);
   EXPECT_EQ(f.list.CheckedCount(), 0);
-  f.options.rename.injusticeChk = 1;
+  f.options.rename.checkInvalidNames = true;
   f.titles.RenameToTitles(true);
   EXPECT_EQ(CheckedRows(f.list), Indices({1, 3}));
   EXPECT_EQ(f.list.Row(1).renameName, "a?b") << "an invalid name is kept";
@@ -100,15 +100,15 @@ TEST(TitleRename, ChecksInvalidNamesWhenTheOptionSaysSoAndReportsNothing) {
 
 TEST(TitleRename, PassesTitlesThroughTheModificationRulesWhenTheOptionSaysSo) {
   Fixture f({"a:b", "cat"});
-  f.options.rename.injusticeChk = 1;
-  f.options.modify.reviceFlag = 1;
-  f.options.modify.reviceText = "_";
-  f.options.modify.upper = 1;
+  f.options.rename.checkInvalidNames = true;
+  f.options.modify.replaceInvalid = true;
+  f.options.modify.invalidReplacement = "_";
+  f.options.modify.upper = true;
   f.titles.RenameToTitles(true);
   EXPECT_EQ(RenameNames(f.list), Texts({"a:b", "cat"}));
   EXPECT_EQ(CheckedRows(f.list), Indices({1}));
   f.list.UncheckAll();
-  f.options.rename.renameModify = 1;
+  f.options.rename.applyRules = true;
   f.titles.RenameToTitles(true);
   EXPECT_EQ(RenameNames(f.list), Texts({"A_B", "CAT"}));
   EXPECT_EQ(CheckedRows(f.list), Indices()) << "the new name is what is tested";
@@ -117,8 +117,8 @@ TEST(TitleRename, PassesTitlesThroughTheModificationRulesWhenTheOptionSaysSo) {
 
 TEST(TitleRename, AppliesARuleAsOftenAsTheListHasRows) {
   Fixture f({"a", "b", "c"});
-  f.options.rename.renameModify = 1;
-  f.options.modify.rules[0] = {1, "a", "aa"};
+  f.options.rename.applyRules = true;
+  f.options.modify.rules[0] = {true, "a", "aa"};
   f.list.SetChecked(1, true);
   f.titles.RenameToTitles(false);
   EXPECT_EQ(RenameNames(f.list), Texts({"aaaaaaaa", "2", "3"}));
@@ -126,9 +126,9 @@ TEST(TitleRename, AppliesARuleAsOftenAsTheListHasRows) {
 
 TEST(TitleRename, TitlesThatARuleWouldMakeEndlessAreToldOnceAtTheEnd) {
   Fixture f({"x:y", "fine", "p?q"});
-  f.options.rename.renameModify = 1;
-  f.options.modify.reviceFlag = 1;
-  f.options.modify.reviceText = "<:>";
+  f.options.rename.applyRules = true;
+  f.options.modify.replaceInvalid = true;
+  f.options.modify.invalidReplacement = "<:>";
   for (int run = 0; run < 2; ++run) {
     f.ports.log.Clear();
     f.titles.RenameToTitles(true);
@@ -154,15 +154,15 @@ TEST(TitleRenameAutoApply, WritesEachNameToTheDiskAtOnce) {
 }
 
 TEST(TitleRenameAutoApply, EndsAtTheFirstFailureAndPutsThatRenameNameBack) {
-  for (const std::int16_t check : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool check : {false, true}) {
     Fixture f({"one", "a?b", "three"});
     f.mode.automatic = true;
-    f.options.update.updateErrChk = check;
+    f.options.update.checkFailedRows = check;
     f.list.SetRenameName(2, "before");
     f.titles.RenameToTitles(true);
     EXPECT_EQ(RenameNames(f.list), Texts({"one", "before", "3"}));
     EXPECT_EQ(f.Names(), Texts({"2.mid", "3.mid", "one.mid"}));
-    EXPECT_EQ(CheckedRows(f.list), check == 1 ? Indices({2}) : Indices());
+    EXPECT_EQ(CheckedRows(f.list), check ? Indices({2}) : Indices());
     EXPECT_EQ(f.ports.boxes.Shown().size(), 1u);
     EXPECT_EQ(f.ports.log.Events().back(), "pointer normal");
   }
@@ -183,15 +183,15 @@ TEST(TitleRenameAutoApply, DoesNotSkipRowsWithoutATitle) {
 TEST(TitleRenameAutoApply, DoesNotMarkInvalidNamesBeforeTheyAreApplied) {
   Fixture f({"a?b"});
   f.mode.automatic = true;
-  f.options.rename.injusticeChk = 1;
-  f.options.update.updateErrChk = 0;
+  f.options.rename.checkInvalidNames = true;
+  f.options.update.checkFailedRows = false;
   f.titles.RenameToTitles(true);
   EXPECT_EQ(f.list.CheckedCount(), 0);
 }
 
 TEST(TitleRename, ResultDoesNotDependOnTheStoredSettingOfTheMode) {
   Fixture f({"one"});
-  f.options.update.autoUpdate = 1;
+  f.options.update.automatic = true;
   f.titles.RenameToTitles(true);
   EXPECT_EQ(f.Names(), Texts({"1.mid"})) << "the mode in force counts";
 }

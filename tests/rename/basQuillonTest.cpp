@@ -243,7 +243,7 @@ TEST(ApplyRenameNameFailure, ErrSkipSilencesAllButTheUnexpected) {
   for (const FailureCase& c : FailureCases()) {
     SCOPED_TRACE(c.name);
     RenameFixture f({"a.mid", "b.mid"});
-    f.options.update.errSkip = 1;
+    f.options.update.skipFailedRows = true;
     Prepare(f, c);
     EXPECT_EQ(f.engine.ApplyRenameName(2), c.code);
     if (c.code == apply_code::kUnexpected) {
@@ -294,14 +294,14 @@ TEST(ApplyRenameNameFailure, ANameOfDotsWithoutExtensionIsInvalid) {
 TEST(ApplyRenameName, UnchecksAsTheOptionSays) {
   struct Case {
     const char* name;
-    std::int16_t uncheck;
+    bool uncheck;
     bool automatic;
     bool checkedAfter;
   };
   for (const Case& c :
        {Case{"on", 1, false, false}, Case{"off", 0, false, true}, Case{"auto-apply mode", 1, true, true}}) {
     RenameFixture f({"a.mid"});
-    f.options.update.updateRemChk = c.uncheck;
+    f.options.update.uncheckAppliedRows = c.uncheck;
     f.mode.automatic = c.automatic;
     f.list.SetChecked(1, true);
     f.list.SetRenameName(1, "b");
@@ -354,7 +354,7 @@ TEST(ApplyRenameBatch, SumsUpInTwoLines) {
   };
   for (const Case& c : cases) {
     RenameFixture f({"a.mid", "b.mid"});
-    f.options.update.errSkip = 1;
+    f.options.update.skipFailedRows = true;
     f.SetNames(c.renameNames);
     f.engine.ApplyRenameBatch(true);
     EXPECT_EQ(f.ports.log.StartingWith("box"), c.boxes) << c.name;
@@ -386,7 +386,7 @@ TEST(ApplyRenameBatch, TakesTheCheckedRowsOrAll) {
 TEST(ApplyRenameBatch, WithErrSkipOneNamesakeIsSkippedCheckedAndCounted) {
   RenameFixture f({"a.mid", "b.mid", "c.mid"});
   f.files.AddFile("/m/taken.mid", "taken");
-  f.options.update.errSkip = 1;
+  f.options.update.skipFailedRows = true;
   f.SetNames({"x", "y", "taken"});
   const BatchOutcome outcome = f.engine.ApplyRenameBatch(true);
   EXPECT_EQ(f.Names(), Texts({"c.mid", "taken.mid", "x.mid", "y.mid"}));
@@ -403,19 +403,19 @@ TEST(ApplyRenameBatch, WithErrSkipOneNamesakeIsSkippedCheckedAndCounted) {
 }
 
 TEST(ApplyRenameBatch, ChecksFailedRowsAsTheOptionSays) {
-  for (const std::int16_t check : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool check : {false, true}) {
     RenameFixture f({"a.mid", "b.mid"});
-    f.options.update.updateErrChk = check;
-    f.options.update.errSkip = 1;
+    f.options.update.checkFailedRows = check;
+    f.options.update.skipFailedRows = true;
     f.SetNames({"", "y"});
     f.engine.ApplyRenameBatch(true);
-    EXPECT_EQ(CheckedRows(f.list), check == 1 ? Indices({1}) : Indices());
+    EXPECT_EQ(CheckedRows(f.list), check ? Indices({1}) : Indices());
   }
 }
 
 TEST(ApplyRenameBatch, TheCheckedRowsAreThenExactlyTheFailedOnes) {
   RenameFixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
-  f.options.update.errSkip = 1;
+  f.options.update.skipFailedRows = true;
   f.list.CheckAll();
   f.SetNames({"", "y", "a?", "z"});
   f.engine.ApplyRenameBatch(false);
@@ -443,7 +443,7 @@ TEST(ApplyRenameBatch, AnUnexpectedErrorStopsIt) {
     SCOPED_TRACE(c.name);
     const Texts names = {"a.mid", "b.mid", "c.mid", "d.mid"};
     RenameFixture f(names);
-    f.options.update.errSkip = 1;
+    f.options.update.skipFailedRows = true;
     f.SetNames({"w", "x", "", "z"});
     f.files.Fail(FileCall::kRename, "/m/" + names[c.at - 1], {file_error::kUnreachable, "gone"});
     const BatchOutcome outcome = f.engine.ApplyRenameBatch(true);
@@ -462,7 +462,7 @@ TEST(ApplyRenameBatch, AnUnexpectedErrorStopsIt) {
 
 TEST(ApplyRenameBatch, TheStoppedRowIsNotCheckedWhenTheOptionIsOff) {
   RenameFixture f({"a.mid"});
-  f.options.update.updateErrChk = 0;
+  f.options.update.checkFailedRows = false;
   f.list.SetRenameName(1, "x");
   f.files.Fail(FileCall::kRename, "/m/a.mid", {file_error::kUnreachable, "gone"});
   const BatchOutcome outcome = f.engine.ApplyRenameBatch(true);
@@ -531,7 +531,7 @@ TEST(ApplyRenameNameFailure, TellsDetailsOnDemand) {
 
 TEST(BatchObserver, HearsOfEachAppliedRow) {
   RenameFixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
-  f.options.update.errSkip = 1;
+  f.options.update.skipFailedRows = true;
   f.SetNames({"x", "", "z", "w"});
   f.list.CheckAll();
   f.list.SetChecked(4, false);
@@ -564,28 +564,28 @@ TEST(mnuThisUpdate, AppliesTheSelectedRowAndSaysSo) {
 }
 
 TEST(mnuThisUpdate, UnchecksAlsoInAutoApplyMode) {
-  for (const std::int16_t uncheck : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool uncheck : {false, true}) {
     RenameFixture f({"a.mid"});
     f.mode.automatic = true;
-    f.options.update.updateRemChk = uncheck;
+    f.options.update.uncheckAppliedRows = uncheck;
     f.list.SetChecked(1, true);
     f.list.SelectOnly(1);
     f.engine.mnuThisUpdate();
-    EXPECT_EQ(f.list.Row(1).checked, uncheck == 0);
+    EXPECT_EQ(f.list.Row(1).checked, !uncheck);
   }
 }
 
 TEST(mnuThisUpdate, ReportsAFailureEvenWithErrSkipAndRestoresIt) {
-  for (const std::int16_t check : {std::int16_t{0}, std::int16_t{1}}) {
+  for (const bool check : {false, true}) {
     RenameFixture f({"a.mid"});
-    f.options.update.errSkip = 1;
-    f.options.update.updateErrChk = check;
+    f.options.update.skipFailedRows = true;
+    f.options.update.checkFailedRows = check;
     f.list.SetRenameName(1, "");
     f.list.SelectOnly(1);
     f.engine.mnuThisUpdate();
     EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({kNoName}));
-    EXPECT_EQ(f.list.Row(1).checked, check == 1);
-    EXPECT_EQ(f.options.update.errSkip, 1);
+    EXPECT_EQ(f.list.Row(1).checked, check);
+    EXPECT_TRUE(f.options.update.skipFailedRows);
   }
 }
 
@@ -635,16 +635,14 @@ TEST(BatchCommands, AskFirst) {
 }
 
 TEST(BatchCommands, AskNothingWhenConfirmationsAreOff) {
-  for (const std::int16_t msgbox : {std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
-    for (const CommandCase& c : BatchCommands()) {
-      RenameFixture f({"a.mid", "b.mid"});
-      f.SetNames({"x", "y"});
-      f.list.SetChecked(2, true);
-      f.options.system.msgbox = msgbox;
-      (f.engine.*c.command)();
-      EXPECT_EQ(f.Names(), c.applied) << c.name;
-      EXPECT_EQ(f.ports.boxes.Shown().size(), 1u) << "only the summary";
-    }
+  for (const CommandCase& c : BatchCommands()) {
+    RenameFixture f({"a.mid", "b.mid"});
+    f.SetNames({"x", "y"});
+    f.list.SetChecked(2, true);
+    f.options.system.suppressConfirmations = true;
+    (f.engine.*c.command)();
+    EXPECT_EQ(f.Names(), c.applied) << c.name;
+    EXPECT_EQ(f.ports.boxes.Shown().size(), 1u) << "only the summary";
   }
 }
 

@@ -20,6 +20,9 @@ class Description {
 
   void Add(std::string_view name, const std::string& value) { text_ << name << " = \"" << value << "\"\n"; }
 
+  void Add(std::string_view name, FindMethod value) { Add(name, value == FindMethod::kRegex); }
+  void Add(std::string_view name, DeleteTo value) { Add(name, value == DeleteTo::kRecycleBin); }
+
   void Add(std::string_view name, const std::optional<std::int32_t>& value) {
     Add(name, value ? std::to_string(*value) : std::string("none"));
   }
@@ -31,21 +34,21 @@ class Description {
 };
 
 void DescribeModify(Description& text, const OptionValues::Modify& modify) {
-  text.Add("reviceFlag", modify.reviceFlag);
-  text.Add("reviceText", modify.reviceText);
+  text.Add("replaceInvalid", modify.replaceInvalid);
+  text.Add("invalidReplacement", modify.invalidReplacement);
   for (const ReplaceRule& rule : modify.rules) {
     text.Add("rule active", rule.active);
     text.Add("rule find", rule.find);
     text.Add("rule replacement", rule.replacement);
   }
-  text.Add("findCtrl", modify.findCtrl);
+  text.Add("method", modify.method);
   text.Add("ignoreCase", modify.ignoreCase);
   text.Add("upper", modify.upper);
   text.Add("lower", modify.lower);
   text.Add("proper", modify.proper);
   text.Add("wide", modify.wide);
   text.Add("narrow", modify.narrow);
-  text.Add("nonUnload", modify.nonUnload);
+  text.Add("keepDialogOpen", modify.keepDialogOpen);
 }
 
 void DescribeWindow(Description& text, const OptionValues::Window& window) {
@@ -57,27 +60,28 @@ void DescribeWindow(Description& text, const OptionValues::Window& window) {
 }
 
 void DescribeFind(Description& text, const OptionValues::Find& find) {
-  text.Add("filterChk", find.filterChk);
-  text.Add("extEtc", find.extEtc);
-  text.Add("extHtml", find.extHtml);
-  text.Add("extMusic", find.extMusic);
-  text.Add("extText", find.extText);
-  text.Add("extEtcText", find.extEtcText);
-  text.Add("extHtmlText", find.extHtmlText);
-  text.Add("extMusicText", find.extMusicText);
-  text.Add("extTextText", find.extTextText);
+  text.Add("filterByExtension", find.filterByExtension);
+  text.Add("other.on", find.other.on);
+  text.Add("html.on", find.html.on);
+  text.Add("media.on", find.media.on);
+  text.Add("text.on", find.text.on);
+  text.Add("other.extensions", find.other.extensions);
+  text.Add("html.extensions", find.html.extensions);
+  text.Add("media.extensions", find.media.extensions);
+  text.Add("text.extensions", find.text.extensions);
 }
 
 class RandomValues {
  public:
   explicit RandomValues(unsigned seed) : engine_(seed) {}
 
-  void operator()(std::int16_t& value) { value = static_cast<std::int16_t>(Number(-32768, 32767)); }
   void operator()(std::int32_t& value) {
     value = Number(std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max());
   }
   void operator()(std::optional<std::int32_t>& value) { (*this)(value.emplace()); }
   void operator()(bool& value) { value = Number(0, 1) == 1; }
+  void operator()(FindMethod& value) { value = Number(0, 1) == 1 ? FindMethod::kRegex : FindMethod::kText; }
+  void operator()(DeleteTo& value) { value = Number(0, 1) == 1 ? DeleteTo::kRecycleBin : DeleteTo::kNowhere; }
   void operator()(std::string& value) {
     static constexpr std::array<std::string_view, 24> kPieces = {"a",  "Z",  "0", " ",  "  ", "=", ";", "[",
                                                                  "]",  "\"", "'", "\\", "/",  "%", "#", "音",
@@ -115,30 +119,30 @@ class RandomValues {
 
 std::string Describe(const OptionValues& options) {
   Description text;
-  text.Add("dirPath", options.system.dirPath);
-  text.Add("movePath", options.system.movePath);
-  text.Add("loadTime", options.system.loadTime);
-  text.Add("msgbox", options.system.msgbox);
-  text.Add("front", options.system.front);
+  text.Add("loadFolder", options.system.loadFolder);
+  text.Add("moveFolder", options.system.moveFolder);
+  text.Add("readPlayTimes", options.system.readPlayTimes);
+  text.Add("suppressConfirmations", options.system.suppressConfirmations);
+  text.Add("alwaysOnTop", options.system.alwaysOnTop);
   DescribeWindow(text, options.window);
   text.Add("repeat", options.player.repeat);
-  text.Add("allPlay", options.player.allPlay);
+  text.Add("continuous", options.player.continuous);
   DescribeModify(text, options.modify);
-  text.Add("errSkip", options.update.errSkip);
-  text.Add("updateErrChk", options.update.updateErrChk);
-  text.Add("updateRemChk", options.update.updateRemChk);
-  text.Add("autoUpdate", options.update.autoUpdate);
-  text.Add("noTitleSkip", options.rename.noTitleSkip);
-  text.Add("renameErrChk", options.rename.renameErrChk);
-  text.Add("renameModify", options.rename.renameModify);
-  text.Add("injusticeChk", options.rename.injusticeChk);
-  text.Add("loadChk", options.list.loadChk);
-  text.Add("delToTrashBox", options.list.delToTrashBox);
-  text.Add("delCompMsg", options.list.delCompMsg);
-  text.Add("loadRemove", options.list.loadRemove);
-  text.Add("subFolder", options.list.subFolder);
+  text.Add("skipFailedRows", options.update.skipFailedRows);
+  text.Add("checkFailedRows", options.update.checkFailedRows);
+  text.Add("uncheckAppliedRows", options.update.uncheckAppliedRows);
+  text.Add("automatic", options.update.automatic);
+  text.Add("skipUntitledRows", options.rename.skipUntitledRows);
+  text.Add("checkSkippedRows", options.rename.checkSkippedRows);
+  text.Add("applyRules", options.rename.applyRules);
+  text.Add("checkInvalidNames", options.rename.checkInvalidNames);
+  text.Add("checkLoadedRows", options.list.checkLoadedRows);
+  text.Add("deleteTo", options.list.deleteTo);
+  text.Add("confirmDeletion", options.list.confirmDeletion);
+  text.Add("clearBeforeLoading", options.list.clearBeforeLoading);
+  text.Add("searchSubfolders", options.list.searchSubfolders);
   DescribeFind(text, options.find);
-  text.Add("remainList", options.move.remainList);
+  text.Add("keepMovedRows", options.move.keepMovedRows);
   return text.Text();
 }
 
@@ -146,19 +150,20 @@ OptionValues RandomOptionValues(unsigned seed) {
   OptionValues options;
   RandomValues random(seed);
   auto& [system, window, player, modify, update, rename, list, find, move] = options;
-  random.All(system.dirPath, system.movePath, system.loadTime, system.msgbox, system.front);
+  random.All(system.loadFolder, system.moveFolder, system.readPlayTimes, system.suppressConfirmations,
+             system.alwaysOnTop);
   random.All(window.top, window.left, window.height, window.width);
   for (std::int32_t& width : window.columnWidths) random(width);
-  random.All(player.repeat, player.allPlay);
-  random.All(modify.reviceFlag, modify.reviceText, modify.findCtrl, modify.ignoreCase, modify.upper, modify.lower,
-             modify.proper, modify.wide, modify.narrow, modify.nonUnload);
+  random.All(player.repeat, player.continuous);
+  random.All(modify.replaceInvalid, modify.invalidReplacement, modify.method, modify.ignoreCase, modify.upper,
+             modify.lower, modify.proper, modify.wide, modify.narrow, modify.keepDialogOpen);
   for (ReplaceRule& rule : modify.rules) random(rule);
-  random.All(update.errSkip, update.updateErrChk, update.updateRemChk, update.autoUpdate);
-  random.All(rename.noTitleSkip, rename.renameErrChk, rename.renameModify, rename.injusticeChk);
-  random.All(list.loadChk, list.delToTrashBox, list.delCompMsg, list.loadRemove, list.subFolder);
-  random.All(find.filterChk, find.extEtc, find.extHtml, find.extMusic, find.extText, find.extEtcText, find.extHtmlText,
-             find.extMusicText, find.extTextText);
-  random(move.remainList);
+  random.All(update.skipFailedRows, update.checkFailedRows, update.uncheckAppliedRows, update.automatic);
+  random.All(rename.skipUntitledRows, rename.checkSkippedRows, rename.applyRules, rename.checkInvalidNames);
+  random.All(list.checkLoadedRows, list.deleteTo, list.confirmDeletion, list.clearBeforeLoading, list.searchSubfolders);
+  random.All(find.filterByExtension, find.other.on, find.html.on, find.media.on, find.text.on, find.other.extensions,
+             find.html.extensions, find.media.extensions, find.text.extensions);
+  random(move.keepMovedRows);
   return options;
 }
 

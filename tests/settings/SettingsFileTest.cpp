@@ -108,7 +108,7 @@ TEST(mnuOptionDefaultExit, DoesNotAskWhenConfirmationsAreOff) {
   const test::TempFolder folder;
   const std::string path = folder.Write("Quillon.ini", "[System]\r\nMsgbox=1\r\n");
   OptionValues options;
-  options.system.msgbox = 1;
+  options.system.suppressConfirmations = true;
   AnsweringBoxes boxes(false);
   EXPECT_TRUE(mnuOptionDefaultExit(path, options, boxes));
   EXPECT_TRUE(boxes.shown.empty());

@@ -136,26 +136,26 @@ TEST_F(SettingsTest, AValueThatDoesNotFitMakesTheWholeFileUnusable) {
   EXPECT_FALSE(LoadOptionValues(folder_.Write("q.ini", "[Player]\r\nRepeat=32768\r\n")));
   const std::optional<OptionValues> values = LoadOptionValues(folder_.Write("q.ini", "[Player]\r\nRepeat=32767\r\n"));
   ASSERT_TRUE(values);
-  EXPECT_EQ(values->player.repeat, 32767);
+  EXPECT_TRUE(values->player.repeat);
 }
 
 TEST_F(SettingsTest, DefaultsOfAFirstStart) {
   const OptionValues values = ReadValid("");
-  EXPECT_EQ(values.find.filterChk, 1);
-  EXPECT_EQ(values.find.extMusic, 1);
-  EXPECT_EQ(values.find.extEtc, 0);
-  EXPECT_EQ(values.find.extHtml, 0);
-  EXPECT_EQ(values.find.extText, 0);
-  EXPECT_EQ(values.find.extMusicText, "mid midi wav mp3 mpg mpeg avi");
-  EXPECT_TRUE(values.list.delToTrashBox);
-  EXPECT_EQ(values.list.delCompMsg, 1);
-  EXPECT_EQ(values.list.loadChk, 1);
-  EXPECT_EQ(values.list.subFolder, 0);
+  EXPECT_TRUE(values.find.filterByExtension);
+  EXPECT_TRUE(values.find.media.on);
+  EXPECT_FALSE(values.find.other.on);
+  EXPECT_FALSE(values.find.html.on);
+  EXPECT_FALSE(values.find.text.on);
+  EXPECT_EQ(values.find.media.extensions, "mid midi wav mp3 mpg mpeg avi");
+  EXPECT_EQ(values.list.deleteTo, DeleteTo::kRecycleBin);
+  EXPECT_TRUE(values.list.confirmDeletion);
+  EXPECT_TRUE(values.list.checkLoadedRows);
+  EXPECT_FALSE(values.list.searchSubfolders);
   EXPECT_EQ(values.window.top, std::nullopt) << "centred";
   EXPECT_EQ(values.window.left, std::nullopt) << "centred";
   EXPECT_EQ(values.window.height, 6655);
   EXPECT_EQ(values.window.width, 9520);
-  EXPECT_FALSE(values.system.front);
+  EXPECT_FALSE(values.system.alwaysOnTop);
 }
 
 TEST_F(SettingsTest, FreshFileHasEveryKeyInOrder) {
@@ -171,11 +171,11 @@ TEST_F(SettingsTest, EveryKeyIsReadIntoItsOwnMember) {
     const char* line;
     std::function<void(OptionValues&)> change;
   } rows[] = {
-      {"[System]\nDirPath=C:\\音\\", [](auto& o) { o.system.dirPath = "C:\\音\\"; }},
-      {"[System]\nMovePath=D:\\", [](auto& o) { o.system.movePath = "D:\\"; }},
-      {"[System]\nLoadTime=7", [](auto& o) { o.system.loadTime = 7; }},
-      {"[System]\nMsgbox=7", [](auto& o) { o.system.msgbox = 7; }},
-      {"[System]\nFront=True", [](auto& o) { o.system.front = true; }},
+      {"[System]\nDirPath=C:\\音\\", [](auto& o) { o.system.loadFolder = "C:\\音\\"; }},
+      {"[System]\nMovePath=D:\\", [](auto& o) { o.system.moveFolder = "D:\\"; }},
+      {"[System]\nLoadTime=1", [](auto& o) { o.system.readPlayTimes = true; }},
+      {"[System]\nMsgbox=1", [](auto& o) { o.system.suppressConfirmations = true; }},
+      {"[System]\nFront=True", [](auto& o) { o.system.alwaysOnTop = true; }},
       {"[Window]\nTop=-70000", [](auto& o) { o.window.top = -70000; }},
       {"[Window]\nLeft=70000", [](auto& o) { o.window.left = 70000; }},
       {"[Window]\nWindowHeight=70000", [](auto& o) { o.window.height = 70000; }},
@@ -186,47 +186,47 @@ TEST_F(SettingsTest, EveryKeyIsReadIntoItsOwnMember) {
       {"[Window]\nCol4_Width=104", [](auto& o) { o.window.columnWidths[3] = 104; }},
       {"[Window]\nCol5_Width=105", [](auto& o) { o.window.columnWidths[4] = 105; }},
       {"[Window]\nCol6_Width=106", [](auto& o) { o.window.columnWidths[5] = 106; }},
-      {"[Player]\nRepeat=7", [](auto& o) { o.player.repeat = 7; }},
-      {"[Player]\nAllPlay=7", [](auto& o) { o.player.allPlay = 7; }},
-      {"[Modify]\nReviceFlag=7", [](auto& o) { o.modify.reviceFlag = 7; }},
-      {"[Modify]\nReviceText=_", [](auto& o) { o.modify.reviceText = "_"; }},
-      {"[Modify]\n0ReplaceFlag=7", [](auto& o) { o.modify.rules[0].active = 7; }},
+      {"[Player]\nRepeat=1", [](auto& o) { o.player.repeat = true; }},
+      {"[Player]\nAllPlay=1", [](auto& o) { o.player.continuous = true; }},
+      {"[Modify]\nReviceFlag=1", [](auto& o) { o.modify.replaceInvalid = true; }},
+      {"[Modify]\nReviceText=_", [](auto& o) { o.modify.invalidReplacement = "_"; }},
+      {"[Modify]\n0ReplaceFlag=1", [](auto& o) { o.modify.rules[0].active = true; }},
       {"[Modify]\n0ReplaceObject=a", [](auto& o) { o.modify.rules[0].find = "a"; }},
       {"[Modify]\n0ReplaceRepace=b", [](auto& o) { o.modify.rules[0].replacement = "b"; }},
-      {"[Modify]\n4ReplaceFlag=7", [](auto& o) { o.modify.rules[4].active = 7; }},
+      {"[Modify]\n4ReplaceFlag=1", [](auto& o) { o.modify.rules[4].active = true; }},
       {"[Modify]\n4ReplaceObject=a", [](auto& o) { o.modify.rules[4].find = "a"; }},
       {"[Modify]\n4ReplaceRepace=b", [](auto& o) { o.modify.rules[4].replacement = "b"; }},
-      {"[Modify]\nFindCtrl=7", [](auto& o) { o.modify.findCtrl = 7; }},
-      {"[Modify]\nIgnoreCase=7", [](auto& o) { o.modify.ignoreCase = 7; }},
-      {"[Modify]\nUpper=7", [](auto& o) { o.modify.upper = 7; }},
-      {"[Modify]\nLower=7", [](auto& o) { o.modify.lower = 7; }},
-      {"[Modify]\nProper=7", [](auto& o) { o.modify.proper = 7; }},
-      {"[Modify]\nWide=7", [](auto& o) { o.modify.wide = 7; }},
-      {"[Modify]\nNarrow=7", [](auto& o) { o.modify.narrow = 7; }},
-      {"[Modify]\nNonUnload=7", [](auto& o) { o.modify.nonUnload = 7; }},
-      {"[Update]\nErrSkip=7", [](auto& o) { o.update.errSkip = 7; }},
-      {"[Update]\nUpdateErrChk=7", [](auto& o) { o.update.updateErrChk = 7; }},
-      {"[Update]\nUpdateRemChk=7", [](auto& o) { o.update.updateRemChk = 7; }},
-      {"[Update]\nAutoUpdate=7", [](auto& o) { o.update.autoUpdate = 7; }},
-      {"[Rename]\nNoTitleSkip=7", [](auto& o) { o.rename.noTitleSkip = 7; }},
-      {"[Rename]\nRenameErrChk=7", [](auto& o) { o.rename.renameErrChk = 7; }},
-      {"[Rename]\nRenameModify=7", [](auto& o) { o.rename.renameModify = 7; }},
-      {"[Rename]\nInjusticeChk=7", [](auto& o) { o.rename.injusticeChk = 7; }},
-      {"[List]\nLoadChk=7", [](auto& o) { o.list.loadChk = 7; }},
-      {"[List]\nDeltoTrashBox=False", [](auto& o) { o.list.delToTrashBox = false; }},
-      {"[List]\nDelCompMsg=7", [](auto& o) { o.list.delCompMsg = 7; }},
-      {"[List]\nLoadRemove=7", [](auto& o) { o.list.loadRemove = 7; }},
-      {"[List]\nSubFolder=7", [](auto& o) { o.list.subFolder = 7; }},
-      {"[Find]\nFilterChk=7", [](auto& o) { o.find.filterChk = 7; }},
-      {"[Find]\nExtEtc=7", [](auto& o) { o.find.extEtc = 7; }},
-      {"[Find]\nExtHTML=7", [](auto& o) { o.find.extHtml = 7; }},
-      {"[Find]\nExtMusic=7", [](auto& o) { o.find.extMusic = 7; }},
-      {"[Find]\nExtText=7", [](auto& o) { o.find.extText = 7; }},
-      {"[Find]\nExtEtcText=x  y", [](auto& o) { o.find.extEtcText = "x  y"; }},
-      {"[Find]\nExtHTMLText=x", [](auto& o) { o.find.extHtmlText = "x"; }},
-      {"[Find]\nExtMusicText=", [](auto& o) { o.find.extMusicText = ""; }},
-      {"[Find]\nExtTextText=x", [](auto& o) { o.find.extTextText = "x"; }},
-      {"[Move]\nRemainList=7", [](auto& o) { o.move.remainList = 7; }},
+      {"[Modify]\nFindCtrl=1", [](auto& o) { o.modify.method = FindMethod::kRegex; }},
+      {"[Modify]\nIgnoreCase=1", [](auto& o) { o.modify.ignoreCase = true; }},
+      {"[Modify]\nUpper=1", [](auto& o) { o.modify.upper = true; }},
+      {"[Modify]\nLower=1", [](auto& o) { o.modify.lower = true; }},
+      {"[Modify]\nProper=1", [](auto& o) { o.modify.proper = true; }},
+      {"[Modify]\nWide=1", [](auto& o) { o.modify.wide = true; }},
+      {"[Modify]\nNarrow=1", [](auto& o) { o.modify.narrow = true; }},
+      {"[Modify]\nNonUnload=1", [](auto& o) { o.modify.keepDialogOpen = true; }},
+      {"[Update]\nErrSkip=1", [](auto& o) { o.update.skipFailedRows = true; }},
+      {"[Update]\nUpdateErrChk=0", [](auto& o) { o.update.checkFailedRows = false; }},
+      {"[Update]\nUpdateRemChk=0", [](auto& o) { o.update.uncheckAppliedRows = false; }},
+      {"[Update]\nAutoUpdate=1", [](auto& o) { o.update.automatic = true; }},
+      {"[Rename]\nNoTitleSkip=0", [](auto& o) { o.rename.skipUntitledRows = false; }},
+      {"[Rename]\nRenameErrChk=1", [](auto& o) { o.rename.checkSkippedRows = true; }},
+      {"[Rename]\nRenameModify=1", [](auto& o) { o.rename.applyRules = true; }},
+      {"[Rename]\nInjusticeChk=1", [](auto& o) { o.rename.checkInvalidNames = true; }},
+      {"[List]\nLoadChk=0", [](auto& o) { o.list.checkLoadedRows = false; }},
+      {"[List]\nDeltoTrashBox=False", [](auto& o) { o.list.deleteTo = DeleteTo::kNowhere; }},
+      {"[List]\nDelCompMsg=0", [](auto& o) { o.list.confirmDeletion = false; }},
+      {"[List]\nLoadRemove=1", [](auto& o) { o.list.clearBeforeLoading = true; }},
+      {"[List]\nSubFolder=1", [](auto& o) { o.list.searchSubfolders = true; }},
+      {"[Find]\nFilterChk=0", [](auto& o) { o.find.filterByExtension = false; }},
+      {"[Find]\nExtEtc=1", [](auto& o) { o.find.other.on = true; }},
+      {"[Find]\nExtHTML=1", [](auto& o) { o.find.html.on = true; }},
+      {"[Find]\nExtMusic=0", [](auto& o) { o.find.media.on = false; }},
+      {"[Find]\nExtText=1", [](auto& o) { o.find.text.on = true; }},
+      {"[Find]\nExtEtcText=x  y", [](auto& o) { o.find.other.extensions = "x  y"; }},
+      {"[Find]\nExtHTMLText=x", [](auto& o) { o.find.html.extensions = "x"; }},
+      {"[Find]\nExtMusicText=", [](auto& o) { o.find.media.extensions = ""; }},
+      {"[Find]\nExtTextText=x", [](auto& o) { o.find.text.extensions = "x"; }},
+      {"[Move]\nRemainList=0", [](auto& o) { o.move.keepMovedRows = false; }},
       {"[Find]\nSubFolder=7", [](auto&) {}},          // belongs to another section
       {"[Modify]\n5ReplaceFlag=7", [](auto&) {}},     // there are five rules
       {"[Modify]\n0ReplaceReplace=b", [](auto&) {}},  // the key is spelt without the l
@@ -250,7 +250,7 @@ TEST_F(SettingsTest, EveryMemberSurvivesARestart) {
     SCOPED_TRACE(seed);
     OptionValues options = test::RandomOptionValues(seed);
     OptionValues expected = options;
-    expected.update.autoUpdate = 0;  // never written with the others
+    expected.update.automatic = false;  // never written with the others
     EXPECT_EQ(test::Describe(RoundTrip(options)), test::Describe(expected));
   }
 }
@@ -270,8 +270,8 @@ TEST_F(SettingsTest, OneBlankSurvivesInReplaceTextsAndTwoDoNot) {
   options.modify.rules[0].replacement = "  ";
   options.modify.rules[4].find = "[SPACE]";
   options.modify.rules[4].replacement = " ";
-  options.modify.reviceText = " ";
-  options.find.extEtcText = " ";
+  options.modify.invalidReplacement = " ";
+  options.find.other.extensions = " ";
   const std::string bytes = Written(options, WindowGeometry::kWrite);
   EXPECT_NE(bytes.find("\r\n0ReplaceObject=[SPACE]\r\n0ReplaceRepace=  \r\n"), std::string::npos);
   EXPECT_NE(bytes.find("\r\nReviceText= \r\n"), std::string::npos) << "the word is for replace rules only";
@@ -280,14 +280,14 @@ TEST_F(SettingsTest, OneBlankSurvivesInReplaceTextsAndTwoDoNot) {
   EXPECT_EQ(values.modify.rules[0].replacement, "");
   EXPECT_EQ(values.modify.rules[4].find, " ");
   EXPECT_EQ(values.modify.rules[4].replacement, " ");
-  EXPECT_EQ(values.modify.reviceText, "");
-  EXPECT_EQ(values.find.extEtcText, "");
+  EXPECT_EQ(values.modify.invalidReplacement, "");
+  EXPECT_EQ(values.find.other.extensions, "");
 }
 
 TEST_F(SettingsTest, TheWordForABlankCountsExactlyAndInReplaceTextsOnly) {
   const OptionValues values = ReadValid(
       "[Modify]\nReviceText=[SPACE]\n0ReplaceObject=[space]\n1ReplaceObject=x[SPACE]\n2ReplaceObject=  [SPACE]  \n");
-  EXPECT_EQ(values.modify.reviceText, "[SPACE]");
+  EXPECT_EQ(values.modify.invalidReplacement, "[SPACE]");
   EXPECT_EQ(values.modify.rules[0].find, "[space]");
   EXPECT_EQ(values.modify.rules[1].find, "x[SPACE]");
   EXPECT_EQ(values.modify.rules[2].find, " ") << "blanks around it are stripped first";
@@ -297,38 +297,83 @@ TEST_F(SettingsTest, TextsOf200CharactersComeBackCutTo127) {
   OptionValues options;
   std::string kanji127;
   for (int i = 0; i < 200; ++i) {
-    options.modify.reviceText += "x";
+    options.modify.invalidReplacement += "x";
     options.modify.rules[2].find += "漢";
     options.modify.rules[2].replacement += "é";
     if (i < 127) kanji127 += "漢";
   }
   const OptionValues values = RoundTrip(options);
-  EXPECT_EQ(values.modify.reviceText, std::string(127, 'x'));
+  EXPECT_EQ(values.modify.invalidReplacement, std::string(127, 'x'));
   EXPECT_EQ(values.modify.rules[2].find, kanji127);
   EXPECT_EQ(values.modify.rules[2].replacement.size(), 2u * 127u);
 }
 
 TEST_F(SettingsTest, BooleansAreWrittenAsWordsAndReadFromNumbers) {
   OptionValues options;
-  options.list.delToTrashBox = false;
-  options.system.front = true;
+  options.list.deleteTo = DeleteTo::kNowhere;
+  options.system.alwaysOnTop = true;
   const std::string bytes = Written(options, WindowGeometry::kKeep);
   EXPECT_NE(bytes.find("\r\nDeltoTrashBox=False\r\n"), std::string::npos);
   EXPECT_NE(bytes.find("\r\nFront=True\r\n"), std::string::npos);
-  EXPECT_FALSE(ReadValid("[List]\nDeltoTrashBox=0").list.delToTrashBox);
-  EXPECT_TRUE(ReadValid("[List]\nDeltoTrashBox=-1").list.delToTrashBox);
-  EXPECT_TRUE(ReadValid("[System]\nFront=1").system.front);
-  EXPECT_FALSE(ReadValid("[System]\nFront=false").system.front);
+  EXPECT_EQ(ReadValid("[List]\nDeltoTrashBox=0").list.deleteTo, DeleteTo::kNowhere);
+  EXPECT_EQ(ReadValid("[List]\nDeltoTrashBox=-1").list.deleteTo, DeleteTo::kRecycleBin);
+  EXPECT_TRUE(ReadValid("[System]\nFront=1").system.alwaysOnTop);
+  EXPECT_FALSE(ReadValid("[System]\nFront=false").system.alwaysOnTop);
 }
 
-TEST_F(SettingsTest, MinusOneOfABooleanKeptAsNumberSurvives) {
-  OptionValues options;
-  options.list.loadChk = -1;
-  options.player.repeat = -1;
-  const OptionValues values = RoundTrip(options);
-  EXPECT_EQ(values.list.loadChk, -1);
-  EXPECT_EQ(values.player.repeat, -1);
-  EXPECT_EQ(ReadValid("[List]\nLoadChk=True").list.loadChk, -1);
+TEST_F(SettingsTest, MostNumbersAreOnAtOneAlone) {
+  for (const char* const number : {"0", "2", "7", "-1", "32767", "-32768"}) {
+    SCOPED_TRACE(number);
+    std::string bytes;
+    for (const char* const key :
+         {"[System]\nLoadTime",     "[Player]\nAllPlay",      "[Modify]\nReviceFlag",   "[Modify]\n0ReplaceFlag",
+          "[Modify]\n4ReplaceFlag", "[Modify]\nFindCtrl",     "[Modify]\nIgnoreCase",   "[Modify]\nUpper",
+          "[Modify]\nLower",        "[Modify]\nProper",       "[Modify]\nWide",         "[Modify]\nNarrow",
+          "[Modify]\nNonUnload",    "[Update]\nUpdateErrChk", "[Update]\nUpdateRemChk", "[Update]\nAutoUpdate",
+          "[Rename]\nNoTitleSkip",  "[Rename]\nRenameErrChk", "[Rename]\nRenameModify", "[Rename]\nInjusticeChk",
+          "[List]\nLoadChk",        "[List]\nDelCompMsg",     "[Move]\nRemainList"}) {
+      bytes += std::string(key) + "=" + number + "\n";
+    }
+    OptionValues off;
+    off.update.checkFailedRows = off.update.uncheckAppliedRows = off.rename.skipUntitledRows = false;
+    off.list.checkLoadedRows = off.list.confirmDeletion = off.move.keepMovedRows = false;
+    EXPECT_EQ(test::Describe(ReadValid(bytes)), test::Describe(off));
+  }
+}
+
+TEST_F(SettingsTest, SomeNumbersAreOnUnlessZero) {
+  for (const char* const number : {"1", "2", "7", "-1", "32767", "-32768"}) {
+    SCOPED_TRACE(number);
+    std::string bytes;
+    for (const char* const key :
+         {"[System]\nMsgbox", "[Player]\nRepeat", "[Update]\nErrSkip", "[List]\nLoadRemove", "[List]\nSubFolder",
+          "[Find]\nFilterChk", "[Find]\nExtEtc", "[Find]\nExtHTML", "[Find]\nExtMusic", "[Find]\nExtText"}) {
+      bytes += std::string(key) + "=" + number + "\n";
+    }
+    OptionValues on;
+    on.system.suppressConfirmations = on.player.repeat = on.update.skipFailedRows = true;
+    on.list.clearBeforeLoading = on.list.searchSubfolders = true;
+    on.find.other.on = on.find.html.on = on.find.text.on = true;
+    EXPECT_EQ(test::Describe(ReadValid(bytes)), test::Describe(on));
+  }
+}
+
+TEST_F(SettingsTest, ANumberThatNoDialogWritesStaysWhileItSaysTheSame) {
+  const std::string before = "[Player]\r\nRepeat=-1\r\nAllPlay=7\r\n[List]\r\nLoadChk=True\r\nSubFolder=2\r\n";
+  OptionValues options = ReadValid(before);
+  EXPECT_TRUE(options.player.repeat);
+  EXPECT_FALSE(options.player.continuous);
+  EXPECT_FALSE(options.list.checkLoadedRows);
+  std::string bytes = Written(options, WindowGeometry::kKeep, before);
+  EXPECT_NE(bytes.find("Repeat=-1\r\nAllPlay=7\r\n"), std::string::npos) << bytes;
+  EXPECT_NE(bytes.find("LoadChk=-1\r\nSubFolder=2\r\n"), std::string::npos) << bytes;
+  options.player.repeat = false;
+  options.player.continuous = true;
+  options.list.checkLoadedRows = true;
+  options.list.searchSubfolders = false;
+  bytes = Written(options, WindowGeometry::kKeep, before);
+  EXPECT_NE(bytes.find("Repeat=0\r\nAllPlay=1\r\n"), std::string::npos) << bytes;
+  EXPECT_NE(bytes.find("LoadChk=1\r\nSubFolder=0\r\n"), std::string::npos) << bytes;
 }
 
 TEST_F(SettingsTest, ValuesThatDoNotFitAreErrors) {
@@ -361,11 +406,12 @@ TEST_F(SettingsTest, ValuesThatDoNotFitAreErrors) {
 }
 
 TEST_F(SettingsTest, ValuesThatJustFitAreNoErrors) {
-  EXPECT_EQ(ReadValid("[Player]\nRepeat=32767").player.repeat, 32767);
-  EXPECT_EQ(ReadValid("[Player]\nRepeat=-32768").player.repeat, -32768);
-  EXPECT_EQ(ReadValid("[Player]\nRepeat=garbage").player.repeat, 0) << "a number read as a number is never text";
-  EXPECT_EQ(ReadValid("[Player]\nRepeat=4294967297").player.repeat, 1) << "wraps around at 32 bits first";
-  EXPECT_EQ(ReadValid("[List]\nLoadChk= 1.5 ").list.loadChk, 2);
+  EXPECT_TRUE(ReadValid("[Player]\nRepeat=32767").player.repeat);
+  EXPECT_TRUE(ReadValid("[Player]\nRepeat=-32768").player.repeat);
+  EXPECT_FALSE(ReadValid("[Player]\nRepeat=garbage").player.repeat) << "a number read as a number is never text";
+  EXPECT_TRUE(ReadValid("[Player]\nAllPlay=4294967297").player.continuous) << "wraps around at 32 bits first";
+  EXPECT_FALSE(ReadValid("[List]\nLoadChk= 1.5 ").list.checkLoadedRows) << "rounded to 2";
+  EXPECT_TRUE(ReadValid("[List]\nLoadChk= 1.4 ").list.checkLoadedRows);
   EXPECT_EQ(ReadValid("[Window]\nWindowWidth=99999").window.width, 99999);
 }
 
@@ -407,16 +453,16 @@ TEST_F(SettingsTest, UnknownLinesStay) {
 
 TEST_F(SettingsTest, AutoUpdateIsWrittenOnItsOwnOnly) {
   OptionValues options;
-  options.update.autoUpdate = 1;
+  options.update.automatic = true;
   EXPECT_EQ(Written(options, WindowGeometry::kWrite).find("AutoUpdate"), std::string::npos);
   const std::string path = folder_.At("Quillon.ini");
-  EXPECT_TRUE(WriteAutoUpdate(path, 1));
+  EXPECT_TRUE(WriteAutoUpdate(path, true));
   const std::string bytes = folder_.Read("Quillon.ini");
   EXPECT_NE(bytes.find("UpdateRemChk=1\r\nAutoUpdate=1\r\n[Rename]"), std::string::npos) << bytes;
-  EXPECT_EQ(ReadValid(bytes).update.autoUpdate, 1);
-  options.update.autoUpdate = 0;
+  EXPECT_TRUE(ReadValid(bytes).update.automatic);
+  options.update.automatic = false;
   const std::string after = Written(options, WindowGeometry::kWrite, bytes);
-  EXPECT_EQ(ReadValid(after).update.autoUpdate, 1) << "the others leave it alone";
+  EXPECT_TRUE(ReadValid(after).update.automatic) << "the others leave it alone";
 }
 
 TEST_F(SettingsTest, AutoUpdateMakesTheFileWhenThereIsNone) {
@@ -431,7 +477,7 @@ TEST_F(SettingsTest, AutoUpdateReportsAFailedWrite) {
 
 TEST_F(SettingsTest, AutoUpdateLeavesAFileAloneThatItCannotRead) {
   const std::string path = folder_.Write("large.ini", kTooLarge);
-  EXPECT_FALSE(WriteAutoUpdate(path, 1));
+  EXPECT_FALSE(WriteAutoUpdate(path, true));
   EXPECT_TRUE(folder_.Read("large.ini") == kTooLarge);
 }
 

@@ -112,7 +112,7 @@ void frmMain::MakeControls() {
   information_ = MakeInformationBoxes(controls_);
   playerPanel_ = std::make_unique<FraMusicPlayer>(controls_, [this] { app_->Player().timMCIChecker(); });
   movie_ = std::make_unique<FloatingMovie>([this] {
-    return new frmMoviePlayer({*this, app_->Player(), boxes_, app_->Options().system.front});
+    return new frmMoviePlayer({*this, app_->Player(), boxes_, app_->Options().system.alwaysOnTop});
   });
 }
 
@@ -323,7 +323,7 @@ void frmMain::ShowOptionDialog(OptionForm& form) {
 }
 
 void frmMain::ShowVersionDialog() {
-  frmVerInfo dialog(this, app_->RegexAvailable(), app_->Options().system.front,
+  frmVerInfo dialog(this, app_->RegexAvailable(), app_->Options().system.alwaysOnTop,
                     [this](const std::string& address) { (void)open_(address, *this); });
   dialog.ShowModal();
 }

@@ -225,8 +225,8 @@ void frmMain::Run(Command command) {
 
 void frmMain::RunNow(Command command) {
   // The menu has turned its mark already.
-  if (command == Command::mnuFront) SetAlwaysOnTop(app_->Options().system.front);
-  if (command == Command::mnuRepeat) SetRepeat(app_->Options().player.repeat != 0);
+  if (command == Command::mnuFront) SetAlwaysOnTop(app_->Options().system.alwaysOnTop);
+  if (command == Command::mnuRepeat) SetRepeat(app_->Options().player.repeat);
   const RunningCommand running(PlainCaption(command));
   app_->Execute(command);
   UpdateCommands();

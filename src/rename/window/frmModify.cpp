@@ -62,47 +62,47 @@ void frmModify::BindEvents() {
 }
 
 void frmModify::ShowForm(const OptionValues::Modify& form) {
-  chkInjustice_->SetValue(form.reviceFlag == 1);
-  txtRevice_->ChangeValue(ToWx(form.reviceText));
+  chkInjustice_->SetValue(form.replaceInvalid);
+  txtRevice_->ChangeValue(ToWx(form.invalidReplacement));
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
-    ruleControls_[i].chkReplace->SetValue(form.rules[i].active == 1);
+    ruleControls_[i].chkReplace->SetValue(form.rules[i].active);
     ruleControls_[i].txtObject->ChangeValue(ToWx(form.rules[i].find));
     ruleControls_[i].txtReplace->ChangeValue(ToWx(form.rules[i].replacement));
   }
-  (form.findCtrl == 1 ? optFindCtrl_S_ : optFindCtrl_No_)->SetValue(true);
-  chkIgnoreCase_->SetValue(form.ignoreCase == 1);
-  chkNarrow_->SetValue(form.narrow == 1);
-  chkWide_->SetValue(form.wide == 1);
-  chkLower_->SetValue(form.lower == 1);
-  chkUpper_->SetValue(form.upper == 1);
-  chkProper_->SetValue(form.proper == 1);
-  chkNonUnload_->SetValue(form.nonUnload == 1);
+  (form.method == FindMethod::kRegex ? optFindCtrl_S_ : optFindCtrl_No_)->SetValue(true);
+  chkIgnoreCase_->SetValue(form.ignoreCase);
+  chkNarrow_->SetValue(form.narrow);
+  chkWide_->SetValue(form.wide);
+  chkLower_->SetValue(form.lower);
+  chkUpper_->SetValue(form.upper);
+  chkProper_->SetValue(form.proper);
+  chkNonUnload_->SetValue(form.keepDialogOpen);
 }
 
 OptionValues::Modify frmModify::Form() const {
   OptionValues::Modify form;
-  form.reviceFlag = Flag(*chkInjustice_);
-  form.reviceText = FromWx(txtRevice_->GetValue());
+  form.replaceInvalid = Flag(*chkInjustice_);
+  form.invalidReplacement = FromWx(txtRevice_->GetValue());
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
     form.rules[i].active = Flag(*ruleControls_[i].chkReplace);
     form.rules[i].find = FromWx(ruleControls_[i].txtObject->GetValue());
     form.rules[i].replacement = FromWx(ruleControls_[i].txtReplace->GetValue());
   }
-  form.findCtrl = optFindCtrl_S_->GetValue() ? 1 : 0;
+  form.method = optFindCtrl_S_->GetValue() ? FindMethod::kRegex : FindMethod::kText;
   form.ignoreCase = Flag(*chkIgnoreCase_);
   form.narrow = Flag(*chkNarrow_);
   form.wide = Flag(*chkWide_);
   form.lower = Flag(*chkLower_);
   form.upper = Flag(*chkUpper_);
   form.proper = Flag(*chkProper_);
-  form.nonUnload = Flag(*chkNonUnload_);
+  form.keepDialogOpen = Flag(*chkNonUnload_);
   return form;
 }
 
 // The system draws a disabled text box in the colours of a button's face, an enabled one in those of a window.
 void frmModify::UpdateEnabling() {
   const ModifyEnabling enabling = EnabledBoxes(Form(), regexAvailable_);
-  txtRevice_->Enable(enabling.reviceText);
+  txtRevice_->Enable(enabling.invalidReplacement);
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
     ruleControls_[i].txtObject->Enable(enabling.ruleTexts[i]);
     ruleControls_[i].txtReplace->Enable(enabling.ruleTexts[i]);
@@ -174,7 +174,7 @@ void frmModify::OnOk(wxCommandEvent&) {
   }
   rules_ = StoredForm(form, rules_, regexAvailable_);
   const bool execute = purpose_ == OpenedFor::kExecute;
-  if (form.nonUnload != 1) {
+  if (!form.keepDialogOpen) {
     runWhenClosed_ = execute;
     EndModal(wxID_OK);
   } else if (execute) {
@@ -201,10 +201,10 @@ void frmModify::RunWithDialogOpen() {
 }
 
 void frmModify::Run() {
-  const std::int16_t stored = rules_.findCtrl;
-  rules_.findCtrl = ShownForm(rules_, regexAvailable_).findCtrl;
+  const FindMethod stored = rules_.method;
+  rules_.method = ShownForm(rules_, regexAvailable_).method;
   const Finally restored([&] {
-    if (!regexAvailable_) rules_.findCtrl = stored;
+    if (!regexAvailable_) rules_.method = stored;
   });
   run_();
 }
