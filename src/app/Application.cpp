@@ -62,10 +62,10 @@ void Application::Run(const std::function<void()>& action) {
 }
 
 // What may last: the window repaints meanwhile but takes no orders.
-void Application::RunAnswerless(const std::function<void()>& action) {
+void Application::RunExclusively(const std::function<void()>& action) {
   Run([&] {
-    ports_.main.SetAnswering(false);
-    const Finally answers([this] { ports_.main.SetAnswering(true); });
+    ports_.main.SetInputEnabled(false);
+    const Finally enabled([this] { ports_.main.SetInputEnabled(true); });
     (void)editing_.MayLeaveRow();  // an emptied name comes back before anything is done with it
     action();
     passedOver_.Tell(ports_.boxes);
@@ -78,85 +78,16 @@ bool Application::IsEnabled(Command command) const {
 
 void Application::Execute(Command command) {
   if (!IsEnabled(command)) return;
-  if (command == Command::mnuThisEditRenameName) {  // goes on after this call
-    if (!running_) ports_.main.EditLabel(list_.SelectedIndex());
-    return;
-  }
-  if (IsSort(command)) return HeaderClicked(SortColumn(command));
-  RunAnswerless([&] { RunCommand(command); });
-}
-
-void Application::RunCommand(Command command) {
-  switch (command) {
-    case Command::mnuFolderReference: loader_.mnuFolderReference(); break;
-    case Command::mnuFileLoad: OpenFiles(); break;
-    case Command::mnuReload: loader_.mnuReload(); break;
-    case Command::mnuAllClear: listCommands_.mnuAllClear(); break;
-    case Command::mnuUpdate: engine_.mnuUpdate(); break;
-    case Command::mnuAllUpdate: engine_.mnuAllUpdate(); break;
-    case Command::mnuOption: ShowOptions(); break;
-    case Command::mnuOptionDefaultExit:
-      if (mnuOptionDefaultExit(paths_.settings, options_, ports_.boxes)) ports_.main.EndAtOnce();
-      break;
-    case Command::mnuExit: ports_.main.Quit(); break;
-    default: RunListCommand(command);
-  }
-}
-
-void Application::RunListCommand(Command command) {
-  switch (command) {
-    case Command::mnuRename: editing_.mnuRename(); break;
-    case Command::mnuAllRename: editing_.mnuAllRename(); break;
-    case Command::mnuModify: ports_.main.ShowModifyDialog(false); break;
-    case Command::mnuAllModify: ports_.main.ShowModifyDialog(true); break;
-    case Command::mnuUndo: editing_.mnuUndo(); break;
-    case Command::mnuAllUndo: editing_.mnuAllUndo(); break;
-    case Command::mnuMove: fileCommands_.mnuMove(); break;
-    case Command::mnuAllMove: fileCommands_.mnuAllMove(); break;
-    default: RunCheckCommand(command);
-  }
-}
-
-void Application::RunCheckCommand(Command command) {
-  switch (command) {
-    case Command::mnuAllChk: listCommands_.mnuAllChk(); break;
-    case Command::mnuChkRem: listCommands_.mnuChkRem(); break;
-    case Command::mnuTurnChk: listCommands_.mnuTurnChk(); break;
-    case Command::mnuUnChkListRem: listCommands_.mnuUnChkListRem(); break;
-    default: RunRowCommand(command);
-  }
-}
-
-void Application::RunRowCommand(Command command) {
-  switch (command) {
-    case Command::mnuThisUpdate: engine_.mnuThisUpdate(); break;
-    case Command::mnuThisRename: editing_.mnuThisRename(); break;
-    case Command::mnuThisUndo: editing_.mnuThisUndo(); break;
-    case Command::mnuThisMove: fileCommands_.mnuThisMove(); break;
-    case Command::mnuThisDel: fileCommands_.mnuThisDel(); break;
-    case Command::mnuThisListDel: listCommands_.mnuThisListDel(); break;
-    default: RunViewCommand(command);
-  }
-}
-
-void Application::RunViewCommand(Command command) {
-  switch (command) {
-    case Command::mnuPlay: player_.mnuPlay(); break;
-    case Command::mnuPause: player_.PauseOrGoOn(); break;
-    case Command::mnuStop: player_.cmdStop(); break;
-    case Command::mnuRepeat: SetRepeat(!options_.player.repeat); break;
-    case Command::mnuFront: ToggleFront(); break;
-    case Command::mnuApplyMode: SwitchMode(); break;
-    case Command::mnuDirShow: ports_.main.ShowFolderList(); break;
-    case Command::mnuShowHelp: ShowHelp(); break;
-    case Command::mnuVarInfo: ports_.main.ShowVersionDialog(); break;
-    default: break;
-  }
+  const CommandEntry& entry = EntryOf(command);
+  const CommandTargets targets = {*this,   ports_.main, loader_,       listCommands_,
+                                  engine_, editing_,    fileCommands_, player_};
+  if (entry.runs == Runs::kAsEvent) return entry.action(targets);
+  RunExclusively([&] { entry.action(targets); });
 }
 
 void Application::LoadPaths(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
-  RunAnswerless([&] { loader_.LoadPaths(paths); });
+  RunExclusively([&] { loader_.LoadPaths(paths); });
 }
 
 void Application::OpenFiles() {
@@ -170,7 +101,16 @@ void Application::ModifyRows(bool allItems) {
   editing_.Refresh();
 }
 
-void Application::ToggleFront() {
+void Application::ResetAndEnd() {
+  if (mnuOptionDefaultExit(paths_.settings, options_, ports_.boxes)) ports_.main.EndAtOnce();
+}
+
+// Editing goes on after this call.
+void Application::EditLabel() {
+  if (!running_) ports_.main.EditLabel(list_.SelectedIndex());
+}
+
+void Application::ToggleAlwaysOnTop() {
   options_.system.alwaysOnTop = !options_.system.alwaysOnTop;
   ports_.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
 }

@@ -48,11 +48,25 @@ class MainWindow {
   /// The mark of mnuRepeat, and chkRepeat.
   virtual void SetRepeat(bool repeat) = 0;
   /// No command is taken while another one runs.
-  virtual void SetAnswering(bool answering) = 0;
+  virtual void SetInputEnabled(bool enabled) = 0;
   /// Asks the window to close, as its own close button does.
   virtual void Quit() = 0;
   /// Ends the process without the window's usual unload.
   virtual void EndAtOnce() = 0;
+};
+
+class Application;
+
+/// What the commands act on.
+struct CommandTargets {
+  Application& app;
+  MainWindow& main;
+  FileLoader& loader;
+  ListCommands& list;
+  RenameEngine& engine;
+  RenameEditing& editing;
+  FileCommands& files;
+  MusicPlayer& player;
 };
 
 /// The program behind the main window: owns what all commands share, and carries every command out. While a command
@@ -122,6 +136,15 @@ class Application : private FilePanel {
   /// The player's buttons, sliders and timer come to it directly: they work while a command runs, too.
   [[nodiscard]] MusicPlayer& Player() { return player_; }
 
+  // Commands of the program itself.
+  void OpenFiles();
+  void ShowOptions();
+  void ResetAndEnd();
+  void SwitchMode();
+  void ToggleRepeat() { SetRepeat(!options_.player.repeat); }
+  void ToggleAlwaysOnTop();
+  void EditLabel();
+
   // Events of the list. The selected flags are in step with the screen already.
   void SelectionChanged();
   void RowActivated(int index);
@@ -149,16 +172,7 @@ class Application : private FilePanel {
   void ShowFileName(const std::string& path) override;
 
   void Run(const std::function<void()>& action);
-  void RunCommand(Command command);
-  void RunListCommand(Command command);
-  void RunCheckCommand(Command command);
-  void RunRowCommand(Command command);
-  void RunViewCommand(Command command);
-  void RunAnswerless(const std::function<void()>& action);
-  void OpenFiles();
-  void ToggleFront();
-  void SwitchMode();
-  void ShowOptions();
+  void RunExclusively(const std::function<void()>& action);
 
   Ports ports_;
   Paths paths_;

@@ -3,55 +3,97 @@
 #include <algorithm>
 #include <array>
 
+#include "app/Application.h"
+
 namespace quillon {
 namespace {
 
 using enum Command;
+using To = const CommandTargets&;
 
 constexpr std::array kEntries = {
-    CommandEntry{mnuFolderReference, "フォルダ参照(&O)...", "Ctrl+O"},
-    CommandEntry{mnuFileLoad, "ファイルを開く(&F)...", "Ctrl+Shift+O"},
-    CommandEntry{mnuReload, "再読み込み(&R)", "F5", Needs::kRows},
-    CommandEntry{mnuAllClear, "リストクリア(&C)", "Ctrl+Shift+N", Needs::kRows},
-    CommandEntry{mnuUpdate, "チェックアイテムをファイルに適応(&U)", "Ctrl+S", Needs::kCheckedRows, true},
-    CommandEntry{mnuAllUpdate, "すべてファイルに適応(&A)", "Ctrl+Shift+S", Needs::kRows, true},
-    CommandEntry{mnuOption, "オプション(&P)...", ""},
-    CommandEntry{mnuOptionDefaultExit, "設定をデフォルトに戻して終了(&D)", ""},
-    CommandEntry{mnuExit, "終了(&X)", "Ctrl+Q"},
-    CommandEntry{mnuRename, "チェックアイテムをタイトルにリネーム(&T)", "Ctrl+T", Needs::kCheckedRows},
-    CommandEntry{mnuAllRename, "すべてタイトルにリネーム(&R)", "Ctrl+Shift+T", Needs::kRows},
-    CommandEntry{mnuModify, "チェックアイテムのリネーム名を編集(&E)...", "Ctrl+E", Needs::kCheckedRows},
-    CommandEntry{mnuAllModify, "すべてリネーム名を編集(&A)...", "Ctrl+Shift+E", Needs::kRows},
-    CommandEntry{mnuUndo, "チェックアイテムのリネーム名を元に戻す(&U)", "Ctrl+R", Needs::kCheckedRows, true},
-    CommandEntry{mnuAllUndo, "すべてのリネーム名を元に戻す(&B)", "Ctrl+Shift+R", Needs::kRows, true},
-    CommandEntry{mnuMove, "チェックアイテムを移動(&M)...", "Ctrl+M", Needs::kCheckedRows},
-    CommandEntry{mnuAllMove, "すべてファイルを移動(&L)...", "Ctrl+Shift+M", Needs::kRows},
-    CommandEntry{mnuAllChk, "すべてチェックする(&K)", "Ctrl+K", Needs::kRows},
-    CommandEntry{mnuChkRem, "すべてのチェックをはずす(&C)", "Ctrl+Shift+K", Needs::kRows},
-    CommandEntry{mnuTurnChk, "チェックを反転する(&I)", "Ctrl+I", Needs::kRows},
-    CommandEntry{mnuUnChkListRem, "チェックのないアイテムをリストから削除(&D)", "", Needs::kRows},
-    CommandEntry{mnuPlay, "再生(&P)", "", Needs::kSelectedRow},
-    CommandEntry{mnuPause, "一時停止(&U)", "F7"},
-    CommandEntry{mnuStop, "停止(&S)", "F8"},
-    CommandEntry{mnuRepeat, "リピート(&R)", "F9"},
-    CommandEntry{mnuFront, "常に手前に表示(&F)", ""},
-    CommandEntry{mnuApplyMode, "適応モードの切り替え(&M)", ""},
-    CommandEntry{mnuDirShow, "フォルダ一覧(&D)", "Ctrl+D"},
-    CommandEntry{mnuSortRenameName, "リネーム名(&R)", "", Needs::kRows},
-    CommandEntry{mnuSortTitle, "タイトル(&T)", "", Needs::kRows},
-    CommandEntry{mnuSortArtist, "著作権/アーティスト(&A)", "", Needs::kRows},
-    CommandEntry{mnuSortType, "種類(&K)", "", Needs::kRows},
-    CommandEntry{mnuSortSize, "サイズ(&S)", "", Needs::kRows},
-    CommandEntry{mnuSortLocation, "場所(&L)", "", Needs::kRows},
-    CommandEntry{mnuShowHelp, "ヘルプの表示(&H)", "F1"},
-    CommandEntry{mnuVarInfo, "バージョン情報(&A)...", ""},
-    CommandEntry{mnuThisUpdate, "ファイルに適応(&U)", "", Needs::kSelectedRow, true},
-    CommandEntry{mnuThisRename, "タイトルにリネーム(&T)", "", Needs::kSelectedRow},
-    CommandEntry{mnuThisUndo, "元に戻す(&Z)", "", Needs::kSelectedRow},
-    CommandEntry{mnuThisEditRenameName, "リネーム名の変更(&E)", "F2", Needs::kSelectedRow},
-    CommandEntry{mnuThisMove, "ファイルを移動(&M)...", "", Needs::kSelectedRow},
-    CommandEntry{mnuThisDel, "ファイルを削除(&D)", "Del", Needs::kSelectedRow},
-    CommandEntry{mnuThisListDel, "リストから削除(&L)", "Shift+Del", Needs::kSelectedRow},
+    CommandEntry{mnuFolderReference, "フォルダ参照(&O)...", "Ctrl+O", Needs::kNothing, InMode::kAny,
+                 [](To to) { (void)to.loader.mnuFolderReference(); }},
+    CommandEntry{mnuFileLoad, "ファイルを開く(&F)...", "Ctrl+Shift+O", Needs::kNothing, InMode::kAny,
+                 [](To to) { to.app.OpenFiles(); }},
+    CommandEntry{mnuReload, "再読み込み(&R)", "F5", Needs::kRows, InMode::kAny, [](To to) { to.loader.mnuReload(); }},
+    CommandEntry{mnuAllClear, "リストクリア(&C)", "Ctrl+Shift+N", Needs::kRows, InMode::kAny,
+                 [](To to) { to.list.mnuAllClear(); }},
+    CommandEntry{mnuUpdate, "チェックアイテムをファイルに適応(&U)", "Ctrl+S", Needs::kCheckedRows, InMode::kManual,
+                 [](To to) { to.engine.mnuUpdate(); }},
+    CommandEntry{mnuAllUpdate, "すべてファイルに適応(&A)", "Ctrl+Shift+S", Needs::kRows, InMode::kManual,
+                 [](To to) { to.engine.mnuAllUpdate(); }},
+    CommandEntry{mnuOption, "オプション(&P)...", "", Needs::kNothing, InMode::kAny,
+                 [](To to) { to.app.ShowOptions(); }},
+    CommandEntry{mnuOptionDefaultExit, "設定をデフォルトに戻して終了(&D)", "", Needs::kNothing, InMode::kAny,
+                 [](To to) { to.app.ResetAndEnd(); }},
+    CommandEntry{mnuExit, "終了(&X)", "Ctrl+Q", Needs::kNothing, InMode::kAny, [](To to) { to.main.Quit(); }},
+    CommandEntry{mnuRename, "チェックアイテムをタイトルにリネーム(&T)", "Ctrl+T", Needs::kCheckedRows, InMode::kAny,
+                 [](To to) { to.editing.mnuRename(); }},
+    CommandEntry{mnuAllRename, "すべてタイトルにリネーム(&R)", "Ctrl+Shift+T", Needs::kRows, InMode::kAny,
+                 [](To to) { to.editing.mnuAllRename(); }},
+    CommandEntry{mnuModify, "チェックアイテムのリネーム名を編集(&E)...", "Ctrl+E", Needs::kCheckedRows, InMode::kAny,
+                 [](To to) { to.main.ShowModifyDialog(false); }},
+    CommandEntry{mnuAllModify, "すべてリネーム名を編集(&A)...", "Ctrl+Shift+E", Needs::kRows, InMode::kAny,
+                 [](To to) { to.main.ShowModifyDialog(true); }},
+    CommandEntry{mnuUndo, "チェックアイテムのリネーム名を元に戻す(&U)", "Ctrl+R", Needs::kCheckedRows, InMode::kManual,
+                 [](To to) { to.editing.mnuUndo(); }},
+    CommandEntry{mnuAllUndo, "すべてのリネーム名を元に戻す(&B)", "Ctrl+Shift+R", Needs::kRows, InMode::kManual,
+                 [](To to) { to.editing.mnuAllUndo(); }},
+    CommandEntry{mnuMove, "チェックアイテムを移動(&M)...", "Ctrl+M", Needs::kCheckedRows, InMode::kAny,
+                 [](To to) { to.files.mnuMove(); }},
+    CommandEntry{mnuAllMove, "すべてファイルを移動(&L)...", "Ctrl+Shift+M", Needs::kRows, InMode::kAny,
+                 [](To to) { to.files.mnuAllMove(); }},
+    CommandEntry{mnuAllChk, "すべてチェックする(&K)", "Ctrl+K", Needs::kRows, InMode::kAny,
+                 [](To to) { to.list.mnuAllChk(); }},
+    CommandEntry{mnuChkRem, "すべてのチェックをはずす(&C)", "Ctrl+Shift+K", Needs::kRows, InMode::kAny,
+                 [](To to) { to.list.mnuChkRem(); }},
+    CommandEntry{mnuTurnChk, "チェックを反転する(&I)", "Ctrl+I", Needs::kRows, InMode::kAny,
+                 [](To to) { to.list.mnuTurnChk(); }},
+    CommandEntry{mnuUnChkListRem, "チェックのないアイテムをリストから削除(&D)", "", Needs::kRows, InMode::kAny,
+                 [](To to) { to.list.mnuUnChkListRem(); }},
+    CommandEntry{mnuPlay, "再生(&P)", "", Needs::kSelectedRow, InMode::kAny, [](To to) { to.player.mnuPlay(); }},
+    CommandEntry{mnuPause, "一時停止(&U)", "F7", Needs::kNothing, InMode::kAny, [](To to) { to.player.PauseOrGoOn(); }},
+    CommandEntry{mnuStop, "停止(&S)", "F8", Needs::kNothing, InMode::kAny, [](To to) { to.player.cmdStop(); }},
+    CommandEntry{mnuRepeat, "リピート(&R)", "F9", Needs::kNothing, InMode::kAny, [](To to) { to.app.ToggleRepeat(); },
+                 Runs::kExclusively, [](const OptionValues& options) { return options.player.repeat; }},
+    CommandEntry{mnuFront, "常に手前に表示(&F)", "", Needs::kNothing, InMode::kAny,
+                 [](To to) { to.app.ToggleAlwaysOnTop(); }, Runs::kExclusively,
+                 [](const OptionValues& options) { return options.system.alwaysOnTop; }},
+    CommandEntry{mnuApplyMode, "適応モードの切り替え(&M)", "", Needs::kNothing, InMode::kAny,
+                 [](To to) { to.app.SwitchMode(); }},
+    CommandEntry{mnuDirShow, "フォルダ一覧(&D)", "Ctrl+D", Needs::kNothing, InMode::kAny,
+                 [](To to) { to.main.ShowFolderList(); }},
+    CommandEntry{mnuSortRenameName, "リネーム名(&R)", "", Needs::kRows, InMode::kAny,
+                 [](To to) { to.app.HeaderClicked(Column::kRenameName); }, Runs::kAsEvent},
+    CommandEntry{mnuSortTitle, "タイトル(&T)", "", Needs::kRows, InMode::kAny,
+                 [](To to) { to.app.HeaderClicked(Column::kTitle); }, Runs::kAsEvent},
+    CommandEntry{mnuSortArtist, "著作権/アーティスト(&A)", "", Needs::kRows, InMode::kAny,
+                 [](To to) { to.app.HeaderClicked(Column::kArtist); }, Runs::kAsEvent},
+    CommandEntry{mnuSortType, "種類(&K)", "", Needs::kRows, InMode::kAny,
+                 [](To to) { to.app.HeaderClicked(Column::kType); }, Runs::kAsEvent},
+    CommandEntry{mnuSortSize, "サイズ(&S)", "", Needs::kRows, InMode::kAny,
+                 [](To to) { to.app.HeaderClicked(Column::kSize); }, Runs::kAsEvent},
+    CommandEntry{mnuSortLocation, "場所(&L)", "", Needs::kRows, InMode::kAny,
+                 [](To to) { to.app.HeaderClicked(Column::kLocation); }, Runs::kAsEvent},
+    CommandEntry{mnuShowHelp, "ヘルプの表示(&H)", "F1", Needs::kNothing, InMode::kAny,
+                 [](To to) { to.app.ShowHelp(); }},
+    CommandEntry{mnuVarInfo, "バージョン情報(&A)...", "", Needs::kNothing, InMode::kAny,
+                 [](To to) { to.main.ShowVersionDialog(); }},
+    CommandEntry{mnuThisUpdate, "ファイルに適応(&U)", "", Needs::kSelectedRow, InMode::kManual,
+                 [](To to) { to.engine.mnuThisUpdate(); }},
+    CommandEntry{mnuThisRename, "タイトルにリネーム(&T)", "", Needs::kSelectedRow, InMode::kAny,
+                 [](To to) { to.editing.mnuThisRename(); }},
+    CommandEntry{mnuThisUndo, "元に戻す(&Z)", "", Needs::kSelectedRow, InMode::kAny,
+                 [](To to) { to.editing.mnuThisUndo(); }},
+    CommandEntry{mnuThisEditRenameName, "リネーム名の変更(&E)", "F2", Needs::kSelectedRow, InMode::kAny,
+                 [](To to) { to.app.EditLabel(); }, Runs::kAsEvent},
+    CommandEntry{mnuThisMove, "ファイルを移動(&M)...", "", Needs::kSelectedRow, InMode::kAny,
+                 [](To to) { to.files.mnuThisMove(); }},
+    CommandEntry{mnuThisDel, "ファイルを削除(&D)", "Del", Needs::kSelectedRow, InMode::kAny,
+                 [](To to) { to.files.mnuThisDel(); }},
+    CommandEntry{mnuThisListDel, "リストから削除(&L)", "Shift+Del", Needs::kSelectedRow, InMode::kAny,
+                 [](To to) { to.list.mnuThisListDel(); }},
 };
 
 constexpr std::array kFileMenu = {
@@ -104,7 +146,7 @@ std::string PlainCaption(Command command) {
 
 bool IsEnabled(Command command, const CommandState& state) {
   const CommandEntry& entry = EntryOf(command);
-  if (entry.manualModeOnly && state.automatic) return false;
+  if (entry.mode == InMode::kManual && state.automatic) return false;
   switch (entry.needs) {
     case Needs::kNothing: return command != kSeparator;
     case Needs::kRows: return state.rows > 0;
@@ -114,24 +156,12 @@ bool IsEnabled(Command command, const CommandState& state) {
   return false;
 }
 
-bool IsSwitch(Command command) {
-  return command == mnuFront || command == mnuRepeat;
-}
-
 std::span<const MenuEntries> MenuBarEntries() {
   return kMenuBar;
 }
 
 std::span<const Command> SortCommands() {
   return kSortMenu;
-}
-
-bool IsSort(Command command) {
-  return std::find(kSortMenu.begin(), kSortMenu.end(), command) != kSortMenu.end();
-}
-
-Column SortColumn(Command command) {
-  return static_cast<Column>(static_cast<int>(command) - static_cast<int>(mnuSortRenameName));
 }
 
 std::span<const Command> RowMenuCommands() {

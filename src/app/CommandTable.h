@@ -5,8 +5,9 @@
 
 #include "filelist/FileList.h"
 #include "settings/ApplyMode.h"
+#include "settings/OptionValues.h"
 
-/// Every command of the main window: its menu entry, its keys, and when it is enabled.
+/// Every command of the main window: its menu entry, its keys, when it is enabled, and what it does.
 namespace quillon {
 
 /// Commands are named after their menu items: `All` for every row, `This` for the selected row, none for the checked
@@ -58,15 +59,31 @@ enum class Command {
   mnuThisListDel,
 };
 
+inline constexpr int kLastCommand = static_cast<int>(Command::mnuThisListDel);
+
 /// What a command needs to be enabled.
 enum class Needs { kNothing, kRows, kCheckedRows, kSelectedRow };
+
+/// The apply mode in which a command is enabled.
+enum class InMode { kAny, kManual };
+
+/// How a command runs.
+enum class Runs {
+  kExclusively,  ///< with the window's input disabled
+  kAsEvent,      ///< as what the user does in the list itself
+};
+
+struct CommandTargets;
 
 struct CommandEntry {
   Command command = Command::kSeparator;
   const char* caption = "";   ///< with its access key, "&F"
   const char* shortcut = "";  ///< as wx writes it, "Ctrl+O"; empty for none
   Needs needs = Needs::kNothing;
-  bool manualModeOnly = false;
+  InMode mode = InMode::kAny;
+  void (*action)(const CommandTargets&) = nullptr;
+  Runs runs = Runs::kExclusively;
+  bool (*isOn)(const OptionValues&) = nullptr;  ///< of a command whose menu item carries a mark while it is on
 };
 
 /// What the enabling rules look at.
@@ -83,9 +100,6 @@ struct CommandState {
 /// The caption without its access key and dots.
 [[nodiscard]] std::string PlainCaption(Command command);
 [[nodiscard]] bool IsEnabled(Command command, const CommandState& state);
-/// True for a command whose menu item carries a mark while it is on.
-[[nodiscard]] bool IsSwitch(Command command);
-
 struct MenuEntries {
   const char* caption;
   std::span<const Command> commands;
@@ -96,8 +110,6 @@ struct MenuEntries {
 [[nodiscard]] std::span<const MenuEntries> MenuBarEntries();
 inline constexpr const char* kSortCaption = "並べ替え(&S)";
 [[nodiscard]] std::span<const Command> SortCommands();
-[[nodiscard]] bool IsSort(Command command);
-[[nodiscard]] Column SortColumn(Command command);
 
 /// The row menu, mnulvwFiles_RClk_Menu. Its shortcuts work while the list has the focus.
 [[nodiscard]] std::span<const Command> RowMenuCommands();

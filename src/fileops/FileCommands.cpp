@@ -204,7 +204,7 @@ std::uint64_t FileCommands::SizeOfRows(bool allItems) const {
 int FileCommands::MoveRows(bool allItems, const std::string& folder, Batch& batch) {
   ports_.window.SetPointer(Pointer::kHourglass);
   ports_.window.SetEnabled(false);
-  const Finally answering([this] {
+  const Finally enabled([this] {
     ports_.window.SetPointer(Pointer::kNormal);
     ports_.window.SetEnabled(true);
   });

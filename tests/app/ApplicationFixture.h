@@ -42,7 +42,7 @@ class MainWindowRecorder final : public MainWindow {
   void ShowFolderList() override { log_.Add("main folder list"); }
   void SetAlwaysOnTop(bool front) override { log_.Add(front ? "main on top" : "main not on top"); }
   void SetRepeat(bool repeat) override { log_.Add(repeat ? "main repeats" : "main does not repeat"); }
-  void SetAnswering(bool answering) override { log_.Add(answering ? "main answers" : "main does not answer"); }
+  void SetInputEnabled(bool enabled) override { log_.Add(enabled ? "main answers" : "main does not answer"); }
   void Quit() override { log_.Add("main quits"); }
   void EndAtOnce() override { log_.Add("main ends at once"); }
 

@@ -143,12 +143,14 @@ TEST(Sorting, TheBoxStaysWithTheSelectedRow) {
 }
 
 TEST(Sorting, EachSortCommandSortsItsColumn) {
-  for (const Command command : SortCommands()) {
+  ASSERT_EQ(SortCommands().size(), static_cast<std::size_t>(kColumnCount));
+  for (int number = 0; number < kColumnCount; ++number) {
+    const Command command = SortCommands()[static_cast<std::size_t>(number)];
     ApplicationFixture f;
     f.Load({"a.txt", "b.txt"});
     const auto [low, high] = std::pair(1, 2);
     FileItem row = f.app.List().Row(high);
-    const Column column = SortColumn(command);
+    const auto column = static_cast<Column>(number);
     row.renameName = column == Column::kRenameName ? "z" : "a";
     row.title = column == Column::kTitle ? "z" : "";
     row.artist = column == Column::kArtist ? "z" : "";

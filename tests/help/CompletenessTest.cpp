@@ -55,7 +55,7 @@ TEST(HelpCompleteness, NamesEveryCommandWithItsKeys) {
   for (const Command command : AllCommands()) {
     const CommandEntry& entry = EntryOf(command);
     const std::string caption = PlainCaption(entry.caption);
-    if (IsSort(command)) {
+    if (std::ranges::find(SortCommands(), command) != SortCommands().end()) {
       EXPECT_THAT(TextOf("commands.html"), HasSubstr(caption));
       continue;
     }
@@ -64,7 +64,7 @@ TEST(HelpCompleteness, NamesEveryCommandWithItsKeys) {
     for (const Node& row : rows) {
       EXPECT_EQ(row.Find("./td").at(1).Text(), entry.shortcut) << caption;
       const bool marked = row.Find("./td").front().Text() != caption;
-      EXPECT_EQ(marked, entry.manualModeOnly) << caption;
+      EXPECT_EQ(marked, entry.mode == InMode::kManual) << caption;
     }
   }
 }

@@ -275,7 +275,7 @@ void frmMain::OnClose(wxCloseEvent& event) {
 // opened is answered first, and the user asks again.
 bool frmMain::StaysOpen() {
   if (!app_->IsRunning()) return TopmostDialog(nullptr) != nullptr;
-  closeWanted_ = boxes_.StopBatch() || !answering_;
+  closeWanted_ = boxes_.StopBatch() || !inputEnabled_;
   app_->CancelLoad();
   frmWait_.Cancel();
   return true;
@@ -352,11 +352,11 @@ void frmMain::SetRepeat(bool repeat) {
   GetMenuBar()->Check(IdOf(Command::mnuRepeat), repeat);
 }
 
-void frmMain::SetAnswering(bool answering) {
-  answering_ = answering;
-  lvwFiles_->SetAnswering(answering);
-  controls_.txtAlterTitle->SetEditable(answering);
-  if (answering && std::exchange(closeWanted_, false)) Quit();
+void frmMain::SetInputEnabled(bool enabled) {
+  inputEnabled_ = enabled;
+  lvwFiles_->SetInputEnabled(enabled);
+  controls_.txtAlterTitle->SetEditable(enabled);
+  if (enabled && std::exchange(closeWanted_, false)) Quit();
 }
 
 void frmMain::SetEnabled(bool enabled) {

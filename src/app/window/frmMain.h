@@ -73,7 +73,7 @@ class frmMain final : public wxFrame,
   void ShowFolderList() override;
   void SetAlwaysOnTop(bool front) override;
   void SetRepeat(bool repeat) override;
-  void SetAnswering(bool answering) override;
+  void SetInputEnabled(bool enabled) override;
   void Quit() override;
   void EndAtOnce() override;
   // WindowState
@@ -144,7 +144,7 @@ class frmMain final : public wxFrame,
   std::chrono::steady_clock::time_point started_;
   wxWindow* focused_ = nullptr;                 // the child that last had the focus
   std::unique_ptr<wxWindowDisabler> disabled_;  // this window and those beside it
-  bool answering_ = true;
+  bool inputEnabled_ = true;
   bool updateScheduled_ = false;
   bool closeWanted_ = false;  // while a command ran
   bool saves_ = true;

@@ -42,7 +42,7 @@ void AppendCommand(wxMenu& menu, Command command) {
     menu.AppendSeparator();
     return;
   }
-  const wxItemKind kind = IsSwitch(command) ? wxITEM_CHECK : wxITEM_NORMAL;
+  const wxItemKind kind = EntryOf(command).isOn != nullptr ? wxITEM_CHECK : wxITEM_NORMAL;
   menu.Append(frmMain::IdOf(command), MenuText(EntryOf(command)), "", kind);
 }
 
@@ -59,8 +59,6 @@ wxMenu* MakeMenu(std::span<const Command> commands) {
   }
   return menu;
 }
-
-constexpr int kLastCommand = static_cast<int>(Command::mnuThisListDel);
 
 }  // namespace
 
@@ -225,8 +223,8 @@ void frmMain::Run(Command command) {
 
 void frmMain::RunNow(Command command) {
   // The menu has turned its mark already.
-  if (command == Command::mnuFront) SetAlwaysOnTop(app_->Options().system.alwaysOnTop);
-  if (command == Command::mnuRepeat) SetRepeat(app_->Options().player.repeat);
+  const CommandEntry& entry = EntryOf(command);
+  if (entry.isOn != nullptr) GetMenuBar()->Check(IdOf(command), entry.isOn(app_->Options()));
   const RunningCommand running(PlainCaption(command));
   app_->Execute(command);
   UpdateCommands();

@@ -39,13 +39,13 @@ class lvwFilesBase::DropTarget : public wxFileDropTarget {
   explicit DropTarget(lvwFilesBase& owner) : owner_(owner) {}
 
   wxDragResult OnDragOver(wxCoord, wxCoord, wxDragResult proposed) override {
-    return owner_.answering_ ? proposed : wxDragNone;
+    return owner_.inputEnabled_ ? proposed : wxDragNone;
   }
 
   bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& paths) override {
-    if (!owner_.answering_ || !owner_.handlers_.dropped) return false;
+    if (!owner_.inputEnabled_ || !owner_.handlers_.dropped) return false;
     owner_.window_->CallAfter([&owner = owner_, paths] {
-      if (owner.answering_) owner.handlers_.dropped(paths);
+      if (owner.inputEnabled_) owner.handlers_.dropped(paths);
     });
     return true;
   }
@@ -138,7 +138,7 @@ std::vector<int> lvwFilesBase::SelectedRows() const {
 void lvwFilesBase::TakeSelection(std::vector<int> native) {
   if (showing_ || native == shown_) return;
   shown_ = std::move(native);
-  if (answering_ && !pending_.moved) {
+  if (inputEnabled_ && !pending_.moved) {
     PutSelection(shown_);
     announcing_ = true;
   } else {
@@ -157,7 +157,7 @@ void lvwFilesBase::PutSelection(const std::vector<int>& rows) {
 }
 
 void lvwFilesBase::TakeClick(int index) {
-  if (answering_ && !pending_.moved && IsRow(index) && list_.Row(index).selected) announcing_ = true;
+  if (inputEnabled_ && !pending_.moved && IsRow(index) && list_.Row(index).selected) announcing_ = true;
 }
 
 void lvwFilesBase::AnnounceSoon() {
@@ -166,12 +166,12 @@ void lvwFilesBase::AnnounceSoon() {
 
 void lvwFilesBase::Announce() {
   if (!std::exchange(announcing_, false)) return;
-  if (answering_ && handlers_.selectionChanged) handlers_.selectionChanged();
+  if (inputEnabled_ && handlers_.selectionChanged) handlers_.selectionChanged();
 }
 
 bool lvwFilesBase::UseKey(wxKeyEvent& event) {
   if (IsEditing()) return false;
-  if (!answering_) return !event.AltDown();  // the window's own keys go on
+  if (!inputEnabled_) return !event.AltDown();  // the window's own keys go on
   TakeUntold();
   Announce();
   const int key = event.GetKeyCode();
@@ -217,23 +217,23 @@ void lvwFilesBase::ToggleChecks() {
 }
 
 void lvwFilesBase::SetChecked(int index, bool checked) {
-  if (answering_ && IsRow(index)) list_.SetChecked(index, checked);
+  if (inputEnabled_ && IsRow(index)) list_.SetChecked(index, checked);
 }
 
 void lvwFilesBase::Activate(int index) {
-  if (!answering_) return;
+  if (!inputEnabled_) return;
   TakeUntold();
   Announce();
   if (IsRow(index) && handlers_.activated) handlers_.activated(index);
 }
 
 void lvwFilesBase::ClickHeader(int column) const {
-  if (!answering_ || column < 0 || column >= kColumnCount) return;
+  if (!inputEnabled_ || column < 0 || column >= kColumnCount) return;
   if (handlers_.headerClicked) handlers_.headerClicked(static_cast<Column>(column));
 }
 
 void lvwFilesBase::WantMenu(wxPoint screen) {
-  if (!answering_) return;
+  if (!inputEnabled_) return;
   TakeUntold();
   TakeClick(list_.SelectedIndex());  // the menu is about that row, however it was asked for
   Announce();
@@ -242,12 +242,12 @@ void lvwFilesBase::WantMenu(wxPoint screen) {
 
 void lvwFilesBase::EndEdit(const wxString& text) {
   const int index = std::exchange(editedRow_, 0);
-  if (!answering_ || !IsRow(index) || !handlers_.renamed) return;
+  if (!inputEnabled_ || !IsRow(index) || !handlers_.renamed) return;
   // A name that was left as it showed stays as it is, with what a cell cannot show.
   const bool same = text == CellText(index, Column::kRenameName);
   const std::string name = same ? list_.Row(index).renameName : FromWx(text);
   window_->CallAfter([this, index, name] {
-    if (answering_ && IsRow(index)) handlers_.renamed(index, name);
+    if (inputEnabled_ && IsRow(index)) handlers_.renamed(index, name);
   });
 }
 

@@ -49,7 +49,7 @@ class lvwFiles : public FileListObserver {
   [[nodiscard]] virtual bool IsEditing() const = 0;
 
   /// Whether header clicks, label edits and so on are taken; off while a command runs. Painting and scrolling go on.
-  virtual void SetAnswering(bool answering) = 0;
+  virtual void SetInputEnabled(bool enabled) = 0;
 };
 
 }  // namespace quillon

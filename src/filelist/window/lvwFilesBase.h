@@ -17,7 +17,7 @@ class lvwFilesBase : public lvwFiles {
  public:
   void RowChanged(int index) final;
   void RowsChanged() final;
-  void SetAnswering(bool answering) final { answering_ = answering; }
+  void SetInputEnabled(bool enabled) final { inputEnabled_ = enabled; }
   [[nodiscard]] bool IsEditing() const final { return editedRow_ != 0; }
 
  protected:
@@ -79,7 +79,7 @@ class lvwFilesBase : public lvwFiles {
   void EndEdit(const wxString& text);
 
   [[nodiscard]] bool IsRow(int index) const { return index >= 1 && index <= list_.Count(); }
-  [[nodiscard]] bool IsAnswering() const { return answering_; }
+  [[nodiscard]] bool InputEnabled() const { return inputEnabled_; }
   [[nodiscard]] bool IsShowing() const { return showing_; }
   [[nodiscard]] const FileList& List() const { return list_; }
   /// The text on one line; empty for a row that is gone.
@@ -106,7 +106,7 @@ class lvwFilesBase : public lvwFiles {
   bool showing_ = false;  // the control is being changed, not by the user
   bool taking_ = false;   // the FileList takes over what the control shows already
   bool announcing_ = false;
-  bool answering_ = true;
+  bool inputEnabled_ = true;
   int editedRow_ = 0;
 };
 

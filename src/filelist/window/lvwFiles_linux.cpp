@@ -128,7 +128,7 @@ void GtkFileList::BindRows() {
     ClickHeader(static_cast<int>(column->GetModelColumn()) - static_cast<int>(kFirstTextColumn));
   });
   view_->Bind(wxEVT_DATAVIEW_ITEM_CONTEXT_MENU, [this](wxDataViewEvent& event) {
-    if (!IsAnswering()) return;
+    if (!InputEnabled()) return;
     if (event.GetItem().IsOk()) view_->SetCurrentItem(event.GetItem());
     WantMenu(wxGetMousePosition());
   });
@@ -152,7 +152,7 @@ void GtkFileList::BindEditing() {
 }
 
 void GtkFileList::BeginOrRefuse(wxDataViewEvent& event) {
-  if (IsAnswering()) {
+  if (InputEnabled()) {
     BeginEdit(RowOf(event.GetItem()));
   } else {
     event.Veto();
@@ -162,7 +162,7 @@ void GtkFileList::BeginOrRefuse(wxDataViewEvent& event) {
 void GtkFileList::BindInput() {
   view_->Bind(wxEVT_KEY_DOWN, &GtkFileList::OnKeyDown, this);
   view_->Bind(wxEVT_CONTEXT_MENU, &GtkFileList::OnMenuKey, this);
-  const auto ignoreWhileBusy = [this](wxMouseEvent& event) { event.Skip(IsAnswering()); };
+  const auto ignoreWhileBusy = [this](wxMouseEvent& event) { event.Skip(InputEnabled()); };
   for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN}) {
     view_->Bind(type, ignoreWhileBusy);
   }
@@ -226,7 +226,7 @@ void GtkFileList::ShowRow(int index) {
 }
 
 void GtkFileList::EditLabel(int index) {
-  if (!IsAnswering() || IsEditing()) return;
+  if (!InputEnabled() || IsEditing()) return;
   ShowPending();
   if (!IsRow(index)) return;
   nameRenderer_->SetMode(wxDATAVIEW_CELL_EDITABLE);

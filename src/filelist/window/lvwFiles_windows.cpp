@@ -147,7 +147,7 @@ void WindowsFileList::OnActivated(wxListEvent& event) {
 void WindowsFileList::BindEditing() {
   view_->Bind(wxEVT_LIST_BEGIN_LABEL_EDIT, [this](wxListEvent& event) {
     const int index = static_cast<int>(event.GetIndex()) + 1;
-    if (IsAnswering() && IsRow(index)) {
+    if (InputEnabled() && IsRow(index)) {
       BeginEdit(index);
     } else {
       event.Veto();
@@ -174,8 +174,8 @@ void WindowsFileList::BindSelection() {
   }
   const auto onMouse = [this](wxMouseEvent& event) {
     if (event.LeftDown()) TakeClick(RowAt(event.GetPosition()));
-    if (IsAnswering()) TakeSoon();
-    event.Skip(IsAnswering());
+    if (InputEnabled()) TakeSoon();
+    event.Skip(InputEnabled());
   };
   for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_LEFT_UP, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN,
                            wxEVT_RIGHT_DCLICK, wxEVT_RIGHT_UP}) {
@@ -235,7 +235,7 @@ void WindowsFileList::ShowRow(int index) {
 }
 
 void WindowsFileList::EditLabel(int index) {
-  if (!IsAnswering() || IsEditing()) return;
+  if (!InputEnabled() || IsEditing()) return;
   ShowRow(index);
   if (IsRow(index)) view_->EditLabel(index - 1);
 }
