@@ -62,7 +62,7 @@ struct Program {
   std::unique_ptr<FileChanges> disk = MakeFileChanges();
   FileLoader loader{list, options, mode, {*files, nobody, nobody, nobody, nobody, nobody, nobody, nobody, nobody}};
   RenameEngine engine{list, options, mode, {*files, *disk, nobody, nobody, nobody, nobody}};
-  TitleRename titles{list, options, mode, engine, nobody, nobody, nobody, nobody};
+  TitleRename titles{list, options, mode, engine, {nobody, nobody, nobody, nobody, nobody}};
 };
 
 }  // namespace quillon::benchmarks

@@ -32,7 +32,7 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
                player_},
               style),
       engine_(list_, options_, mode_, {ports_.files, ports_.disk, ports_.boxes, *this, ports_.window, player_}, style),
-      titles_(list_, options_, mode_, engine_, regex_, ports_.pending, ports_.window, ports_.boxes),
+      titles_(list_, options_, mode_, engine_, {regex_, ports_.pending, ports_.waiting, ports_.window, ports_.boxes}),
       editing_(list_, options_, mode_, engine_, titles_, {ports_.renameBox, ports_.boxes, *this, player_, status_},
                style),
       fileCommands_(

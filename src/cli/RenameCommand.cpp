@@ -84,8 +84,8 @@ void WriteSummary(const BatchOutcome& outcome, bool interrupted, bool json, Outp
 void EditNames(const RenameArguments& arguments, Session& session, RenameEngine& engine) {
   RegexLibrary regex;
   if (arguments.toTitle) {
-    TitleRename(session.list, session.options, session.mode, engine, regex, session.console, session.console,
-                session.console)
+    TitleRename(session.list, session.options, session.mode, engine,
+                {regex, session.console, session.console, session.console, session.console})
         .RenameToTitles(true);
   }
   if (arguments.modify) {

@@ -70,8 +70,13 @@ class WaitingInMainWindow : public MainWindowTest {
     OptionValues options = Options();
     options.modify.method = FindMethod::kRegex;
     options.modify.rules[0] = {true, kFind, kReplacement};
+    options.rename.applyRules = true;
     Open(options);
-    for (int i = 1; i <= kRows; ++i) List().Add(RowFor(folder.At(std::to_string(i) + "/1.mid")));
+    for (int i = 1; i <= kRows; ++i) {
+      FileItem row = RowFor(folder.At(std::to_string(i) + "/1.mid"));
+      row.title = "1";
+      List().Add(row);
+    }
     Drain();
   }
 
@@ -151,6 +156,31 @@ TEST_F(WaitingInMainWindow, ClosingTheMainWindowDoesAndItCloses) {
   User user([this](wxWindow&) { return !Frame().Close(); });
   dialogs.Use(Execute);
   Run(Command::mnuAllModify);
+  EXPECT_TRUE(user.acted);
+  EXPECT_TRUE(Until([this] { return !IsOpen(); }));
+}
+
+TEST_F(WaitingInMainWindow, BothEndALongRunOfTitlesThatTheRulesEdit) {
+  OpenWithMuchToDo();
+  for (const auto act : {ClickCancel, PressEscape}) {
+    for (int i = 1; i <= kRows; ++i) List().SetRenameName(i, "1");
+    User user(act);
+    dialogs.Answer();
+    Run(Command::mnuAllRename);
+    EXPECT_TRUE(user.acted);
+    ExpectTheRowsSoFar();
+    EXPECT_EQ(WaitWindow(), nullptr);
+    EXPECT_EQ(dialogs.TakeShown().size(), 1u) << "the question alone";
+    EXPECT_FALSE(wxIsBusy());
+    EXPECT_TRUE(Until([this] { return Frame().IsActive(); }));
+  }
+}
+
+TEST_F(WaitingInMainWindow, ClosingTheMainWindowEndsARunOfTitlesAndItCloses) {
+  OpenWithMuchToDo();
+  User user([this](wxWindow&) { return !Frame().Close(); });
+  dialogs.Answer();
+  Run(Command::mnuAllRename);
   EXPECT_TRUE(user.acted);
   EXPECT_TRUE(Until([this] { return !IsOpen(); }));
 }

@@ -39,7 +39,7 @@ struct EditingFixture : RenameFixture {
   SelectionStatus status{ports.panels};
   FollowingPanel panel{ports.filePanel, editing};
   RenameEngine applying{list, options, mode, {files, files, ports.boxes, panel, ports.window, ports.player}, style};
-  TitleRename titles{list, options, mode, applying, regex, ports.pending, ports.window, ports.boxes};
+  TitleRename titles{list, options, mode, applying, {regex, ports.pending, ports.progress, ports.window, ports.boxes}};
   RenameEditing editing{list, options, mode, applying, titles, {box, ports.boxes, panel, ports.player, status}, style};
 
   /// The first row is selected, the log empty.

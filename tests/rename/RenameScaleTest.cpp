@@ -72,8 +72,8 @@ TEST(RenameScale, NoBatchIsQuadratic) {
        [](LongList& all) {
          all.options.rename.applyRules = true;
          all.options.modify.rules[0] = {true, "title", "song"};
-         TitleRename titles(all.list, all.options, all.mode, all.engine, all.regex, all.ports.pending, all.ports.window,
-                            all.ports.boxes);
+         TitleRename titles(all.list, all.options, all.mode, all.engine,
+                            {all.regex, all.ports.pending, all.ports.progress, all.ports.window, all.ports.boxes});
          titles.RenameToTitles(true);
          EXPECT_EQ(all.list.Row(1).renameName, "song 1");
        }},

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,13 +17,21 @@ using test::RenameNames;
 using Indices = std::vector<int>;
 using Texts = std::vector<std::string>;
 
+const char* const kBegin =
+    "progress begin: リネーム名を編集中です...\\r\\nしばらくお待ちください |   ファイル名を編集中...";
+
 struct NoRegex final : RegexEngine {
   std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
 };
 
 struct Fixture : RenameFixture {
   NoRegex regex;
-  TitleRename titles{list, options, mode, engine, regex, ports.pending, ports.window, ports.boxes};
+  TitleRename titles{list,
+                     options,
+                     mode,
+                     engine,
+                     {regex, ports.pending, ports.progress, ports.window, ports.boxes},
+                     std::chrono::milliseconds(0)};
 
   /// One file for each title: "1.mid", "2.mid" and so on.
   explicit Fixture(const Texts& rowTitles) : RenameFixture(FileNames(rowTitles.size())) {
@@ -136,11 +145,58 @@ TEST(TitleRename, TitlesThatARuleWouldMakeEndlessAreToldOnceAtTheEnd) {
     EXPECT_EQ(
         f.ports.log.Events(),
         Texts(
-            {"pointer busy arrow", "pointer normal",
+            {"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/1.mid",
+             "progress: 66% 完了しました | /m/2.mid", "progress: 100% 完了しました | /m/3.mid", "progress end",
+             "pointer normal",
              "box [リネーム名の編集] 2 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした"
              "\\r\\n置換する文字列に、検索する文字列や不正な文字が含まれていないか確認してください (exclamation, ok)"}))
         << "a second run counts anew";
   }
+}
+
+TEST(TitleRename, CancellingKeepsTheRowsDoneSoFar) {
+  Fixture f({"one", "two", "three"});
+  f.options.rename.applyRules = true;
+  f.options.modify.rules[0] = {true, "x", "y"};
+  f.options.modify.upper = true;
+  f.ports.pending.At(4, [&] { f.ports.progress.cancelled = true; });  // in the rule, over the second row
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(RenameNames(f.list), Texts({"ONE", "2", "3"}));
+  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/1.mid",
+                                         "progress end", "pointer normal"}));
+  EXPECT_EQ(f.ports.pending.Count(), 4u);
+}
+
+TEST(TitleRename, CanBeCancelledAmongRowsWithoutATitle) {
+  Fixture f({"one", "", ""});
+  f.options.rename.applyRules = true;
+  f.options.rename.checkSkippedRows = true;
+  f.ports.pending.At(3, [&] { f.ports.progress.cancelled = true; });
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(CheckedRows(f.list), Indices({2}));
+  EXPECT_EQ(f.ports.log.StartingWith("progress: "),
+            Texts({"progress: 33% 完了しました | /m/1.mid", "progress: 66% 完了しました | /m/2.mid"}));
+}
+
+TEST(TitleRename, ShowsThePercentageOfTheCheckedRows) {
+  Fixture f({"one", "two", "three", "four"});
+  f.options.rename.applyRules = true;
+  f.list.SetChecked(2, true);
+  f.list.SetChecked(4, true);
+  f.titles.RenameToTitles(false);
+  EXPECT_EQ(f.ports.log.StartingWith("progress: "),
+            Texts({"progress: 50% 完了しました | /m/2.mid", "progress: 100% 完了しました | /m/4.mid"}));
+}
+
+TEST(TitleRenameAutoApply, CancellingLeavesTheFilesThatWereNotDone) {
+  Fixture f({"one", "two"});
+  f.mode.automatic = true;
+  f.options.rename.applyRules = true;
+  f.ports.pending.At(2, [&] { f.ports.progress.cancelled = true; });
+  f.titles.RenameToTitles(true);
+  EXPECT_EQ(f.Names(), Texts({"2.mid", "one.mid"}));
+  EXPECT_EQ(RenameNames(f.list), Texts({"one", "2"}));
+  EXPECT_TRUE(f.ports.boxes.Shown().empty());
 }
 
 TEST(TitleRenameAutoApply, WritesEachNameToTheDiskAtOnce) {
