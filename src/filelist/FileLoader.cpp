@@ -198,6 +198,10 @@ LoadOutcome FileLoader::AddFile(const std::string& path) {
     return LoadOutcome::kDuplicate;
   }
   Result<FileItem, FileError> row = MakeRow(path);
+  if (!row && ObstacleOf(row.Failure()) == Obstacle::kGone) {
+    ports_.search.PassedOver(path, Obstacle::kGone);
+    return LoadOutcome::kNothing;
+  }
   if (!row) return Failed(row.Failure());
   list_.Add(std::move(*row));
   return LoadOutcome::kLoaded;

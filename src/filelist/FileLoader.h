@@ -35,7 +35,7 @@ inline constexpr const char* kOpenFileTitle = "ファイルを開く";
 enum class LoadOutcome {
   kLoaded,     ///< at least one file was asked for and read
   kDuplicate,  ///< the file or folder is listed already
-  kNothing,    ///< the folder holds no matching file
+  kNothing,    ///< the folder holds no matching file, or the file has vanished
   kCancelled,  ///< a dialog or the search was cancelled; nothing was registered
   kFailed,     ///< an error ended the load; rows registered before it stay
 };
@@ -64,7 +64,7 @@ class FileLoader {
   /// Loads this folder without asking.
   LoadOutcome LoadFolder(std::string folder);
 
-  /// Adds one file, whatever the filter says.
+  /// Adds one file that was there a moment ago, whatever the filter says. One that has vanished is passed over.
   LoadOutcome AddFile(const std::string& path);
 
   /// Command line and drops: an existing file is added, anything else is loaded as a folder.

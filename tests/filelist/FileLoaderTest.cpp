@@ -521,12 +521,26 @@ TEST(AddFile, RefusesAListedFile) {
   EXPECT_EQ(f.list.Count(), 1);
 }
 
-TEST(AddFile, AFileThatIsNotThereIsAnError) {
-  Fixture f({});
+TEST(AddFile, AFileThatCannotBeReadIsAnError) {
+  Fixture f({"/m/a.txt"});
   f.options.system.loadFolder = "/last/";
-  EXPECT_EQ(f.loader.AddFile("/m/absent.txt"), LoadOutcome::kFailed);
-  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({Interrupted(file_error::kNotFound)}));
+  f.files.Fail(FileCall::kStatus, "/m/a.txt", {file_error::kOwn + 5, "input/output error"});
+  EXPECT_EQ(f.loader.AddFile("/m/a.txt"), LoadOutcome::kFailed);
+  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({Interrupted(file_error::kOwn + 5)}));
   EXPECT_EQ(f.options.system.loadFolder, "");
+}
+
+TEST(AddFile, AFileThatVanishedIsPassedOver) {
+  for (const char* path : {"/m/a.txt", "/m/a.mid"}) {
+    Fixture f({"/n/b.txt"});
+    f.options.system.loadFolder = "/last/";
+    EXPECT_EQ(f.loader.AddFile(path), LoadOutcome::kNothing);
+    EXPECT_EQ(f.ports.log.StartingWith("box"), Texts());
+    EXPECT_EQ(f.ports.log.StartingWith("search passed over"),
+              Texts({"search passed over " + std::string(path) + " as gone"}));
+    EXPECT_EQ(f.options.system.loadFolder, "/last/");
+    EXPECT_EQ(f.list.Count(), 0);
+  }
 }
 
 TEST(LoadPath, AddsAFileAndLoadsAnythingElseAsAFolder) {
