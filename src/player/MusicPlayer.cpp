@@ -44,12 +44,16 @@ MusicPlayer::MusicPlayer(const FileList& list, const OptionValues& options, Port
       mci_(ports_.device, ports_.files, paths_) {}
 
 void MusicPlayer::cmdPlay() {
-  // Without a current row there is still the file that plays, or was chosen last.
-  if (const int current = list_.SelectedIndex(); current != 0 && !IsPlayableType(list_.Row(current).type)) {
-    (void)ports_.openWithShell(list_.Row(current).location);
-    return;
-  }
-  PlayOrPause();
+  if (!OpenedWithShell()) PlayOrPause();
+}
+
+// True when the current row is of another kind. Without a current row there is still the file that plays, or was chosen
+// last.
+bool MusicPlayer::OpenedWithShell() {
+  const int current = list_.SelectedIndex();
+  if (current == 0 || IsPlayableType(list_.Row(current).type)) return false;
+  (void)ports_.openWithShell(list_.Row(current).location);
+  return true;
 }
 
 void MusicPlayer::PlayOrPause() {
@@ -175,7 +179,7 @@ bool MusicPlayer::FileEnded() {
   SetTimer(0);
   if (options_.player.continuous) {
     PlayNext();
-    if (interval_ != 0 || paths_.playingFilePath.empty()) return true;  // it plays, or has recovered
+    if (interval_ != 0 || paths_.playingFilePath.empty()) return true;  // it plays, or has failed
   }
   SetButton(PlayButton::kPlay);
   ShowStatus(kStopped, paths_.playingFilePath);
@@ -222,12 +226,13 @@ void MusicPlayer::GoPastFailed() {
   if (interval_ == 0) LeaveFailed();  // the next row was opened with the shell, or nothing is left
 }
 
-// The player stays silent when the list has nothing to play, or a current row of another kind is opened instead.
+// The player stays silent when the list has nothing to play, or a current row of another kind is opened instead. A file
+// that cannot be played gets no box here, which would hold the player up: nobody has pressed a button.
 void MusicPlayer::PlayNext() {
   const int next = NextPlayableRow();
   if (next == 0) return;
   Choose(list_.Row(next).location);
-  cmdPlay();
+  if (!OpenedWithShell() && !ChangeState()) FileFailed();
 }
 
 // Behind the last row comes the first. 0 after a whole round without a playable one.

@@ -85,6 +85,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   [[nodiscard]] std::int32_t LengthOfChosenFile() override { return mci_.MCIFileLength(); }
 
  private:
+  [[nodiscard]] bool OpenedWithShell();
   void PlayOrPause();
   void StopBeforeStart();
   void Pause();

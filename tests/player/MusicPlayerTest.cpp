@@ -488,14 +488,37 @@ TEST_F(MusicPlayerTest, OpensACurrentRowOfAnotherKindInsteadOfTheNextFile) {
   EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3");
 }
 
-TEST_F(MusicPlayerTest, RecoversFromANextFileThatCannotBePlayed) {
+TEST_F(MusicPlayerTest, ContinuousPlayGoesPastAPictureThatCannotBeShown) {
+  options.player.continuous = true;
+  movie.canShow = false;
+  Start(3);
+  Pass(185000);
+  EXPECT_EQ(Statuses().back(), "panel player: 再生できません： clip.avi");
+  EXPECT_EQ(panel.interval, 1500) << "long enough to be read";
+  EXPECT_EQ(panel.button, PlayButton::kPlay);
+  EXPECT_EQ(panel.time, "00:00 / 00:00");
+  EXPECT_EQ(device.OpenFile("mci"), "");
+  EXPECT_TRUE(ports.log.Has("pointer normal"));
+  player.timMCIChecker();
+  EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3");
+  EXPECT_EQ(Statuses().back(), "panel player: 再生中： a.mp3");
+  EXPECT_EQ(panel.interval, 50);
+  EXPECT_THAT(ports.boxes.Shown(), testing::IsEmpty());
+}
+
+TEST_F(MusicPlayerTest, ContinuousPlayGoesPastLengthsThatAreNoTimesForOneRound) {
   options.player.continuous = true;
   Start(1);
   device.scripted["status mci length"] = "99999999999";
   Pass(4000);
-  EXPECT_EQ(Statuses().back(), kIdle);
-  EXPECT_EQ(panel.time, "00:00 / 00:00");
+  for (int ticks = 0; ticks < 100 && panel.interval != 0; ++ticks) player.timMCIChecker();
+  EXPECT_EQ(ports.log.StartingWith("panel player: 再生できません"),
+            Texts({"panel player: 再生できません： b.mid", "panel player: 再生できません： clip.avi",
+                   "panel player: 再生できません： a.mp3"}));
   EXPECT_EQ(panel.interval, 0);
+  EXPECT_EQ(panel.time, "00:00 / 00:00");
+  EXPECT_EQ(player.Paths().playingFilePath, "");
+  EXPECT_THAT(ports.boxes.Shown(), testing::IsEmpty());
 }
 
 TEST_F(MusicPlayerTest, EndsWhenTheListHasNothingToPlayAnyMore) {
