@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "base/Text.h"
 #include "paths/basFileControl.h"
 
 namespace quillon {
@@ -48,6 +49,12 @@ std::string FailureDetails(FileReads& files, const std::string& from, const std:
   if (error.number == file_error::kNotFound) details += "\r\n" + WhyNotFound(files, from, to, style);
   if (!error.description.empty()) details += "\r\nシステムのメッセージ： " + error.description;
   return details;
+}
+
+std::string InvalidCharacterDetails(const std::string& path, const std::string& renameName, int position) {
+  const char character = renameName[ByteOffset(renameName, static_cast<std::size_t>(position) - 1)];
+  return "ファイル： " + path + "\r\nリネーム名： " + renameName + "\r\nリネーム名の " + std::to_string(position) +
+         " 文字目の文字は、ファイル名に使えません： " + (character == '\r' ? "改行" : std::string(1, character));
 }
 
 }  // namespace quillon

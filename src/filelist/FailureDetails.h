@@ -14,4 +14,8 @@ namespace quillon {
 [[nodiscard]] std::string FailureDetails(FileReads& files, const std::string& from, const std::string& to,
                                          const FileError& error, PathStyle style = SystemPathStyle());
 
+/// The same for a rename name that holds a character that a file name may not hold, at this 1-based position in
+/// characters.
+[[nodiscard]] std::string InvalidCharacterDetails(const std::string& path, const std::string& renameName, int position);
+
 }  // namespace quillon

@@ -97,17 +97,16 @@ std::string WithTrailingSeparator(std::string_view folder, PathStyle style) {
 }
 
 int InvalidCharacterPosition(std::string_view name) {
-  const auto found = std::find_if(name.begin(), name.end(), IsInvalidInName);
-  if (found == name.end()) return 0;
-  const auto offset = static_cast<std::size_t>(found - name.begin());
-  return static_cast<int>(CharacterCount(name.substr(0, offset))) + 1;
+  return AddedInvalidCharacterPosition(name, {});
 }
 
-bool AddsInvalidCharacter(std::string_view name, std::string_view present) {
-  return std::any_of(name.begin(), name.end(), [&](char c) {
-    return IsInvalidInName(c) &&
-           std::count(name.begin(), name.end(), c) > std::count(present.begin(), present.end(), c);
-  });
+int AddedInvalidCharacterPosition(std::string_view name, std::string_view present) {
+  for (auto found = name.begin(); found != name.end(); ++found) {
+    if (!IsInvalidInName(*found)) continue;
+    if (std::count(name.begin(), found + 1, *found) <= std::count(present.begin(), present.end(), *found)) continue;
+    return static_cast<int>(CharacterCount({name.begin(), found})) + 1;
+  }
+  return 0;
 }
 
 std::vector<std::string> SplitCommandLine(std::string_view commandLine) {

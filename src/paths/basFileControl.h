@@ -33,9 +33,9 @@ namespace quillon {
 /// `" * / : < > ? \ |` and carriage return, on every system; 0 when there is none.
 [[nodiscard]] int InvalidCharacterPosition(std::string_view name);
 
-/// True when `name` holds a character that a file name may not hold more often than `present` does, the name that a
-/// file has already: on Linux files may have such names.
-[[nodiscard]] bool AddsInvalidCharacter(std::string_view name, std::string_view present);
+/// The position of the first such character that `name` holds more often, up to there, than `present` does, the name
+/// that a file has already: on Linux files may have such names.
+[[nodiscard]] int AddedInvalidCharacterPosition(std::string_view name, std::string_view present);
 
 /// Splits a command line at single spaces; a piece that begins with a double quote runs on to the first piece, itself
 /// included, that ends with another one. Spaces inside a run are kept, as many as there are; an unclosed run goes to

@@ -47,7 +47,7 @@ void RenameEditing::Changed() {
 }
 
 void RenameEditing::ReplaceInvalidText() {
-  if (!AddsInvalidCharacter(ports_.box.Text(), PresentName(list_.SelectedIndex()))) return;
+  if (AddedInvalidCharacterPosition(ports_.box.Text(), PresentName(list_.SelectedIndex())) == 0) return;
   ports_.box.Beep();
   const int caret = ports_.box.Caret();
   ports_.box.SetText(lastGoodRenameText_);
@@ -144,7 +144,8 @@ void RenameEditing::LabelEdited(int index, const std::string& name) {
     Refresh();
     return;
   }
-  if (AddsInvalidCharacter(name, PresentName(index))) return Tell("不正な文字が含まれているため適応できません");
+  if (AddedInvalidCharacterPosition(name, PresentName(index)) != 0)
+    return Tell("不正な文字が含まれているため適応できません");
   if (name.empty()) return Tell("リネーム名が入力されていないため適応できません");
   const std::string before = list_.Row(index).renameName;
   list_.SetRenameName(index, name);

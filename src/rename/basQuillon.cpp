@@ -81,16 +81,26 @@ RowFailure RenameEngine::Apply(int index, bool inBatch) {
 
 // A file may have got a name here that no file should have. As it is, it passes; the automatic mode lets such
 // characters be taken out one after the other.
-bool RenameEngine::IsRefused(const FileItem& row) const {
-  if (InvalidCharacterPosition(row.renameName) == 0) return false;
+int RenameEngine::RefusedCharacterPosition(const FileItem& row) const {
   const std::string_view present = BaseName(row.location, style_);
-  return mode_.automatic ? AddsInvalidCharacter(row.renameName, present) : row.renameName != present;
+  if (mode_.automatic) return AddedInvalidCharacterPosition(row.renameName, present);
+  return row.renameName == present ? 0 : InvalidCharacterPosition(row.renameName);
+}
+
+std::string RenameEngine::DetailsOf(const RowFailure& failure) const {
+  const FileItem& row = list_.Row(failure.index);
+  if (failure.code == apply_code::kInvalidCharacter) {
+    return InvalidCharacterDetails(row.location, row.renameName, RefusedCharacterPosition(row));
+  }
+  const std::string to = failure.error.number == 0 ? std::string() : AppliedPath(row, style_);
+  const std::string& from = failure.from.empty() ? row.location : failure.from;
+  return FailureDetails(ports_.files, from, to, failure.error, style_);
 }
 
 RowFailure RenameEngine::Rename(int index) {
   const FileItem& row = list_.Row(index);
   if (Trim(row.renameName).empty()) return {index, apply_code::kNoName, {}};
-  if (IsRefused(row)) return {index, apply_code::kInvalidCharacter, {}};
+  if (RefusedCharacterPosition(row) != 0) return {index, apply_code::kInvalidCharacter, {}};
   std::string path = AppliedPath(row, style_);
   if (const FileOutcome error = ports_.disk.Rename(row.location, path)) {
     if (error->fileAt.empty()) return {index, CodeOf(*error), *error};
@@ -117,12 +127,9 @@ void RenameEngine::Report(const RowFailure& failure, bool inBatch) {
   const bool unexpected = failure.code == apply_code::kUnexpected;
   std::string text = std::string(ApplyReason(failure.code)) + "\r\nファイルに適応できませんでした";
   if (!failure.error.fileAt.empty()) text += "\r\n\r\nファイルは現在ここにあります： " + failure.error.fileAt;
-  const FileItem& row = list_.Row(failure.index);
-  const std::string to = failure.error.number == 0 ? std::string() : AppliedPath(row, style_);
-  const std::string& from = failure.from.empty() ? row.location : failure.from;
   const FailureAnswer answer =
       ports_.boxes.ShowFailure({{kCaption, text, unexpected ? MessageIcon::kStop : MessageIcon::kExclamation},
-                                FailureDetails(ports_.files, from, to, failure.error, style_),
+                                DetailsOf(failure),
                                 inBatch && !unexpected});
   tells_ = tells_ && answer != FailureAnswer::kTellNoMore;
   abandoned_ = answer == FailureAnswer::kStop;

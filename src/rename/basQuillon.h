@@ -87,7 +87,9 @@ class RenameEngine {
 
  private:
   RowFailure Apply(int index, bool inBatch);
-  [[nodiscard]] bool IsRefused(const FileItem& row) const;
+  /// 0 when the rename name may be given.
+  [[nodiscard]] int RefusedCharacterPosition(const FileItem& row) const;
+  [[nodiscard]] std::string DetailsOf(const RowFailure& failure) const;
   RowFailure Rename(int index);
   void Follow(int index, std::string path);
   void Report(const RowFailure& failure, bool inBatch);

@@ -175,6 +175,14 @@ TEST(InvalidCharacterPosition, NamesTheFirstOfTheTenCharacters) {
   }
 }
 
+TEST(AddedInvalidCharacterPosition, PassesOverThoseThatThePresentNameHas) {
+  EXPECT_EQ(AddedInvalidCharacterPosition("a?b", ""), 2);
+  EXPECT_EQ(AddedInvalidCharacterPosition("a?b", "x?"), 0);
+  EXPECT_EQ(AddedInvalidCharacterPosition("a?b?", "x?"), 4) << "one of them is there already";
+  EXPECT_EQ(AddedInvalidCharacterPosition("あ?:?", "x?"), 3);
+  EXPECT_EQ(AddedInvalidCharacterPosition("ab", "x?"), 0);
+}
+
 TEST(SplitCommandLine, SplitsAtBlanksAndKeepsQuotedRunsTogether) {
   const struct {
     const char* name;

@@ -529,6 +529,29 @@ TEST(ApplyRenameNameFailure, TellsDetailsOnDemand) {
   EXPECT_FALSE(f.ports.boxes.Failures()[1].inBatch);
 }
 
+TEST(ApplyRenameNameFailure, DetailsNameTheInvalidCharacterAndItsPosition) {
+  RenameFixture f({"a.mid", "b.mid"});
+  f.SetNames({"音楽?:", "x\ry"});
+  f.engine.ApplyRenameName(1);
+  f.engine.ApplyRenameName(2);
+  ASSERT_EQ(f.ports.boxes.Failures().size(), 2U);
+  EXPECT_EQ(f.ports.boxes.Failures()[0].details,
+            "ファイル： /m/a.mid\r\nリネーム名： 音楽?:\r\nリネーム名の 3 文字目の文字は、ファイル名に使えません： ?");
+  EXPECT_EQ(f.ports.boxes.Failures()[1].details,
+            "ファイル： /m/b.mid\r\nリネーム名： x\ry\r\nリネーム名の 2 文字目の文字は、ファイル名に使えません： 改行");
+}
+
+TEST(ApplyRenameNameFailure, DetailsNameTheCharacterThatTheAutomaticModeDoesNotTake) {
+  RenameFixture f({"a?b.mid"});
+  f.mode.automatic = true;
+  f.SetNames({"a?b?c"});
+  f.engine.ApplyRenameName(1);
+  ASSERT_EQ(f.ports.boxes.Failures().size(), 1U);
+  EXPECT_EQ(f.ports.boxes.Failures()[0].details,
+            "ファイル： /m/a?b.mid\r\nリネーム名： a?b?c\r\nリネーム名の 4 文字目の文字は、ファイル名に使えません： ?")
+      << "the file has the first one already";
+}
+
 TEST(BatchObserver, HearsOfEachAppliedRow) {
   RenameFixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
   f.options.update.skipFailedRows = true;
