@@ -10,7 +10,7 @@
 namespace quillon {
 namespace {
 
-// Both systems allow as much in one name, each in units of its own.
+// Nearly every volume allows as much in one name, in units of its own.
 constexpr std::size_t kLongestName = 255;
 constexpr std::size_t kLongestLinuxPath = 4095;  // bytes
 
@@ -19,8 +19,8 @@ std::size_t Utf16Units(std::string_view text) {
          static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xF8) == 0xF0; }));
 }
 
-std::string TooLong(const char* what, std::size_t length, std::size_t limit, PathStyle style) {
-  const char* const unit = style == PathStyle::kWindows ? " 文字" : " バイト";
+std::string TooLong(const char* what, std::size_t length, std::size_t limit, NameUnit counted) {
+  const char* const unit = counted == NameUnit::kUtf16 ? " 文字" : " バイト";
   return std::string(what) + std::to_string(length) + unit + "、上限 " + std::to_string(limit) + unit + "）";
 }
 
@@ -29,14 +29,15 @@ std::string WhyNotFound(FileReads& files, const std::string& from, const std::st
   if (now && now->kind == FileStatus::Kind::kAbsent) {
     return "ファイルがありません。ほかのプログラムが削除または移動した可能性があります";
   }
-  const Result<FileStatus, FileError> folder = files.Status(std::string(FolderPart(to, style)));
-  if (folder && folder->kind == FileStatus::Kind::kAbsent) return "移動先のフォルダがありません";
+  const std::string folder(FolderPart(to, style));
+  const Result<FileStatus, FileError> there = files.Status(folder);
+  if (there && there->kind == FileStatus::Kind::kAbsent) return "移動先のフォルダがありません";
   const std::string_view name = FileName(to, style);
-  const bool windows = style == PathStyle::kWindows;
-  const std::size_t length = windows ? Utf16Units(name) : name.size();
-  if (length > kLongestName) return TooLong("名前が長すぎます（", length, kLongestName, style);
-  if (!windows && to.size() > kLongestLinuxPath)
-    return TooLong("パスが長すぎます（", to.size(), kLongestLinuxPath, style);
+  const NameUnit unit = files.NameUnitOf(folder);
+  const std::size_t length = unit == NameUnit::kUtf16 ? Utf16Units(name) : name.size();
+  if (length > kLongestName) return TooLong("名前が長すぎます（", length, kLongestName, unit);
+  if (style == PathStyle::kLinux && to.size() > kLongestLinuxPath)
+    return TooLong("パスが長すぎます（", to.size(), kLongestLinuxPath, NameUnit::kByte);
   return "このドライブでは使えない名前です";
 }
 

@@ -77,6 +77,9 @@ struct FileStatus {
   std::uint64_t length = 0;  ///< bytes; files only
 };
 
+/// What a volume counts where it limits the length of a name.
+enum class NameUnit { kByte, kUtf16 };
+
 /// What is asked of the disk. Nothing here changes it.
 class FileReads {
  public:
@@ -106,6 +109,10 @@ class FileReads {
 
   /// True when both paths name the same existing file.
   virtual bool SameFile(const std::string& left, const std::string& right) = 0;
+
+  /// How the volume of this folder counts the length of a name. kUtf16 where that cannot be known on Linux: a name that
+  /// is too long so counted is too long in bytes as well.
+  virtual NameUnit NameUnitOf(const std::string& folder) = 0;
 };
 
 /// Told how far the copying of a file is.

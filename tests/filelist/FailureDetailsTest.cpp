@@ -38,6 +38,19 @@ TEST(FailureDetails, SayWhatIsBehindANameThatIsNotValid) {
   EXPECT_EQ(WhyNotFound(files, "/m/a", deep, PathStyle::kLinux), "パスが長すぎます（4097 バイト、上限 4095 バイト）");
 }
 
+TEST(FailureDetails, CountANamesLengthAsItsVolumeDoes) {
+  MemoryFileSystem files({PathStyle::kLinux, false});
+  files.AddFile("/m/a", "content");
+  files.nameUnit = NameUnit::kUtf16;  // a stick, formatted on Windows
+  std::string kana;
+  for (int i = 0; i < 254; ++i) kana += "あ";
+  EXPECT_EQ(WhyNotFound(files, "/m/a", "/m/" + kana + "?", PathStyle::kLinux), "このドライブでは使えない名前です");
+  EXPECT_EQ(WhyNotFound(files, "/m/a", "/m/" + kana + "??", PathStyle::kLinux),
+            "名前が長すぎます（256 文字、上限 255 文字）");
+  const std::string deep = "/m/" + std::string(4093, '/') + "b";
+  EXPECT_EQ(WhyNotFound(files, "/m/a", deep, PathStyle::kLinux), "パスが長すぎます（4097 バイト、上限 4095 バイト）");
+}
+
 TEST(FailureDetails, CountANamesLengthAsTheSystemDoes) {
   MemoryFileSystem files({PathStyle::kWindows, true});
   files.AddFile("C:\\m\\a", "content");

@@ -37,6 +37,7 @@ class HugeFolder final : public FileReads {
   std::unique_ptr<ByteSource> OpenFile(const std::string&) override { return nullptr; }
   Result<FileStatus, FileError> Status(const std::string&) override { return FileStatus(); }
   bool SameFile(const std::string&, const std::string&) override { return false; }
+  NameUnit NameUnitOf(const std::string&) override { return NameUnit::kByte; }
 };
 
 /// Searches in a process of its own. Its exit status is the most memory that it ever had, in units of two megabytes.

@@ -112,7 +112,10 @@ class MemoryFileSystem::Entries final : public EntryChanges {
 
 MemoryFileSystem::MemoryFileSystem() : MemoryFileSystem(Options()) {}
 
-MemoryFileSystem::MemoryFileSystem(Options options) : options_(options), root_(std::make_shared<Node>()) {
+MemoryFileSystem::MemoryFileSystem(Options options)
+    : nameUnit(options.style == PathStyle::kWindows ? NameUnit::kUtf16 : NameUnit::kByte),
+      options_(options),
+      root_(std::make_shared<Node>()) {
   root_->kind = Node::Kind::kFolder;
 }
 

@@ -83,6 +83,7 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   std::unique_ptr<ByteSource> OpenFile(const std::string& path) override;
   Result<FileStatus, FileError> Status(const std::string& path) override;
   bool SameFile(const std::string& left, const std::string& right) override;
+  NameUnit NameUnitOf(const std::string& /*folder*/) override { return nameUnit; }
 
   FileOutcome Rename(const std::string& from, const std::string& to) override;
   using FileChanges::Move;
@@ -93,7 +94,8 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   [[nodiscard]] bool RecycleAsks() const override { return recycleAsks; }
 
   bool recycleAsks = true;
-  NotKept notKept;  ///< what a successful move answers
+  NameUnit nameUnit;  ///< that of the style at first
+  NotKept notKept;    ///< what a successful move answers
   /// Non-zero where every move copies to another volume, in pieces of so many bytes.
   std::uint64_t copiesPieces = 0;
 

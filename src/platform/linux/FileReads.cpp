@@ -1,6 +1,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 
 #include <cerrno>
 #include <cstdlib>
@@ -11,6 +12,7 @@
 #include "platform/FileSystem.h"
 #include "platform/FolderOrder.h"
 #include "platform/linux/SystemError.h"
+#include "platform/linux/VolumeNameUnit.h"
 
 namespace quillon {
 namespace {
@@ -100,6 +102,13 @@ class LinuxFileReads final : public FileReads {
     struct stat other = {};
     if (::stat(left.c_str(), &one) != 0 || ::stat(right.c_str(), &other) != 0) return false;
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+  }
+
+  NameUnit NameUnitOf(const std::string& folder) override {
+    struct statfs volume = {};
+    if (HoldsNul(folder) || ::statfs(folder.c_str(), &volume) != 0) return NameUnit::kUtf16;
+    // Some are negative as the 32-bit numbers that they are.
+    return NameUnitOfType(static_cast<unsigned long>(volume.f_type) & 0xFFFFFFFFUL);
   }
 };
 

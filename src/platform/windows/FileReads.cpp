@@ -140,6 +140,8 @@ class WindowsFileReads final : public FileReads {
     return first.dwVolumeSerialNumber == second.dwVolumeSerialNumber && first.nFileIndexHigh == second.nFileIndexHigh &&
            first.nFileIndexLow == second.nFileIndexLow;
   }
+
+  NameUnit NameUnitOf(const std::string& /*folder*/) override { return NameUnit::kUtf16; }
 };
 
 }  // namespace
