@@ -10,6 +10,7 @@
 #include "Program.h"
 #include "platform/desktop/JapaneseCollation.h"
 #include "rename/ModifyName.h"
+#include "rename/TitleRename.h"
 
 namespace quillon::benchmarks {
 namespace {
@@ -41,7 +42,7 @@ void Load(State& state, Files::Kind kind) {
   const Files& files = SharedFiles(kind, CountOf(state));
   for ([[maybe_unused]] auto _ : state) {
     Program program;
-    program.loader.LoadFolder(files.Folder());
+    program.Load(files.Folder());
     Require(state, program.list.Count() == files.Count(), "not every file was loaded");
     state.PauseTiming();
     program.list.Clear();
@@ -78,7 +79,7 @@ void ApplyFloor(State& state) {
     // What has just been read and what the caches hold is the same as before `Apply`.
     state.PauseTiming();
     Program program;
-    program.loader.LoadFolder(files.Folder());
+    program.Load(files.Folder());
     state.ResumeTiming();
     Require(state, RenameWithSystemCalls(files.Paths(), renamed) == files.Count(), "a rename failed");
     state.PauseTiming();
@@ -95,12 +96,12 @@ void Apply(State& state) {
   for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     Program program;
-    program.loader.LoadFolder(files.Folder());
+    program.Load(files.Folder());
     for (int index = 1; index <= program.list.Count(); ++index) {
       program.list.SetRenameName(index, program.list.Row(index).renameName + "x");
     }
     state.ResumeTiming();
-    Require(state, program.engine.ApplyRenameBatch(true).applied == files.Count(), "a rename failed");
+    Require(state, program.Apply().applied == files.Count(), "a rename failed");
     state.PauseTiming();
     Require(state, RenameWithSystemCalls(renamed, files.Paths()) == files.Count(), "a rename back failed");
     program.list.Clear();
@@ -113,9 +114,9 @@ void TitlesToNames(State& state) {
   const Files& files = SharedFiles(Files::Kind::kMixed, CountOf(state));
   for ([[maybe_unused]] auto _ : state) {
     Program program;
-    program.loader.LoadFolder(files.Folder());
-    program.titles.RenameToTitles(true);
-    const BatchOutcome outcome = program.engine.ApplyRenameBatch(true);
+    program.Load(files.Folder());
+    RenameToTitles(program.list, Rows::kAll, {.skipUntitled = true}, program.noRegex, {}, program.unwatched);
+    const BatchOutcome outcome = program.Apply();
     state.PauseTiming();
     Require(state, outcome.applied == files.Count(), "a rename failed");
     std::vector<std::string> renamed;
@@ -130,12 +131,13 @@ void TitlesToNames(State& state) {
 void ModifyNames(State& state) {
   OptionValues::Modify rules;
   rules.rules = {{{1, "number", "No."}, {1, "Song", "曲"}, {1, " ", "_"}, {1, "0", "０"}, {1, "missing", "found"}}};
-  Nobody nobody;
+  NoRegex noRegex;
+  Unwatched unwatched;
   std::vector<std::string> names;
   names.reserve(static_cast<std::size_t>(CountOf(state)));
   for (int i = 0; i < CountOf(state); ++i) names.push_back("Song number " + std::to_string(i));
   for ([[maybe_unused]] auto _ : state) {
-    for (const std::string& name : names) DoNotOptimize(ModifyName(name, rules, names.size(), nobody, nobody));
+    for (const std::string& name : names) DoNotOptimize(ModifyName(name, rules, names.size(), noRegex, unwatched));
   }
   PerFile(state);
 }
@@ -165,7 +167,7 @@ void MemoryPerRow(State& state) {
   for ([[maybe_unused]] auto _ : state) {
     Program program;
     const std::size_t before = mallinfo2().uordblks;
-    program.loader.LoadFolder(files.Folder());
+    program.Load(files.Folder());
     state.counters["bytes_per_row"] = static_cast<double>(mallinfo2().uordblks - before) / files.Count();
   }
 }

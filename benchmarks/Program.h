@@ -1,52 +1,31 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "filelist/FileList.h"
-#include "filelist/FileLoader.h"
+#include "filelist/FolderSearch.h"
+#include "filelist/Registration.h"
 #include "filelist/WindowPorts.h"
 #include "platform/FileSystem.h"
-#include "rename/TitleRename.h"
+#include "rename/RegexReplace.h"
 #include "rename/basQuillon.h"
 #include "settings/ApplyMode.h"
 
 namespace quillon::benchmarks {
 
-/// Ports that do nothing.
-class Nobody final : public MessageBoxes,
-                     public PendingMessages,
-                     public StatusPanels,
-                     public FilePanel,
-                     public WindowState,
-                     public PlayerControl,
-                     public ProgressDisplay,
-                     public SearchDisplay,
-                     public FolderDialog,
-                     public RegexEngine {
+/// A loop that nothing ends before its last item.
+class Unwatched final : public Progress {
  public:
-  bool Show(const Message&) override { return true; }
-  void Process() override {}
-  void SetPlayerText(const std::string&) override {}
-  void SetModeText(const std::string&) override {}
-  void Reset() override {}
-  void ShowRow(int) override {}
-  void ShowFileName(const std::string&) override {}
-  void SetPointer(Pointer) override {}
-  void SetEnabled(bool) override {}
-  void FocusList() override {}
-  void ScrollToRow(int) override {}
-  void ReleaseFile(const std::string&) override {}
-  void Stop() override {}
-  void Choose(const std::string&) override {}
-  void FileMoved(const std::string&, const std::string&) override {}
-  void FileRemoved(const std::string&) override {}
-  void Begin(const std::string&, const std::string&) override {}
-  void Update(const std::string&, const std::string&) override {}
-  void End() override {}
-  void ShowFolder(const std::string&) override {}
-  void PassedOver(const std::string&, Obstacle) override {}
-  std::string Choose(const std::string&, const std::string&, const std::string&) override { return {}; }
+  bool Continue(std::size_t, std::size_t, const std::string&) override { return true; }
+  bool Continue() override { return true; }
+};
+
+/// No library for regular expressions.
+class NoRegex final : public RegexEngine {
+ public:
   std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
 };
 
@@ -54,15 +33,26 @@ class Nobody final : public MessageBoxes,
 struct Program {
   Program() { options.list.searchSubfolders = true; }
 
-  Nobody nobody;
+  /// Searches the folder, and lists what it finds.
+  void Load(const std::string& folder) {
+    FoundFiles found = FolderSearch(*files, unwatched).Search(folder, SearchFilter(options.find), true);
+    RegisterFiles(list, *files, std::move(found.paths), {}, unwatched);
+  }
+
+  /// Applies the rename names of all rows.
+  BatchOutcome Apply() {
+    return engine.Apply(Rows::kAll, unwatched, [](const RowOutcome&) { return true; });
+  }
+
+  Unwatched unwatched;
+  NoRegex noRegex;
   FileList list;
   OptionValues options;
   ApplyMode mode;
+  PlayerControl player;  ///< none
   std::unique_ptr<FileReads> files = MakeFileReads();
   std::unique_ptr<FileChanges> disk = MakeFileChanges();
-  FileLoader loader{list, options, mode, {*files, nobody, nobody, nobody, nobody, nobody, nobody, nobody, nobody}};
-  RenameEngine engine{list, options, mode, {*files, *disk, nobody, nobody, nobody, nobody}};
-  TitleRename titles{list, options, mode, engine, {nobody, nobody, nobody, nobody, nobody}};
+  RenameEngine engine{list, mode, *disk, player};
 };
 
 }  // namespace quillon::benchmarks

@@ -25,20 +25,16 @@ Application::Application(OptionValues options, Paths paths, Ports ports, std::ui
                ports_.openWithShell},
               style),
       information_(list_, options_, ports_.information, player_, style),
-      passedOver_(ports_.search, status_),
-      listCommands_(list_, options_, mode_, {ports_.boxes, status_, *this, player_}),
-      loader_(list_, options_, mode_,
-              {ports_.files, ports_.boxes, ports_.pending, passedOver_, ports_.loading, ports_.folders, status_, *this,
-               player_},
-              style),
-      engine_(list_, options_, mode_, {ports_.files, ports_.disk, ports_.boxes, *this, ports_.window, player_}, style),
-      titles_(list_, options_, mode_, engine_, {regex_, ports_.pending, ports_.waiting, ports_.window, ports_.boxes}),
-      editing_(list_, options_, mode_, engine_, titles_, {ports_.renameBox, ports_.boxes, *this, player_, status_},
-               style),
-      fileCommands_(
-          list_, options_, listCommands_,
-          {ports_.files, ports_.disk, ports_.boxes, ports_.folders, player_, *this, ports_.window, ports_.waiting},
-          ownerWindow, style) {}
+      session_{list_, options_, mode_, player_, style},
+      screen_{ports_.boxes, ports_.pending, ports_.window, *this, status_},
+      listCommands_(session_, screen_),
+      loading_(session_, ports_.files, {ports_.search, ports_.loading, ports_.folders}, screen_),
+      engine_(list_, mode_, ports_.disk, player_, style),
+      applying_(session_, engine_, ports_.files, screen_),
+      names_(session_, applying_, regex_, ports_.waiting, screen_),
+      editing_(session_, applying_, names_, ports_.renameBox, screen_),
+      fileCommands_(session_, listCommands_, {ports_.files, ports_.disk, ownerWindow}, {ports_.folders, ports_.waiting},
+                    screen_) {}
 
 void Application::Start() {
   ports_.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
@@ -68,7 +64,7 @@ void Application::RunExclusively(const std::function<void()>& action) {
     const Finally enabled([this] { ports_.main.SetInputEnabled(true); });
     (void)editing_.MayLeaveRow();  // an emptied name comes back before anything is done with it
     action();
-    passedOver_.Tell(ports_.boxes);
+    loading_.TellPassedOver();
   });
 }
 
@@ -79,25 +75,24 @@ bool Application::IsEnabled(Command command) const {
 void Application::Execute(Command command) {
   if (!IsEnabled(command)) return;
   const CommandEntry& entry = EntryOf(command);
-  const CommandTargets targets = {*this,   ports_.main, loader_,       listCommands_,
-                                  engine_, editing_,    fileCommands_, player_};
+  const CommandTargets targets = {*this,     ports_.main, loading_,      listCommands_,
+                                  applying_, editing_,    fileCommands_, player_};
   if (entry.runs == Runs::kAsEvent) return entry.action(targets);
   RunExclusively([&] { entry.action(targets); });
 }
 
 void Application::LoadPaths(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
-  RunExclusively([&] { loader_.LoadPaths(paths); });
+  RunExclusively([&] { loading_.LoadPaths(paths); });
 }
 
 void Application::OpenFiles() {
-  loader_.LoadPaths(
+  loading_.LoadPaths(
       ports_.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.loadFolder));
 }
 
-void Application::ModifyRows(bool allItems) {
-  ModifyRenameNames(list_, options_, mode_, engine_,
-                    {regex_, ports_.pending, ports_.waiting, ports_.window, ports_.boxes}, allItems);
+void Application::ModifyRows(Rows rows) {
+  names_.ModifyRows(rows);
   editing_.Refresh();
 }
 

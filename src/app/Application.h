@@ -4,23 +4,24 @@
 #include <string>
 #include <vector>
 
+#include "app/ApplyCommands.h"
 #include "app/CommandTable.h"
+#include "app/FileCommands.h"
 #include "app/InformationPanel.h"
-#include "app/PassedOver.h"
+#include "app/ListCommands.h"
+#include "app/LoadCommands.h"
+#include "app/NameCommands.h"
+#include "app/OpenFileFilters.h"
+#include "app/RenameEditing.h"
+#include "app/Screen.h"
 #include "base/Ports.h"
 #include "dialogs/OptionForm.h"
 #include "filelist/FileList.h"
-#include "filelist/FileLoader.h"
-#include "filelist/ListCommands.h"
 #include "filelist/SelectionStatus.h"
 #include "filelist/WindowPorts.h"
-#include "fileops/FileCommands.h"
 #include "platform/FileSystem.h"
 #include "player/MusicPlayer.h"
-#include "rename/ModifyRenameNames.h"
 #include "rename/RegexReplace.h"
-#include "rename/RenameEditing.h"
-#include "rename/TitleRename.h"
 #include "rename/basQuillon.h"
 #include "settings/ApplyMode.h"
 #include "settings/ApplyModeSwitch.h"
@@ -38,7 +39,7 @@ class MainWindow {
   [[nodiscard]] virtual std::vector<std::string> ChooseFiles(const std::string& title,
                                                              const std::vector<FileDialogFilter>& filters,
                                                              const std::string& folder) = 0;
-  virtual void ShowModifyDialog(bool allItems) = 0;
+  virtual void ShowModifyDialog(Rows rows) = 0;
   /// Modal; ends with the form's cmdOK or cmdCancel.
   virtual void ShowOptionDialog(OptionForm& form) = 0;
   virtual void ShowVersionDialog() = 0;
@@ -61,9 +62,9 @@ class Application;
 struct CommandTargets {
   Application& app;
   MainWindow& main;
-  FileLoader& loader;
+  LoadCommands& loading;
   ListCommands& list;
-  RenameEngine& engine;
+  ApplyCommands& applying;
   RenameEditing& editing;
   FileCommands& files;
   MusicPlayer& player;
@@ -123,10 +124,10 @@ class Application : private FilePanel {
 
   /// The command line's paths, and what was dropped on the list.
   void LoadPaths(const std::vector<std::string>& paths);
-  void CancelLoad() { loader_.Cancel(); }
+  void CancelLoad() { loading_.Cancel(); }
 
   /// frmModify's own command.
-  void ModifyRows(bool allItems);
+  void ModifyRows(Rows rows);
 
   void ModePanelClicked();
 
@@ -185,11 +186,13 @@ class Application : private FilePanel {
   MusicPlayer player_;
   RegexLibrary regex_;
   InformationPanel information_;
-  PassedOverPaths passedOver_;
+  Session session_;
+  Screen screen_;
   ListCommands listCommands_;
-  FileLoader loader_;
+  LoadCommands loading_;
   RenameEngine engine_;
-  TitleRename titles_;
+  ApplyCommands applying_;
+  NameCommands names_;
   RenameEditing editing_;
   FileCommands fileCommands_;
   bool running_ = false;

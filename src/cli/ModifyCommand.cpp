@@ -33,11 +33,11 @@ int RunModify(const ModifyArguments& arguments) {
   const std::vector<std::string_view> names = Lines(input);
   const std::size_t listCount = arguments.listCount.value_or(names.size());
   RegexLibrary regex;
-  Console console;
+  UntilInterrupted progress;
   Output output;
   int leftAlone = 0;
   for (const std::string_view name : names) {
-    const ModifyResult result = ModifyName(name, options->modify, listCount, regex, console);
+    const ModifyResult result = ModifyName(name, options->modify, listCount, regex, progress);
     if (result.leftAlone) ++leftAlone;
     output.Line(result.name);
     if (output.Closed()) break;

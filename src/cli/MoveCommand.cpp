@@ -47,7 +47,7 @@ std::string ReasonOf(const FileError& error) {
 }
 
 /// Ctrl-C ends the copying of a large file, too.
-class UntilInterrupted final : public CopyProgress {
+class CopyUntilInterrupted final : public CopyProgress {
  public:
   bool Continue(std::uint64_t) override { return !Interrupted(); }
 };
@@ -74,12 +74,12 @@ int RunMove(const MoveArguments& arguments) {
   const std::unique_ptr<FileChanges> disk = MakeFileChanges();
   PlannedChanges plan(*session.files);
   FileChanges& changes = arguments.apply ? *disk : static_cast<FileChanges&>(plan);
-  FileMover mover(session.list, *session.files, changes, session.console);
+  FileMover mover(session.list, *session.files, changes, session.player);
   const std::string folder = WithTrailingSeparator(target);
   CatchInterruption();
   BatchReport report(arguments.apply, arguments.json);
   NotKept notKept;
-  UntilInterrupted progress;
+  CopyUntilInterrupted progress;
   changes.RemoveLeftovers(folder);
   for (int index = 1; index <= session.list.Count() && report.Continue(); ++index) {
     const std::string from = session.list.Row(index).location;

@@ -16,16 +16,19 @@ namespace quillon::cli {
 namespace {
 
 /// Writes what happens to each row while the batch runs.
-class Reporter final : public BatchObserver {
+class Reporter final : public Progress {
  public:
   Reporter(const RenameArguments& arguments, Output& output) : arguments_(arguments), output_(output) {}
 
+  bool Continue(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*item*/) override {
+    return Continue();
+  }
   bool Continue() override {
     interrupted_ = interrupted_ || Interrupted();
     return !interrupted_ && !output_.Closed();
   }
 
-  void Applied(int /*index*/, const std::string& from, const std::string& to) override {
+  void Applied(const std::string& from, const std::string& to) {
     if (from == to) return;
     if (arguments_.json) {
       output_.Line(OneLine(Renamed(from, to)));
@@ -34,12 +37,12 @@ class Reporter final : public BatchObserver {
     }
   }
 
-  void Failed(FileItem row, const RowFailure& failure) {
-    if (!failure.from.empty()) row.location = failure.from;
+  void Failed(FileItem row, const RowOutcome& failure) {
+    row.location = failure.from;
     const std::string& fileAt = failure.error.fileAt;
     if (arguments_.json) {
       Json object = Renamed(row.location, AppliedPath(row));
-      object["code"] = failure.code;
+      object["code"] = static_cast<int>(failure.code);
       object["reason"] = ApplyReason(failure.code);
       if (!fileAt.empty()) AddPath(object, "file_at", fileAt);
       output_.Line(OneLine(object));
@@ -81,16 +84,20 @@ void WriteSummary(const BatchOutcome& outcome, bool interrupted, bool json, Outp
   }
 }
 
-void EditNames(const RenameArguments& arguments, Session& session, RenameEngine& engine) {
+void TellLeftAlone(const RunOutcome& outcome) {
+  if (outcome.leftAlone > 0) Complain("リネーム名の編集", LeftAloneText(outcome.leftAlone), {});
+}
+
+void EditNames(const RenameArguments& arguments, Session& session) {
   RegexLibrary regex;
+  UntilInterrupted progress;
+  const OptionValues& options = session.options;
   if (arguments.toTitle) {
-    TitleRename(session.list, session.options, session.mode, engine,
-                {regex, session.console, session.console, session.console, session.console})
-        .RenameToTitles(true);
+    const TitleRules titles = {options.rename.skipUntitledRows, options.rename.applyRules ? &options.modify : nullptr};
+    TellLeftAlone(RenameToTitles(session.list, Rows::kAll, titles, regex, {}, progress));
   }
   if (arguments.modify) {
-    ModifyRenameNames(session.list, session.options, session.mode, engine,
-                      {regex, session.console, session.console, session.console, session.console}, true);
+    TellLeftAlone(ModifyRenameNames(session.list, Rows::kAll, options.modify, regex, {}, progress));
   }
 }
 
@@ -105,17 +112,18 @@ int RunRename(const RenameArguments& arguments) {
 
   const std::unique_ptr<FileChanges> disk = MakeFileChanges();
   PlannedChanges plan(*session.files);
-  SilentBoxes boxes;  // the reporter tells the failures and the summary
-  RenameEngine engine(session.list, session.options, session.mode,
-                      {*session.files, arguments.apply ? *disk : static_cast<FileChanges&>(plan), boxes,
-                       session.console, session.console, session.console});
-  EditNames(arguments, session, engine);
+  RenameEngine engine(session.list, session.mode, arguments.apply ? *disk : static_cast<FileChanges&>(plan),
+                      session.player);
+  EditNames(arguments, session);
 
   CatchInterruption();
   Output output;
   Reporter reporter(arguments, output);
-  const BatchOutcome outcome = engine.ApplyRenameBatch(true, &reporter);
-  for (const RowFailure& failure : outcome.failures) reporter.Failed(session.list.Row(failure.index), failure);
+  const BatchOutcome outcome = engine.Apply(Rows::kAll, reporter, [&](const RowOutcome& row) {
+    if (row.Ok()) reporter.Applied(row.from, session.list.Row(row.index).location);
+    return true;
+  });
+  for (const RowOutcome& failure : outcome.failures) reporter.Failed(session.list.Row(failure.index), failure);
   if (arguments.apply) WriteSummary(outcome, reporter.WasInterrupted(), arguments.json, output);
   const bool done = output.Flush() && complete && outcome.failures.empty() && !reporter.WasInterrupted();
   return done ? kDone : kSomeFailed;

@@ -3,6 +3,11 @@
 #include <utility>
 
 #include "cli/Output.h"
+#include "filelist/FolderSearch.h"
+#include "filelist/LoadTexts.h"
+#include "filelist/Registration.h"
+#include "paths/basFileControl.h"
+#include "platform/Program.h"
 #include "settings/Settings.h"
 
 namespace quillon::cli {
@@ -25,38 +30,73 @@ const char* ReasonOf(Obstacle obstacle) {
 
 }  // namespace
 
-bool Console::Show(const Message& message) {
-  // A question would have nobody to answer it; the first line says what happened.
-  const bool question = message.buttons != MessageButtons::kOk;
-  const std::string text = question ? message.text.substr(0, message.text.find("\r\n")) : message.text;
-  const bool named = subject_.empty() || text.find(subject_) != std::string::npos;
-  Complain(message.caption + ": " + WithoutLineBreaks(text) + (named ? "" : ": " + subject_));
-  return false;
+void Complain(const std::string& caption, const std::string& text, const std::string& subject) {
+  const bool named = subject.empty() || text.find(subject) != std::string::npos;
+  Complain(caption + ": " + WithoutLineBreaks(text) + (named ? "" : ": " + subject));
 }
 
-void Console::PassedOver(const std::string& path, Obstacle obstacle) {
-  passedOver_ = true;
-  Complain("フォルダ参照: " + std::string(ReasonOf(obstacle)) + ": " + path);
+bool UntilInterrupted::Continue(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*item*/) {
+  return Continue();
 }
 
-Session::Session(OptionValues initial)
-    : options(std::move(initial)),
-      loader_(list, options, mode, {*files, console, console, console, console, console, console, console, console}) {}
+bool UntilInterrupted::Continue() {
+  return !Interrupted();
+}
+
+Session::Session(OptionValues initial) : options(std::move(initial)) {}
 
 bool Session::Load(const Selection& selection) {
   options.list.searchSubfolders = selection.subfolders;
-  options.list.clearBeforeLoading = false;
   options.find = {};
   options.find.filterByExtension = !selection.all;
   if (selection.ownExtensions) options.find.media.extensions = selection.extensions;
   bool complete = true;
-  for (const std::string& path : selection.paths) {
-    console.SetSubject(FullPath(path));
-    const LoadOutcome outcome = loader_.LoadPath(FullPath(path));
-    complete = complete && (outcome == LoadOutcome::kLoaded || outcome == LoadOutcome::kDuplicate);
+  for (const std::string& path : selection.paths) complete = LoadPath(FullPath(path)) && complete;
+  return complete;
+}
+
+// True when the path gave or already had its rows.
+bool Session::LoadPath(const std::string& path) {
+  UntilInterrupted progress;
+  if (path.empty()) return false;  // as a folder it would be the root
+  return files->IsFile(path) ? Register({path}, path, progress) : LoadFolder(path, progress);
+}
+
+bool Session::LoadFolder(const std::string& path, UntilInterrupted& progress) {
+  const std::string folder = WithTrailingSeparator(path);
+  if (list.ContainsFolder(folder)) {
+    Complain(kLoadCaption, FolderListedText(folder), path);
+    return true;
   }
-  console.SetSubject({});
-  return complete && !console.HasPassedOver();
+  FoundFiles found =
+      FolderSearch(*files, progress).Search(folder, SearchFilter(options.find), options.list.searchSubfolders);
+  const bool complete = !ComplainAbout(found.passedOver);
+  if (found.error) {
+    Complain(kLoadCaption, LoadFailureText(*found.error), path);
+    return false;
+  }
+  LeaveOutRecycleBin(found.paths);
+  if (found.paths.empty()) {
+    Complain(kLoadCaption, kNothingFoundText, path);
+    return false;
+  }
+  return Register(std::move(found.paths), path, progress) && complete;
+}
+
+bool Session::Register(std::vector<std::string> paths, const std::string& subject, UntilInterrupted& progress) {
+  const bool single = paths.size() == 1 && paths.front() == subject;
+  const Registered registered = RegisterFiles(list, *files, std::move(paths), {}, progress);
+  if (single && registered.duplicates > 0) Complain(kLoadCaption, FilesListedText(1), subject);
+  if (registered.error) Complain(kLoadCaption, LoadFailureText(*registered.error), subject);
+  return !ComplainAbout(registered.passedOver) && !registered.error;
+}
+
+// True when there were any.
+bool Session::ComplainAbout(const std::vector<PassedOver>& paths) {
+  for (const PassedOver& passed : paths) {
+    Complain(std::string(kLoadCaption) + ": " + ReasonOf(passed.obstacle) + ": " + passed.path);
+  }
+  return !paths.empty();
 }
 
 std::optional<OptionValues> LoadSettings(const std::string& path) {

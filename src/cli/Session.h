@@ -1,13 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "base/Ports.h"
+#include "base/Progress.h"
 #include "filelist/FileList.h"
-#include "filelist/FileLoader.h"
+#include "filelist/PassedOver.h"
 #include "filelist/WindowPorts.h"
 #include "platform/FileSystem.h"
 #include "settings/ApplyMode.h"
@@ -15,55 +16,11 @@
 
 namespace quillon::cli {
 
-/// What a program without a window answers to the logic: messages go to standard error, questions are answered with no,
-/// progress is not shown.
-class Console final : public MessageBoxes,
-                      public PendingMessages,
-                      public StatusPanels,
-                      public FilePanel,
-                      public WindowState,
-                      public PlayerControl,
-                      public ProgressDisplay,
-                      public SearchDisplay,
-                      public FolderDialog {
+/// Ends a loop once the user has interrupted the program.
+class UntilInterrupted final : public Progress {
  public:
-  bool Show(const Message& message) override;
-  void Process() override {}
-  void SetPlayerText(const std::string&) override {}
-  void SetModeText(const std::string&) override {}
-  void Reset() override {}
-  void ShowRow(int) override {}
-  void ShowFileName(const std::string&) override {}
-  void SetPointer(Pointer) override {}
-  void SetEnabled(bool) override {}
-  void FocusList() override {}
-  void ScrollToRow(int) override {}
-  void ReleaseFile(const std::string&) override {}
-  void Stop() override {}
-  void Choose(const std::string&) override {}
-  void FileMoved(const std::string&, const std::string&) override {}
-  void FileRemoved(const std::string&) override {}
-  void Update(const std::string&, const std::string&) override {}
-  void Begin(const std::string&, const std::string&) override {}
-  void End() override {}
-  void ShowFolder(const std::string&) override {}
-  void PassedOver(const std::string& path, Obstacle obstacle) override;
-  std::string Choose(const std::string&, const std::string&, const std::string&) override { return {}; }
-
-  /// True when a load went on without something.
-  [[nodiscard]] bool HasPassedOver() const { return passedOver_; }
-  /// The path that messages are about from now on.
-  void SetSubject(std::string path) { subject_ = std::move(path); }
-
- private:
-  bool passedOver_ = false;
-  std::string subject_;
-};
-
-/// Messages that are told in another way.
-class SilentBoxes final : public MessageBoxes {
- public:
-  bool Show(const Message&) override { return false; }
+  bool Continue(std::size_t done, std::size_t total, const std::string& item) override;
+  bool Continue() override;
 };
 
 /// Which files a command works on.
@@ -86,12 +43,19 @@ class Session {
   FileList list;
   OptionValues options;
   ApplyMode mode;
-  Console console;
+  PlayerControl player;  ///< none
   std::unique_ptr<FileReads> files = MakeFileReads();
 
  private:
-  FileLoader loader_;
+  bool LoadPath(const std::string& path);
+  bool LoadFolder(const std::string& path, UntilInterrupted& progress);
+  bool Register(std::vector<std::string> paths, const std::string& subject, UntilInterrupted& progress);
+  bool ComplainAbout(const std::vector<PassedOver>& paths);
 };
+
+/// Writes a message of the program to standard error, on one line: where it does not name the path that it is about,
+/// that stands at its end.
+void Complain(const std::string& caption, const std::string& text, const std::string& subject);
 
 /// Exit statuses.
 inline constexpr int kDone = 0;

@@ -25,6 +25,9 @@ class FileListObserver {
   virtual void RowsChanged() = 0;
 };
 
+/// Which rows a command is for.
+enum class Rows { kAll, kChecked };
+
 /// The list of registered files, the one store that every command works on. Rows have 1-based indices; an index outside
 /// the list is never passed. Whether a file or folder is there, the counts, and the first selected and checked row (but
 /// for the first question after a change above it) cost the same in a list of any length.
@@ -40,6 +43,9 @@ class FileList {
 
   [[nodiscard]] int Count() const { return static_cast<int>(rows_.size()); }
   [[nodiscard]] int CheckedCount() const { return checkedCount_; }
+  /// How many rows such a command is for, and whether this is one of them.
+  [[nodiscard]] int CountOf(Rows rows) const { return rows == Rows::kAll ? Count() : CheckedCount(); }
+  [[nodiscard]] bool IsIn(Rows rows, int index) const { return rows == Rows::kAll || Row(index).checked; }
   [[nodiscard]] int SelectedCount() const { return selectedCount_; }
   [[nodiscard]] const FileItem& Row(int index) const { return *rows_[static_cast<std::size_t>(index - 1)]; }
 

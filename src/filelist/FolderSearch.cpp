@@ -48,11 +48,15 @@ bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle
   return std::any_of(components.begin(), components.end(), IsOneOfTrashFolders);
 }
 
-FolderSearch::FolderSearch(FileReads& files, SearchDisplay& display, PendingMessages& pending, PathStyle style)
-    : files_(files), display_(display), pending_(pending), style_(style) {}
+void LeaveOutRecycleBin(std::vector<std::string>& paths, PathStyle style) {
+  const std::string trash = UserTrashFolder();
+  std::erase_if(paths, [&](const std::string& path) { return IsInRecycleBin(path, trash, style); });
+}
+
+FolderSearch::FolderSearch(FileReads& files, Progress& progress, PathStyle style)
+    : files_(files), progress_(progress), style_(style) {}
 
 FoundFiles FolderSearch::Search(const std::string& folder, const std::string& filter, bool subfolders) {
-  cancelled_ = false;
   filter_ = filter;
   subfolders_ = subfolders;
   found_ = {};
@@ -65,12 +69,15 @@ FoundFiles FolderSearch::Search(const std::string& folder, const std::string& fi
 
 // False when the whole search is to end.
 bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
-  if (labelThrottle_.Due()) display_.ShowFolder(folder);
+  if (!progress_.Continue(found_.paths.size(), 0, folder)) {
+    found_.cancelled = true;
+    return false;
+  }
   Result<std::vector<FolderEntry>, FileError> entries = files_.ReadFolder(folder);
   if (!entries) {
     const int number = entries.Failure().number;
     if (depth > 0 && (number == file_error::kAccess || number == file_error::kUnreachable)) {
-      display_.PassedOver(folder, Obstacle::kNoAccess);
+      found_.passedOver.push_back({folder, Obstacle::kNoAccess});
       return true;
     }
     found_.error = entries.Failure();
@@ -78,8 +85,7 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
   }
   std::vector<FolderEntry> below;
   for (FolderEntry& entry : *entries) {
-    pending_.Process();
-    if (cancelled_) {
+    if (!progress_.Continue()) {
       found_.cancelled = true;
       return false;
     }
@@ -104,7 +110,7 @@ bool FolderSearch::SearchBelow(const std::string& folder, const FolderEntry& ent
   if (depth < kDeepest) {
     goOn = SearchFolder(below, depth + 1);
   } else {
-    display_.PassedOver(below, Obstacle::kTooDeep);
+    found_.passedOver.push_back({below, Obstacle::kTooDeep});
   }
   if (entry.isLink) linkedFrom_.pop_back();
   return goOn;

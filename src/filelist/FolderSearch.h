@@ -4,9 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "base/Ports.h"
-#include "base/Throttle.h"
-#include "filelist/WindowPorts.h"
+#include "base/Progress.h"
+#include "filelist/PassedOver.h"
 #include "platform/FileSystem.h"
 #include "platform/PathStyle.h"
 #include "settings/OptionValues.h"
@@ -21,10 +20,14 @@ namespace quillon {
 /// trash folders of the desktop standard and `userTrash` on Linux.
 [[nodiscard]] bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle style);
 
+/// Takes the paths inside a recycle bin out.
+void LeaveOutRecycleBin(std::vector<std::string>& paths, PathStyle style = SystemPathStyle());
+
 struct FoundFiles {
   std::vector<std::string>
       paths;  ///< folder by folder: a folder's own files, then its subfolders', each sorted by name
-  bool cancelled = false;
+  std::vector<PassedOver> passedOver;
+  bool cancelled = false;          ///< by the progress
   std::optional<FileError> error;  ///< the search ended here
 };
 
@@ -32,14 +35,12 @@ struct FoundFiles {
 /// searched folder or of one that an earlier link led to, or the search is inside of it.
 class FolderSearch {
  public:
-  FolderSearch(FileReads& files, SearchDisplay& display, PendingMessages& pending, PathStyle style = SystemPathStyle());
+  /// `progress` hears of each folder, with the number of files found so far, and is asked at each entry.
+  FolderSearch(FileReads& files, Progress& progress, PathStyle style = SystemPathStyle());
 
   /// Searches `folder` for files that pass the filter list. A folder below it that cannot be read, or
   /// lies more than a thousand folders down, is passed over.
   [[nodiscard]] FoundFiles Search(const std::string& folder, const std::string& filter, bool subfolders);
-
-  /// Ends the running search at its next entry; called while pending messages are processed.
-  void Cancel() { cancelled_ = true; }
 
  private:
   bool SearchFolder(const std::string& folder, int depth);
@@ -47,10 +48,8 @@ class FolderSearch {
   bool FollowLink(const std::string& folder, const FolderEntry& link);
 
   FileReads& files_;
-  SearchDisplay& display_;
-  PendingMessages& pending_;
+  Progress& progress_;
   PathStyle style_;
-  bool cancelled_ = false;
   // Of the running search:
   std::string filter_;
   bool subfolders_ = false;
@@ -58,7 +57,6 @@ class FolderSearch {
   std::string root_;
   std::vector<std::string> searched_;    // real folders that are searched whole; empty until the first link
   std::vector<std::string> linkedFrom_;  // the real folders that the search went out of by links
-  Throttle labelThrottle_{kProgressInterval};
 };
 
 }  // namespace quillon

@@ -43,20 +43,20 @@ class WindowState {
   virtual void ScrollToRow(int index) = 0;
 };
 
-/// What the list's commands need of the player.
+/// What the list's commands need of the player. A program without a player uses this class as it is.
 class PlayerControl {
  public:
   virtual ~PlayerControl() = default;
   /// Stops and closes this file if it is the one that is loaded; the player then waits.
-  virtual void ReleaseFile(const std::string& path) = 0;
+  virtual void ReleaseFile(const std::string& /*path*/) {}
   /// Stops whatever plays.
-  virtual void Stop() = 0;
+  virtual void Stop() {}
   /// The file that playing starts with from now on; empty for none.
-  virtual void Choose(const std::string& path) = 0;
+  virtual void Choose(const std::string& /*path*/) {}
   /// The file has another path now: when it was chosen, it stays so.
-  virtual void FileMoved(const std::string& from, const std::string& to) = 0;
+  virtual void FileMoved(const std::string& /*from*/, const std::string& /*to*/) {}
   /// The file has left the list: it is released, and no longer chosen.
-  virtual void FileRemoved(const std::string& path) = 0;
+  virtual void FileRemoved(const std::string& /*path*/) {}
 };
 
 /// How long a file plays.
@@ -79,13 +79,6 @@ class ProgressDisplay {
   [[nodiscard]] virtual bool Cancelled() const { return false; }
 };
 
-/// Why a load goes on without a path.
-enum class Obstacle {
-  kNoAccess,  ///< a folder that cannot be read, or a file that may not be looked at
-  kTooDeep,   ///< a folder further down than a search goes
-  kGone,      ///< a file that was found and is no longer there
-};
-
 /// The progress window of a folder search, and the busy pointer for as long as the search lasts.
 class SearchDisplay {
  public:
@@ -93,8 +86,6 @@ class SearchDisplay {
   virtual void Begin(const std::string& status, const std::string& target) = 0;
   /// The folder being searched; the window shortens it to fit.
   virtual void ShowFolder(const std::string& folder) = 0;
-  /// The load goes on without this folder or file.
-  virtual void PassedOver(const std::string& path, Obstacle obstacle) = 0;
   virtual void End() = 0;
 };
 

@@ -16,14 +16,34 @@
 namespace quillon {
 namespace {
 
+/// Remembers that the run is to end, and asks no more then.
+class RememberedEnd final : public Progress {
+ public:
+  explicit RememberedEnd(Progress& progress) : progress_(progress) {}
+
+  bool Continue(std::size_t done, std::size_t total, const std::string& item) override {
+    ended_ = ended_ || !progress_.Continue(done, total, item);
+    return !ended_;
+  }
+  bool Continue() override {
+    ended_ = ended_ || !progress_.Continue();
+    return !ended_;
+  }
+  [[nodiscard]] bool Ended() const { return ended_; }
+
+ private:
+  Progress& progress_;
+  bool ended_ = false;
+};
+
 /// Nullopt when the replacement would never get rid of the invalid characters, or makes the name too long.
 std::optional<std::string> ReplaceInvalidCharacters(std::string name, const std::string& replacement,
-                                                    PendingMessages& pending) {
+                                                    Progress& progress) {
   for (;;) {
     const int position = InvalidCharacterPosition(name);
     if (position == 0) return name;
     if (InvalidCharacterPosition(replacement) != 0) return std::nullopt;
-    pending.Process();
+    (void)progress.Continue();  // a cancelled run is seen below
     const std::string invalid(1, name[ByteOffset(name, static_cast<std::size_t>(position) - 1)]);
     std::string next = ReplaceText(name, invalid, replacement, 1, kAllOccurrences, CompareMode::kBinary);
     if (GrewPastEveryName(name, next)) return std::nullopt;
@@ -32,7 +52,7 @@ std::optional<std::string> ReplaceInvalidCharacters(std::string name, const std:
 }
 
 std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode compareMode, const NameFunction& apply,
-                                          std::string name, std::size_t times, PendingMessages& pending) {
+                                          std::string name, std::size_t times, Progress& progress) {
   SelfGrowth growth(rule.find, rule.replacement, compareMode);
   RepeatedRule repeated;
   repeated.apply = apply;
@@ -44,44 +64,44 @@ std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode c
   // Other rules can grow a name for long and then stop, and plain ones are quick enough to see for themselves.
   const bool findsItself = !FindOccurrences(rule.replacement, rule.find, compareMode, Overlapping::kNo).empty();
   if (!findsItself) repeated.steadyApplications = RepeatedRule::kNeverSure;
-  return ApplyRepeatedly(repeated, std::move(name), times, pending);
+  return ApplyRepeatedly(repeated, std::move(name), times, progress);
 }
 
 std::optional<std::string> ApplyRegexRule(const ReplaceRule& rule, const NameFunction& apply, std::string name,
-                                          std::size_t times, PendingMessages& pending) {
+                                          std::size_t times, Progress& progress) {
   RegexGrowth growth(rule.find, apply, name);
   RepeatedRule repeated;
   repeated.apply = apply;
   repeated.steadyApplications = growth.SteadyApplications();
   repeated.shortcut = [&](const std::string& text, std::size_t remaining) { return growth.After(text, remaining); };
-  return ApplyRepeatedly(repeated, std::move(name), times, pending);
+  return ApplyRepeatedly(repeated, std::move(name), times, progress);
 }
 
 std::optional<std::string> ApplyRule(const ReplaceRule& rule, const OptionValues::Modify& rules, std::string name,
-                                     std::size_t times, RegexEngine& regex, PendingMessages& pending) {
+                                     std::size_t times, RegexEngine& regex, Progress& progress) {
   const bool ignoreCase = rules.ignoreCase;
   const CompareMode compareMode = ignoreCase ? CompareMode::kText : CompareMode::kBinary;
   if (rules.method != FindMethod::kRegex) {
     const auto replace = [&](const std::string& text) {
       return ReplaceText(text, rule.find, rule.replacement, 1, kAllOccurrences, compareMode);
     };
-    return ApplyPlainRule(rule, compareMode, replace, std::move(name), times, pending);
+    return ApplyPlainRule(rule, compareMode, replace, std::move(name), times, progress);
   }
   const auto replace = [&](const std::string& text) {
     return RegexReplace(text, rule.find, rule.replacement, ignoreCase ? "gik" : "gk", regex).value_or(text);
   };
   // Which letters a pattern takes for the same is the engine's own matter.
   if (!ignoreCase && IsPlainRegexRule(rule.find, rule.replacement)) {
-    return ApplyPlainRule(rule, compareMode, replace, std::move(name), times, pending);
+    return ApplyPlainRule(rule, compareMode, replace, std::move(name), times, progress);
   }
-  return ApplyRegexRule(rule, replace, std::move(name), times, pending);
+  return ApplyRegexRule(rule, replace, std::move(name), times, progress);
 }
 
 std::optional<std::string> ApplyRules(const OptionValues::Modify& rules, std::string name, std::size_t listCount,
-                                      RegexEngine& regex, PendingMessages& pending) {
+                                      RegexEngine& regex, Progress& progress) {
   for (const ReplaceRule& rule : rules.rules) {
     if (!rule.active) continue;
-    std::optional<std::string> result = ApplyRule(rule, rules, std::move(name), listCount, regex, pending);
+    std::optional<std::string> result = ApplyRule(rule, rules, std::move(name), listCount, regex, progress);
     if (!result) return std::nullopt;
     name = *std::move(result);
   }
@@ -100,13 +120,14 @@ std::string ConvertWidthAndCase(const OptionValues::Modify& rules, std::string n
 }  // namespace
 
 ModifyResult ModifyName(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount,
-                        RegexEngine& regex, PendingMessages& pending) {
+                        RegexEngine& regex, Progress& progress) {
+  RememberedEnd watch(progress);
   std::optional<std::string> modified = std::string(name);
   if (rules.replaceInvalid) {
-    modified = ReplaceInvalidCharacters(*std::move(modified), rules.invalidReplacement, pending);
+    modified = ReplaceInvalidCharacters(*std::move(modified), rules.invalidReplacement, watch);
   }
-  if (modified) modified = ApplyRules(rules, *std::move(modified), listCount, regex, pending);
-  if (pending.Cancelled()) return {std::string(name), false, true};
+  if (modified) modified = ApplyRules(rules, *std::move(modified), listCount, regex, watch);
+  if (watch.Ended()) return {std::string(name), false, true};
   if (!modified) return {std::string(name), true};
   return {ConvertWidthAndCase(rules, *std::move(modified))};
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/Ports.h"
+#include "base/Progress.h"
 #include "rename/RegexReplace.h"
 #include "settings/OptionValues.h"
 
@@ -25,6 +25,6 @@ struct ModifyResult {
 /// that has multiplied a name, or kept it growing for long (64 applications and more), is taken to go on with it.
 /// Everything else is exact.
 [[nodiscard]] ModifyResult ModifyName(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount,
-                                      RegexEngine& regex, PendingMessages& pending);
+                                      RegexEngine& regex, Progress& progress);
 
 }  // namespace quillon

@@ -69,13 +69,12 @@ bool GrewPastEveryName(const std::string& before, const std::string& after) {
 }
 
 std::optional<std::string> ApplyRepeatedly(const RepeatedRule& rule, std::string name, std::size_t times,
-                                           PendingMessages& pending) {
+                                           Progress& progress) {
   if (times == 0) return name;
   GrowthWatch growth(CharacterCount(name), rule.steadyApplications);
   CycleWatch cycle(name);
   for (std::size_t remaining = times; remaining > 0;) {
-    pending.Process();
-    if (pending.Cancelled()) break;
+    if (!progress.Continue()) break;
     std::string next = rule.apply(name);
     --remaining;
     if (next == name) break;

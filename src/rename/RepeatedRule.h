@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "base/Ports.h"
+#include "base/Progress.h"
 
 namespace quillon {
 
@@ -41,9 +41,9 @@ struct RepeatedRule {
 /// The name after `times` applications. An application that changes nothing ends the work, and so does a name that was
 /// there before: the applications that are left then only go round in a circle. Nullopt when the name grows past
 /// kLongestName, or will: it grew with each of `steadyApplications` applications in a row, and if it goes on by the
-/// least it grew in any of them it gets there. Pending messages are processed before every application; once they say
-/// that the user has cancelled, the name so far comes back.
+/// least it grew in any of them it gets there. `progress` is asked before every application; once it says no, the name
+/// so far comes back.
 [[nodiscard]] std::optional<std::string> ApplyRepeatedly(const RepeatedRule& rule, std::string name, std::size_t times,
-                                                         PendingMessages& pending);
+                                                         Progress& progress);
 
 }  // namespace quillon

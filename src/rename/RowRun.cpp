@@ -1,56 +1,26 @@
 #include "rename/RowRun.h"
 
-#include <string>
-
-#include "base/Finally.h"
-
 namespace quillon {
 
-namespace {
-
-/// Asks the progress display whether the user has cancelled the run.
-class CancellableMessages final : public PendingMessages {
- public:
-  CancellableMessages(PendingMessages& pending, const ProgressDisplay& progress)
-      : pending_(pending), progress_(progress) {}
-
-  void Process() override { pending_.Process(); }
-  [[nodiscard]] bool Cancelled() const override { return progress_.Cancelled(); }
-
- private:
-  PendingMessages& pending_;
-  const ProgressDisplay& progress_;
-};
-
-}  // namespace
-
-RowRunEnd RunOverRows(const FileList& list, bool allItems, const EditRow& edit) {
-  for (int index = 1; index <= list.Count(); ++index) {
-    if (!allItems && !list.Row(index).checked) continue;
-    if (const RowRunEnd end = edit(index); end != RowRunEnd::kComplete) return end;
+RunEnd RunOverRows(const FileList& list, Rows rows, Progress& progress, const EditRow& edit) {
+  const auto total = static_cast<std::size_t>(list.CountOf(rows));
+  std::size_t done = 0;
+  bool goesOn = progress.Continue(done, total, {});
+  for (int index = 1; index <= list.Count() && done < total; ++index) {
+    if (!list.IsIn(rows, index)) continue;
+    if (!goesOn) return RunEnd::kCancelled;
+    const RunEnd end = edit(index);
+    if (end == RunEnd::kCancelled) return end;
+    goesOn = progress.Continue(++done, total, list.Row(index).location);
+    if (end == RunEnd::kStopped) return end;
   }
-  return RowRunEnd::kComplete;
+  return RunEnd::kComplete;
 }
 
-RowRunEnd RunOverRowsWaiting(const FileList& list, bool allItems, PendingMessages& pending, ProgressDisplay& progress,
-                             std::chrono::milliseconds progressInterval, const EditRowWaiting& edit) {
-  progress.Begin("リネーム名を編集中です...\r\nしばらくお待ちください", "  ファイル名を編集中...");
-  const Finally ended([&progress] { progress.End(); });
-  CancellableMessages messages(pending, progress);
-  Throttle throttle(progressInterval);
-  const int inScope = allItems ? list.Count() : list.CheckedCount();
-  int done = 0;
-  return RunOverRows(list, allItems, [&](int index) {
-    messages.Process();
-    if (messages.Cancelled()) return RowRunEnd::kCancelled;
-    const RowRunEnd end = edit(index, messages);
-    if (end == RowRunEnd::kCancelled) return end;
-    ++done;
-    if (throttle.Due() || done == inScope) {
-      progress.Update(std::to_string(done * 100LL / inScope) + "% 完了しました", list.Row(index).location);
-    }
-    return end;
-  });
+std::string LeftAloneText(int count) {
+  return std::to_string(count) +
+         " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした\r\n"
+         "置換する文字列に、検索する文字列や不正な文字が含まれていないか確認してください";
 }
 
 }  // namespace quillon

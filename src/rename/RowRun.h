@@ -1,32 +1,36 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
+#include <string>
 
-#include "base/Ports.h"
-#include "base/Throttle.h"
+#include "base/Progress.h"
 #include "filelist/FileList.h"
-#include "filelist/WindowPorts.h"
 
 namespace quillon {
 
-enum class RowRunEnd {
+enum class RunEnd {
   kComplete,
   kStopped,    ///< a row could not be applied
-  kCancelled,  ///< by the user
+  kCancelled,  ///< by the progress
 };
 
 /// Edits the rename name of one row. Anything but kComplete ends the run.
-using EditRow = std::function<RowRunEnd(int index)>;
+using EditRow = std::function<RunEnd(int index)>;
 
-/// Edits all rows, or the checked ones, in the list's order.
-RowRunEnd RunOverRows(const FileList& list, bool allItems, const EditRow& edit);
+/// Edits several rows in the list's order.
+RunEnd RunOverRows(const FileList& list, Rows rows, Progress& progress, const EditRow& edit);
 
-/// Edits a row that may take long. It is cancelled where `pending` says so.
-using EditRowWaiting = std::function<RowRunEnd(int index, PendingMessages& pending)>;
+/// Applies a row's rename name to its file at once; false when that fails.
+using ApplyRow = std::function<bool(int index)>;
 
-/// The same with the progress shown, where the user may cancel the run: also before each row.
-RowRunEnd RunOverRowsWaiting(const FileList& list, bool allItems, PendingMessages& pending, ProgressDisplay& progress,
-                             std::chrono::milliseconds progressInterval, const EditRowWaiting& edit);
+/// What a run over rows came to.
+struct RunOutcome {
+  RunEnd end = RunEnd::kComplete;
+  int leftAlone = 0;  ///< names that a rule would have made endless, and that stay as they were
+  int failedRow = 0;  ///< of a stopped run, 1-based: its rename name is as it was
+};
+
+/// Says how many names a rule would have made endless, or longer than any name may be.
+[[nodiscard]] std::string LeftAloneText(int count);
 
 }  // namespace quillon

@@ -2,35 +2,31 @@
 
 #include <utility>
 
-#include "base/Finally.h"
 #include "base/Text.h"
-#include "filelist/FailureDetails.h"
 #include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {
 
-constexpr const char* kCaption = "ファイルに適応";
-
-std::int16_t CodeOf(const FileError& error) {
+ApplyCode CodeOf(const FileError& error) {
   switch (error.number) {
-    case file_error::kNotFound: return apply_code::kInvalidName;
+    case file_error::kNotFound: return ApplyCode::kInvalidName;
     case file_error::kAlreadyOpen:
-    case file_error::kAccess: return apply_code::kNoAccess;
-    case file_error::kAlreadyExists: return apply_code::kTargetExists;
-    default: return apply_code::kUnexpected;
+    case file_error::kAccess: return ApplyCode::kNoAccess;
+    case file_error::kAlreadyExists: return ApplyCode::kTargetExists;
+    default: return ApplyCode::kUnexpected;
   }
 }
 
 }  // namespace
 
-const char* ApplyReason(std::int16_t code) {
+const char* ApplyReason(ApplyCode code) {
   switch (code) {
-    case apply_code::kNoName: return "リネーム名が存在しません";
-    case apply_code::kInvalidCharacter: return "リネーム名に不正な文字が含まれています";
-    case apply_code::kTargetExists: return "リネーム名と同名のファイルが存在します";
-    case apply_code::kNoAccess: return "ファイルにアクセスできません";
-    case apply_code::kInvalidName: return "リネーム名が無効 または 長すぎます";
+    case ApplyCode::kNoName: return "リネーム名が存在しません";
+    case ApplyCode::kInvalidCharacter: return "リネーム名に不正な文字が含まれています";
+    case ApplyCode::kTargetExists: return "リネーム名と同名のファイルが存在します";
+    case ApplyCode::kNoAccess: return "ファイルにアクセスできません";
+    case ApplyCode::kInvalidName: return "リネーム名が無効 または 長すぎます";
     default: return "リネームに適応できませんでした";
   }
 }
@@ -61,23 +57,9 @@ std::string SkippedLine(int skipped) {
                       : std::to_string(skipped) + " 個のファイルがエラーでスキップされました";
 }
 
-RenameEngine::RenameEngine(FileList& list, OptionValues& options, const ApplyMode& mode, Ports ports, PathStyle style)
-    : list_(list), options_(options), mode_(mode), ports_(ports), style_(style) {}
-
-std::int16_t RenameEngine::ApplyRenameName(int index) {
-  return Apply(index, false).code;
-}
-
-RowFailure RenameEngine::Apply(int index, bool inBatch) {
-  ports_.player.ReleaseFile(list_.Row(index).location);
-  RowFailure result = Rename(index);
-  if (result.code == apply_code::kApplied) {
-    if (options_.update.uncheckAppliedRows && !mode_.automatic) list_.SetChecked(index, false);
-  } else if ((!options_.update.skipFailedRows && tells_) || result.code == apply_code::kUnexpected) {
-    Report(result, inBatch);
-  }
-  return result;
-}
+RenameEngine::RenameEngine(FileList& list, const ApplyMode& mode, FileChanges& disk, PlayerControl& player,
+                           PathStyle style)
+    : list_(list), mode_(mode), disk_(disk), player_(player), style_(style) {}
 
 // A file may have got a name here that no file should have. As it is, it passes; the automatic mode lets such
 // characters be taken out one after the other.
@@ -87,131 +69,50 @@ int RenameEngine::RefusedCharacterPosition(const FileItem& row) const {
   return row.renameName == present ? 0 : InvalidCharacterPosition(row.renameName);
 }
 
-std::string RenameEngine::DetailsOf(const RowFailure& failure) const {
-  const FileItem& row = list_.Row(failure.index);
-  if (failure.code == apply_code::kInvalidCharacter) {
-    return InvalidCharacterDetails(row.location, row.renameName, RefusedCharacterPosition(row));
-  }
-  const std::string to = failure.error.number == 0 ? std::string() : AppliedPath(row, style_);
-  const std::string& from = failure.from.empty() ? row.location : failure.from;
-  return FailureDetails(ports_.files, from, to, failure.error, style_);
-}
-
-RowFailure RenameEngine::Rename(int index) {
+RowOutcome RenameEngine::Apply(int index) {
   const FileItem& row = list_.Row(index);
-  if (Trim(row.renameName).empty()) return {index, apply_code::kNoName, {}};
-  if (RefusedCharacterPosition(row) != 0) return {index, apply_code::kInvalidCharacter, {}};
-  std::string path = AppliedPath(row, style_);
-  if (const FileOutcome error = ports_.disk.Rename(row.location, path)) {
-    if (error->fileAt.empty()) return {index, CodeOf(*error), *error};
-    std::string from = row.location;
-    Follow(index, error->fileAt);
-    return {index, CodeOf(*error), *error, std::move(from)};
+  player_.ReleaseFile(row.location);
+  RowOutcome outcome = {index, ApplyCode::kApplied, {}, row.location};
+  if (Trim(row.renameName).empty()) {
+    outcome.code = ApplyCode::kNoName;
+  } else if (const int position = RefusedCharacterPosition(row); position != 0) {
+    outcome.code = ApplyCode::kInvalidCharacter;
+    outcome.invalidCharacter = position;
+  } else if (std::string path = AppliedPath(row, style_); FileOutcome error = disk_.Rename(row.location, path)) {
+    outcome.code = CodeOf(*error);
+    outcome.error = *std::move(error);
+    if (!outcome.error.fileAt.empty()) Follow(index, outcome.error.fileAt);
+  } else if (path != row.location) {
+    Follow(index, std::move(path));
   }
-  if (path != row.location) Follow(index, std::move(path));
-  return {index, apply_code::kApplied, {}};
+  return outcome;
 }
 
 void RenameEngine::Follow(int index, std::string path) {
   const std::string from = list_.Row(index).location;
   list_.SetLocation(index, std::move(path));
-  ports_.player.FileMoved(from, list_.Row(index).location);
-  if (list_.SelectedIndex() == index) ports_.filePanel.ShowFileName(list_.Row(index).location);
+  player_.FileMoved(from, list_.Row(index).location);
 }
 
-// The box stands beside the row that it is about.
-void RenameEngine::Report(const RowFailure& failure, bool inBatch) {
-  list_.SelectOnly(failure.index);
-  ports_.filePanel.ShowRow(failure.index);
-  ports_.window.ScrollToRow(failure.index);
-  const bool unexpected = failure.code == apply_code::kUnexpected;
-  std::string text = std::string(ApplyReason(failure.code)) + "\r\nファイルに適応できませんでした";
-  if (!failure.error.fileAt.empty()) text += "\r\n\r\nファイルは現在ここにあります： " + failure.error.fileAt;
-  const FailureAnswer answer =
-      ports_.boxes.ShowFailure({{kCaption, text, unexpected ? MessageIcon::kStop : MessageIcon::kExclamation},
-                                DetailsOf(failure),
-                                inBatch && !unexpected});
-  tells_ = tells_ && answer != FailureAnswer::kTellNoMore;
-  abandoned_ = answer == FailureAnswer::kStop;
-  ports_.window.SetEnabled(true);
-  ports_.window.FocusList();
-}
-
-BatchOutcome RenameEngine::ApplyRenameBatch(bool allItems, BatchObserver* observer) {
-  ports_.window.SetPointer(Pointer::kHourglass);
-  ports_.window.SetEnabled(false);
-  const Finally done([this] {
-    ports_.window.SetPointer(Pointer::kNormal);
-    ports_.window.SetEnabled(true);
-  });
-  tells_ = true;
-  abandoned_ = false;
-  const Finally tellsAgain([this] { tells_ = true; });
+BatchOutcome RenameEngine::Apply(Rows rows, Progress& progress, const RowDone& done) {
   BatchOutcome outcome;
-  for (int index = 1; index <= list_.Count() && !outcome.stopped; ++index) {
-    if (!allItems && !list_.Row(index).checked) continue;
-    if (observer != nullptr && !observer->Continue()) break;
-    const std::string from = observer != nullptr ? list_.Row(index).location : std::string();
-    const RowFailure result = Apply(index, true);
-    if (result.code == apply_code::kApplied && observer != nullptr) {
-      observer->Applied(index, from, list_.Row(index).location);
+  const auto total = static_cast<std::size_t>(list_.CountOf(rows));
+  std::size_t behind = 0;
+  bool goesOn = progress.Continue(behind, total, {});
+  for (int index = 1; index <= list_.Count() && goesOn && !outcome.stopped; ++index) {
+    if (!list_.IsIn(rows, index)) continue;
+    RowOutcome row = Apply(index);
+    const std::string path = row.from;
+    outcome.stopped = !done(row) || row.code == ApplyCode::kUnexpected;
+    if (row.Ok()) {
+      ++outcome.applied;
+    } else {
+      if (row.code != ApplyCode::kUnexpected) ++outcome.skipped;
+      outcome.failures.push_back(std::move(row));
     }
-    Count(result, outcome);
+    goesOn = progress.Continue(++behind, total, path);
   }
-  if (!abandoned_) ShowSummary(outcome);
   return outcome;
-}
-
-void RenameEngine::Count(const RowFailure& result, BatchOutcome& outcome) {
-  if (result.code == apply_code::kApplied) {
-    ++outcome.applied;
-    return;
-  }
-  outcome.failures.push_back(result);
-  if (options_.update.checkFailedRows) list_.SetChecked(result.index, true);
-  if (result.code != apply_code::kUnexpected) ++outcome.skipped;
-  outcome.stopped = result.code == apply_code::kUnexpected || abandoned_;
-}
-
-void RenameEngine::ShowSummary(const BatchOutcome& outcome) {
-  if (outcome.stopped) {
-    if (outcome.applied > 0) {
-      ports_.boxes.Show(
-          {kCaption, AppliedLine(outcome.applied) + "\r\nエラーにより処理が中断されました", MessageIcon::kExclamation});
-    }
-  } else if (outcome.applied > 0 || outcome.skipped > 0) {
-    ports_.boxes.Show({kCaption, AppliedLine(outcome.applied) + "\r\n" + SkippedLine(outcome.skipped),
-                       outcome.skipped == 0 ? MessageIcon::kInformation : MessageIcon::kExclamation});
-  }
-}
-
-void RenameEngine::mnuThisUpdate() {
-  const int index = list_.SelectedIndex();
-  if (index == 0) return;
-  const bool skip = std::exchange(options_.update.skipFailedRows, false);
-  const Finally restored([&] { options_.update.skipFailedRows = skip; });
-  if (ApplyRenameName(index) == apply_code::kApplied) {
-    if (options_.update.uncheckAppliedRows) list_.SetChecked(index, false);
-    ports_.boxes.Show({kCaption, "選択されたアイテムの適応が完了しました", MessageIcon::kInformation});
-  } else if (options_.update.checkFailedRows) {
-    list_.SetChecked(index, true);
-  }
-}
-
-void RenameEngine::mnuAllUpdate() {
-  ConfirmedBatch(true, "全アイテムのリネーム名をファイルに適応します");
-}
-
-void RenameEngine::mnuUpdate() {
-  ConfirmedBatch(false, "チェックアイテムのリネーム名をファイルに適応します");
-}
-
-void RenameEngine::ConfirmedBatch(bool allItems, const char* question) {
-  const bool confirmed =
-      options_.system.suppressConfirmations ||
-      ports_.boxes.Show({kCaption, std::string(question) + "\r\nこの操作は元に戻せません。実行しますか",
-                         MessageIcon::kQuestion, MessageButtons::kYesNo});
-  if (confirmed) ApplyRenameBatch(allItems);
 }
 
 }  // namespace quillon

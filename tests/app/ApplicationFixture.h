@@ -9,9 +9,9 @@
 
 #include "app/Application.h"
 #include "app/InformationRecorders.h"
+#include "app/RenameBoxRecorder.h"
 #include "platform/Shell.h"
 #include "player/PlayerRecorders.h"
-#include "rename/RenameBoxRecorder.h"
 #include "support/FakeDevice.h"
 #include "support/Recorders.h"
 #include "support/Rows.h"
@@ -30,9 +30,9 @@ class MainWindowRecorder final : public MainWindow {
     shownFilters = filters;
     return chosenFiles;
   }
-  void ShowModifyDialog(bool allItems) override {
-    log_.Add(allItems ? "main modify dialog for all rows" : "main modify dialog for checked rows");
-    if (modifyDialog) modifyDialog(allItems);
+  void ShowModifyDialog(Rows rows) override {
+    log_.Add(rows == Rows::kAll ? "main modify dialog for all rows" : "main modify dialog for checked rows");
+    if (modifyDialog) modifyDialog(rows);
   }
   void ShowOptionDialog(OptionForm& form) override {
     log_.Add("main option dialog");
@@ -48,7 +48,7 @@ class MainWindowRecorder final : public MainWindow {
 
   std::vector<std::string> chosenFiles;
   std::vector<FileDialogFilter> shownFilters;
-  std::function<void(bool allItems)> modifyDialog;
+  std::function<void(Rows rows)> modifyDialog;
   std::function<void(OptionForm& form)> optionDialog;
 
  private:

@@ -302,9 +302,9 @@ TEST(Modifying, TheDialogsCommandRunsWhileTheDialogIsOpen) {
     f.Load({"a.txt", "b.txt"});
     f.app.List().SetChecked(2, true);
     f.app.Options().modify.upper = true;
-    f.main.modifyDialog = [&](bool allItems) {
-      EXPECT_EQ(allItems, all);
-      f.app.ModifyRows(allItems);
+    f.main.modifyDialog = [&](Rows rows) {
+      EXPECT_EQ(rows == Rows::kAll, all);
+      f.app.ModifyRows(rows);
     };
     f.app.Execute(all ? mnuAllModify : mnuModify);
     EXPECT_EQ(f.Names(), all ? Texts({"A", "B"}) : Texts({"a", "B"}));

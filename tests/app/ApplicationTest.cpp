@@ -130,7 +130,7 @@ TEST(Application, AnEmptiedBoxAsksForNothingWhileACommandRuns) {
   f.Type("");
   EXPECT_TRUE(f.app.RenameBoxMayNotBeLeft());
   bool asked = true;
-  f.main.modifyDialog = [&](bool) { asked = f.app.RenameBoxMayNotBeLeft(); };
+  f.main.modifyDialog = [&](Rows) { asked = f.app.RenameBoxMayNotBeLeft(); };
   f.app.Execute(mnuAllModify);
   EXPECT_FALSE(asked);
 }

@@ -5,8 +5,6 @@
 #include <vector>
 
 #include "filelist/FileList.h"
-#include "filelist/FileLoader.h"
-#include "filelist/ListCommands.h"
 #include "support/ByteOrder.h"
 #include "support/Growth.h"
 #include "support/MemoryFileSystem.h"
@@ -94,42 +92,6 @@ TEST(FileListScale, NoOperationIsQuadratic) {
     };
     EXPECT_FALSE(test::GrowsQuadratically(work)) << operation.name;
   }
-}
-
-TEST(FileListScale, AFolderLoadIsNotQuadratic) {
-  const auto work = [](int count) {
-    test::MemoryFileSystem files({PathStyle::kLinux, false});
-    for (int i = 1; i <= count; ++i) files.AddFile("/m/" + std::to_string(i) + ".txt");
-    test::Recorders ports;
-    FileList list(PathStyle::kLinux);
-    OptionValues options;
-    options.find.filterByExtension = false;
-    ApplyMode mode;
-    FileLoader loader(list, options, mode,
-                      {files, ports.boxes, ports.pending, ports.search, ports.progress, ports.folders, ports.panels,
-                       ports.filePanel, ports.player},
-                      PathStyle::kLinux);
-    const double seconds = test::Seconds([&] { loader.LoadFolder("/m/"); });
-    EXPECT_EQ(list.Count(), count);
-    return seconds;
-  };
-  EXPECT_FALSE(test::GrowsQuadratically(work));
-}
-
-TEST(FileListScale, RemovingUncheckedRowsIsNotQuadratic) {
-  const auto work = [](int count) {
-    test::Recorders ports;
-    FileList list(PathStyle::kLinux);
-    const OptionValues options;
-    ApplyMode mode;
-    ListCommands commands(list, options, mode, {ports.boxes, ports.panels, ports.filePanel, ports.player});
-    Fill(list, count);
-    for (int i = 1; i <= count; i += 2) list.SetChecked(i, true);
-    const double seconds = test::Seconds([&] { commands.mnuUnChkListRem(); });
-    EXPECT_EQ(list.Count(), (count + 1) / 2);
-    return seconds;
-  };
-  EXPECT_FALSE(test::GrowsQuadratically(work));
 }
 
 }  // namespace

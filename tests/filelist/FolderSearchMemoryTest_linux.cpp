@@ -9,7 +9,7 @@
 
 #include "filelist/FolderSearch.h"
 #include "platform/FolderOrder.h"
-#include "support/Recorders.h"
+#include "support/RecordedProgress.h"
 
 namespace quillon {
 namespace {
@@ -45,8 +45,9 @@ int SearchAlone(const std::string& filter, std::size_t expected) {
   const pid_t child = fork();
   if (child == 0) {
     HugeFolder files;
-    test::Recorders ports;
-    const FoundFiles found = FolderSearch(files, ports.search, ports.pending).Search("/music/japan/", filter, true);
+    test::PendingRecorder pending;
+    test::RecordedProgress progress(pending);
+    const FoundFiles found = FolderSearch(files, progress).Search("/music/japan/", filter, true);
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     _exit(found.paths.size() == expected ? static_cast<int>(std::min(usage.ru_maxrss / 2048, 254L)) : 255);

@@ -5,13 +5,14 @@
 
 #include "filelist/FolderSearch.h"
 #include "support/MemoryFileSystem.h"
-#include "support/Recorders.h"
+#include "support/RecordedProgress.h"
 
 namespace quillon {
 namespace {
 
 using test::FileCall;
 using test::MemoryFileSystem;
+using Passed = std::vector<PassedOver>;
 using Texts = std::vector<std::string>;
 
 constexpr PathStyle kWin = PathStyle::kWindows;
@@ -19,11 +20,11 @@ constexpr PathStyle kLin = PathStyle::kLinux;
 
 struct Fixture {
   MemoryFileSystem files;
-  test::Recorders ports;
+  test::PendingRecorder pending;
+  test::RecordedProgress progress{pending};
   FolderSearch search;
 
-  explicit Fixture(PathStyle style = kLin)
-      : files({style, style == kWin}), search(files, ports.search, ports.pending, style) {}
+  explicit Fixture(PathStyle style = kLin) : files({style, style == kWin}), search(files, progress, style) {}
 
   void Add(const Texts& paths) {
     for (const std::string& path : paths) files.AddFile(path);
@@ -152,35 +153,26 @@ TEST(FolderSearch, ProcessesPendingMessagesOncePerEntry) {
   Fixture f;
   f.Add({"/m/a.mid", "/m/b.txt", "/m/x/c.mid"});
   (void)f.search.Search("/m/", "mid", true);
-  EXPECT_EQ(f.ports.pending.Count(), 4u) << "two files, a folder, and the file in it";
+  EXPECT_EQ(f.pending.Count(), 4u) << "two files, a folder, and the file in it";
 }
 
 TEST(FolderSearch, StopsAtTheNextEntryWhenCancelled) {
   Fixture f;
   f.Add({"/m/a.mid", "/m/b.mid", "/m/c.mid", "/m/d.mid", "/m/x/e.mid"});
-  f.ports.pending.At(3, [&] { f.search.Cancel(); });
+  f.pending.At(3, [&] { f.progress.cancelled = true; });
   const FoundFiles found = f.search.Search("/m/", "", true);
   EXPECT_TRUE(found.cancelled);
   EXPECT_FALSE(found.error);
-  EXPECT_EQ(f.ports.pending.Count(), 3u);
+  EXPECT_EQ(f.pending.Count(), 3u);
   EXPECT_EQ(f.files.CountOf(FileCall::kReadFolder), 1u);
 }
 
 TEST(FolderSearch, CancelledInASubFolderEndsAltogether) {
   Fixture f;
   f.Add({"/m/x/a.mid", "/m/x/b.mid", "/m/y/c.mid"});
-  f.ports.pending.At(3, [&] { f.search.Cancel(); });
+  f.pending.At(3, [&] { f.progress.cancelled = true; });
   EXPECT_TRUE(f.search.Search("/m/", "", true).cancelled);
   EXPECT_EQ(f.files.CountOf(FileCall::kReadFolder), 2u);
-}
-
-TEST(FolderSearch, ACancelFromBeforeIsForgotten) {
-  Fixture f;
-  f.Add({"/m/a.mid"});
-  f.search.Cancel();
-  const FoundFiles found = f.search.Search("/m/", "", false);
-  EXPECT_FALSE(found.cancelled);
-  EXPECT_EQ(found.paths, Texts({"/m/a.mid"}));
 }
 
 TEST(FolderSearch, FindsTheSameAgain) {
@@ -217,7 +209,7 @@ TEST(FolderSearch, PassesOverASubFolderThatMayNotBeReadAndSaysSo) {
   const FoundFiles found = f.search.Search("/m/", "", true);
   EXPECT_FALSE(found.error);
   EXPECT_EQ(found.paths, Texts({"/m/a.mid", "/m/open/c.mid"}));
-  EXPECT_EQ(f.ports.log.StartingWith("search passed over"), Texts({"search passed over /m/locked/"}));
+  EXPECT_EQ(found.passedOver, Passed({{"/m/locked/", Obstacle::kNoAccess}}));
 }
 
 TEST(FolderSearch, PassesOverASubFolderThatIsOutOfReachAsItMayHaveGoneMeanwhile) {
@@ -227,7 +219,7 @@ TEST(FolderSearch, PassesOverASubFolderThatIsOutOfReachAsItMayHaveGoneMeanwhile)
   const FoundFiles found = f.search.Search("/m/", "", true);
   EXPECT_FALSE(found.error);
   EXPECT_EQ(found.paths, Texts({"/m/d/e.mid"}));
-  EXPECT_EQ(f.ports.log.StartingWith("search passed over"), Texts({"search passed over /m/b/"}));
+  EXPECT_EQ(found.passedOver, Passed({{"/m/b/", Obstacle::kNoAccess}}));
 }
 
 TEST(FolderSearch, AnyOtherErrorInASubFolderEndsIt) {
@@ -240,11 +232,11 @@ TEST(FolderSearch, AnyOtherErrorInASubFolderEndsIt) {
   EXPECT_EQ(f.files.CountOf(FileCall::kReadFolder), 2u);
 }
 
-TEST(FolderSearch, ShowsTheFolderThatItSearches) {
+TEST(FolderSearch, TellsOfEachFolder) {
   Fixture f;
   f.Add({"/m/a.mid"});
   (void)f.search.Search("/m", "", false);
-  EXPECT_EQ(f.ports.log.Events(), Texts({"search in /m/"}));
+  EXPECT_EQ(f.progress.items, Texts({"/m/"}));
 }
 
 TEST(FolderSearchLinks, ALinkToAFolderIsFollowed) {
@@ -344,7 +336,7 @@ TEST(FolderSearch, AFolderDeeperThanAnyRealOneIsPassedOverAndToldAsTooDeep) {
   const FoundFiles found = f.search.Search("/m/", "", true);
   EXPECT_EQ(found.paths, Texts({"/m/d/b.mid", tooDeep.substr(0, tooDeep.size() - 2) + "last.mid"}));
   EXPECT_FALSE(found.error);
-  EXPECT_EQ(f.ports.log.StartingWith("search passed over"), Texts({"search passed over " + tooDeep + " as too deep"}));
+  EXPECT_EQ(found.passedOver, Passed({{tooDeep, Obstacle::kTooDeep}}));
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 #include "rename/ModifyName.h"
 #include "rename/RegexReplace.h"
 #include "settings/OptionValues.h"
-#include "support/Recorders.h"
+#include "support/RecordedProgress.h"
 
 /// What the help shows as a result is what the rules give.
 namespace quillon::test {
@@ -125,10 +125,11 @@ TEST(HelpExamples, GiveWhatTheySay) {
   RegexLibrary regex;
   ASSERT_TRUE(regex.Available());
   PendingRecorder pending;
+  RecordedProgress progress(pending);
   for (const Example& example : Examples()) {
     for (const std::size_t count : example.listCounts) {
       for (const Name& name : example.names) {
-        const ModifyResult result = ModifyName(name.before, example.rules, count, regex, pending);
+        const ModifyResult result = ModifyName(name.before, example.rules, count, regex, progress);
         EXPECT_EQ(result.name, name.after) << example.where << ", " << name.before << ", rows in the list: " << count;
         EXPECT_FALSE(result.leftAlone) << example.where;
       }

@@ -16,9 +16,13 @@
 namespace quillon {
 namespace {
 
-class CountingMessages final : public PendingMessages {
+class CountingProgress final : public Progress {
  public:
-  void Process() override { ++count; }
+  bool Continue(std::size_t, std::size_t, const std::string&) override { return true; }
+  bool Continue() override {
+    ++count;
+    return true;
+  }
   int count = 0;
 };
 
@@ -78,8 +82,8 @@ OptionValues::Modify RegexRule(const std::string& find, const std::string& repla
 
 ModifyResult Modify(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount = 1) {
   AbsentEngine engine;
-  CountingMessages pending;
-  return ModifyName(name, rules, listCount, engine, pending);
+  CountingProgress progress;
+  return ModifyName(name, rules, listCount, engine, progress);
 }
 
 std::string Modified(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount = 1) {
@@ -91,8 +95,8 @@ std::string Modified(std::string_view name, const OptionValues::Modify& rules, s
 ModifyResult ModifyWithLibrary(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount = 1) {
   RegexLibrary library;
   EXPECT_TRUE(library.Available()) << "the library does not stand beside the test program";
-  CountingMessages pending;
-  return ModifyName(name, rules, listCount, library, pending);
+  CountingProgress progress;
+  return ModifyName(name, rules, listCount, library, progress);
 }
 
 bool IsLeftAlone(const ModifyResult& result, std::string_view name) {
@@ -233,21 +237,21 @@ TEST(ModifyName, StepsComeInTheirOrder) {
 
 TEST(ModifyName, PassesRegularExpressionsToTheEngine) {
   TableEngine engine(Answers{{"name", "other"}});
-  CountingMessages pending;
+  CountingProgress progress;
   OptionValues::Modify rules = RegexRule("n", "o");
-  EXPECT_EQ(ModifyName("name", rules, 3, engine, pending).name, "other");
+  EXPECT_EQ(ModifyName("name", rules, 3, engine, progress).name, "other");
   EXPECT_EQ(engine.lastCommand, "s/n/o/gk");
   rules.ignoreCase = true;
-  EXPECT_EQ(ModifyName("name", rules, 3, engine, pending).name, "other");
+  EXPECT_EQ(ModifyName("name", rules, 3, engine, progress).name, "other");
   EXPECT_EQ(engine.lastCommand, "s/n/o/gik");
 }
 
 TEST(ModifyName, AnErrorOfTheEngineLeavesTheNameAndTheOtherRulesGoOn) {
   TableEngine engine(Answers{{"name", "unmatched () in regexp"}});
-  CountingMessages pending;
+  CountingProgress progress;
   OptionValues::Modify rules = RegexRule("(", "x");
   rules.upper = true;
-  const ModifyResult result = ModifyName("name", rules, 3, engine, pending);
+  const ModifyResult result = ModifyName("name", rules, 3, engine, progress);
   EXPECT_EQ(result.name, "NAME");
   EXPECT_FALSE(result.leftAlone);
 }
@@ -272,21 +276,21 @@ TEST(ModifyName, RegularExpressionsFindAsTheyShould) {
 
 TEST(ModifyName, ARuleThatChangesNothingMoreIsNotAppliedAgain) {
   TableEngine engine(Answers{{"a", "b"}, {"b", "c"}});
-  CountingMessages pending;
-  EXPECT_EQ(ModifyName("a", RegexRule("x", "y"), 1'000'000, engine, pending).name, "c");
+  CountingProgress progress;
+  EXPECT_EQ(ModifyName("a", RegexRule("x", "y"), 1'000'000, engine, progress).name, "c");
   EXPECT_EQ(engine.calls, 3);
-  EXPECT_EQ(pending.count, 3);
+  EXPECT_EQ(progress.count, 3);
 }
 
 TEST(ModifyName, PendingMessagesAreProcessedBeforeEveryApplicationAndInvalidCharacter) {
   AbsentEngine engine;
-  CountingMessages pending;
+  CountingProgress progress;
   OptionValues::Modify rules = Rule("a", "aa");
   rules.replaceInvalid = true;
   rules.invalidReplacement = "_";
   rules.rules[4] = {true, "q", "r"};
-  EXPECT_EQ(ModifyName("?a:?", rules, 3, engine, pending).name, "_aaaaaaaa__");
-  EXPECT_EQ(pending.count, 2 + 3 + 1);
+  EXPECT_EQ(ModifyName("?a:?", rules, 3, engine, progress).name, "_aaaaaaaa__");
+  EXPECT_EQ(progress.count, 2 + 3 + 1);
 }
 
 TEST(ModifyName, CyclesOfAnyPeriodGiveTheExactResult) {
@@ -299,9 +303,9 @@ TEST(ModifyName, CyclesOfAnyPeriodGiveTheExactResult) {
           const std::size_t next = std::stoul(name) + 1;
           return std::to_string(next < lead + period ? next : lead);
         });
-        CountingMessages pending;
+        CountingProgress progress;
         const std::size_t expected = count < lead ? count : lead + (count - lead) % period;
-        EXPECT_EQ(ModifyName("0", RegexRule("x", "y"), count, engine, pending).name, std::to_string(expected));
+        EXPECT_EQ(ModifyName("0", RegexRule("x", "y"), count, engine, progress).name, std::to_string(expected));
         EXPECT_LT(engine.calls, 100);
       }
     }
@@ -409,11 +413,11 @@ TEST(ModifyName, LinearGrowthCostsNothingInALongList) {
 
 TEST(ModifyName, EndlessGrowthIsRecognisedEarly) {
   FunctionEngine prefix([](const std::string& name) { return "x" + name; });
-  CountingMessages pending;
-  EXPECT_TRUE(IsLeftAlone(ModifyName("name", RegexRule("^(\\w)", "x$1"), 100'000, prefix, pending), "name"));
+  CountingProgress progress;
+  EXPECT_TRUE(IsLeftAlone(ModifyName("name", RegexRule("^(\\w)", "x$1"), 100'000, prefix, progress), "name"));
   EXPECT_EQ(prefix.calls, 3);
   prefix.calls = 0;
-  EXPECT_TRUE(IsLeftAlone(ModifyName("name", RegexRule("^", "x"), 100'000, prefix, pending), "name"));
+  EXPECT_TRUE(IsLeftAlone(ModifyName("name", RegexRule("^", "x"), 100'000, prefix, progress), "name"));
   EXPECT_EQ(prefix.calls, 3);
   EXPECT_TRUE(IsLeftAlone(Modify("a", Rule("a", "ab"), 100'000), "a"));
   EXPECT_TRUE(IsLeftAlone(ModifyWithLibrary("name", RegexRule("^", "x"), 100'000), "name"));
@@ -439,7 +443,7 @@ TEST(ModifyName, RegularExpressionsGiveWhatTheSlowWayGives) {
                                       "x$1\n", "\\x41", "abab", "é",   "unmatch", "a/b"};
   const std::string names[] = {"", "ab", "曲名ab", "éa", "a\xFF", "\xE3\x81", "ed", "a\n", "\n", "a\nb"};
   RegexLibrary library;
-  CountingMessages pending;
+  CountingProgress progress;
   for (const std::string& pattern : patterns) {
     for (const std::string& replacement : replacements) {
       for (const std::string& name : names) {
@@ -447,7 +451,7 @@ TEST(ModifyName, RegularExpressionsGiveWhatTheSlowWayGives) {
           for (const bool ignoreCase : {false, true}) {
             OptionValues::Modify rules = RegexRule(pattern, replacement);
             rules.ignoreCase = ignoreCase;
-            const ModifyResult result = ModifyName(name, rules, times, library, pending);
+            const ModifyResult result = ModifyName(name, rules, times, library, progress);
             const std::string slow = OneByOne(name, rules, times, library);
             const bool tooLong = CharacterCount(slow) > kLongestName;
             EXPECT_EQ(result.leftAlone, tooLong) << name << ": " << pattern << " to " << replacement << ", " << times;
@@ -486,12 +490,12 @@ TEST(ModifyName, ARegularExpressionThatAddsTheSameTextOncePerRowCostsAFewApplica
   for (const Row& row : rows) {
     SCOPED_TRACE(row.pattern);
     CountingLibrary library;
-    CountingMessages pending;
-    const ModifyResult result = ModifyName("name", RegexRule(row.pattern, row.replacement), 4000, library, pending);
+    CountingProgress progress;
+    const ModifyResult result = ModifyName("name", RegexRule(row.pattern, row.replacement), 4000, library, progress);
     EXPECT_TRUE(result.name == Repeat(row.before, 4000) + "name" + Repeat(row.after, 4000));
     EXPECT_LE(library.calls, 4);
     EXPECT_TRUE(
-        IsLeftAlone(ModifyName("name", RegexRule(row.pattern, row.replacement), 100'000, library, pending), "name"));
+        IsLeftAlone(ModifyName("name", RegexRule(row.pattern, row.replacement), 100'000, library, progress), "name"));
     EXPECT_LE(library.calls, 8);
   }
 }
@@ -511,12 +515,12 @@ TEST(ModifyName, ARegularExpressionThatLetsANameGrowCostsAFewApplications) {
     OptionValues::Modify rules = RegexRule(row.pattern, row.replacement);
     rules.ignoreCase = true;
     CountingLibrary library;
-    CountingMessages pending;
-    const ModifyResult exact = ModifyName("07 - a banana.", rules, 500, library, pending);
+    CountingProgress progress;
+    const ModifyResult exact = ModifyName("07 - a banana.", rules, 500, library, progress);
     EXPECT_LE(library.calls, 6);
     EXPECT_TRUE(exact.name == OneByOne("07 - a banana.", rules, 500, library));
     library.calls = 0;
-    EXPECT_TRUE(IsLeftAlone(ModifyName("07 - a banana.", rules, 100'000, library, pending), "07 - a banana."));
+    EXPECT_TRUE(IsLeftAlone(ModifyName("07 - a banana.", rules, 100'000, library, progress), "07 - a banana."));
     EXPECT_LE(library.calls, 5);
   }
 }
@@ -525,11 +529,11 @@ TEST(ModifyName, ARegularExpressionThatMultipliesWhatItFindsIsSeenThrough) {
   for (const char* const pattern : {"(a)", "([a-z])", "(.)", "(.+)", "(\\w+)", "(a.)"}) {
     SCOPED_TRACE(pattern);
     CountingLibrary library;
-    CountingMessages pending;
+    CountingProgress progress;
     const OptionValues::Modify rules = RegexRule(pattern, "$1$1");
-    EXPECT_TRUE(IsLeftAlone(ModifyName("a banana", rules, 100'000, library, pending), "a banana"));
+    EXPECT_TRUE(IsLeftAlone(ModifyName("a banana", rules, 100'000, library, progress), "a banana"));
     EXPECT_LE(library.calls, 8);
-    EXPECT_EQ(ModifyName("a banana", rules, 10, library, pending).name, OneByOne("a banana", rules, 10, library));
+    EXPECT_EQ(ModifyName("a banana", rules, 10, library, progress).name, OneByOne("a banana", rules, 10, library));
   }
   // What multiplies only up to a count in the pattern is exact.
   const OptionValues::Modify counted = RegexRule("^(a{1,600})$", "$1$1");

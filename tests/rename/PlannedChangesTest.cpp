@@ -10,7 +10,7 @@
 #include "rename/PlannedChanges.h"
 #include "rename/basQuillon.h"
 #include "support/MemoryFileSystem.h"
-#include "support/Recorders.h"
+#include "support/RecordedProgress.h"
 #include "support/Rows.h"
 #include "support/TempFolder.h"
 
@@ -40,21 +40,21 @@ std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
 
 /// One row per path; a batch over all of them.
 Outcome Apply(FileChanges& changes, const Texts& paths, const Texts& renameNames) {
-  test::Recorders ports;
   FileList list;
-  OptionValues options;
-  options.update.skipFailedRows = true;
+  PlayerControl player;
+  test::PendingRecorder pending;
+  test::RecordedProgress progress(pending);
   const ApplyMode mode;
   for (std::size_t i = 0; i < paths.size(); ++i) {
     FileItem row = test::RowFor(paths[i]);
     row.renameName = renameNames[i];
     list.Add(row);
   }
-  const std::unique_ptr<FileReads> files = MakeFileReads();
-  RenameEngine engine(list, options, mode, {*files, changes, ports.boxes, ports.filePanel, ports.window, ports.player});
+  RenameEngine engine(list, mode, changes, player);
   Outcome outcome{Codes(paths.size()), {}};
-  for (const RowFailure& failure : engine.ApplyRenameBatch(true).failures) {
-    outcome.codes[static_cast<std::size_t>(failure.index) - 1] = failure.code;
+  for (const RowOutcome& failure :
+       engine.Apply(Rows::kAll, progress, [](const RowOutcome&) { return true; }).failures) {
+    outcome.codes[static_cast<std::size_t>(failure.index) - 1] = static_cast<int>(failure.code);
   }
   outcome.locations = test::Locations(list);
   return outcome;
@@ -160,7 +160,7 @@ TEST(PlannedChanges, ASecondFileWhoseNameDiffersInLetterCaseAloneIsInTheWay) {
     PlannedChanges planned(*reads);
     const Outcome plan = Apply(planned, {path}, {"SONG"});
     EXPECT_EQ(plan, Apply(*MakeFileChanges(), {path}, {"SONG"})) << (symbolic ? "symbolic link" : "hard link");
-    EXPECT_EQ(plan.codes, Codes({apply_code::kTargetExists}));
+    EXPECT_EQ(plan.codes, Codes({static_cast<int>(ApplyCode::kTargetExists)}));
   }
 }
 
@@ -170,7 +170,7 @@ TEST(PlannedChanges, PassTheErrorsOfLookingOn) {
   files.AddFile(top + "a.mid");
   files.Fail(test::FileCall::kStatus, top + "x.mid", {file_error::kAccess, "denied"});
   PlannedChanges planned(files);
-  EXPECT_EQ(Apply(planned, {top + "a.mid"}, {"x"}).codes, Codes({apply_code::kNoAccess}));
+  EXPECT_EQ(Apply(planned, {top + "a.mid"}, {"x"}).codes, Codes({static_cast<int>(ApplyCode::kNoAccess)}));
 }
 
 TEST(PlannedChanges, AnswerMovesAndDeletionsAsTheDiskWouldAndChangeNothing) {

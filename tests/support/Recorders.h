@@ -123,12 +123,6 @@ class SearchRecorder final : public SearchDisplay {
   explicit SearchRecorder(EventLog& log) : log_(log) {}
   void Begin(const std::string& status, const std::string& target) override;
   void ShowFolder(const std::string& folder) override { log_.Add("search in " + folder); }
-  void PassedOver(const std::string& path, Obstacle obstacle) override {
-    const char* const as = obstacle == Obstacle::kTooDeep ? " as too deep"
-                           : obstacle == Obstacle::kGone  ? " as gone"
-                                                          : "";
-    log_.Add("search passed over " + path + as);
-  }
   void End() override { log_.Add("search end"); }
 
  private:

@@ -308,9 +308,9 @@ std::string frmMain::Choose(const std::string& prompt, const std::string& start,
   return ChooseFolder(*this, prompt, start, confirm);
 }
 
-void frmMain::ShowModifyDialog(bool allItems) {
+void frmMain::ShowModifyDialog(Rows rows) {
   frmModify dialog(this, app_->Options().modify, OpenedFor::kExecute, app_->RegexAvailable(), boxes_,
-                   [this, allItems] { app_->ModifyRows(allItems); });
+                   [this, rows] { app_->ModifyRows(rows); });
   dialog.ShowModal();
 }
 

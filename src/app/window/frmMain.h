@@ -67,7 +67,7 @@ class frmMain final : public wxFrame,
   [[nodiscard]] std::vector<std::string> ChooseFiles(const std::string& title,
                                                      const std::vector<FileDialogFilter>& filters,
                                                      const std::string& folder) override;
-  void ShowModifyDialog(bool allItems) override;
+  void ShowModifyDialog(Rows rows) override;
   void ShowOptionDialog(OptionForm& form) override;
   void ShowVersionDialog() override;
   void ShowFolderList() override;

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "app/InformationPanel.h"
-#include "rename/RenameEditing.h"
+#include "app/RenameEditing.h"
 
 namespace quillon {
 

@@ -20,7 +20,6 @@ class frmFolderRef final : public wxDialog, public SearchDisplay {
 
   void Begin(const std::string& status, const std::string& target) override;
   void ShowFolder(const std::string& folder) override;
-  void PassedOver(const std::string& /*path*/, Obstacle /*obstacle*/) override {}
   void End() override;
 
  private:

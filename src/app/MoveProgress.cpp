@@ -1,0 +1,48 @@
+#include "app/MoveProgress.h"
+
+#include <algorithm>
+
+namespace quillon {
+
+MoveProgress::MoveProgress(ProgressDisplay& display, WindowState& window, std::uint64_t total, MoveTimes times)
+    : display_(display),
+      window_(window),
+      total_(total),
+      showAt_(Clock::now() + times.showAfter),
+      throttle_(times.interval) {}
+
+MoveProgress::~MoveProgress() {
+  if (!shown_) return;
+  // First of all: the keyboard goes back to the window.
+  window_.SetEnabled(true);
+  display_.End();
+}
+
+bool MoveProgress::Next(const FileItem& row) {
+  done_ += present_;
+  present_ = SizeOf(row);
+  path_ = row.location;
+  return Show(0);
+}
+
+bool MoveProgress::Continue(std::uint64_t copied) {
+  return Show(copied);
+}
+
+bool MoveProgress::Show(std::uint64_t copied) {
+  if (!shown_ && Clock::now() >= showAt_) {
+    shown_ = true;
+    window_.SetEnabled(false);
+    display_.Begin("ファイルを移動中です...\r\nしばらくお待ちください", "  ファイルを移動中...");
+  }
+  if (!shown_) return true;
+  if (throttle_.Due()) {
+    // A file may be longer now than it was when it was listed.
+    const std::uint64_t done = std::min(done_ + std::min(copied, present_), total_);
+    const auto percent = static_cast<int>(static_cast<double>(done) * 100 / static_cast<double>(total_));
+    display_.Update(std::to_string(percent) + "% 完了しました", path_);
+  }
+  return !display_.Cancelled();
+}
+
+}  // namespace quillon

@@ -1,0 +1,87 @@
+#include "app/NameCommands.h"
+
+#include <string>
+
+#include "base/Finally.h"
+#include "rename/ModifyRenameNames.h"
+#include "rename/TitleRename.h"
+
+namespace quillon {
+namespace {
+
+constexpr const char* kEditingHeadline = "リネーム名を編集中です...\r\nしばらくお待ちください";
+constexpr const char* kEditingLine = "  ファイル名を編集中...";
+
+}  // namespace
+
+NameCommands::NameCommands(const Session& session, ApplyCommands& applying, RegexEngine& regex,
+                           ProgressDisplay& waiting, const Screen& screen, std::chrono::milliseconds progressInterval)
+    : session_(session),
+      applying_(applying),
+      regex_(regex),
+      waiting_(waiting),
+      screen_(screen),
+      progressInterval_(progressInterval) {}
+
+ApplyRow NameCommands::ApplyAtOnce() {
+  if (!session_.mode.automatic) return {};
+  return [this](int index) { return applying_.ApplyRenameName(index) == ApplyCode::kApplied; };
+}
+
+ShownProgress NameCommands::Shown() const {
+  return {screen_.pending, waiting_, {.showsItem = true}, [this] { return waiting_.Cancelled(); }, progressInterval_};
+}
+
+RunOutcome NameCommands::ModifyRows(Rows rows) {
+  RunOutcome outcome;
+  {
+    screen_.window.SetPointer(Pointer::kBusyArrow);
+    const Finally normal([this] { screen_.window.SetPointer(Pointer::kNormal); });
+    waiting_.Begin(kEditingHeadline, kEditingLine);
+    const Finally ended([this] { waiting_.End(); });
+    ShownProgress progress = Shown();
+    outcome = ModifyRenameNames(session_.list, rows, session_.options.modify, regex_, ApplyAtOnce(), progress);
+    MarkFailed(outcome);
+  }
+  Tell(outcome);
+  return outcome;
+}
+
+void NameCommands::RenameToTitles(Rows rows) {
+  TitleOutcome outcome;
+  {
+    screen_.window.SetPointer(Pointer::kBusyArrow);
+    const Finally normal([this] { screen_.window.SetPointer(Pointer::kNormal); });
+    const OptionValues::Rename& options = session_.options.rename;
+    const TitleRules titles = {options.skipUntitledRows && !session_.mode.automatic,
+                               options.applyRules ? &session_.options.modify : nullptr};
+    if (options.applyRules) {
+      waiting_.Begin(kEditingHeadline, kEditingLine);
+      const Finally ended([this] { waiting_.End(); });
+      ShownProgress progress = Shown();
+      outcome = quillon::RenameToTitles(session_.list, rows, titles, regex_, ApplyAtOnce(), progress);
+    } else {
+      Unwatched progress;
+      outcome = quillon::RenameToTitles(session_.list, rows, titles, regex_, ApplyAtOnce(), progress);
+    }
+    MarkFailed(outcome);
+    if (options.checkSkippedRows) Check(outcome.untitled);
+    if (options.checkInvalidNames && !session_.mode.automatic) Check(outcome.invalid);
+  }
+  Tell(outcome);
+}
+
+void NameCommands::Check(const std::vector<int>& rows) {
+  for (const int index : rows) session_.list.SetChecked(index, true);
+}
+
+void NameCommands::MarkFailed(const RunOutcome& outcome) {
+  if (outcome.end == RunEnd::kStopped && session_.options.update.checkFailedRows) Check({outcome.failedRow});
+}
+
+void NameCommands::Tell(const RunOutcome& outcome) {
+  if (outcome.leftAlone == 0) return;
+  screen_.boxes.Show({"リネーム名の編集", LeftAloneText(outcome.leftAlone), MessageIcon::kExclamation});
+}
+
+}  // namespace quillon

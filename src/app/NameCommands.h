@@ -1,0 +1,43 @@
+#pragma once
+
+#include <chrono>
+#include <vector>
+
+#include "app/ApplyCommands.h"
+#include "app/Screen.h"
+#include "app/ShownProgress.h"
+#include "rename/RegexReplace.h"
+#include "rename/RowRun.h"
+
+namespace quillon {
+
+/// Changes the rename names of many rows: to their titles, and by the modification rules. In auto-apply mode each row
+/// is applied at once. What may last shows the wait window, and the user may cancel it there: the rows done so far
+/// stay. Names that a rule left alone are told once, at the end.
+class NameCommands {
+ public:
+  NameCommands(const Session& session, ApplyCommands& applying, RegexEngine& regex, ProgressDisplay& waiting,
+               const Screen& screen, std::chrono::milliseconds progressInterval = kProgressInterval);
+
+  RunOutcome ModifyRows(Rows rows);
+
+  /// Rows without a title are skipped as the options say. With `applyRules` the title passes through the modification
+  /// rules first.
+  void RenameToTitles(Rows rows);
+
+ private:
+  [[nodiscard]] ApplyRow ApplyAtOnce();
+  [[nodiscard]] ShownProgress Shown() const;
+  void Check(const std::vector<int>& rows);
+  void MarkFailed(const RunOutcome& outcome);
+  void Tell(const RunOutcome& outcome);
+
+  Session session_;
+  ApplyCommands& applying_;
+  RegexEngine& regex_;
+  ProgressDisplay& waiting_;
+  Screen screen_;
+  std::chrono::milliseconds progressInterval_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,230 @@
+#include "app/RenameEditing.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "paths/basFileControl.h"
+
+namespace quillon {
+namespace {
+
+constexpr const char* kAutoApplyCaption = "自動適応モード";
+constexpr std::size_t kStatusPathLength = 40;  // characters
+
+}  // namespace
+
+RenameEditing::RenameEditing(const Session& session, ApplyCommands& applying, NameCommands& names, RenameBox& box,
+                             const Screen& screen)
+    : session_(session), applying_(applying), names_(names), box_(box), screen_(screen) {}
+
+void RenameEditing::Load(int index) {
+  editingItemIndex_ = index;
+  const std::string text = index == 0 ? std::string() : WithReplacementCharacters(session_.list.Row(index).renameName);
+  if (box_.Text() != text) box_.SetText(text);
+  box_.SetEnabled(index != 0);
+  lastGoodRenameText_ = text;
+}
+
+void RenameEditing::Refresh() {
+  const int selected = session_.list.SelectedIndex();
+  const bool agrees =
+      selected == editingItemIndex_ &&
+      (selected == 0 || box_.Text() == WithReplacementCharacters(session_.list.Row(selected).renameName));
+  if (!agrees) Load(selected);
+}
+
+void RenameEditing::Changed() {
+  const int selected = session_.list.SelectedIndex();
+  if (!box_.IsEnabled() || selected == 0) return;
+  if (box_.Text() == WithReplacementCharacters(session_.list.Row(selected).renameName)) {
+    lastGoodRenameText_ = box_.Text();
+    return;
+  }
+  if (session_.mode.automatic) ReplaceInvalidText();
+  WriteTo(SelectedRows(), box_.Text());
+  if (!session_.mode.automatic) return;
+  if (!Trim(box_.Text()).empty()) ApplyTyped();
+  if (!box_.Text().empty()) lastGoodRenameText_ = box_.Text();
+}
+
+void RenameEditing::ReplaceInvalidText() {
+  if (AddedInvalidCharacterPosition(box_.Text(), PresentName(session_.list.SelectedIndex())) == 0) return;
+  box_.Beep();
+  const int caret = box_.Caret();
+  box_.SetText(lastGoodRenameText_);
+  box_.SetCaret(std::max(caret - 1, 0));
+}
+
+std::vector<int> RenameEditing::SelectedRows() const {
+  std::vector<int> rows;
+  const auto count = static_cast<std::size_t>(session_.list.SelectedCount());
+  rows.reserve(count);
+  for (int index = session_.list.SelectedIndex(); rows.size() < count; ++index) {
+    if (session_.list.Row(index).selected) rows.push_back(index);
+  }
+  return rows;
+}
+
+void RenameEditing::WriteTo(const std::vector<int>& rows, const std::string& name) {
+  for (const int index : rows) session_.list.SetRenameName(index, name);
+}
+
+void RenameEditing::ApplyTyped() {
+  const int index = session_.list.SelectedIndex();
+  // Showing a failed row selects it alone, and loads what was typed.
+  const std::vector<int> typedInto = SelectedRows();
+  const std::string lastGood = lastGoodRenameText_;
+  if (applying_.ApplyRenameName(index) != ApplyCode::kApplied) {
+    box_.TakeFocus();
+    box_.SetText(lastGood);
+    box_.SelectWholeText();
+    WriteTo(typedInto, lastGood);
+    lastGoodRenameText_ = lastGood;
+    if (session_.options.update.checkFailedRows) session_.list.SetChecked(index, true);
+  }
+  const std::string& location = session_.list.Row(index).location;
+  session_.player.Choose(location);
+  screen_.status.ShowSelection(ShortenPath(location, kStatusPathLength, session_.style));
+}
+
+void RenameEditing::EnterPressed() {
+  if (session_.mode.automatic && box_.Text().empty()) {
+    box_.SetText(lastGoodRenameText_);
+    Changed();
+    box_.SelectWholeText();
+    box_.Beep();
+    return;
+  }
+  if (editingItemIndex_ >= session_.list.Count()) {
+    box_.Beep();
+    return;
+  }
+  const int next = editingItemIndex_ + 1;
+  session_.list.SelectOnly(next);
+  screen_.filePanel.ShowRow(next);
+  box_.TakeFocus();
+  box_.SelectWholeText();
+}
+
+// A row that came without a name (its file has no extension) may be left as it is: there is nothing to fall back to.
+bool RenameEditing::MayNotBeLeft() const {
+  return box_.IsEnabled() && session_.mode.automatic && box_.Text().empty() && !lastGoodRenameText_.empty();
+}
+
+void RenameEditing::AskForName() {
+  Tell("リネーム名を入力してください");
+  // What took the focus may have been a click on another row.
+  if (session_.list.SelectedIndex() != editingItemIndex_) static_cast<void>(MayLeaveRow());
+  box_.TakeFocus();
+}
+
+void RenameEditing::Clicked() {
+  if (MayNotBeLeft()) return;
+  const std::string text = box_.Text();
+  for (int index = 1; index <= session_.list.Count(); ++index) {
+    if (session_.list.Row(index).renameName != text) continue;
+    if (!session_.list.Row(index).selected) session_.list.SelectOnly(index);  // several selected rows stay so
+    screen_.filePanel.ShowRow(index);
+    return;
+  }
+}
+
+bool RenameEditing::MayLeaveRow() {
+  if (!MayNotBeLeft()) return true;
+  if (editingItemIndex_ >= 1 && editingItemIndex_ <= session_.list.Count()) session_.list.SelectOnly(editingItemIndex_);
+  box_.SetText(lastGoodRenameText_);
+  Changed();
+  box_.Beep();
+  return false;
+}
+
+void RenameEditing::LabelEdited(int index, const std::string& name) {
+  if (!session_.mode.automatic) {
+    session_.list.SetRenameName(index, name);
+    Refresh();
+    return;
+  }
+  if (AddedInvalidCharacterPosition(name, PresentName(index)) != 0)
+    return Tell("不正な文字が含まれているため適応できません");
+  if (name.empty()) return Tell("リネーム名が入力されていないため適応できません");
+  const std::string before = session_.list.Row(index).renameName;
+  session_.list.SetRenameName(index, name);
+  if (!ApplyOrCheck(index)) session_.list.SetRenameName(index, before);
+  screen_.status.ShowSelection(std::string(FileName(session_.list.Row(index).location, session_.style)));
+  Refresh();
+}
+
+// True when the row was applied; a row that was not is checked as the options say.
+bool RenameEditing::ApplyOrCheck(int index) {
+  if (applying_.ApplyRenameName(index) == ApplyCode::kApplied) return true;
+  if (session_.options.update.checkFailedRows) session_.list.SetChecked(index, true);
+  return false;
+}
+
+void RenameEditing::mnuThisRename() {
+  const int index = session_.list.SelectedIndex();
+  if (index == 0) return;
+  const std::string accepted = lastGoodRenameText_;
+  session_.list.SetRenameName(index, session_.list.Row(index).title);
+  Load(index);
+  if (!session_.mode.automatic) return;
+  if (Trim(session_.list.Row(index).title).empty()) {
+    lastGoodRenameText_ = accepted;
+    return Tell("タイトルが存在しないため適応できません");
+  }
+  if (!ApplyOrCheck(index)) lastGoodRenameText_ = accepted;
+}
+
+void RenameEditing::mnuAllRename() {
+  if (Confirmed("タイトルにリネーム", "全アイテムのリネーム名を、それぞれのタイトルに変更します",
+                MessageIcon::kQuestion)) {
+    names_.RenameToTitles(Rows::kAll);
+  }
+}
+
+void RenameEditing::mnuRename() {
+  if (Confirmed("タイトルにリネーム", "チェックアイテムのリネーム名を、それぞれのタイトルに変更します",
+                MessageIcon::kQuestion)) {
+    names_.RenameToTitles(Rows::kChecked);
+  }
+}
+
+std::string_view RenameEditing::PresentName(int index) const {
+  return BaseName(session_.list.Row(index).location, session_.style);
+}
+
+void RenameEditing::GoBack(int index) {
+  session_.list.SetRenameName(index, std::string(PresentName(index)));
+}
+
+void RenameEditing::mnuThisUndo() {
+  const int index = session_.list.SelectedIndex();
+  if (index == 0) return;
+  GoBack(index);
+  Load(index);
+}
+
+void RenameEditing::mnuAllUndo() {
+  if (!Confirmed("元に戻す", "全アイテムのリネーム名を現在のファイル名に戻します", MessageIcon::kInformation)) return;
+  for (int index = 1; index <= session_.list.Count(); ++index) GoBack(index);
+}
+
+void RenameEditing::mnuUndo() {
+  if (!Confirmed("元に戻す", "チェックアイテムのリネーム名を現在のファイル名に戻します", MessageIcon::kInformation)) {
+    return;
+  }
+  for (int index = 1; index <= session_.list.Count(); ++index) {
+    if (session_.list.Row(index).checked) GoBack(index);
+  }
+}
+
+bool RenameEditing::Confirmed(const char* caption, const char* text, MessageIcon icon) {
+  return session_.options.system.suppressConfirmations ||
+         screen_.boxes.Show({caption, text, icon, MessageButtons::kOkCancel});
+}
+
+void RenameEditing::Tell(const char* text) {
+  screen_.boxes.Show({kAutoApplyCaption, text, MessageIcon::kExclamation, MessageButtons::kOk});
+}
+
+}  // namespace quillon

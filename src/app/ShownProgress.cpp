@@ -1,0 +1,34 @@
+#include "app/ShownProgress.h"
+
+#include <utility>
+
+namespace quillon {
+namespace {
+
+constexpr const char* kDone = "% 完了しました";
+
+}  // namespace
+
+ShownProgress::ShownProgress(PendingMessages& pending, ProgressDisplay& display, Look look, Cancelled cancelled,
+                             std::chrono::milliseconds interval)
+    : pending_(pending),
+      display_(display),
+      look_(std::move(look)),
+      cancelled_(std::move(cancelled)),
+      throttle_(interval) {}
+
+bool ShownProgress::Continue(std::size_t done, std::size_t total, const std::string& item) {
+  if (done == 0) {
+    if (look_.showsStart) display_.Update(std::string("0") + kDone, "");
+  } else if (throttle_.Due() || done == total) {
+    display_.Update(look_.indent + std::to_string(done * 100 / total) + kDone, look_.showsItem ? item : "");
+  }
+  return done == total || Continue();
+}
+
+bool ShownProgress::Continue() {
+  pending_.Process();
+  return !cancelled_();
+}
+
+}  // namespace quillon

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "base/Ports.h"
+#include "base/Progress.h"
+#include "base/Throttle.h"
+#include "filelist/WindowPorts.h"
+
+namespace quillon {
+
+/// A loop that nothing ends before its last item.
+class Unwatched final : public Progress {
+ public:
+  bool Continue(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*item*/) override { return true; }
+  bool Continue() override { return true; }
+};
+
+/// Lets the window answer between the items of a loop, and shows in percent how far it is.
+class ShownProgress final : public Progress {
+ public:
+  struct Look {
+    std::string indent = {};  ///< in front of the percentage
+    bool showsStart = false;  ///< 0 %, before the first item
+    bool showsItem = false;   ///< the path of the item that is done
+  };
+  using Cancelled = std::function<bool()>;
+
+  ShownProgress(PendingMessages& pending, ProgressDisplay& display, Look look, Cancelled cancelled,
+                std::chrono::milliseconds interval = kProgressInterval);
+
+  bool Continue(std::size_t done, std::size_t total, const std::string& item) override;
+  bool Continue() override;
+
+ private:
+  PendingMessages& pending_;
+  ProgressDisplay& display_;
+  Look look_;
+  Cancelled cancelled_;
+  Throttle throttle_;
+};
+
+}  // namespace quillon

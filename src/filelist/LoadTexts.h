@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "platform/FileSystem.h"
+
+/// What a load is told with. Lines end with "\r\n".
+namespace quillon {
+
+inline constexpr const char* kLoadCaption = "フォルダ参照";
+inline constexpr const char* kNothingFoundText = "指定されたフォルダ内にファイルが見つかりませんでした";
+
+[[nodiscard]] std::string FolderListedText(const std::string& folder);
+[[nodiscard]] std::string FilesListedText(std::size_t count);
+
+/// An error that has ended a load.
+[[nodiscard]] std::string LoadFailureText(const FileError& error);
+
+}  // namespace quillon

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "app/ApplyCommands.h"
+#include "app/CommandFixture.h"
+#include "rename/basQuillon.h"
+#include "support/Rows.h"
+
+namespace quillon::test {
+
+/// A list of files in memory and the commands that rename them. Every file's content is its first name.
+struct RenameFixture : CommandFixture {
+  RenameEngine engine{list, mode, files, ports.player, style};
+  ApplyCommands applying{session, engine, files, screen};
+
+  /// Lists one file in "/m/" for each name.
+  explicit RenameFixture(const std::vector<std::string>& names = {}, PathStyle pathStyle = PathStyle::kLinux)
+      : CommandFixture(pathStyle) {
+    for (const std::string& name : names) {
+      files.AddFile(Path(name), name);
+      list.Add(RowFor(Path(name), style));
+    }
+  }
+
+  [[nodiscard]] std::string Path(std::string_view name) const {
+    return (style == PathStyle::kWindows ? "C:\\m\\" : "/m/") + std::string(name);
+  }
+  [[nodiscard]] std::vector<std::string> Names() const { return files.NamesIn(Path("")); }
+
+  void SetNames(const std::vector<std::string>& renameNames) {
+    for (std::size_t i = 0; i < renameNames.size(); ++i) list.SetRenameName(static_cast<int>(i) + 1, renameNames[i]);
+  }
+};
+
+}  // namespace quillon::test
