@@ -91,8 +91,8 @@ void Application::OpenFiles() {
       ports_.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.loadFolder));
 }
 
-void Application::ModifyRows(Rows rows) {
-  names_.ModifyRows(rows);
+void Application::ModifyRows(Rows rows, const OptionValues::Modify& rules) {
+  names_.ModifyRows(rows, rules);
   editing_.Refresh();
 }
 

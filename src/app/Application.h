@@ -127,7 +127,7 @@ class Application : private FilePanel {
   void CancelLoad() { loading_.Cancel(); }
 
   /// frmModify's own command.
-  void ModifyRows(Rows rows);
+  void ModifyRows(Rows rows, const OptionValues::Modify& rules);
 
   void ModePanelClicked();
 

@@ -32,7 +32,7 @@ ShownProgress NameCommands::Shown() const {
   return {screen_.pending, waiting_, {.showsItem = true}, [this] { return waiting_.Cancelled(); }, progressInterval_};
 }
 
-RunOutcome NameCommands::ModifyRows(Rows rows) {
+RunOutcome NameCommands::ModifyRows(Rows rows, const OptionValues::Modify& rules) {
   RunOutcome outcome;
   {
     screen_.window.SetPointer(Pointer::kBusyArrow);
@@ -40,7 +40,7 @@ RunOutcome NameCommands::ModifyRows(Rows rows) {
     waiting_.Begin(kEditingHeadline, kEditingLine);
     const Finally ended([this] { waiting_.End(); });
     ShownProgress progress = Shown();
-    outcome = ModifyRenameNames(session_.list, rows, session_.options.modify, regex_, ApplyAtOnce(), progress);
+    outcome = ModifyRenameNames(session_.list, rows, rules, regex_, ApplyAtOnce(), progress);
     MarkFailed(outcome);
   }
   Tell(outcome);

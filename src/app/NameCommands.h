@@ -19,7 +19,8 @@ class NameCommands {
   NameCommands(const Session& session, ApplyCommands& applying, RegexEngine& regex, ProgressDisplay& waiting,
                const Screen& screen, std::chrono::milliseconds progressInterval = kProgressInterval);
 
-  RunOutcome ModifyRows(Rows rows);
+  /// `rules` are the options' own, or those without what cannot be had here.
+  RunOutcome ModifyRows(Rows rows, const OptionValues::Modify& rules);
 
   /// Rows without a title are skipped as the options say. With `applyRules` the title passes through the modification
   /// rules first.

@@ -304,7 +304,7 @@ TEST(Modifying, TheDialogsCommandRunsWhileTheDialogIsOpen) {
     f.app.Options().modify.upper = true;
     f.main.modifyDialog = [&](Rows rows) {
       EXPECT_EQ(rows == Rows::kAll, all);
-      f.app.ModifyRows(rows);
+      f.app.ModifyRows(rows, f.app.Options().modify);
     };
     f.app.Execute(all ? mnuAllModify : mnuModify);
     EXPECT_EQ(f.Names(), all ? Texts({"A", "B"}) : Texts({"a", "B"}));

@@ -43,7 +43,7 @@ struct Fixture : RenameFixture {
   RunOutcome RunWith(RegexEngine& engineOfRules, bool all,
                      std::chrono::milliseconds interval = std::chrono::milliseconds(0)) {
     return NameCommands(session, applying, engineOfRules, ports.progress, screen, interval)
-        .ModifyRows(all ? Rows::kAll : Rows::kChecked);
+        .ModifyRows(all ? Rows::kAll : Rows::kChecked, options.modify);
   }
 };
 

@@ -74,7 +74,7 @@ TEST(RenameScale, NoBatchIsQuadratic) {
        [](LongList& all) {
          all.mode.automatic = true;
          all.options.modify.rules[0] = {true, "1", "one"};
-         EXPECT_EQ(all.names.ModifyRows(Rows::kAll).end, RunEnd::kComplete);
+         EXPECT_EQ(all.names.ModifyRows(Rows::kAll, all.options.modify).end, RunEnd::kComplete);
          EXPECT_EQ(all.list.Row(1).location, "/m/one.mid");
        }},
   };

@@ -50,10 +50,12 @@ class ModifyDialog : public testing::Test {
   }
 
   void Make(OpenedFor purpose = OpenedFor::kExecute, bool regexAvailable = true) {
-    dialog = std::make_unique<frmModify>(main, rules, purpose, regexAvailable, boxes, [this] {
-      ++runs;
-      if (duringRun) duringRun();
-    });
+    dialog = std::make_unique<frmModify>(main, rules, purpose, regexAvailable, boxes,
+                                         [this](const OptionValues::Modify& given) {
+                                           ++runs;
+                                           ran = given;
+                                           if (duringRun) duringRun();
+                                         });
   }
 
   void Open(OpenedFor purpose = OpenedFor::kExecute, bool regexAvailable = true) {
@@ -121,6 +123,7 @@ class ModifyDialog : public testing::Test {
   OptionValues::Modify rules;
   Boxes boxes;
   int runs = 0;
+  OptionValues::Modify ran;  ///< in the last run
   std::function<void()> duringRun;
   wxFrame* main = nullptr;
   std::unique_ptr<frmModify> dialog;
@@ -396,18 +399,15 @@ TEST_F(ModifyDialog, WithoutTheLibraryThePlainSearchIsShownAndRunAndTheChoiceKep
   EXPECT_FALSE(Enabled("optFindCtrl_S"));
   EXPECT_FALSE(Get<wxRadioButton>("optFindCtrl_S").GetValue());
   EXPECT_TRUE(Get<wxRadioButton>("optFindCtrl_No").GetValue());
-  FindMethod methodDuringRun = FindMethod::kRegex;
-  duringRun = [&] { methodDuringRun = rules.method; };
   ShowModalAnd([this] { Click("cmdOK"); });
   EXPECT_EQ(runs, 1);
-  EXPECT_EQ(methodDuringRun, FindMethod::kText);
+  EXPECT_EQ(ran.method, FindMethod::kText);
   EXPECT_EQ(rules.method, FindMethod::kRegex);
 
   Make(OpenedFor::kExecute, true);
   EXPECT_TRUE(Enabled("optFindCtrl_S"));
-  duringRun = [&] { methodDuringRun = rules.method; };
   ShowModalAnd([this] { Click("cmdOK"); });
-  EXPECT_EQ(methodDuringRun, FindMethod::kRegex);
+  EXPECT_EQ(ran.method, FindMethod::kRegex);
 }
 
 TEST_F(ModifyDialog, TheFocusSelectsTheWholeTextOfARule) {

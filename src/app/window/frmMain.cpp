@@ -310,13 +310,13 @@ std::string frmMain::Choose(const std::string& prompt, const std::string& start,
 
 void frmMain::ShowModifyDialog(Rows rows) {
   frmModify dialog(this, app_->Options().modify, OpenedFor::kExecute, app_->RegexAvailable(), boxes_,
-                   [this, rows] { app_->ModifyRows(rows); });
+                   [this, rows](const OptionValues::Modify& rules) { app_->ModifyRows(rows, rules); });
   dialog.ShowModal();
 }
 
 void frmMain::ShowOptionDialog(OptionForm& form) {
   const auto modifyOption = [this](wxWindow& owner) {
-    frmModify(&owner, app_->Options().modify, OpenedFor::kSettings, app_->RegexAvailable(), boxes_, [] {}).ShowModal();
+    frmModify(&owner, app_->Options().modify, OpenedFor::kSettings, app_->RegexAvailable(), boxes_, {}).ShowModal();
   };
   frmOption dialog(this, form, modifyOption, [this] { app_->ShowHelp(); });
   dialog.ShowModal();

@@ -29,7 +29,7 @@ void ForEachDescendant(wxWindow& window, const Handle& handle) {
 }  // namespace
 
 frmModify::frmModify(wxWindow* parent, OptionValues::Modify& rules, OpenedFor purpose, bool regexAvailable,
-                     MessageBoxes& boxes, std::function<void()> run)
+                     MessageBoxes& boxes, RunRules run)
     : wxDialog(parent, wxID_ANY, ToWx("リネーム名の編集"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       rules_(rules),
@@ -185,7 +185,7 @@ void frmModify::OnOk(wxCommandEvent&) {
 int frmModify::ShowModal() {
   runWhenClosed_ = false;
   const int answer = wxDialog::ShowModal();
-  if (std::exchange(runWhenClosed_, false)) Run();
+  if (std::exchange(runWhenClosed_, false)) run_(ShownForm(rules_, regexAvailable_));
   return answer;
 }
 
@@ -197,16 +197,7 @@ void frmModify::RunWithDialogOpen() {
     Enable();
     if (focused != nullptr) FocusKeepingSelection(focused);
   });
-  Run();
-}
-
-void frmModify::Run() {
-  const FindMethod stored = rules_.method;
-  rules_.method = ShownForm(rules_, regexAvailable_).method;
-  const Finally restored([&] {
-    if (!regexAvailable_) rules_.method = stored;
-  });
-  run_();
+  run_(ShownForm(rules_, regexAvailable_));
 }
 
 }  // namespace quillon

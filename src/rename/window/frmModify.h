@@ -19,13 +19,16 @@ namespace quillon {
 
 enum class OpenedFor { kExecute, kSettings };
 
+/// Runs these rules over the rows that the dialog was opened for.
+using RunRules = std::function<void(const OptionValues::Modify& rules)>;
+
 /// The dialog of the modification rules. OK stores them in `rules`; when opened to execute it then calls `run`, after
 /// the dialog has closed, or with the dialog open and disabled when the user chose that it stays. Without the library
-/// for regular expressions the search that is shown, a plain one, is what runs; the stored choice comes back after it.
+/// for regular expressions the search that is shown, a plain one, is what runs; the stored choice stays.
 class frmModify final : public wxDialog {
  public:
   frmModify(wxWindow* parent, OptionValues::Modify& rules, OpenedFor purpose, bool regexAvailable, MessageBoxes& boxes,
-            std::function<void()> run);
+            RunRules run);
 
   int ShowModal() override;
 
@@ -61,13 +64,12 @@ class frmModify final : public wxDialog {
   void Refuse(const ModifyRefusal& refusal);
   void FocusKeepingSelection(wxWindow* control);
   void RunWithDialogOpen();
-  void Run();
 
   OptionValues::Modify& rules_;
   OpenedFor purpose_;
   bool regexAvailable_;
   MessageBoxes& boxes_;
-  std::function<void()> run_;
+  RunRules run_;
   bool runWhenClosed_ = false;
 
   wxWindow* focused_ = nullptr;      // stays when another window becomes the active one
