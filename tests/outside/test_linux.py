@@ -256,6 +256,15 @@ class Linux(unittest.TestCase):
         self.assertIsNone(first.poll())
         reader.wait_for_names(["01", "02", "曲 03"])
 
+    def test_a_later_instance_that_reaches_no_session_bus_brings_the_window_forward(self):
+        first = self.load()
+        self.other_window()
+        later = self.program.start(DBUS_SESSION_BUS_ADDRESS="unix:path=/nowhere")
+        self.assertEqual(self.program.status(later, patience=3), 0)
+        until_equal(display.active_title, TITLE, "the window in front")
+        self.assertEqual(len(display.visible_windows(TITLE)), 1)
+        self.assertIsNone(first.poll())
+
     def test_a_later_instance_loads_nothing_and_leaves_the_settings_alone(self):
         self.load()
         other = self.files.parent / "other"

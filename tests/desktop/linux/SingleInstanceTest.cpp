@@ -37,7 +37,33 @@ test::ProcessResult RunOtherMeanwhile() {
   return other.get();
 }
 
-class SingleInstanceOnABus : public testing::Test {
+/// The one file that ends like this, "" when there is none.
+std::string FileWith(const std::string& folder, const std::string& ending) {
+  std::string found;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    if (entry.path().string().ends_with(ending)) found = entry.path().string();
+  }
+  return found;
+}
+
+/// What was sent to this process is worked off.
+void HandleMessages() {
+  while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+  }
+}
+
+/// A folder for the session, and one for settings: both short enough for a socket's name.
+class SingleInstanceTest : public testing::Test {
+ protected:
+  test::TempFolder folder_;
+  std::string runtime_ = folder_.MakeFolder("run");
+  std::string settings_ = folder_.MakeFolder("config");
+  test::ScopedVariable runtimeFolder_{"XDG_RUNTIME_DIR", runtime_};
+  test::ScopedVariable settingsFolder_{"XDG_CONFIG_HOME", settings_};
+  test::ScopedVariable display_{"DISPLAY", ":77"};
+};
+
+class SingleInstanceOnABus : public SingleInstanceTest {
  protected:
   void SetUp() override {
     if (bus_.Address().empty()) GTEST_SKIP() << "needs the program dbus-daemon";
@@ -45,7 +71,6 @@ class SingleInstanceOnABus : public testing::Test {
 
   test::PrivateBus bus_;
   test::ScopedVariable address_{"DBUS_SESSION_BUS_ADDRESS", bus_.Address()};
-  test::ScopedVariable display_{"DISPLAY", ":77"};
 };
 
 TEST_F(SingleInstanceOnABus, TheSecondIsNotTheFirst) {
@@ -83,8 +108,7 @@ TEST_F(SingleInstanceOnABus, ALaterInstanceDoesNotWaitForABusyOne) {
   const double seconds = test::Seconds([] { EXPECT_EQ(test::RunOtherInstance(kTitle, "").output, test::kLater); });
   EXPECT_LT(seconds, 5.0);
   EXPECT_EQ(raised, 0);
-  while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
-  }
+  HandleMessages();
   EXPECT_EQ(raised, 1) << "the busy one learns of it afterwards";
 }
 
@@ -93,8 +117,7 @@ TEST_F(SingleInstanceOnABus, TheFirstDoesNotAskItself) {
   int raised = 0;
   first->OnRaise([&raised] { ++raised; });
   first->BringFirstForward();
-  while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
-  }
+  HandleMessages();
   EXPECT_EQ(raised, 0);
 }
 
@@ -120,25 +143,62 @@ TEST_F(SingleInstanceOnABus, IsFoundOutAtOnce) {
   EXPECT_LT(test::Seconds([] { EXPECT_TRUE(Start()->IsFirst()); }), 0.5);
 }
 
-/// A folder for the session, and one for settings: both short enough for a socket's name.
-class SingleInstanceWithoutABus : public testing::Test {
- protected:
-  /// The one file that ends like this, "" when there is none.
-  static std::string FileWith(const std::string& folder, const std::string& ending) {
-    std::string found;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-      if (entry.path().string().ends_with(ending)) found = entry.path().string();
-    }
-    return found;
-  }
+TEST_F(SingleInstanceOnABus, IsSeenByOneThatReachesNoBus) {
+  auto first = Start();
+  int raised = 0;
+  first->OnRaise([&raised] { ++raised; });
+  const test::ScopedVariable noBus("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+  EXPECT_EQ(test::RunOtherInstance(kTitle, "").output, test::kLater);
+  HandleMessages();
+  EXPECT_EQ(raised, 1);
+  first.reset();
+  EXPECT_TRUE(Start()->IsFirst());
+}
 
-  test::TempFolder folder_;
-  std::string runtime_ = folder_.MakeFolder("run");
-  std::string settings_ = folder_.MakeFolder("config");
+TEST_F(SingleInstanceOnABus, SeesOneThatReachesNoBus) {
+  std::unique_ptr<SingleInstance> first;
+  {
+    const test::ScopedVariable noBus("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+    first = Start();
+  }
+  ASSERT_TRUE(first->IsFirst());
+  int raised = 0;
+  first->OnRaise([&raised] { ++raised; });
+  const auto later = Start();
+  EXPECT_FALSE(later->IsFirst());
+  EXPECT_EQ(test::RunOtherInstance(kTitle, "").output, test::kLater);
+  HandleMessages();
+  EXPECT_EQ(raised, 1);
+  first.reset();
+  EXPECT_TRUE(Start()->IsFirst()) << "the later one has kept neither the name nor the lock";
+}
+
+TEST_F(SingleInstanceOnABus, AFileThatNobodyHoldsMeansNothing) {
+  // As a process leaves it that is killed.
+  if (::fork() == 0) {
+    const test::ScopedVariable noBus("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+    const auto killed = Start();
+    ::raise(SIGKILL);
+  }
+  int status = 0;
+  ::wait(&status);
+  EXPECT_TRUE(WIFSIGNALED(status));
+  ASSERT_THAT(FileWith(runtime_, ".lock"), testing::Not(testing::IsEmpty()));
+  EXPECT_TRUE(Start()->IsFirst());
+  EXPECT_EQ(FileWith(runtime_, ".lock"), "") << "the next one took it over, and away at its end";
+}
+
+TEST_F(SingleInstanceOnABus, TheNameServesWhereNoFileCanBeMade) {
+  const test::ScopedVariable runtime("XDG_RUNTIME_DIR", std::nullopt);
+  const test::ScopedVariable settings("XDG_CONFIG_HOME", "/proc/none");
+  const auto first = Start();
+  EXPECT_TRUE(first->IsFirst());
+  EXPECT_FALSE(Start()->IsFirst());
+}
+
+class SingleInstanceWithoutABus : public SingleInstanceTest {
+ protected:
   test::ScopedVariable address_{"DBUS_SESSION_BUS_ADDRESS", std::nullopt};
-  test::ScopedVariable runtimeFolder_{"XDG_RUNTIME_DIR", runtime_};
-  test::ScopedVariable settingsFolder_{"XDG_CONFIG_HOME", settings_};
-  test::ScopedVariable display_{"DISPLAY", ":77"};
 };
 
 TEST_F(SingleInstanceWithoutABus, TheSecondIsNotTheFirst) {
@@ -155,8 +215,7 @@ TEST_F(SingleInstanceWithoutABus, TheFirstIsAskedForwardOnceAndNotWaitedFor) {
   first->OnRaise([&raised] { ++raised; });
   EXPECT_EQ(test::RunOtherInstance(kTitle, "").exitCode, 0);
   EXPECT_EQ(raised, 0) << "it is busy";
-  while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
-  }
+  HandleMessages();
   EXPECT_EQ(raised, 1);
 }
 
@@ -184,8 +243,7 @@ TEST_F(SingleInstanceWithoutABus, AFileThatNobodyHoldsMeansNothing) {
   int raised = 0;
   next->OnRaise([&raised] { ++raised; });
   EXPECT_EQ(RunOtherMeanwhile().output, test::kLater);
-  while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
-  }
+  HandleMessages();
   EXPECT_EQ(raised, 1);
 }
 

@@ -64,7 +64,13 @@ class BusInstance final : public SingleInstance {
     Call(name_.c_str(), kObject, kInterface, "Activate", g_variant_new("(a{sv})", &data));
   }
 
-  void OnRaise(std::function<void()> raise) override { raise_ = std::move(raise); }
+  void OnRaise(std::function<void()> raise) override {
+    if (lock_) lock_->OnRaise(raise);
+    raise_ = std::move(raise);
+  }
+
+  /// Holds the lock by which those that reach no bus see this instance.
+  void Keep(std::unique_ptr<SingleInstance> lock) { lock_ = std::move(lock); }
 
  private:
   void Register() {
@@ -111,6 +117,7 @@ class BusInstance final : public SingleInstance {
   guint registration_ = 0;
   bool first_ = false;
   std::function<void()> raise_;
+  std::unique_ptr<SingleInstance> lock_;
 };
 
 /// In the folder for what lives as long as a session, or else where the settings are, which several machines may share.
@@ -125,11 +132,17 @@ std::string LockPath(const std::string& name) {
 }  // namespace
 
 std::unique_ptr<SingleInstance> MakeSingleInstance(const std::string& title, const std::string& /*windowClass*/) {
-  std::string name = BusName(title);
+  const std::string name = BusName(title);
   std::string startupId = EnvironmentText("DESKTOP_STARTUP_ID");
   BusConnection bus = ConnectToSessionBus();
   if (bus == nullptr) return MakeLockedInstance(LockPath(name), std::move(startupId));
-  return std::make_unique<BusInstance>(std::move(name), std::move(startupId), std::move(bus));
+  auto instance = std::make_unique<BusInstance>(name, startupId, std::move(bus));
+  if (!instance->IsFirst()) return instance;
+  // The owner of the name holds the lock, too: another one may have been started where there is no bus.
+  std::unique_ptr<SingleInstance> lock = MakeLockedInstance(LockPath(name), std::move(startupId));
+  if (!lock->IsFirst()) return lock;  // and the name is given back
+  instance->Keep(std::move(lock));
+  return instance;
 }
 
 }  // namespace quillon
