@@ -46,7 +46,7 @@ std::string ReasonOf(const FileError& error) {
   return leftAt.empty() ? known : known + "。" + leftAt;
 }
 
-/// Ctrl-C ends the copying of a large file, too.
+/// Ctrl-C, or what counts like it, ends the copying of a large file, too.
 class CopyUntilInterrupted final : public CopyProgress {
  public:
   bool Continue(std::uint64_t) override { return !Interrupted(); }

@@ -33,7 +33,8 @@ void KeepToOwnAndSystemLibraries();
 /// nullopt where programs get their arguments one by one.
 [[nodiscard]] std::optional<std::string> RawCommandLine();
 
-/// From now on Ctrl-C no longer ends the program but is remembered.
+/// From now on Ctrl-C no longer ends the program but is remembered. Linux: so are the signals of kill and of a terminal
+/// that is closed, the latter unless whoever started the program had it ignored (nohup).
 void CatchInterruption();
 [[nodiscard]] bool Interrupted();
 

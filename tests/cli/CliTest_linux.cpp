@@ -178,8 +178,8 @@ std::string Numbered(int number, const char* ending) {
   return "f" + std::to_string(number) + ending;
 }
 
-// Interrupts the program as soon as `begun` is true; its exit status, or -1 when it was over before.
-int InterruptOnce(const std::function<bool()>& begun, std::vector<std::string> arguments) {
+// Sends the program the signal as soon as `begun` is true; its exit status, or -1 when a signal ended it.
+int InterruptOnce(const std::function<bool()>& begun, std::vector<std::string> arguments, int signal = SIGINT) {
   arguments.insert(arguments.begin(), QUILLON_CLI);
   std::vector<char*> words;
   for (std::string& argument : arguments) words.push_back(argument.data());
@@ -189,11 +189,12 @@ int InterruptOnce(const std::function<bool()>& begun, std::vector<std::string> a
     const int nowhere = open("/dev/null", O_RDWR);
     dup2(nowhere, STDOUT_FILENO);
     dup2(nowhere, STDERR_FILENO);
+    ::signal(SIGHUP, SIG_DFL);
     execv(QUILLON_CLI, words.data());
     _exit(127);
   }
   while (!begun() && waitpid(child, nullptr, WNOHANG) == 0) usleep(100);
-  kill(child, SIGINT);
+  kill(child, signal);
   int status = 0;
   return waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
@@ -243,11 +244,15 @@ TEST(CliSignalTest, AnInterruptedMoveStopsInsideALargeFileAndLeavesNothingBehind
   ASSERT_EQ(stat(large.c_str(), &other), 0);
   if (one.st_dev == other.st_dev) GTEST_SKIP() << "/dev/shm is on the same volume";
   const auto copying = [&] { return fs::directory_iterator(there) != fs::directory_iterator(); };
-  EXPECT_EQ(InterruptOnce(copying, {"move", "--to", there, "--all", "--apply", large, next}), 1);
-  EXPECT_FALSE(copying()) << "neither a copy nor a temporary file nor its mark";
-  ASSERT_EQ(stat(large.c_str(), &other), 0);
-  EXPECT_EQ(other.st_size, kSize);
-  EXPECT_EQ(folder.Read("b.wav"), "b");
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    SCOPED_TRACE(signal);
+    EXPECT_EQ(InterruptOnce(copying, {"move", "--to", there, "--all", "--apply", large, next}, signal), 1);
+    EXPECT_FALSE(copying()) << "neither a copy nor a temporary file nor its mark";
+    ASSERT_EQ(stat(large.c_str(), &other), 0);
+    EXPECT_EQ(other.st_size, kSize);
+    EXPECT_EQ(folder.Read("b.wav"), "b");
+    for (const auto& left : fs::directory_iterator(there)) fs::remove(left);
+  }
   fs::remove_all(there);
 }
 

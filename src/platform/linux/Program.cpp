@@ -74,6 +74,10 @@ void CatchInterruption() {
   action.sa_handler = NoteInterruption;
   // Without SA_RESTART, so that waiting for input ends, too.
   ::sigaction(SIGINT, &action, nullptr);
+  ::sigaction(SIGTERM, &action, nullptr);
+  struct sigaction hangUp = {};
+  ::sigaction(SIGHUP, nullptr, &hangUp);
+  if (hangUp.sa_handler != SIG_IGN) ::sigaction(SIGHUP, &action, nullptr);
 }
 
 bool Interrupted() {

@@ -78,11 +78,24 @@ TEST(StandardStreams, InputIsReadToItsEnd) {
 }
 
 TEST(Interruption, IsRememberedInsteadOfEndingTheProgram) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const int result = RunInChild([signal] {
+      ::signal(SIGHUP, SIG_DFL);
+      CatchInterruption();
+      if (Interrupted()) return 1;
+      if (::raise(signal) != 0) return 3;
+      return Interrupted() ? 0 : 2;
+    });
+    EXPECT_EQ(result, 0) << signal;
+  }
+}
+
+TEST(Interruption, IsNoClosedTerminalThatIsToBeIgnored) {
   const int result = RunInChild([] {
+    ::signal(SIGHUP, SIG_IGN);
     CatchInterruption();
-    if (Interrupted()) return 1;
-    if (::raise(SIGINT) != 0) return 3;
-    return Interrupted() ? 0 : 2;
+    if (::raise(SIGHUP) != 0) return 3;
+    return Interrupted() ? 1 : 0;
   });
   EXPECT_EQ(result, 0);
 }
