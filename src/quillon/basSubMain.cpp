@@ -1,5 +1,6 @@
 #include <wx/app.h>
 #include <wx/uilocale.h>
+#include <wx/weakref.h>
 
 #include <cstdlib>
 #include <memory>
@@ -15,6 +16,7 @@
 #include "platform/desktop/DesktopStyle.h"
 #include "platform/desktop/NativeWindow.h"
 #include "platform/desktop/SingleInstance.h"
+#include "platform/desktop/Termination.h"
 #include "settings/Settings.h"
 #include "settings/SettingsFile.h"
 
@@ -102,6 +104,9 @@ class QuillonApp final : public GuardedApp {
     auto* window = new frmMain(*std::move(options), paths);  // deletes itself when it is closed
     SetTopWindow(window);
     instance_->OnRaise([window] { window->ComeForward(); });
+    termination_ = CatchTermination([shown = wxWeakRef<frmMain>(window)] {
+      if (shown) shown->CloseUnanswered();
+    });
     // Not before the message loop runs: the load lets messages through.
     window->CallAfter([window, paths = request_.paths] { window->Start(paths); });
     return true;
@@ -109,6 +114,7 @@ class QuillonApp final : public GuardedApp {
 
   CommandLineRequest request_;
   std::unique_ptr<SingleInstance> instance_;
+  std::unique_ptr<Termination> termination_;
   std::optional<int> exitStatus_;  // there is nothing to run
 };
 

@@ -3,8 +3,10 @@
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
+import tempfile
 import unittest
 import urllib.parse
 
@@ -285,6 +287,61 @@ class Linux(unittest.TestCase):
         answer("タイトルにリネーム", _TITLES_QUESTION)
         reader.wait_for_names(["さくら", "Greensleeves", "荒城の月"])
         self.assertIsNone(first.poll())
+
+    def assert_ended_and_saved(self, process):
+        self.assertEqual(self.program.status(process), 0)
+        self.assertIn(b"WindowHeight=", self.program.settings.read_bytes())
+
+    def test_a_kill_and_the_end_of_the_session_close_the_window_and_save_the_settings(self):
+        for number in (signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(number):
+                self.program.settings.unlink(missing_ok=True)
+                process = self.load()
+                process.send_signal(number)
+                self.assert_ended_and_saved(process)
+
+    def test_a_kill_cancels_a_question_and_closes_the_window(self):
+        process = self.load()
+        press("ctrl+t")
+        reader.wait_for_dialog(_TITLES_QUESTION)
+        process.send_signal(signal.SIGTERM)
+        self.assert_ended_and_saved(process)
+
+    def test_a_kill_closes_whatever_is_open(self):
+        openers = {
+            "ctrl+e": lambda: display.active_title() != TITLE,  # a dialog of our own
+            "ctrl+o": lambda: "フォルダを選択してください" in display.active_title(),  # and one of the toolkit's
+            "shift+F10": reader.open_menu,
+            "F2": lambda: reader.list_has_focus() is False,  # the label editor
+        }
+        for key, is_open in openers.items():
+            with self.subTest(key):
+                self.program.settings.unlink(missing_ok=True)
+                process = self.load()
+                press(key)
+                until(is_open, "what the key opens")
+                process.send_signal(signal.SIGTERM)
+                self.assert_ended_and_saved(process)
+
+    def test_a_kill_while_a_file_is_copied_leaves_nothing_of_the_copy(self):
+        target = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory(prefix="quillon-outside-", dir="/dev/shm")))
+        large = self.files / "large.wav"
+        with large.open("wb") as file:
+            file.truncate(16 << 30)  # a hole: reading it takes seconds, and nothing is written
+        if target.stat().st_dev == large.stat().st_dev:
+            self.skipTest("/dev/shm is on the same volume")
+        process = self.program.start_and_show(self.files)
+        reader.wait_for_names(["01", "02", "large", "曲 03"])
+        press("ctrl+m")
+        until_equal(display.active_title, "ファイルの移動先フォルダを選択してください", "the dialog in front")
+        write(str(target))
+        until(lambda: (reader.dialog_entry() or "").rstrip("/") == str(target), "the path in the dialog")
+        press("Return")
+        until(lambda: [name for name in os.listdir(target) if name.startswith(".quillon-")], "the copy begun")
+        process.send_signal(signal.SIGTERM)
+        self.assert_ended_and_saved(process)
+        self.assertEqual(sorted(os.listdir(target)), ["01.mid", "02.mid"])
+        self.assertEqual(self.names(), ["large.wav", "曲 03.mp3"])
 
     def test_damaged_settings_are_told_and_left_alone(self):
         damaged = b"[Player]\r\nRepeat=40000\r\n"

@@ -1,6 +1,7 @@
 #include "app/window/frmMain.h"
 
 #include <wx/app.h>
+#include <wx/dialog.h>
 #include <wx/display.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
@@ -279,6 +280,12 @@ bool frmMain::StaysOpen() {
   app_->CancelLoad();
   frmWait_.Cancel();
   return true;
+}
+
+void frmMain::CloseUnanswered() {
+  Close();
+  if (auto* const dialog = dynamic_cast<wxDialog*>(TopmostDialog(nullptr))) dialog->EndModal(wxID_CANCEL);
+  wxWakeUpIdle();  // a closed window goes only then, and no event may have come from the user
 }
 
 void frmMain::Quit() {

@@ -52,6 +52,10 @@ class frmMain final : public wxFrame,
   /// Restored from minimised and in front of other windows, together with the dialog that it has open.
   void ComeForward();
 
+  /// Closes the window for the system, which waits for no answer: what asks the user is cancelled. What runs is ended
+  /// first; then, or while there is one more dialog open, this is to be called again.
+  void CloseUnanswered();
+
   [[nodiscard]] Application& App() { return *app_; }
   [[nodiscard]] lvwFiles& List() { return *lvwFiles_; }
 

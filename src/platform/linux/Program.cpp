@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "base/Text.h"
+#include "platform/linux/EndingSignals.h"
 
 namespace quillon {
 namespace {
@@ -74,10 +75,7 @@ void CatchInterruption() {
   action.sa_handler = NoteInterruption;
   // Without SA_RESTART, so that waiting for input ends, too.
   ::sigaction(SIGINT, &action, nullptr);
-  ::sigaction(SIGTERM, &action, nullptr);
-  struct sigaction hangUp = {};
-  ::sigaction(SIGHUP, nullptr, &hangUp);
-  if (hangUp.sa_handler != SIG_IGN) ::sigaction(SIGHUP, &action, nullptr);
+  for (const int signal : EndingSignals()) ::sigaction(signal, &action, nullptr);
 }
 
 bool Interrupted() {
