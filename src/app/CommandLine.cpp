@@ -55,6 +55,11 @@ std::string AnswerTo(const CommandLineRequest& request) {
   return {};
 }
 
+Message BoxFor(const CommandLineRequest& request) {
+  const bool mistake = request.kind == CommandLineRequest::Kind::kWrongUsage;
+  return {kProductName, AnswerTo(request), mistake ? MessageIcon::kExclamation : MessageIcon::kInformation};
+}
+
 int ExitStatusOf(const CommandLineRequest& request) {
   constexpr int kBadUsage = 2;
   return request.kind == CommandLineRequest::Kind::kWrongUsage ? kBadUsage : 0;

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Ports.h"
 #include "platform/FileSystem.h"
 
 /// What somebody who starts the program asks for.
@@ -30,6 +31,9 @@ struct CommandLineRequest {
 
 /// What a request that opens no window is answered with; several lines, the last one ended.
 [[nodiscard]] std::string AnswerTo(const CommandLineRequest& request);
+
+/// The same as a box, for where nobody reads what is written.
+[[nodiscard]] Message BoxFor(const CommandLineRequest& request);
 
 /// The exit status of a request that opens no window.
 [[nodiscard]] int ExitStatusOf(const CommandLineRequest& request);

@@ -73,9 +73,7 @@ class QuillonApp final : public GuardedApp {
   void Begin() {
     if (request_.kind != CommandLineRequest::Kind::kOpen) {
       exitStatus_ = ExitStatusOf(request_);
-      const bool mistake = request_.kind == CommandLineRequest::Kind::kWrongUsage;
-      WxMessageBoxes(nullptr).Show(
-          {kMainTitle, AnswerTo(request_), mistake ? MessageIcon::kExclamation : MessageIcon::kInformation});
+      WxMessageBoxes(nullptr).Show(BoxFor(request_));
       return;
     }
     if (!instance_->IsFirst()) {

@@ -68,6 +68,15 @@ TEST(ReadCommandLine, TakesAWordOfDashesForAPathWhereSomethingHasThatName) {
   }
 }
 
+TEST(ReadCommandLine, WarnsOfAMistakeAndInformsOfTheRest) {
+  for (const auto& [word, icon] :
+       {std::pair("--apply", MessageIcon::kExclamation), std::pair("--help", MessageIcon::kInformation),
+        std::pair("--version", MessageIcon::kInformation)}) {
+    const CommandLineRequest request = Read(word, {});
+    EXPECT_EQ(BoxFor(request), (Message{"Quillon", AnswerTo(request), icon})) << word;
+  }
+}
+
 TEST(ReadCommandLine, SaysWhatIsAskedForAndWhatIsWrong) {
   EXPECT_EQ(AnswerTo(Read("--version", {})), std::string("Quillon ") + kProductVersion + "\n");
   EXPECT_TRUE(AnswerTo(Read("--help", {})).starts_with("使い方: quillon"));

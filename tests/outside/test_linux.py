@@ -343,6 +343,13 @@ class Linux(unittest.TestCase):
         self.assertEqual(sorted(os.listdir(target)), ["01.mid", "02.mid"])
         self.assertEqual(self.names(), ["large.wav", "曲 03.mp3"])
 
+    def test_what_the_command_line_asks_for_is_told_in_a_box_where_it_cannot_be_written(self):
+        for word, text, status in (("--nonsense", "--nonsense: このような指定はできません", 2), ("--help", "使い方: ", 0)):
+            with self.subTest(word):
+                process = self.program.start_where_nothing_can_be_written(word)
+                self.assertEqual(answer(TITLE, text), ["OK"])
+                self.assertEqual(self.program.status(process), status)
+
     def test_damaged_settings_are_told_and_left_alone(self):
         damaged = b"[Player]\r\nRepeat=40000\r\n"
         self.program.settings.write_bytes(damaged)
