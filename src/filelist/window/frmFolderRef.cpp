@@ -39,10 +39,16 @@ frmFolderRef::frmFolderRef(wxWindow* parent, std::function<void()> cancel)
   SetEscapeId(wxID_CANCEL);
   cmdCancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { cancel_(); });
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { cancel_(); });
+  // GTK takes a window for shown again that was hidden before the window system had it on the screen.
+  Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+    event.Skip();
+    if (event.IsShown() && !searching_) Hide();
+  });
   timFolderRef_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
 }
 
 void frmFolderRef::Begin(const std::string& /*status*/, const std::string& target) {
+  searching_ = true;
   wxBeginBusyCursor();
   lblTarget_->SetLabelText(ShortenedToFit(*lblTarget_, target, FromDIP(kWidth)));
   lblFolder_->SetLabelText("");
@@ -60,6 +66,7 @@ void frmFolderRef::ShowFolder(const std::string& folder) {
 }
 
 void frmFolderRef::End() {
+  searching_ = false;
   timFolderRef_.Stop();
   Hide();
   if (wxIsBusy()) wxEndBusyCursor();

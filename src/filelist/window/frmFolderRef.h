@@ -30,6 +30,7 @@ class frmFolderRef final : public wxDialog, public SearchDisplay {
   wxStaticText* lblTarget_ = nullptr;
   wxStaticText* lblFolder_ = nullptr;
   wxTimer timFolderRef_;
+  bool searching_ = false;
 };
 
 }  // namespace quillon

@@ -1,0 +1,41 @@
+#include <wx/utils.h>
+
+#include <utility>
+
+#include "gui/MainWindow.h"
+#include "gui/Settle.h"
+
+namespace quillon::test {
+namespace {
+
+constexpr unsigned long kMapped = 200;
+
+class SearchWindowOnGtk : public MainWindowTest {};
+
+TEST_F(SearchWindowOnGtk, StaysHiddenAfterASearchThatEndsAsItAppearsAndIsReadyForTheNext) {
+  Open(Options());
+  auto& window = Get<wxWindow>("frmFolderRef");
+  auto& search = dynamic_cast<SearchDisplay&>(window);
+  for (int round = 0; round < 2; ++round) {  // the first time of all GTK shows a window in a way of its own
+    bool ended = false;
+    const auto end = [&](wxShowEvent& event) {
+      event.Skip();
+      if (!event.IsShown() || std::exchange(ended, true)) return;
+      (void)wxGetMousePosition();  // the answer comes after the window system has heard of the window
+      wxMilliSleep(kMapped);       // and has shown it, which the program learns later
+      search.End();
+    };
+    window.Bind(wxEVT_SHOW, end);
+    search.Begin("", "target");
+    EXPECT_TRUE(Until([&] { return ended; }));
+    Settle();
+    EXPECT_FALSE(window.IsShown()) << round;
+    window.Unbind(wxEVT_SHOW, end);
+  }
+  search.Begin("", "target");
+  EXPECT_TRUE(Until([&] { return window.IsShownOnScreen(); }));
+  search.End();
+}
+
+}  // namespace
+}  // namespace quillon::test
