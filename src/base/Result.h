@@ -24,6 +24,8 @@ class [[nodiscard]] Result {
   /// Precondition: !Ok().
   [[nodiscard]] const Error& Failure() const { return *std::get_if<1>(&held_); }
 
+  bool operator==(const Result&) const = default;
+
  private:
   std::variant<Value, Error> held_;
 };

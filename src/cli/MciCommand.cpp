@@ -60,7 +60,7 @@ std::optional<milliseconds> Milliseconds(std::string_view word) {
 
 /// The answer as the line that is written for it.
 std::string Answer(const CommandReply& reply) {
-  return reply.error == 0 ? OnOneLine(reply.text) : "error " + std::to_string(reply.error);
+  return reply ? OnOneLine(*reply) : "error " + std::to_string(static_cast<int>(reply.Failure()));
 }
 
 std::string AwaitMode(CommandDevice& device, std::string_view alias, std::string_view mode, milliseconds limit) {
@@ -68,7 +68,7 @@ std::string AwaitMode(CommandDevice& device, std::string_view alias, std::string
   const auto deadline = Clock::now() + limit;
   while (true) {
     const CommandReply reply = device.Send("status " + std::string(alias) + " mode", kReplySize);
-    if (reply.error != 0 || reply.text == mode || Clock::now() >= deadline) return Answer(reply);
+    if (!reply || *reply == mode || Clock::now() >= deadline) return Answer(reply);
     std::this_thread::sleep_for(kBetweenLooks);
   }
 }

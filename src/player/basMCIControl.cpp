@@ -57,13 +57,13 @@ basMCIControl::basMCIControl(CommandDevice& device, FileReads& files, const Play
     : device_(device), files_(files), paths_(paths) {}
 
 void basMCIControl::Send(const std::string& command) {
-  refused_ = device_.Send(command, 0).error != 0;  // most callers see by the mode what came of it
+  refused_ = !device_.Send(command, 0);  // most callers see by the mode what came of it
 }
 
 std::string basMCIControl::Ask(const std::string& command, int replySize) {
-  CommandReply reply = device_.Send(command, replySize);
-  refused_ = reply.error != 0;
-  return std::move(reply.text);
+  const CommandReply reply = device_.Send(command, replySize);
+  refused_ = !reply;
+  return reply ? *reply : std::string();
 }
 
 std::int16_t basMCIControl::MCICommand(std::string_view verb) {

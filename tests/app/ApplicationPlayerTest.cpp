@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/ApplicationFixture.h"
+#include "support/Replies.h"
 
 namespace quillon {
 namespace {
@@ -205,7 +206,7 @@ TEST(PlayTime, IsShownForTheSelectedRowAndDisturbsNothing) {
             Texts({"Open \"" + f.At("b.mid") + "\" alias MCILENGTH", "set MCILENGTH time format milliseconds",
                    "status MCILENGTH length", "Close MCILENGTH"}));
   EXPECT_EQ(f.Playing(), f.At("a.mp3"));
-  EXPECT_EQ(f.device.Send("status mci mode", 16).text, "playing");
+  EXPECT_EQ(test::TextOf(f.device.Send("status mci mode", 16)), "playing");
 }
 
 TEST(PlayTime, IsNotAskedForUnlessTheSettingSaysSo) {

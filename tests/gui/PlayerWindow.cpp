@@ -11,6 +11,7 @@
 #include "controls/WxText.h"
 #include "platform/multimedia/CommandDevice.h"
 #include "support/MediaBuilders.h"
+#include "support/Replies.h"
 
 namespace quillon::test {
 namespace {
@@ -23,15 +24,15 @@ constexpr int kSliderEnd = 12;      // DIP: half a thumb, where the groove begin
 
 bool DevicePlays(const std::string& path) {
   const std::unique_ptr<CommandDevice> device = MakeCommandDevice();
-  if (device->Send("open \"" + path + "\" alias PROBE", 0).error != 0) return false;
-  device->Send("set PROBE time format milliseconds", 0);
-  device->Send("play PROBE", 0);
+  if (!device->Send("open \"" + path + "\" alias PROBE", 0)) return false;
+  (void)device->Send("set PROBE time format milliseconds", 0);
+  (void)device->Send("play PROBE", 0);
   const wxStopWatch watch;
   bool passes = false;
   while (!passes && watch.Time() < kProbeLength) {
     wxMilliSleep(kPause);
-    const std::string position = device->Send("status PROBE position", 16).text;
-    passes = device->Send("status PROBE mode", 16).text == "playing" && !position.empty() && position != "0";
+    const std::string position = TextOf(device->Send("status PROBE position", 16));
+    passes = TextOf(device->Send("status PROBE mode", 16)) == "playing" && !position.empty() && position != "0";
   }
   return passes;
 }

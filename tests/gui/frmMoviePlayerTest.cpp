@@ -25,6 +25,7 @@
 #include "support/FakeDevice.h"
 #include "support/MemoryFileSystem.h"
 #include "support/Recorders.h"
+#include "support/Replies.h"
 #include "support/Rows.h"
 
 namespace quillon {
@@ -133,7 +134,7 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
   [[nodiscard]] wxSize Picture() const { return Get("picMovie").GetSize(); }
   [[nodiscard]] PositionSlider& Slider() const { return Get<PositionSlider>("sldPosition"); }
   [[nodiscard]] std::string Time() const { return FromWx(Get<wxStaticText>("lblTime").GetLabel()); }
-  [[nodiscard]] std::string Mode() { return device.Send("status mci mode", 16).text; }
+  [[nodiscard]] std::string Mode() { return test::TextOf(device.Send("status mci mode", 16)); }
 
   /// Chooses the item of the size menu.
   void ChooseSize(std::size_t item) const {

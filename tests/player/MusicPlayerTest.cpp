@@ -9,6 +9,7 @@
 #include "support/FakeDevice.h"
 #include "support/MemoryFileSystem.h"
 #include "support/Recorders.h"
+#include "support/Replies.h"
 #include "support/Rows.h"
 
 namespace quillon {
@@ -59,7 +60,7 @@ class MusicPlayerTest : public testing::Test {
     }
   }
 
-  std::string Mode() { return device.Send("status mci mode", 16).text; }
+  std::string Mode() { return test::TextOf(device.Send("status mci mode", 16)); }
   Texts Statuses() { return ports.log.StartingWith("panel player: "); }
 
   FileList list{PathStyle::kLinux};
@@ -334,7 +335,7 @@ TEST_F(MusicPlayerTest, TheMenuStartsTheChosenFileFromItsBeginning) {
   Pass(1000);
   player.mnuPlay();
   EXPECT_EQ(Mode(), "playing");
-  EXPECT_EQ(device.Send("status mci position", 16).text, "0");
+  EXPECT_EQ(test::TextOf(device.Send("status mci position", 16)), "0");
   Pass(500);
   Select(3);
   player.mnuPlay();
@@ -349,7 +350,7 @@ TEST_F(MusicPlayerTest, TheMenuStartsFromTheBeginningAlsoWhenStoppedAtAPoint) {
   player.SliderReleased(3000);
   player.mnuPlay();
   EXPECT_EQ(Mode(), "playing");
-  EXPECT_EQ(device.Send("status mci position", 16).text, "0");
+  EXPECT_EQ(test::TextOf(device.Send("status mci position", 16)), "0");
 }
 
 TEST_F(MusicPlayerTest, PlaysTheFileThatIsNamedWhateverTheCurrentRowIs) {
@@ -429,7 +430,7 @@ TEST_F(MusicPlayerTest, DoesNotRepeatWhileTheSliderIsHeld) {
   EXPECT_EQ(Mode(), "stopped");
   player.SliderReleased(2000);
   EXPECT_EQ(Mode(), "stopped") << "the release found neither playing nor paused";
-  EXPECT_EQ(device.Send("status mci position", 16).text, "2000");
+  EXPECT_EQ(test::TextOf(device.Send("status mci position", 16)), "2000");
 }
 
 // Continuous play.
@@ -465,7 +466,7 @@ TEST_F(MusicPlayerTest, PlaysTheOnlyPlayableRowAgain) {
   Pass(4000);
   EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3");
   EXPECT_EQ(Mode(), "playing");
-  EXPECT_EQ(device.Send("status mci position", 16).text, "0");
+  EXPECT_EQ(test::TextOf(device.Send("status mci position", 16)), "0");
 }
 
 TEST_F(MusicPlayerTest, GoesOnWithTheFirstRowWhenThePlayingOneIsGone) {
@@ -565,7 +566,7 @@ TEST_F(MusicPlayerTest, ReleasedWhilePausedItIsStoppedThereAndPlayGoesOn) {
   EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3") << "the stop button does nothing";
   player.cmdPlay();
   EXPECT_EQ(Mode(), "playing");
-  EXPECT_EQ(device.Send("status mci position", 16).text, "3000");
+  EXPECT_EQ(test::TextOf(device.Send("status mci position", 16)), "3000");
   EXPECT_EQ(Statuses().back(), "panel player: 再生中： a.mp3");
 }
 
@@ -702,7 +703,7 @@ TEST_F(MusicPlayerTest, AMovieWindowClosedWhileStoppedAtAPointComesBackWithPlay)
   EXPECT_EQ(device.OpenFile("mci"), "/m/clip.avi");
   player.cmdPlay();
   EXPECT_EQ(movie.shown, 2);
-  EXPECT_EQ(device.Send("status mci position", 16).text, "3000");
+  EXPECT_EQ(test::TextOf(device.Send("status mci position", 16)), "3000");
 }
 
 TEST_F(MusicPlayerTest, TheMovieWindowGoesOnWhereItsSliderHasLeftIt) {
@@ -713,7 +714,7 @@ TEST_F(MusicPlayerTest, TheMovieWindowGoesOnWhereItsSliderHasLeftIt) {
   ASSERT_EQ(Mode(), "stopped");
   player.PauseOrGoOn();
   EXPECT_EQ(Mode(), "playing");
-  EXPECT_EQ(device.Send("status mci position", 16).text, "3000");
+  EXPECT_EQ(test::TextOf(device.Send("status mci position", 16)), "3000");
   EXPECT_EQ(panel.interval, 50);
 }
 

@@ -72,7 +72,7 @@ TEST(MCICommand, OpensAHiddenFile) {
 
 TEST(MCICommand, ReturnsZeroWhenTheDeviceFails) {
   Fixture f;
-  f.device.Fail("Play MCI", command_error::kNotOpen);
+  f.device.Fail("Play MCI", MediaError::kNotOpen);
   EXPECT_EQ(f.mci.MCICommand("play"), 0);
 }
 
@@ -82,7 +82,7 @@ TEST(MCIStatusMode, FillsTheAnswerUpToSixteenCharacters) {
   EXPECT_EQ(f.mci.MCIStatusMode(), "playing         ");
   EXPECT_EQ(f.device.sent, Texts({"status MCI mode"}));
   EXPECT_EQ(f.device.sizes, Sizes({16}));
-  f.device.Fail("status MCI mode", command_error::kNotOpen);
+  f.device.Fail("status MCI mode", MediaError::kNotOpen);
   EXPECT_EQ(f.mci.MCIStatusMode(), "                ");
 }
 

@@ -19,11 +19,13 @@ class CommandRecorder final : public CommandDevice {
     sent.push_back(command);
     sizes.push_back(replySize);
     const auto found = replies.find(ToLower(command));
-    return found == replies.end() ? CommandReply() : found->second;
+    return found == replies.end() ? std::string() : found->second;
   }
 
-  void Answer(std::string_view command, std::string text) { replies[ToLower(command)] = {0, std::move(text)}; }
-  void Fail(std::string_view command, int error) { replies[ToLower(command)] = {error}; }
+  void Answer(std::string_view command, std::string text) {
+    replies.insert_or_assign(ToLower(command), std::move(text));
+  }
+  void Fail(std::string_view command, MediaError error) { replies.insert_or_assign(ToLower(command), error); }
 
   std::vector<std::string> sent;
   std::vector<int> sizes;

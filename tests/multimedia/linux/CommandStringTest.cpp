@@ -3,15 +3,15 @@
 #include <string>
 #include <vector>
 
-#include "platform/multimedia/CommandDevice.h"
 #include "platform/multimedia/linux/CommandString.h"
+#include "support/Replies.h"
 
 namespace quillon {
 namespace {
 
 ParsedCommand Parse(std::string_view text) {
   const ParseOutcome outcome = ParseCommand(text);
-  EXPECT_EQ(outcome.error, 0) << text;
+  EXPECT_TRUE(outcome.status.Ok()) << text;
   return outcome.command;
 }
 
@@ -83,47 +83,47 @@ TEST(CommandString, WindowAndPicture) {
 }
 
 TEST(CommandString, WhatIsWrongHasItsNumber) {
-  const std::vector<std::pair<std::string_view, int>> rows = {
-      {"", command_error::kMissingCommand},
-      {"   ", command_error::kMissingCommand},
-      {"rewind X", command_error::kUnknownCommand},
-      {"play", command_error::kMissingDevice},
-      {" open ", command_error::kMissingDevice},
-      {"Status\t", command_error::kMissingDevice},
-      {"foo", command_error::kMissingDevice},
-      {"play \"\"", command_error::kMissingDevice},
-      {"open \"\" alias X", command_error::kMissingDevice},
-      {"open \"/a.mp3", command_error::kNoClosingQuote},
-      {"open \"", command_error::kNoClosingQuote},
-      {"open \"/a.mp3 alias X", command_error::kNoClosingQuote},
-      {"play \"X", command_error::kNoClosingQuote},
-      {"status X \"mode", command_error::kNoClosingQuote},
-      {"open /a.mp3 alias \"X", command_error::kNoClosingQuote},
-      {"play X backwards", command_error::kUnknownKeyword},
-      {"play X from", command_error::kMissingParameter},
-      {"play X from here", command_error::kBadNumber},
-      {"play X from 1 2", command_error::kUnknownKeyword},
-      {"seek X", command_error::kMissingParameter},
-      {"seek X to", command_error::kMissingParameter},
-      {"seek X to 12x", command_error::kBadNumber},
-      {"seek X to 99999999999", command_error::kBadNumber},
-      {"status X", command_error::kMissingParameter},
-      {"status X colour", command_error::kUnknownKeyword},
-      {"status X time", command_error::kMissingParameter},
-      {"set X time format frames", command_error::kUnknownKeyword},
-      {"set X time", command_error::kMissingParameter},
-      {"where X", command_error::kMissingParameter},
-      {"where X video", command_error::kUnknownKeyword},
-      {"window X handle", command_error::kMissingParameter},
-      {"window X handle main", command_error::kBadNumber},
-      {"window X handle -1", command_error::kBadNumber},
-      {"put X destination at 0 0 5", command_error::kMissingParameter},
-      {"put X source", command_error::kUnknownKeyword},
-      {"close X now", command_error::kUnknownKeyword},
-      {"open \"/a.mp3\" as X", command_error::kUnknownKeyword},
-      {"open \"/a.mp3\" alias", command_error::kMissingParameter},
+  const std::vector<std::pair<std::string_view, MediaError>> rows = {
+      {"", MediaError::kMissingCommand},
+      {"   ", MediaError::kMissingCommand},
+      {"rewind X", MediaError::kUnknownCommand},
+      {"play", MediaError::kMissingDevice},
+      {" open ", MediaError::kMissingDevice},
+      {"Status\t", MediaError::kMissingDevice},
+      {"foo", MediaError::kMissingDevice},
+      {"play \"\"", MediaError::kMissingDevice},
+      {"open \"\" alias X", MediaError::kMissingDevice},
+      {"open \"/a.mp3", MediaError::kNoClosingQuote},
+      {"open \"", MediaError::kNoClosingQuote},
+      {"open \"/a.mp3 alias X", MediaError::kNoClosingQuote},
+      {"play \"X", MediaError::kNoClosingQuote},
+      {"status X \"mode", MediaError::kNoClosingQuote},
+      {"open /a.mp3 alias \"X", MediaError::kNoClosingQuote},
+      {"play X backwards", MediaError::kUnknownKeyword},
+      {"play X from", MediaError::kMissingParameter},
+      {"play X from here", MediaError::kBadNumber},
+      {"play X from 1 2", MediaError::kUnknownKeyword},
+      {"seek X", MediaError::kMissingParameter},
+      {"seek X to", MediaError::kMissingParameter},
+      {"seek X to 12x", MediaError::kBadNumber},
+      {"seek X to 99999999999", MediaError::kBadNumber},
+      {"status X", MediaError::kMissingParameter},
+      {"status X colour", MediaError::kUnknownKeyword},
+      {"status X time", MediaError::kMissingParameter},
+      {"set X time format frames", MediaError::kUnknownKeyword},
+      {"set X time", MediaError::kMissingParameter},
+      {"where X", MediaError::kMissingParameter},
+      {"where X video", MediaError::kUnknownKeyword},
+      {"window X handle", MediaError::kMissingParameter},
+      {"window X handle main", MediaError::kBadNumber},
+      {"window X handle -1", MediaError::kBadNumber},
+      {"put X destination at 0 0 5", MediaError::kMissingParameter},
+      {"put X source", MediaError::kUnknownKeyword},
+      {"close X now", MediaError::kUnknownKeyword},
+      {"open \"/a.mp3\" as X", MediaError::kUnknownKeyword},
+      {"open \"/a.mp3\" alias", MediaError::kMissingParameter},
   };
-  for (const auto& [text, error] : rows) EXPECT_EQ(ParseCommand(text).error, error) << text;
+  for (const auto& [text, error] : rows) EXPECT_EQ(ParseCommand(text).status, error) << text;
 }
 
 }  // namespace

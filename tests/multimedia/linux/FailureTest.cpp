@@ -25,7 +25,7 @@ constexpr int kTwoBlocks = 512;  // of 4096 samples, 8000 a second; the third co
 
 class FailureTest : public testing::Test {
  protected:
-  void OpenWave() { ASSERT_EQ(player_.Open(folder_.Write("a.wav", WaveFile(kLength))), 0); }
+  void OpenWave() { ASSERT_EQ(player_.Open(folder_.Write("a.wav", WaveFile(kLength))), kDone); }
 
   TempFolder folder_;
   Player player_;
@@ -34,14 +34,14 @@ class FailureTest : public testing::Test {
 TEST_F(FailureTest, SoundThatIsLostWhilePlayingGoesOnSilently) {
   const FailingSoundSink sink(FailingSoundSink::Blames::kItself);
   OpenWave();
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   const Stopwatch watch;
   ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3 * kLength)));
   EXPECT_NEAR(watch.Elapsed(), kLength, kTolerance);
   EXPECT_EQ(player_.Number("status X position"), kLength);
   EXPECT_EQ(sink.Failures(), 1);
   // It is not asked for again.
-  ASSERT_EQ(player_.Error("play X from 1000"), 0);
+  ASSERT_EQ(player_.Error("play X from 1000"), kDone);
   EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(kLength)));
   EXPECT_EQ(sink.Failures(), 1);
 }
@@ -49,20 +49,20 @@ TEST_F(FailureTest, SoundThatIsLostWhilePlayingGoesOnSilently) {
 TEST_F(FailureTest, AnErrorWhilePlayingStopsAndPlayTriesAgain) {
   auto sink = std::make_unique<FailingSoundSink>(FailingSoundSink::Blames::kStream);
   OpenWave();
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   ASSERT_TRUE(player_.WaitForMode("", milliseconds(3 * kLength)));
   EXPECT_EQ(sink->Failures(), 1);
-  EXPECT_EQ(player_.Error("status X mode"), command_error::kNotReady) << "it has not come to its end";
+  EXPECT_EQ(player_.Error("status X mode"), MediaError::kNotReady) << "it has not come to its end";
   const int place = player_.Number("status X position");
   EXPECT_NEAR(place, kTwoBlocks, kTolerance);
-  EXPECT_EQ(player_.Error("seek X to start"), 0);
+  EXPECT_EQ(player_.Error("seek X to start"), kDone);
   EXPECT_EQ(player_.Text("status X mode"), "stopped");
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   EXPECT_EQ(player_.Text("status X mode"), "playing");
   ASSERT_TRUE(player_.WaitForMode("", milliseconds(3 * kLength)));
   EXPECT_EQ(sink->Failures(), 2);
   sink.reset();
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3 * kLength)));
   EXPECT_EQ(player_.Number("status X position"), kLength);
 }
@@ -70,17 +70,17 @@ TEST_F(FailureTest, AnErrorWhilePlayingStopsAndPlayTriesAgain) {
 TEST_F(FailureTest, ASeekLosesNeitherSoundNorEnd) {
   const FailingSoundSink sink(FailingSoundSink::Blames::kNobody);
   OpenWave();
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   Sleep(100);
   for (const char* const place : {"1000", "300", "1200"}) {
     SCOPED_TRACE(place);
-    ASSERT_EQ(player_.Error(std::string("seek X to ") + place), 0);
-    ASSERT_EQ(player_.Error("play X"), 0);
+    ASSERT_EQ(player_.Error(std::string("seek X to ") + place), kDone);
+    ASSERT_EQ(player_.Error("play X"), kDone);
     Sleep(100);
   }
   EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(2 * kLength)));
-  ASSERT_EQ(player_.Error("seek X to start"), 0);
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Error("seek X to start"), kDone);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(2 * kLength)));
   EXPECT_EQ(sink.Failures(), 0);
 }
@@ -89,14 +89,14 @@ TEST_F(FailureTest, AFilmThatIsDeletedPlaysOnAfterSeeksAndEnds) {
   const FailingSoundSink sink(FailingSoundSink::Blames::kNobody);
   const std::string path = folder_.At("a.mpg");
   MakeMpeg(path, kLength);
-  ASSERT_EQ(player_.Open(path), 0);
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Open(path), kDone);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   Sleep(100);
   ASSERT_TRUE(std::filesystem::remove(path));
   for (const char* const place : {"1000", "300"}) {
     SCOPED_TRACE(place);
-    ASSERT_EQ(player_.Error(std::string("seek X to ") + place), 0);
-    ASSERT_EQ(player_.Error("play X"), 0);
+    ASSERT_EQ(player_.Error(std::string("seek X to ") + place), kDone);
+    ASSERT_EQ(player_.Error("play X"), kDone);
     Sleep(100);
   }
   EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(2 * kLength)));

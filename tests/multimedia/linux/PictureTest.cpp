@@ -34,7 +34,7 @@ class PictureTest : public testing::Test {
   static std::string MpegPath() { return folder_->At("a.mpg"); }
   static std::string AviPath() { return folder_->At("a.avi"); }
 
-  int GiveWindow() { return player_.Error("window X handle " + std::to_string(window_->Handle())); }
+  MediaStatus GiveWindow() { return player_.Error("window X handle " + std::to_string(window_->Handle())); }
 
   /// Waits until the seven bars fill the rectangle and stand nowhere else.
   [[nodiscard]] testing::AssertionResult ShowsBarsIn(int left, int top, int width, int height) const {
@@ -83,111 +83,111 @@ class PictureTest : public testing::Test {
 std::unique_ptr<TempFolder> PictureTest::folder_;
 
 TEST_F(PictureTest, TheFirstPictureFillsTheWindowBeforeItPlays) {
-  ASSERT_EQ(player_.Open(AviPath()), 0);
-  ASSERT_EQ(GiveWindow(), 0);
+  ASSERT_EQ(player_.Open(AviPath()), kDone);
+  ASSERT_EQ(GiveWindow(), kDone);
   EXPECT_EQ(player_.Text("where X destination"), "0 0 500 400");
   EXPECT_TRUE(ShowsBarsIn(0, 0, kWindowWidth, kWindowHeight));
   EXPECT_EQ(player_.Text("status X mode"), "stopped");
 }
 
 TEST_F(PictureTest, PutStretchesThePictureToItsRectangleInEveryMode) {
-  ASSERT_EQ(player_.Open(AviPath()), 0);
+  ASSERT_EQ(player_.Open(AviPath()), kDone);
   EXPECT_EQ(player_.Text("where X destination"), "0 0 320 240");
-  EXPECT_EQ(player_.Error("put X destination at 0 0 200 300"), 0);
-  ASSERT_EQ(GiveWindow(), 0);
-  ASSERT_EQ(player_.Error("play X"), 0);
+  EXPECT_EQ(player_.Error("put X destination at 0 0 200 300"), kDone);
+  ASSERT_EQ(GiveWindow(), kDone);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   EXPECT_TRUE(ShowsBarsIn(0, 0, 200, 300));
   EXPECT_EQ(window_->Pixel(300, 350), 0x808080U);
-  EXPECT_EQ(player_.Error("put X destination at 50 20 400 100"), 0);
+  EXPECT_EQ(player_.Error("put X destination at 50 20 400 100"), kDone);
   EXPECT_EQ(player_.Text("where X destination"), "50 20 400 100");
   EXPECT_TRUE(ShowsBarsIn(50, 20, 400, 100));
   EXPECT_EQ(window_->Child(), "50 20 400 100");
   ASSERT_EQ(player_.Text("status X mode"), "playing");
-  ASSERT_EQ(player_.Error("pause X"), 0);
-  EXPECT_EQ(player_.Error("put X destination at 0 0 300 390"), 0);
+  ASSERT_EQ(player_.Error("pause X"), kDone);
+  EXPECT_EQ(player_.Error("put X destination at 0 0 300 390"), kDone);
   EXPECT_TRUE(ShowsBarsIn(0, 0, 300, 390));
   EXPECT_EQ(player_.Text("status X mode"), "paused");
-  ASSERT_EQ(player_.Error("seek X to end"), 0);
-  EXPECT_EQ(player_.Error("put X destination"), 0);
+  ASSERT_EQ(player_.Error("seek X to end"), kDone);
+  EXPECT_EQ(player_.Error("put X destination"), kDone);
   EXPECT_TRUE(ShowsBarsIn(0, 0, kWindowWidth, kWindowHeight));
   EXPECT_EQ(player_.Number("status X position"), player_.Number("status X length"));
 }
 
 TEST_F(PictureTest, FilmsOfMpegAreShownToo) {
-  ASSERT_EQ(player_.Open(MpegPath()), 0);
-  ASSERT_EQ(GiveWindow(), 0);
-  ASSERT_EQ(player_.Error("put X destination at 0 0 210 200"), 0);
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Open(MpegPath()), kDone);
+  ASSERT_EQ(GiveWindow(), kDone);
+  ASSERT_EQ(player_.Error("put X destination at 0 0 210 200"), kDone);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   EXPECT_TRUE(ShowsBarsIn(0, 0, 210, 200));
 }
 
 TEST_F(PictureTest, ThePictureStaysWhenTheWindowWasCovered) {
-  ASSERT_EQ(player_.Open(AviPath()), 0);
-  ASSERT_EQ(GiveWindow(), 0);
+  ASSERT_EQ(player_.Open(AviPath()), kDone);
+  ASSERT_EQ(GiveWindow(), kDone);
   ASSERT_TRUE(ShowsBarsIn(0, 0, kWindowWidth, kWindowHeight));
   window_->CoverForAMoment();
   EXPECT_TRUE(ShowsBarsIn(0, 0, kWindowWidth, kWindowHeight));
 }
 
 TEST_F(PictureTest, ClicksGoToTheOwner) {
-  ASSERT_EQ(player_.Open(AviPath()), 0);
-  ASSERT_EQ(GiveWindow(), 0);
+  ASSERT_EQ(player_.Open(AviPath()), kDone);
+  ASSERT_EQ(GiveWindow(), kDone);
   ASSERT_TRUE(ShowsBarsIn(0, 0, kWindowWidth, kWindowHeight));
   EXPECT_TRUE(window_->GetsClicksOfItsChild());
 }
 
 TEST_F(PictureTest, CloseTakesThePictureAway) {
-  ASSERT_EQ(player_.Open(AviPath()), 0);
-  ASSERT_EQ(GiveWindow(), 0);
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Open(AviPath()), kDone);
+  ASSERT_EQ(GiveWindow(), kDone);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   ASSERT_NE(window_->Child(), "");
-  EXPECT_EQ(player_.Error("close X"), 0);
+  EXPECT_EQ(player_.Error("close X"), kDone);
   EXPECT_EQ(window_->Child(), "");
   window_->Destroy();
 }
 
 TEST_F(PictureTest, WithoutAWindowItPlaysUnseen) {
-  ASSERT_EQ(player_.Open(AviPath()), 0);
-  ASSERT_EQ(GiveWindow(), 0);
-  ASSERT_EQ(player_.Error("play X from 1500"), 0);
-  EXPECT_EQ(player_.Error("window X handle 0"), 0);
+  ASSERT_EQ(player_.Open(AviPath()), kDone);
+  ASSERT_EQ(GiveWindow(), kDone);
+  ASSERT_EQ(player_.Error("play X from 1500"), kDone);
+  EXPECT_EQ(player_.Error("window X handle 0"), kDone);
   EXPECT_EQ(window_->Child(), "");
   EXPECT_EQ(player_.Text("status X mode"), "playing");
   EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(2000)));
 }
 
 TEST_F(PictureTest, AWindowThatIsDestroyedWhilePlayingHarmsNothing) {
-  ASSERT_EQ(player_.Open(AviPath()), 0);
-  ASSERT_EQ(GiveWindow(), 0);
-  ASSERT_EQ(player_.Error("play X"), 0);
+  ASSERT_EQ(player_.Open(AviPath()), kDone);
+  ASSERT_EQ(GiveWindow(), kDone);
+  ASSERT_EQ(player_.Error("play X"), kDone);
   ASSERT_TRUE(ShowsBarsIn(0, 0, kWindowWidth, kWindowHeight));
   window_->Destroy();
   Sleep(200);
-  EXPECT_EQ(player_.Error("put X destination at 0 0 10 10"), 0);
+  EXPECT_EQ(player_.Error("put X destination at 0 0 10 10"), kDone);
   EXPECT_EQ(player_.Text("status X mode"), "playing");
-  EXPECT_EQ(player_.Error("play X from 1800"), 0);
+  EXPECT_EQ(player_.Error("play X from 1800"), kDone);
   EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(2000)));
-  EXPECT_EQ(player_.Error("close X"), 0);
+  EXPECT_EQ(player_.Error("close X"), kDone);
 }
 
 TEST_F(PictureTest, AWindowThatIsNotThereIsRefused) {
-  ASSERT_EQ(player_.Open(AviPath()), 0);
+  ASSERT_EQ(player_.Open(AviPath()), kDone);
   const std::uint64_t gone = window_->Handle();
   window_->Destroy();
-  EXPECT_EQ(player_.Error("window X handle " + std::to_string(gone)), command_error::kNoPicture);
-  EXPECT_EQ(player_.Error("play X"), 0);
+  EXPECT_EQ(player_.Error("window X handle " + std::to_string(gone)), MediaError::kNoPicture);
+  EXPECT_EQ(player_.Error("play X"), kDone);
   EXPECT_EQ(player_.Text("status X mode"), "playing");
 }
 
 TEST_F(PictureTest, TwoFilmsHaveTwoWindows) {
   const std::unique_ptr<PlainWindow> other = PlainWindow::Make(100, 100);
-  ASSERT_EQ(player_.Open(AviPath()), 0);
-  ASSERT_EQ(player_.Error("open \"" + MpegPath() + "\" alias Y"), 0);
-  ASSERT_EQ(GiveWindow(), 0);
-  ASSERT_EQ(player_.Error("window Y handle " + std::to_string(other->Handle())), 0);
+  ASSERT_EQ(player_.Open(AviPath()), kDone);
+  ASSERT_EQ(player_.Error("open \"" + MpegPath() + "\" alias Y"), kDone);
+  ASSERT_EQ(GiveWindow(), kDone);
+  ASSERT_EQ(player_.Error("window Y handle " + std::to_string(other->Handle())), kDone);
   EXPECT_EQ(window_->Child(), "0 0 500 400");
   EXPECT_EQ(other->Child(), "0 0 100 100");
-  EXPECT_EQ(player_.Error("close Y"), 0);
+  EXPECT_EQ(player_.Error("close Y"), kDone);
   EXPECT_EQ(other->Child(), "");
   EXPECT_EQ(window_->Child(), "0 0 500 400");
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/multimedia/CommandDevice.h"
+#include "support/Replies.h"
 
 namespace quillon::test {
 
@@ -14,11 +15,11 @@ class Player {
   Player();
 
   CommandReply Send(const std::string& command);
-  int Error(const std::string& command) { return Send(command).error; }
-  std::string Text(const std::string& command) { return Send(command).text; }
+  MediaStatus Error(const std::string& command) { return StatusOf(Send(command)); }
+  std::string Text(const std::string& command) { return TextOf(Send(command)); }
   int Number(const std::string& command);
   /// Under the alias "X".
-  int Open(const std::string& path) { return Error("Open \"" + path + "\" alias X"); }
+  MediaStatus Open(const std::string& path) { return Error("Open \"" + path + "\" alias X"); }
 
   /// Until X is in the mode; false when it is not within the time.
   bool WaitForMode(const std::string& mode, std::chrono::milliseconds limit);

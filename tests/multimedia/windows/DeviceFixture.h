@@ -14,6 +14,7 @@
 
 #include "base/Text.h"
 #include "platform/multimedia/CommandDevice.h"
+#include "support/Replies.h"
 #include "support/TempFolder.h"
 
 namespace quillon::test {
@@ -25,14 +26,14 @@ class DeviceFixture : public ::testing::Test {
   static constexpr std::chrono::milliseconds kPatience{5000};
 
   CommandReply Send(const std::string& command, int replySize = 128) { return device->Send(command, replySize); }
-  int Error(const std::string& command) { return Send(command).error; }
-  std::string Text(const std::string& command) { return Send(command).text; }
+  MediaStatus Error(const std::string& command) { return StatusOf(Send(command)); }
+  std::string Text(const std::string& command) { return TextOf(Send(command)); }
   std::int64_t Number(const std::string& command) { return LeadingNumber(Text(command)); }
 
-  /// Opens a file with its times in milliseconds; the error's number.
-  int Open(const std::string& path, const std::string& alias = "X") {
-    const int error = Error("Open \"" + path + "\" alias " + alias);
-    return error != 0 ? error : Error("set " + alias + " time format milliseconds");
+  /// Opens a file with its times in milliseconds; why it failed.
+  MediaStatus Open(const std::string& path, const std::string& alias = "X") {
+    const MediaStatus opened = Error("Open \"" + path + "\" alias " + alias);
+    return opened.Ok() ? Error("set " + alias + " time format milliseconds") : opened;
   }
 
   std::string Mode(const std::string& alias = "X") { return Text("status " + alias + " mode"); }

@@ -26,9 +26,9 @@ class PictureTest : public DeviceFixture {
     window_ = CreateWindowW(L"STATIC", nullptr, WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 100, 100, kWidth, kHeight,
                             nullptr, nullptr, nullptr, nullptr);
     if (window_ == nullptr) GTEST_SKIP() << "there is no display";
-    ASSERT_EQ(Open(film), 0);
-    ASSERT_EQ(Error("window X handle " + std::to_string(reinterpret_cast<std::uintptr_t>(window_))), 0);
-    ASSERT_EQ(Put(kWidth, kHeight), 0);
+    ASSERT_EQ(Open(film), kDone);
+    ASSERT_EQ(Error("window X handle " + std::to_string(reinterpret_cast<std::uintptr_t>(window_))), kDone);
+    ASSERT_EQ(Put(kWidth, kHeight), kDone);
   }
 
   void TearDown() override {
@@ -36,12 +36,12 @@ class PictureTest : public DeviceFixture {
     if (window_ != nullptr) DestroyWindow(window_);
   }
 
-  int Put(int width, int height) {
+  MediaStatus Put(int width, int height) {
     return Error("put X destination at 0 0 " + std::to_string(width) + ' ' + std::to_string(height));
   }
 
   void PlayPast(std::int64_t position) {
-    ASSERT_EQ(Error("Play X"), 0);
+    ASSERT_EQ(Error("Play X"), kDone);
     ASSERT_TRUE(Until([&] { return Position() > position; })) << Position();
   }
 
@@ -112,19 +112,19 @@ class PictureTest : public DeviceFixture {
 TEST_F(PictureTest, MovesOnAfterAPause) {
   PlayPast(300);
   EXPECT_TRUE(PictureMoves());
-  ASSERT_EQ(Error("Pause X"), 0);
+  ASSERT_EQ(Error("Pause X"), kDone);
   Wait(milliseconds(100));
   EXPECT_FALSE(PictureMoves(kWidth, kHeight, milliseconds(300)));
-  ASSERT_EQ(Error("Play X"), 0);
+  ASSERT_EQ(Error("Play X"), kDone);
   EXPECT_EQ(Mode(), "playing");
   EXPECT_TRUE(PictureMoves());
 }
 
 TEST_F(PictureTest, FollowsItsDestinationAfterAPause) {
   PlayPast(300);
-  ASSERT_EQ(Error("Pause X"), 0);
-  ASSERT_EQ(Error("Play X"), 0);
-  ASSERT_EQ(Put(kWidth / 4, kHeight / 4), 0);
+  ASSERT_EQ(Error("Pause X"), kDone);
+  ASSERT_EQ(Error("Play X"), kDone);
+  ASSERT_EQ(Put(kWidth / 4, kHeight / 4), kDone);
   Wait(milliseconds(100));
   EXPECT_TRUE(PictureMoves(kWidth / 4, kHeight / 4));
 }
@@ -134,16 +134,16 @@ TEST_F(PictureTest, ThePositionGoesOnFromEachPause) {
   for (int pause = 1; pause <= 3; ++pause) {
     SCOPED_TRACE(pause);
     const std::int64_t before = Position();
-    ASSERT_EQ(Error("Pause X"), 0);
+    ASSERT_EQ(Error("Pause X"), kDone);
     const std::int64_t held = Position();
     EXPECT_NEAR(static_cast<double>(held), static_cast<double>(before), 100);
     Wait(milliseconds(100));
     EXPECT_EQ(Position(), held);
-    ASSERT_EQ(Error("Play X"), 0);
+    ASSERT_EQ(Error("Play X"), kDone);
     EXPECT_NEAR(static_cast<double>(Position()), static_cast<double>(held), 100);
     ASSERT_TRUE(Until([&] { return Position() > held + 200; }));
   }
-  ASSERT_EQ(Error("seek X to 1000"), 0);
+  ASSERT_EQ(Error("seek X to 1000"), kDone);
   EXPECT_NEAR(static_cast<double>(Position()), 1000, 50);
 }
 
@@ -153,30 +153,30 @@ TEST_F(PictureTest, OnlyOnWineOtherAnswersThanTheSystemsAreGiven) {
   for (const bool makesUp : {true, false}) {
     SCOPED_TRACE(makesUp);
     device = MakeCommandDevice(makesUp);
-    ASSERT_EQ(Open(Sample("moving.mpg")), 0);
+    ASSERT_EQ(Open(Sample("moving.mpg")), kDone);
     PlayPast(400);
-    EXPECT_EQ(Error("Pause X"), 0);
-    EXPECT_EQ(Error("resume X"), 0);
+    EXPECT_EQ(Error("Pause X"), kDone);
+    EXPECT_EQ(Error("resume X"), kDone);
     ASSERT_TRUE(Until([this] { return Position() > 600; }));
     const std::int64_t before = Position();
-    EXPECT_EQ(Error("Pause X"), 0);
+    EXPECT_EQ(Error("Pause X"), kDone);
     EXPECT_EQ(Position() < before + 100, makesUp) << Position() << " after " << before;
-    EXPECT_EQ(Error("seek X to 1000"), makesUp ? 0 : command_error::kInternal);
+    EXPECT_EQ(Error("seek X to 1000"), makesUp ? kDone : MediaError::kInternal);
   }
 }
 
 TEST_F(PictureTest, StopsAfterAPause) {
   PlayPast(100);
-  ASSERT_EQ(Error("Pause X"), 0);
-  ASSERT_EQ(Error("Play X"), 0);
-  ASSERT_EQ(Error("Stop X"), 0);
+  ASSERT_EQ(Error("Pause X"), kDone);
+  ASSERT_EQ(Error("Play X"), kDone);
+  ASSERT_EQ(Error("Stop X"), kDone);
   EXPECT_EQ(Mode(), "stopped");
 }
 
 TEST_F(PictureTest, EndsAfterAPause) {
   PlayPast(100);
-  ASSERT_EQ(Error("Pause X"), 0);
-  ASSERT_EQ(Error("Play X"), 0);
+  ASSERT_EQ(Error("Pause X"), kDone);
+  ASSERT_EQ(Error("Play X"), kDone);
   EXPECT_TRUE(Until([this] { return Mode() == "stopped"; }));
 }
 

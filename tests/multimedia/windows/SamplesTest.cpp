@@ -22,7 +22,7 @@ class SamplesTest : public DeviceFixture {
     }
   }
 
-  int OpenSample(const std::string& name) { return Open(samples_ + '\\' + name); }
+  MediaStatus OpenSample(const std::string& name) { return Open(samples_ + '\\' + name); }
 
   std::string SampleBytes(const std::string& name) {
     const std::unique_ptr<ByteSource> file = OpenSystemFile(samples_ + '\\' + name);
@@ -39,28 +39,28 @@ class SamplesTest : public DeviceFixture {
 
   /// From the start to the end by way of a pause and a seek.
   void PlayThrough(const std::string& name) {
-    ASSERT_EQ(OpenSample(name), 0);
+    ASSERT_EQ(OpenSample(name), kDone);
     EXPECT_NEAR(static_cast<double>(Length()), 3000, 150);
-    EXPECT_EQ(Error("Play X"), 0);
+    EXPECT_EQ(Error("Play X"), kDone);
     EXPECT_EQ(Mode(), "playing");
     EXPECT_TRUE(AwaitPositionAbove(300));
-    EXPECT_EQ(Error("Pause X"), 0);
+    EXPECT_EQ(Error("Pause X"), kDone);
     EXPECT_EQ(Mode(), "paused");
     const std::int64_t held = Position();
     EXPECT_GT(held, 300);
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     EXPECT_EQ(Position(), held);
-    EXPECT_EQ(Error("seek X to 2300"), 0);
+    EXPECT_EQ(Error("seek X to 2300"), kDone);
     EXPECT_EQ(Mode(), "stopped");
     EXPECT_NEAR(static_cast<double>(Position()), 2300, 50);
-    EXPECT_EQ(Error("Play X"), 0);
+    EXPECT_EQ(Error("Play X"), kDone);
     EXPECT_EQ(Mode(), "playing");
     EXPECT_GE(Position(), 2250);
     EXPECT_TRUE(AwaitStop());
-    EXPECT_EQ(Error("Seek X to Start"), 0);
+    EXPECT_EQ(Error("Seek X to Start"), kDone);
     EXPECT_EQ(Position(), 0);
-    EXPECT_EQ(Error("seek X to 9000"), command_error::kOutOfRange);
-    EXPECT_EQ(Error("Close X"), 0);
+    EXPECT_EQ(Error("seek X to 9000"), MediaError::kOutOfRange);
+    EXPECT_EQ(Error("Close X"), kDone);
   }
 
  private:
@@ -74,11 +74,11 @@ TEST_F(SamplesTest, Mp3PlaysPausesSeeksAndEnds) {
 
 TEST_F(SamplesTest, AviFilesOfSoundAlonePlay) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
-  ASSERT_EQ(OpenSample("sound.avi"), 0);
+  ASSERT_EQ(OpenSample("sound.avi"), kDone);
   EXPECT_NEAR(static_cast<double>(Length()), 3000, 150);
-  EXPECT_EQ(Error("Play X"), 0);
+  EXPECT_EQ(Error("Play X"), kDone);
   EXPECT_TRUE(AwaitPositionAbove(300));
-  EXPECT_EQ(Error("Close X"), 0);
+  EXPECT_EQ(Error("Close X"), kDone);
 }
 
 TEST_F(SamplesTest, WavePlaysPausesSeeksAndEnds) {
@@ -88,7 +88,7 @@ TEST_F(SamplesTest, WavePlaysPausesSeeksAndEnds) {
 
 TEST_F(SamplesTest, Mp3HasNoPicture) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
-  ASSERT_EQ(OpenSample("tone.mp3"), 0);
+  ASSERT_EQ(OpenSample("tone.mp3"), kDone);
   EXPECT_EQ(Text("where X source"), "");
 }
 
@@ -106,12 +106,12 @@ TEST_F(SamplesTest, FilmsPlayFromTheirStartToTheirEnd) {
   if (!HasDisplay()) GTEST_SKIP() << "there is no display";
   for (const char* const name : {"mpeg1.mpg", "moving.mpg", "mpeg4.avi", "mjpeg.avi"}) {
     SCOPED_TRACE(name);
-    ASSERT_EQ(OpenSample(name), 0);
+    ASSERT_EQ(OpenSample(name), kDone);
     const auto start = Clock::now();
-    ASSERT_EQ(Error("Play X"), 0);
+    ASSERT_EQ(Error("Play X"), kDone);
     EXPECT_TRUE(AwaitStop());
     EXPECT_GT(Clock::now() - start, std::chrono::milliseconds(2500));
-    EXPECT_EQ(Error("Close X"), 0);
+    EXPECT_EQ(Error("Close X"), kDone);
   }
 }
 
@@ -120,10 +120,10 @@ TEST_F(SamplesTest, FilmsTellTheSizeOfTheirPicture) {
   if (!HasDisplay()) GTEST_SKIP() << "there is no display";
   for (const char* const name : {"mpeg1.mpg", "mpeg4.avi", "mjpeg.avi", "raw.avi"}) {
     SCOPED_TRACE(name);
-    ASSERT_EQ(OpenSample(name), 0);
+    ASSERT_EQ(OpenSample(name), kDone);
     EXPECT_NEAR(static_cast<double>(Length()), 3000, 150);
     EXPECT_EQ(Text("where X source"), "0 0 160 120");
-    EXPECT_EQ(Error("Close X"), 0);
+    EXPECT_EQ(Error("Close X"), kDone);
   }
 }
 
@@ -131,18 +131,18 @@ TEST_F(SamplesTest, AFilmThatEndsInItsHeadersDoesNotOpen) {
   for (const char* const name : {"mpeg4.avi", "mjpeg.avi", "raw.avi"}) {
     SCOPED_TRACE(name);
     for (const std::size_t length : {100U, 300U, 500U}) {
-      EXPECT_EQ(Open(folder.Write("head.avi", SampleBytes(name).substr(0, length))), command_error::kInvalidFile);
+      EXPECT_EQ(Open(folder.Write("head.avi", SampleBytes(name).substr(0, length))), MediaError::kInvalidFile);
     }
   }
 }
 
 TEST_F(DeviceFixture, MidiPlays) {
-  ASSERT_EQ(Open(folder.Write("a.mid", SimpleMidiFile("", "", 4))), 0);
+  ASSERT_EQ(Open(folder.Write("a.mid", SimpleMidiFile("", "", 4))), kDone);
   EXPECT_NEAR(static_cast<double>(Length()), 2000, 50);
-  EXPECT_EQ(Error("seek X to 1500"), 0);
+  EXPECT_EQ(Error("seek X to 1500"), kDone);
   EXPECT_EQ(Position(), 1500);
   if (midiOutGetNumDevs() == 0) GTEST_SKIP() << "there is no MIDI device, so its time does not pass";
-  EXPECT_EQ(Error("Play X"), 0);
+  EXPECT_EQ(Error("Play X"), kDone);
   EXPECT_EQ(Mode(), "playing");
   EXPECT_TRUE(AwaitPositionAbove(1500));
   EXPECT_TRUE(AwaitStop());

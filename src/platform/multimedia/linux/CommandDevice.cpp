@@ -15,8 +15,8 @@ namespace {
 constexpr std::string_view kEverything = "all";
 
 CommandReply RectangleReply(const PictureRectangle& area) {
-  return {0, std::to_string(area.left) + ' ' + std::to_string(area.top) + ' ' + std::to_string(area.width) + ' ' +
-                 std::to_string(area.height)};
+  return std::to_string(area.left) + ' ' + std::to_string(area.top) + ' ' + std::to_string(area.width) + ' ' +
+         std::to_string(area.height);
 }
 
 std::string ModeText(Medium::Mode mode) {
@@ -29,98 +29,103 @@ std::string ModeText(Medium::Mode mode) {
 }
 
 CommandReply Mode(const Medium& medium) {
-  if (medium.Failed()) return {command_error::kNotReady};
-  return {0, ModeText(medium.CurrentMode())};
+  if (medium.Failed()) return MediaError::kNotReady;
+  return ModeText(medium.CurrentMode());
+}
+
+/// Of a command that answers nothing.
+CommandReply ReplyOf(const MediaStatus& status) {
+  if (!status.Ok()) return status.Failure();
+  return std::string();
 }
 
 CommandReply Status(Medium& medium, StatusItem item) {
   switch (item) {
     case StatusItem::kMode: return Mode(medium);
-    case StatusItem::kPosition: return {0, std::to_string(medium.Position())};
-    case StatusItem::kLength: return {0, std::to_string(medium.Length())};
-    case StatusItem::kReady: return {0, "true"};
-    case StatusItem::kTimeFormat: return {0, "milliseconds"};
+    case StatusItem::kPosition: return std::to_string(medium.Position());
+    case StatusItem::kLength: return std::to_string(medium.Length());
+    case StatusItem::kReady: return std::string("true");
+    case StatusItem::kTimeFormat: return std::string("milliseconds");
   }
-  return {command_error::kInternal};
+  return MediaError::kInternal;
 }
 
 CommandReply Where(const Medium& medium, PictureArea area) {
   const std::optional<PictureSize> picture = medium.Picture();
-  if (!picture) return {command_error::kNoPicture};
+  if (!picture) return MediaError::kNoPicture;
   if (area == PictureArea::kDestination) return RectangleReply(medium.Destination());
   return RectangleReply({0, 0, picture->width, picture->height});
 }
 
-int Play(Medium& medium, const std::optional<std::int32_t>& from) {
+MediaStatus Play(Medium& medium, const std::optional<std::int32_t>& from) {
   if (from) {
-    if (const int error = medium.Seek(*from); error != 0) return error;
+    if (const MediaStatus sought = medium.Seek(*from); !sought.Ok()) return sought;
   }
   return medium.Play();
 }
 
-int Seek(Medium& medium, const ParsedCommand& command) {
+MediaStatus Seek(Medium& medium, const ParsedCommand& command) {
   switch (command.target) {
     case SeekTarget::kStart: return medium.Seek(0);
     case SeekTarget::kEnd: return medium.Seek(medium.Length());
     case SeekTarget::kPosition: return medium.Seek(command.milliseconds.value_or(0));
   }
-  return command_error::kInternal;
+  return MediaError::kInternal;
 }
 
 /// What goes to one open medium.
 CommandReply Carry(Medium& medium, const ParsedCommand& command) {
   medium.Update();
   switch (command.verb) {
-    case Verb::kPlay: return {Play(medium, command.milliseconds)};
-    case Verb::kPause: return {medium.Pause()};
-    case Verb::kResume: return {medium.Resume()};
-    case Verb::kStop: return {medium.Stop()};
-    case Verb::kSeek: return {Seek(medium, command)};
-    case Verb::kSet: return {};  // there is but the one time format
+    case Verb::kPlay: return ReplyOf(Play(medium, command.milliseconds));
+    case Verb::kPause: medium.Pause(); return std::string();
+    case Verb::kResume: return ReplyOf(medium.Resume());
+    case Verb::kStop: medium.Stop(); return std::string();
+    case Verb::kSeek: return ReplyOf(Seek(medium, command));
+    case Verb::kSet: return std::string();  // there is but the one time format
     case Verb::kStatus: return Status(medium, command.status);
     case Verb::kWhere: return Where(medium, command.area);
-    case Verb::kWindow: return {medium.SetWindow(command.window)};
-    case Verb::kPut: return {medium.Put(command.rectangle)};
+    case Verb::kWindow: return ReplyOf(medium.SetWindow(command.window));
+    case Verb::kPut: return ReplyOf(medium.Put(command.rectangle));
     case Verb::kOpen:
     case Verb::kClose: break;
   }
-  return {command_error::kInternal};
+  return MediaError::kInternal;
 }
 
 class GstCommandDevice final : public CommandDevice {
  public:
   CommandReply Send(const std::string& command, int replySize) override {
-    CommandReply reply = Answer(command);
-    const auto room = static_cast<std::size_t>(std::max(replySize - 1, 0));
-    reply.text = FirstCharacters(reply.text, room);
-    return reply;
+    const CommandReply reply = Answer(command);
+    if (!reply) return reply;
+    return std::string(FirstCharacters(*reply, static_cast<std::size_t>(std::max(replySize - 1, 0))));
   }
 
  private:
   CommandReply Answer(const std::string& text) {
     const ParseOutcome parsed = ParseCommand(text);
     const ParsedCommand& command = parsed.command;
-    if (command.alias.empty()) return {parsed.error};
-    if (command.verb == Verb::kOpen) return {parsed.error == 0 ? Open(command) : parsed.error};
+    if (command.alias.empty()) return ReplyOf(parsed.status);
+    if (command.verb == Verb::kOpen) return ReplyOf(parsed.status.Ok() ? Open(command) : parsed.status);
     if (command.verb == Verb::kClose && command.alias == kEverything) {
       media_.clear();
-      return {};
+      return std::string();
     }
     const auto found = media_.find(command.alias);
-    if (found == media_.end()) return {command_error::kNotOpen};
-    if (parsed.error != 0) return {parsed.error};
+    if (found == media_.end()) return MediaError::kNotOpen;
+    if (!parsed.status.Ok()) return ReplyOf(parsed.status);
     if (command.verb != Verb::kClose) return Carry(*found->second, command);
     media_.erase(found);
-    return {};
+    return std::string();
   }
 
-  int Open(const ParsedCommand& command) {
-    if (media_.contains(command.alias)) return command_error::kAliasInUse;
-    if (media_.size() >= kMostOpen) return command_error::kTooManyOpen;
-    Result<std::unique_ptr<Medium>, int> medium = Medium::Open(command.path);
+  MediaStatus Open(const ParsedCommand& command) {
+    if (media_.contains(command.alias)) return MediaError::kAliasInUse;
+    if (media_.size() >= kMostOpen) return MediaError::kTooManyOpen;
+    Result<std::unique_ptr<Medium>, MediaError> medium = Medium::Open(command.path);
     if (!medium) return medium.Failure();
     media_.emplace(command.alias, std::move(*medium));
-    return 0;
+    return {};
   }
 
   std::map<std::string, std::unique_ptr<Medium>> media_;

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "platform/multimedia/CommandDevice.h"
 
 namespace quillon {
 namespace {
@@ -84,101 +83,101 @@ std::optional<Number> ReadNumber(std::string_view word) {
 }
 
 template <class Number>
-int TakeNumber(Words& words, Number& into) {
-  if (words.AtEnd()) return command_error::kMissingParameter;
+MediaStatus TakeNumber(Words& words, Number& into) {
+  if (words.AtEnd()) return MediaError::kMissingParameter;
   const std::optional<Number> number = ReadNumber<Number>(words.Next());
-  if (!number) return command_error::kBadNumber;
+  if (!number) return MediaError::kBadNumber;
   into = *number;
-  return 0;
+  return {};
 }
 
-/// 0 when the next word is `keyword`.
-int Expect(Words& words, std::string_view keyword) {
-  if (words.AtEnd()) return command_error::kMissingParameter;
-  return words.NextKeyword() == keyword ? 0 : command_error::kUnknownKeyword;
+/// Done when the next word is `keyword`.
+MediaStatus Expect(Words& words, std::string_view keyword) {
+  if (words.AtEnd()) return MediaError::kMissingParameter;
+  return words.NextKeyword() == keyword ? MediaStatus() : MediaError::kUnknownKeyword;
 }
 
 /// "type X" is accepted and has no effect: one player takes every type.
-int ParseOpen(Words& words, ParsedCommand& command) {
+MediaStatus ParseOpen(Words& words, ParsedCommand& command) {
   command.alias = ToLower(command.path);
   while (!words.AtEnd()) {
     const std::string keyword = words.NextKeyword();
-    if (keyword != "alias" && keyword != "type") return command_error::kUnknownKeyword;
-    if (words.AtEnd()) return command_error::kMissingParameter;
+    if (keyword != "alias" && keyword != "type") return MediaError::kUnknownKeyword;
+    if (words.AtEnd()) return MediaError::kMissingParameter;
     const std::string value = words.NextKeyword();
     if (keyword == "alias") command.alias = value;
   }
-  return 0;
+  return {};
 }
 
-int ParsePlay(Words& words, ParsedCommand& command) {
-  if (words.AtEnd()) return 0;
-  if (const int error = Expect(words, "from"); error != 0) return error;
+MediaStatus ParsePlay(Words& words, ParsedCommand& command) {
+  if (words.AtEnd()) return {};
+  if (const MediaStatus status = Expect(words, "from"); !status.Ok()) return status;
   return TakeNumber(words, command.milliseconds.emplace());
 }
 
-int ParseSeek(Words& words, ParsedCommand& command) {
-  if (const int error = Expect(words, "to"); error != 0) return error;
+MediaStatus ParseSeek(Words& words, ParsedCommand& command) {
+  if (const MediaStatus status = Expect(words, "to"); !status.Ok()) return status;
   Words ahead = words;
   const std::string place = ahead.NextKeyword();
   if (place != "start" && place != "end") return TakeNumber(words, command.milliseconds.emplace());
   command.target = place == "start" ? SeekTarget::kStart : SeekTarget::kEnd;
   words = ahead;
-  return 0;
+  return {};
 }
 
-int ParseSet(Words& words) {
-  if (const int error = Expect(words, "time"); error != 0) return error;
-  if (const int error = Expect(words, "format"); error != 0) return error;
-  if (words.AtEnd()) return command_error::kMissingParameter;
+MediaStatus ParseSet(Words& words) {
+  if (const MediaStatus status = Expect(words, "time"); !status.Ok()) return status;
+  if (const MediaStatus status = Expect(words, "format"); !status.Ok()) return status;
+  if (words.AtEnd()) return MediaError::kMissingParameter;
   const std::string format = words.NextKeyword();
-  return format == "milliseconds" || format == "ms" ? 0 : command_error::kUnknownKeyword;
+  return format == "milliseconds" || format == "ms" ? MediaStatus() : MediaError::kUnknownKeyword;
 }
 
-int ParseStatus(Words& words, ParsedCommand& command) {
+MediaStatus ParseStatus(Words& words, ParsedCommand& command) {
   constexpr std::array<std::pair<std::string_view, StatusItem>, 4> kItems = {{
       {"mode", StatusItem::kMode},
       {"position", StatusItem::kPosition},
       {"length", StatusItem::kLength},
       {"ready", StatusItem::kReady},
   }};
-  if (words.AtEnd()) return command_error::kMissingParameter;
+  if (words.AtEnd()) return MediaError::kMissingParameter;
   const std::string item = words.NextKeyword();
   command.status = StatusItem::kTimeFormat;
   if (item == "time") return Expect(words, "format");
   for (const auto& [name, value] : kItems) {
     if (item != name) continue;
     command.status = value;
-    return 0;
+    return {};
   }
-  return command_error::kUnknownKeyword;
+  return MediaError::kUnknownKeyword;
 }
 
-int ParseWhere(Words& words, ParsedCommand& command) {
-  if (words.AtEnd()) return command_error::kMissingParameter;
+MediaStatus ParseWhere(Words& words, ParsedCommand& command) {
+  if (words.AtEnd()) return MediaError::kMissingParameter;
   const std::string area = words.NextKeyword();
   command.area = area == "destination" ? PictureArea::kDestination : PictureArea::kSource;
-  return area == "source" || area == "destination" ? 0 : command_error::kUnknownKeyword;
+  return area == "source" || area == "destination" ? MediaStatus() : MediaError::kUnknownKeyword;
 }
 
-int ParseWindow(Words& words, ParsedCommand& command) {
-  if (const int error = Expect(words, "handle"); error != 0) return error;
+MediaStatus ParseWindow(Words& words, ParsedCommand& command) {
+  if (const MediaStatus status = Expect(words, "handle"); !status.Ok()) return status;
   return TakeNumber(words, command.window);
 }
 
-int ParsePut(Words& words, ParsedCommand& command) {
-  if (const int error = Expect(words, "destination"); error != 0) return error;
+MediaStatus ParsePut(Words& words, ParsedCommand& command) {
+  if (const MediaStatus status = Expect(words, "destination"); !status.Ok()) return status;
   command.area = PictureArea::kDestination;
-  if (words.AtEnd()) return 0;
-  if (const int error = Expect(words, "at"); error != 0) return error;
+  if (words.AtEnd()) return {};
+  if (const MediaStatus status = Expect(words, "at"); !status.Ok()) return status;
   PictureRectangle& rectangle = command.rectangle.emplace();
   for (int* const side : {&rectangle.left, &rectangle.top, &rectangle.width, &rectangle.height}) {
-    if (const int error = TakeNumber(words, *side); error != 0) return error;
+    if (const MediaStatus status = TakeNumber(words, *side); !status.Ok()) return status;
   }
-  return 0;
+  return {};
 }
 
-int ParseRest(Words& words, ParsedCommand& command) {
+MediaStatus ParseRest(Words& words, ParsedCommand& command) {
   switch (command.verb) {
     case Verb::kOpen: return ParseOpen(words, command);
     case Verb::kPlay: return ParsePlay(words, command);
@@ -191,9 +190,9 @@ int ParseRest(Words& words, ParsedCommand& command) {
     case Verb::kClose:
     case Verb::kPause:
     case Verb::kResume:
-    case Verb::kStop: return 0;
+    case Verb::kStop: return {};
   }
-  return command_error::kInternal;
+  return MediaError::kInternal;
 }
 
 std::optional<Verb> VerbOf(std::string_view word) {
@@ -207,19 +206,19 @@ std::optional<Verb> VerbOf(std::string_view word) {
 
 ParseOutcome ParseCommand(std::string_view text) {
   Words words(text);
-  if (words.AtEnd()) return {command_error::kMissingCommand};
+  if (words.AtEnd()) return {MediaError::kMissingCommand};
   const std::optional<Verb> verb = VerbOf(words.NextKeyword());
   const std::string_view device = verb == Verb::kOpen ? words.NextPath() : words.Next();
-  if (words.QuoteOpen()) return {command_error::kNoClosingQuote};
-  if (device.empty()) return {command_error::kMissingDevice};
-  if (!verb) return {command_error::kUnknownCommand};
+  if (words.QuoteOpen()) return {MediaError::kNoClosingQuote};
+  if (device.empty()) return {MediaError::kMissingDevice};
+  if (!verb) return {MediaError::kUnknownCommand};
   ParseOutcome outcome;
   outcome.command.verb = *verb;
   outcome.command.alias = ToLower(device);
   if (*verb == Verb::kOpen) outcome.command.path = device;
-  outcome.error = ParseRest(words, outcome.command);
-  if (words.QuoteOpen()) outcome.error = command_error::kNoClosingQuote;
-  if (outcome.error == 0 && !words.AtEnd()) outcome.error = command_error::kUnknownKeyword;
+  outcome.status = ParseRest(words, outcome.command);
+  if (words.QuoteOpen()) outcome.status = MediaError::kNoClosingQuote;
+  if (outcome.status.Ok() && !words.AtEnd()) outcome.status = MediaError::kUnknownKeyword;
   return outcome;
 }
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/multimedia/MediaStatus.h"
+
 /// Reading one command string. Keywords and aliases are taken in any letter case; what stands in quotes is kept byte
 /// for byte, blanks included. The path of kOpen ends at the last quote of the command, and may hold others.
 namespace quillon {
@@ -36,7 +38,7 @@ struct ParsedCommand {
 };
 
 struct ParseOutcome {
-  int error = 0;  ///< 0, or a number of command_error; what has been read up to there is in `command`
+  MediaStatus status = {};  ///< on failure `command` holds what has been read up to there
   ParsedCommand command = {};
 };
 

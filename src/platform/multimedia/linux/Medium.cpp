@@ -4,7 +4,6 @@
 #include <limits>
 #include <utility>
 
-#include "platform/multimedia/CommandDevice.h"
 #include "platform/multimedia/linux/Sinks.h"
 
 namespace quillon {
@@ -15,24 +14,24 @@ constexpr int kLastPicture = 100;
 
 }  // namespace
 
-Result<std::unique_ptr<Medium>, int> Medium::Open(const std::string& path, std::chrono::milliseconds limit) {
-  if (!StartGStreamer()) return command_error::kInternal;
+Result<std::unique_ptr<Medium>, MediaError> Medium::Open(const std::string& path, std::chrono::milliseconds limit) {
+  if (!StartGStreamer()) return MediaError::kInternal;
   const Deadline deadline(limit);
   // A length that takes too long to be found leaves the pipeline time to estimate it.
-  Result<MediumSource, int> source = FindMediumSource(path, Deadline(limit / 2));
+  Result<MediumSource, MediaError> source = FindMediumSource(path, Deadline(limit / 2));
   if (!source) return source.Failure();
   std::unique_ptr<Medium> medium(new Medium(std::move(*source)));
-  if (const int problem = medium->Load(deadline); problem != 0) return problem;
+  if (const MediaStatus loaded = medium->Load(deadline); !loaded.Ok()) return loaded.Failure();
   return medium;
 }
 
-int Medium::Load(const Deadline& deadline) {
-  if (pipeline_.Prepare(deadline.Left()) != Pipeline::Event::kNone) return command_error::kInvalidFile;
+MediaStatus Medium::Load(const Deadline& deadline) {
+  if (pipeline_.Prepare(deadline.Left()) != Pipeline::Event::kNone) return MediaError::kInvalidFile;
   length_ = source_.milliseconds ? source_.milliseconds : pipeline_.Length();
   start_ = pipeline_.Position().value_or(0);
   picture_ = pipeline_.Picture();
   hasSound_ = pipeline_.HasSound();
-  return length_ != 0 ? 0 : command_error::kInvalidFile;
+  return length_ != 0 ? MediaStatus() : MediaError::kInvalidFile;
 }
 
 void Medium::Update() {
@@ -106,41 +105,39 @@ void Medium::ShowStill() {
   pipeline_.Seek(std::int64_t{start_} + place);
 }
 
-int Medium::Play() {
-  if (mode_ == Mode::kPlaying || (length_ && position_ >= *length_)) return 0;
+MediaStatus Medium::Play() {
+  if (mode_ == Mode::kPlaying || (length_ && position_ >= *length_)) return {};
   if (nothingLeft_) {
     position_ = length_.value_or(position_);
-    return 0;
+    return {};
   }
-  if (!connected_ && !Connect()) return command_error::kNotReady;
+  if (!connected_ && !Connect()) return MediaError::kNotReady;
   pipeline_.Run();
   mode_ = Mode::kPlaying;
-  return 0;
+  return {};
 }
 
-int Medium::Pause() {
-  if (mode_ != Mode::kPlaying) return 0;
+void Medium::Pause() {
+  if (mode_ != Mode::kPlaying) return;
   pipeline_.Hold();
   position_ = Position();
   mode_ = Mode::kPaused;
-  return 0;
 }
 
-int Medium::Resume() {
-  return mode_ == Mode::kPaused ? Play() : 0;
+MediaStatus Medium::Resume() {
+  return mode_ == Mode::kPaused ? Play() : MediaStatus();
 }
 
-int Medium::Stop() {
+void Medium::Stop() {
   failed_ = false;
-  if (mode_ == Mode::kStopped) return 0;
+  if (mode_ == Mode::kStopped) return;
   pipeline_.Hold();
   position_ = Position();
   mode_ = Mode::kStopped;
-  return 0;
 }
 
-int Medium::Seek(std::int32_t milliseconds) {
-  if (milliseconds < 0 || milliseconds > Length()) return command_error::kOutOfRange;
+MediaStatus Medium::Seek(std::int32_t milliseconds) {
+  if (milliseconds < 0 || milliseconds > Length()) return MediaError::kOutOfRange;
   if (mode_ == Mode::kPlaying) pipeline_.Hold();
   mode_ = Mode::kStopped;
   position_ = milliseconds;
@@ -148,33 +145,33 @@ int Medium::Seek(std::int32_t milliseconds) {
   failed_ = false;
   if (connected_) ShowStill();
   Update();
-  return 0;
+  return {};
 }
 
-int Medium::SetWindow(std::uint64_t owner) {
-  if (!picture_) return command_error::kNoPicture;
+MediaStatus Medium::SetWindow(std::uint64_t owner) {
+  if (!picture_) return MediaError::kNoPicture;
   std::unique_ptr<PictureWindow> window;
   if (owner != 0) {
     window = PictureWindow::Make(owner, destination_);
-    if (!window) return command_error::kNoPicture;
+    if (!window) return MediaError::kNoPicture;
   }
   position_ = Position();
   pictureLost_ = false;
   std::swap(window_, window);
-  if (!Connect()) return command_error::kNotReady;
+  if (!Connect()) return MediaError::kNotReady;
   if (mode_ == Mode::kPlaying) pipeline_.Run();
-  return 0;
+  return {};
 }
 
-int Medium::Put(const std::optional<PictureRectangle>& rectangle) {
-  if (!picture_) return command_error::kNoPicture;
+MediaStatus Medium::Put(const std::optional<PictureRectangle>& rectangle) {
+  if (!picture_) return MediaError::kNoPicture;
   destination_ = rectangle;
-  if (!window_) return 0;
+  if (!window_) return {};
   window_->Move(rectangle);
   pipeline_.Redraw();
   position_ = Position();
   if (connected_ && mode_ != Mode::kPlaying) ShowStill();
-  return 0;
+  return {};
 }
 
 int Medium::Position() {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/Result.h"
+#include "platform/multimedia/MediaStatus.h"
 #include "platform/multimedia/linux/CommandString.h"
 #include "platform/multimedia/linux/Deadline.h"
 #include "platform/multimedia/linux/MediumSource.h"
@@ -16,8 +17,8 @@
 
 namespace quillon {
 
-/// One open file. Commands answer 0 or a number of command_error; times are milliseconds. Update must be called before
-/// each, so that what has happened meanwhile is known.
+/// One open file. Times are milliseconds. Update must be called before each command, so that what has happened
+/// meanwhile is known.
 class Medium {
  public:
   enum class Mode { kStopped, kPlaying, kPaused };
@@ -27,22 +28,22 @@ class Medium {
 
   /// Opens regular files only, and only those whose first sound or picture comes within the limit; neither sound device
   /// nor window is touched.
-  static Result<std::unique_ptr<Medium>, int> Open(const std::string& path,
-                                                   std::chrono::milliseconds limit = kOpeningLimit);
+  static Result<std::unique_ptr<Medium>, MediaError> Open(const std::string& path,
+                                                          std::chrono::milliseconds limit = kOpeningLimit);
 
   void Update();
 
   /// From where the medium stands; at the end this plays nothing.
-  int Play();
-  int Pause();
-  int Resume();
-  int Stop();
+  MediaStatus Play();
+  void Pause();
+  MediaStatus Resume();
+  void Stop();
   /// The medium is stopped there.
-  int Seek(std::int32_t milliseconds);
+  MediaStatus Seek(std::int32_t milliseconds);
   /// 0 takes the window away.
-  int SetWindow(std::uint64_t owner);
+  MediaStatus SetWindow(std::uint64_t owner);
   /// Where in the window the picture is drawn; the whole of it without a rectangle.
-  int Put(const std::optional<PictureRectangle>& rectangle);
+  MediaStatus Put(const std::optional<PictureRectangle>& rectangle);
 
   [[nodiscard]] Mode CurrentMode() const { return mode_; }
   /// True when it stopped because it could not be played on from there. Another try, or another place, is a new start.
@@ -57,7 +58,7 @@ class Medium {
  private:
   explicit Medium(MediumSource source) : source_(std::move(source)), pipeline_(source_.path) {}
 
-  int Load(const Deadline& deadline);
+  MediaStatus Load(const Deadline& deadline);
   bool Connect();
   void On(Pipeline::Event event);
   void ShowStill();

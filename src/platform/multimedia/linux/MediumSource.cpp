@@ -9,7 +9,6 @@
 
 #include "platform/FileSystem.h"
 #include "platform/linux/WriteAll.h"
-#include "platform/multimedia/CommandDevice.h"
 #include "platform/multimedia/linux/FlatMidi.h"
 #include "platform/multimedia/linux/MpegAudioLength.h"
 #include "platform/multimedia/linux/MpegProgramLength.h"
@@ -20,10 +19,10 @@ namespace {
 
 constexpr std::uint64_t kMostWaveInMemory = 256U << 20U;  // twenty-five minutes of a CD
 
-int FileProblem(const std::string& path) {
+MediaStatus CheckFile(const std::string& path) {
   struct stat status = {};
-  if (path.empty() || ::stat(path.c_str(), &status) != 0) return command_error::kFileNotFound;
-  return S_ISREG(status.st_mode) && status.st_size > 0 ? 0 : command_error::kInvalidFile;
+  if (path.empty() || ::stat(path.c_str(), &status) != 0) return MediaError::kFileNotFound;
+  return S_ISREG(status.st_mode) && status.st_size > 0 ? MediaStatus() : MediaError::kInvalidFile;
 }
 
 std::string AbsolutePath(const std::string& path) {
@@ -33,38 +32,38 @@ std::string AbsolutePath(const std::string& path) {
   return copy;
 }
 
-Result<MediumSource, int> InMemory(Descriptor memory, std::optional<int> milliseconds) {
+Result<MediumSource, MediaError> InMemory(Descriptor memory, std::optional<int> milliseconds) {
   std::string path = "/proc/self/fd/" + std::to_string(memory.Number());
   return MediumSource{std::move(path), std::move(memory), milliseconds};
 }
 
-Result<MediumSource, int> SongInMemory(const FlatMidiSong& song) {
+Result<MediumSource, MediaError> SongInMemory(const FlatMidiSong& song) {
   Descriptor memory(::memfd_create("song", MFD_CLOEXEC));
-  if (!memory.Open() || !WriteAll(memory.Number(), song.file)) return command_error::kInternal;
+  if (!memory.Open() || !WriteAll(memory.Number(), song.file)) return MediaError::kInternal;
   return InMemory(std::move(memory), song.milliseconds);
 }
 
 /// The beginning of a file.
-Result<MediumSource, int> CopyInMemory(ByteSource& file, std::uint64_t length) {
+Result<MediumSource, MediaError> CopyInMemory(ByteSource& file, std::uint64_t length) {
   constexpr std::uint64_t kPiece = 1U << 20U;
   Descriptor memory(::memfd_create("sound", MFD_CLOEXEC));
-  if (!memory.Open()) return command_error::kInternal;
+  if (!memory.Open()) return MediaError::kInternal;
   for (std::uint64_t offset = 0; offset < length; offset += kPiece) {
     const std::string piece = file.Read(offset, std::min(kPiece, length - offset));
-    if (!WriteAll(memory.Number(), piece)) return command_error::kInternal;
+    if (!WriteAll(memory.Number(), piece)) return MediaError::kInternal;
   }
   return InMemory(std::move(memory), std::nullopt);
 }
 
 }  // namespace
 
-Result<MediumSource, int> FindMediumSource(const std::string& path, const Deadline& deadline) {
-  if (const int problem = FileProblem(path); problem != 0) return problem;
+Result<MediumSource, MediaError> FindMediumSource(const std::string& path, const Deadline& deadline) {
+  if (const MediaStatus checked = CheckFile(path); !checked.Ok()) return checked.Failure();
   const std::unique_ptr<ByteSource> file = OpenSystemFile(path);
-  if (!file) return command_error::kInvalidFile;
+  if (!file) return MediaError::kInvalidFile;
   if (IsMidi(*file)) {
     const std::optional<FlatMidiSong> song = FlattenMidi(*file, deadline);
-    if (!song) return command_error::kInvalidFile;
+    if (!song) return MediaError::kInvalidFile;
     return SongInMemory(*song);
   }
   if (const std::optional<std::uint64_t> wave = WaveLengthWithoutRest(*file); wave && *wave <= kMostWaveInMemory) {

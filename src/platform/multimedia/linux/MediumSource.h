@@ -5,6 +5,7 @@
 
 #include "base/Result.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/multimedia/MediaStatus.h"
 #include "platform/multimedia/linux/Deadline.h"
 
 namespace quillon {
@@ -16,8 +17,8 @@ struct MediumSource {
   std::optional<int> milliseconds = std::nullopt;   ///< the length, where it has been found out already
 };
 
-/// A number of command_error when nothing there can be played, or a song is not read by the deadline. A length that is
+/// An error when nothing there can be played, or a song is not read by the deadline. A length that is
 /// not found by then stays unknown.
-Result<MediumSource, int> FindMediumSource(const std::string& path, const Deadline& deadline);
+Result<MediumSource, MediaError> FindMediumSource(const std::string& path, const Deadline& deadline);
 
 }  // namespace quillon

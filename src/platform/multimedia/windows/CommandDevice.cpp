@@ -77,18 +77,23 @@ const char* NameOfMode(DWORD_PTR mode) {
 }
 
 /// The number without the device's own in its upper half.
-int ErrorNumber(MCIERROR error) {
-  return LOWORD(error);
+MediaError ErrorOf(MCIERROR error) {
+  return static_cast<MediaError>(LOWORD(error));
 }
 
 CommandReply SendToSystem(const std::string& command) {
   constexpr std::size_t kLongestReply = 1024;
   const std::optional<std::wstring> wide = ToWide(command);
-  if (!wide) return {command_error::kFileNotFound};
+  if (!wide) return MediaError::kFileNotFound;
   std::wstring reply(kLongestReply, L'\0');
   const MCIERROR error = mciSendStringW(wide->c_str(), reply.data(), static_cast<UINT>(reply.size()), nullptr);
-  if (error != 0) return {ErrorNumber(error)};
-  return {0, FromWide(reply.c_str())};
+  if (error != 0) return ErrorOf(error);
+  return FromWide(reply.c_str());
+}
+
+/// 0 without an answer.
+std::int64_t Number(const CommandReply& reply) {
+  return reply ? LeadingNumber(*reply) : 0;
 }
 
 MCIDEVICEID DeviceOf(const std::string& alias) {
@@ -110,8 +115,8 @@ CommandReply Mode(const std::string& command, const std::string& alias) {
   if (device == 0) return SendToSystem(command);
   DWORD_PTR mode = 0;
   const MCIERROR error = ReadMode(device, mode);
-  if (error != 0) return {ErrorNumber(error)};
-  return {0, NameOfMode(mode)};
+  if (error != 0) return ErrorOf(error);
+  return std::string(NameOfMode(mode));
 }
 
 bool IsPaused(const std::string& alias) {
@@ -144,16 +149,16 @@ FilmStreams StreamsOf(const std::string& path, ByteSource& file) {
 constexpr const char* kByDirectShow = " type MPEGVideo";
 
 /// True where the fault need not be the file's. DirectShow in Wine may wait for the rest of a broken one for ever.
-bool MayOpenOtherwise(int error) {
-  return error != command_error::kAliasInUse && error != command_error::kInvalidFile;
+bool MayOpenOtherwise(MediaError error) {
+  return error != MediaError::kAliasInUse && error != MediaError::kInvalidFile;
 }
 
 /// What the device of the extension cannot open (newer codecs in AVI) DirectShow often can.
 CommandReply OpenEitherWay(const std::string& command, bool isThere) {
   CommandReply first = SendToSystem(command);
-  if (first.error == 0 || !isThere || !MayOpenOtherwise(first.error)) return first;
+  if (first || !isThere || !MayOpenOtherwise(first.Failure())) return first;
   CommandReply second = SendToSystem(command + kByDirectShow);
-  return second.error == 0 ? second : first;
+  return second ? second : first;
 }
 
 /// The file's short path (8.3) where the system's devices would take its path for too long; where there is no short
@@ -181,9 +186,9 @@ class SystemCommandDevice final : public CommandDevice {
   ~SystemCommandDevice() override { mciSendStringW(L"close all", nullptr, 0, nullptr); }
 
   CommandReply Send(const std::string& command, int replySize) override {
-    CommandReply reply = CarryOut(command);
-    reply.text = FirstCharacters(reply.text, static_cast<std::size_t>(std::max(replySize - 1, 0)));
-    return reply;
+    const CommandReply reply = CarryOut(command);
+    if (!reply) return reply;
+    return std::string(FirstCharacters(*reply, static_cast<std::size_t>(std::max(replySize - 1, 0))));
   }
 
  private:
@@ -208,7 +213,7 @@ class SystemCommandDevice final : public CommandDevice {
     const std::unique_ptr<ByteSource> file = OpenSystemFile(path);
     if (!file || !makesUpForWine_) return OpenEitherWay(command, file != nullptr);
     switch (StreamsOf(path, *file)) {
-      case FilmStreams::kNone: return {command_error::kInvalidFile};
+      case FilmStreams::kNone: return MediaError::kInvalidFile;
       // Wine's device for AVI files crashes where there are no pictures.
       case FilmStreams::kSoundAlone: return SendToSystem(command + kByDirectShow);
       default: return OpenEitherWay(command, true);
@@ -219,19 +224,17 @@ class SystemCommandDevice final : public CommandDevice {
   /// stopping at once leads to the same place.
   static CommandReply Seek(const std::string& command, const std::string& alias, const std::string& position) {
     CommandReply first = SendToSystem(command);
-    if (first.error != command_error::kInternal) return first;
-    const CommandReply length = SendToSystem("status " + alias + " length");
-    if (LeadingNumber(position) < 0 || LeadingNumber(position) > LeadingNumber(length.text)) {
-      return {command_error::kOutOfRange};
-    }
-    if (SendToSystem("play " + alias + " from " + position).error != 0) return first;
-    return {SendToSystem("stop " + alias).error};
+    if (first || first.Failure() != MediaError::kInternal) return first;
+    const std::int64_t length = Number(SendToSystem("status " + alias + " length"));
+    if (LeadingNumber(position) < 0 || LeadingNumber(position) > length) return MediaError::kOutOfRange;
+    if (!SendToSystem("play " + alias + " from " + position)) return first;
+    return SendToSystem("stop " + alias);
   }
 
   /// Wine takes playing a paused film for a new start: the position begins at nothing, the picture stands, and stopping
   /// it waits for ever. To resume it is the same command everywhere else; not every device has it.
   static CommandReply PlayOn(const std::string& command, const std::string& alias) {
-    if (IsPaused(alias) && IsDigitalVideo(alias) && SendToSystem("resume " + alias).error == 0) return {};
+    if (IsPaused(alias) && IsDigitalVideo(alias) && SendToSystem("resume " + alias)) return std::string();
     return SendToSystem(command);
   }
 
@@ -240,9 +243,9 @@ class SystemCommandDevice final : public CommandDevice {
     constexpr std::int64_t kWhilePausing = 100;
     if (!IsDigitalVideo(alias)) return SendToSystem(command);
     const std::string question = "status " + alias + " position";
-    const std::int64_t before = LeadingNumber(Position(question, alias).text);
+    const std::int64_t before = Number(Position(question, alias));
     CommandReply reply = SendToSystem(command);
-    const std::int64_t excess = LeadingNumber(SendToSystem(question).text) - before;
+    const std::int64_t excess = Number(SendToSystem(question)) - before;
     if (excess > kWhilePausing) excess_[alias] = excess;
     return reply;
   }
@@ -250,10 +253,8 @@ class SystemCommandDevice final : public CommandDevice {
   CommandReply Position(const std::string& command, const std::string& alias) {
     CommandReply reply = SendToSystem(command);
     const auto found = excess_.find(alias);
-    if (reply.error == 0 && found != excess_.end()) {
-      reply.text = std::to_string(LeadingNumber(reply.text) - found->second);
-    }
-    return reply;
+    if (!reply || found == excess_.end()) return reply;
+    return std::to_string(Number(reply) - found->second);
   }
 
   void ForgetExcess(const std::string& alias) {
