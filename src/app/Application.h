@@ -86,7 +86,7 @@ class Application : private FilePanel {
     ProgressDisplay& loading;  ///< over the list
     ProgressDisplay& waiting;  ///< the wait window
     FolderDialog& folders;
-    CommandDevice& device;
+    MediaDevice& device;
     PlayerPanel& playerPanel;
     MovieWindow& movie;
     FileReads& files;

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "player/basMCIControl.h"
+#include "platform/multimedia/PictureSize.h"
 
 /// The measures of the movie window. All are twips, but where pixels are named.
 namespace quillon {

@@ -37,11 +37,7 @@ std::string TimeText(std::int32_t elapsed, std::int32_t total) {
 }
 
 MusicPlayer::MusicPlayer(const FileList& list, const OptionValues& options, Ports ports, PathStyle style)
-    : list_(list),
-      options_(options),
-      ports_(std::move(ports)),
-      style_(style),
-      mci_(ports_.device, ports_.files, paths_) {}
+    : list_(list), options_(options), ports_(std::move(ports)), style_(style) {}
 
 void MusicPlayer::cmdPlay() {
   if (!OpenedWithShell()) PlayOrPause();
@@ -68,15 +64,15 @@ void MusicPlayer::PlayOrPause() {
 bool MusicPlayer::ChangeState() {
   ports_.window.SetPointer(Pointer::kBusyArrow);
   const Finally normal([this] { ports_.window.SetPointer(Pointer::kNormal); });
-  switch (mci_.Mode()) {
-    case MCIMode::kPlaying: Pause(); return true;
-    case MCIMode::kPaused: Resume(); return true;
+  switch (ports_.device.Mode()) {
+    case MediaMode::kPlaying: Pause(); return true;
+    case MediaMode::kPaused: Resume(); return true;
     default: return StartChosen();
   }
 }
 
 void MusicPlayer::Pause() {
-  mci_.MCICommand("pause");
+  ports_.device.Pause();
   SetButton(PlayButton::kPlay);
   SetTimer(0);
   ShowStatus(kPaused, paths_.playingFilePath);
@@ -84,8 +80,7 @@ void MusicPlayer::Pause() {
 
 void MusicPlayer::Resume() {
   SetTimer(kTickInterval);
-  mci_.MCICommand("play");
-  playRefused_ = mci_.Refused();
+  playRefused_ = !ports_.device.Play().Ok();
   SetButton(PlayButton::kPause);
   ShowStatus(kPlaying, paths_.playingFilePath);
 }
@@ -94,17 +89,17 @@ bool MusicPlayer::StartChosen() {
   // Stopped at a point, the device still holds its file: another one could not be opened.
   if (!paths_.playingFilePath.empty() && paths_.playingFilePath != paths_.playFilePath) {
     CloseMovie();
-    mci_.MCICommand("close");
+    ports_.device.Close();
   }
   ShowStatus(kLoading, paths_.playFilePath);
-  mci_.MCICommand("open");
+  ports_.device.Open(paths_.playFilePath);
   heard_ = false;
   paths_.playingFilePath = paths_.playFilePath;
-  const std::optional<std::int32_t> length = mci_.Length();
+  const std::optional<std::int32_t> length = ports_.device.Length();
   if (!length) return false;
   length_ = *length;
   ports_.panel.SetLength(length_);
-  if (!mci_.Source().empty() && !movieShown_) {
+  if (ports_.device.Picture() && !movieShown_) {
     movieShown_ = ports_.movie.Show();
     if (!movieShown_) return false;
   }
@@ -113,7 +108,7 @@ bool MusicPlayer::StartChosen() {
 }
 
 void MusicPlayer::Recover() {
-  mci_.MCICommand("close");
+  ports_.device.Close();
   paths_ = {};
   CloseMovie();
   ports_.status.SetPlayerText(kPlayerIdleText);
@@ -126,8 +121,8 @@ void MusicPlayer::Recover() {
 
 void MusicPlayer::cmdStop() {
   if (interval_ == kFailureShown) return LeaveFailed();
-  const MCIMode mode = mci_.Mode();
-  if (mode != MCIMode::kPlaying && mode != MCIMode::kPaused) return;
+  const MediaMode mode = ports_.device.Mode();
+  if (mode != MediaMode::kPlaying && mode != MediaMode::kPaused) return;
   CloseMovie();
   StopAndClose();
   ShowStatus(kStopped, paths_.playingFilePath);
@@ -149,24 +144,24 @@ void MusicPlayer::Play(const std::string& path) {
 void MusicPlayer::StopBeforeStart() {
   cmdStop();
   // Stopped at a point: it would go on from there.
-  if (mci_.Mode() == MCIMode::kStopped) mci_.MCICommand("prev");
+  if (ports_.device.Mode() == MediaMode::kStopped) ports_.device.SeekToStart();
 }
 
 // Messages are not let through in here: a dialog opened by one of them would hold the player up.
 void MusicPlayer::timMCIChecker() {
   if (interval_ == 0) return;
   if (interval_ == kFailureShown) return GoPastFailed();
-  const MCIMode mode = mci_.Mode();
-  if (mode == MCIMode::kPlaying) {
+  const MediaMode mode = ports_.device.Mode();
+  if (mode == MediaMode::kPlaying) {
     heard_ = true;
     failedInARow_ = 0;
   }
   if (!sliderSeeking_) {
-    if (mode == MCIMode::kNone || (mode == MCIMode::kStopped && playRefused_)) return FileFailed();
-    if (mode == MCIMode::kStopped && FileEnded()) return;
+    if (mode == MediaMode::kNone || (mode == MediaMode::kStopped && playRefused_)) return FileFailed();
+    if (mode == MediaMode::kStopped && FileEnded()) return;
   }
-  if (!sliderSeeking_) SetPosition(mci_.MCIPosition());
-  ShowTime(mci_.MCIPosition());
+  if (!sliderSeeking_) SetPosition(ports_.device.Position());
+  ShowTime(ports_.device.Position());
 }
 
 bool MusicPlayer::FileEnded() {
@@ -189,9 +184,8 @@ bool MusicPlayer::FileEnded() {
 
 void MusicPlayer::Repeat() {
   heard_ = false;
-  mci_.MCICommand("prev");
-  mci_.MCICommand("play");
-  playRefused_ = mci_.Refused();
+  ports_.device.SeekToStart();
+  playRefused_ = !ports_.device.Play().Ok();
 }
 
 // The device has nothing to play, or has given up.
@@ -248,13 +242,13 @@ int MusicPlayer::NextPlayableRow() const {
 
 void MusicPlayer::SliderReleased(std::int32_t value) {
   if (!sliderSeeking_) return;  // its window was closed under the user's hand
-  switch (mci_.Mode()) {
-    case MCIMode::kPlaying:
-      mci_.MCISeek(value);
-      mci_.MCICommand("play");
+  switch (ports_.device.Mode()) {
+    case MediaMode::kPlaying:
+      ports_.device.Seek(value);
+      ports_.device.Play();
       break;
-    case MCIMode::kPaused: mci_.MCISeek(value); break;
-    default: ShowTime(value); mci_.MCISeek(value);
+    case MediaMode::kPaused: ports_.device.Seek(value); break;
+    default: ShowTime(value); ports_.device.Seek(value);
   }
   sliderSeeking_ = false;
   SetPosition(value);
@@ -265,10 +259,10 @@ std::string MusicPlayer::SliderTip(std::int32_t value) {
 }
 
 void MusicPlayer::PauseOrGoOn() {
-  switch (mci_.Mode()) {
-    case MCIMode::kPlaying: Pause(); break;
-    case MCIMode::kPaused:
-    case MCIMode::kStopped: Resume(); break;  // at the point where the slider has left it
+  switch (ports_.device.Mode()) {
+    case MediaMode::kPlaying: Pause(); break;
+    case MediaMode::kPaused:
+    case MediaMode::kStopped: Resume(); break;  // at the point where the slider has left it
     default: break;
   }
 }
@@ -287,8 +281,8 @@ void MusicPlayer::CloseMovie() {
 bool MusicPlayer::MovieUnloaded() {
   movieShown_ = false;
   sliderSeeking_ = false;
-  const MCIMode mode = mci_.Mode();
-  if (mode != MCIMode::kPlaying && mode != MCIMode::kPaused) return false;
+  const MediaMode mode = ports_.device.Mode();
+  if (mode != MediaMode::kPlaying && mode != MediaMode::kPaused) return false;
   StopAndClose();
   ShowStatus(kStopped, paths_.playingFilePath);
   ShowIdle();
@@ -298,8 +292,8 @@ bool MusicPlayer::MovieUnloaded() {
 void MusicPlayer::Shutdown() {
   CloseMovie();
   SetTimer(0);
-  mci_.MCICommand("close");
-  mci_.CloseAll();
+  ports_.device.Close();
+  ports_.device.CloseAll();
 }
 
 void MusicPlayer::ReleaseFile(const std::string& path) {
@@ -315,7 +309,7 @@ void MusicPlayer::Stop() {
   if (paths_.playingFilePath.empty()) return;
   // Stopped at a point, or never opened: the stop button does nothing, but the file is let go.
   CloseMovie();
-  mci_.MCICommand("close");
+  ports_.device.Close();
   ShowIdle();
   paths_.playingFilePath.clear();
 }
@@ -330,8 +324,8 @@ void MusicPlayer::FileRemoved(const std::string& path) {
 }
 
 void MusicPlayer::StopAndClose() {
-  mci_.MCICommand("stop");
-  mci_.MCICommand("close");
+  ports_.device.Stop();
+  ports_.device.Close();
 }
 
 void MusicPlayer::ShowIdle() {

@@ -7,11 +7,17 @@
 #include "base/Ports.h"
 #include "filelist/FileList.h"
 #include "filelist/WindowPorts.h"
+#include "platform/multimedia/MediaDevice.h"
 #include "player/PlayerPorts.h"
-#include "player/basMCIControl.h"
 #include "settings/OptionValues.h"
 
 namespace quillon {
+
+/// The two paths that the whole program shares about playing.
+struct PlayerPaths {
+  std::string playFilePath;     ///< chosen for playing; empty while none is
+  std::string playingFilePath;  ///< open in the device; empty while nothing is
+};
 
 /// The player of the listed files. Events of its controls and ticks of its timer come in, commands to the device and
 /// what the controls show go out. Times are milliseconds.
@@ -26,8 +32,7 @@ namespace quillon {
 class MusicPlayer final : public PlayerControl, public PlayTimes {
  public:
   struct Ports {
-    CommandDevice& device;
-    FileReads& files;
+    MediaDevice& device;
     PlayerPanel& panel;
     MovieWindow& movie;
     StatusPanels& status;
@@ -61,8 +66,8 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   [[nodiscard]] bool SliderSeeking() const { return sliderSeeking_; }
 
   // The movie window.
-  [[nodiscard]] basMCIControl& Device() { return mci_; }
-  [[nodiscard]] bool IsPlaying() { return mci_.Mode() == MCIMode::kPlaying; }
+  [[nodiscard]] MediaDevice& Device() { return ports_.device; }
+  [[nodiscard]] bool IsPlaying() { return ports_.device.Mode() == MediaMode::kPlaying; }
   /// The user has closed it.
   void MovieClosed();
   [[nodiscard]] std::int32_t Length() const { return length_; }
@@ -82,7 +87,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   void FileRemoved(const std::string& path) override;
 
   // PlayTimes
-  [[nodiscard]] std::int32_t LengthOfChosenFile() override { return mci_.MCIFileLength(); }
+  [[nodiscard]] std::int32_t LengthOfChosenFile() override { return ports_.device.LengthOf(paths_.playFilePath); }
 
  private:
   [[nodiscard]] bool OpenedWithShell();
@@ -118,7 +123,6 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   Ports ports_;
   PathStyle style_;
   PlayerPaths paths_;
-  basMCIControl mci_;
   std::int32_t length_ = 0;
   std::int32_t position_ = 0;
   std::string time_ = kIdleTime;

@@ -11,6 +11,7 @@
 #include "app/InformationRecorders.h"
 #include "app/RenameBoxRecorder.h"
 #include "platform/Shell.h"
+#include "platform/multimedia/basMCIControl.h"
 #include "player/PlayerRecorders.h"
 #include "support/FakeDevice.h"
 #include "support/Recorders.h"
@@ -69,13 +70,14 @@ struct ApplicationFixture {
   MovieControls movie;
   std::unique_ptr<FileReads> files = MakeFileReads();
   std::unique_ptr<FileChanges> disk = MakeFileChanges();
+  basMCIControl mci{device, *files};
   int shellAnswer = kShellOpened;
   Application app;
 
   explicit ApplicationFixture(const OptionValues& options = Options(), std::string_view settingsName = "Quillon.ini")
       : app(options, {home.At(settingsName), home.At("Quillon.chm")},
             {main, ports.window, ports.panels, box, information, ports.boxes, ports.pending, ports.search,
-             ports.progress, ports.progress, ports.folders, device, playerPanel, movie, *files, *disk,
+             ports.progress, ports.progress, ports.folders, mci, playerPanel, movie, *files, *disk,
              [this](const std::string& target) {
                ports.log.Add("shell opens " + target);
                return shellAnswer;

@@ -302,7 +302,7 @@ TEST_F(PlayerOfMainWindow, ClosingTheWindowClosesTheFileAtOnce) {
   EXPECT_TRUE(PositionPasses(200));
   Frame().Close();
   ASSERT_TRUE(IsOpen()) << "it goes with the messages that are pending";
-  EXPECT_EQ(App().Player().Device().Mode(), MCIMode::kNone);
+  EXPECT_EQ(App().Player().Device().Mode(), MediaMode::kNone);
   EXPECT_TRUE(Until([this] { return !IsOpen(); }));
 }
 

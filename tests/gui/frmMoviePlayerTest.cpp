@@ -19,6 +19,7 @@
 #include "gui/Settle.h"
 #include "gui/SystemView.h"
 #include "platform/desktop/NativeWindow.h"
+#include "platform/multimedia/basMCIControl.h"
 #include "player/MusicPlayer.h"
 #include "player/PlayerRecorders.h"
 #include "player/window/frmMoviePlayer.h"
@@ -178,10 +179,11 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
   OptionValues options;
   test::FakeDevice device;
   test::MemoryFileSystem files;
+  basMCIControl mci{device, files};
   test::Recorders ports;
   test::PanelControls panel;
   MusicPlayer player{
-      list, options, {device, files, panel, *this, ports.panels, ports.boxes, ports.window, [](const std::string&) {
+      list, options, {mci, panel, *this, ports.panels, ports.boxes, ports.window, [](const std::string&) {
                         return 42;
                       }}};
 };

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/multimedia/basMCIControl.h"
 #include "player/MusicPlayer.h"
 #include "player/PlayerRecorders.h"
 #include "support/FakeDevice.h"
@@ -67,12 +68,13 @@ class MusicPlayerTest : public testing::Test {
   OptionValues options;
   test::FakeDevice device;
   test::MemoryFileSystem files{{PathStyle::kLinux, false}};
+  basMCIControl mci{device, files};
   test::Recorders ports;
   test::PanelControls panel;
   test::MovieControls movie;
   MusicPlayer player{list,
                      options,
-                     {device, files, panel, movie, ports.panels, ports.boxes, ports.window,
+                     {mci, panel, movie, ports.panels, ports.boxes, ports.window,
                       [this](const std::string& target) {
                         ports.log.Add("shell opens " + target);
                         return 42;

@@ -64,7 +64,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
     : wxFrame(nullptr, wxID_ANY, kMainTitle),
       open_(std::move(open)),
       boxes_(this),
-      device_(MakeCommandDevice()),
+      device_(MakeMediaDevice()),
       files_(MakeFileReads()),
       disk_(MakeFileChanges()),
       frmWait_(this) {

@@ -129,7 +129,7 @@ class frmMain final : public wxFrame,
 
   Opener open_;
   WxMessageBoxes boxes_;
-  std::unique_ptr<CommandDevice> device_;
+  std::unique_ptr<MediaDevice> device_;
   std::unique_ptr<FileReads> files_;
   std::unique_ptr<FileChanges> disk_;
   frmWait frmWait_;

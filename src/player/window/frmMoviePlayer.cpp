@@ -153,8 +153,8 @@ void frmMoviePlayer::BindEvents() {
 bool frmMoviePlayer::Load() {
   MusicPlayer& player = surroundings_.player;
   player.Device().SetWindow(MakeNumberedWindow(picMovie_->GetHandle()));
-  const std::optional<PictureSize> picture = PictureSizeOf(player.Device().Source());
-  if (!picture) return false;
+  const std::optional<PictureSize> picture = player.Device().Picture();
+  if (!picture || picture->width <= 0 || picture->height <= 0) return false;
   natural_ = NaturalSize(*picture, TwipsPerScreenPixel());
   ShowTitle();
   sldPosition_->SetLength(player.Length());
@@ -244,7 +244,7 @@ void frmMoviePlayer::SendDestination() {
   const wxSize box = picMovie_->GetSize();
   const PictureSize destination = DestinationPixels({box.x, box.y}, GetContentScaleFactor());
   if (std::exchange(destination_, destination) == destination) return;
-  surroundings_.player.Device().SetDestination(destination.width, destination.height);
+  surroundings_.player.Device().PutPicture(destination);
 }
 
 void frmMoviePlayer::ShowPlayMenu() {

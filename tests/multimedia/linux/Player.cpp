@@ -12,9 +12,13 @@ void Sleep(int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
-Player::Player() : device_(MakeCommandDevice()) {
+void SilenceSound() {
   ::setenv("PULSE_SERVER", "unix:/nonexistent", 1);
   ::setenv("ALSA_CONFIG_PATH", "/dev/null", 1);
+}
+
+Player::Player() : device_(MakeCommandDevice()) {
+  SilenceSound();
 }
 
 CommandReply Player::Send(const std::string& command) {

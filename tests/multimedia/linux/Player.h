@@ -9,6 +9,9 @@
 
 namespace quillon::test {
 
+/// From here on no device finds a sound server or card, whatever the machine has.
+void SilenceSound();
+
 /// A command device that never finds a sound server or card, whatever the machine has: tests are silent.
 class Player {
  public:

@@ -1,0 +1,27 @@
+#include "platform/multimedia/MediaDevice.h"
+
+#include "platform/FileSystem.h"
+#include "platform/multimedia/CommandDevice.h"
+#include "platform/multimedia/basMCIControl.h"
+
+namespace quillon {
+namespace {
+
+struct SystemPorts {
+  std::unique_ptr<CommandDevice> device = MakeCommandDevice();
+  std::unique_ptr<FileReads> files = MakeFileReads();
+};
+
+/// The ports are a base, so that they are there before the class that works with them, and outlive it.
+class SystemMediaDevice final : private SystemPorts, public basMCIControl {
+ public:
+  SystemMediaDevice() : basMCIControl(*SystemPorts::device, *SystemPorts::files) {}
+};
+
+}  // namespace
+
+std::unique_ptr<MediaDevice> MakeMediaDevice() {
+  return std::make_unique<SystemMediaDevice>();
+}
+
+}  // namespace quillon
