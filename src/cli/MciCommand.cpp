@@ -10,6 +10,7 @@
 #include "cli/Table.h"
 #include "platform/Program.h"
 #include "platform/multimedia/CommandDevice.h"
+#include "platform/multimedia/CommandText.h"
 
 namespace quillon::cli {
 namespace {
@@ -67,7 +68,7 @@ std::string AwaitMode(CommandDevice& device, std::string_view alias, std::string
   constexpr milliseconds kBetweenLooks(10);
   const auto deadline = Clock::now() + limit;
   while (true) {
-    const CommandReply reply = device.Send("status " + std::string(alias) + " mode", kReplySize);
+    const CommandReply reply = device.Send(command_text::AskMode(alias), kReplySize);
     if (!reply || *reply == mode || Clock::now() >= deadline) return Answer(reply);
     std::this_thread::sleep_for(kBetweenLooks);
   }

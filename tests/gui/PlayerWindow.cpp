@@ -9,9 +9,8 @@
 #include <memory>
 
 #include "controls/WxText.h"
-#include "platform/multimedia/CommandDevice.h"
+#include "platform/multimedia/MediaDevice.h"
 #include "support/MediaBuilders.h"
-#include "support/Replies.h"
 
 namespace quillon::test {
 namespace {
@@ -23,16 +22,15 @@ constexpr int kSliderEnd = 12;      // DIP: half a thumb, where the groove begin
 }  // namespace
 
 bool DevicePlays(const std::string& path) {
-  const std::unique_ptr<CommandDevice> device = MakeCommandDevice();
-  if (!device->Send("open \"" + path + "\" alias PROBE", 0)) return false;
-  (void)device->Send("set PROBE time format milliseconds", 0);
-  (void)device->Send("play PROBE", 0);
+  const std::unique_ptr<MediaDevice> device = MakeMediaDevice();
+  if (!device->Open(path).Ok()) return false;
+  device->Play();
   const wxStopWatch watch;
   bool passes = false;
   while (!passes && watch.Time() < kProbeLength) {
     wxMilliSleep(kPause);
-    const std::string position = TextOf(device->Send("status PROBE position", 16));
-    passes = TextOf(device->Send("status PROBE mode", 16)) == "playing" && !position.empty() && position != "0";
+    const bool moved = device->Position() != 0;
+    passes = device->Mode() == MediaMode::kPlaying && moved;
   }
   return passes;
 }

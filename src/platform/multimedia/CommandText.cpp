@@ -25,6 +25,14 @@ std::string Play(std::string_view alias) {
   return Joined({"Play ", alias});
 }
 
+std::string PlayFrom(std::string_view alias, std::int32_t position) {
+  return Joined({"play ", alias, " from ", std::to_string(position)});
+}
+
+std::string Resume(std::string_view alias) {
+  return Joined({"resume ", alias});
+}
+
 std::string Pause(std::string_view alias) {
   return Joined({"Pause ", alias});
 }

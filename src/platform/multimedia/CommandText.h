@@ -14,6 +14,8 @@ inline constexpr const char* kCloseAll = "close all";
 [[nodiscard]] std::string Open(std::string_view path, std::string_view alias);
 [[nodiscard]] std::string Close(std::string_view alias);
 [[nodiscard]] std::string Play(std::string_view alias);
+[[nodiscard]] std::string PlayFrom(std::string_view alias, std::int32_t position);
+[[nodiscard]] std::string Resume(std::string_view alias);
 [[nodiscard]] std::string Pause(std::string_view alias);
 [[nodiscard]] std::string Stop(std::string_view alias);
 [[nodiscard]] std::string Seek(std::string_view alias, std::int32_t position);

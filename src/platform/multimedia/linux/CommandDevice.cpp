@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "platform/multimedia/linux/CommandString.h"
+#include "platform/multimedia/CommandString.h"
 #include "platform/multimedia/linux/Medium.h"
 
 namespace quillon {
@@ -119,6 +119,7 @@ class GstCommandDevice final : public CommandDevice {
     return std::string();
   }
 
+  /// Whatever type the command names: one player takes them all.
   MediaStatus Open(const ParsedCommand& command) {
     if (media_.contains(command.alias)) return MediaError::kAliasInUse;
     if (media_.size() >= kMostOpen) return MediaError::kTooManyOpen;

@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "base/Result.h"
+#include "platform/multimedia/CommandString.h"
 #include "platform/multimedia/MediaStatus.h"
-#include "platform/multimedia/linux/CommandString.h"
 #include "platform/multimedia/linux/Deadline.h"
 #include "platform/multimedia/linux/MediumSource.h"
 #include "platform/multimedia/linux/PictureWindow.h"

@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "platform/multimedia/linux/CommandString.h"
+#include "platform/multimedia/CommandString.h"
 
 namespace quillon {
 

@@ -8,11 +8,12 @@
 #include <cstdint>
 #include <map>
 #include <string_view>
-#include <vector>
 
 #include "base/Text.h"
 #include "platform/FileSystem.h"
 #include "platform/WindowsPath.h"
+#include "platform/multimedia/CommandString.h"
+#include "platform/multimedia/CommandText.h"
 #include "platform/multimedia/windows/WineFaults.h"
 #include "platform/windows/SystemPath.h"
 #include "platform/windows/Wide.h"
@@ -20,48 +21,37 @@
 namespace quillon {
 namespace {
 
-/// The words of a command in lower case; a quoted one keeps its letters and loses the quotes.
-std::vector<std::string> Words(std::string_view command) {
-  std::vector<std::string> words;
-  for (command = Trim(command); !command.empty(); command = Trim(command)) {
-    const bool quoted = command.front() == '"';
-    if (quoted) command.remove_prefix(1);
-    const std::size_t end = std::min(command.find(quoted ? '"' : ' '), command.size());
-    words.push_back(quoted ? std::string(command.substr(0, end)) : ToLower(command.substr(0, end)));
-    command.remove_prefix(std::min(end + 1, command.size()));
-  }
-  return words;
+/// True for a command that has been understood whole. Of the others, only the system knows what they do.
+bool Is(Verb verb, const ParseOutcome& parsed) {
+  return parsed.status.Ok() && parsed.command.verb == verb;
 }
 
-bool AsksForMode(const std::vector<std::string>& words) {
-  return words.size() == 3 && words[0] == "status" && words[2] == "mode";
+bool AsksFor(StatusItem item, const ParseOutcome& parsed) {
+  return Is(Verb::kStatus, parsed) && parsed.command.status == item;
 }
 
-bool OpensByExtension(const std::vector<std::string>& words) {
-  return words.size() >= 2 && words[0] == "open" && std::find(words.begin() + 2, words.end(), "type") == words.end();
+bool OpensByExtension(const ParsedCommand& command) {
+  return command.verb == Verb::kOpen && !command.path.empty() && !command.typed;
 }
 
-bool SeeksToPosition(const std::vector<std::string>& words) {
-  return words.size() == 4 && words[0] == "seek" && words[2] == "to" && words[3] != "start" && words[3] != "end";
+bool SeeksToPosition(const ParseOutcome& parsed) {
+  return Is(Verb::kSeek, parsed) && parsed.command.target == SeekTarget::kPosition;
 }
 
 /// A play command without from and to: it starts a medium, and lets a paused one go on.
-bool PlaysOn(const std::vector<std::string>& words) {
-  return words.size() == 2 && words[0] == "play";
-}
-
-bool Pauses(const std::vector<std::string>& words) {
-  return words.size() == 2 && words[0] == "pause";
-}
-
-bool AsksForPosition(const std::vector<std::string>& words) {
-  return words.size() == 3 && words[0] == "status" && words[2] == "position";
+bool PlaysOn(const ParseOutcome& parsed) {
+  return Is(Verb::kPlay, parsed) && !parsed.command.milliseconds;
 }
 
 /// True for what gives the medium another position, or takes it away.
-bool Repositions(const std::vector<std::string>& words) {
-  if (words.size() < 2) return false;
-  return words[0] == "seek" || words[0] == "stop" || words[0] == "close" || (words[0] == "play" && !PlaysOn(words));
+bool Repositions(const ParseOutcome& parsed) {
+  switch (parsed.command.verb) {
+    case Verb::kSeek:
+    case Verb::kStop:
+    case Verb::kClose: return true;
+    case Verb::kPlay: return !PlaysOn(parsed);
+    default: return false;
+  }
 }
 
 const char* NameOfMode(DWORD_PTR mode) {
@@ -193,18 +183,19 @@ class SystemCommandDevice final : public CommandDevice {
 
  private:
   CommandReply CarryOut(const std::string& command) {
-    const std::vector<std::string> words = Words(command);
-    if (AsksForMode(words)) return Mode(command, words[1]);
-    if (OpensByExtension(words)) return Open(command, words[1]);
-    return makesUpForWine_ ? CarryOutOnWine(command, words) : SendToSystem(command);
+    const ParseOutcome parsed = ParseCommand(command);
+    if (AsksFor(StatusItem::kMode, parsed)) return Mode(command, parsed.command.alias);
+    if (OpensByExtension(parsed.command)) return Open(command, parsed.command.path);
+    return makesUpForWine_ ? CarryOutOnWine(command, parsed) : SendToSystem(command);
   }
 
-  CommandReply CarryOutOnWine(const std::string& command, const std::vector<std::string>& words) {
-    if (Repositions(words)) ForgetExcess(words[1]);
-    if (AsksForPosition(words)) return Position(command, words[1]);
-    if (SeeksToPosition(words)) return Seek(command, words[1], words[3]);
-    if (PlaysOn(words)) return PlayOn(command, words[1]);
-    if (Pauses(words)) return Pause(command, words[1]);
+  CommandReply CarryOutOnWine(const std::string& command, const ParseOutcome& parsed) {
+    const std::string& alias = parsed.command.alias;
+    if (Repositions(parsed)) ForgetExcess(alias);
+    if (AsksFor(StatusItem::kPosition, parsed)) return Position(command, alias);
+    if (SeeksToPosition(parsed)) return Seek(command, alias, parsed.command.milliseconds.value_or(0));
+    if (PlaysOn(parsed)) return PlayOn(command, alias);
+    if (Is(Verb::kPause, parsed)) return Pause(command, alias);
     return SendToSystem(command);
   }
 
@@ -222,19 +213,19 @@ class SystemCommandDevice final : public CommandDevice {
 
   /// DirectShow's device lacks this command in Wine, where failing also stops it at the start: playing from there and
   /// stopping at once leads to the same place.
-  static CommandReply Seek(const std::string& command, const std::string& alias, const std::string& position) {
+  static CommandReply Seek(const std::string& command, const std::string& alias, std::int32_t position) {
     CommandReply first = SendToSystem(command);
     if (first || first.Failure() != MediaError::kInternal) return first;
-    const std::int64_t length = Number(SendToSystem("status " + alias + " length"));
-    if (LeadingNumber(position) < 0 || LeadingNumber(position) > length) return MediaError::kOutOfRange;
-    if (!SendToSystem("play " + alias + " from " + position)) return first;
-    return SendToSystem("stop " + alias);
+    const std::int64_t length = Number(SendToSystem(command_text::AskLength(alias)));
+    if (position < 0 || position > length) return MediaError::kOutOfRange;
+    if (!SendToSystem(command_text::PlayFrom(alias, position))) return first;
+    return SendToSystem(command_text::Stop(alias));
   }
 
   /// Wine takes playing a paused film for a new start: the position begins at nothing, the picture stands, and stopping
   /// it waits for ever. To resume it is the same command everywhere else; not every device has it.
   static CommandReply PlayOn(const std::string& command, const std::string& alias) {
-    if (IsPaused(alias) && IsDigitalVideo(alias) && SendToSystem("resume " + alias)) return std::string();
+    if (IsPaused(alias) && IsDigitalVideo(alias) && SendToSystem(command_text::Resume(alias))) return std::string();
     return SendToSystem(command);
   }
 
@@ -242,7 +233,7 @@ class SystemCommandDevice final : public CommandDevice {
   CommandReply Pause(const std::string& command, const std::string& alias) {
     constexpr std::int64_t kWhilePausing = 100;
     if (!IsDigitalVideo(alias)) return SendToSystem(command);
-    const std::string question = "status " + alias + " position";
+    const std::string question = command_text::AskPosition(alias);
     const std::int64_t before = Number(Position(question, alias));
     CommandReply reply = SendToSystem(command);
     const std::int64_t excess = Number(SendToSystem(question)) - before;

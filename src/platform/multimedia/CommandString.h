@@ -5,10 +5,12 @@
 #include <string>
 #include <string_view>
 
+#include "platform/PathStyle.h"
 #include "platform/multimedia/MediaStatus.h"
 
 /// Reading one command string. Keywords and aliases are taken in any letter case; what stands in quotes is kept byte
-/// for byte, blanks included. The path of kOpen ends at the last quote of the command, and may hold others.
+/// for byte, blanks included. Where paths may hold quotes (not on Windows), that of kOpen ends at the command's last
+/// one.
 namespace quillon {
 
 enum class Verb { kOpen, kClose, kPlay, kPause, kResume, kStop, kSeek, kSet, kStatus, kWhere, kWindow, kPut };
@@ -29,6 +31,7 @@ struct ParsedCommand {
   Verb verb = Verb::kOpen;
   std::string alias = {};  ///< in lower case; "all" for what goes to everything that is open
   std::string path = {};   ///< of kOpen
+  bool typed = false;      ///< kOpen names a type of device
   StatusItem status = StatusItem::kMode;
   SeekTarget target = SeekTarget::kPosition;
   PictureArea area = PictureArea::kSource;
@@ -42,6 +45,6 @@ struct ParseOutcome {
   ParsedCommand command = {};
 };
 
-[[nodiscard]] ParseOutcome ParseCommand(std::string_view text);
+[[nodiscard]] ParseOutcome ParseCommand(std::string_view text, PathStyle style = SystemPathStyle());
 
 }  // namespace quillon

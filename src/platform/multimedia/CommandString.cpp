@@ -1,4 +1,4 @@
-#include "platform/multimedia/linux/CommandString.h"
+#include "platform/multimedia/CommandString.h"
 
 #include <array>
 #include <charconv>
@@ -97,17 +97,25 @@ MediaStatus Expect(Words& words, std::string_view keyword) {
   return words.NextKeyword() == keyword ? MediaStatus() : MediaError::kUnknownKeyword;
 }
 
-/// "type X" is accepted and has no effect: one player takes every type.
+/// Behind an unknown keyword there may still be a type.
 MediaStatus ParseOpen(Words& words, ParsedCommand& command) {
+  MediaStatus status;
   command.alias = ToLower(command.path);
   while (!words.AtEnd()) {
     const std::string keyword = words.NextKeyword();
-    if (keyword != "alias" && keyword != "type") return MediaError::kUnknownKeyword;
-    if (words.AtEnd()) return MediaError::kMissingParameter;
+    if (keyword != "alias" && keyword != "type") {
+      status = MediaError::kUnknownKeyword;
+      continue;
+    }
+    if (words.AtEnd()) return status.Ok() ? MediaError::kMissingParameter : status;
     const std::string value = words.NextKeyword();
-    if (keyword == "alias") command.alias = value;
+    if (keyword == "alias") {
+      command.alias = value;
+    } else {
+      command.typed = true;
+    }
   }
-  return {};
+  return status;
 }
 
 MediaStatus ParsePlay(Words& words, ParsedCommand& command) {
@@ -204,11 +212,11 @@ std::optional<Verb> VerbOf(std::string_view word) {
 
 }  // namespace
 
-ParseOutcome ParseCommand(std::string_view text) {
+ParseOutcome ParseCommand(std::string_view text, PathStyle style) {
   Words words(text);
   if (words.AtEnd()) return {MediaError::kMissingCommand};
   const std::optional<Verb> verb = VerbOf(words.NextKeyword());
-  const std::string_view device = verb == Verb::kOpen ? words.NextPath() : words.Next();
+  const std::string_view device = verb == Verb::kOpen && style == PathStyle::kLinux ? words.NextPath() : words.Next();
   if (words.QuoteOpen()) return {MediaError::kNoClosingQuote};
   if (device.empty()) return {MediaError::kMissingDevice};
   if (!verb) return {MediaError::kUnknownCommand};

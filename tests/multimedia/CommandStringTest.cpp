@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/multimedia/linux/CommandString.h"
+#include "platform/multimedia/CommandString.h"
 #include "support/Replies.h"
 
 namespace quillon {
@@ -43,7 +43,7 @@ TEST(CommandString, APathEndsAtTheLastQuote) {
   };
   for (const std::string& path : paths) {
     for (const char* const rest : {" alias MCI", "alias MCI", " type MPEGVideo alias mci  "}) {
-      const ParsedCommand command = Parse("Open \"" + path + "\"" + rest);
+      const ParsedCommand command = ParseCommand("Open \"" + path + "\"" + rest, PathStyle::kLinux).command;
       EXPECT_EQ(command.path, path);
       EXPECT_EQ(command.alias, "mci") << path;
     }
@@ -54,6 +54,16 @@ TEST(CommandString, OpenTakesATypeAndTheFileAsItsOwnAlias) {
   EXPECT_EQ(Parse("open \"/a.MPG\" type MPEGVideo alias Song").alias, "song");
   EXPECT_EQ(Parse("open \"/a.MPG\" TYPE mpegvideo").alias, "/a.mpg");
   EXPECT_EQ(Parse("open /a.mpg").path, "/a.mpg");
+  EXPECT_TRUE(Parse("open a.mpg alias X type MPEGVideo").typed);
+  EXPECT_TRUE(ParseCommand("open a.mpg shareable type MPEGVideo").command.typed);
+  EXPECT_FALSE(Parse("open a.mpg alias X").typed);
+  EXPECT_FALSE(Parse("open type alias type").typed);
+}
+
+TEST(CommandString, APathOfWindowsEndsAtTheNextQuote) {
+  const ParsedCommand command = ParseCommand(R"(open "C:\a b.wav" alias "x y")", PathStyle::kWindows).command;
+  EXPECT_EQ(command.path, R"(C:\a b.wav)");
+  EXPECT_EQ(command.alias, "x y");
 }
 
 TEST(CommandString, PlacesAreReadAsTheyStand) {
@@ -122,6 +132,7 @@ TEST(CommandString, WhatIsWrongHasItsNumber) {
       {"close X now", MediaError::kUnknownKeyword},
       {"open \"/a.mp3\" as X", MediaError::kUnknownKeyword},
       {"open \"/a.mp3\" alias", MediaError::kMissingParameter},
+      {"open \"/a.mp3\" as X alias", MediaError::kUnknownKeyword},
   };
   for (const auto& [text, error] : rows) EXPECT_EQ(ParseCommand(text).status, error) << text;
 }
