@@ -40,7 +40,7 @@ void Application::Start() {
   ports_.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
   SetRepeat(options_.player.repeat);
   status_.SetModeText(ApplyModeText(mode_));
-  status_.SetPlayerText(kPlayerIdleText);
+  status_.ShowPlayerIdle();
   Reset();
 }
 

@@ -30,7 +30,7 @@ struct Screen {
   void Reset(FileList& list) const {
     list.SelectNone();
     filePanel.Reset();
-    status.SetPlayerText(kPlayerIdleText);
+    status.ShowPlayerIdle();
   }
 };
 

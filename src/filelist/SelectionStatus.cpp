@@ -1,16 +1,28 @@
 #include "filelist/SelectionStatus.h"
 
-namespace quillon {
+#include <utility>
 
-void SelectionStatus::SetPlayerText(const std::string& text) {
-  text_ = text;
-  panels_.SetPlayerText(text);
+namespace quillon {
+namespace {
+
+bool HasSomethingToSay(PlayerState player) {
+  return player == PlayerState::kLoading || player == PlayerState::kPlaying || player == PlayerState::kPaused;
+}
+
+}  // namespace
+
+void SelectionStatus::Show(std::string text) {
+  text_ = std::move(text);
+  panels_.SetPlayerText(text_);
+}
+
+void SelectionStatus::ShowPlayer(PlayerState state, const std::string& file) {
+  player_ = state;
+  Show(PlayerText(state, file));
 }
 
 void SelectionStatus::ShowSelection(const std::string& name) {
-  const bool playerIsIdle = text_.starts_with("停止：") || text_.starts_with(kCannotPlayText) ||
-                            text_.starts_with(kCutShortText) || text_ == kPlayerIdleText || text_.starts_with("選択：");
-  if (playerIsIdle) SetPlayerText("選択： " + name);
+  if (!HasSomethingToSay(player_)) Show("選択： " + name);
 }
 
 }  // namespace quillon

@@ -8,12 +8,12 @@ namespace quillon {
 
 /// The panel that the player and the selected row share. It names the selected row only where the player has nothing to
 /// say: while it waits, has stopped, or the panel names a row already.
-class SelectionStatus final : public StatusPanels {
+class SelectionStatus final : public PlayerStatus {
  public:
   explicit SelectionStatus(StatusPanels& panels) : panels_(panels) {}
 
-  void SetPlayerText(const std::string& text) override;
-  void SetModeText(const std::string& text) override { panels_.SetModeText(text); }
+  void ShowPlayer(PlayerState state, const std::string& file) override;
+  void SetModeText(const std::string& text) { panels_.SetModeText(text); }
 
   /// "選択： " and the name, or the shortened path, of the selected row's file.
   void ShowSelection(const std::string& name);
@@ -23,8 +23,11 @@ class SelectionStatus final : public StatusPanels {
   void ShowAgain() { panels_.SetPlayerText(text_); }
 
  private:
+  void Show(std::string text);
+
   StatusPanels& panels_;
-  std::string text_ = kPlayerIdleText;
+  PlayerState player_ = PlayerState::kIdle;
+  std::string text_ = PlayerText(PlayerState::kIdle, {});
 };
 
 }  // namespace quillon

@@ -3,20 +3,27 @@
 #include <cstdint>
 #include <string>
 
+#include "filelist/PlayerState.h"
+
 /// The parts of the main window that commands on the list change. Each is small, so that a test records just what it
 /// asks about. All texts are complete and UTF-8.
 namespace quillon {
-
-inline constexpr const char* kPlayerIdleText = "プレイヤー待機中...";
-/// In front of the name of a file that does not play, or stopped playing somewhere.
-inline constexpr const char* kCannotPlayText = "再生できません： ";
-inline constexpr const char* kCutShortText = "途中までしか再生できません： ";
 
 class StatusPanels {
  public:
   virtual ~StatusPanels() = default;
   virtual void SetPlayerText(const std::string& text) = 0;
   virtual void SetModeText(const std::string& text) = 0;
+};
+
+/// Tells the user what the player does.
+class PlayerStatus {
+ public:
+  virtual ~PlayerStatus() = default;
+  /// `file` is the name of the file that it is about; empty for kIdle.
+  virtual void ShowPlayer(PlayerState state, const std::string& file) = 0;
+
+  void ShowPlayerIdle() { ShowPlayer(PlayerState::kIdle, {}); }
 };
 
 /// The rename box and the information boxes, which follow the selected row.

@@ -15,11 +15,6 @@ constexpr int kTickInterval = 50;
 constexpr int kFailureShown = 1500;  // then continuous play goes on
 constexpr const char* kCaption = "プレイヤー";
 
-constexpr const char* kPlaying = "再生中： ";
-constexpr const char* kPaused = "一時停止： ";
-constexpr const char* kStopped = "停止： ";
-constexpr const char* kLoading = "読み込み中... ";
-
 std::string TwoDigits(long long number) {
   const std::string digits = std::to_string(std::llabs(number));
   return digits.size() < 2 ? "0" + digits : digits;
@@ -75,14 +70,14 @@ void MusicPlayer::Pause() {
   ports_.device.Pause();
   SetButton(PlayButton::kPlay);
   SetTimer(0);
-  ShowStatus(kPaused, paths_.playingFilePath);
+  ShowStatus(PlayerState::kPaused, paths_.playingFilePath);
 }
 
 void MusicPlayer::Resume() {
   SetTimer(kTickInterval);
   playRefused_ = !ports_.device.Play().Ok();
   SetButton(PlayButton::kPause);
-  ShowStatus(kPlaying, paths_.playingFilePath);
+  ShowStatus(PlayerState::kPlaying, paths_.playingFilePath);
 }
 
 bool MusicPlayer::StartChosen() {
@@ -91,7 +86,7 @@ bool MusicPlayer::StartChosen() {
     CloseMovie();
     ports_.device.Close();
   }
-  ShowStatus(kLoading, paths_.playFilePath);
+  ShowStatus(PlayerState::kLoading, paths_.playFilePath);
   ports_.device.Open(paths_.playFilePath);
   heard_ = false;
   paths_.playingFilePath = paths_.playFilePath;
@@ -111,7 +106,7 @@ void MusicPlayer::Recover() {
   ports_.device.Close();
   paths_ = {};
   CloseMovie();
-  ports_.status.SetPlayerText(kPlayerIdleText);
+  ports_.status.ShowPlayerIdle();
   ShowIdle();
   ports_.boxes.Show({kCaption,
                      "指定されたファイルは再生できません\r\n"
@@ -125,7 +120,7 @@ void MusicPlayer::cmdStop() {
   if (mode != MediaMode::kPlaying && mode != MediaMode::kPaused) return;
   CloseMovie();
   StopAndClose();
-  ShowStatus(kStopped, paths_.playingFilePath);
+  ShowStatus(PlayerState::kStopped, paths_.playingFilePath);
   ShowIdle();
   paths_.playingFilePath.clear();
 }
@@ -177,7 +172,7 @@ bool MusicPlayer::FileEnded() {
     if (interval_ != 0 || paths_.playingFilePath.empty()) return true;  // it plays, or has failed
   }
   SetButton(PlayButton::kPlay);
-  ShowStatus(kStopped, paths_.playingFilePath);
+  ShowStatus(PlayerState::kStopped, paths_.playingFilePath);
   paths_.playingFilePath.clear();
   return false;
 }
@@ -194,7 +189,7 @@ void MusicPlayer::FileFailed() {
   StopAndClose();
   CloseMovie();
   ShowIdle();
-  ShowStatus(heard_ ? kCutShortText : kCannotPlayText, paths_.playingFilePath);
+  ShowStatus(heard_ ? PlayerState::kCutShort : PlayerState::kCannotPlay, paths_.playingFilePath);
   ++failedInARow_;
   if (!MayGoPast()) return LeaveFailed();
   SetTimer(kFailureShown);
@@ -284,7 +279,7 @@ bool MusicPlayer::MovieUnloaded() {
   const MediaMode mode = ports_.device.Mode();
   if (mode != MediaMode::kPlaying && mode != MediaMode::kPaused) return false;
   StopAndClose();
-  ShowStatus(kStopped, paths_.playingFilePath);
+  ShowStatus(PlayerState::kStopped, paths_.playingFilePath);
   ShowIdle();
   return true;
 }
@@ -299,7 +294,7 @@ void MusicPlayer::Shutdown() {
 void MusicPlayer::ReleaseFile(const std::string& path) {
   if (path.empty() || path != paths_.playingFilePath) return;
   Stop();
-  ports_.status.SetPlayerText(kPlayerIdleText);
+  ports_.status.ShowPlayerIdle();
 }
 
 void MusicPlayer::Stop() {
@@ -361,8 +356,8 @@ void MusicPlayer::SetTime(std::string text) {
   if (movieShown_) ports_.movie.SetTime(" " + time_);
 }
 
-void MusicPlayer::ShowStatus(const char* state, const std::string& path) {
-  ports_.status.SetPlayerText(state + std::string(FileName(path, style_)));
+void MusicPlayer::ShowStatus(PlayerState state, const std::string& path) {
+  ports_.status.ShowPlayer(state, std::string(FileName(path, style_)));
 }
 
 }  // namespace quillon

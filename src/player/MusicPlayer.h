@@ -35,7 +35,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
     MediaDevice& device;
     PlayerPanel& panel;
     MovieWindow& movie;
-    StatusPanels& status;
+    PlayerStatus& status;
     MessageBoxes& boxes;
     WindowState& window;
     /// The shell's verb "Open"; see OpenWithShell.
@@ -116,7 +116,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   void SetTimer(int interval);
   void SetPosition(std::int32_t position);
   void SetTime(std::string text);
-  void ShowStatus(const char* state, const std::string& path);
+  void ShowStatus(PlayerState state, const std::string& path);
 
   const FileList& list_;
   const OptionValues& options_;

@@ -250,7 +250,7 @@ TEST(LoadFolder, ACancelledSearchRegistersNothing) {
 
 TEST(LoadFolder, TheStatusShowsTheSearchAndThenWhatStoodThere) {
   Fixture f({"/m/a", "/m/b"});
-  f.status.SetPlayerText("再生中： a.mp3");
+  f.status.ShowPlayer(PlayerState::kPlaying, "a.mp3");
   f.ports.log.Clear();
   f.ports.pending.At(1, [&] { f.loader.Cancel(); });
   f.loader.LoadFolder("/m/");

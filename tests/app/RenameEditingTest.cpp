@@ -153,7 +153,7 @@ TEST(RenameBoxChange, InAutoModeShortensALongPathInThePanel) {
 
 TEST(RenameBoxChange, InAutoModeLeavesThePanelToAPlayerThatHasSomethingToSay) {
   Automatic f({"a.mid"});
-  f.status.SetPlayerText("再生中： x");
+  f.status.ShowPlayer(PlayerState::kPlaying, "x");
   f.Type("new");
   EXPECT_EQ(f.ports.log.StartingWith("panel"), Texts());
   EXPECT_TRUE(f.ports.log.Has("player chooses /m/new.mid"));

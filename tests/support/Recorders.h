@@ -53,10 +53,11 @@ class BoxRecorder final : public MessageBoxes {
   std::vector<Message> shown_;
 };
 
-class PanelRecorder final : public StatusPanels {
+class PanelRecorder final : public StatusPanels, public PlayerStatus {
  public:
   explicit PanelRecorder(EventLog& log) : log_(log) {}
   void SetPlayerText(const std::string& text) override { log_.Add("panel player: " + text); }
+  void ShowPlayer(PlayerState state, const std::string& file) override { SetPlayerText(PlayerText(state, file)); }
   void SetModeText(const std::string& text) override { log_.Add("panel mode: " + text); }
 
  private:

@@ -127,7 +127,8 @@ void frmMain::MakeStatusBar() {
 // With which every panel shows its whole text while no file is selected.
 int frmMain::StatusBarWidth() const {
   const wxStatusBar& bar = *GetStatusBar();
-  int width = bar.GetTextExtent(ToWx(kPlayerIdleText)).x + 2 * bar.FromDIP(kPanelMargin);  // and the grip
+  int width =
+      bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + 2 * bar.FromDIP(kPanelMargin);  // and the grip
   for (int i = 0; i <= kItemPanel; ++i) width += std::max(bar.GetStatusWidth(i), 0);
   return width;
 }
