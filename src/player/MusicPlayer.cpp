@@ -155,8 +155,13 @@ void MusicPlayer::timMCIChecker() {
     if (mode == MediaMode::kNone || (mode == MediaMode::kStopped && playRefused_)) return FileFailed();
     if (mode == MediaMode::kStopped && FileEnded()) return;
   }
-  if (!sliderSeeking_) SetPosition(ports_.device.Position());
-  ShowTime(ports_.device.Position());
+  Follow(ports_.device.Position());
+}
+
+// What shows the position already is left alone: there are twenty ticks in a second, and one change of the label.
+void MusicPlayer::Follow(std::int32_t position) {
+  if (!sliderSeeking_ && position != position_) SetPosition(position);
+  if (TimeText(position, length_) != time_) ShowTime(position);
 }
 
 bool MusicPlayer::FileEnded() {

@@ -111,6 +111,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   bool MovieUnloaded();
   void StopAndClose();
   void ShowIdle();
+  void Follow(std::int32_t position);
   void ShowTime(std::int32_t position);
   void SetButton(PlayButton button);
   void SetTimer(int interval);

@@ -17,6 +17,7 @@ namespace quillon {
 namespace {
 
 using Texts = std::vector<std::string>;
+using Counts = std::vector<int>;
 
 constexpr const char* kIdle = "panel player: プレイヤー待機中...";
 constexpr const char* kCannotPlay =
@@ -374,6 +375,33 @@ TEST_F(MusicPlayerTest, ATickMovesSliderAndLabel) {
   EXPECT_EQ(panel.time, "01:02 / 03:05");
 }
 
+TEST_F(MusicPlayerTest, ATickAsksForModeAndPositionOnce) {
+  Start(1);
+  for (const bool held : {false, true}) {
+    if (held) player.SliderPressed();
+    device.Pass(50);
+    device.TakeSent();
+    player.timMCIChecker();
+    EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "set MCI time format milliseconds", "status MCI position"}));
+  }
+}
+
+TEST_F(MusicPlayerTest, ATickTouchesSliderAndLabelOnlyWhenTheyChange) {
+  Start(4);
+  Pass(500);
+  const auto touched = [this](std::int32_t passed) {
+    panel.positionsSet = panel.timesSet = movie.positionsSet = movie.timesSet = 0;
+    device.Pass(passed);
+    player.timMCIChecker();
+    return Counts({panel.positionsSet, movie.positionsSet, panel.timesSet, movie.timesSet});
+  };
+  EXPECT_EQ(touched(0), Counts({0, 0, 0, 0}));
+  EXPECT_EQ(touched(50), Counts({1, 1, 1, 1})) << "the label shows another second";
+  EXPECT_EQ(touched(50), Counts({1, 1, 0, 0}));
+  player.SliderPressed();
+  EXPECT_EQ(touched(1000), Counts({0, 0, 1, 1}));
+}
+
 TEST_F(MusicPlayerTest, ATickThatWaitedWhileThePauseCameDoesNothing) {
   Start(1);
   Pass(1000);
@@ -398,9 +426,8 @@ TEST_F(MusicPlayerTest, StopsAtTheEnd) {
   Pass(3950);
   device.TakeSent();
   Pass(50);
-  EXPECT_EQ(device.TakeSent(),
-            Texts({"status MCI mode", "Stop MCI", "Close MCI", "set MCI time format milliseconds",
-                   "status MCI position", "set MCI time format milliseconds", "status MCI position"}));
+  EXPECT_EQ(device.TakeSent(), Texts({"status MCI mode", "Stop MCI", "Close MCI", "set MCI time format milliseconds",
+                                      "status MCI position"}));
   EXPECT_EQ(panel.interval, 0);
   EXPECT_EQ(panel.button, PlayButton::kPlay);
   EXPECT_EQ(Statuses().back(), "panel player: 停止： a.mp3");

@@ -12,11 +12,19 @@ struct PanelControls final : PlayerPanel {
   void SetButton(PlayButton to) override { button = to; }
   void SetTimer(int to) override { interval = to; }
   void SetLength(std::int32_t to) override { length = to; }
-  void SetPosition(std::int32_t to) override { position = to; }
-  void SetTime(const std::string& to) override { time = to; }
+  void SetPosition(std::int32_t to) override {
+    position = to;
+    ++positionsSet;
+  }
+  void SetTime(const std::string& to) override {
+    time = to;
+    ++timesSet;
+  }
 
   PlayButton button = PlayButton::kPlay;
   int interval = 0;
+  int positionsSet = 0;
+  int timesSet = 0;
   std::int32_t length = 0;
   std::int32_t position = 0;
   std::string time = kIdleTime;
@@ -31,13 +39,21 @@ struct MovieControls final : MovieWindow {
   }
   void Close() override { open = false; }
   void SetButton(PlayButton to) override { button = to; }
-  void SetPosition(std::int32_t to) override { position = to; }
-  void SetTime(const std::string& to) override { time = to; }
+  void SetPosition(std::int32_t to) override {
+    position = to;
+    ++positionsSet;
+  }
+  void SetTime(const std::string& to) override {
+    time = to;
+    ++timesSet;
+  }
 
   bool canShow = true;
   bool open = false;
   PlayButton button = PlayButton::kPlay;
   int shown = 0;
+  int positionsSet = 0;
+  int timesSet = 0;
   std::int32_t position = 0;
   std::string time;
 };
