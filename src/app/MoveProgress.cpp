@@ -40,7 +40,7 @@ bool MoveProgress::Show(std::uint64_t copied) {
     // A file may be longer now than it was when it was listed.
     const std::uint64_t done = std::min(done_ + std::min(copied, present_), total_);
     const auto percent = static_cast<int>(static_cast<double>(done) * 100 / static_cast<double>(total_));
-    display_.Update(std::to_string(percent) + "% 完了しました", path_);
+    display_.Update(percent, std::to_string(percent) + "% 完了しました", path_);
   }
   return !display_.Cancelled();
 }

@@ -19,9 +19,10 @@ ShownProgress::ShownProgress(PendingMessages& pending, ProgressDisplay& display,
 
 bool ShownProgress::Continue(std::size_t done, std::size_t total, const std::string& item) {
   if (done == 0) {
-    if (look_.showsStart) display_.Update(std::string("0") + kDone, "");
+    if (look_.showsStart) display_.Update(0, std::string("0") + kDone, "");
   } else if (throttle_.Due() || done == total) {
-    display_.Update(look_.indent + std::to_string(done * 100 / total) + kDone, look_.showsItem ? item : "");
+    const auto percent = static_cast<int>(done * 100 / total);
+    display_.Update(percent, look_.indent + std::to_string(percent) + kDone, look_.showsItem ? item : "");
   }
   return done == total || Continue();
 }

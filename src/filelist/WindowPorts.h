@@ -79,8 +79,9 @@ class ProgressDisplay {
  public:
   virtual ~ProgressDisplay() = default;
   virtual void Begin(const std::string& headline, const std::string& line) = 0;
-  /// `path` is the item just done, empty where it is not shown; the window shortens it to fit.
-  virtual void Update(const std::string& percentText, const std::string& path) = 0;
+  /// How much is done, and the text that says so. `path` is the item just done, empty where it is not shown; the window
+  /// shortens it to fit.
+  virtual void Update(int percent, const std::string& text, const std::string& path) = 0;
   virtual void End() = 0;
   /// True once the user has asked, since Begin, for the end of the loop. Never where nothing offers that.
   [[nodiscard]] virtual bool Cancelled() const { return false; }

@@ -47,7 +47,7 @@ class GalleryApp final : public wxApp {
   void ShowWait(wxWindow& parent) {
     wait_ = std::make_unique<frmWait>(&parent);
     wait_->Begin("リネーム名を編集中です...\r\nしばらくお待ちください", "  ファイル名を編集中...");
-    wait_->Update("42%", "赤とんぼ");
+    wait_->Update(42, "42%", "赤とんぼ");
   }
 
   static void ShowSearch(wxWindow& parent) {

@@ -61,15 +61,17 @@ TEST_F(WaitWindow, ShowsTheProgressUntilTheEnd) {
   ASSERT_NE(Window(), nullptr);
   EXPECT_EQ(Label("lblHeadline"), "リネーム名を編集中です...\nしばらくお待ちください");
   EXPECT_EQ(Label("lblLine"), "  ファイル名を編集中...");
-  wait.Update("37% 完了しました", "/music/a & b.mid");
+  wait.Update(37, "37% 完了しました", "/music/a & b.mid");
   EXPECT_EQ(Label("lblPercent"), "37% 完了しました");
   EXPECT_EQ(Label("lblPath"), "/music/a & b.mid");
   EXPECT_EQ(dynamic_cast<wxGauge*>(wxWindow::FindWindowByName("gauge", Window()))->GetValue(), 37);
-  wait.Update("100% 完了しました", "");
+  wait.Update(100, "全部 12", "");
   EXPECT_EQ(Label("lblPath"), "");
+  EXPECT_EQ(dynamic_cast<wxGauge*>(wxWindow::FindWindowByName("gauge", Window()))->GetValue(), 100)
+      << "whatever the text says";
   wait.End();
   EXPECT_EQ(Window(), nullptr);
-  wait.Update("1% 完了しました", "late");
+  wait.Update(1, "1% 完了しました", "late");
   wait.End();
   EXPECT_EQ(Window(), nullptr);
 }
@@ -81,7 +83,7 @@ TEST_F(WaitWindow, ShortensPathsToItsWidth) {
   std::string path;
   for (int i = 0; i < 30; ++i) path += separator + "フォルダ" + std::to_string(i);
   path += separator + "last.mid";
-  wait.Update("5% 完了しました", path);
+  wait.Update(5, "5% 完了しました", path);
   const std::string shown = Label("lblPath");
   EXPECT_NE(shown.find("..."), std::string::npos) << shown;
   EXPECT_TRUE(shown.ends_with(separator + "last.mid")) << shown;
@@ -95,7 +97,7 @@ TEST_F(WaitWindow, KeepsItsSizeWhateverItShows) {
   wait.Begin("a\r\nb", "c");
   Settle();  // the window manager tells the frame's measures
   const wxSize before = Window()->GetSize();
-  wait.Update("5% 完了しました", "/" + std::string(3000, 'x') + ".mid");
+  wait.Update(5, "5% 完了しました", "/" + std::string(3000, 'x') + ".mid");
   Settle();
   EXPECT_EQ(Window()->GetSize(), before);
 }
@@ -119,12 +121,12 @@ TEST_F(WaitWindow, TheButtonCancels) {
   EXPECT_EQ(FromWx(button.GetLabel()), "中止");
   wxUIActionSimulator mouse;
   mouse.MouseMove(button.GetScreenPosition() + wxPoint(button.GetSize().x / 2, button.GetSize().y / 2));
-  wait.Update("1% 完了しました", "/a");
+  wait.Update(1, "1% 完了しました", "/a");
   mouse.MouseClick();
   // A running command processes no messages but those that the window itself lets through.
   for (int i = 0; i < 500 && !wait.Cancelled(); ++i) {
     wxMilliSleep(10);
-    wait.Update("1% 完了しました", "/a");
+    wait.Update(1, "1% 完了しました", "/a");
   }
   EXPECT_TRUE(wait.Cancelled());
   EXPECT_FALSE(button.IsEnabled());
@@ -160,12 +162,12 @@ TEST_F(WaitWindow, IsAnsweredWhileAllOtherWindowsAreDisabled) {
   EXPECT_TRUE(Window()->IsEnabled());
   for (int i = 0; i < 500 && !Window()->IsActive(); ++i) {
     wxMilliSleep(10);
-    wait.Update("1% 完了しました", "/a");
+    wait.Update(1, "1% 完了しました", "/a");
   }
   wxUIActionSimulator().Char(WXK_ESCAPE);
   for (int i = 0; i < 500 && !wait.Cancelled(); ++i) {
     wxMilliSleep(10);
-    wait.Update("1% 完了しました", "/a");
+    wait.Update(1, "1% 完了しました", "/a");
   }
   EXPECT_TRUE(wait.Cancelled());
   disabled.reset();
@@ -227,7 +229,7 @@ TEST_F(WaitWindow, GoesWithItsParent) {
   wait.Begin("a\r\nb", "c");
   main->Destroy();
   Settle();
-  wait.Update("50% 完了しました", "/a");
+  wait.Update(50, "50% 完了しました", "/a");
   wait.End();
   EXPECT_EQ(Window(), nullptr);
   main = new wxFrame(nullptr, wxID_ANY, "another");

@@ -6,6 +6,8 @@
 #include <iterator>
 #include <utility>
 
+#include "base/Text.h"
+
 namespace quillon::test {
 namespace {
 
@@ -123,8 +125,9 @@ void ProgressRecorder::Begin(const std::string& headline, const std::string& lin
   log_.Add("progress begin: " + Visible(headline) + " | " + line);
 }
 
-void ProgressRecorder::Update(const std::string& percentText, const std::string& path) {
-  log_.Add("progress: " + percentText + " | " + path);
+void ProgressRecorder::Update(int percent, const std::string& text, const std::string& path) {
+  EXPECT_EQ(percent, LeadingNumber(text)) << text;
+  log_.Add("progress: " + text + " | " + path);
   if (duringUpdate) duringUpdate();
 }
 

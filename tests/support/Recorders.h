@@ -108,7 +108,7 @@ class ProgressRecorder final : public ProgressDisplay {
  public:
   explicit ProgressRecorder(EventLog& log) : log_(log) {}
   void Begin(const std::string& headline, const std::string& line) override;
-  void Update(const std::string& percentText, const std::string& path) override;
+  void Update(int percent, const std::string& text, const std::string& path) override;
   void End() override { log_.Add("progress end"); }
   [[nodiscard]] bool Cancelled() const override { return cancelled; }
 

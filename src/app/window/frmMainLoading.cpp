@@ -52,8 +52,8 @@ void LoadingLabel::Begin(const std::string& headline, const std::string& line) {
   active_ = true;
 }
 
-void LoadingLabel::Update(const std::string& percentText, const std::string& /*path*/) {
-  lblPercent_->SetLabelText(ToWx(percentText));
+void LoadingLabel::Update(int /*percent*/, const std::string& text, const std::string& /*path*/) {
+  lblPercent_->SetLabelText(ToWx(text));
 }
 
 void LoadingLabel::ShowIfLate() {

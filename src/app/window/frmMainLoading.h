@@ -23,7 +23,7 @@ class LoadingLabel final : public ProgressDisplay {
   [[nodiscard]] wxWindow& Window() { return *lblNowloading_; }
 
   void Begin(const std::string& headline, const std::string& line) override;
-  void Update(const std::string& percentText, const std::string& path) override;
+  void Update(int percent, const std::string& text, const std::string& path) override;
   void End() override;
 
   /// Called now and then while it may have to appear.

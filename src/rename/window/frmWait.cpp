@@ -11,11 +11,9 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdint>
 #include <functional>
 #include <utility>
 
-#include "base/Text.h"
 #include "controls/ShortenedToFit.h"
 #include "controls/TopmostDialog.h"
 #include "controls/WxText.h"
@@ -41,7 +39,7 @@ class frmWait::Window final : public wxDialog {
  public:
   Window(wxWindow* parent, const std::string& headline, const std::string& line, std::function<void()> cancel);
 
-  void ShowProgress(const std::string& percentText, const std::string& path);
+  void ShowProgress(int percent, const std::string& text, const std::string& path);
   void PaintNow();
 
  private:
@@ -123,9 +121,9 @@ wxStaticText* frmWait::Window::AddLabel(wxSizer& column, const char* name, long 
   return label;
 }
 
-void frmWait::Window::ShowProgress(const std::string& percentText, const std::string& path) {
-  gauge_->SetValue(static_cast<int>(std::clamp<std::int64_t>(LeadingNumber(percentText), 0, kPercents)));
-  lblPercent_->SetLabelText(ToWx(percentText));
+void frmWait::Window::ShowProgress(int percent, const std::string& text, const std::string& path) {
+  gauge_->SetValue(std::clamp(percent, 0, kPercents));
+  lblPercent_->SetLabelText(ToWx(text));
   lblPath_->SetLabelText(ShortenedToFit(*lblPath_, path, lblPath_->GetClientSize().x));
   TakeKeyboardWhenLasting();
   PaintNow();
@@ -153,8 +151,8 @@ void frmWait::Begin(const std::string& headline, const std::string& line) {
   window->PaintNow();
 }
 
-void frmWait::Update(const std::string& percentText, const std::string& path) {
-  if (Window* const window = Shown()) window->ShowProgress(percentText, path);
+void frmWait::Update(int percent, const std::string& text, const std::string& path) {
+  if (Window* const window = Shown()) window->ShowProgress(percent, text, path);
 }
 
 void frmWait::End() {

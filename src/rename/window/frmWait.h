@@ -19,7 +19,7 @@ class frmWait final : public ProgressDisplay {
   ~frmWait() override { End(); }
 
   void Begin(const std::string& headline, const std::string& line) override;
-  void Update(const std::string& percentText, const std::string& path) override;
+  void Update(int percent, const std::string& text, const std::string& path) override;
   void End() override;
   [[nodiscard]] bool Cancelled() const override { return cancelled_; }
 
