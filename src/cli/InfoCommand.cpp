@@ -84,9 +84,9 @@ void AddReader(Json& object, const std::string& path, Reader reader) {
 }
 
 void AddRow(Json& object, const std::string& path) {
-  const std::string type = GetMediaType(Extension(path));
-  object["type"] = type;
-  if (type == "MP3") object["tag_kind"] = DetectTagKind(path);
+  const FileType type = GetMediaType(Extension(path));
+  object["type"] = type.Text();
+  if (type.Media() == MediaType::kMp3) object["tag_kind"] = DetectTagKind(path);
   const MediaInfo texts = ReadMediaInfo(path);
   object["title"] = texts.title;
   object["artist"] = texts.copyright;

@@ -11,7 +11,7 @@ std::string JsonRow(const FileItem& row) {
   object["rename_name"] = row.renameName;
   object["title"] = row.title;
   object["artist"] = row.artist;
-  object["type"] = row.type;
+  object["type"] = row.type.Text();
   object["size"] = ColumnText(row, Column::kSize);
   AddPath(object, "location", row.location);
   return OneLine(object);

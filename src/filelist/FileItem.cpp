@@ -17,7 +17,7 @@ std::string ColumnText(const FileItem& item, Column column) {
     case Column::kRenameName: return item.renameName;
     case Column::kTitle: return item.title;
     case Column::kArtist: return item.artist;
-    case Column::kType: return item.type;
+    case Column::kType: return item.type.Text();
     case Column::kSize: return FormatThousands(item.size);
     case Column::kLocation: return item.location;
   }

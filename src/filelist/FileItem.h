@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "media/MediaType.h"
+
 namespace quillon {
 
 /// One row of the file list: one registered file. Texts are UTF-8; the location is a full path (see FileSystem.h).
@@ -10,7 +12,7 @@ struct FileItem {
   std::string renameName;        ///< the new base name, never with the extension
   std::string title;             ///< "---" where the type has none
   std::string artist;            ///< copyright or artist; "---" where the type has none
-  std::string type;              ///< see GetMediaType
+  FileType type;                 ///< see GetMediaType
   std::string location;          ///< the row's identity
   std::uint64_t size = 0;        ///< bytes
   std::uint32_t iconNumber = 0;  ///< of the small icon, see FileList::IconKey

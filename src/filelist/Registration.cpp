@@ -43,7 +43,7 @@ Result<FileItem, FileError> ReadRow(FileReads& files, const std::string& path, P
 
 /// What the list and the options add to a row that was read.
 FileItem Listed(FileItem row, FileList& list, const RegisterOptions& options) {
-  row.iconNumber = list.IconNumber(row.type);
+  row.iconNumber = list.IconNumber(row.type.Text());
   row.checked = options.checked;
   return row;
 }

@@ -91,15 +91,15 @@ std::string FurtherText(const std::string& path) {
   return std::string(FileName(folder));
 }
 
-MediaRecord EmptyRecord(std::string_view type) {
-  if (type == "MIDI") return MidiInfo();
-  if (type == "MP3") return RiffInfo();
+MediaRecord EmptyRecord(const FileType& type) {
+  if (type.Media() == MediaType::kMidi) return MidiInfo();
+  if (type.Media() == MediaType::kMp3) return RiffInfo();
   return std::monostate();
 }
 
-MediaRecord ReadRecord(ByteSource& file, std::string_view type) {
-  if (type == "MIDI") return ReadMidiInfo(file);
-  if (type != "MP3") return std::monostate();
+MediaRecord ReadRecord(ByteSource& file, const FileType& type) {
+  if (type.Media() == MediaType::kMidi) return ReadMidiInfo(file);
+  if (type.Media() != MediaType::kMp3) return std::monostate();
   BlockReader reader(file);
   switch (DetectTagKind(reader)) {
     case tag_kind::kId3v1: return ReadId3v1(reader);
@@ -110,10 +110,10 @@ MediaRecord ReadRecord(ByteSource& file, std::string_view type) {
 
 }  // namespace
 
-std::string SummaryLine(std::uint64_t length, std::string_view type, const MediaRecord& record,
+std::string SummaryLine(std::uint64_t length, const FileType& type, const MediaRecord& record,
                         std::optional<std::int32_t> playTimeMs, std::string_view furtherText) {
-  std::string line =
-      "サイズ： " + FormatThousands(length) + " バイト / 種類： " + std::visit(TypeText{type, furtherText}, record);
+  std::string line = "サイズ： " + FormatThousands(length) + " バイト / 種類： " +
+                     std::visit(TypeText{type.Text(), furtherText}, record);
   if (playTimeMs && IsPlayableType(type)) line += " / 演奏時間： " + MinutesAndSeconds(std::max(*playTimeMs, 0));
   return line;
 }
@@ -122,7 +122,7 @@ std::string DetailLine(const MediaRecord& record) {
   return std::visit(DetailText(), record);
 }
 
-FileInformation ReadFileInformation(ByteSource& file, std::string_view rowType, std::optional<std::int32_t> playTimeMs,
+FileInformation ReadFileInformation(ByteSource& file, const FileType& rowType, std::optional<std::int32_t> playTimeMs,
                                     std::string_view furtherText) {
   const auto lines = [&](const MediaRecord& record) {
     return FileInformation{SummaryLine(file.Size(), rowType, record, playTimeMs, furtherText), DetailLine(record)};
@@ -134,7 +134,7 @@ FileInformation ReadFileInformation(ByteSource& file, std::string_view rowType, 
   }
 }
 
-FileInformation ReadFileInformation(const std::string& path, std::string_view rowType, std::uint64_t knownLength,
+FileInformation ReadFileInformation(const std::string& path, const FileType& rowType, std::uint64_t knownLength,
                                     std::optional<std::int32_t> playTimeMs) {
   const std::string furtherText = rowType == "MIDI" || rowType == "MP3" ? std::string() : FurtherText(path);
   if (const auto file = OpenSystemFile(path)) return ReadFileInformation(*file, rowType, playTimeMs, furtherText);

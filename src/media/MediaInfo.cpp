@@ -1,7 +1,5 @@
 #include "media/MediaInfo.h"
 
-#include <algorithm>
-#include <array>
 #include <memory>
 #include <new>
 #include <utility>
@@ -19,16 +17,16 @@ namespace {
 
 constexpr std::uint64_t kId3v1Length = 128;
 
-MediaInfo ReadUntrimmed(ByteSource& file, std::string_view mediaType) {
-  if (mediaType == "MIDI") {
+MediaInfo ReadUntrimmed(ByteSource& file, const FileType& type) {
+  if (type.Media() == MediaType::kMidi) {
     MidiInfo midi = ReadMidiInfo(file);
     return {std::move(midi.title), std::move(midi.copyright)};
   }
-  if (mediaType == "MP3") {
+  if (type.Media() == MediaType::kMp3) {
     BlockReader reader(file);
     return ReadMp3Info(reader, DetectTagKind(reader));
   }
-  if (mediaType == "htm" || mediaType == "html") {
+  if (type.Media() == MediaType::kPage) {
     auto title = ReadHtmlTitle(file);
     return {title ? std::move(*title) : std::string(), std::string(kNoMediaText)};
   }
@@ -41,32 +39,6 @@ void CutToCell(std::string& text) {
 }
 
 }  // namespace
-
-std::string GetMediaType(std::string_view extension) {
-  static constexpr std::array<std::pair<std::string_view, std::string_view>, 9> kTypes = {{
-      {"MID", "MIDI"},
-      {"MP3", "MP3"},
-      {"AVI", "AVI"},
-      {"MPEG", "MPEG"},
-      {"MPG", "MPEG"},
-      {"MPE", "MPEG"},
-      {"WAV", "WAVE"},
-      {"HTM", "HTML"},
-      {"HTML", "HTML"},
-  }};
-  const auto known =
-      std::find_if(kTypes.begin(), kTypes.end(), [&](const auto& row) { return row.first == extension; });
-  return known != kTypes.end() ? std::string(known->second) : ToLower(extension);
-}
-
-bool IsPlayableType(std::string_view mediaType) {
-  static constexpr std::array<std::string_view, 5> kPlayable = {"MP3", "MIDI", "AVI", "MPEG", "WAVE"};
-  return std::find(kPlayable.begin(), kPlayable.end(), mediaType) != kPlayable.end();
-}
-
-bool HasReader(std::string_view mediaType) {
-  return mediaType == "MIDI" || mediaType == "MP3" || mediaType == "htm" || mediaType == "html";
-}
 
 std::uint8_t DetectTagKind(BlockReader& file) {
   if (file.View(0, 3) == "ID3") return tag_kind::kId3v2;
@@ -97,8 +69,8 @@ MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind) {
   return {std::move(riff.name), std::move(riff.artist)};
 }
 
-MediaInfo ReadMediaInfo(ByteSource& file, std::string_view mediaType) try {
-  MediaInfo info = ReadUntrimmed(file, mediaType);
+MediaInfo ReadMediaInfo(ByteSource& file, const FileType& type) try {
+  MediaInfo info = ReadUntrimmed(file, type);
   CutToCell(info.title);
   CutToCell(info.copyright);
   return info;
@@ -107,10 +79,10 @@ MediaInfo ReadMediaInfo(ByteSource& file, std::string_view mediaType) try {
 }
 
 MediaInfo ReadMediaInfo(const std::string& path) {
-  const std::string mediaType = GetMediaType(Extension(path));
-  if (!HasReader(mediaType)) return {std::string(kNoMediaText), std::string(kNoMediaText)};
+  const FileType type = GetMediaType(Extension(path));
+  if (!HasReader(type)) return {std::string(kNoMediaText), std::string(kNoMediaText)};
   const auto file = OpenSystemFile(path);
-  return file ? ReadMediaInfo(*file, mediaType) : MediaInfo{};
+  return file ? ReadMediaInfo(*file, type) : MediaInfo{};
 }
 
 }  // namespace quillon

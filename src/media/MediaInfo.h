@@ -6,19 +6,10 @@
 
 #include "base/ByteSource.h"
 #include "media/BlockReader.h"
+#include "media/MediaType.h"
 
 /// Which kind of media a file is, and what its list row shows of it.
 namespace quillon {
-
-/// The media type text of an extension in upper case: "MIDI", "MP3", "AVI", "MPEG", "WAVE" or "HTML"; the extension in
-/// lower case for any other.
-[[nodiscard]] std::string GetMediaType(std::string_view extension);
-
-/// True for the types that are played; files of other types are opened with the shell.
-[[nodiscard]] bool IsPlayableType(std::string_view mediaType);
-
-/// True for the types whose files are opened and read for a list row.
-[[nodiscard]] bool HasReader(std::string_view mediaType);
 
 /// Where an MP3 file keeps its texts. Readers of this code also take 1 for 0 and 3 for 2.
 namespace tag_kind {
@@ -46,10 +37,10 @@ inline constexpr std::string_view kNoMediaText = "---";
 /// Reads an MP3 file whose tag kind is known; without a tag, the texts of a RIFF wrapper, if it is one.
 [[nodiscard]] MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind);
 
-/// Reads an opened file as its media type says. Texts that the file lacks are empty; a type without a reader gives
-/// kNoMediaText for both. Pages are read under the types "htm" and "html" only, which GetMediaType never gives: in the
-/// list, pages show kNoMediaText. A file that memory does not suffice for gives empty texts. Never reports.
-[[nodiscard]] MediaInfo ReadMediaInfo(ByteSource& file, std::string_view mediaType);
+/// Reads an opened file as its type says. Texts that the file lacks are empty; a type without a reader gives
+/// kNoMediaText for both. Pages are read as MediaType::kPage only, which GetMediaType never gives: in the list, pages
+/// show kNoMediaText. A file that memory does not suffice for gives empty texts. Never reports.
+[[nodiscard]] MediaInfo ReadMediaInfo(ByteSource& file, const FileType& type);
 
 /// The same by path, its type decided by its extension. A type without a reader is not opened.
 [[nodiscard]] MediaInfo ReadMediaInfo(const std::string& path);

@@ -159,7 +159,8 @@ TEST(Sorting, EachSortCommandSortsItsColumn) {
     f.app.List().Replace(high, row);
     FileItem other = f.app.List().Row(low);
     other.renameName = "a";
-    other.title = other.artist = other.type = "";
+    other.title = other.artist = "";
+    other.type = "";
     other.size = 0;
     f.app.List().Replace(low, other);
     f.app.Execute(command);

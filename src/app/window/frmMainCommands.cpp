@@ -142,7 +142,7 @@ lvwFiles::Handlers frmMain::ListHandlers() {
   handlers.menuWanted = [this](wxPoint screen) { ShowRowMenu(screen); };
   handlers.keyPressed = [this](wxKeyEvent& event) { return UseListKey(event); };
   handlers.dropped = [this](const wxArrayString& paths) { app_->LoadPaths(PathsFromWx(paths)); };
-  handlers.iconOf = [](const FileItem& row, int pixels) { return LoadFileIcon(row.location, row.type, pixels); };
+  handlers.iconOf = [](const FileItem& row, int pixels) { return LoadFileIcon(row.location, row.type.Text(), pixels); };
   return handlers;
 }
 
