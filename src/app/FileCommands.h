@@ -42,14 +42,14 @@ class FileCommands {
   bool DeleteToRecycleBin(const std::string& path);
   void ReportDeletion(const FileError& error);
   std::optional<std::string> ChooseTarget();
-  /// What a move of several rows has come to, and how it goes on.
+  /// The state of a move of several rows.
   struct Batch {
     NotKept notKept;
     bool several = false;
-    bool tells = true;                          ///< of rows that fail
+    bool tells = true;                          ///< whether failures are shown
     bool abandoned = false;                     ///< by the user, who has closed the window
     bool cancelled = false;                     ///< by the user, in the wait window
-    std::optional<std::vector<bool>> selected;  ///< by row, before a failing one was shown
+    std::optional<std::vector<bool>> selected;  ///< each row's selection before a failing row was shown
   };
 
   bool MoveRow(int index, const std::string& folder, MoveProgress& progress, Batch& batch);

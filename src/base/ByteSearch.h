@@ -4,11 +4,11 @@
 #include <string_view>
 #include <utility>
 
-/// Searches whose time depends on how many bytes there are and never on which: no byte is looked at more often because
-/// the ones around it nearly match.
+/// Byte searches whose time depends only on the number of bytes, not on their values: near matches do not slow them
+/// down.
 namespace quillon {
 
-/// 1 when `bytes` (without the zero that ends the literal) stand at `place`, otherwise 0.
+/// Returns 1 when `bytes` (without the literal's terminating zero) are found at `place`, otherwise 0.
 template <std::size_t kCount>
 [[nodiscard]] unsigned StandsAt(const char* place, const char (&bytes)[kCount]) {
   return [&]<std::size_t... kIndex>(std::index_sequence<kIndex...>) {
@@ -17,8 +17,9 @@ template <std::size_t kCount>
   (std::make_index_sequence<kCount - 1>());
 }
 
-/// Where in `data`, at `from` or behind, the first `kLength` bytes stand that `matches` (of a pointer to the first of
-/// them) holds true; npos for none. `matches` must not branch: then the compiler compares many places at once.
+/// Finds the first offset in `data`, from `from` on, whose `kLength` bytes satisfy `matches`, which gets a pointer to
+/// the first of them; npos when there is none. `matches` must not branch, so that the compiler can compare many places
+/// at once.
 template <std::size_t kLength, class Matches>
 [[nodiscard]] std::size_t FindWhere(std::string_view data, std::size_t from, Matches matches) {
   constexpr std::size_t kBlock = 64;
@@ -34,7 +35,7 @@ template <std::size_t kLength, class Matches>
   return std::string_view::npos;
 }
 
-/// The same for bytes that all begin with `first`: what lies between such bytes is passed over faster.
+/// The same for matches that all begin with `first`: the bytes between such candidates are skipped faster.
 template <std::size_t kLength, class Matches>
 [[nodiscard]] std::size_t FindWhere(std::string_view data, std::size_t from, char first, Matches matches) {
   constexpr std::size_t kPiece = 1024;
@@ -48,7 +49,7 @@ template <std::size_t kLength, class Matches>
   return std::string_view::npos;
 }
 
-/// Where, at `from` or behind, `bytes` stand first; npos for nowhere.
+/// Finds the first occurrence of `bytes` at or after `from`; npos when there is none.
 template <std::size_t kCount>
 [[nodiscard]] std::size_t FindBytes(std::string_view data, std::size_t from, const char (&bytes)[kCount]) {
   return FindWhere<kCount - 1>(data, from, bytes[0], [&](const char* place) { return StandsAt(place, bytes) != 0; });

@@ -23,11 +23,11 @@ class ByteSource {
   /// Reads up to `count` bytes from `offset`; fewer at the end of the file or where reading fails. Returns how many.
   virtual std::size_t ReadAt(std::uint64_t offset, char* into, std::size_t count) = 0;
 
-  /// No string that Read gives is longer.
+  /// The largest number of bytes that Read returns.
   static constexpr std::uint64_t kLongestRead = std::uint64_t{32} << 20u;
 
-  /// The same as a string, for counts that the caller bounds: a size that a file claims is none. Asks for no more
-  /// memory than the file holds and than kLongestRead, whatever `count` says.
+  /// The same as a string. The caller must bound `count`; a size read from the file itself is no such bound. Never
+  /// allocates more than the file's length or kLongestRead, whatever `count` is.
   [[nodiscard]] std::string Read(std::uint64_t offset, std::uint64_t count);
 };
 

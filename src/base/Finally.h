@@ -4,8 +4,8 @@
 
 namespace quillon {
 
-/// Does something when its scope is left, also by an exception: what was changed for a while is put back. What the
-/// action itself throws is dropped.
+/// Runs an action when the scope is left, also by an exception, to undo a temporary change. Exceptions from the action
+/// itself are dropped.
 template <class Action>
 class [[nodiscard]] Finally {
  public:
@@ -15,7 +15,7 @@ class [[nodiscard]] Finally {
   ~Finally() {
     try {
       action_();
-    } catch (...) {  // NOLINT(bugprone-empty-catch): there is nobody to take it
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a destructor must not throw
     }
   }
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// How logic reaches back to the program around it: a window implements these, quillon-cli does, tests record them.
+/// The interfaces through which logic reaches the user. Windows and quillon-cli implement them; tests record the calls.
 namespace quillon {
 
 enum class MessageIcon { kExclamation, kStop, kInformation, kQuestion };
@@ -18,17 +18,17 @@ struct Message {
   bool operator==(const Message&) const = default;
 };
 
-/// What is told of a file whose rename or move has failed.
+/// The message about a file whose rename or move failed.
 struct FailureMessage {
   Message message;
-  std::string details = {};  ///< shown on demand: the paths and what the system said; lines end with "\r\n"
-  bool inBatch = false;      ///< more may fail: the box offers to tell no more of them
+  std::string details = {};  ///< shown on demand: the paths and the system's error; lines end with "\r\n"
+  bool inBatch = false;      ///< more files may fail: the box offers to show no further failures
 };
 
 enum class FailureAnswer {
   kTold,
-  kTellNoMore,  ///< for the rest of this batch
-  kStop,        ///< nobody waits for the batch any more
+  kTellNoMore,  ///< show no further failures of this batch
+  kStop,        ///< end the batch: the user has closed the window
 };
 
 class MessageBoxes {
@@ -36,7 +36,7 @@ class MessageBoxes {
   virtual ~MessageBoxes() = default;
   /// Shows the box and waits. True for OK and Yes; false for Cancel, No and a closed box.
   virtual bool Show(const Message& message) = 0;
-  /// The same for a failure. Without a window it is told like any message.
+  /// The same for a failure. By default it is shown like any other message.
   virtual FailureAnswer ShowFailure(const FailureMessage& failure) {
     Show(failure.message);
     return FailureAnswer::kTold;
@@ -46,10 +46,10 @@ class MessageBoxes {
 class PendingMessages {
  public:
   virtual ~PendingMessages() = default;
-  /// Lets the window repaint and answer; called between the items of long loops. Must not start another command.
+  /// Lets the window repaint and handle events; called between the items of long loops. Must not start another command.
   virtual void Process() = 0;
 
-  /// True once the user has asked for the end of what runs.
+  /// True once the user has asked to cancel the running operation.
   [[nodiscard]] virtual bool Cancelled() const { return false; }
 };
 

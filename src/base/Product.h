@@ -1,6 +1,6 @@
 #pragma once
 
-/// What the product says about itself; the build sets it (cmake/Product.cmake).
+/// The product's name, version, address and copyright, set by the build (cmake/Product.cmake).
 namespace quillon {
 
 extern const char* const kProductName;       ///< "Quillon"

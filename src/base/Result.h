@@ -5,11 +5,11 @@
 
 namespace quillon {
 
-/// A value, or the error that stands in its place. Expected failures travel as values, never as exceptions.
+/// Either a value or an error. Expected failures are returned as values, never thrown.
 template <class Value, class Error>
 class [[nodiscard]] Result {
  public:
-  // Both conversions are meant: `return value;` and `return error;` read best.
+  // Both conversions are implicit on purpose, so that functions can `return value;` and `return error;`.
   Result(Value value) : held_(std::in_place_index<0>, std::move(value)) {}  // NOLINT(google-explicit-constructor)
   Result(Error error) : held_(std::in_place_index<1>, std::move(error)) {}  // NOLINT(google-explicit-constructor)
 

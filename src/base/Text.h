@@ -39,7 +39,7 @@ void AppendUtf8(std::string& text, char32_t codePoint);
 /// The text with U+FFFD in place of every byte that is not valid UTF-8, for display.
 [[nodiscard]] std::string WithReplacementCharacters(std::string_view text);
 
-/// Letter case, one character to one character by Unicode's simple mappings, the same on every system.
+/// Letter case by Unicode's simple mappings, which map one character to one character; the same on every system.
 [[nodiscard]] char32_t LowerCharacter(char32_t codePoint);
 [[nodiscard]] char32_t UpperCharacter(char32_t codePoint);
 [[nodiscard]] std::string ToLower(std::string_view text);
@@ -48,7 +48,7 @@ void AppendUtf8(std::string& text, char32_t codePoint);
 /// True when both texts have the same lower-case form.
 [[nodiscard]] bool EqualIgnoringCase(std::string_view left, std::string_view right);
 
-/// Without leading and trailing, or only trailing, blanks (U+0020 and nothing else).
+/// The text without leading and trailing blanks, or without trailing ones. Only U+0020 is a blank.
 [[nodiscard]] std::string_view Trim(std::string_view text);
 [[nodiscard]] std::string_view TrimRight(std::string_view text);
 

@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// Lets through at most one of many calls per interval; the first one always.
+/// Limits how often something is done: at most once per interval. The first call is always due.
 class Throttle {
  public:
   using Clock = std::chrono::steady_clock;

@@ -24,7 +24,8 @@ bool ReadFlags(std::string_view flags, Command& command) {
   return !(ansi && utf8);
 }
 
-/// The text up to the next "/" that no backslash protects, with "/" for "\/"; `rest` then starts behind that "/".
+/// Returns the text up to the next "/" that has no backslash before it, with "\/" turned into "/", and advances `rest`
+/// past that "/".
 std::optional<std::string> TakePart(std::string_view& rest) {
   std::string part;
   for (std::size_t i = 0; i < rest.size(); ++i) {
@@ -44,7 +45,8 @@ std::optional<std::string> TakePart(std::string_view& rest) {
 }  // namespace
 
 std::optional<Command> ParseCommand(std::string_view text) {
-  // No double-byte character holds a "/", but many hold a "\": the flags come first, since they tell how to read on.
+  // The flags are read first because they name the encoding: a "/" byte is never part of a double-byte character, but a
+  // "\" byte can be.
   const std::size_t end = text.rfind('/');
   if (!text.starts_with("s/") || end == 1) return std::nullopt;
   Command command;

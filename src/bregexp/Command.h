@@ -6,10 +6,10 @@
 
 namespace quillon::bregexp {
 
-/// What a text's bytes mean.
+/// The encoding of a command and its targets.
 enum class Encoding { kBytes, kCodePage932, kUtf8 };
 
-/// A substitution command, taken apart. Both texts are in the form of WorkingText.h.
+/// A parsed substitution command. Both texts are in the form of WorkingText.h.
 struct Command {
   std::string pattern;
   std::string replacement;

@@ -17,7 +17,7 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// The value of a digit up to base 16; 16 for anything else.
+/// The value of a decimal or hexadecimal digit; 16 for anything else.
 unsigned DigitValue(char c) {
   if (IsDigit(c)) return static_cast<unsigned>(c - '0');
   if (c >= 'a' && c <= 'f') return static_cast<unsigned>(c - 'a') + 10;
@@ -61,7 +61,8 @@ class Parser {
     parts_.push_back({Kind::kLiteral, std::exchange(literal_, {}), 0});
   }
 
-  /// Takes at most `most` digits of a base of 8, 10 or 16; the value stops growing beyond every group and character.
+  /// Consumes at most `most` digits of base 8, 10 or 16. The value saturates at a number larger than any group or
+  /// character.
   std::size_t TakeNumber(unsigned base, std::size_t most) {
     constexpr std::size_t kEnough = 0x1000000;
     std::size_t value = 0;
@@ -114,7 +115,8 @@ class Parser {
     return true;
   }
 
-  /// One digit is a group unless it is 0; anything longer is a character's octal number, as far as it goes.
+  /// A single digit other than 0 names a group; 0 and longer numbers are a character's octal code, up to the first
+  /// non-octal digit.
   [[nodiscard]] bool ReadNumberEscape() {
     if (rest_.front() != '0' && (rest_.size() == 1 || !IsDigit(rest_[1]))) {
       AddGroup(TakeNumber(10, 1));
@@ -147,7 +149,8 @@ class Parser {
     return true;
   }
 
-  /// As in Perl, \u and \l inside a \U or \L do nothing, except at its very start, and the first of several counts.
+  /// As in Perl, \u and \l inside a \U or \L only have an effect at its very start, and only the first of several
+  /// counts.
   [[nodiscard]] bool ReadCaseEscape(char c) {
     static constexpr std::pair<char, Kind> kNames[] = {{'U', Kind::kUpper},
                                                        {'L', Kind::kLower},
@@ -210,7 +213,7 @@ void CaseWriter::AppendConverted(std::string_view text, Case letterCase) {
   if (letterCase == Case::kAsIs) {
     into_ += text;
   } else if (encoding_ == Encoding::kBytes) {
-    // Only ASCII letters have a case when nothing is known about the other bytes.
+    // In byte mode only ASCII letters have a case, because the encoding of the other bytes is unknown.
     for (const char byte : text) {
       const std::string_view one(&byte, 1);
       into_ += letterCase == Case::kUpper ? ToUpper(one) : ToLower(one);

@@ -30,15 +30,15 @@ struct ReplacementPart {
   bool operator==(const ReplacementPart&) const = default;
 };
 
-/// Nullopt when the text names a character that the encoding cannot have, or leaves \x{ open.
+/// Returns nullopt when the text names a character that the encoding cannot represent, or has an unclosed \x{.
 [[nodiscard]] std::optional<std::vector<ReplacementPart>> ParseReplacement(std::string_view text, Encoding encoding);
 
-/// Writes pieces of text to the end of a string, in the letter case asked for. Its state lasts for one replacement.
+/// Appends text to a string in the current letter case. Use one object per replacement: it keeps the case state.
 class CaseWriter {
  public:
   CaseWriter(std::string& into, Encoding encoding) : into_(into), encoding_(encoding) {}
 
-  /// Precondition: one of the kinds that change letter case.
+  /// Precondition: `kind` is one of those that change letter case.
   void Change(ReplacementPart::Kind kind);
   void Append(std::string_view text);
 

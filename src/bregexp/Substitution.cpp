@@ -10,8 +10,8 @@
 namespace quillon::bregexp {
 namespace {
 
-// PCRE2 counts the steps of a match anew at every place where it starts one, so the limit shrinks as the text grows:
-// together they stay below about half a second. A name of 200 characters may still take a million steps at each place.
+// PCRE2's match limit applies to each starting position, so the limit is divided by the text's length: the whole search
+// then takes less than about half a second. A name of 200 characters still gets a million steps per position.
 constexpr std::size_t kStepsPerText = 200'000'000;
 constexpr std::size_t kFewestSteps = 10'000;
 constexpr std::size_t kMostSteps = 1'000'000;
@@ -19,7 +19,7 @@ constexpr std::uint32_t kHeapKibibytes = 64 * 1024;
 constexpr std::size_t kSmallJitStack = std::size_t{32} * 1024;
 constexpr std::size_t kLargestJitStack = std::size_t{4} * 1024 * 1024;
 
-// In the working form of at most four bytes per character this is more than 65,536 characters.
+// The working form has at most four bytes per character, so this holds at least 65,536 characters.
 constexpr std::size_t kLongestResult = std::size_t{4} * 65'536;
 
 std::uint32_t MatchLimit(std::size_t length) {
@@ -42,7 +42,7 @@ std::string_view ErrorText(int compileError) {
   }
 }
 
-// PCRE2 takes bytes as unsigned.
+// PCRE2 expects unsigned bytes.
 PCRE2_SPTR Units(std::string_view text) {
   static constexpr char kEmpty = '\0';
   return reinterpret_cast<PCRE2_SPTR>(text.empty() ? &kEmpty : text.data());
@@ -82,7 +82,7 @@ bool Substitution::PrepareMatching() {
   data_.reset(pcre2_match_data_create_from_pattern(code_.get(), nullptr));
   if (!context_ || !data_) return false;
   pcre2_set_heap_limit(context_.get(), kHeapKibibytes);
-  // Where just-in-time compilation is not to be had, PCRE2 interprets the pattern with the same results.
+  // Where just-in-time compilation is not available, PCRE2 interprets the pattern with the same results.
   if (pcre2_jit_compile(code_.get(), PCRE2_JIT_COMPLETE) == 0) {
     stack_.reset(pcre2_jit_stack_create(kSmallJitStack, kLargestJitStack, nullptr));
     pcre2_jit_stack_assign(context_.get(), nullptr, stack_.get());
@@ -101,7 +101,7 @@ std::optional<std::string> Substitution::ReplaceMatches(std::string_view text) {
   pcre2_set_depth_limit(context_.get(), MatchLimit(text.size()));
   std::string result;
   std::size_t done = 0;
-  // After an empty match the next one may not be empty at the same place; everything else follows from that.
+  // After an empty match, another empty match at the same place is not allowed; otherwise the loop would not advance.
   for (bool allowEmpty = true; result.size() <= kLongestResult;) {
     const int groups = Find(text, done, allowEmpty);
     if (groups == PCRE2_ERROR_NOMATCH) break;
@@ -120,7 +120,7 @@ std::optional<std::string> Substitution::ReplaceMatches(std::string_view text) {
 }
 
 int Substitution::Find(std::string_view text, std::size_t from, bool allowEmpty) {
-  // The text is known to be valid: it was converted here.
+  // The text is valid UTF-8: ToWorkingText made it.
   const std::uint32_t options = PCRE2_NO_UTF_CHECK | (allowEmpty ? 0 : PCRE2_NOTEMPTY_ATSTART);
   return pcre2_match(code_.get(), Units(text), text.size(), from, options, data_.get(), context_.get());
 }

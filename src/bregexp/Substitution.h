@@ -25,7 +25,7 @@ class Substitution {
   /// The error is one of the texts above.
   static Result<Substitution, std::string_view> Compile(std::string_view command);
 
-  /// The target with its matches replaced, in the command's own encoding; one of the error texts when that fails.
+  /// Returns the target with its matches replaced, in the command's encoding, or one of the error texts on failure.
   [[nodiscard]] std::string Apply(std::string_view target);
 
  private:

@@ -31,7 +31,7 @@ void AppendRawBytes(std::string& bytes, char32_t character) {
   bytes += static_cast<char>(code & 0xFFu);
 }
 
-/// The length of the character at the start of `bytes`: a lead byte takes its trail byte with it.
+/// The length of the character at the start of `bytes`: 2 for a lead byte that another byte follows, else 1.
 std::size_t AnsiLength(std::string_view bytes) {
   if (bytes.size() < 2 || !IsAnsiLeadByte(Byte(bytes[0]))) return 1;
   const unsigned char trail = Byte(bytes[1]);
@@ -60,7 +60,7 @@ std::string FromAnsi(std::string_view bytes) {
   return text;
 }
 
-/// A character that would look like a raw code is taken for its single bytes, so that it comes back unchanged too.
+/// A character from the range of the raw codes is stored as its single bytes, so that it can be converted back, too.
 std::string FromUtf8(std::string_view bytes) {
   std::string text;
   for (std::size_t i = 0; i < bytes.size();) {

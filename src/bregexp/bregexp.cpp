@@ -14,7 +14,7 @@
 namespace quillon::bregexp {
 namespace {
 
-/// What a caller's slot points to: the last command and what became of it.
+/// A caller's slot points to this: the last command and the result of compiling it.
 struct Compiled {
   explicit Compiled(std::string_view text) : command(text), outcome(Substitution::Compile(text)) {}
 
@@ -67,7 +67,7 @@ std::size_t Replace(const char* command, std::size_t commandLength, const char* 
     FreeSlot(compiled);
     return 0;
   }
-  // The caller may be built with another runtime: nothing may be thrown across.
+  // The caller may use another C++ runtime, so no exception may cross this boundary.
   try {
     return Copy(RunWithSlot({command, commandLength}, {target, targetLength}, compiled), result, capacity);
   } catch (const std::bad_alloc&) {

@@ -47,8 +47,8 @@ MoveOutcome FileMover::Move(int index, const std::string& folder, CopyProgress* 
   const std::string from = list_.Row(index).location;
   player_.ReleaseFile(from);
   const std::string to = Target(index, folder);
-  // The file itself is the namesake, however its folder is spelled: the disk would call a rename to the own name a
-  // success.
+  // The target is the file itself, perhaps with its folder spelled differently. Renaming it to its own name would
+  // succeed, so the error is reported here.
   if (PathIdentity(from, style_) == PathIdentity(to, style_) || files_.SameFile(from, to))
     return FileError{file_error::kAlreadyExists, "File exists"};
   MoveOutcome outcome = disk_.Move(from, to, progress);

@@ -7,12 +7,13 @@
 namespace quillon {
 namespace {
 
-/// What ends the folder part when a path is split into folder and name.
+/// The characters that end the folder part when a path is split into folder and name.
 constexpr std::string_view FolderEnds(PathStyle style) {
   return style == PathStyle::kWindows ? "\\:" : "/";
 }
 
-/// What ends the search for an extension: here "/" counts on Windows, and ":" does not.
+/// The characters at which the search for an extension stops. On Windows "/" is one of them, unlike above, and ":" is
+/// not.
 constexpr std::string_view ExtensionScanEnds(PathStyle style) {
   return style == PathStyle::kWindows ? ".\\/" : "./";
 }
@@ -22,7 +23,7 @@ std::size_t FileNameOffset(std::string_view path, PathStyle style) {
   return separator == std::string_view::npos ? path.size() : separator + 1;
 }
 
-/// The extension as it is written.
+/// The extension in its original letter case.
 std::string_view RawExtension(std::string_view path, PathStyle style) {
   const std::size_t end = path.find_last_of(ExtensionScanEnds(style));
   if (end == std::string_view::npos || path[end] != '.') return {};
@@ -45,7 +46,7 @@ bool IsInvalidInName(char c) {
   }
 }
 
-/// The text in the form that UnquoteArgument cuts.
+/// The text in the form from which UnquoteArgument recovers it.
 std::string QuotedArgument(std::string_view text) {
   std::string argument = " \"";
   argument += text;
@@ -53,8 +54,8 @@ std::string QuotedArgument(std::string_view text) {
   return argument;
 }
 
-/// Where the run that opens with the quote at `start` ends: the offset of the closing quote, which stands before a
-/// blank or at the end; the command line's size when there is none.
+/// The offset of the quote that closes the run opened at `start`: the next quote that is followed by a blank or by the
+/// end. The command line's size when there is none.
 std::size_t ClosingQuote(std::string_view commandLine, std::size_t start) {
   for (std::size_t quote = start;;) {
     quote = commandLine.find('"', quote + 1);
@@ -148,11 +149,11 @@ std::string ShortenPath(std::string_view path, std::size_t maximum, PathStyle st
   const std::size_t length = CharacterCount(path);
   if (length <= maximum) return std::string(path);
   const char separator = PathSeparator(style);
-  // Positions are 1-based characters, 0 for none; each "Offset" is the same place in bytes, 0-based.
+  // Positions are 1-based character numbers, 0 for none; each "Offset" is the same place as a 0-based byte offset.
   std::size_t position = 1;
   std::size_t positionOffset = 0;
   std::size_t start = 0;
-  std::size_t tailOffset = 0;  // of the character before `start`
+  std::size_t tailOffset = 0;  // the byte offset of the character before `start`
   while (position != 0) {
     const std::size_t candidate = length > start + 1 ? length - start - 1 : 0;
     if (candidate + 6 <= maximum) break;

@@ -7,7 +7,7 @@
 
 #include "platform/PathStyle.h"
 
-/// Stateless helpers over paths and names. No helper touches the disk. Views point into the argument.
+/// Stateless helpers for paths and names. They never touch the disk. Returned views point into the argument.
 namespace quillon {
 
 /// "\" or "/".
@@ -23,7 +23,8 @@ namespace quillon {
 /// The file name up to its last "."; empty for a name without a dot and for a path without a separator.
 [[nodiscard]] std::string_view BaseName(std::string_view path, PathStyle style = SystemPathStyle());
 
-/// The path less its file name, trailing separator kept; a path without a separator, having no file name, is all of it.
+/// The path without its file name, with the trailing separator. A path without a separator has no file name and is
+/// returned whole.
 [[nodiscard]] std::string_view FolderPart(std::string_view path, PathStyle style = SystemPathStyle());
 
 /// The folder with one separator appended when it does not end with one. An empty folder gives the separator alone.
@@ -33,31 +34,32 @@ namespace quillon {
 /// `" * / : < > ? \ |` and carriage return, on every system; 0 when there is none.
 [[nodiscard]] int InvalidCharacterPosition(std::string_view name);
 
-/// The position of the first such character that `name` holds more often, up to there, than `present` does, the name
-/// that a file has already: on Linux files may have such names.
+/// The position of the first such character that `name` contains more often, up to that position, than `present`, the
+/// file's current name; 0 when there is none. On Linux existing files may have such names.
 [[nodiscard]] int AddedInvalidCharacterPosition(std::string_view name, std::string_view present);
 
-/// Splits a command line at single spaces; a piece that begins with a double quote runs on to the first piece, itself
-/// included, that ends with another one. Spaces inside a run are kept, as many as there are; an unclosed run goes to
-/// the end. Empty pieces outside a run and empty pairs of quotes give no argument. An argument that was quoted, or that
-/// holds a quote, comes back as a space, a quote, its text and a quote, so that `UnquoteArgument` yields exactly the
-/// text.
+/// Splits a command line at single spaces. A piece that begins with a double quote is joined with those behind it up to
+/// the first piece, itself included, that ends with another quote. Spaces inside such a run are all kept; an unclosed
+/// run extends to the end. Empty pieces outside a run and empty pairs of quotes give no argument. An argument that was
+/// quoted or contains a quote is returned as a space, a quote, its text and a quote, from which `UnquoteArgument`
+/// recovers exactly the text.
 [[nodiscard]] std::vector<std::string> SplitCommandLine(std::string_view commandLine);
 
-/// An argument that holds a double quote, less its first two characters and its last (empty when it has no more than
-/// these); any other unchanged.
+/// An argument that contains a double quote loses its first two characters and its last one (empty when it is no longer
+/// than that); any other argument is unchanged.
 [[nodiscard]] std::string UnquoteArgument(std::string_view argument);
 
-/// True when the path's extension equals, ignoring case, an entry of the list (entries separated by single spaces; an
-/// empty entry matches a file without extension). An empty list matches every path.
+/// True when the path's extension equals an entry of the list, ignoring case. Entries are separated by single spaces;
+/// an empty entry matches a file without extension. An empty list matches every path.
 [[nodiscard]] bool MatchesExtensionFilter(std::string_view path, std::string_view list,
                                           PathStyle style = SystemPathStyle());
 
-/// The path shortened for display to about `maximum` characters by putting "..." in the place of its first folders; the
-/// result can still be longer. Both are counted in characters.
+/// The path shortened for display to about `maximum` characters (not bytes) by replacing its first folders with "...".
+/// The result can still be longer.
 [[nodiscard]] std::string ShortenPath(std::string_view path, std::size_t maximum, PathStyle style = SystemPathStyle());
 
-/// The path as the file system compares it: on Windows without regard to letter case, on Linux byte for byte.
+/// A key that is equal for paths that the file system treats as equal: case-insensitive on Windows, byte for byte on
+/// Linux.
 [[nodiscard]] std::string PathIdentity(std::string_view path, PathStyle style = SystemPathStyle());
 
 }  // namespace quillon

@@ -10,17 +10,17 @@ inline constexpr const char* kModeCaption = "設定";
 inline constexpr const char* kAutoApplyText = "自動適応モード";
 inline constexpr const char* kManualApplyText = "手動適応モード";
 
-/// The apply mode in force, distinct from the stored `Update`/`AutoUpdate`: turning the setting on while rows are
+/// The apply mode in force. It can differ from the stored setting `Update`/`AutoUpdate`: turning that on while rows are
 /// listed takes effect only at the next start, reload or list clear.
 struct ApplyMode {
   bool automatic = false;
 };
 
-/// What the mode panel reads.
+/// The text of the mode panel.
 [[nodiscard]] const char* ApplyModeText(const ApplyMode& mode);
 
-/// Brings the mode in line with the setting, as after a reload and a list clear; says so when it is automatic then. The
-/// option value is kept in step by whoever writes the setting.
+/// Sets the mode from the setting, as after a reload and a list clear, and shows a message if it is automatic then.
+/// Uses the option value, which must be updated whenever the setting is written.
 void RereadApplyMode(ApplyMode& mode, const OptionValues& options, MessageBoxes& boxes);
 
 }  // namespace quillon

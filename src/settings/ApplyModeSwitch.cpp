@@ -35,7 +35,7 @@ void ApplyModeSwitch::Restore(State state) {
 
 void ApplyModeSwitch::Store(bool value) {
   options_.update.automatic = value;
-  (void)WriteAutoUpdate(settingsPath_, value);  // nobody is told of a failure, as for all settings
+  (void)WriteAutoUpdate(settingsPath_, value);  // failures are silent, as for all settings
 }
 
 }  // namespace quillon

@@ -10,27 +10,27 @@
 
 namespace quillon {
 
-/// Switches the automatic apply mode, for the mode panel and for the options dialog. Its setting reaches the file at
-/// once, alone: the others wait for the end of the program.
+/// Switches the automatic apply mode, for the mode panel and for the options dialog. Unlike the other settings, which
+/// are written when the program ends, this one is written to the file at once.
 class ApplyModeSwitch {
  public:
-  /// `rowsAreListed` is asked whenever the mode is to be switched on.
+  /// `rowsAreListed` is called whenever the mode is to be switched on.
   ApplyModeSwitch(std::string settingsPath, OptionValues& options, ApplyMode& mode, MessageBoxes& boxes,
                   std::function<bool()> rowsAreListed);
 
-  /// Tells the user and stores the setting. The mode changes with it, except that it never goes on over rows that are
-  /// listed: then it waits for the next start, reload or list clear. `show` is called before the box when the mode is
-  /// about to change.
+  /// Stores the setting, changes the mode and shows a message. While rows are listed, switching on only stores the
+  /// setting; the mode then changes at the next start, reload or list clear. `show` is called before the message when
+  /// the mode is about to change.
   void Switch(bool automatic, const std::function<void()>& show);
 
-  /// The mode in force and its setting, which differ while the mode waits to be switched on.
+  /// The mode in force and its setting. They differ while switching on is delayed.
   struct State {
     bool automatic = false;
     bool setting = 0;
   };
   [[nodiscard]] State Now() const { return {mode_.automatic, options_.update.automatic}; }
 
-  /// Puts mode and setting back without a word.
+  /// Restores mode and setting without a message.
   void Restore(State state);
 
  private:

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kLineEnds = "\r\n";
 
-/// People indent with tabs, too; a value's own tabs are left alone.
+/// Also trims tabs, because people indent with them. Values keep theirs.
 std::string_view TrimNames(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t");
   if (first == std::string_view::npos) return {};
@@ -21,12 +21,11 @@ std::string_view WithoutEnd(std::string_view line) {
   return line.substr(0, line.size() - IniLineEnd(line).size());
 }
 
-/// What AnsiToUtf8 puts in the place of bytes that stand for no character. It is a character with bytes of its own,
-/// too.
+/// What AnsiToUtf8 returns for invalid bytes. It is also an ordinary character, with the bytes below.
 constexpr std::string_view kReplacement = "\u30FB";
 constexpr std::string_view kReplacementsOwnBytes = "\x81\x45";
 
-/// The UTF-8 form of one character's bytes; nullopt when they are not exactly one character.
+/// Decodes the bytes of one character to UTF-8; nullopt when they are not exactly one character.
 std::optional<std::string> DecodedCharacter(std::string_view bytes) {
   std::string text = AnsiToUtf8(bytes);
   if (CharacterCount(text) != 1 || (text == kReplacement && bytes != kReplacementsOwnBytes)) return std::nullopt;
@@ -83,7 +82,7 @@ std::string AnsiToUtf8KeepingBytes(std::string_view bytes) {
     }
     std::size_t length = IsAnsiLeadByte(byte) ? 2 : 1;
     std::optional<std::string> character = DecodedCharacter(bytes.substr(i, length));
-    // A lead byte without its second byte is replaced alone, and what follows it stands for itself.
+    // AnsiToUtf8 replaces a lead byte without a valid trail byte alone; the byte behind it is then decoded separately.
     const bool alone = !character && length == 2 && AnsiToUtf8(bytes.substr(i, length)) != kReplacement;
     if (alone) length = 1;
     text += character ? *character : bytes.substr(i, length);

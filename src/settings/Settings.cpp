@@ -38,7 +38,7 @@ std::optional<bool> IsOn(const IniFile& file, std::string_view section, std::str
   return number ? std::optional(MeansOn(*number, kind)) : std::nullopt;
 }
 
-/// Fills one member after the other; a missing key leaves the member's default. Of several errors the first is kept.
+/// Reads the members one after the other. A missing key leaves the member's default. Only the first error is kept.
 class SettingsReader {
  public:
   SettingsReader(const IniFile& file, std::optional<SettingsError>& error) : file_(file), error_(error) {}

@@ -9,7 +9,7 @@
 #include "settings/OptionValues.h"
 #include "settings/basINIControl.h"
 
-/// All settings, from and to the settings file.
+/// Reading and writing all settings.
 namespace quillon {
 
 /// The first value that does not fit its key: a number outside 16 bits, or a text that is neither a number nor "True"
@@ -22,23 +22,23 @@ struct SettingsError {
   bool operator==(const SettingsError&) const = default;
 };
 
-/// Every setting; the defaults for missing keys. Never changes the file.
+/// Reads every setting; missing keys give the defaults. Never changes the file.
 [[nodiscard]] Result<OptionValues, SettingsError> ReadOptionValues(const IniFile& file);
 
-/// The same of the file at this path. nullopt stands for the initialisation error: a value does not fit, or the file is
-/// there and cannot be read. A file that is not there gives the defaults.
+/// The same for the file at this path. Returns nullopt, the initialisation error, when a value does not fit or an
+/// existing file cannot be read. A missing file gives the defaults.
 [[nodiscard]] std::optional<OptionValues> LoadOptionValues(const std::string& path);
 
-/// Whether the main window's place and size are written: only when it is neither minimised nor maximised.
+/// Whether the main window's place and size are written: only while it is neither minimised nor maximised.
 enum class WindowGeometry { kWrite, kKeep };
 
 /// Writes every setting but AutoUpdate into the file in memory; the caller saves it.
 void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometry geometry);
 
-/// The one setting that reaches the file at once, alone. False when the file cannot be read or written.
+/// Writes the setting AutoUpdate to the file at once. Returns false when the file cannot be read or written.
 [[nodiscard]] bool WriteAutoUpdate(const std::string& path, bool automatic);
 
-/// What is shown before the program ends when LoadOptionValues fails.
+/// The message shown before the program ends when LoadOptionValues fails.
 [[nodiscard]] Message InitialisationError();
 
 }  // namespace quillon

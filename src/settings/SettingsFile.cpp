@@ -33,7 +33,7 @@ bool mnuOptionDefaultExit(const std::string& path, const OptionValues& options, 
 }
 
 void ResetSettings(const std::string& path) {
-  // Failing is fine: what cannot be deleted is not there, or is not the program's to delete.
+  // A failure is ignored: the file does not exist, or the program may not delete it.
   const FileOutcome ignored = MakeFileChanges()->Remove(path);
   static_cast<void>(ignored);
 }

@@ -8,7 +8,7 @@
 
 namespace quillon {
 
-/// How a setting differs from what its type alone says.
+/// How a setting is stored beyond what its type says.
 enum class SettingKind {
   kPlain,        ///< a text, a measure, or "True" and "False"
   kIsOne,        ///< an integer: 1 is on, any other is off
@@ -20,8 +20,8 @@ enum class SettingKind {
 };
 
 /// Calls `visit(section, key, member, kind)` for every setting, in the order in which they are read and written.
-/// `Options` is OptionValues or const OptionValues. The sections, the order and the odd spellings are the file's
-/// format.
+/// `Options` is OptionValues or const OptionValues. The sections, the order and the odd spellings are fixed by the
+/// file's format.
 template <class Options, class Visitor>
 void VisitSettings(Options& options, Visitor visit) {
   using enum SettingKind;

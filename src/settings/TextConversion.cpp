@@ -18,7 +18,7 @@ std::optional<bool> Word(std::string_view text) {
 std::optional<double> Number(std::string_view text) {
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);
-  // The sign is gone; what is left to refuse are a second one and the words for infinity and not-a-number.
+  // The sign has been removed. This rejects a second sign and the words for infinity and not-a-number.
   if (text.empty() || text.find_first_of("0123456789.") != 0) return std::nullopt;
   double value = 0;
   const char* const end = text.data() + text.size();
@@ -27,7 +27,7 @@ std::optional<double> Number(std::string_view text) {
   return negative ? -value : value;
 }
 
-/// Whatever mode the processor is in: halves go to the even neighbour.
+/// Rounds halves to the even neighbour, independently of the processor's rounding mode.
 double RoundHalfToEven(double value) {
   const double below = std::floor(value);
   const double fraction = value - below;

@@ -59,7 +59,7 @@ std::optional<std::string> IniFile::FindString(std::string_view section, std::st
 
 void IniFile::WriteString(std::string_view section, std::string_view key, std::string_view value) {
   value = value.substr(0, value.find_first_of(std::string_view("\r\n\0", 3)));
-  if (FindWholeString(section, key) == value) return;  // the line stays as somebody may have written it by hand
+  if (FindWholeString(section, key) == value) return;  // keep the line as it is: it may be hand-written
   const std::string encoded = Encoded(value);
   if (const std::optional<std::size_t> line = FindLine(section, key)) {
     std::string& text = lines_[*line];
@@ -110,7 +110,7 @@ std::string IniFile::Encoded(std::string_view value) {
   return std::string(value);
 }
 
-/// What the file uses already.
+/// The line end that the file already uses.
 std::string IniFile::NewLineEnd() const {
   const std::string_view first = lines_.empty() ? std::string_view() : IniLineEnd(lines_.front());
   return std::string(first.empty() ? "\r\n" : first);
@@ -122,7 +122,7 @@ void IniFile::InsertLine(std::size_t index, std::string_view text) {
   lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(index), std::string(text) + end);
 }
 
-/// Where a new line of this section goes: behind the last line that is not blank. Adds the section if it is not there.
+/// Where a new line of this section is inserted: behind its last line that is not blank. Adds a missing section.
 std::size_t IniFile::SectionEnd(std::string_view section) {
   std::optional<std::size_t> end;
   for (std::size_t i = 0; i < lines_.size(); ++i) {

@@ -12,43 +12,44 @@ namespace quillon {
 
 /// One INI file in memory: "[section]" lines, "key=value" lines, comments from ";". Values are UTF-8 here; in the file
 /// they are code page 932, or UTF-8 where the file starts with a byte-order mark. Section and key names are ASCII and
-/// compared without regard to letter case; of several lines with one key the first counts. Lines that nobody writes to
-/// keep their bytes, their order and their ends.
+/// compared ignoring case; of several lines with the same key the first counts. Lines that are not written to keep
+/// their bytes, their order and their line ends.
 class IniFile {
  public:
   /// Longer values are cut to this many characters when read.
   static constexpr std::size_t kLongestValue = 127;
 
-  /// A larger file, in bytes, is damaged: neither read nor written.
+  /// A file with more bytes is considered damaged and neither read nor written.
   static constexpr std::size_t kLargestFile = std::size_t{1} << 20u;
 
-  /// Bound to the file, which is not touched yet.
+  /// Remembers the path; the file is not touched yet.
   explicit IniFile(std::string path) : path_(std::move(path)) {}
 
   [[nodiscard]] const std::string& Path() const { return path_; }
 
-  /// Takes over the file's content; a file that is not there is empty. False when it is there and cannot be read or is
-  /// too large: it then counts as empty and is not saved, because that would lose what it holds.
+  /// Reads the file's content; a missing file is empty. Returns false when the file exists and cannot be read or is too
+  /// large: it then counts as empty and Save fails, because saving would lose its content.
   [[nodiscard]] bool Load();
 
   /// The leading blanks, sign and decimal digits of the value as a number that wraps around at 32 bits; 0 for a value
-  /// without such digits. The default stands in for a missing key and for an empty value.
+  /// without such digits. The default is returned for a missing key and for an empty value.
   [[nodiscard]] std::int32_t ReadInteger(std::string_view section, std::string_view key, std::int32_t fallback) const;
 
-  /// The value without surrounding blanks and at most kLongestValue characters long; bytes that code page 932 does not
-  /// know are U+30FB. The default, which stands in for a missing key, is not cut. Quotes are part of the value.
+  /// The value without surrounding blanks and at most kLongestValue characters long; bytes that are invalid in code
+  /// page 932 become U+30FB. A missing key gives the default, uncut. Quotes are part of the value.
   [[nodiscard]] std::string ReadString(std::string_view section, std::string_view key, std::string_view fallback) const;
 
-  /// The same, nullopt for a missing key (integers: or an empty value).
+  /// The same, with nullopt for a missing key and, for integers, for an empty value.
   [[nodiscard]] std::optional<std::int32_t> FindInteger(std::string_view section, std::string_view key) const;
   [[nodiscard]] std::optional<std::string> FindString(std::string_view section, std::string_view key) const;
 
   /// Changes or adds one line in memory: a new key at the end of its section, a new section at the end of the file. The
-  /// value ends at its first line break or NUL. The first value that code page 932 cannot hold makes the whole file
-  /// UTF-8, for good; bytes that stand for no character stay as they are.
+  /// value ends at its first line break or NUL. The first value that code page 932 cannot represent converts the whole
+  /// file to UTF-8 permanently; invalid bytes stay unchanged.
   void WriteString(std::string_view section, std::string_view key, std::string_view value);
 
-  /// Puts the lines in the place of the file, all or nothing. False when that fails or must not be.
+  /// Replaces the file's content with the lines, entirely or not at all. Returns false when that fails or the file
+  /// could not be loaded.
   [[nodiscard]] bool Save() const;
 
  private:
