@@ -4,8 +4,8 @@
 
 namespace quillon {
 
-/// Makes every access key (Alt and a letter) of the window's controls work wherever the focus is. The toolkit's own
-/// search ends, on Windows, at the frame that the focused control stands in.
+/// Makes every access key (Alt and a letter) of the window's controls work wherever the focus is. On Windows the
+/// toolkit only searches the frame that contains the focused control.
 void ReachByAccessKeys(wxWindow& window);
 
 }  // namespace quillon

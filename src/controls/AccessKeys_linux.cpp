@@ -2,6 +2,6 @@
 
 namespace quillon {
 
-void ReachByAccessKeys(wxWindow&) {}  // GTK's do
+void ReachByAccessKeys(wxWindow&) {}  // GTK's access keys do so already
 
 }  // namespace quillon

@@ -15,7 +15,7 @@
 namespace quillon {
 namespace {
 
-// The letter behind a single "&", in upper case; 0 for none.
+// Returns the letter behind a single "&", in upper case; 0 when there is none.
 wxChar AccessKeyOf(const wxString& label) {
   for (std::size_t i = 0; i + 1 < label.length(); ++i) {
     if (label[i] != '&') continue;
@@ -30,7 +30,7 @@ void FindControls(const wxWindow& parent, wxChar key, std::vector<wxControl*>& f
     auto* const control = dynamic_cast<wxControl*>(child);
     const bool usable = child->IsShownOnScreen() && child->IsEnabled();
     if (control != nullptr && usable && AccessKeyOf(control->GetLabel()) == key) {
-      found.push_back(control);  // a part of it may repeat its label
+      found.push_back(control);  // not its children: a part of it may repeat its label
     } else {
       FindControls(*child, key, found);
     }
@@ -44,7 +44,7 @@ void Send(wxControl& control, wxEventType type, int value) {
   control.ProcessWindowEvent(event);
 }
 
-// A label stands before what it names.
+// A label comes directly before the control that it names.
 wxWindow* FocusOf(wxControl& control) {
   return dynamic_cast<wxStaticText*>(&control) != nullptr ? control.GetNextSibling() : &control;
 }
@@ -65,7 +65,8 @@ void Use(wxControl& control) {
   }
 }
 
-// Where several share a key, it goes from one to the next and uses none, as everywhere in Windows.
+// When several controls share a key, it moves the focus from one to the next without activating any, as usual on
+// Windows.
 void GoOn(const std::vector<wxControl*>& controls) {
   const auto focused = std::find_if(controls.begin(), controls.end(),
                                     [](wxControl* control) { return FocusOf(*control) == wxWindow::FindFocus(); });

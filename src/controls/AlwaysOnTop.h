@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// Puts a top-level window above all others, or among them again.
+/// Keeps a top-level window above all others, or stops doing so.
 void SetOnTop(wxWindow& window, bool front);
 
 }  // namespace quillon

@@ -4,8 +4,8 @@
 
 namespace quillon {
 
-/// A pattern of file names ("*.mid;*.midi", "*.*") as the system's open-file dialog has to be given it, so that it
-/// offers the names whatever the case of their letters, and all names for "*.*".
+/// Converts a pattern of file names ("*.mid;*.midi", "*.*") for the system's open-file dialog, so that the dialog
+/// ignores letter case and "*.*" matches all names.
 [[nodiscard]] std::string DialogPattern(const std::string& pattern);
 
 }  // namespace quillon

@@ -3,7 +3,7 @@
 
 namespace quillon {
 
-// GTK compares letter by letter, and takes a name without a dot for none of "*.*".
+// GTK's patterns are case-sensitive, and "*.*" does not match names without a dot.
 std::string DialogPattern(const std::string& pattern) {
   if (pattern == "*.*") return "*";
   std::string anyCase;

@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-/// Shows the system's dialog for an existing folder; an empty path when it was cancelled. `confirm` is what its
-/// confirming button says; empty: the system's usual word.
+/// Shows the system's dialog for an existing folder. Returns an empty path when it was cancelled. `confirm` is the
+/// label of its confirming button; empty: the system's usual label.
 [[nodiscard]] std::string ChooseFolder(wxWindow& parent, const std::string& prompt, const std::string& start,
                                        const std::string& confirm);
 

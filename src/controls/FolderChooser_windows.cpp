@@ -11,7 +11,8 @@
 namespace quillon {
 namespace {
 
-/// The toolkit makes the native dialog when it shows it and gives no way to its button: this one is shown past it.
+/// A folder dialog with another label on its button. The toolkit gives no access to its native dialog, so ShowModal
+/// shows our own.
 class FolderDialogWithWord final : public wxDirDialog {
  public:
   FolderDialogWithWord(wxWindow& parent, const std::string& prompt, const std::string& start, std::string confirm)

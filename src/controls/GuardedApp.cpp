@@ -15,10 +15,10 @@ constexpr std::size_t kMostWaiting = 3;
 
 }  // namespace
 
-/// What was caught and is to be told, and what it is told under.
+/// The errors that were caught and are still to be shown, and the captions to show them under.
 class GuardedApp::Errors {
  public:
-  /// Called within a catch block. The same error is told once as long as its box waits or is open: some handlers run
+  /// Call it in a catch block. An error is not queued again while its box waits or is open, because some handlers run
   /// many times a second.
   void Caught() noexcept {
     try {
@@ -28,12 +28,12 @@ class GuardedApp::Errors {
       }
       waiting_.push_back(message);
       wxTheApp->CallAfter([this] { Tell(); });
-    } catch (...) {  // NOLINT(bugprone-empty-catch): there is no memory left to tell it with
+    } catch (...) {  // NOLINT(bugprone-empty-catch): not enough memory to report it
     }
   }
 
   std::string running;  ///< the running command's caption
-  std::string failed;   ///< that of the command which is being left by an exception
+  std::string failed;   ///< the caption of the command that an exception is leaving
 
  private:
   std::string TakeCaption() {
@@ -46,7 +46,7 @@ class GuardedApp::Errors {
     while (!waiting_.empty()) {
       try {
         WxMessageBoxes(wxTheApp->GetTopWindow()).Show(waiting_.front());
-      } catch (...) {  // NOLINT(bugprone-empty-catch): a box about it would throw, too
+      } catch (...) {  // NOLINT(bugprone-empty-catch): another box would throw, too
       }
       waiting_.pop_front();
     }
@@ -69,7 +69,8 @@ void GuardedApp::CallEventHandler(wxEvtHandler* handler, wxEventFunctor& functor
   }
 }
 
-// What CallAfter has postponed comes through here alone. The event that threw is gone; those behind it are not.
+// Events postponed by CallAfter are only guarded here. When one throws, it is dropped and the loop goes on with the
+// next.
 void GuardedApp::ProcessPendingEvents() {
   for (bool done = false; !done;) {
     try {

@@ -10,9 +10,9 @@
 
 namespace quillon {
 
-/// An application whose handlers may throw. What nobody has caught is caught where wx calls the program, so that it
-/// never unwinds the frames of the system, is told in a box, and the program goes on. The box waits until the messages
-/// are processed: one must not open while a window paints or the focus is on its way.
+/// An application whose handlers may throw. Uncaught exceptions are caught where wx calls the program, so that they
+/// never unwind the system's stack frames. They are shown in a box, and the program goes on. The box is postponed to
+/// the next message processing, because it must not open while a window is painting or the focus is changing.
 class GuardedApp : public wxApp {
  public:
   GuardedApp();
@@ -31,7 +31,7 @@ class GuardedApp : public wxApp {
   std::unique_ptr<Errors> errors_;
 };
 
-/// Names a command as long as it runs: the box about what it throws has this caption.
+/// Names the running command: a box about its exception has this caption.
 class RunningCommand {
  public:
   explicit RunningCommand(std::string caption);

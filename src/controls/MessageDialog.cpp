@@ -118,7 +118,7 @@ void MessageDialog::AddDetails(wxSizer& column) {
 
 void MessageDialog::AddButtons(wxSizer& column) {
   auto* row = new wxBoxSizer(wxHORIZONTAL);
-  // Buttons with the system's own numbers would have its captions, too.
+  // Buttons with the system's ids would get the system's captions.
   const auto add = [&](wxWindowID id, const char* name, const char* label) {
     auto* button = new wxButton(this, wxID_ANY, ToWx(label));
     button->SetName(name);

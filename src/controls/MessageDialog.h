@@ -7,14 +7,14 @@
 
 namespace quillon {
 
-/// A message box with the icon that the message asks for: neither GTK's own boxes nor those of Windows that have
-/// buttons of our words show all four. Its buttons are Japanese in every locale; Ctrl+C copies what it says. With
-/// details it has a part that folds out; in a batch it offers to tell no more failures.
+/// A message box with any of the four message icons; GTK's boxes, and those of Windows with custom buttons, do not show
+/// all of them. Its buttons are Japanese in every locale; Ctrl+C copies its text. Details are shown in a collapsible
+/// part; in a batch it offers to show no further failures.
 class MessageDialog final : public wxMessageDialogBase {
  public:
   MessageDialog(wxWindow* owner, const FailureMessage& content);
 
-  /// The user wants no more boxes of this kind.
+  /// True when the user asked for no further failures to be shown.
   [[nodiscard]] bool TellsNoMore() const { return chkTellNoMore_ != nullptr && chkTellNoMore_->GetValue(); }
 
   int ShowModal() override;

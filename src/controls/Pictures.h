@@ -10,15 +10,14 @@
 /// The program's own pictures, drawn as SVG in resources/icons and built into the program.
 namespace quillon {
 
-/// A picture of the desktop's as a bitmap.
+/// Converts a picture from the desktop to a bitmap.
 [[nodiscard]] wxBitmap BitmapOf(const Pixels& pixels);
 
-/// The picture of this name (a file's name without ".svg") for a nominal size in DIP; sharp at every scale. What the
-/// SVG draws in its ink (#000000) takes the colour `ink`, its other colours stay. An unknown name gives an empty
-/// bundle.
+/// The picture of this name (the SVG file's name without ".svg") for a nominal size in DIP; sharp at every scale. The
+/// SVG's black (#000000) is replaced with `ink`; its other colours stay. An unknown name gives an empty bundle.
 [[nodiscard]] wxBitmapBundle Picture(std::string_view name, int dip, const wxColour& ink);
 
-/// The program's icon in the sizes that window frames and task bars show.
+/// The program's icon in the sizes used by window frames and task bars.
 [[nodiscard]] wxIconBundle ProgramIcons();
 
 }  // namespace quillon

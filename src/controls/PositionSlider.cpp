@@ -57,7 +57,7 @@ void PositionSlider::BindMouse() {
   const auto pressed = [this](wxMouseEvent& event) {
     event.Skip();
     Press(Holder::kMouse);
-    // The system's slider then finds the mouse on its thumb, and takes it along.
+    // With the thumb moved under the mouse, the system's slider lets the mouse drag it.
     if (const std::optional<double> place = PlaceOfPress(GetHandle(), event.GetX())) {
       SetValue(static_cast<int>(std::lround(*place * GetMax())));
       ShowTip();
@@ -92,7 +92,7 @@ void PositionSlider::BindKeys() {
   });
 }
 
-// A range without a length has no thumb that could move.
+// The maximum is at least 1, because the thumb cannot move in an empty range.
 void PositionSlider::SetLength(std::int32_t length) {
   const std::int32_t most = std::max(length, 1);
   SetMax(most);
@@ -116,7 +116,7 @@ void PositionSlider::Press(Holder holder) {
 void PositionSlider::Release() {
   if (std::exchange(holder_, Holder::kNobody) == Holder::kNobody) return;
   if (tip_ != nullptr) tip_->Hide();
-  // The system tells of the last move once more after this.
+  // The system reports the last move once more after this.
   settled_ = false;
   CallAfter([this] { settled_ = true; });
   handlers_.released(GetValue());
@@ -142,7 +142,7 @@ void PositionSlider::ShowTip() {
     window->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_INFOTEXT));
   }
   tipText_->SetLabelText(ToWx(handlers_.tip(GetValue())));
-  // A press may move the thumb yet.
+  // Postponed, because the press may still move the thumb.
   CallAfter(&PositionSlider::PlaceTip);
 }
 

@@ -11,22 +11,22 @@ class wxStaticText;
 
 namespace quillon {
 
-/// The slider of a player: its value is a position in milliseconds. From the press of a mouse button, or of a key that
-/// moves it, until the release it belongs to the user, and shows the position in a tip beside its thumb. What moves it
-/// at once, as the wheel does, is a press and a release.
+/// The slider of a player: its value is a position in milliseconds. While the user holds a mouse button, or a key that
+/// moves it, it shows the position in a tip beside its thumb. A move without holding, such as by the wheel, counts as a
+/// press and a release.
 class PositionSlider final : public wxSlider {
  public:
   struct Handlers {
     std::function<void()> pressed;
-    std::function<void(std::int32_t value)> released;  ///< also when the focus or the mouse is taken away meanwhile
+    std::function<void(std::int32_t value)> released;  ///< also when the focus or the mouse capture is lost
     std::function<std::string(std::int32_t value)> tip;
   };
 
   PositionSlider(wxWindow* parent, Handlers handlers);
 
-  /// The maximum; steps follow it.
+  /// Sets the maximum, and the step sizes that depend on it.
   void SetLength(std::int32_t length);
-  /// The value, set by the program.
+  /// Sets the value without calling the handlers.
   void SetPosition(std::int32_t position);
 
  private:
@@ -43,7 +43,7 @@ class PositionSlider final : public wxSlider {
   Handlers handlers_;
   Holder holder_ = Holder::kNobody;
   int heldKey_ = 0;
-  bool settled_ = true;  // nothing more comes of a release
+  bool settled_ = true;  // no event of the last release is outstanding
   wxPopupWindow* tip_ = nullptr;
   wxStaticText* tipText_ = nullptr;
 };

@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-/// The path, or a text that ends with one, with "..." in place of as few of its first folders as `width` pixels ask for
-/// in the control's font; it can still be too wide.
+/// Shortens a path, or a text that ends with one, to `width` pixels in the control's font by replacing as few of its
+/// first folders as possible with "...". The result can still be too wide.
 [[nodiscard]] wxString ShortenedToFit(const wxWindow& control, std::string_view path, int width);
 
 }  // namespace quillon

@@ -5,7 +5,7 @@
 namespace quillon {
 namespace {
 
-/// Where two texts begin to differ.
+/// The index of the first character that differs.
 std::size_t FirstDifference(const wxString& left, const wxString& right) {
   const auto [difference, other] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
   return static_cast<std::size_t>(difference - left.begin());

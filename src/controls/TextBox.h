@@ -6,12 +6,12 @@
 
 namespace quillon {
 
-/// Whether the system's own text boxes of one line can undo.
+/// Whether the system's single-line text boxes can undo.
 [[nodiscard]] bool TextBoxesCanUndo();
 
-/// A text box of one line that can undo on every system. Where the system's own cannot (GTK) this goes one step back,
-/// and forth again, also with Ctrl+Z, as the system's own does on Windows; characters typed one after another are one
-/// step. A text that the program sets is no step and cannot be undone.
+/// A single-line text box that can undo on every system. Where the system's text box cannot (GTK), Undo or Ctrl+Z
+/// reverts the last step, and a second one restores it, as on Windows. Characters typed one after another are one step.
+/// A text set by the program cannot be undone.
 class TextBox final : public wxTextCtrl {
  public:
   explicit TextBox(wxWindow* parent, wxWindowID id = wxID_ANY, long style = 0);
@@ -29,9 +29,9 @@ class TextBox final : public wxTextCtrl {
 
   // Kept only where the system's own text box cannot undo.
   bool native_;
-  wxString text_;                  ///< as it is
-  std::optional<wxString> other_;  ///< what Undo brings
-  std::size_t typedUpTo_ = 0;      ///< where the character just typed ends; 0 when the last change was another one
+  wxString text_;                  ///< the current text
+  std::optional<wxString> other_;  ///< the text that Undo restores
+  std::size_t typedUpTo_ = 0;      ///< the index behind the character just typed; 0 when the last change was not typing
 };
 
 }  // namespace quillon

@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// The modal dialog that is open, the last one where several are; `otherwise` when there is none.
+/// The open modal dialog, the last one opened if there are several; `otherwise` when there is none.
 [[nodiscard]] wxWindow* TopmostDialog(wxWindow* otherwise);
 
 }  // namespace quillon

@@ -10,8 +10,8 @@ namespace {
 constexpr double kTwipsPerInch = 1440.0;
 constexpr int kDipPerInch = 96;
 
-// wx keeps pixels that the desktop scales itself (GTK) apart from those that it does not (Windows): DIP are the measure
-// that both share. Windows grow with their text.
+// DIP are the only unit with the same meaning on GTK, where the desktop scales pixels, and on Windows, where it does
+// not. The text scale is included so that windows grow with their text.
 double TwipsPerPixel(const wxWindow& window) {
   return kTwipsPerInch / (window.FromDIP(wxSize(kDipPerInch, kDipPerInch)).x * QueryTextScale());
 }

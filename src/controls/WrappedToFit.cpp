@@ -17,7 +17,7 @@ bool IsAscii(wxUniChar character) {
   return character < 0x80;
 }
 
-/// Whether a line may end before the character at `at`.
+/// Whether a line may be broken before the character at `at`.
 bool MayBreak(const wxString& line, std::size_t at) {
   const wxUniChar before = line[at - 1];
   const wxUniChar after = line[at];
@@ -27,7 +27,7 @@ bool MayBreak(const wxString& line, std::size_t at) {
 }
 
 wxString Wrap(wxWindow& control, const wxString& line, int width) {
-  wxArrayInt ends;  // of the text up to each character
+  wxArrayInt ends;  // the width of the text up to and including each character
   wxClientDC dc(&control);
   dc.SetFont(control.GetFont());
   if (!dc.GetPartialTextExtents(line, ends)) return line;

@@ -7,8 +7,8 @@
 namespace quillon {
 
 /// The text with line breaks added where a line would be wider than `width` pixels in the control's font. Japanese may
-/// break between any two characters, but no line begins with a closing mark or ends with an opening one; what is
-/// wider than the line all by itself stays so.
+/// break between any two characters, but no line begins with a closing mark or ends with an opening one. A single word
+/// wider than the line is not broken.
 [[nodiscard]] wxString WrappedToFit(wxWindow& control, std::string_view text, int width);
 
 }  // namespace quillon

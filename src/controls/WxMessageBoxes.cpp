@@ -29,7 +29,7 @@ bool WxMessageBoxes::StopBatch() {
 }
 
 int WxMessageBoxes::Ask(MessageDialog& dialog, wxWindow* owner) {
-  // Windows gives the focus to another program when a box over a disabled window closes.
+  // Windows gives the focus to another program when the owner of a closing box is disabled.
   const bool disabled = owner != nullptr && !owner->IsThisEnabled();
   if (disabled) owner->Enable();
   const int answer = dialog.ShowModal();

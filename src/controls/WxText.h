@@ -7,14 +7,14 @@
 #include <string_view>
 #include <vector>
 
-/// Where texts pass between logic (UTF-8) and windows.
+/// Converts texts between logic (UTF-8) and windows (wxString).
 namespace quillon {
 
 /// Bytes that are not valid UTF-8 are shown as U+FFFD.
 [[nodiscard]] wxString ToWx(std::string_view text);
 [[nodiscard]] std::string FromWx(const wxString& text);
 
-/// Paths that a dialog or a drop gives: on Linux the very bytes of the names.
+/// Paths from a dialog or a drop: on Linux the exact bytes of the names.
 [[nodiscard]] std::string PathFromWx(const wxString& path);
 [[nodiscard]] std::vector<std::string> PathsFromWx(const wxArrayString& paths);
 

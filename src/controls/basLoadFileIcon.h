@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-/// The small icon that the desktop gives the file, as a picture for the list; our own picture of the media type where
-/// the desktop has none.
+/// The desktop's small icon for the file, as a bitmap for the list; where the desktop has none, the program's picture
+/// of the media type.
 [[nodiscard]] wxBitmap LoadFileIcon(const std::string& path, const std::string& mediaType, int pixels);
 
 }  // namespace quillon

@@ -11,24 +11,25 @@
 
 namespace quillon {
 
-/// Looks at places of an opened file, fetching a block at a time: neighbouring looks cost one read, and what is skipped
-/// is never read. The two blocks looked at last are kept. Lives on the stack; asks for memory only for a look larger
-/// than a block.
+/// Random access to an opened file in blocks: views close to each other cost one read, and skipped parts are never
+/// read. The two blocks used last are kept. Allocates memory only for a view larger than a block, so it can live on the
+/// stack.
 class BlockReader {
  public:
-  /// No look is larger: room for the two texts of a comment.
+  /// The largest view: room for the two texts of a comment.
   static constexpr std::size_t kLongestView = 2 * kLongestText + 64;
 
   explicit BlockReader(ByteSource& file) : file_(file), size_(file.Size()) {}
 
   [[nodiscard]] std::uint64_t Size() const { return size_; }
 
-  /// The `count` bytes at `offset`, or fewer: where the file ends, where reading fails, and beyond kLongestView. Valid
-  /// until the next call.
+  /// Returns the `count` bytes at `offset`; fewer at the end of the file, where reading fails, and beyond kLongestView.
+  /// Valid until the next call.
   [[nodiscard]] std::string_view View(std::uint64_t offset, std::uint64_t count);
 
  private:
-  /// Holds the text frames of most tags. Measured against 1, 4 and 8 KiB: more only costs time for what follows them.
+  /// Large enough for the text frames of most tags. Measured against 1, 4 and 8 KiB: larger blocks only cost time to
+  /// read what follows the frames.
   static constexpr std::size_t kBlockLength = 2048;
 
   struct Block {
@@ -44,7 +45,7 @@ class BlockReader {
   ByteSource& file_;
   std::uint64_t size_;
   std::array<Block, 2> blocks_;
-  std::size_t latest_ = 0;  // of blocks_, the one looked at last
+  std::size_t latest_ = 0;  // the index in blocks_ of the block used last
   std::string large_;
 };
 

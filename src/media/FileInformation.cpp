@@ -24,7 +24,7 @@ std::string OrNothing(std::int16_t number) {
   return number == 0 ? std::string(kNothing) : std::to_string(number);
 }
 
-/// Made in one piece: the texts may be long.
+/// Reserves the whole length first, because the texts may be long.
 std::string Mp3Detail(std::string_view artist, std::string_view album, std::string_view comment,
                       std::string_view year) {
   const std::array<std::string_view, 8> pieces = {
@@ -39,7 +39,7 @@ std::string Mp3Detail(std::string_view artist, std::string_view album, std::stri
   return line;
 }
 
-/// What stands behind "種類： ".
+/// The text behind "種類： ".
 struct TypeText {
   std::string_view type;
   std::string_view furtherText;
@@ -51,7 +51,7 @@ struct TypeText {
   std::string operator()(const Id3v1Info&) const { return "MP3 (ID3v1)"; }
   std::string operator()(const Id3v2Info&) const { return "MP3 (ID3v2)"; }
   std::string operator()(const RiffInfo& riff) const {
-    // The name is not among the texts shown, and does not count.
+    // The name (INAM) is not shown in the panel, so it does not count.
     const bool empty = riff.artist.empty() && riff.product.empty() && riff.comment.empty() && riff.creationDate.empty();
     return empty ? "MP3" : "MP3 (RMP)";
   }

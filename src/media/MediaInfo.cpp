@@ -33,7 +33,7 @@ MediaInfo ReadUntrimmed(ByteSource& file, const FileType& type) {
   return {std::string(kNoMediaText), std::string(kNoMediaText)};
 }
 
-// A list's cell ends at a zero byte, and no file name can hold one.
+// List cells end at a zero byte, and file names made from these texts cannot contain one.
 void CutToCell(std::string& text) {
   text.resize(TrimRight(std::string_view(text.c_str())).size());
 }

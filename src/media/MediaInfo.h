@@ -8,10 +8,10 @@
 #include "media/BlockReader.h"
 #include "media/MediaType.h"
 
-/// Which kind of media a file is, and what its list row shows of it.
+/// A file's media type, and the texts that its list row shows.
 namespace quillon {
 
-/// Where an MP3 file keeps its texts. Readers of this code also take 1 for 0 and 3 for 2.
+/// Where an MP3 file stores its texts. Code that reads these values also accepts 1 for 0 and 3 for 2.
 namespace tag_kind {
 inline constexpr std::uint8_t kId3v1 = 0;  ///< "TAG", 128 bytes before the end
 inline constexpr std::uint8_t kId3v2 = 2;  ///< "ID3" at the start; the end is not looked at
@@ -22,8 +22,8 @@ inline constexpr std::uint8_t kNone = 4;   ///< neither; also for a file that ca
 [[nodiscard]] std::uint8_t DetectTagKind(ByteSource& file);
 [[nodiscard]] std::uint8_t DetectTagKind(const std::string& path);
 
-/// The two texts of a list row, UTF-8: of the reader's texts, which were cut at kLongestText bytes of the file, what
-/// stands in front of the first zero byte, without trailing blanks.
+/// The two texts of a list row, UTF-8. A reader's text (at most kLongestText bytes of the file) is cut at its first
+/// zero byte and loses trailing blanks.
 struct MediaInfo {
   std::string title;
   std::string copyright;  ///< the copyright of a MIDI file, the artist of an MP3 file
@@ -34,12 +34,12 @@ struct MediaInfo {
 /// Texts of a type that has no reader.
 inline constexpr std::string_view kNoMediaText = "---";
 
-/// Reads an MP3 file whose tag kind is known; without a tag, the texts of a RIFF wrapper, if it is one.
+/// Reads an MP3 file whose tag kind is known. Without a tag, reads the texts of a RIFF wrapper, if there is one.
 [[nodiscard]] MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind);
 
-/// Reads an opened file as its type says. Texts that the file lacks are empty; a type without a reader gives
+/// Reads an opened file according to its type. Missing texts are empty; a type without a reader gives
 /// kNoMediaText for both. Pages are read as MediaType::kPage only, which GetMediaType never gives: in the list, pages
-/// show kNoMediaText. A file that memory does not suffice for gives empty texts. Never reports.
+/// show kNoMediaText. When memory runs out, the texts are empty. Never reports errors.
 [[nodiscard]] MediaInfo ReadMediaInfo(ByteSource& file, const FileType& type);
 
 /// The same by path, its type decided by its extension. A type without a reader is not opened.

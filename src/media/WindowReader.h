@@ -9,23 +9,24 @@
 
 namespace quillon {
 
-/// Reads an opened file once, from its beginning to its end, a window at a time. Lives on the stack and asks for no
-/// memory.
+/// Reads an opened file once, from beginning to end, one window at a time. Allocates no memory, so it can live on the
+/// stack.
 class WindowReader {
  public:
-  /// Of every window but the last.
+  /// The length in bytes of every window but the last.
   static constexpr std::size_t kLength = std::size_t{64} * 1024;
 
-  /// Each window begins with the last `overlap` bytes of the one before, so that what is searched for is whole in one.
+  /// Each window begins with the last `overlap` bytes of the one before, so that a match of up to `overlap` + 1 bytes
+  /// lies entirely in one window.
   WindowReader(ByteSource& file, std::size_t overlap) : file_(file), size_(file.Size()), overlap_(overlap) {}
 
-  /// Goes on to the next window; false at the end of the file, or where reading it fails.
+  /// Advances to the next window; false at the end of the file, or where reading fails.
   bool Next();
 
   [[nodiscard]] std::string_view Bytes() const { return {bytes_.data(), length_}; }
-  /// Where in the file the window begins.
+  /// The window's first offset in the file.
   [[nodiscard]] std::uint64_t Offset() const { return offset_; }
-  /// Where it ends: once Next has given false, the file's size unless reading failed.
+  /// The offset behind the window. After Next has returned false this is the file's size, unless reading failed.
   [[nodiscard]] std::uint64_t End() const { return offset_ + length_; }
 
  private:

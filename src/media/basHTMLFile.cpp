@@ -21,7 +21,7 @@ namespace {
 // Larger files are not read.
 constexpr std::uint64_t kLargestPage = std::uint64_t{1} << 28u;
 
-// In lower case; letters A to Z of a page match too.
+// Must be lower case; the page's upper-case letters match, too.
 constexpr char kStartTag[] = "<title>";
 constexpr char kEndTag[] = "</title>";
 constexpr std::size_t kStartTagLength = sizeof(kStartTag) - 1;
@@ -29,7 +29,7 @@ constexpr std::size_t kEndTagLength = sizeof(kEndTag) - 1;
 
 using Place = std::optional<std::uint64_t>;
 
-/// Like StandsAt, whatever the letter case.
+/// Like StandsAt, but ignores letter case.
 template <std::size_t kCount>
 unsigned TagStandsAt(const char* place, const char (&tag)[kCount]) {
   constexpr auto caseBit = [](char c) { return static_cast<unsigned char>(c >= 'a' && c <= 'z' ? 0x20 : 0); };
@@ -44,8 +44,8 @@ std::size_t FindTag(std::string_view text, std::size_t from, const char (&tag)[k
   return FindWhere<kCount - 1>(text, from, tag[0], [&](const char* place) { return TagStandsAt(place, tag) != 0; });
 }
 
-/// Where the first tag of either kind stands, a start tag with a byte in front of it. Searching for what both end with
-/// takes little longer than searching for one.
+/// The offset of the first tag of either kind; a start tag only counts with a byte in front of it. Searching for their
+/// common end ("title>") takes little longer than searching for one tag.
 std::size_t FindEitherTag(std::string_view text) {
   const std::size_t at = FindWhere<kEndTagLength>(text, 0, [](const char* place) {
     const unsigned opens = StandsAt(place + 1, "<") | StandsAt(place, "</");
@@ -58,21 +58,23 @@ constexpr bool IsLineBreak(char c) {
   return c == '\r' || c == '\n';
 }
 
-/// Decoded before the line breaks go, so that half a character at a line's end does not join the next line's first.
+/// Decodes before removing the line breaks, so that half a character at a line's end does not combine with the next
+/// line's first byte.
 std::string JoinedLines(std::string_view bytes) {
   std::string text = AnsiToUtf8(bytes);
   std::erase_if(text, IsLineBreak);
   return text;
 }
 
-/// The bytes of a page without its line breaks, a part at a time. Tags stand in it as they do in the decoded page: none
-/// of their bytes is the second of a character, except a letter behind the first. Each part begins with the last bytes
-/// of the one before, so that every tag is whole in one; the first one with a zero byte that the page does not have.
+/// The bytes of a page without its line breaks, one part at a time. Tags can be searched for in the undecoded bytes:
+/// its "<", "/" and ">" are never the second byte of a character, and its letters do not follow a lead byte. Each part
+/// begins with the last bytes of the one before, so that every tag lies entirely in one part. The first part begins
+/// with an additional zero byte.
 class JoinedBytes {
  public:
   explicit JoinedBytes(ByteSource& file) : window_(file, 0) { bytes_[0] = '\0'; }
 
-  /// False at the end of the file, or where reading it fails.
+  /// Advances to the next part; false at the end of the file, or where reading fails.
   bool Next() {
     KeepEnd();
     if (!window_.Next()) return false;
@@ -87,7 +89,7 @@ class JoinedBytes {
     return true;
   }
 
-  /// Reads on for nothing but to know whether it can be done; the end of what could be read.
+  /// Reads the rest only to check that it is readable. Returns the offset where reading ended.
   std::uint64_t ReadToEnd() {
     while (window_.Next()) {
     }
@@ -96,7 +98,7 @@ class JoinedBytes {
 
   [[nodiscard]] std::string_view Bytes() const { return {bytes_.data(), length_}; }
 
-  /// Where in the file the byte stands that is number `at` of Bytes().
+  /// The file offset of the byte with index `at` in Bytes().
   [[nodiscard]] std::uint64_t FileOffset(std::size_t at) const {
     if (at < kept_) return keptAt_.at(at);
     const std::string_view window = window_.Bytes();
@@ -109,7 +111,7 @@ class JoinedBytes {
  private:
   static constexpr std::size_t kOverlap = kEndTagLength - 1;
 
-  /// Of each byte: 0 for line breaks, 1 for others. Branches would be wrong too often.
+  /// For each byte value: 0 for line breaks, 1 for others. A table, because a branch would be mispredicted too often.
   static constexpr std::array<unsigned char, 256> kKept = [] {
     std::array<unsigned char, 256> kept{};
     for (std::size_t byte = 0; byte < kept.size(); ++byte) kept.at(byte) = byte == '\r' || byte == '\n' ? 0 : 1;
@@ -121,7 +123,7 @@ class JoinedBytes {
                         [](const char* place) { return (StandsAt(place, "\r") | StandsAt(place, "\n")) != 0; });
   }
 
-  /// Moves the end of the bytes to their beginning, and notes where they came from.
+  /// Moves the last bytes to the beginning and records their file offsets.
   void KeepEnd() {
     const std::size_t kept = std::min(length_, kOverlap);
     const std::string_view window = window_.Bytes();
@@ -148,11 +150,11 @@ class JoinedBytes {
   std::size_t kept_ = 1;
 };
 
-/// Where in the file the tags stand.
+/// The file offsets of the tags.
 struct Tags {
   Place text = std::nullopt;        ///< behind the first start tag
-  Place end = std::nullopt;         ///< of the text: the first end tag behind the start tag
-  Place endInFront = std::nullopt;  ///< an end tag without a start tag in front of it
+  Place end = std::nullopt;         ///< the text's end: the first end tag behind the start tag
+  Place endInFront = std::nullopt;  ///< an end tag that no start tag precedes
 
   void LookAt(const JoinedBytes& part) {
     const std::string_view bytes = part.Bytes();
@@ -171,7 +173,7 @@ struct Tags {
   }
 };
 
-/// The text between two places of the file, or of a longer one the first `most` bytes, line breaks not counted.
+/// The text between two offsets of the file: at most the first `most` bytes, not counting line breaks.
 std::string ReadText(ByteSource& file, std::uint64_t begin, std::uint64_t end, std::size_t most) {
   constexpr std::uint64_t kPiece = 4096;
   std::string bytes;
@@ -180,7 +182,7 @@ std::string ReadText(ByteSource& file, std::uint64_t begin, std::uint64_t end, s
     if (piece.empty()) break;
     begin += piece.size();
     for (const char c : piece) {
-      // One break is as good as many.
+      // Successive breaks are stored as one.
       const bool isBreak = IsLineBreak(c);
       if (most == 0 || (isBreak && bytes.ends_with('\n'))) continue;
       bytes += isBreak ? '\n' : c;

@@ -17,8 +17,8 @@ constexpr std::size_t kTrailerLength = 128;
 constexpr std::size_t kHeaderLength = 10;
 constexpr std::size_t kLongestVersion11Comment = 14;
 
-// Read with three-letter frames it would have none, were it not for four-letter names that begin like one ("TAL" of
-// "TALB"), whose sizes would come out as texts.
+// The frames of version 2.4 are not read: as three-letter frames, "TALB" would match "TAL", and bytes of its size would
+// be read as text.
 constexpr std::uint8_t kVersionWithoutFrames = 4;
 
 std::uint32_t Byte(char c) {
@@ -39,7 +39,7 @@ std::int16_t Year(std::string_view text) {
   return number < Limits::min() || number > Limits::max() ? std::int16_t{0} : static_cast<std::int16_t>(number);
 }
 
-/// The bytes at `offset`, zero where the file has none.
+/// The bytes at `offset`; zeros behind the end of the file.
 template <std::size_t kCount>
 std::array<unsigned char, kCount> BytesAt(BlockReader& file, std::uint64_t offset) {
   std::array<unsigned char, kCount> bytes{};
@@ -48,12 +48,13 @@ std::array<unsigned char, kCount> BytesAt(BlockReader& file, std::uint64_t offse
   return bytes;
 }
 
-/// Four bytes of seven bits each. A top bit that is set is carried along; the largest result still fits 31 bits.
+/// Decodes four bytes of seven bits each. A set top bit is not masked but added; the largest result still fits the
+/// signed type.
 std::int32_t SevenBitNumber(const unsigned char* bytes) {
   return std::int32_t{bytes[0]} * 0x200000 + bytes[1] * 0x4000 + bytes[2] * 0x80 + bytes[3];
 }
 
-/// What stands between the header and the first frame.
+/// The optional part between the header and the first frame.
 struct ExtendedHeader {
   std::size_t length = 0;
   std::int32_t padding = 0;
@@ -89,7 +90,8 @@ Frame ReadFourLetterFrame(BlockReader& file, std::uint64_t offset) {
   const auto bytes = BytesAt<10>(file, offset);
   const std::uint64_t size = std::uint64_t{bytes[4]} << 24u | std::uint64_t{bytes[5]} << 16u |
                              std::uint64_t{bytes[6]} << 8u | std::uint64_t{bytes[7]};
-  // An encrypted frame has its method, a grouped one its group in front of the data, as part of the size.
+  // An encrypted frame has a byte for its method, a grouped one a byte for its group, in front of the data; both are
+  // included in the size.
   const std::uint64_t extra = (TestBit(bytes[9], 6) ? 1u : 0u) + (TestBit(bytes[9], 5) ? 1u : 0u);
   Frame frame;
   frame.id = std::uint32_t{bytes[0]} << 24u | std::uint32_t{bytes[1]} << 16u | std::uint32_t{bytes[2]} << 8u | bytes[3];
@@ -116,13 +118,13 @@ constexpr std::uint32_t Id(std::string_view letters) {
   return id;
 }
 
-/// Where the data of a frame stand; nowhere, for a frame that there is none of.
+/// The offset and size of a frame's data; zero size when the frame is missing.
 struct Place {
   std::uint64_t data = 0;
   std::uint64_t size = 0;
 };
 
-/// Of the frames of each kind, the last one.
+/// The last frame of each kind.
 struct FramePlaces {
   Place contentGroup;
   Place title;
@@ -138,7 +140,7 @@ struct FramePlaces {
   Place genre;
 };
 
-/// Null for a frame without interest.
+/// Returns null for frames that are not read.
 Place* PlaceOf(FramePlaces& places, std::uint32_t id) {
   switch (id) {
     case Id("TALB"):
@@ -169,7 +171,7 @@ Place* PlaceOf(FramePlaces& places, std::uint32_t id) {
   }
 }
 
-/// Decodes whole units; half of one at the end is dropped.
+/// Decodes whole 16-bit units; a single byte at the end is dropped.
 std::string Utf16ToUtf8(std::string_view bytes, bool littleEndian) {
   std::string text;
   char32_t high = 0;  // the first half of a surrogate pair, waiting for its second
@@ -196,7 +198,8 @@ std::string Utf16ToUtf8(std::string_view bytes, bool littleEndian) {
   return text;
 }
 
-/// Takes one text in UTF-16 with its byte-order mark, and the zero unit that ends it, off the front of `rest`.
+/// Decodes one UTF-16 text with its byte-order mark, and removes it and its terminating zero unit from the front of
+/// `rest`.
 std::string TakeUtf16(std::string_view& rest) {
   constexpr std::size_t kMark = 2;
   const bool littleEndian = !rest.empty() && Byte(rest[0]) == 0xFF;
@@ -207,7 +210,8 @@ std::string TakeUtf16(std::string_view& rest) {
   return Utf16ToUtf8(CutToLongestText(units), littleEndian);
 }
 
-/// Takes one text and its terminator off the front of `rest`; nothing for an encoding that is not read.
+/// Decodes one text and removes it and its terminator from the front of `rest`; an empty text for an unsupported
+/// encoding.
 std::string TakeText(std::string_view& rest, std::uint32_t encoding) {
   if (encoding == 1) return TakeUtf16(rest);
   if (encoding != 0) return {};
@@ -237,7 +241,7 @@ FramePlaces FindFrames(BlockReader& file, const ExtendedHeader& extended, const 
   FramePlaces places;
   for (int looked = 0; looked < kMostId3Frames; ++looked) {
     const Frame frame = info.majorVersion == 3 ? ReadFourLetterFrame(file, next) : ReadThreeLetterFrame(file, next);
-    if (frame.compressed || frame.isPadding) break;  // a zero byte is part of no identifier
+    if (frame.compressed || frame.isPadding) break;  // identifiers contain no zero byte
     if (Place* const place = PlaceOf(places, frame.id)) *place = {frame.data, frame.size};
     next = frame.data + frame.size;
     if (static_cast<std::int64_t>(next) + 1 >= end) break;

@@ -10,9 +10,9 @@
 /// The two tag formats of MP3 files. Texts are UTF-8.
 namespace quillon {
 
-/// The trailer of 128 bytes that begins with "TAG". Source: "ID3v1" and its extension "ID3v1.1".
+/// The file's last 128 bytes when they begin with "TAG". Source: "ID3v1" and its extension "ID3v1.1".
 struct Id3v1Info {
-  std::int16_t version11 = 0;  ///< 1 when the comment has at most 14 characters, whatever stands behind it
+  std::int16_t version11 = 0;  ///< 1 when the comment has at most 14 characters, whatever bytes follow it
   std::string title;
   std::string artist;
   std::string album;
@@ -28,7 +28,7 @@ struct Id3v1Info {
 struct Id3v2Info {
   std::uint8_t majorVersion = 0;
   std::uint8_t revision = 0;
-  bool unsynchronisation = false;  ///< kept; the frames are read as they stand
+  bool unsynchronisation = false;  ///< recorded only; the frames are read without undoing it
   bool extendedHeader = false;
   bool experimental = false;
   bool crcPresent = false;
@@ -51,24 +51,24 @@ struct Id3v2Info {
   bool operator==(const Id3v2Info&) const = default;
 };
 
-/// Reads the last 128 bytes, which the caller knows to begin with "TAG". A shorter file gives the empty record. A text
-/// ends at its first zero byte and is decoded from code page 932; blanks stay.
+/// Reads the last 128 bytes. The caller has checked that they begin with "TAG". A shorter file gives the empty record.
+/// A text ends at its first zero byte and is decoded from code page 932; blanks are kept.
 [[nodiscard]] Id3v1Info ReadId3v1(BlockReader& file, TagFields wanted = TagFields::kAll);
 [[nodiscard]] Id3v1Info ReadId3v1(ByteSource& file);
 [[nodiscard]] Id3v1Info ReadId3v1(const std::string& path);
 
-/// So many frames of a tag are looked at: real ones have tens, with chapters and pictures hundreds.
+/// The largest number of frames read from a tag. Real tags have tens, with chapters and pictures hundreds.
 inline constexpr int kMostId3Frames = 10000;
 
-/// Reads the tag of a file that the caller knows to begin with "ID3".
+/// Reads the tag of a file. The caller has checked that the file begins with "ID3".
 ///
-/// Version 3 is read with four-letter frames, every other version with three-letter ones: a version 4 tag therefore
-/// gives its header numbers and no texts. A compressed frame ends the reading. Texts are in code page 932 (encoding 0)
-/// or UTF-16 with its mark (encoding 1); other encodings give an empty text. Of several frames of one kind the last
-/// counts. Frames without interest are passed over unread; of a text longer than kLongestText the beginning is read,
-/// and of a comment frame's data twice that, so that behind a longer description the comment is empty. A frame that the
-/// file cuts off gives the text that is there; bytes behind the end of the file count as zero. Frames behind
-/// kMostId3Frames are not looked at.
+/// Version 3 is read with four-letter frames, every other version with three-letter ones, except version 4: of its tags
+/// only the header numbers are read. Reading stops at a compressed frame. Texts are in code page 932 (encoding 0) or
+/// UTF-16 with its mark (encoding 1); other encodings give an empty text. Of several frames of one kind the last
+/// counts. Other frames are skipped unread. At most the first kLongestText bytes of a text are read, and at most twice
+/// as many of a comment frame's data: behind a longer description the comment is empty. A frame that the end of the
+/// file cuts off gives the text that is there; bytes behind the end of the file count as zero. At most kMostId3Frames
+/// frames are read.
 [[nodiscard]] Id3v2Info ReadId3v2(BlockReader& file, TagFields wanted = TagFields::kAll);
 [[nodiscard]] Id3v2Info ReadId3v2(ByteSource& file);
 [[nodiscard]] Id3v2Info ReadId3v2(const std::string& path);

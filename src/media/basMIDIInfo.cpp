@@ -14,7 +14,7 @@
 namespace quillon {
 namespace {
 
-// Lengths are signed 32-bit numbers here; a "MIDI file" beyond that is none.
+// Larger files are not read: lengths in MIDI files are handled as signed 32-bit numbers.
 constexpr std::uint64_t kLargestFile = std::numeric_limits<std::int32_t>::max();
 
 using Place = std::optional<std::uint64_t>;
@@ -24,10 +24,10 @@ std::size_t FindTitleEvent(std::string_view bytes, std::size_t from) {
       bytes, from, [](const char* place) { return (StandsAt(place, "\xFF\x01") | StandsAt(place, "\xFF\x03")) != 0; });
 }
 
-/// Where in the file stands what the record is made of.
+/// The file offsets of everything that the record is made from.
 class Places {
  public:
-  /// What is found in the file's windows, given in their order.
+  /// Searches one window of the file. Must be called with all windows in order.
   void LookAt(std::string_view window, std::uint64_t offset) {
     const auto place = [&](std::size_t at) { return at == std::string_view::npos ? Place() : Place(offset + at); };
     if (!header_) header_ = place(FindBytes(window, 0, "MThd"));
@@ -41,7 +41,7 @@ class Places {
     if (!copyright_) copyright_ = place(FindBytes(firstTrack, from, "\xFF\x02"));
   }
 
-  /// True when the rest of the file makes no difference.
+  /// True when the rest of the file cannot change the record.
   [[nodiscard]] bool Complete() const { return header_ && track_ && (nextTrack_ || (title_ && copyright_)); }
 
   [[nodiscard]] Place Header() const { return header_; }
@@ -53,19 +53,19 @@ class Places {
   Place header_;
   Place track_;
   Place nextTrack_;
-  Place title_;      // of the first text or name event
-  Place copyright_;  // of the first copyright event
+  Place title_;      // the first track's first text or name event
+  Place copyright_;  // the first track's first copyright event
 };
 
-// Needles are four bytes long.
+// The longest byte sequence searched for has four bytes.
 constexpr std::size_t kOverlap = 3;
 
-/// A file and what is in it: `window` is the part that has been read last.
+/// A file and its part in memory: `window` has been read last.
 struct Contents {
   ByteSource& file;
   const WindowReader& window;
 
-  /// At most `count` bytes at `offset`, copied.
+  /// At most kCount bytes at `offset`: from the window, else read into `into`.
   template <std::size_t kCount>
   [[nodiscard]] std::string_view At(std::uint64_t offset, std::array<char, kCount>& into) const {
     if (offset >= window.Offset() && (offset + kCount <= window.End() || window.End() == file.Size())) {
@@ -77,7 +77,7 @@ struct Contents {
   }
 };
 
-/// Two bytes, high byte first; nullopt where the data ends and above 32767.
+/// Decodes two bytes, high byte first; nullopt at the end of the data and for numbers above 32767.
 std::optional<std::int16_t> NumberAt(std::string_view bytes, std::size_t offset) {
   if (offset + 2 > bytes.size()) return std::nullopt;
   const auto high = static_cast<unsigned char>(bytes[offset]);
@@ -86,7 +86,7 @@ std::optional<std::int16_t> NumberAt(std::string_view bytes, std::size_t offset)
   return static_cast<std::int16_t>(high * 256 + low);
 }
 
-/// The text of the event at `place`, empty for none; nullopt when the data ends before its length.
+/// The text of the event at `place`, empty without an event; nullopt when the data ends before the length byte.
 std::optional<std::string> EventText(const Contents& contents, const Place& place) {
   if (!place) return std::string();
   std::array<char, 1 + 255> copy;

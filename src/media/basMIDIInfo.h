@@ -19,14 +19,14 @@ struct MidiInfo {
   bool operator==(const MidiInfo&) const = default;
 };
 
-/// Reads the file once through, or as far as something may still be found, and finds chunks and events by their bytes
-/// alone: whatever stands before "MThd" is passed over, an event's bytes inside other data count as that event, and a
-/// text's length is one byte, so that a text of 128 bytes or more comes out shortened with its second length byte in
-/// front.
+/// Reads the file once, stopping as soon as nothing more can be found. Chunks and events are found by searching for
+/// their bytes, without parsing: anything before "MThd" is skipped, an event's bytes inside other data count as that
+/// event, and a text's length is taken from one byte, so that a text of 128 bytes or more is shortened and begins with
+/// its second length byte.
 ///
-/// Never reports: a hidden or system file, one of 2 GiB or more, one without "MThd" or "MTrk", one that ends inside a
-/// number, and one whose numbers do not fit (a division in SMPTE form) give the empty record. A text that the file cuts
-/// off is kept as far as it goes.
+/// Never reports errors: a hidden or system file, one of 2 GiB or more, one without "MThd" or "MTrk", one that ends
+/// inside a number, and one whose numbers do not fit (a division in SMPTE form) give the empty record. A text that the
+/// end of the file cuts off is kept up to there.
 [[nodiscard]] MidiInfo ReadMidiInfo(ByteSource& file);
 [[nodiscard]] MidiInfo ReadMidiInfo(const std::string& path);
 

@@ -34,12 +34,12 @@ std::uint64_t SizeField(std::string_view header) {
          std::uint64_t{ByteAt(header, 6)} << 16u | std::uint64_t{ByteAt(header, 7)} << 24u;
 }
 
-/// Looks for chunks of a file, over and over, until too many have been looked at.
+/// Searches a file for chunks. All searches together stop after a fixed number of chunks.
 class ChunkSearch {
  public:
   explicit ChunkSearch(BlockReader& file) : file_(file) {}
 
-  /// The first chunk of this id (and, for a RIFF or LIST, this type) among those that begin at `from` and before `end`.
+  /// Finds the first chunk of this id (and, for a RIFF or LIST, this type) among the chunks from `from` to `end`.
   std::optional<Chunk> Find(std::uint64_t from, std::uint64_t end, std::string_view id, std::string_view type = {}) {
     end = std::min(end, file_.Size());
     for (; looked_ < kMostRiffChunks && from + kChunkHeaderLength <= end; ++looked_) {
@@ -57,10 +57,10 @@ class ChunkSearch {
   int looked_ = 0;
 };
 
-/// Decodes bytes of 128 or more in pairs, from the left. That is what code page 932 does by itself, except where the
-/// first of a pair stands for a character alone and the second could begin one: the second is no character then.
+/// Decodes bytes of 128 or more in pairs, from the left. Code page 932 decodes the same way, except when a pair's first
+/// byte is a character by itself and its second byte is a lead byte: here that second byte then counts as invalid.
 std::string PairsToUtf8(std::string_view bytes) {
-  constexpr std::string_view kNoCharacter = "\x81\x45";  // what is decoded to the same as half a character
+  constexpr std::string_view kNoCharacter = "\x81\x45";  // the bytes of U+30FB, which half a character is decoded to
   std::string apart(bytes.size() + bytes.size() / 2, '\0');
   char* into = apart.data();
   for (std::size_t i = 0; i < bytes.size(); ++i) {

@@ -20,16 +20,16 @@ struct RiffInfo {
   bool operator==(const RiffInfo&) const = default;
 };
 
-/// So many chunks of a file are looked at, those counted that several searches pass over; the tens of them in a real
-/// file are far below it. What stands behind them is not found.
+/// The largest number of chunks examined in a file; a chunk that several searches pass counts each time. Real files
+/// have tens. Chunks behind this limit are not found.
 inline constexpr int kMostRiffChunks = 10000;
 
-/// Never reports: a file of another form or without an INFO list gives the empty record.
+/// Never reports errors: a file of another form or without an INFO list gives the empty record.
 ///
-/// The texts are looked up in the order INAM, IART, IPRD, ICMT, ICRD, each behind the one found before, and the first
-/// that is missing ends the search; a file that orders them otherwise gives fewer texts. One zero byte at a text's end
-/// is dropped; of a text longer than kLongestText the beginning is read. In a text, a byte of 128 or more always takes
-/// the byte behind it along, and the two are decoded together.
+/// The texts are searched for in the order INAM, IART, IPRD, ICMT, ICRD, each behind the one found before. The first
+/// missing one ends the search, so a file with another order gives fewer texts. One zero byte at a text's end is
+/// dropped; only the first kLongestText bytes are read. In a text, a byte of 128 or more is always decoded together
+/// with the byte behind it.
 [[nodiscard]] RiffInfo ReadRiffInfo(BlockReader& file, TagFields wanted = TagFields::kAll);
 [[nodiscard]] RiffInfo ReadRiffInfo(ByteSource& file);
 [[nodiscard]] RiffInfo ReadRiffInfo(const std::string& path);

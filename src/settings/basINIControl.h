@@ -48,8 +48,8 @@ class IniFile {
   /// file to UTF-8 permanently; invalid bytes stay unchanged.
   void WriteString(std::string_view section, std::string_view key, std::string_view value);
 
-  /// Replaces the file's content with the lines, entirely or not at all. Returns false when that fails or the file
-  /// could not be loaded.
+  /// Replaces the file's content with the lines, entirely or not at all. Returns false when that fails, when the file
+  /// could not be loaded, or when the content exceeds kLargestFile.
   [[nodiscard]] bool Save() const;
 
  private:
