@@ -31,7 +31,7 @@ void AppendRawBytes(std::string& bytes, char32_t character) {
   bytes += static_cast<char>(code & 0xFFu);
 }
 
-/// The length of the character at the start of `bytes`: 2 for a lead byte that another byte follows, else 1.
+/// The length of the character at the start of `bytes`: 2 for a lead byte with a possible trail byte behind it, else 1.
 std::size_t AnsiLength(std::string_view bytes) {
   if (bytes.size() < 2 || !IsAnsiLeadByte(Byte(bytes[0]))) return 1;
   const unsigned char trail = Byte(bytes[1]);

@@ -28,8 +28,8 @@ constexpr std::size_t Code(unsigned char lead, unsigned char trail) {
   return std::size_t{lead} << 8u | trail;
 }
 
-// The bytes that stand alone are few and regular; systems disagree about the odd ones, so they are settled here as
-// Windows has them.
+// The single-byte codes are few and regular. Systems disagree about the unusual ones, so they are decoded here, as on
+// Windows.
 constexpr char32_t SingleCharacter(unsigned char byte) {
   if (byte <= 0x80) return byte;
   if (byte == 0xA0) return 0xF8F0;
@@ -64,8 +64,8 @@ const Table& DecodeTable() {
   return *table;
 }
 
-// Indexed by character; 0 where there is no code. Characters with several codes keep the one Windows writes: the first
-// in order, but IBM's own block (FA to FC) before NEC's copy of it (ED, EE).
+// Indexed by character; 0 where there is no code. Characters with several codes get the one that Windows writes: the
+// lowest, except that IBM's block (FA to FC) goes before NEC's copy of it (ED, EE).
 const Table& EncodeTable() {
   static const std::unique_ptr<const Table> table = [] {
     auto made = std::make_unique<Table>();
@@ -88,8 +88,7 @@ const Table& EncodeTable() {
   return *table;
 }
 
-/// Appends characters of the basic plane to a text in UTF-8, some at a time: byte by byte would take several times as
-/// long.
+/// Appends characters of the basic plane to a UTF-8 text in pieces; appending byte by byte takes several times as long.
 class Utf8Pieces {
  public:
   explicit Utf8Pieces(std::string& text) : text_(text) {}
@@ -136,7 +135,7 @@ std::string AnsiToUtf8(std::string_view bytes) {
   const std::size_t ascii = AsciiPrefix(bytes);
   std::string text(bytes.substr(0, ascii));
   if (ascii == bytes.size()) return text;
-  text.reserve(bytes.size() + bytes.size() / 2 + 2);  // enough when it is doubled, at three bytes for each
+  text.reserve(bytes.size() + bytes.size() / 2 + 2);  // doubled once, this is enough for three bytes per character
   const Table& table = DecodeTable();
   Utf8Pieces pieces(text);
   for (std::size_t i = ascii; i < bytes.size(); ++i) {

@@ -2,12 +2,12 @@
 
 #include <memory>
 
-/// The one question about code page 932's table that each system answers in its own way.
+/// The system-dependent lookup in code page 932's table.
 namespace quillon {
 
 inline constexpr char32_t kNoCharacter = 0;
 
-/// What a system knows about code page 932.
+/// The system's table of the two-byte codes of code page 932.
 class AnsiPairs {
  public:
   AnsiPairs();
@@ -16,7 +16,7 @@ class AnsiPairs {
   [[nodiscard]] char32_t Decode(unsigned char lead, unsigned char trail) const;
 
  private:
-  std::shared_ptr<void> converter_;  ///< where a system needs one
+  std::shared_ptr<void> converter_;  ///< used on Linux only
 };
 
 }  // namespace quillon

@@ -5,13 +5,13 @@
 
 namespace quillon {
 
-/// An order of texts for people.
+/// A sort order for texts shown to people.
 class Collation {
  public:
   virtual ~Collation() = default;
 
-  /// Texts stand in the order of their keys, compared byte by byte. Texts that the order takes for the same have equal
-  /// keys. Any bytes have a key.
+  /// Returns the text's sort key; texts are ordered by comparing their keys byte by byte. Texts that are equal in this
+  /// order have equal keys. Any bytes are accepted.
   [[nodiscard]] virtual std::string KeyOf(std::string_view text) const = 0;
 };
 

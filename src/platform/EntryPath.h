@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-/// A full path as the folder it lies in and the name it has there. Views point into the path.
+/// A full path, split into folder and name. The views point into the path.
 struct EntryPath {
   std::string_view folder;  ///< with its trailing separator; empty for a bare name
   std::string_view name;
@@ -14,7 +14,7 @@ struct EntryPath {
 
 [[nodiscard]] EntryPath SplitPath(std::string_view path, PathStyle style);
 
-/// False for names that no file can have on any system: none at all, ".", ".." and those that hold a NUL.
+/// False for names that are invalid on every system: an empty name, ".", ".." and names with a NUL.
 [[nodiscard]] bool CanNameFile(std::string_view name);
 
 }  // namespace quillon

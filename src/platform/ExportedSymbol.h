@@ -1,7 +1,6 @@
 #pragma once
 
-/// Stands before a function that a shared library offers to whoever loads it. Each compiler has its own way, GCC's for
-/// Windows another than the one for Linux.
+/// Marks a function that a shared library exports. The syntax depends on the compiler and, with GCC, on the system.
 #if defined(_MSC_VER)
 #define QUILLON_EXPORTED __declspec(dllexport)
 #elif __has_cpp_attribute(gnu::dllexport)

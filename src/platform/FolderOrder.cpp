@@ -14,12 +14,12 @@ namespace {
 
 struct Key {
   std::uint64_t start = 0;  ///< the first eight bytes after the prefix that all names share, big-endian
-  std::size_t offset = 0;   ///< of the upper-case name in the arena
+  std::size_t offset = 0;   ///< the upper-case name's offset in the arena
   std::uint32_t length = 0;
   std::uint32_t entry = 0;
 };
 
-// The scripts of East Asia know no letter case; their names are the ones there are many of.
+// East Asian scripts have no letter case. Skipping the lookup matters because most names are in them.
 bool MayHaveCase(char32_t codePoint) {
   return codePoint < 0x2E80 || codePoint > 0xA63F;
 }
@@ -67,14 +67,14 @@ std::uint64_t StartOf(std::string_view name) {
   return start;
 }
 
-// Names of a few letters grow or shrink by a byte when they become upper-case.
+// An estimate: a few letters change their length by a byte when upper-cased.
 void ReserveFor(std::string& arena, const std::vector<FolderEntry>& entries) {
   std::size_t bytes = 0;
   for (const FolderEntry& entry : entries) bytes += entry.name.size();
   arena.reserve(bytes);
 }
 
-// Without a second vector: there may be a million entries.
+// Sorts in place, because there may be a million entries.
 void PutInOrder(std::vector<FolderEntry>& entries, std::vector<Key>& keys) {
   for (std::uint32_t start = 0; start < keys.size(); ++start) {
     std::uint32_t place = start;

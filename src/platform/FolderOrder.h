@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-/// Sorts as a Windows volume lists: by upper-case code points, names equal in that by their bytes. Made for folders of
-/// very many entries: every name is upper-cased once.
+/// Sorts entries in the order in which a Windows volume lists them: by upper-case code points, then by bytes. Suits
+/// very large folders: every name is upper-cased once.
 void SortAsVolumeLists(std::vector<FolderEntry>& entries);
 
 }  // namespace quillon

@@ -17,16 +17,16 @@ FileError BothKept(const std::string& to) {
   return {file_error::kBothKept, "The source has changed", to};
 }
 
-// The copy has one of the two names, or, when giving it the second one has failed half-way, both.
+// The copy has its temporary name or its final one, or both when publishing it failed half-way.
 FileError TakeBack(CopySteps& steps, const std::string& to, FileError reason) {
   const std::string temporary = steps.Temporary();
   const std::string copy = steps.Look(temporary) ? to : temporary;
   const SourceNow source = steps.LookAtSource();
-  // Nothing else is left of what was copied.
+  // The copy is the only one left, so it is kept.
   if (source == SourceNow::kGone || source == SourceNow::kReplaced) {
     return Kept(file_error::kStranded, std::move(reason), copy);
   }
-  // It may be gone, too.
+  // The source may be gone as well, so the copy is kept.
   if (source == SourceNow::kUnknown) return Kept(file_error::kBothKept, std::move(reason), copy);
   const bool temporaryStays = steps.RemoveCopy(temporary).has_value();
   const bool targetStays = steps.RemoveCopy(to).has_value();
@@ -45,7 +45,7 @@ MoveOutcome RemoveSource(CopySteps& steps, const std::string& to, const NotKept&
   const FileOutcome failed = steps.RemoveSource();
   if (!failed) return notKept;
   switch (steps.LookAtSource()) {
-    case SourceNow::kGone: return notKept;  // some servers delete, and report a failure all the same
+    case SourceNow::kGone: return notKept;  // some servers delete the file but report a failure
     case SourceNow::kModified:
     case SourceNow::kUnknown:
     case SourceNow::kReplaced: return BothKept(to);
@@ -58,7 +58,7 @@ MoveOutcome RemoveSource(CopySteps& steps, const std::string& to, const NotKept&
 
 MoveOutcome MoveByCopying(CopySteps& steps, const std::string& from, const std::string& to, PathStyle style) {
   if (const FileOutcome failed = steps.OpenSource(from)) return *failed;
-  // Publishing would find this out, too, but only after all the copying.
+  // Publishing would detect this, too, but only after the whole file was copied.
   if (!steps.Look(to)) return FileError{file_error::kAlreadyExists, "File exists"};
   const std::string folder(SplitPath(to, style).folder);
   MoveOutcome copied = steps.CopyInto(folder);

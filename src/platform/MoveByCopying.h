@@ -7,53 +7,53 @@
 
 namespace quillon {
 
-/// What has become of the source while it was copied.
+/// The state of the source after it was copied.
 enum class SourceNow {
   kUnchanged,
   kModified,  ///< the same file with other content or attributes
   kReplaced,  ///< another file stands at its path
   kGone,
-  kUnknown,  ///< it cannot be looked at
+  kUnknown,  ///< its status cannot be read
 };
 
-/// What a move to another volume asks of the system. One object serves one move: it knows the source and the copy that
-/// it has made.
+/// The system calls that a move to another volume consists of. One object serves one move: it remembers the source and
+/// the copy.
 class CopySteps {
  public:
   virtual ~CopySteps() = default;
 
-  /// Empty when something stands at this path, links not followed.
+  /// Success (empty) when something exists at this path, links not followed.
   virtual FileOutcome Look(const std::string& path) = 0;
 
-  /// Opens the source, which stays open until the object goes.
+  /// Opens the source, which stays open as long as the object exists.
   virtual FileOutcome OpenSource(const std::string& from) = 0;
 
-  /// Makes a temporary file in `folder` that is recognised as this program's should the program be killed, copies the
-  /// source's content, times and permissions to it and flushes it to the disk. A copy that fails leaves nothing behind.
+  /// Makes a marked temporary file in `folder`, which is found and deleted later if the program is killed; copies the
+  /// source's content, times and permissions to it and flushes it to the disk. Leaves nothing behind on failure.
   virtual MoveOutcome CopyInto(const std::string& folder) = 0;
 
   /// The temporary file's full path; empty before CopyInto.
   [[nodiscard]] virtual std::string Temporary() const = 0;
 
-  /// Gives the copy its name without replacing anything.
+  /// Renames the copy to its final name without replacing anything.
   virtual FileOutcome Publish(const std::string& to) = 0;
 
   /// Makes the new name durable.
   virtual FileOutcome FlushFolder(const std::string& folder) = 0;
 
-  /// Compares what stands at the source's path with what was opened and with how it was then.
+  /// Compares the file at the source's path with the opened file and its status at that time.
   virtual SourceNow LookAtSource() = 0;
 
-  /// Deletes the source, unless it has changed or somebody is writing to it, as far as the system can tell.
+  /// Deletes the source, unless it has changed or is being written to, as far as the system can tell.
   virtual FileOutcome RemoveSource() = 0;
 
-  /// Deletes the copy, if it is what stands at this path: nobody else's file is touched.
+  /// Deletes the file at this path only if it is the copy.
   virtual FileOutcome RemoveCopy(const std::string& path) = 0;
 };
 
-/// Moves a file to another volume: copies it under a temporary name, publishes it, then deletes the source. At every
-/// moment, and after any failure, the content exists whole at least once: a copy is taken back only while the source is
-/// there, and the source is deleted only while it is what was copied.
+/// Moves a file to another volume: copies it under a temporary name, publishes the copy, then deletes the source. At
+/// every moment, and after any failure, at least one complete file exists: the copy is only deleted while the source is
+/// there, and the source is only deleted while it is unchanged.
 [[nodiscard]] MoveOutcome MoveByCopying(CopySteps& steps, const std::string& from, const std::string& to,
                                         PathStyle style);
 

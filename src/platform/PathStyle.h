@@ -1,6 +1,6 @@
 #pragma once
 
-/// How paths are written. Helpers take the style so that both can be tested everywhere.
+/// The syntax of paths. Helpers take the style as a parameter so that both can be tested on every system.
 namespace quillon {
 
 enum class PathStyle {
@@ -8,7 +8,7 @@ enum class PathStyle {
   kLinux,    ///< "/" ends the folder part
 };
 
-/// The running system's own.
+/// The style of the running system.
 [[nodiscard]] PathStyle SystemPathStyle();
 
 }  // namespace quillon

@@ -14,23 +14,23 @@ namespace quillon {
 /// The executable's file name without folder and, on Windows, without ".exe".
 [[nodiscard]] std::string ProgramBaseName();
 
-/// From now on what the process loads by name alone comes from the program's folder or the system's, never from the
-/// current folder or PATH: to be called before anything else. Nothing to do on Linux.
+/// From now on libraries loaded by name come from the program's folder or the system's, never from the current folder
+/// or PATH. Call it before anything else. Does nothing on Linux.
 void KeepToOwnAndSystemLibraries();
 
 /// The folder for this user's configuration files, with a trailing separator (need not exist yet).
 [[nodiscard]] std::string UserConfigurationFolder();
 
-/// True when the user has chosen Japanese for what programs say: by LC_ALL, LC_MESSAGES or LANG, the first that is set;
-/// on Windows by the language of its windows.
+/// True when the user's language for programs is Japanese: on Linux the first of LC_ALL, LC_MESSAGES and LANG that is
+/// set, on Windows the language of its user interface.
 [[nodiscard]] bool UserReadsJapanese();
 
-/// The command line's arguments as UTF-8 (Linux: byte for byte), without the program's own name. A null `argv` stands
-/// for a main() that somebody else has: the system is asked.
+/// The command line's arguments as UTF-8 (Linux: byte for byte), without the program's own name. With a null `argv`,
+/// for programs that do not have their own main(), the system is asked.
 [[nodiscard]] std::vector<std::string> ProgramArguments(int argc, char** argv);
 
-/// The command line behind the program's own name, as it was typed, where the system hands it over whole (Windows);
-/// nullopt where programs get their arguments one by one.
+/// The command line behind the program's name, exactly as typed, where the system passes it whole (Windows); nullopt
+/// where programs get separate arguments.
 [[nodiscard]] std::optional<std::string> RawCommandLine();
 
 /// From now on Ctrl-C no longer ends the program but is remembered. Linux: so are the signals of kill and of a terminal
@@ -40,17 +40,16 @@ void CatchInterruption();
 
 enum class StreamResult {
   kWritten,
-  kClosed,  ///< nobody reads the pipe any more
+  kClosed,  ///< the pipe's reader has closed it
   kFailed,  ///< a full disk, a closed stream
 };
 
-/// Standard output and error, unbuffered: the bytes as they are, no newline conversion; a Windows console is told that
-/// they are UTF-8.
+/// Writes to standard output or error, unbuffered and without newline conversion; a Windows console is set to UTF-8.
 [[nodiscard]] StreamResult WriteStandardOutput(std::string_view bytes);
 [[nodiscard]] StreamResult WriteStandardError(std::string_view bytes);
 
-/// The next piece of standard input, as soon as there is one; empty at its end. What is typed at a Windows console
-/// arrives as UTF-8.
+/// Waits for the next piece of standard input and returns it; empty at its end. Input from a Windows console is
+/// converted to UTF-8.
 [[nodiscard]] std::string ReadSomeStandardInput();
 
 /// All of standard input, read to its end.

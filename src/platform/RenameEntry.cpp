@@ -7,7 +7,7 @@
 namespace quillon {
 namespace {
 
-// One entry of one folder under two spellings, in contrast to two hard links of one file.
+// True for two spellings of one folder entry, false for two hard links to one file.
 bool IsOneEntry(EntryChanges& changes, const std::string& from, const std::string& to, PathStyle style) {
   const std::string fromFolder(SplitPath(from, style).folder);
   const std::string toFolder(SplitPath(to, style).folder);
@@ -15,13 +15,14 @@ bool IsOneEntry(EntryChanges& changes, const std::string& from, const std::strin
          (changes.HasOneName(from) || changes.ListedName(from) == changes.ListedName(to));
 }
 
-// True when the folder is seen to list the file under exactly this name. A file with one name is not looked for: going
-// through a temporary name is right in any case, and reading a large folder for each of its files would take ages.
+// True when the folder lists the file under exactly this name. The folder is not read for a file with only one name:
+// renaming through a temporary name works in any case, and reading a large folder for each of its files would take too
+// long.
 bool IsListedAs(EntryChanges& changes, const std::string& path, PathStyle style) {
   return !changes.HasOneName(path) && changes.ListedName(path) == SplitPath(path, style).name;
 }
 
-// Puts the file back under its old name. Where even that fails, the caller must learn where the file is now.
+// Restores the file's old name. If that fails, too, the error tells the caller where the file is now.
 FileError TakeBack(EntryChanges& changes, const std::string& temporary, const std::string& from, FileError reason) {
   if (!changes.RenameNoReplace(temporary, from)) return reason;
   reason.number = file_error::kStranded;
@@ -29,7 +30,8 @@ FileError TakeBack(EntryChanges& changes, const std::string& temporary, const st
   return reason;
 }
 
-// What makes the file the kind that it is, should it stay under the temporary name; none that is hardly one.
+// The extension, which the temporary name keeps in case the file has to stay under it; empty for a long ending, which
+// is probably no extension.
 std::string EndingOf(std::string_view name) {
   constexpr std::size_t kLongestEnding = 32;
   const std::size_t dot = name.rfind('.');
@@ -54,10 +56,11 @@ FileOutcome RenameInTwoSteps(EntryChanges& changes, const std::string& from, con
   return outcome;
 }
 
-// The system reported success, but names that differ in letter case alone may be one to it.
+// The system reported success, but it may treat names that only differ in letter case as one name and have done
+// nothing.
 FileOutcome EnsureLetterCase(EntryChanges& changes, const std::string& from, const std::string& to, PathStyle style) {
   const bool oldNameIsGone = changes.Look(from).has_value();
-  // The old name may also be somebody else's new file by now.
+  // Another program may have created a new file under the old name by now.
   if (oldNameIsGone || !changes.SameFile(from, to) || IsListedAs(changes, to, style)) return std::nullopt;
   return RenameInTwoSteps(changes, from, to, style);
 }

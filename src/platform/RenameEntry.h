@@ -7,32 +7,32 @@
 
 namespace quillon {
 
-/// What a rename asks of the system. Paths are full; links in the last place are not followed.
+/// The system calls that a rename consists of. Paths are full; a link as the last component is not followed.
 class EntryChanges {
  public:
   virtual ~EntryChanges() = default;
 
-  /// Renames or moves within one volume in one step that never replaces anything.
+  /// Renames or moves within one volume in one atomic step that never replaces anything.
   virtual FileOutcome RenameNoReplace(const std::string& from, const std::string& to) = 0;
 
-  /// Empty when something stands at this path.
+  /// Success (empty) when something exists at this path.
   virtual FileOutcome Look(const std::string& path) = 0;
 
-  /// True when both paths lead to one existing file, be it by one name or by two.
+  /// True when both paths lead to the same existing file, under one name or two.
   virtual bool SameFile(const std::string& left, const std::string& right) = 0;
 
-  /// True when the file surely has no other name (a link count of one), which spares reading its folder. False when
-  /// that is not known or the listed name is as quick to ask for.
+  /// True when the file certainly has no other name (a link count of one), so that its folder need not be read. False
+  /// when that is unknown, or when ListedName is just as fast.
   virtual bool HasOneName(const std::string& path) = 0;
 
-  /// The name under which the folder lists what this path leads to; empty when it leads nowhere.
+  /// The name under which the folder lists the entry at this path; empty when there is none.
   virtual std::string ListedName(const std::string& path) = 0;
 };
 
-/// Renames, or moves within one volume, and never replaces anything. The file's own current name succeeds and touches
-/// nothing. A change of letter case is carried out on file systems that ignore case, too, although some of those take
-/// the file for its own obstacle and some report success and do nothing. Costs one call of RenameNoReplace unless the
-/// names differ in letter case alone.
+/// Renames, or moves within one volume, and never replaces anything. Renaming to the file's current name succeeds and
+/// changes nothing. A change of letter case also works on file systems that ignore case; some of those report the file
+/// itself as the existing target, and some report success but do nothing. Needs one call of RenameNoReplace unless the
+/// names only differ in letter case.
 [[nodiscard]] FileOutcome RenameEntry(EntryChanges& changes, const std::string& from, const std::string& to,
                                       PathStyle style);
 

@@ -6,11 +6,11 @@
 namespace quillon {
 namespace {
 
-// The temporary file may be all that is left: it goes only when the old file is seen to be there.
+// The temporary file may be the only one left, so it is deleted only when the old file is known to exist.
 FileOutcome Recover(ReplaceSteps& steps, const std::string& temporary, const std::string& path, FileError reason) {
   const FileOutcome absent = steps.Look(path);
   if (!absent) {
-    (void)steps.Remove(temporary);  // the old content stands, with or without litter beside it
+    (void)steps.Remove(temporary);  // the old content is intact, even if a temporary file stays
     return reason;
   }
   const bool nothingStands = absent->number == file_error::kNotFound;

@@ -9,24 +9,24 @@
 
 namespace quillon {
 
-/// What replacing a file's whole content asks of the system.
+/// The system calls that replacing a file's whole content consists of.
 class ReplaceSteps {
  public:
   virtual ~ReplaceSteps() = default;
 
-  /// Empty when a regular file stands at this path that may be replaced; kNotFound when nothing does; any other error
-  /// means that nothing is to be replaced there.
+  /// Success (empty) when a regular file exists at this path and may be replaced; kNotFound when nothing exists; any
+  /// other error means that the path must not be replaced.
   virtual FileOutcome Look(const std::string& path) = 0;
 
-  /// Makes a file of a name that does not exist yet (else kAlreadyExists), with these bytes and with the permissions of
-  /// the file at `path`, if there is one; flushes it to the disk. On failure nothing is left behind.
+  /// Creates a new file (kAlreadyExists if the name is taken) with these bytes and with the permissions of the file at
+  /// `path`, if there is one, and flushes it to the disk. Leaves nothing behind on failure.
   virtual FileOutcome Write(const std::string& temporary, std::string_view bytes, const std::string& path) = 0;
 
-  /// Puts the new file in the place of the old one. Some systems fail half-way: then the old file is gone and the new
-  /// one still has its temporary name.
+  /// Replaces the old file with the new one. Some systems can fail half-way: then the old file is gone and the new one
+  /// still has its temporary name.
   virtual FileOutcome Replace(const std::string& temporary, const std::string& path) = 0;
 
-  /// Gives the new file its name where nothing stands.
+  /// Renames the new file to its final name, which must be free.
   virtual FileOutcome Publish(const std::string& temporary, const std::string& path) = 0;
 
   /// Makes the new name durable.
@@ -35,12 +35,12 @@ class ReplaceSteps {
   virtual FileOutcome Remove(const std::string& path) = 0;
 };
 
-/// The system's own.
+/// The implementation for this system.
 [[nodiscard]] std::unique_ptr<ReplaceSteps> MakeReplaceSteps();
 
-/// Writes a temporary file beside `path`, a full path without a link at its end, and puts it in the old file's place.
-/// On failure the old content stays and the temporary file goes. Should the old file be lost while it is replaced, the
-/// new one takes its place; where even that fails it stays under its temporary name (kStranded).
+/// Writes a temporary file beside `path`, a full path whose last component is no link, and replaces the old file with
+/// it. On failure the old content is kept and the temporary file is deleted. If the old file is lost while it is
+/// replaced, the new file is renamed to `path`; if that fails, too, it keeps its temporary name (kStranded).
 [[nodiscard]] FileOutcome ReplaceContent(ReplaceSteps& steps, const std::string& path, std::string_view bytes,
                                          PathStyle style);
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-/// Libraries that are found by name and loaded at run time.
+/// Loading libraries by name at run time.
 namespace quillon {
 
 /// The library's file name on this system: "BREGEXP.DLL" on Windows, "libbregexp.so" on Linux, for the name "bregexp".
@@ -11,18 +11,18 @@ namespace quillon {
 
 /// Searches for a library's file: in the program's own folder; then on Windows in the system's folders and those of
 /// PATH, on Linux wherever the dynamic linker looks, which loads the library to find it. Never in the current folder,
-/// by whatever entry a search path leads there. Returns the full path of the folder it was found in, with its trailing
-/// separator; nullopt when it is nowhere.
+/// even if an entry of a search path leads there. Returns the full path of the library's folder, with a trailing
+/// separator; nullopt when the library was not found.
 [[nodiscard]] std::optional<std::string> FindLibrary(const std::string& fileName);
 
-/// A loaded library; unloaded with the object. An empty one resolves nothing.
+/// A loaded library, unloaded by the destructor. An empty object resolves no symbols.
 class SharedLibrary {
  public:
   SharedLibrary() = default;
-  /// Loads from a full path; anything else loads nothing. On Windows the libraries that it needs itself come from its
-  /// own folder or the system's, and from nowhere else.
+  /// Loads the library at a full path; any other path loads nothing. On Windows its dependencies are only loaded from
+  /// its own folder or the system's.
   explicit SharedLibrary(const std::string& path);
-  /// The library that FindLibrary finds; an empty one when it is nowhere.
+  /// Loads the library that FindLibrary finds; an empty object when there is none.
   [[nodiscard]] static SharedLibrary Find(const std::string& fileName);
   SharedLibrary(SharedLibrary&& other) noexcept;
   SharedLibrary& operator=(SharedLibrary&& other) noexcept;
@@ -32,7 +32,7 @@ class SharedLibrary {
 
   [[nodiscard]] bool Loaded() const { return handle_ != nullptr; }
 
-  /// The address of an exported C function; null when the library has none of that name.
+  /// The address of an exported C function; null when the library has no such symbol.
   [[nodiscard]] void* Symbol(const char* name) const;
 
  private:

@@ -7,30 +7,30 @@
 
 #include "platform/FileSystem.h"
 
-/// Small files read and written whole.
+/// Reading and writing small files as a whole.
 namespace quillon {
 
 /// Why a file was not read.
 enum class ReadFailure {
-  kAbsent,      ///< nothing stands at the path, or a link that leads nowhere
-  kUnreadable,  ///< something stands there: no regular file, not allowed, an error of the disk, an unexpected end
+  kAbsent,      ///< nothing exists at the path, or a dangling link
+  kUnreadable,  ///< it exists but is no regular file, may not be read, or reading failed or ended early
   kTooLarge,
 };
 
-/// The file's content, at most `largest` bytes long; of a larger file nothing is read.
+/// Returns the file's content. A file of more than `largest` bytes is not read.
 [[nodiscard]] Result<std::string, ReadFailure> ReadWholeFile(const std::string& path, std::uint64_t largest);
 
-/// The same of an opened file.
+/// The same for an opened file.
 [[nodiscard]] Result<std::string, ReadFailure> ReadWhole(ByteSource& file, std::uint64_t largest);
 
-/// Opens one regular file for reading without keeping anyone else out. Where another program does, waits a moment for
-/// it to finish.
+/// Opens one regular file for reading, with sharing, so that other programs can still use it. If another program has it
+/// open exclusively, retries for a moment.
 [[nodiscard]] Result<std::unique_ptr<ByteSource>, ReadFailure> OpenRegularFile(const std::string& path);
 
-/// Puts `bytes` in the place of the file's content: written to a temporary file beside it, flushed to the disk, renamed
-/// over it. A crash leaves the old content or the new one, whole. Only regular files are replaced. A link is followed,
-/// one that leads nowhere only on Linux; permissions are kept. Missing folders on the way are made. After an error the
-/// old content stands, or the new one that could not be made durable.
+/// Replaces the file's content with `bytes`: writes a temporary file beside it, flushes it to the disk and renames it
+/// over the file. A crash leaves either the old or the new content, complete. Only regular files are replaced. A link
+/// is followed, a dangling one only on Linux; permissions are kept. Missing folders are created. After an error the
+/// file has the old content, or the new one that could not be made durable.
 [[nodiscard]] FileOutcome ReplaceWholeFile(const std::string& path, std::string_view bytes);
 
 /// True when files can be created in this folder.

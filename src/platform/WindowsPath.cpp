@@ -21,7 +21,7 @@ bool IsDevicePath(std::string_view path) {
   return path.starts_with(kLiteral) || path.starts_with(kDevice);
 }
 
-// How many of the pieces ".." must leave alone: the drive, or server and share.
+// The number of leading pieces that ".." must not remove: the drive, or server and share.
 std::size_t RootPieces(std::string_view path) {
   return path.starts_with(R"(\\)") ? 2 : 1;
 }

@@ -12,21 +12,20 @@ namespace quillon {
 
 /// A full path in the form "C:\a\b" or "\\server\share\a": "/" as "\", without "." and doubled separators, ".."
 /// resolved as text (as Windows does). A trailing separator stays. Names keep dots and blanks at their end. Device
-/// paths
-/// ("\\?\", "\\.\") stay as they are.
+/// paths ("\\?\", "\\.\") are unchanged.
 [[nodiscard]] std::string TidyWindowsPath(std::string_view fullPath);
 
-/// A tidy full path in the form that has no limit of 260 characters and is taken literally: "\\?\C:\a\b".
+/// Converts a tidy full path to the literal form, which has no limit of 260 characters: "\\?\C:\a\b".
 [[nodiscard]] std::string LiteralWindowsPath(const std::string& tidyPath);
 
-/// The reverse, for what the system hands out.
+/// The reverse, for paths that come from the system.
 [[nodiscard]] std::string PlainWindowsPath(std::string_view literalPath);
 
-/// The name that a file gets when it is called so: dots and blanks at the end are dropped.
+/// The name that Windows gives to a file created under `name`: dots and blanks at the end are dropped.
 [[nodiscard]] std::string_view HeldWindowsName(std::string_view name);
 
-/// False for names that no ordinary program could open again: ":" (a stream of another file) and the devices' names
-/// (CON, NUL, COM1 ...), with any extension.
+/// False for names that ordinary programs could not open: those with ":" (a stream of another file) and device names
+/// (CON, NUL, COM1 ...) with any extension.
 [[nodiscard]] bool CanNameWindowsFile(std::string_view name);
 
 }  // namespace quillon

@@ -5,21 +5,21 @@
 
 namespace quillon {
 
-/// The name under which assistive technology knows a control that shows no caption of its own. `control` is its native
-/// window or widget handle.
+/// Sets the name that assistive technology reads for a control without a caption. `control` is its native window or
+/// widget handle.
 void SetAccessibleName(void* control, const std::string& name);
 
-/// Makes what a status bar shows readable where the toolkit only draws it. `bar` is its native widget or window handle.
+/// Makes a status bar's text readable for assistive technology where the toolkit only draws it. `bar` is its native
+/// widget or window handle.
 void SetAccessibleStatus(void* bar, const std::string& text);
 
-/// Tells assistive technology that this window is a message that is to be read out. `window` is its native widget or
-/// window handle.
+/// Tells assistive technology to read this window out as a message. `window` is its native widget or window handle.
 void SetAccessibleAlert(void* window);
 
-/// Names the arrows that open a tool bar's drop-down menus, from the left, where they are controls of their own.
+/// Names the arrows that open a tool bar's drop-down menus, from the left, where they are separate controls.
 void SetAccessibleArrows(void* toolBar, const std::vector<std::string>& names);
 
-/// Names the headers of a list's first columns, which show no text, where they are controls of their own.
+/// Names the headers of a list's first columns, which show no text, where they are separate controls.
 void SetAccessibleHeaders(void* list, const std::vector<std::string>& names);
 
 }  // namespace quillon

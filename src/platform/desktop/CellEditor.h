@@ -5,20 +5,20 @@
 
 namespace quillon {
 
-/// Follows the text box with which GTK edits a cell in place. GTK takes every way out of it but Enter for Esc; this
-/// tells them apart. Only on systems with GTK.
+/// Observes the text box in which GTK edits a cell. GTK reports every end of the editing but Enter as cancelled; this
+/// class detects whether Esc was pressed. Only on systems with GTK.
 class CellEditor {
  public:
-  /// `renderer` is the cell's GtkCellRenderer, which must live as long.
+  /// `renderer` is the cell's GtkCellRenderer and must outlive this object.
   explicit CellEditor(void* renderer);
   CellEditor(const CellEditor&) = delete;
   CellEditor& operator=(const CellEditor&) = delete;
   ~CellEditor();
 
-  /// Of the edit that goes on or was the last one: what the box holds; nullopt once Esc was pressed.
+  /// The text of the current or last edit; nullopt after Esc was pressed.
   [[nodiscard]] std::optional<std::string> TypedText() const;
 
-  /// What the signals of GTK change.
+  /// Updated by GTK's signals.
   struct State {
     std::string text;
     bool escaped = false;

@@ -2,9 +2,9 @@
 
 namespace quillon {
 
-/// Called once when the window system is there, before the first window. GTK: text boxes and buttons keep close to
-/// their text, so that the main window's fixed rows hold them; whole themes for touch screens are twice as tall.
-/// Windows: nothing.
+/// Call it once after the window system is initialised, before the first window is made. GTK: makes text boxes and
+/// buttons low enough for the main window's fixed rows; in themes for touch screens they would be twice as tall.
+/// Windows: does nothing.
 void ApplyDesktopStyle();
 
 }  // namespace quillon

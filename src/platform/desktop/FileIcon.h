@@ -14,8 +14,8 @@ struct Pixels {
   std::vector<std::uint8_t> rgba;
 };
 
-/// The small icon that the desktop gives this file, `size` pixels wide and high or near it. Needs a running window
-/// system; nullopt when the desktop has none for it. The file need not be readable; its name decides.
+/// The desktop's small icon for this file, about `size` pixels wide and high; nullopt when the desktop has none. Chosen
+/// by the file's name, so the file need not be readable. Needs a running window system.
 [[nodiscard]] std::optional<Pixels> SmallFileIcon(const std::string& path, int size);
 
 }  // namespace quillon

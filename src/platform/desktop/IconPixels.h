@@ -7,16 +7,16 @@
 
 namespace quillon {
 
-/// A system's icon as its bitmaps: 4 bytes for each pixel (blue, green, red, alpha), rows from the top.
+/// The bitmaps of a system icon: 4 bytes for each pixel (blue, green, red, alpha), rows from the top.
 struct IconBitmaps {
   int width = 0;
   int height = 0;
   std::vector<std::uint8_t> colour;
-  std::vector<std::uint8_t> mask;  ///< white where the picture is transparent, else black
+  std::vector<std::uint8_t> mask;  ///< white where the icon is transparent, else black
 };
 
-/// The alpha of `colour` counts, unless it is 0 everywhere, as in icons older than it; then the mask does. The vectors
-/// hold width x height pixels each.
+/// Uses the alpha channel of `colour`, or the mask if alpha is 0 everywhere, as in old icons. Each vector has width x
+/// height pixels.
 [[nodiscard]] Pixels PixelsOfIcon(const IconBitmaps& icon);
 
 }  // namespace quillon

@@ -7,10 +7,10 @@
 
 namespace quillon {
 
-/// The picture that the system's own message boxes of this kind have; nullopt where the desktop's icon theme has it.
+/// The icon of the system's message boxes of this kind; nullopt where it comes from the desktop's icon theme.
 [[nodiscard]] std::optional<Pixels> MessagePicture(MessageIcon icon);
 
-/// The sound that the system gives a message box of this kind; none where boxes are silent.
+/// Plays the system's sound for message boxes of this kind, if it has one.
 void PlayMessageSound(MessageIcon icon);
 
 }  // namespace quillon

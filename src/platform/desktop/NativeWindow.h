@@ -4,12 +4,12 @@
 
 namespace quillon {
 
-/// Called before the window system is started: of the window systems that are there, the one whose windows have numbers
-/// comes first. Linux: X11, also on a desktop that has Wayland too. Windows: nothing.
+/// Call it before the window system is initialised: prefers the window system whose windows have numbers. Linux: X11,
+/// even if Wayland is available. Windows: does nothing.
 void PreferNumberedWindows();
 
-/// The number by which a device finds the control's window and puts a window of its own into it: an X11 window or an
-/// HWND; 0 where there is none. `control` is the native widget or window handle of a child window.
+/// Returns the number of the control's native window, into which the player's device puts its window: an X11 window or
+/// an HWND; 0 if there is none. `control` is the native widget or window handle of a child window.
 [[nodiscard]] std::uintptr_t MakeNumberedWindow(void* control);
 
 }  // namespace quillon

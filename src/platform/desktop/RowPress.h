@@ -4,8 +4,9 @@
 
 namespace quillon {
 
-/// Hears of the left button's presses on the rows of a GTK tree view, which keeps them to itself. `pressed` lives as
-/// long as the view; it gets the row, from 1, before the view has looked at the press. Only on systems with GTK.
+/// Calls `pressed` for each press of the left button on a row of a GTK tree view, which does not report these presses.
+/// It gets the 1-based row, before the view handles the press, and is kept as long as the view exists. Only on systems
+/// with GTK.
 void OnRowPress(void* treeView, std::function<void(int row)> pressed);
 
 }  // namespace quillon

@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// The main screen, in the units that windows are placed with. All 0 without a window system.
+/// The main screen, in the units of window positions. All 0 without a window system.
 struct ScreenMetrics {
   int width = 0;
   int height = 0;
@@ -16,8 +16,8 @@ struct ScreenMetrics {
 /// Needs a running window system.
 [[nodiscard]] ScreenMetrics QueryScreen();
 
-/// How much larger text is than the screen's resolution makes it: 1 unless the user has asked for larger text where
-/// that leaves the resolution alone (GTK; Windows raises the resolution). At least 1. Needs a running window system.
+/// The user's text scale, at least 1, as far as it is not part of the screen's resolution: GTK's setting for larger
+/// text; always 1 on Windows, which raises the resolution instead. Needs a running window system.
 [[nodiscard]] double QueryTextScale();
 
 /// Three decimal numbers with single spaces between them, such as "1024 768 32".

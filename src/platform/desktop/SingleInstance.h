@@ -4,22 +4,22 @@
 #include <memory>
 #include <string>
 
-/// Finding out whether the program runs already, for this user on this display.
+/// Detects whether the program already runs for this user on this display.
 namespace quillon {
 
 class SingleInstance {
  public:
   virtual ~SingleInstance() = default;
 
-  /// False when another instance was there before.
+  /// False when another instance is already running.
   [[nodiscard]] virtual bool IsFirst() const = 0;
 
-  /// For a later instance: brings the first one's main window, or the dialog that it has open, to the front, restored
-  /// from minimised. Does nothing when that window cannot be found.
+  /// For a later instance: brings the first instance's main window, or its open dialog, to the front and restores it if
+  /// it is minimised. Does nothing when that window cannot be found.
   virtual void BringFirstForward() = 0;
 
-  /// For the first instance: `raise` is called, from the message loop, whenever a later instance asks for it. Where the
-  /// later instance raises the window itself (Windows) it is never called.
+  /// For the first instance: `raise` is called from the message loop whenever a later instance asks for it. On Windows
+  /// it is never called, because the later instance raises the window itself.
   virtual void OnRaise(std::function<void()> raise) = 0;
 };
 

@@ -2,8 +2,8 @@
 
 #include <optional>
 
-/// What the system's horizontal slider tells about its thumb. `slider` is its native widget or window handle, places
-/// are counted from its left edge.
+/// The thumb of the system's horizontal slider. `slider` is the native widget or window handle; positions are relative
+/// to its left edge.
 namespace quillon {
 
 struct ThumbSpan {
@@ -13,12 +13,12 @@ struct ThumbSpan {
 
 [[nodiscard]] ThumbSpan QueryThumb(void* slider);
 
-/// Puts the thumb where the slider's value is now. GTK loses that for a value set while other parts of the window
-/// change.
+/// Moves the thumb to the slider's current value. GTK does not always do so when other parts of the window change at
+/// the same time.
 void PlaceThumb(void* slider);
 
-/// For a press of the mouse beside the thumb: how far between its ends the thumb has to go to be under the mouse, 0 to
-/// 1. nullopt for a press on the thumb, and where the system's slider goes there by itself.
+/// For a mouse press beside the thumb: the position between the slider's ends, 0 to 1, that puts the thumb under the
+/// mouse. Returns nullopt for a press on the thumb, and where the system's slider goes there by itself.
 [[nodiscard]] std::optional<double> PlaceOfPress(void* slider, int x);
 
 }  // namespace quillon

@@ -9,7 +9,7 @@
 namespace quillon {
 namespace {
 
-// Null where the C library has no such table.
+// Returns null when the C library does not support CP932.
 std::shared_ptr<void> OpenConverter() {
   iconv_t converter = iconv_open("UCS-4LE", "CP932");
   if (reinterpret_cast<std::intptr_t>(converter) == -1) return nullptr;

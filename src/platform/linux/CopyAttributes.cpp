@@ -19,15 +19,16 @@ namespace {
 constexpr const char* kAccessList = "system.posix_acl_access";
 constexpr mode_t kGroupBits = 070;
 constexpr mode_t kOtherBits = 07;
-// Whether a file may be executed is no secret: volumes without permissions grant it to everybody.
+// Execute permission is not compared: volumes without permissions grant it to everybody.
 constexpr mode_t kReadAndWriteBits = 0666;
 
-// True for the errors that say that there is none, not that it cannot be read.
+// True for the errors that mean a missing attribute, as opposed to an unreadable one.
 bool SaysNone(int number) {
   return number == ENODATA || number == EOPNOTSUPP;
 }
 
-// What `read` (a call that takes a buffer and its size, or no buffer to learn the size) gives; nullopt with errno set.
+// Calls `read` without a buffer to get the size, then with a buffer of that size. Returns the data; nullopt with errno
+// set on failure.
 template <class Read>
 std::optional<std::vector<char>> ReadSized(Read read) {
   const ssize_t length = read(nullptr, 0);
@@ -48,7 +49,7 @@ std::optional<std::vector<char>> AttributeNames(int file) {
   return ReadSized([&](char* bytes, std::size_t size) { return ::flistxattr(file, bytes, size); });
 }
 
-// Only what a user has put there is missed: the system's own attributes are the volume's business.
+// Copies only the attributes set by users; the system's attributes depend on the volume.
 bool CopyExtendedAttributes(int from, int to) {
   const std::optional<std::vector<char>> names = AttributeNames(from);
   if (!names) return SaysNone(errno);
@@ -65,7 +66,7 @@ bool CopyExtendedAttributes(int from, int to) {
   return complete;
 }
 
-// What the list grants the owning group, as the group's bits of a mode.
+// The rights that the list grants to the owning group, as the group bits of a mode.
 mode_t OwningGroupBits(const std::vector<char>& list) {
   unsigned group = 0;
   unsigned mask = 7;
@@ -79,31 +80,32 @@ mode_t OwningGroupBits(const std::vector<char>& list) {
   return static_cast<mode_t>((group & mask) << 3u);
 }
 
-// Gives `to` the list of `from`, which is `list`, or no list where `from` has none.
+// Sets the access list of `to` to `list`, or removes it when there is none.
 bool CopyAccessList(const std::optional<std::vector<char>>& list, int to) {
   if (list) return ::fsetxattr(to, kAccessList, list->data(), list->size(), 0) == 0;
   return ::fremovexattr(to, kAccessList) == 0 || SaysNone(errno);
 }
 
-// True when owner and group are the source's; else the group alone, if the system allows that.
+// Copies owner and group and returns true; if that fails, copies only the group, if the system allows it, and returns
+// false.
 bool CopyOwner(int to, const struct stat& source) {
   if (::fchown(to, source.st_uid, source.st_gid) == 0) return true;
   [[maybe_unused]] const int given = ::fchown(to, static_cast<uid_t>(-1), source.st_gid);
   return false;
 }
 
-// True when owner and access rights are kept, or nobody has got more of them.
+// Copies the access rights. Returns true when the list was kept and nobody got more rights than before.
 bool CopyAccessRights(int from, int to, const struct stat& source, bool sameOwner) {
   const std::optional<std::vector<char>> list = Attribute(from, kAccessList);
   const bool listKnown = list || SaysNone(errno);
   const bool listKept = listKnown && CopyAccessList(list, to);
   mode_t mode = source.st_mode & (sameOwner ? 07777u : 0777u);
-  // With a list, the group's bits of the mode are what the list grants to others at most.
+  // With an access list, the mode's group bits are the list's mask, not the rights of the owning group.
   if (!listKept) mode = (mode & ~kGroupBits) | OwningGroupBits(list.value_or(std::vector<char>()));
   struct stat now = {};
   const bool groupKnown = ::fstat(to, &now) == 0;
   const bool sameGroup = groupKnown && now.st_gid == source.st_gid;
-  // Another group gets no more than everybody.
+  // A different group gets no more rights than others.
   if (!sameGroup) mode &= ~kGroupBits | (mode & kOtherBits) << 3u;
   const bool modeKnown = ::fchmod(to, mode) == 0 || errno == EPERM || errno == EOPNOTSUPP;
   if (!groupKnown || !modeKnown || ::fstat(to, &now) != 0) return false;
@@ -118,7 +120,8 @@ bool CopyOwnerAndAccess(int from, int to, const struct stat& source) {
 
 NotKept CopyAttributes(int from, int to, const struct stat& source) {
   NotKept notKept;
-  // Giving a file away takes some of its attributes and permissions, and a read-only file takes no attributes.
+  // This order matters: changing the owner removes some attributes and permissions, and a read-only file accepts no
+  // attributes.
   const bool sameOwner = CopyOwner(to, source);
   notKept.attributes = !CopyExtendedAttributes(from, to);
   struct stat now = {};

@@ -22,14 +22,14 @@ namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 20u;
 constexpr std::size_t kPageSize = 4096;
-// Else a slow volume would take it all at first, and then keep the last call waiting for minutes.
+// Flushing in between keeps the last flush short: otherwise it could take minutes on a slow volume.
 constexpr off_t kFlushedAtOnce = off_t{16} << 20u;
 
 bool IsZero(std::string_view bytes) {
   return bytes.front() == '\0' && std::memcmp(bytes.data(), bytes.data() + 1, bytes.size() - 1) == 0;
 }
 
-// How many bytes of the front are pages of zeros alone, or, with `zeros` false, pages of anything else.
+// The length in bytes of the leading pages that contain only zeros or, with `zeros` false, that contain something else.
 std::size_t RunLength(std::string_view bytes, bool zeros) {
   std::size_t length = 0;
   while (length < bytes.size() && IsZero(bytes.substr(length, kPageSize)) == zeros) {
@@ -38,7 +38,7 @@ std::size_t RunLength(std::string_view bytes, bool zeros) {
   return length;
 }
 
-// Passes over the pages of zeros. They are found by reading: a volume's own word on where its holes are has been wrong.
+// Skips pages of zeros. They are detected from the content because volumes have reported wrong positions for holes.
 bool WriteBetweenHoles(int to, std::string_view bytes) {
   while (!bytes.empty()) {
     const std::size_t hole = RunLength(bytes, true);
@@ -56,7 +56,7 @@ bool HasHoles(const struct stat& status) {
   return status.st_blocks < status.st_size / kBlockUnit;
 }
 
-// Zero when exactly as many bytes came as the status says.
+// Copies the content. Returns zero when exactly as many bytes were read as the status says, else an errno.
 int CopyContent(int from, int to, const struct stat& status, MadeCopy& made, CopyProgress* progress) {
   const bool sparse = HasHoles(status);
   std::vector<char> buffer(kBufferSize);
@@ -84,7 +84,7 @@ int CopyContent(int from, int to, const struct stat& status, MadeCopy& made, Cop
   return !sparse || ::ftruncate(to, copied) == 0 ? 0 : errno;
 }
 
-// Zero, or the errno for a file that is no whole copy.
+// Returns zero, or the errno when the copy is incomplete.
 int FillCopy(const OpenedSource& source, Descriptor& copy, MadeCopy& made, CopyProgress* progress) {
   struct stat status = {};
   if (::fstat(copy.Number(), &status) != 0) return errno;
@@ -96,7 +96,7 @@ int FillCopy(const OpenedSource& source, Descriptor& copy, MadeCopy& made, CopyP
   return ::fsync(copy.Number()) == 0 && copy.Close() ? 0 : errno;
 }
 
-// Deletes what has just been made at a name that nobody else knows.
+// Deletes the copy just made; no other program knows its name.
 void Discard(const std::string& path, MadeCopy& made) {
   made.stays = ::unlink(path.c_str()) != 0 && errno != ENOENT;
 }
@@ -107,12 +107,12 @@ int CopyRegularFile(const OpenedSource& source, const std::string& to, MadeCopy&
   int failure = ENOMEM;
   try {
     failure = FillCopy(source, copy, made, progress);
-  } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): that is what the failure says
+  } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch): `failure` already says so
   } catch (...) {
     Discard(to, made);
     throw;
   }
-  // A copy without all of its content is of no use to anybody.
+  // An incomplete copy is useless.
   if (failure != 0) Discard(to, made);
   return failure;
 }
@@ -146,7 +146,7 @@ int OpenCopySource(const std::string& path, std::optional<OpenedSource>& opened)
   const int way = S_ISLNK(found.st_mode) ? O_PATH : O_RDONLY | O_NONBLOCK | O_NOCTTY;
   OpenedSource source{Descriptor(::open(path.c_str(), way | O_NOFOLLOW | O_CLOEXEC)), {}};
   if (!source.file.Open() || ::fstat(source.file.Number(), &source.status) != 0) return errno;
-  if (IdOf(source.status) != IdOf(found)) return EBUSY;  // what stands there has just been replaced
+  if (IdOf(source.status) != IdOf(found)) return EBUSY;  // the file was replaced in the meantime
   opened.emplace(std::move(source));
   return 0;
 }

@@ -11,9 +11,9 @@
 
 namespace quillon {
 
-/// An opened file or link, and how it was when it was opened.
+/// An opened file or link, and its status at that time.
 struct OpenedSource {
-  Descriptor file;  ///< of a link: the link itself, which cannot be read
+  Descriptor file;  ///< for a link, the link itself, which cannot be read
   struct stat status = {};
 };
 
@@ -22,16 +22,16 @@ struct OpenedSource {
 
 struct MadeCopy {
   FileId id;
-  std::optional<Descriptor> held;  ///< of a file: should it be deleted, nobody else's file gets its number meanwhile
+  std::optional<Descriptor> held;  ///< the copied file, kept open so that its inode number is not reused if it is deleted
   NotKept notKept;
-  bool stays = false;      ///< copying failed, and what was made of the copy could not be deleted
-  bool cancelled = false;  ///< it failed because `progress` has ended it
+  bool stays = false;      ///< copying failed, and the incomplete copy could not be deleted
+  bool cancelled = false;  ///< it failed because `progress` cancelled it
 };
 
 /// Copies the source, or a link as a link, to a name that does not exist yet: content, times, permissions, and as far
-/// as the system allows owner and extended attributes; flushed to the disk. Holes stay holes. A source that turns out
-/// shorter or longer than it was when it was opened is an error. Zero on success, else the errno, and then nothing is
-/// left behind, unless `made.stays`. `progress` may be null.
+/// as the system allows owner and extended attributes; flushed to the disk. Holes stay holes. A source whose length has
+/// changed since it was opened is an error. Returns zero on success, else the errno; on failure nothing is left behind,
+/// unless `made.stays`. `progress` may be null.
 [[nodiscard]] int CopyWithAttributes(const OpenedSource& source, const std::string& to, MadeCopy& made,
                                      CopyProgress* progress = nullptr);
 

@@ -37,7 +37,7 @@ FileOutcome LinuxCopySteps::Look(const std::string& path) {
 FileOutcome LinuxCopySteps::OpenSource(const std::string& from) {
   from_ = from;
   if (const int failure = OpenCopySource(from, source_); failure != 0) return ErrorOf(failure);
-  // Now rather than after all the copying.
+  // Detects a writer now rather than after the copying.
   return OutcomeOf(WriteLease(source_->file.Number()).Refused() ? EBUSY : 0);
 }
 
@@ -72,7 +72,7 @@ SourceNow LinuxCopySteps::LookAtSource() {
 }
 
 FileOutcome LinuxCopySteps::RemoveSource() {
-  // What somebody writes from here on would go with the file.
+  // Keeps writers out, whose changes would be lost when the source is deleted.
   const WriteLease lease(source_->file.Number());
   if (lease.Refused() || LookAtSource() != SourceNow::kUnchanged) return ErrorOf(EBUSY);
   return OutcomeOf(::unlink(from_.c_str()) == 0 ? 0 : errno);

@@ -21,7 +21,7 @@ class Descriptor {
   [[nodiscard]] bool Open() const { return number_ >= 0; }
   [[nodiscard]] int Number() const { return number_; }
 
-  /// Closes now; false, with errno set, when the system reports that data was lost.
+  /// Closes the file; false, with errno set, when the system reports lost data.
   [[nodiscard]] bool Close() { return ::close(std::exchange(number_, -1)) == 0; }
 
  private:

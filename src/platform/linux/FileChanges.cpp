@@ -24,7 +24,7 @@ FileOutcome LookAt(const std::string& path) {
   return OutcomeOf(::lstat(path.c_str(), &status) == 0 ? 0 : errno);
 }
 
-// The entry with exactly this name, else one that differs in letter case alone; empty when the folder lists neither.
+// The entry with exactly this name, else one that only differs in letter case; empty when the folder lists neither.
 std::string FindListed(DIR* folder, std::string_view name) {
   std::string similar;
   while (const dirent* found = ::readdir(folder)) {

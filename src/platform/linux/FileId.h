@@ -7,7 +7,7 @@
 
 namespace quillon {
 
-/// Tells files apart, whatever their names.
+/// Identifies a file independently of its names.
 struct FileId {
   dev_t device = 0;
   ino_t number = 0;
@@ -19,14 +19,14 @@ struct FileId {
   return {status.st_dev, status.st_ino};
 }
 
-/// The file at this path, links not followed; nullopt with errno set when there is none.
+/// The id of the file at this path, links not followed; nullopt with errno set on failure.
 [[nodiscard]] inline std::optional<FileId> IdAt(const std::string& path) {
   struct stat status = {};
   if (::lstat(path.c_str(), &status) != 0) return std::nullopt;
   return IdOf(status);
 }
 
-/// Deletes what stands at this path if it is this very file. Zero when it is not there any more, else the errno.
+/// Deletes the entry at this path if it is this file. Returns zero when the file is no longer there, else the errno.
 [[nodiscard]] int RemoveOwn(const std::string& path, const FileId& file);
 
 }  // namespace quillon

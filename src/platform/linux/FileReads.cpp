@@ -34,7 +34,7 @@ EntryKind KindOf(unsigned char type) {
   }
 }
 
-// What the entry is, or where `flags` say so what it leads to.
+// The entry's kind, or, depending on `flags`, the kind of a link's target.
 EntryKind KindOnDisk(DIR* folder, const char* name, int flags) {
   struct stat status = {};
   if (::fstatat(::dirfd(folder), name, &status, flags) != 0) return EntryKind::kOther;
@@ -91,7 +91,7 @@ class LinuxFileReads final : public FileReads {
     struct stat status = {};
     if (::stat(path.c_str(), &status) == 0) return StatusOf(status);
     if (errno != ENOENT && errno != ENOTDIR) return ErrorOf(errno);
-    // A link that leads nowhere is not absent: its name is taken.
+    // A dangling link is not absent: its name is taken.
     const bool taken = ::lstat(path.c_str(), &status) == 0;
     return FileStatus{taken ? FileStatus::Kind::kOther : FileStatus::Kind::kAbsent, 0};
   }

@@ -4,8 +4,8 @@
 
 namespace quillon {
 
-/// Makes the names in this folder durable; an empty path is the current folder. Zero on success, and where folders
-/// cannot be flushed (the file system does not know how, or the folder may not be listed); else the errno.
+/// Flushes the folder's entries to the disk; an empty path means the current folder. Returns zero on success and where
+/// folders cannot be flushed (not supported, or the folder may not be listed); else the errno.
 [[nodiscard]] int FlushFolder(const std::string& folder);
 
 }  // namespace quillon

@@ -15,7 +15,7 @@ std::string CurrentFolder() {
   return folder ? std::string(folder.get()) : std::string("/");
 }
 
-// "/a/b" to "/a", by way of the folder that "/a/b" really is: where it is a link, its parent is the target's.
+// The parent of the real folder: "/a" for "/a/b", but the target's parent when "/a/b" is a link.
 std::string ParentOf(const std::string& folder) {
   const std::unique_ptr<char, decltype(&std::free)> real(::realpath(folder.c_str(), nullptr), &std::free);
   std::string parent = real ? std::string(real.get()) : folder;

@@ -19,25 +19,25 @@ bool HasNoLinks(int failure) {
   return failure == EPERM || failure == EOPNOTSUPP || failure == EMLINK || failure == ENOSYS;
 }
 
-// Zero when the path leads to this file, ENOENT when it leads to another one or nowhere, else the errno.
+// Returns zero when the path leads to this file, ENOENT when it leads to another file or nowhere, else the errno.
 int FindAt(const std::string& path, const FileId& file) {
   const std::optional<FileId> found = IdAt(path);
   if (!found) return errno;
   return *found == file ? 0 : ENOENT;
 }
 
-// The second half of a rename by link: the old name goes while both names are seen to be the file's. Some servers
-// delete, and report a failure all the same; and somebody else's file may stand at the old name by now: in both cases
-// the new name is the only one, and stays.
+// The second half of a rename by link: removes the old name after checking that both names are the file's. Some servers
+// delete the name but report a failure, and another program's file may have taken the old name: in both cases the new
+// name is the file's only one and must stay.
 int RemoveOldName(const std::string& from, const std::string& to, const FileId& file) {
   int failure = FindAt(to, file);
-  if (failure == ENOENT) return EBUSY;  // somebody else has just taken the new name
+  if (failure == ENOENT) return EBUSY;  // another file has taken the new name
   if (failure == 0) failure = FindAt(from, file);
   if (failure == 0 && ::unlink(from.c_str()) != 0) failure = errno;
   if (failure == 0) return 0;
   const int atOldName = FindAt(from, file);
   if (atOldName == ENOENT) return 0;
-  // Where the old name cannot be looked at, the new one may be the only one.
+  // When the old name cannot be checked, the new one may be the only one and must stay.
   if (atOldName == 0) static_cast<void>(RemoveOwn(to, file));
   return failure;
 }
@@ -48,7 +48,7 @@ bool IsOnVolumeOf(const std::string& path, const FileId& file) {
   return ::stat(folder.empty() ? "." : std::string(folder).c_str(), &status) != 0 || status.st_dev == file.device;
 }
 
-// Makes an empty file where nothing stands. Zero, or the errno, and then nothing is left behind.
+// Creates an empty file at a free name. Returns zero or the errno; leaves nothing behind on failure.
 int MakePlaceholder(const std::string& path, FileId& made) {
   const Descriptor placeholder(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
   if (!placeholder.Open()) return errno;
@@ -73,10 +73,11 @@ int RenameOverPlaceholder(const std::string& from, const std::string& to) {
   int failure = MakePlaceholder(to, placeholder);
   if (failure != 0 || ::rename(from.c_str(), to.c_str()) == 0) return failure;
   failure = errno;
-  // Some servers rename, and report a failure all the same. A source that was deleted meanwhile may have left its
-  // number to the placeholder.
+  // Some servers rename the file but report a failure. The ids are compared because the placeholder may have got the
+  // inode number of a source that was deleted meanwhile.
   if (placeholder != file && IdAt(to) == file && !IdAt(from)) return 0;
-  // What is empty is the placeholder, and goes, unless the source was empty, too, and may be what stands there.
+  // An empty file at the new name is the placeholder and is deleted, unless the source was empty, too, and may have
+  // been renamed to it.
   struct stat now = {};
   const bool empty = ::lstat(to.c_str(), &now) == 0 && now.st_size == 0;
   const bool isPlaceholder = empty && (source.st_size > 0 || FindAt(from, file) == 0);

@@ -18,7 +18,7 @@ std::string ExecutablePath() {
   return path ? std::string(path.get()) : std::string("/");
 }
 
-// A signal handler can reach nothing but a variable of static storage.
+// A signal handler can only access static variables.
 volatile std::sig_atomic_t interrupted = 0;
 
 void NoteInterruption(int) {
@@ -27,7 +27,7 @@ void NoteInterruption(int) {
 
 /// Each argument ends with a NUL; the first one is the program.
 std::vector<std::string> ProcessArguments() {
-  std::ifstream file("/proc/self/cmdline", std::ios::binary);  // its size is told as 0
+  std::ifstream file("/proc/self/cmdline", std::ios::binary);  // its reported size is 0
   const std::string all{std::istreambuf_iterator<char>(file), {}};
   std::vector<std::string> arguments;
   for (const std::string_view argument : Split(all, '\0')) arguments.emplace_back(argument);
@@ -48,7 +48,7 @@ std::string ProgramBaseName() {
   return path.substr(path.rfind('/') + 1);
 }
 
-// The dynamic linker looks in the current folder only when LD_LIBRARY_PATH tells it to, which it reads before main().
+// The dynamic linker only searches the current folder if LD_LIBRARY_PATH says so, and it reads that before main().
 void KeepToOwnAndSystemLibraries() {}
 
 bool UserReadsJapanese() {
@@ -73,7 +73,7 @@ std::optional<std::string> RawCommandLine() {
 void CatchInterruption() {
   struct sigaction action = {};
   action.sa_handler = NoteInterruption;
-  // Without SA_RESTART, so that waiting for input ends, too.
+  // Without SA_RESTART, so that the signal also interrupts waiting for input.
   ::sigaction(SIGINT, &action, nullptr);
   for (const int signal : EndingSignals()) ::sigaction(signal, &action, nullptr);
 }

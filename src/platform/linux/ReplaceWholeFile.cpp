@@ -18,19 +18,19 @@
 namespace quillon {
 namespace {
 
-constexpr int kMostLinks = 40;  // as many as the system itself follows
+constexpr int kMostLinks = 40;  // the system's own limit
 
 std::string FolderOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   return slash == std::string::npos ? std::string("./") : path.substr(0, slash + 1);
 }
 
-// Where the chain of links that starts at `path` ends, whether anything stands there or not.
+// The end of the chain of links that starts at `path`; it need not exist.
 Result<std::string, FileError> BehindLinks(std::string path) {
   for (int i = 0; i < kMostLinks; ++i) {
     std::error_code failed;
     const std::string target = std::filesystem::read_symlink(path, failed).string();
-    const bool isEnd = failed.value() == EINVAL || failed.value() == ENOENT;  // no link, or nothing at all
+    const bool isEnd = failed.value() == EINVAL || failed.value() == ENOENT;  // not a link, or missing
     if (isEnd) return path;
     if (failed) return ErrorOf(failed.value());
     path = target.front() == '/' ? target : FolderOf(path).append(target);
@@ -38,7 +38,8 @@ Result<std::string, FileError> BehindLinks(std::string path) {
   return ErrorOf(ELOOP);
 }
 
-// True when nobody has got more rights than he had, and owner and others have no fewer. False with errno set.
+// Copies the permissions. Returns true when nobody got more rights than before, and owner and others have no fewer;
+// else false with errno set.
 bool TakePermissions(int from, int to, const struct stat& old) {
   constexpr mode_t kOwnerAndOthers = 0707;
   struct stat now = {};
@@ -63,7 +64,7 @@ class LinuxReplaceSteps final : public ReplaceSteps {
     const bool exists = old.Open() && ::fstat(old.Number(), &status) == 0;
     if (!exists && (old.Open() || errno != ENOENT)) return ErrorOf(errno);
     if (FileOutcome failed = Mark(temporary)) return failed;
-    // What was private stays so while it is written, too.
+    // A private file must stay private while it is written, too.
     const mode_t mode = exists ? 0600 : 0666;
     Descriptor file(::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
     if (!file.Open()) return ErrorOf(errno);
@@ -94,7 +95,7 @@ class LinuxReplaceSteps final : public ReplaceSteps {
     return std::nullopt;
   }
 
-  std::unique_ptr<TemporaryMark> mark_;  // goes when the replacing has ended
+  std::unique_ptr<TemporaryMark> mark_;  // deleted after the replacement
 };
 
 }  // namespace

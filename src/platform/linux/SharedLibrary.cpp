@@ -13,9 +13,9 @@ bool IsFullPath(const std::string& path) {
   return path.starts_with('/');
 }
 
-// Where the dynamic linker finds the library: its search order is long and only itself knows it, so it is asked. An
-// empty or relative entry of LD_LIBRARY_PATH makes it load from the current folder, which is between it and whoever set
-// that; what it found there is not taken.
+// The folder in which the dynamic linker finds the library. The library is loaded to find out, because only the linker
+// knows its complete search order. With an empty or relative entry in LD_LIBRARY_PATH the linker may load from the
+// current folder; such a result is rejected.
 std::optional<std::string> SystemLibraryFolder(const std::string& fileName) {
   void* library = ::dlopen(fileName.c_str(), RTLD_LAZY | RTLD_LOCAL);
   if (library == nullptr) return std::nullopt;

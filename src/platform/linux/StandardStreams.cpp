@@ -9,7 +9,7 @@
 namespace quillon {
 namespace {
 
-// A closed pipe is to be an answer, not the end of the program.
+// Writing to a closed pipe must return an error, not end the program.
 void IgnoreBrokenPipes() {
   static const bool ignored = ::signal(SIGPIPE, SIG_IGN) != SIG_ERR;
   static_cast<void>(ignored);

@@ -18,7 +18,7 @@ int NumberOf(int number) {
     case EROFS:
     case EBUSY:
     case ETXTBSY:
-    case EISDIR:  // only from deleting a folder, which is not allowed here
+    case EISDIR:  // only occurs when deleting a folder, which is not allowed
       return file_error::kAccess;
     case EEXIST: return file_error::kAlreadyExists;
     default: return file_error::kOwn + number;

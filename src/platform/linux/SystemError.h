@@ -6,16 +6,16 @@
 
 namespace quillon {
 
-/// The error that `number`, an errno, means for a file.
+/// The error for a file operation that failed with this errno.
 [[nodiscard]] FileError ErrorOf(int number);
 
 /// The same as an outcome; 0 is success.
 [[nodiscard]] FileOutcome OutcomeOf(int number);
 
-/// The error that `number` means for a folder that is to be read: absent is out of reach there.
+/// The same for reading a folder: a missing folder is unreachable.
 [[nodiscard]] FileError FolderErrorOf(int number);
 
-/// The error of a name that no file can have.
+/// The error for an invalid file name.
 [[nodiscard]] FileError UnholdableName();
 
 /// True when the system would cut the path at a NUL.

@@ -40,7 +40,7 @@ class SystemFile final : public ByteSource {
 
 Result<std::unique_ptr<ByteSource>, ReadFailure> OpenRegularFile(const std::string& path) {
   if (HoldsNul(path)) return ReadFailure::kUnreadable;
-  // Non-blocking, because the name could be a pipe's and opening that would wait for a writer.
+  // Non-blocking, because opening a named pipe would wait for a writer.
   Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   if (!file.Open()) return errno == ENOENT || errno == ENOTDIR ? ReadFailure::kAbsent : ReadFailure::kUnreadable;
   struct stat status = {};

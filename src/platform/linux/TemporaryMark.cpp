@@ -41,12 +41,12 @@ class LinuxTemporaryMark final : public TemporaryMark {
   bool kept_ = false;
 };
 
-// Without locks on this volume, only its age tells a mark in use from a left-over.
+// On volumes without locks, only its age distinguishes a left-over mark from one in use.
 bool LockNow(int file) {
   return ::flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
-// A mark whose making was interrupted holds less of the text, or nothing.
+// An interrupted creation leaves a mark with only part of the text, or none.
 bool HoldsMarkText(int file) {
   std::array<char, kMarkText.size() + 1> bytes = {};
   const ssize_t got = ::pread(file, bytes.data(), bytes.size(), 0);

@@ -13,7 +13,7 @@ bool WriteAll(int file, std::string_view bytes) {
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) return false;
     if (written == 0) {
-      errno = EIO;  // trying again would go on for ever
+      errno = EIO;  // retrying would never end
       return false;
     }
     bytes.remove_prefix(static_cast<std::size_t>(written));

@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// Writes all of `bytes`, however little the system takes at once. False with errno set when it takes no more.
+/// Writes all of `bytes`, repeating partial writes. Returns false with errno set on failure.
 [[nodiscard]] bool WriteAll(int file, std::string_view bytes);
 
 }  // namespace quillon

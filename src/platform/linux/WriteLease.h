@@ -2,8 +2,8 @@
 
 namespace quillon {
 
-/// Keeps writers out of a file for as long as it lives, where the file's volume can do so: whoever opens the file for
-/// writing waits until then (the system loses patience after some 45 seconds).
+/// Keeps writers out of a file while the object exists, where the volume supports that: a program that opens the file
+/// for writing has to wait (the system ends the lease after about 45 seconds).
 class WriteLease {
  public:
   /// `file` is open for reading only.
@@ -12,8 +12,8 @@ class WriteLease {
   WriteLease& operator=(const WriteLease&) = delete;
   ~WriteLease();
 
-  /// True when somebody has the file open for writing, or has it mapped so. Not known on volumes of other machines, and
-  /// for files of other users.
+  /// True when the file is open or mapped for writing. Always false on network volumes and for files of other users,
+  /// where that is unknown.
   [[nodiscard]] bool Refused() const { return refused_; }
 
  private:

@@ -15,19 +15,19 @@ namespace quillon {
 /// What the device answers, in UTF-8 (empty where the command answers nothing), or why the command failed.
 using CommandReply = Result<std::string, MediaError>;
 
-/// Must be used from one thread only. What is open is closed with the device.
+/// Must be used from one thread only. The destructor closes everything that is open.
 class CommandDevice {
  public:
-  /// Linux: a further file is refused (kTooManyOpen). An open file takes some ten descriptors, five threads and, with a
-  /// MIDI file's instruments, ten megabytes; a process that has run out of them could neither play nor close. Windows
-  /// has limits of its own.
+  /// Linux: opening more files fails (kTooManyOpen). An open file takes about ten descriptors, five threads and, with a
+  /// MIDI file's instruments, ten megabytes; a process that ran out of them could neither play nor close. Windows has
+  /// its own limits.
   static constexpr std::size_t kMostOpen = 32;
 
   virtual ~CommandDevice() = default;
-  /// Carries the command out and waits until it is accepted: opening gives up after five seconds on Linux, and takes
-  /// what the system takes on Windows. A file that fails while it plays has no mode (kNotReady) until it is played
-  /// anew, on Linux; on Windows the system says. `replySize` is the room for the reply in characters, its end mark
-  /// included: a longer reply is cut; 0 when none is wanted.
+  /// Executes the command and waits until it is accepted. Opening gives up after five seconds on Linux; on Windows the
+  /// system decides. On Linux, a file that fails during playback has no mode (kNotReady) until it is played again; on
+  /// Windows the system decides. `replySize` is the size of the reply buffer in characters, including the terminator: a
+  /// longer reply is cut; 0 when no reply is wanted.
   virtual CommandReply Send(const std::string& command, int replySize) = 0;
 };
 

@@ -29,14 +29,14 @@ bool IsBlank(char c) {
   return c == ' ' || c == '\t';
 }
 
-/// The words of a command, one after the other.
+/// Splits a command into words.
 class Words {
  public:
   explicit Words(std::string_view text) : rest_(text) { SkipBlanks(); }
 
   [[nodiscard]] bool AtEnd() const { return rest_.empty(); }
 
-  /// The next word, or what stands between quotes, as it is. Empty at the end.
+  /// The next word, or the unchanged text between quotes. Empty at the end.
   std::string_view Next() {
     const bool quoted = !rest_.empty() && rest_.front() == '"';
     if (quoted) rest_.remove_prefix(1);
@@ -52,7 +52,7 @@ class Words {
 
   std::string NextKeyword() { return ToLower(Next()); }
 
-  /// A path in quotes may hold quotes itself: nothing that follows one has any.
+  /// A quoted path ends at the command's last quote: the path may contain quotes, the rest of the command has none.
   std::string_view NextPath() {
     if (rest_.empty() || rest_.front() != '"' || rest_.rfind('"') == 0) return Next();
     const std::size_t last = rest_.rfind('"');
@@ -62,7 +62,7 @@ class Words {
     return path;
   }
 
-  /// Whether a word began with a quote that nothing closed.
+  /// True when a word began with an unclosed quote.
   [[nodiscard]] bool QuoteOpen() const { return quoteOpen_; }
 
  private:

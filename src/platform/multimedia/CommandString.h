@@ -29,7 +29,7 @@ struct PictureRectangle {
 
 struct ParsedCommand {
   Verb verb = Verb::kOpen;
-  std::string alias = {};  ///< in lower case; "all" for what goes to everything that is open
+  std::string alias = {};  ///< in lower case; "all" for everything that is open
   std::string path = {};   ///< of kOpen
   bool typed = false;      ///< kOpen names a type of device
   StatusItem status = StatusItem::kMode;

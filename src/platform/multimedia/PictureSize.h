@@ -2,7 +2,7 @@
 
 namespace quillon {
 
-/// Pixels of a picture, or of the window that it is drawn into.
+/// The size in pixels of a picture, or of the window that it is drawn into.
 struct PictureSize {
   int width = 0;
   int height = 0;

@@ -17,9 +17,9 @@ struct LocalMemory {
   void operator()(void* memory) const { ::LocalFree(memory); }
 };
 
-using Entries = std::vector<std::byte>;  // one after the other, as the system keeps them
+using Entries = std::vector<std::byte>;  // access control entries in the system's layout, one after the other
 
-/// An access list, by where its entries come from.
+/// The entries of an access list, by their origin.
 struct AccessList {
   bool inherits = true;
   Entries own;
@@ -35,7 +35,7 @@ std::optional<AccessList> ReadAccessList(const std::wstring& path) {
   }
   const std::unique_ptr<void, LocalMemory> descriptor(memory);
   AccessList read;
-  if (list == nullptr) return read;  // a volume without them
+  if (list == nullptr) return read;  // the volume has no access lists
   SECURITY_DESCRIPTOR_CONTROL control = 0;
   DWORD revision = 0;
   if (!::GetSecurityDescriptorControl(descriptor.get(), &control, &revision)) return std::nullopt;
@@ -51,7 +51,7 @@ std::optional<AccessList> ReadAccessList(const std::wstring& path) {
   return read;
 }
 
-// The file's own entries come first, as the system orders them.
+// Explicit entries come before inherited ones, as the system requires.
 bool SetAccessList(const std::wstring& path, bool inherits, Entries entries) {
   std::vector<DWORD> memory((sizeof(ACL) + entries.size() + sizeof(DWORD) - 1) / sizeof(DWORD));  // aligned
   auto* const list = reinterpret_cast<ACL*>(memory.data());

@@ -4,10 +4,10 @@
 
 namespace quillon {
 
-/// Gives the file `to` the entries of the access list of `from` that it has not inherited, and its protection from
-/// inheriting; what `to` inherits from its own folder stays. A file without entries of its own has nothing to copy.
-/// False when the list of `to` is not that afterwards, as on volumes without access lists. Paths are as system calls
-/// take them.
+/// Copies the explicit (not inherited) access-list entries of `from` to `to`, and the flag that blocks inheritance;
+/// what `to` inherits from its own folder is kept. A file without explicit entries has nothing to copy. Returns false
+/// when `to` does not have that list afterwards, as on volumes without access lists. The paths are in the form for
+/// system calls.
 [[nodiscard]] bool CopyAccessList(const std::wstring& from, const std::wstring& to);
 
 }  // namespace quillon

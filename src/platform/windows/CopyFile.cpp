@@ -17,12 +17,12 @@ bool IsLink(const Status& status) {
   return (status.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-// A read-only copy could not be opened for flushing, so the attributes come last.
+// The attributes are set last, because a read-only copy could not be opened for flushing.
 bool CheckDateAndFlush(const std::wstring& copy, const Status& source, MadeCopy& made) {
   constexpr DWORD kLinkItself = FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS;
   if (!::SetFileAttributesW(copy.c_str(), FILE_ATTRIBUTE_NORMAL)) return false;
   std::optional<Handle> opened;
-  // Scanners like to look at what is new.
+  // Virus scanners may have opened the new file.
   const bool open = RetrySharing([&] {
     opened.emplace(::CreateFileW(copy.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                  kLinkItself, nullptr));
@@ -49,12 +49,12 @@ bool SetAttributes(const std::wstring& copy, const Status& source) {
   return ::SetFileAttributesW(copy.c_str(), attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL) != 0;
 }
 
-/// Asks the progress, and keeps what it throws: nothing may be thrown across the system's own code.
+/// Calls the progress and stores its exceptions, which must not be thrown through the system's code.
 class Asking {
  public:
   explicit Asking(CopyProgress* progress) : progress_(progress) {}
 
-  /// False, with the last error set, when the copying is to end.
+  /// Returns false, with the last error set, when the copying must end.
   bool Continue(std::uint64_t copied) noexcept {
     try {
       cancelled_ = progress_ != nullptr && !progress_->Continue(copied);
@@ -66,7 +66,7 @@ class Asking {
     return !ended;
   }
 
-  /// True when the copying was cancelled; throws what the progress has thrown.
+  /// True when the copying was cancelled; rethrows the progress's exception.
   [[nodiscard]] bool Cancelled() const {
     if (thrown_) std::rethrow_exception(thrown_);
     return cancelled_;
@@ -107,7 +107,7 @@ bool CopyWithAttributes(const std::wstring& from, const Status& source, const st
     made.cancelled = asking.Cancelled();
     return false;
   }
-  // Wine does not call OnProgress.
+  // Wine never calls OnProgress.
   const bool whole =
       CopyContent(from, to, asking) && asking.Continue(SizeOf(source)) && CheckDateAndFlush(to, source, made);
   if (!whole) {

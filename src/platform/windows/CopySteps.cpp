@@ -68,13 +68,13 @@ FileOutcome WindowsCopySteps::Publish(const std::string& to) {
   if (!temporary || !target) return UnholdableName();
   const FileOutcome outcome = OutcomeOf(
       RetrySharing([&] { return ::MoveFileExW(temporary->c_str(), target->c_str(), MOVEFILE_WRITE_THROUGH) != 0; }));
-  // On volumes without numbers of their own a file's number comes from its name's place.
+  // On volumes that do not store file ids, a file's id is derived from its directory entry and changes with a rename.
   const std::optional<Status> published = outcome ? std::nullopt : StatusAt(*target);
   if (published) copy_.id = IdOf(*published);
   return outcome;
 }
 
-// Windows has no such call; the write-through rename has done it.
+// Not needed: Publish has renamed with write-through.
 FileOutcome WindowsCopySteps::FlushFolder(const std::string&) {
   return std::nullopt;
 }
@@ -93,7 +93,7 @@ FileOutcome WindowsCopySteps::RemoveSource() {
   const bool deleted =
       DeleteIf(*path, [this](const Status& now) { return IdOf(now) == IdOf(opened_) && IsAsBefore(now, opened_); });
   const FileOutcome outcome = OutcomeOf(deleted);
-  if (deleted) source_.reset();  // while it is open, the deleted file keeps its name
+  if (deleted) source_.reset();  // a deleted file keeps its name until the last handle is closed
   return outcome;
 }
 

@@ -61,7 +61,7 @@ class WindowsEntries final : public EntryChanges {
   }
 };
 
-// The path with its last name as the system will hold it; nullopt when it cannot.
+// The path with its last name as the system would store it; nullopt for an invalid name.
 std::optional<std::string> NewPath(const std::string& path) {
   const EntryPath split = SplitPath(path, PathStyle::kWindows);
   const std::string_view held = HeldWindowsName(split.name);
@@ -69,7 +69,7 @@ std::optional<std::string> NewPath(const std::string& path) {
   return std::string(split.folder) + std::string(held);
 }
 
-// The path of a file that is there, spelled so that it is found literally.
+// The literal path of an existing file.
 std::optional<std::string> SourcePath(const std::string& path) {
   if (!CanNameFile(SplitPath(path, PathStyle::kWindows).name)) return std::nullopt;
   const std::optional<std::wstring> existing = ExistingPath(path);

@@ -14,7 +14,7 @@ Handle OpenItself(const std::wstring& path, DWORD access, DWORD share) {
 }
 
 bool SetAttributes(const Handle& file, DWORD attributes) {
-  FILE_BASIC_INFO basic = {};  // times of zero stay as they are
+  FILE_BASIC_INFO basic = {};  // zero times leave the file's times unchanged
   basic.FileAttributes = attributes;
   return ::SetFileInformationByHandle(file.Get(), FileBasicInfo, &basic, sizeof basic) != 0;
 }
@@ -25,7 +25,7 @@ bool MarkDeleted(const Handle& file) {
   return ::SetFileInformationByHandle(file.Get(), FileDispositionInfo, &disposition, sizeof disposition) != 0;
 }
 
-// A file that is only read-only must not make a move fail that has copied it already.
+// Also deletes read-only files: otherwise a move would fail after the copying.
 bool Delete(const Handle& file, DWORD attributes) {
   const bool readOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
   if (!readOnly) return MarkDeleted(file);

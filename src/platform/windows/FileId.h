@@ -11,7 +11,7 @@ namespace quillon {
 
 using Status = BY_HANDLE_FILE_INFORMATION;
 
-/// Tells files apart, whatever their names.
+/// Identifies a file independently of its names.
 struct FileId {
   DWORD volume = 0;
   std::uint64_t index = 0;
@@ -27,16 +27,16 @@ struct FileId {
   return std::uint64_t{status.nFileSizeHigh} << 32u | status.nFileSizeLow;
 }
 
-/// The status of the file or link at this path, as system calls take it; nullopt with the last error set when it cannot
-/// be told.
+/// The status of the file or link at this path, which is in the form for system calls; nullopt with the last error set
+/// on failure.
 [[nodiscard]] std::optional<Status> StatusAt(const std::wstring& path);
 
-/// Deletes the file or link at this path, read-only ones too, if `wanted` accepts its status; it is looked at and
-/// deleted by one handle that keeps writers out. False with the last error set when it stays:
-/// ERROR_BUSY for one that is not wanted.
+/// Deletes the file or link at this path, read-only ones too, if `wanted` accepts its status; its status is read and it
+/// is deleted through one handle that keeps writers out. Returns false with the last error set when it is not deleted:
+/// ERROR_BUSY when `wanted` rejects it.
 [[nodiscard]] bool DeleteIf(const std::wstring& path, const std::function<bool(const Status&)>& wanted);
 
-/// Deletes what stands at this path if it is this very file. False with the last error set when that fails.
+/// Deletes the entry at this path if it is this file. Returns false with the last error set when that fails.
 [[nodiscard]] bool DeleteOwn(const std::wstring& path, const FileId& file);
 
 }  // namespace quillon

@@ -16,7 +16,7 @@ namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-// For questions about what stands at a path, links followed; works for folders, too, and disturbs nobody.
+// Opens a file or folder only to query it, links followed, with full sharing.
 Handle OpenForQuestions(const std::wstring& path) {
   return Handle(::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
                               FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -26,7 +26,7 @@ bool IsFolder(DWORD attributes) {
   return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-// Other reparse points (files kept in a cloud, deduplicated files) are ordinary files to us.
+// Other reparse points, such as cloud files and deduplicated files, are treated as ordinary files.
 bool IsLink(const WIN32_FIND_DATAW& found) {
   if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
   return found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT;
@@ -77,7 +77,7 @@ Result<FileStatus, FileError> StatusBehindLink(const std::wstring& path) {
     return StatusOf(found.dwFileAttributes, found.nFileSizeHigh, found.nFileSizeLow);
   }
   const Result<FileStatus, FileError> status = StatusError(::GetLastError());
-  // A link that leads nowhere is not absent: its name is taken.
+  // A dangling link is not absent: its name is taken.
   return status && status->kind == FileStatus::Kind::kAbsent ? FileStatus{FileStatus::Kind::kOther, 0} : status;
 }
 
@@ -93,7 +93,7 @@ class WindowsFileReads final : public FileReads {
     std::vector<FolderEntry> entries;
     if (reinterpret_cast<LONG_PTR>(search) == -1) {
       const DWORD failure = ::GetLastError();
-      // An empty root has not even "." in it.
+      // An empty root folder has no entries at all, not even ".".
       if (failure == ERROR_FILE_NOT_FOUND) return entries;
       return FolderErrorOf(failure);
     }
@@ -129,7 +129,7 @@ class WindowsFileReads final : public FileReads {
     const std::optional<std::wstring> leftPath = ExistingPath(left);
     const std::optional<std::wstring> rightPath = ExistingPath(right);
     if (!leftPath || !rightPath) return false;
-    // Both stay open meanwhile: a file's number could be given away as soon as nobody holds it.
+    // Both are open during the comparison, because a file's id could be reused once no handle is open.
     const Handle one = OpenForQuestions(*leftPath);
     const Handle other = OpenForQuestions(*rightPath);
     BY_HANDLE_FILE_INFORMATION first = {};

@@ -13,7 +13,7 @@ std::string FullPath(const std::string& path) {
 
 std::string LongPath(const std::string& fullPath) {
   const std::string plain = PlainWindowsPath(fullPath);
-  // The plain form first: not every system looks for short names behind the prefix that longer paths need.
+  // The plain form is tried first: not every system expands short names in literal paths, which longer paths need.
   for (const std::optional<std::wstring>& path : {ToWide(plain), SystemPath(plain)}) {
     const DWORD needed = path ? ::GetLongPathNameW(path->c_str(), nullptr, 0) : 0;
     if (needed == 0) continue;

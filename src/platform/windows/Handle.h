@@ -16,7 +16,7 @@ class Handle {
   Handle& operator=(const Handle&) = delete;
   ~Handle() { Close(); }
 
-  // CreateFile's failure value is all bits set; comparing as a number spares the macro's old-style cast.
+  // CreateFile's failure value is all bits set; comparing it as a number avoids the macro's old-style cast.
   [[nodiscard]] bool Open() const { return handle_ != nullptr && reinterpret_cast<LONG_PTR>(handle_) != -1; }
   [[nodiscard]] HANDLE Get() const { return handle_; }
 

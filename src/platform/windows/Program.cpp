@@ -26,7 +26,7 @@ std::string ExecutablePath() {
   }
 }
 
-// The console calls its handler in a thread of its own and passes nothing along.
+// The console calls its handler on another thread and passes no context.
 std::atomic<bool> interrupted = false;
 
 BOOL WINAPI NoteInterruption(DWORD event) {
@@ -54,7 +54,7 @@ std::string ProgramBaseName() {
 
 void KeepToOwnAndSystemLibraries() {
   ::SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
-  // For searches that ask for the older rules.
+  // Removes the current folder from searches that use the older rules.
   ::SetDllDirectoryW(L"");
 }
 
@@ -72,7 +72,7 @@ bool UserReadsJapanese() {
   return PRIMARYLANGID(::GetUserDefaultUILanguage()) == LANG_JAPANESE;
 }
 
-// The narrow arguments have lost what the system's code page cannot hold.
+// Not from argv, which lacks characters outside the system's code page.
 std::vector<std::string> ProgramArguments(int, char**) {
   int count = 0;
   const std::unique_ptr<wchar_t*, decltype(&::LocalFree)> all(::CommandLineToArgvW(::GetCommandLineW(), &count),

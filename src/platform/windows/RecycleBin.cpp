@@ -13,14 +13,14 @@
 namespace quillon {
 namespace {
 
-// Undo is what makes a deletion go to the bin.
+// FOF_ALLOWUNDO makes a deletion go to the bin.
 constexpr FILEOP_FLAGS kToTheBin = FOF_ALLOWUNDO | FOF_WANTNUKEWARNING;
 
 FILEOP_FLAGS CommonFlags(BinQuestions questions) {
   return questions == BinQuestions::kOnlyBeforeLoss ? kToTheBin | FOF_NOCONFIRMATION : kToTheBin;
 }
 
-/// COM on this thread, for as long as this lives; it may have been there before.
+/// Initialises COM on this thread during its lifetime; nesting is allowed.
 class Apartment {
  public:
   Apartment() : entered_(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {}
@@ -54,8 +54,8 @@ ComPointer<IShellItem> ShellItem(const std::wstring& path) {
   return ComPointer<IShellItem>(made);
 }
 
-// The path as the shell takes it: plain, as it fails on "\\?\". nullopt when the system would read the plain path as
-// another one's, which would lose another file ("a." is "a", and "nul.mid" a device).
+// The plain path, because the shell does not accept "\\?\". Returns nullopt when the system would normalise the plain
+// path to another one, so that another file would be deleted ("a." is "a", and "nul.mid" a device).
 std::optional<std::wstring> ShellPath(const std::string& path) {
   const std::optional<std::wstring> literal = ExistingPath(path);
   if (!literal) return std::nullopt;
@@ -73,7 +73,7 @@ HRESULT Prepare(IFileOperation& operation, IShellItem* file, HWND owner, DWORD f
   return result;
 }
 
-// A declined confirmation is no failure: the caller sees by itself that the file is still there.
+// True when the user declined the confirmation. That is no failure: the caller checks whether the file is still there.
 bool IsDeclined(HRESULT result, IFileOperation& operation) {
   BOOL aborted = FALSE;
   const bool known = SUCCEEDED(operation.GetAnyOperationsAborted(&aborted));
@@ -81,7 +81,7 @@ bool IsDeclined(HRESULT result, IFileOperation& operation) {
          result == HRESULT_FROM_WIN32(ERROR_CANCELLED);
 }
 
-// For systems whose shell lacks the file operation. This one ends at 260 characters.
+// The older interface, for shells without IFileOperation. It only supports paths of less than 260 characters.
 int RecycleByRequest(std::wstring path, HWND owner, BinQuestions questions) {
   if (path.size() >= MAX_PATH) return kRecycleNotDone;
   path.push_back(L'\0');  // a list of one, ended by an empty entry
@@ -107,15 +107,15 @@ std::optional<int> RecycleBy(IFileOperation& operation, IShellItem* file, HWND o
 }
 
 int MoveToRecycleBin(const std::string& path, std::uintptr_t ownerWindow, BinQuestions questions) {
-  // The handle travels as a number, so that no header outside knows the type.
+  // The handle is passed as a number, so that portable headers need not know its type.
   const auto owner = reinterpret_cast<HWND>(ownerWindow);  // NOLINT(performance-no-int-to-ptr)
   const std::optional<std::wstring> shellPath = ShellPath(path);
   const Apartment apartment;
   if (!shellPath || !apartment.Entered()) return kRecycleNotDone;
   const ComPointer<IFileOperation> operation = MakeFileOperation();
   if (operation) {
-    // Plain paths of 260 characters and more have items where the system allows such paths to programs; elsewhere the
-    // file stays.
+    // For plain paths of 260 characters and more this only succeeds where long paths are enabled; otherwise the file
+    // stays.
     const ComPointer<IShellItem> file = ShellItem(*shellPath);
     if (!file) return kRecycleNotDone;
     if (const std::optional<int> result = RecycleBy(*operation, file.get(), owner, questions)) return *result;

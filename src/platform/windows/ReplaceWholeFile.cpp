@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t kMostAtOnce = std::size_t{1} << 30u;
 
-// Where a link at `path` leads; the path itself when it is none or leads nowhere.
+// The target of a link at `path`; the path itself when it is no link or a dangling one.
 std::string BehindLinks(const std::string& path) {
   const std::string real = MakeFileReads()->RealPath(path);
   return real.empty() ? path : real;
@@ -47,7 +47,7 @@ bool WriteAndFlush(const Handle& file, std::string_view bytes) {
     const auto count = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
     if (!::WriteFile(file.Get(), bytes.data(), count, &written, nullptr)) return false;
     if (written == 0) {
-      ::SetLastError(ERROR_WRITE_FAULT);  // trying again would go on for ever
+      ::SetLastError(ERROR_WRITE_FAULT);  // retrying would never end
       return false;
     }
     bytes.remove_prefix(written);
@@ -88,8 +88,8 @@ class WindowsReplaceSteps final : public ReplaceSteps {
     return outcome;
   }
 
-  // ReplaceFile keeps the old file's attributes and access rights. When it cannot name the new file (errors 1176, 1177)
-  // it has already taken the name from the old one; without a name for a backup the old file is gone then.
+  // ReplaceFile keeps the old file's attributes and access rights. When it fails to rename the new file (errors 1176,
+  // 1177), it has already removed the old file's name; since no backup name is given, the old file is then gone.
   FileOutcome Replace(const std::string& temporary, const std::string& path) override {
     const std::optional<std::wstring> from = SystemPath(temporary);
     const std::optional<std::wstring> to = SystemPath(path);
@@ -116,7 +116,7 @@ class WindowsReplaceSteps final : public ReplaceSteps {
   }
 
  private:
-  std::unique_ptr<TemporaryMark> mark_;  // goes when the replacing has ended
+  std::unique_ptr<TemporaryMark> mark_;  // deleted after the replacement
 };
 
 }  // namespace

@@ -14,7 +14,7 @@
 namespace quillon {
 namespace {
 
-// What a call of the system writes that is asked for the size first.
+// Returns the text from a system call that is first asked for the size.
 template <class Call>
 std::wstring SystemText(Call call) {
   std::wstring text(call(nullptr, 0), L'\0');
@@ -22,7 +22,7 @@ std::wstring SystemText(Call call) {
   return text;
 }
 
-// The folders of PATH that are full paths: any other depends on the current folder.
+// The entries of PATH that are full paths; others depend on the current folder.
 std::vector<std::string> PathFolders() {
   const std::string path =
       FromWide(SystemText([](wchar_t* text, UINT size) { return ::GetEnvironmentVariableW(L"PATH", text, size); }));
@@ -33,7 +33,7 @@ std::vector<std::string> PathFolders() {
   return folders;
 }
 
-// In the order of the system's own search, but for the current folder: anyone may have put something there.
+// The system's search order without the current folder, where anyone may have put a file.
 std::vector<std::string> SearchedFolders() {
   std::vector<std::string> folders = {
       ProgramFolder(),

@@ -4,16 +4,17 @@
 
 namespace quillon {
 
-/// True when another program keeps a file to itself for now: an editor that saves, a scanner that looks at what was
-/// just written.
+/// True when another program has the file open exclusively, probably for a moment only: an editor that saves, or a
+/// virus scanner.
 [[nodiscard]] inline bool IsSharingViolation(DWORD number) {
-  // The last one is what ReplaceFile makes of the first.
+  // ReplaceFile reports the last one instead of the first.
   return number == ERROR_SHARING_VIOLATION || number == ERROR_LOCK_VIOLATION ||
          number == ERROR_UNABLE_TO_REMOVE_REPLACED;
 }
 
-/// Calls `attempt`, which returns true or TRUE on success and else leaves its reason in GetLastError. While that is a
-/// sharing violation, tries again for a quarter of a second. True on success; else GetLastError is the last attempt's.
+/// Calls `attempt`, which returns true or TRUE on success and otherwise sets the last error. After a sharing violation
+/// it retries for up to a quarter of a second. Returns true on success; otherwise GetLastError is that of the last
+/// attempt.
 template <class Attempt>
 [[nodiscard]] bool RetrySharing(Attempt attempt) {
   constexpr int kRetries = 10;

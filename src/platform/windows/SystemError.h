@@ -6,16 +6,16 @@
 
 namespace quillon {
 
-/// The error that `number`, from GetLastError, means for a file.
+/// The error for a file operation that failed with this GetLastError number.
 [[nodiscard]] FileError ErrorOf(DWORD number);
 
-/// The error that `number` means for a folder that is to be read: absent is out of reach there.
+/// The same for reading a folder: a missing folder is unreachable.
 [[nodiscard]] FileError FolderErrorOf(DWORD number);
 
-/// The error of a name that no file can have.
+/// The error for an invalid file name.
 [[nodiscard]] FileError UnholdableName();
 
-/// Empty on success, else what GetLastError says.
+/// Success (empty), or the error from GetLastError.
 [[nodiscard]] FileOutcome OutcomeOf(BOOL succeeded);
 
 }  // namespace quillon

@@ -12,7 +12,7 @@
 namespace quillon {
 namespace {
 
-// What the system makes of a path that depends on a current folder.
+// Resolves a path that depends on a current folder.
 std::wstring FullFolder(const std::wstring& folder) {
   const DWORD needed = ::GetFullPathNameW(folder.c_str(), 0, nullptr, nullptr);
   std::wstring full(needed, L'\0');
@@ -20,7 +20,7 @@ std::wstring FullFolder(const std::wstring& folder) {
   return full;
 }
 
-// The system would drop dots and blanks from the last name, so only the folder before it is shown to the system.
+// Only the folder part is resolved by the system, because it would drop dots and blanks from the last name.
 std::optional<std::string> FromCurrentFolder(const std::string& path) {
   const bool isDots = path == "." || path == ".." || path.ends_with("\\..") || path.ends_with("/..");
   const bool isDriveOnly = path.size() == 2 && path[1] == ':';
@@ -37,7 +37,7 @@ std::optional<std::string> FromCurrentFolder(const std::string& path) {
   return full + std::string(split.name);
 }
 
-// No file system of Windows holds a longer name, but not every layer above one says so.
+// No Windows file system supports longer names, but not every layer above one reports an error.
 bool HasOnlyHoldableLengths(std::wstring_view path) {
   constexpr std::size_t kLongestName = 255;
   while (!path.empty()) {

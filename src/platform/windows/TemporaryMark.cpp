@@ -33,7 +33,7 @@ class WindowsTemporaryMark final : public TemporaryMark {
   void Keep() override { kept_ = true; }
 
  private:
-  Handle file_;  // not shared: nobody else can delete the mark
+  Handle file_;  // opened without sharing, so that no other process can delete the mark
   std::string path_;
   bool kept_ = false;
 };
@@ -49,7 +49,7 @@ bool IsOlderThanADay(const Handle& file) {
   return ::GetFileTime(file.Get(), nullptr, nullptr, &written) && TicksOf(now) > TicksOf(written) + kTicksPerDay;
 }
 
-// A mark whose making was interrupted holds less of the text, or nothing.
+// An interrupted creation leaves a mark with only part of the text, or none.
 bool HoldsMarkText(const Handle& file) {
   std::array<char, kMarkText.size() + 1> bytes = {};
   DWORD got = 0;
@@ -79,7 +79,7 @@ void RemoveLeftover(const std::string& folder, const std::string& name) {
 
 std::vector<std::string> MarkedNames(const std::string& folder) {
   std::vector<std::string> names;
-  // The star of a pattern is no name that SystemPath would take.
+  // The "*" of the pattern is appended later, because SystemPath does not accept it in a name.
   const std::optional<std::wstring> path = SystemPath(folder + "x");
   if (!path) return names;
   WIN32_FIND_DATAW found = {};

@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-/// nullopt when the bytes are not UTF-8 (surrogates allowed).
+/// Returns nullopt when the bytes are not valid UTF-8; encoded surrogates are allowed.
 [[nodiscard]] std::optional<std::wstring> ToWide(std::string_view text);
 
 [[nodiscard]] std::string FromWide(std::wstring_view text);

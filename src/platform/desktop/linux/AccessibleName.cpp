@@ -5,7 +5,7 @@
 namespace quillon {
 namespace {
 
-// Calls `see` for the widget and everything in it, in order.
+// Calls `see` for the widget and all its descendants, in order.
 template <class See>
 void Walk(GtkWidget* widget, const See& see) {
   see(widget);
@@ -23,7 +23,7 @@ void Name(GtkWidget* widget, const std::string& name) {
 
 void SetAccessibleName(void* control, const std::string& name) {
   GtkWidget* widget = static_cast<GtkWidget*>(control);
-  // What scrolls is the frame of the control that is meant.
+  // A scrolled window is only the frame around the actual control.
   if (GTK_IS_SCROLLED_WINDOW(widget)) {
     if (GtkWidget* const inside = gtk_bin_get_child(GTK_BIN(widget))) widget = inside;
   }

@@ -5,12 +5,12 @@
 namespace quillon {
 namespace {
 
-/// "widget" is the plain area that wxWidgets puts a window's controls on: what GTK has in its own dialogs, tool bars
-/// and lists keeps the theme's look. Heights are in the font's size, so that they grow with it. Nothing moves to its
-/// size slowly: a window measures its controls before they are shown and would get some size in between.
+/// "widget" is the plain area on which wxWidgets places a window's controls, so GTK's own dialogs, tool bars and lists
+/// keep the theme's look. Heights are relative to the font size. Transitions are disabled because a window measures its
+/// controls before they are shown and would get an intermediate size.
 ///
-/// A text box is measured too low by wxWidgets, by half a line less its padding. With this minimum height its text
-/// still fits; made lower than it asks for, down to 23 pixels at 10 points, it loses empty space only.
+/// wxWidgets measures a text box too low, by half a line minus its padding. With this minimum height the text still
+/// fits: down to 23 pixels at 10 points, the text box only loses empty space.
 constexpr const char* kStyle = R"(
 widget > entry, widget > combobox entry, widget > spinbutton {
   min-height: 1.5em; padding: 0.15em 5px; transition: none;

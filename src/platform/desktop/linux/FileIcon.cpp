@@ -16,7 +16,7 @@ GdkPixbuf* Load(GtkIconTheme* theme, GIcon* icon, int size) {
   return pixbuf;
 }
 
-/// The type that the name alone tells; the file is not read.
+/// The icon for the type that the name indicates; the file is not read.
 GIcon* IconOfName(const std::string& path) {
   char* const type = g_content_type_guess(path.c_str(), nullptr, 0, nullptr);
   GIcon* const icon = g_content_type_get_icon(type);

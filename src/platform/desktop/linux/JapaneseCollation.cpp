@@ -17,12 +17,12 @@ struct CloseCollator {
 
 using Collator = std::unique_ptr<UCollator, CloseCollator>;
 
-/// Null where the library has no data.
+/// Returns null when the library's data is missing.
 Collator OpenCollator() {
   UErrorCode error = U_ZERO_ERROR;
   Collator collator(ucol_open("ja", &error));
   if (U_FAILURE(error)) return nullptr;
-  // The next level tells hiragana from katakana.
+  // The next level would distinguish hiragana from katakana.
   ucol_setStrength(collator.get(), UCOL_TERTIARY);
   return collator;
 }
@@ -44,14 +44,14 @@ class IcuCollation final : public Collation {
     constexpr std::size_t kMostBytes = std::numeric_limits<std::int32_t>::max() / 2;
     if (collator_ == nullptr || text.size() > kMostBytes) return std::string(text);
     const std::u16string wide = ToUtf16(text);
-    // Most keys fit at once; the library says how long the others are.
+    // Most keys fit at the first attempt; for the others the library returns the needed length.
     std::string key(wide.size() * 4 + 16, '\0');
     std::size_t length = Write(wide, key);
     if (length > key.size()) {
       key.resize(length);
       length = Write(wide, key);
     }
-    key.resize(length == 0 ? 0 : length - 1);  // without the zero behind it
+    key.resize(length == 0 ? 0 : length - 1);  // without the terminating zero
     return key;
   }
 

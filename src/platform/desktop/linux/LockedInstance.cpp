@@ -19,7 +19,7 @@
 namespace quillon {
 namespace {
 
-/// A startup id is a few words long.
+/// Startup ids are much shorter.
 constexpr std::size_t kMostBytes = 4096;
 
 bool IsStillAt(int file, const std::string& path) {
@@ -34,7 +34,8 @@ struct Lock {
   bool heldByAnother = false;
 };
 
-/// The first instance deletes its file when it ends: one that was opened before and locked after that is no use.
+/// The first instance deletes its lock file when it ends. If the file was opened before and locked after that, the lock
+/// is useless and another one is taken.
 Lock TakeLock(const std::string& path) {
   for (;;) {
     Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
@@ -44,7 +45,7 @@ Lock TakeLock(const std::string& path) {
   }
 }
 
-/// nullopt for a path that is too long for a socket.
+/// Returns nullopt when the path is too long for a socket.
 std::optional<sockaddr_un> AddressOf(const std::string& path) {
   sockaddr_un address = {};
   address.sun_family = AF_UNIX;
@@ -71,14 +72,14 @@ class LockedInstance final : public SingleInstance {
   ~LockedInstance() override {
     if (watch_ != 0) g_source_remove(watch_);
     if (!lock_.file.Open()) return;
-    // While the lock is held, so that they are nobody else's.
+    // Deleted while the lock is held, so that they cannot belong to another instance.
     ::unlink(socketPath_.c_str());
     ::unlink(lockPath_.c_str());
   }
 
   [[nodiscard]] bool IsFirst() const override { return !lock_.heldByAnother; }
 
-  /// Does not wait for the first instance, which may be busy.
+  /// Does not wait for an answer, because the first instance may be busy.
   void BringFirstForward() override {
     const std::optional<sockaddr_un> address = AddressOf(socketPath_);
     if (IsFirst() || !address) return;
@@ -93,7 +94,7 @@ class LockedInstance final : public SingleInstance {
   void Listen() {
     const std::optional<sockaddr_un> address = AddressOf(socketPath_);
     if (!address) return;
-    ::unlink(socketPath_.c_str());  // left by an instance that was killed
+    ::unlink(socketPath_.c_str());  // may be left by a killed instance
     socket_ = std::make_unique<Descriptor>(MakeSocket());
     if (::bind(socket_->Number(), reinterpret_cast<const sockaddr*>(&*address), sizeof(*address)) != 0) return;
     watch_ = g_unix_fd_add(socket_->Number(), G_IO_IN, &LockedInstance::OnMessage, this);
@@ -105,7 +106,7 @@ class LockedInstance final : public SingleInstance {
     const ssize_t length = ::recv(self->socket_->Number(), bytes.data(), bytes.size(), 0);
     if (length < 0) return G_SOURCE_CONTINUE;
     UseStartupId(std::string(bytes.data(), static_cast<std::size_t>(length)));
-    // A copy: it may stay in a message loop of its own.
+    // A copy, because `raise` may run a nested message loop.
     const std::function<void()> raise = self->raise_;
     if (raise) raise();
     return G_SOURCE_CONTINUE;

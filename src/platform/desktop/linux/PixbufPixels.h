@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-/// A copy, opaque where the picture has no alpha.
+/// Copies the picture; opaque when it has no alpha channel.
 [[nodiscard]] Pixels PixelsOfPixbuf(const GdkPixbuf* pixbuf);
 
 }  // namespace quillon

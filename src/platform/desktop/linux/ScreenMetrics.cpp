@@ -10,7 +10,7 @@ ScreenMetrics QueryScreen() {
   GdkDisplay* const display = gdk_display_get_default();
   if (display == nullptr) return {};
   GdkMonitor* monitor = gdk_display_get_primary_monitor(display);
-  // Not every window system calls one of its screens the main one.
+  // Some window systems have no primary screen.
   if (monitor == nullptr) monitor = gdk_display_get_monitor(display, 0);
   if (monitor == nullptr) return {};
   GdkRectangle area = {};
@@ -23,7 +23,7 @@ double QueryTextScale() {
   constexpr double kUsualResolution = 96;
   GdkScreen* const screen = gdk_screen_get_default();
   if (screen == nullptr) return 1;
-  // -1 where nobody has set it.
+  // The resolution is -1 when it is not set.
   return std::max(gdk_screen_get_resolution(screen) / kUsualResolution, 1.0);
 }
 

@@ -7,7 +7,7 @@
 namespace quillon {
 namespace {
 
-/// A local bus answers within a millisecond or two. One that does not in this time is as good as none.
+/// A local bus answers within a millisecond or two. One that takes longer than this is treated as missing.
 constexpr guint kMostMilliseconds = 1000;
 
 bool IsLetter(char c) {
@@ -23,7 +23,7 @@ bool IsSocket(const std::string& path) {
   return ::stat(path.c_str(), &status) == 0 && S_ISSOCK(status.st_mode);
 }
 
-/// The connecting is done by a thread of GIO's; this is where it reports back.
+/// The result of connecting, which runs on one of GIO's threads.
 struct Connecting {
   bool done = false;
   GDBusConnection* connection = nullptr;
@@ -40,7 +40,7 @@ gboolean OnTooLate(gpointer data) {
   return G_SOURCE_REMOVE;
 }
 
-/// Waits in a context of its own, so that nothing else of the program runs meanwhile.
+/// Waits in a separate main context, so that none of the program's own events are handled meanwhile.
 BusConnection Connect(const std::string& address) {
   GMainContext* const context = g_main_context_new();
   GCancellable* const cancellable = g_cancellable_new();
@@ -66,7 +66,7 @@ BusConnection Connect(const std::string& address) {
 std::string SessionBusAddress(const std::string& fromEnvironment, const std::string& runtimeFolder) {
   std::string address;
   for (const std::string_view way : Split(fromEnvironment, ';')) {
-    // "autolaunch:" would start a bus of its own, which nobody else is on.
+    // "autolaunch:" would start another bus, without other programs on it.
     if (way.empty() || way.starts_with("autolaunch:")) continue;
     if (!address.empty()) address += ';';
     address += way;

@@ -12,12 +12,12 @@
 namespace quillon {
 namespace {
 
-/// A first instance that is busy this long learns of the later one when it is free again.
+/// How long to wait for the first instance. If it is busy longer, it handles the request when it is free again.
 constexpr int kMostMilliseconds = 2000;
 
 constexpr const char* kObject = "/io/github/quillon/Quillon";
 constexpr const char* kInterface = "org.freedesktop.Application";
-/// The part that we answer of the desktop's own interface for programs that run once.
+/// The implemented part of the desktop's standard interface for single-instance programs.
 constexpr const char* kDescription =
     "<node><interface name='org.freedesktop.Application'>"
     "<method name='Activate'><arg name='platform_data' type='a{sv}' direction='in'/></method>"
@@ -41,7 +41,7 @@ class BusInstance final : public SingleInstance {
  public:
   BusInstance(std::string name, std::string startupId, BusConnection bus)
       : name_(std::move(name)), startupId_(std::move(startupId)), bus_(std::move(bus)) {
-    // In this order, so that whoever finds the name is answered.
+    // The object is registered first, so that calls are answered as soon as the name exists.
     Register();
     first_ = OwnsName();
   }
@@ -81,7 +81,7 @@ class BusInstance final : public SingleInstance {
     g_dbus_node_info_unref(node);
   }
 
-  /// When the bus refuses to say, there is no other instance either.
+  /// When the bus does not answer, this instance counts as the first.
   [[nodiscard]] bool OwnsName() {
     constexpr guint kDoNotQueue = 4;
     constexpr guint kOwnedByAnother = 3;
@@ -94,7 +94,7 @@ class BusInstance final : public SingleInstance {
     return code != kOwnedByAnother;
   }
 
-  /// Null for a failure. Takes over `parameters`.
+  /// Returns null on failure. Takes ownership of `parameters`.
   GVariant* Call(const char* name, const char* object, const char* interface, const char* method,
                  GVariant* parameters) {
     return g_dbus_connection_call_sync(bus_.get(), name, object, interface, method, parameters, nullptr,
@@ -105,7 +105,7 @@ class BusInstance final : public SingleInstance {
                      const char* /*interface*/, const char* /*method*/, GVariant* parameters,
                      GDBusMethodInvocation* invocation, gpointer self) {
     UseStartupId(StartupIdIn(parameters));
-    // The answer goes first: `raise` may stay in a message loop of its own.
+    // Answers first, because `raise` may run a nested message loop.
     g_dbus_method_invocation_return_value(invocation, nullptr);
     const std::function<void()> raise = static_cast<BusInstance*>(self)->raise_;
     if (raise) raise();
@@ -120,7 +120,7 @@ class BusInstance final : public SingleInstance {
   std::unique_ptr<SingleInstance> lock_;
 };
 
-/// In the folder for what lives as long as a session, or else where the settings are, which several machines may share.
+/// In the session's runtime folder, else in the configuration folder, which several machines may share.
 std::string LockPath(const std::string& name) {
   const std::string runtime = EnvironmentText("XDG_RUNTIME_DIR");
   if (runtime.starts_with('/') && ::access(runtime.c_str(), W_OK | X_OK) == 0) return runtime + "/" + name;

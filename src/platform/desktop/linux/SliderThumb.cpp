@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-// GTK itself moves the thumb at the next frame only: this is where it will be.
+// Computes where the thumb will be, because GTK only moves it at the next frame.
 ThumbSpan QueryThumb(void* slider) {
   GtkRange* const range = GTK_RANGE(slider);
   GdkRectangle groove = {};
@@ -30,7 +30,7 @@ void PlaceThumb(void* slider) {
   gtk_widget_size_allocate(widget, &place);
 }
 
-// GTK goes there, unless the desktop is set to move by pages.
+// GTK moves the thumb under the mouse by itself, unless the desktop is set to move by pages.
 std::optional<double> PlaceOfPress(void* /*slider*/, int /*x*/) {
   return std::nullopt;
 }

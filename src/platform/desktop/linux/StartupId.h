@@ -4,8 +4,8 @@
 
 namespace quillon {
 
-/// A window manager keeps a window that asks for the front in the back when the person has done something since. The id
-/// that a later instance was started with tells when that was; GDK hands the time on. Does nothing for an empty id.
+/// Passes a later instance's startup id to GDK. The id contains the time at which the user started that instance;
+/// without it a window manager may refuse to bring the window to the front. Does nothing for an empty id.
 void UseStartupId(const std::string& id);
 
 }  // namespace quillon

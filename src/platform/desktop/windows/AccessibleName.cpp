@@ -22,7 +22,7 @@ void SetAccessibleName(void* control, const std::string& name) {
   services->Release();
 }
 
-// Windows' own dialogs, status bar, tool bar and list tell all of this themselves.
+// Windows' dialogs, status bar, tool bar and list provide this by themselves.
 
 void SetAccessibleStatus(void*, const std::string&) {}
 

@@ -14,15 +14,15 @@
 namespace quillon {
 namespace {
 
-/// The file's name without its folder, which the shell does not ask about and which may be longer than it takes. Of a
-/// name that is too long, the end with the extension.
+/// The file's name without its folder, which the shell does not need and which may be too long for it. A name that is
+/// too long is reduced to its end with the extension.
 std::wstring NameForShell(const std::wstring& path) {
   constexpr std::size_t kMostUnits = 200;
   const std::wstring name = path.substr(path.find_last_of(L"\\/:") + 1);
   return name.size() <= kMostUnits ? name : name.substr(name.size() - kMostUnits);
 }
 
-/// Of the system's two sizes the nearer one.
+/// The nearer one of the system's two sizes.
 UINT NearestSize(int size) {
   const int smallWidth = ::GetSystemMetrics(SM_CXSMICON);
   const int largeWidth = ::GetSystemMetrics(SM_CXICON);

@@ -32,7 +32,7 @@ Com<IFileOpenDialog> MakeDialog() {
   return Com<IFileOpenDialog>(dialog);
 }
 
-// A folder that is gone leaves the choice of the first one to Windows.
+// If the folder no longer exists, Windows chooses the first folder shown.
 void SetStart(IFileOpenDialog& dialog, const std::string& start) {
   IShellItem* folder = nullptr;
   if (FAILED(::SHCreateItemFromParsingName(WideOrEmpty(start).c_str(), nullptr, IID_IShellItem,

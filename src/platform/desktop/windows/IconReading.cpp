@@ -20,7 +20,7 @@ class Bitmap {
   HBITMAP handle_;
 };
 
-/// All rows from the top with 4 bytes for each pixel. Empty for a failure.
+/// Reads all rows from the top, with 4 bytes for each pixel. Returns an empty vector on failure.
 std::vector<std::uint8_t> ReadBits(HBITMAP bitmap, int width, int height) {
   BITMAPINFO info = {};
   info.bmiHeader.biSize = sizeof(info.bmiHeader);
@@ -36,7 +36,8 @@ std::vector<std::uint8_t> ReadBits(HBITMAP bitmap, int width, int height) {
   return bits;
 }
 
-/// An icon without a colour bitmap is black and white: its mask holds the transparent parts above the picture.
+/// An icon without a colour bitmap is black and white: its mask contains the transparency in the upper half and the
+/// picture in the lower half.
 std::optional<IconBitmaps> ReadBitmaps(HBITMAP colour, HBITMAP mask) {
   BITMAP shape = {};
   if (::GetObjectW(colour != nullptr ? colour : mask, sizeof(shape), &shape) == 0) return std::nullopt;

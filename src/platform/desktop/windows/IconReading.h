@@ -8,7 +8,7 @@
 
 namespace quillon {
 
-/// A copy of the icon's bitmaps; nullopt for a handle that is none. The icon stays the caller's.
+/// Copies the icon's bitmaps; nullopt for an invalid handle. The caller keeps the ownership of the icon.
 [[nodiscard]] std::optional<IconBitmaps> ReadIcon(HICON handle);
 
 }  // namespace quillon

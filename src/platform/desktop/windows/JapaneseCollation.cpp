@@ -11,12 +11,12 @@
 namespace quillon {
 namespace {
 
-// Without SORT_STRINGSORT a hyphen or an apostrophe would count last, wherever it stands.
+// Without SORT_STRINGSORT hyphens and apostrophes would only be compared last.
 constexpr DWORD kOptions = LCMAP_SORTKEY | NORM_IGNOREKANATYPE | NORM_IGNOREWIDTH | SORT_STRINGSORT;
 
-/// How long the key is, in bytes, or would be (null `key`); 0 for a failure.
+/// Writes the key and returns its length in bytes; with a null `key` only returns the length. 0 on failure.
 std::size_t Write(const std::wstring& text, std::string* key) {
-  // The call counts a key's bytes, and takes the buffer for characters all the same.
+  // The function returns a sort key as bytes, although the parameter's type is wchar_t*.
   auto* const buffer = key == nullptr ? nullptr : reinterpret_cast<wchar_t*>(key->data());
   const int size = key == nullptr ? 0 : static_cast<int>(key->size());
   const int length = ::LCMapStringEx(L"ja-JP", kOptions, text.data(), static_cast<int>(text.size()), buffer, size,
@@ -32,14 +32,14 @@ class WindowsCollation final : public Collation {
     std::optional<std::wstring> wide = ToWide(text);
     if (!wide) wide = ToWide(WithReplacementCharacters(text));
     if (!wide) return std::string(text);
-    // Most keys fit at once; asking for the length takes as long as making the key.
+    // Most keys fit at the first attempt. Asking for the length first would take as long as making the key.
     std::string key(wide->size() * 8 + 16, '\0');
     std::size_t length = Write(*wide, &key);
     if (length == 0) {
       key.resize(Write(*wide, nullptr));
       length = Write(*wide, &key);
     }
-    key.resize(length == 0 ? 0 : length - 1);  // without the zero behind it
+    key.resize(length == 0 ? 0 : length - 1);  // without the terminating zero
     return key;
   }
 };

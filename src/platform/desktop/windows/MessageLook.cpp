@@ -10,7 +10,7 @@ namespace {
 
 struct Look {
   UINT sound;
-  ULONG_PTR picture;  ///< the number of a system icon
+  ULONG_PTR picture;  ///< the resource number of a system icon
 };
 
 Look LookOf(MessageIcon icon) {
@@ -27,7 +27,7 @@ Look LookOf(MessageIcon icon) {
 
 std::optional<Pixels> MessagePicture(MessageIcon icon) {
   const auto name = reinterpret_cast<const wchar_t*>(LookOf(icon).picture);  // NOLINT(performance-no-int-to-ptr)
-  HICON const handle = ::LoadIconW(nullptr, name);                           // the system's, not to be destroyed
+  HICON const handle = ::LoadIconW(nullptr, name);                           // a shared system icon, which must not be destroyed
   const std::optional<IconBitmaps> bitmaps = handle != nullptr ? ReadIcon(handle) : std::nullopt;
   return bitmaps ? std::optional(PixelsOfIcon(*bitmaps)) : std::nullopt;
 }

@@ -11,7 +11,8 @@
 namespace quillon {
 namespace {
 
-/// The name belongs to the session, that is to one person at one screen. A backslash would end the part in front of it.
+/// The name is local to the session, that is to one user at one screen. Backslashes are replaced, because they would
+/// separate a namespace prefix.
 std::wstring MutexName(std::wstring title) {
   std::replace(title.begin(), title.end(), L'\\', L'_');
   return L"Local\\" + title + L".single-instance";
@@ -26,7 +27,7 @@ NamedMutex TakeMutex(const std::wstring& name) {
   ::SetLastError(ERROR_SUCCESS);
   Handle handle(::CreateMutexW(nullptr, FALSE, name.c_str()));
   const DWORD error = ::GetLastError();
-  // Access is denied to the mutex of an instance that runs with more rights.
+  // Opening the mutex of an instance with more rights fails with "access denied".
   return {std::move(handle), error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED};
 }
 
@@ -37,16 +38,17 @@ class MutexInstance final : public SingleInstance {
 
   [[nodiscard]] bool IsFirst() const override { return !mutex_.wasThere; }
 
-  /// Every call is harmless on a null window. A later instance has no window yet, so that it cannot find itself and
-  /// need not change its title first. Nothing here waits for the first instance, which may be busy.
+  /// All these calls accept a null window. A later instance has no window yet, so it cannot find itself. None of the
+  /// calls waits for the first instance, which may be busy.
   void BringFirstForward() override {
     if (IsFirst()) return;
     const HWND window = ::FindWindowW(windowClass_.empty() ? nullptr : windowClass_.c_str(), title_.c_str());
     const HWND popup = ::GetLastActivePopup(window);
-    // The owner of an open dialog would stay minimised; it must not take the front from the dialog either.
+    // A minimised owner must be restored along with its dialog, but without activating it, so that the dialog stays in
+    // front.
     if (popup != window && ::IsIconic(window) != FALSE) ::ShowWindowAsync(window, SW_SHOWNOACTIVATE);
     ::SetForegroundWindow(popup);
-    // A maximised window stays so.
+    // Only a minimised window is restored, so that a maximised one stays maximised.
     if (::IsIconic(popup) != FALSE) ::ShowWindowAsync(popup, SW_RESTORE);
   }
 

@@ -73,7 +73,7 @@ MediaStatus Seek(Medium& medium, const ParsedCommand& command) {
   return MediaError::kInternal;
 }
 
-/// What goes to one open medium.
+/// Executes a command for one open medium.
 CommandReply Carry(Medium& medium, const ParsedCommand& command) {
   medium.Update();
   switch (command.verb) {

@@ -5,7 +5,7 @@
 
 namespace quillon {
 
-/// The moment by which something must be done with.
+/// A point in time at which an operation must have ended.
 class Deadline {
  public:
   using Duration = std::chrono::milliseconds;

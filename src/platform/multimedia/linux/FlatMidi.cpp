@@ -23,15 +23,15 @@ constexpr unsigned kMetaText = 0x01;
 constexpr unsigned kMetaEnd = 0x2F;
 constexpr unsigned kMetaTempo = 0x51;
 
-/// A message, or a change of the tempo.
+/// A message or a tempo change.
 struct Event {
   std::uint64_t tick = 0;
   std::string_view bytes = {};
-  unsigned status = 0;        // of `bytes`, which are the data behind it
-  unsigned microseconds = 0;  // a quarter note from here on; 0 in messages
+  unsigned status = 0;        // the message's status byte; `bytes` are its data
+  unsigned microseconds = 0;  // for a tempo change: the length of a quarter note; 0 for messages
 };
 
-/// Looks at the time now and then: looking at it takes as long as reading some events.
+/// Checks the deadline only now and then, because a check takes as long as reading several events.
 class Patience {
  public:
   explicit Patience(const Deadline& deadline) : deadline_(deadline) {}
@@ -48,7 +48,7 @@ class Patience {
   bool ended_ = false;
 };
 
-/// Bytes taken one after the other; `Good` is false once there were too few.
+/// Reads bytes sequentially; `Good` is false after reading past the end.
 class Bytes {
  public:
   explicit Bytes(std::string_view bytes) : rest_(bytes) {}
@@ -88,19 +88,19 @@ class Bytes {
   bool good_ = true;
 };
 
-/// How many data bytes follow the status of a channel or a system message.
+/// The number of data bytes behind the status byte of a channel or system message.
 std::size_t DataLength(unsigned status) {
   const unsigned kind = status & 0xF0U;
   if (kind == 0xC0U || kind == 0xD0U || status == 0xF1U || status == 0xF3U) return 1;
   return kind != 0xF0U || status == 0xF2U ? 2 : 0;
 }
 
-/// The events of one track, one after the other.
+/// Reads the events of one track.
 class Track {
  public:
   Track(std::string_view bytes, std::uint64_t start) : bytes_(bytes), tick_(start) {}
 
-  /// Nothing at the end of the track, and at damage in it.
+  /// Returns nothing at the end of the track or at damage in it.
   std::optional<Event> Next() {
     while (!ended_ && !bytes_.AtEnd()) {
       const unsigned delta = bytes_.Quantity();
@@ -114,7 +114,7 @@ class Track {
     return std::nullopt;
   }
 
-  /// Where the last event stands that Next has come to, told or not.
+  /// The tick of the last event that Next has read, whether or not it returned the event.
   [[nodiscard]] std::uint64_t Tick() const { return tick_; }
 
  private:
@@ -127,7 +127,7 @@ class Track {
       return std::nullopt;
     }
     if (status == 0) {
-      ended_ = true;  // data with no message that it could belong to
+      ended_ = true;  // data bytes without a running status
       return std::nullopt;
     }
     running_ = status;
@@ -156,15 +156,15 @@ class Track {
 };
 
 struct Score {
-  std::vector<Track> tracks;  // at their beginnings
+  std::vector<Track> tracks;  // each at its beginning
   std::uint64_t end = 0;      // the tick of the last event
 };
 
-/// Gives the events of all tracks in the order of time, those of one moment in the order of the tracks. False when the
-/// time is up.
+/// Calls `visit` for the events of all tracks in the order of time, simultaneous ones in the order of the tracks.
+/// Returns false when the time is up.
 template <class Visit>
 bool ForEachEvent(std::vector<Track> tracks, Patience& patience, Visit visit) {
-  using Entry = std::pair<std::uint64_t, std::size_t>;  // a track's next event and the track
+  using Entry = std::pair<std::uint64_t, std::size_t>;  // the tick of a track's next event, and the track's index
   std::priority_queue<Entry, std::vector<Entry>, std::greater<>> queue;
   std::vector<Event> next(tracks.size());
   const auto advance = [&](std::size_t track) {
@@ -185,7 +185,7 @@ bool ForEachEvent(std::vector<Track> tracks, Patience& patience, Visit visit) {
 }
 
 struct TimeBase {
-  double ticks = 1;  // of a quarter note, or of a second
+  double ticks = 1;  // per quarter note, or per second
   bool quarterNotes = true;
 };
 
@@ -199,7 +199,7 @@ std::optional<TimeBase> ReadTimeBase(unsigned division) {
   return TimeBase{exact * ticksPerFrame, false};
 }
 
-/// Turns rising ticks into microseconds.
+/// Converts ticks to microseconds. Ticks must not decrease.
 class Clock {
  public:
   explicit Clock(const TimeBase& base) : base_(base) {
@@ -220,7 +220,7 @@ class Clock {
 
  private:
   TimeBase base_;
-  double tempo_ = 500000;  // microseconds of a quarter note, or of a second
+  double tempo_ = 500000;  // microseconds per quarter note, or per second
   std::uint64_t tick_ = 0;
   double microseconds_ = 0;
 };
@@ -236,14 +236,14 @@ void AppendQuantity(std::string& bytes, unsigned number) {
   AppendNumber(bytes, number & 0x7FU, 1);
 }
 
-// A quarter note of a second, of so many ticks, is the one tempo.
+// The song's only tempo: a quarter note lasts one second and has this many ticks.
 constexpr unsigned kTicks = 10000;
 constexpr unsigned kTempo = 1000000;
 
-/// Writes a file of one track.
+/// Writes a MIDI file with one track.
 class SongWriter {
  public:
-  /// `room`: how long the file may well become. What is not used of it costs nothing.
+  /// `room` is the expected largest length of the file. Unused room costs nothing.
   explicit SongWriter(std::size_t room) {
     constexpr unsigned kHeaderLength = 6;
     file_.reserve(room);
@@ -281,7 +281,7 @@ class SongWriter {
   }
 
   void AppendDelta(double microseconds) {
-    constexpr unsigned kMost = 0x0FFFFFFF;  // what a quantity can hold; empty texts divide a longer pause
+    constexpr unsigned kMost = 0x0FFFFFFF;  // the largest variable-length quantity; longer pauses are divided by empty text events
     const auto tick = static_cast<std::uint64_t>(std::llround(microseconds * kTicks / kTempo));
     for (; tick - tick_ > kMost; tick_ += kMost) {
       AppendQuantity(file_, kMost);
@@ -292,11 +292,11 @@ class SongWriter {
   }
 
   std::string file_;
-  std::size_t start_ = 0;  // of the track's events
+  std::size_t start_ = 0;  // the offset of the track's events
   std::uint64_t tick_ = 0;
 };
 
-/// Of a file in RIFF, what is in it.
+/// The content of a RIFF wrapper, or the whole file when there is none.
 std::string_view WithoutRiff(std::string_view file) {
   constexpr std::size_t kRiffHeader = 12;
   if (!file.starts_with("RIFF") || !file.substr(kChunkHeader).starts_with("RMID")) return file;
@@ -304,7 +304,7 @@ std::string_view WithoutRiff(std::string_view file) {
   return song == std::string_view::npos ? std::string_view() : file.substr(song);
 }
 
-/// Nothing when the time is up.
+/// Returns nothing when the time is up.
 std::optional<Score> FindTracks(Bytes& file, unsigned format, Patience& patience) {
   Score score;
   while (!file.AtEnd() && score.tracks.size() < kMostTracks) {
@@ -312,7 +312,7 @@ std::optional<Score> FindTracks(Bytes& file, unsigned format, Patience& patience
     const std::string_view id = file.Take(4);
     const std::string_view bytes = file.Take(file.Number(4));
     if (id != "MTrk") continue;
-    // The patterns of format 2 follow each other.
+    // In format 2 the tracks are played one after the other.
     Track track(bytes, format == 2 ? score.end : 0);
     score.tracks.push_back(track);
     while (track.Next()) {
@@ -323,7 +323,7 @@ std::optional<Score> FindTracks(Bytes& file, unsigned format, Patience& patience
   return score;
 }
 
-/// The end of the song in microseconds; nothing when the time is up.
+/// The song's end in microseconds; nothing when the time is up.
 std::optional<double> FindEnd(const Score& score, const TimeBase& base, Patience& patience) {
   Clock clock(base);
   const bool inTime = ForEachEvent(score.tracks, patience, [&](const Event& event) {
@@ -369,7 +369,7 @@ std::optional<FlatMidiSong> FlattenMidi(ByteSource& source, const Deadline& dead
   if (!file.Good() || !header.Good() || !base) return std::nullopt;
   Patience patience(deadline);
   const std::optional<Score> score = FindTracks(file, format, patience);
-  // An event becomes longer by the status that ran on and by a finer time.
+  // Events grow, because each gets its own status byte and a finer time.
   return score ? Write(*score, *base, 4 * whole.size() + 64, patience) : std::nullopt;
 }
 

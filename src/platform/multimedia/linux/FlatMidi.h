@@ -8,19 +8,19 @@
 
 namespace quillon {
 
-/// Whether the file says that it is one, bare or in RIFF.
+/// True when the file begins like a MIDI file, with or without a RIFF wrapper.
 [[nodiscard]] bool IsMidi(ByteSource& source);
 
 struct FlatMidiSong {
   std::string file;      ///< a Standard MIDI File
-  int milliseconds = 0;  ///< up to the end of its longest track
+  int milliseconds = 0;  ///< its length, up to the end of the longest track
 };
 
-/// A Standard MIDI File, bare or in RIFF, as one track of one tempo: GStreamer's parser takes the tempo changes of a
-/// file of several tracks for each track anew, so that the song drags, and does not come back from illegal messages.
-/// Those are left out, and so is what stands behind damage in a track, and tracks behind the first ten thousand.
-/// Nothing for every other file, for one whose header, length or size (above 32 MiB) makes no sense, and when the time
-/// is up. Needs memory for the file and for the song, and little else.
+/// Converts a Standard MIDI File, with or without a RIFF wrapper, to one track with one tempo. GStreamer's parser needs
+/// this: in files with several tracks it applies the tempo changes once per track, so that the song is too slow, and it
+/// hangs at illegal messages. Illegal messages, the rest of a track behind damage, and tracks beyond the first ten
+/// thousand are left out. Returns nothing for every other file, for one whose header, length or size (above 32 MiB) is
+/// not plausible, and when the time is up. Needs memory only for the file and the song.
 [[nodiscard]] std::optional<FlatMidiSong> FlattenMidi(ByteSource& source, const Deadline& deadline);
 
 }  // namespace quillon

@@ -3,7 +3,7 @@
 namespace quillon {
 namespace {
 
-/// A play list would send the player to other files and over the network; only what stands in the file itself plays.
+/// Disables play lists, which would make the player open other files and network addresses.
 void LeaveOutPlayLists() {
   GstRegistry* const registry = gst_registry_get();
   for (const char* const name :

@@ -12,12 +12,12 @@ struct UnrefGst {
   void operator()(GstCaps* caps) const { gst_caps_unref(caps); }
 };
 
-/// A reference of one's own to an element, pad, bus, message or caps.
+/// An owned reference to an element, pad, bus, message or caps.
 template <class Type>
 using GstOwned = std::unique_ptr<Type, UnrefGst>;
 
-/// The first call finds the plug-ins, which takes seconds where they have never been listed before, else a few
-/// milliseconds. False when GStreamer does not start.
+/// Initialises GStreamer; false on failure. The first call finds the plug-ins: that takes seconds if they have never
+/// been registered before, otherwise a few milliseconds.
 [[nodiscard]] bool StartGStreamer();
 
 }  // namespace quillon

@@ -9,7 +9,7 @@
 namespace quillon {
 namespace {
 
-/// The last picture of a file begins somewhat before its end.
+/// In milliseconds: a seek to less than this before the end may find no picture.
 constexpr int kLastPicture = 100;
 
 }  // namespace
@@ -67,14 +67,14 @@ void Medium::On(Pipeline::Event event) {
   if (Connect() && mode_ == Mode::kPlaying) pipeline_.Run();
 }
 
-/// Stands at the end, which says how long the medium is if nothing has yet.
+/// Stops at the end. If the length is still unknown, it is the current position.
 void Medium::End() {
   if (!length_) length_ = Position();
   mode_ = Mode::kStopped;
   position_ = *length_;
 }
 
-/// Makes the pipeline anew with the devices that are there, standing at `position_`.
+/// Restarts the pipeline with the devices that are available, paused at `position_`.
 bool Medium::Connect() {
   const Deadline deadline(kOpeningLimit);
   for (;;) {
@@ -99,7 +99,7 @@ bool Medium::Connect() {
   return true;
 }
 
-/// Lets the pipeline stand at `position_`, with the picture that belongs there.
+/// Seeks the paused pipeline to `position_`, so that it shows the picture there.
 void Medium::ShowStill() {
   const int place = length_ ? std::min(position_, std::max(*length_ - kLastPicture, 0)) : position_;
   pipeline_.Seek(std::int64_t{start_} + place);
@@ -176,7 +176,8 @@ MediaStatus Medium::Put(const std::optional<PictureRectangle>& rectangle) {
 
 int Medium::Position() {
   if (mode_ == Mode::kStopped) return position_;
-  // Program streams run on behind their end, and just after a seek there may be no answer yet.
+  // Clamped, because program streams report positions behind their end, and just after a seek there may be no position
+  // yet.
   const int seen = pipeline_.Position().value_or(0) - start_;
   position_ = std::clamp(seen, position_, std::max(length_.value_or(std::numeric_limits<int>::max()), position_));
   return position_;

@@ -23,7 +23,7 @@ class Medium {
  public:
   enum class Mode { kStopped, kPlaying, kPaused };
 
-  /// Opening has to end, whatever the file holds; the rest of the promised five seconds is for closing it.
+  /// Limits the time for opening any file; the rest of the promised five seconds is for closing it.
   static constexpr std::chrono::milliseconds kOpeningLimit{4500};
 
   /// Opens regular files only, and only those whose first sound or picture comes within the limit; neither sound device
@@ -46,12 +46,12 @@ class Medium {
   MediaStatus Put(const std::optional<PictureRectangle>& rectangle);
 
   [[nodiscard]] Mode CurrentMode() const { return mode_; }
-  /// True when it stopped because it could not be played on from there. Another try, or another place, is a new start.
+  /// True when playback stopped because of an error. Playing again or seeking resets it.
   [[nodiscard]] bool Failed() const { return failed_; }
-  /// 0 when it is not known: some streams do not tell before they have been played to their end.
+  /// 0 when it is unknown: the length of some streams is only known after they have been played to their end.
   [[nodiscard]] int Length() const { return length_.value_or(0); }
   [[nodiscard]] int Position();
-  /// Nothing for sound alone.
+  /// Empty for files with sound only.
   [[nodiscard]] std::optional<PictureSize> Picture() const { return picture_; }
   [[nodiscard]] PictureRectangle Destination() const;
 
@@ -64,7 +64,7 @@ class Medium {
   void ShowStill();
   void End();
 
-  // In this order: the pipeline outlives neither what it reads nor the window that it draws into.
+  // The order matters: the pipeline must be destroyed before its source and before the window that it draws into.
   MediumSource source_;
   std::unique_ptr<PictureWindow> window_;
   Pipeline pipeline_;
@@ -72,14 +72,14 @@ class Medium {
   std::optional<PictureSize> picture_;
   Mode mode_ = Mode::kStopped;
   bool hasSound_ = false;
-  bool connected_ = false;    // the pipeline stands ready with its real sinks
-  bool nothingLeft_ = false;  // stopped so near the end that nothing can be played
+  bool connected_ = false;    // the pipeline is prepared with its real sinks
+  bool nothingLeft_ = false;  // stopped so close to the end that nothing can be played
   bool failed_ = false;
   bool soundLost_ = false;
   bool pictureLost_ = false;
   int start_ = 0;  // the pipeline's position at the file's beginning
   std::optional<int> length_;
-  int position_ = 0;  // where it stands; while playing, where it has been seen last
+  int position_ = 0;  // the current position; while playing, the last one read
 };
 
 }  // namespace quillon

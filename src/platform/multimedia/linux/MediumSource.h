@@ -10,11 +10,11 @@
 
 namespace quillon {
 
-/// What is played for a file: mostly the file itself.
+/// The file that is actually played: usually the given file itself, otherwise a corrected copy in memory.
 struct MediumSource {
   std::string path;                                 ///< absolute
-  std::optional<Descriptor> memory = std::nullopt;  ///< what `path` leads to, where that is no file on a disk
-  std::optional<int> milliseconds = std::nullopt;   ///< the length, where it has been found out already
+  std::optional<Descriptor> memory = std::nullopt;  ///< the file in memory that `path` leads to, if it is not on a disk
+  std::optional<int> milliseconds = std::nullopt;   ///< the length, if it is already known
 };
 
 /// An error when nothing there can be played, or a song is not read by the deadline. A length that is

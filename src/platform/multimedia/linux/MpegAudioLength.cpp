@@ -15,14 +15,14 @@ namespace {
 constexpr std::size_t kHeaderLength = 4;
 
 struct FrameHeader {
-  unsigned kind = 0;  ///< version, layer and sample rate as they stand in the header: the same in every frame of a file
+  unsigned kind = 0;  ///< the header's bits for version, layer and sample rate, which are the same in every frame of a file
   unsigned sampleRate = 0;
   unsigned samples = 0;
   std::size_t length = 0;      ///< bytes, header included
-  std::size_t infoOffset = 0;  ///< where a Xing or Info header stands in the first frame
+  std::size_t infoOffset = 0;  ///< the offset of a Xing or Info header in the first frame
 };
 
-// In kbit/s, by index; 0: free format, which cannot be followed from frame to frame.
+// In kbit/s, by index; 0: free format, whose frame lengths are unknown.
 using Bitrates = std::array<unsigned, 15>;
 constexpr Bitrates kVersion1Layer1 = {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448};
 constexpr Bitrates kVersion1Layer2 = {0, 32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384};
@@ -66,7 +66,7 @@ std::optional<FrameHeader> ReadHeader(std::string_view bytes) {
   return header;
 }
 
-/// A file read forwards, a block at a time, until the time is up: from then on there is nothing more to read.
+/// Reads a file forwards in blocks. After the deadline it behaves as if the file had ended.
 class Blocks {
  public:
   Blocks(ByteSource& file, const Deadline& deadline) : file_(file), deadline_(deadline), size_(file.Size()) {}
@@ -74,7 +74,7 @@ class Blocks {
   [[nodiscard]] std::uint64_t Size() const { return size_; }
   [[nodiscard]] bool TimeIsUp() const { return timeIsUp_; }
 
-  /// Fewer than `count` bytes at the file's end. Good until the next call.
+  /// Returns `count` bytes, or fewer at the file's end. Valid until the next call.
   std::string_view At(std::uint64_t offset, std::size_t count) {
     if (!Holds(offset, count)) Load(offset);
     return std::string_view(block_).substr(static_cast<std::size_t>(offset - start_), count);
@@ -102,7 +102,7 @@ class Blocks {
   bool timeIsUp_ = false;
 };
 
-/// Behind the ID3 tags in front, and what zeros follow them.
+/// Returns the offset behind the leading ID3 tags and the zeros that follow them.
 std::uint64_t SkipTags(Blocks& blocks) {
   constexpr std::size_t kTagHeader = 10;
   constexpr int kMostTags = 100;
@@ -134,12 +134,12 @@ std::optional<FrameHeader> ReadHeader(std::string_view bytes, unsigned kind) {
   return header;
 }
 
-/// The frames of one kind in a stream that may be torn.
+/// Finds the frames of one kind in a stream that may be damaged.
 class Frames {
  public:
   Frames(Blocks& blocks, unsigned kind) : blocks_(blocks), kind_(kind) {}
 
-  /// The next frame at or behind `offset`, which is set to where it stands.
+  /// The next frame at or behind `offset`, which is set to the frame's offset.
   std::optional<FrameHeader> Next(std::uint64_t& offset) {
     if (const auto header = ReadHeader(blocks_.At(offset, kHeaderLength), kind_); header) return header;
     const std::optional<std::uint64_t> found = Find(offset + 1);
@@ -149,10 +149,10 @@ class Frames {
   }
 
  private:
-  /// So much damage is searched for a frame, all tears together; a stream with more ends there.
+  /// The total number of damaged bytes that are searched for a frame; behind that the stream counts as ended.
   static constexpr std::uint64_t kMostDamage = 4U << 20U;
 
-  /// The first place at `from` or behind that may be a header's. Not every place that passes is one.
+  /// The first offset from `from` on that may be a header. Not every match is one.
   [[nodiscard]] std::size_t FindHeader(std::string_view part, std::size_t from) const {
     const auto second = static_cast<unsigned char>(0xE0U | kind_ >> 8U);
     const auto third = static_cast<unsigned char>(kind_ & 0x0CU);
@@ -163,7 +163,7 @@ class Frames {
     });
   }
 
-  /// Where, at or behind `offset`, a frame stands that another one follows: what a torn stream goes on with.
+  /// The offset, from `offset` on, of the first frame that another frame follows: there a damaged stream continues.
   std::optional<std::uint64_t> Find(std::uint64_t offset) {
     constexpr std::size_t kSearched = 64U << 10U;
     constexpr std::size_t kLongestFrame = 4096;
@@ -200,7 +200,7 @@ std::optional<int> CountedMpegAudioLength(ByteSource& file, const Deadline& dead
     const std::uint64_t expected = offset;
     const std::optional<FrameHeader> frame = stream.Next(offset);
     if (frames < kSureFrames && (!frame || offset != expected)) return std::nullopt;
-    // A last frame that was cut off is not played.
+    // A truncated last frame is not played.
     if (!frame || offset + frame->length > blocks.Size()) break;
     ++frames;
     offset += frame->length;

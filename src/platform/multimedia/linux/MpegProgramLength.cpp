@@ -9,17 +9,17 @@
 namespace quillon {
 namespace {
 
-constexpr std::uint64_t kPart = 1U << 20U;  // at the beginning and at the end: every stream is in it, with time stamps
-constexpr std::uint64_t kClock = 90;        // time stamps a millisecond
+constexpr std::uint64_t kPart = 1U << 20U;  // the size of the first and the last part, which contain time stamps of every stream
+constexpr std::uint64_t kClock = 90;        // time stamp units per millisecond
 constexpr std::uint64_t kWrap = std::uint64_t{1} << 33U;
-constexpr std::uint64_t kPictureTime = 40 * kClock;  // what the last picture lasts
+constexpr std::uint64_t kPictureTime = 40 * kClock;  // the duration of the last picture
 constexpr std::string_view kStart("\0\0\1", 3);
 
 unsigned Byte(std::string_view bytes, std::size_t at) {
   return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0;
 }
 
-/// 33 bits in five bytes, each part ended by a marker bit.
+/// Decodes 33 bits from five bytes; a marker bit ends each part.
 std::optional<std::uint64_t> ReadTimeStamp(std::string_view bytes) {
   const bool marked = (Byte(bytes, 0) & 1U) != 0 && (Byte(bytes, 2) & 1U) != 0 && (Byte(bytes, 4) & 1U) != 0;
   if (bytes.size() < 5 || !marked) return std::nullopt;
@@ -27,7 +27,7 @@ std::optional<std::uint64_t> ReadTimeStamp(std::string_view bytes) {
          Byte(bytes, 3) << 7U | Byte(bytes, 4) >> 1U;
 }
 
-/// Of what follows a packet's length.
+/// `packet` begins behind the packet's length field.
 std::optional<std::uint64_t> PacketTimeStamp(std::string_view packet) {
   if ((Byte(packet, 0) & 0xC0U) == 0x80U) {  // MPEG-2
     const bool stamped = (Byte(packet, 1) & 0x80U) != 0 && (Byte(packet, 3) & 0xE0U) == 0x20U;
@@ -43,10 +43,10 @@ std::optional<std::uint64_t> PacketTimeStamp(std::string_view packet) {
 
 struct Span {
   std::uint64_t first = std::numeric_limits<std::uint64_t>::max();
-  std::uint64_t last = 0;  ///< with the time that it is shown for
+  std::uint64_t last = 0;  ///< including the duration of the picture
 };
 
-/// The least and the greatest time stamp in a part of the file.
+/// Finds the smallest and the largest time stamp in a part of the file.
 Span FindTimeStamps(std::string_view part) {
   constexpr std::size_t kPacketHeader = 6;
   Span span;

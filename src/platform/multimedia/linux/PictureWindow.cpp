@@ -7,7 +7,7 @@
 namespace quillon {
 namespace {
 
-/// X knows no empty windows and none larger than this.
+/// X does not support empty windows, nor windows larger than this.
 unsigned Side(int length) {
   constexpr int kMost = 32767;
   return static_cast<unsigned>(std::clamp(length, 1, kMost));
@@ -25,7 +25,7 @@ class XPictureWindow final : public PictureWindow {
     xlib_.closeDisplay(display_);
   }
 
-  /// False when the owner's window is not there.
+  /// Returns false when the owner's window does not exist.
   bool Create(const std::optional<PictureRectangle>& rectangle) {
     const std::optional<PictureRectangle> whole = OwnerSize();
     if (!whole) return false;

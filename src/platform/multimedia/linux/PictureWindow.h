@@ -8,12 +8,13 @@
 
 namespace quillon {
 
-/// The window that a picture is drawn into: a child of the window that its owner gave, on a connection of its own. So
-/// the picture fills exactly its rectangle, the owner's toolkit does not paint over it, and the owner gets the clicks.
-/// The owner may destroy its window at any time; nothing is drawn from then on.
+/// The window that a picture is drawn into: a child of the owner's window, made on a separate connection. So the
+/// picture fills exactly its rectangle, the owner's toolkit does not paint over it, and the owner gets the clicks. The
+/// owner may destroy its window at any time; after that nothing is drawn.
 class PictureWindow {
  public:
-  /// Null when there is no X server, or no window of that number. Without a rectangle the whole of it is filled.
+  /// Returns null when there is no X server or no window with that number. Without a rectangle the whole window is
+  /// filled.
   static std::unique_ptr<PictureWindow> Make(std::uint64_t owner, const std::optional<PictureRectangle>& rectangle);
 
   PictureWindow() = default;
@@ -22,7 +23,7 @@ class PictureWindow {
   virtual ~PictureWindow() = default;
 
   [[nodiscard]] virtual std::uint64_t Handle() const = 0;
-  /// Where the picture is in the owner's window.
+  /// The picture's rectangle in the owner's window.
   [[nodiscard]] virtual PictureRectangle Rectangle() const = 0;
   virtual void Move(const std::optional<PictureRectangle>& rectangle) = 0;
 };

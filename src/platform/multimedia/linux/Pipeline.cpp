@@ -11,7 +11,7 @@
 namespace quillon {
 namespace {
 
-// GstPlayFlags is no part of the installed headers.
+// GstPlayFlags is not in the installed headers.
 constexpr unsigned kPictures = 1U << 0U;
 constexpr unsigned kSound = 1U << 1U;
 
@@ -22,7 +22,7 @@ int Milliseconds(gint64 nanoseconds) {
   return static_cast<int>(std::min(rounded, kMost));
 }
 
-/// The player would keep the picture's shape with black borders; here it fills its window.
+/// Stretches the picture to fill its window; by default the player would add black borders to keep its shape.
 void OnElement(GstElement* /*player*/, GstElement* element, gpointer /*data*/) {
   constexpr const char* kBorders = "add-borders";
   if (g_object_class_find_property(G_OBJECT_GET_CLASS(element), kBorders) != nullptr) {
@@ -51,7 +51,7 @@ Pipeline::~Pipeline() {
 }
 
 void Pipeline::UseSinks(GstElement* sound, GstElement* picture) {
-  // Not READY: a sink that has lost its device must let go of it.
+  // NULL instead of READY, so that a sink that has lost its device releases it.
   gst_element_set_state(player_.get(), GST_STATE_NULL);
   g_object_set(player_.get(), "audio-sink", sound, "video-sink", picture, nullptr);
   sound_ = sound;
@@ -83,8 +83,9 @@ void Pipeline::Settle() {
   gst_element_get_state(player_.get(), nullptr, nullptr, kPatience);
 }
 
-// PulseAudio's library loses count of the time of a stream that has played and is flushed. Sound would be written years
-// ahead, where the server takes no more of it, and its end would never come. A sink gets a new stream on this way.
+// Restarts the sound sink so that it gets a new stream. PulseAudio's library miscounts the time of a stream that was
+// flushed after playing: sound would be written far into the future, the server would stop accepting it, and its end
+// would never be reported.
 void Pipeline::RenewSound() {
   if (!hasRun_ || !HasSound()) return;
   hasRun_ = false;
@@ -92,7 +93,7 @@ void Pipeline::RenewSound() {
   gst_element_set_state(sound_, GST_STATE_PAUSED);
 }
 
-// One that comes while the pipeline is still on its way, after a pause or the seek before, would be lost.
+// Waits first: a seek during a state change, after a pause or another seek, would be lost.
 bool Pipeline::Seek(std::int64_t milliseconds) {
   Settle();
   RenewSound();
@@ -148,7 +149,7 @@ Pipeline::Event Pipeline::NextEvent() {
     const GstOwned<GstMessage> message(gst_bus_pop_filtered(bus_.get(), kTypes));
     if (!message) return Event::kNone;
     if (GST_MESSAGE_TYPE(message.get()) != GST_MESSAGE_CLOCK_LOST) return EventOf(message.get());
-    // Another clock is chosen on the way from one state to the other.
+    // A new clock is selected by this change of state.
     Hold();
     Run();
   }

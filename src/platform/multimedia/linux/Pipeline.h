@@ -10,38 +10,38 @@
 
 namespace quillon {
 
-/// One file on its way to a sound and a picture sink. Times are milliseconds. Prepare waits, and Seek for
-/// a moment.
+/// Plays one file into a sound sink and a picture sink. Times are milliseconds. Prepare blocks, and Seek for a short
+/// time.
 class Pipeline {
  public:
-  /// kNoPictureLeft: a film was entered so near its end that no whole picture follows; its decoder does not go on.
+  /// kNoPictureLeft: after a seek so close to a film's end that no complete picture follows, the decoder has stopped.
   enum class Event { kNone, kEnded, kSoundLost, kPictureLost, kNoPictureLeft, kFailed };
 
-  /// An absolute path. Until sinks are given nothing is heard or shown.
+  /// `path` is absolute. Without UseSinks nothing is heard or shown.
   explicit Pipeline(const std::string& path);
   Pipeline(const Pipeline&) = delete;
   Pipeline& operator=(const Pipeline&) = delete;
   ~Pipeline();
 
-  /// Ends what is running and takes the sinks (floating, not null) for what comes next.
+  /// Stops playing and sets the sinks (floating references, not null).
   void UseSinks(GstElement* sound, GstElement* picture);
-  /// Goes to the file's beginning and waits until its first sound and picture are there. kNone: they are.
+  /// Goes to the file's beginning and waits for its first sound and picture. Returns kNone on success.
   [[nodiscard]] Event Prepare(std::chrono::milliseconds limit);
 
   void Run();
   void Hold();
-  /// To the exact place. What was reported for the place before is forgotten.
+  /// Seeks to the exact position. Events from before the seek are dropped.
   bool Seek(std::int64_t milliseconds);
-  /// Draws the picture that is there once more, in the window's size of now.
+  /// Redraws the current picture in the window's current size.
   void Redraw();
 
   [[nodiscard]] std::optional<int> Length() const;
   [[nodiscard]] std::optional<int> Position() const;
   [[nodiscard]] bool HasSound() const;
-  /// Of the picture as it stands in the file. Known when prepared.
+  /// The size of the picture in the file. Known after Prepare.
   [[nodiscard]] std::optional<PictureSize> Picture() const;
 
-  /// What has happened since the last call, one thing at a time.
+  /// The next event since the last call.
   [[nodiscard]] Event NextEvent();
 
  private:
@@ -51,9 +51,9 @@ class Pipeline {
 
   GstOwned<GstElement> player_;
   GstOwned<GstBus> bus_;
-  GstElement* sound_ = nullptr;    // the player's
-  GstElement* picture_ = nullptr;  // the player's
-  bool hasRun_ = false;            // with these sinks, since the last seek
+  GstElement* sound_ = nullptr;    // owned by the player
+  GstElement* picture_ = nullptr;  // owned by the player
+  bool hasRun_ = false;            // whether it has played with these sinks since the last seek
 };
 
 }  // namespace quillon

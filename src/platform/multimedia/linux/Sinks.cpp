@@ -7,7 +7,7 @@
 namespace quillon {
 namespace {
 
-/// The first of the named elements whose device answers; null when none does.
+/// The first of the named elements that can open its device; null when none can.
 GstElement* FirstReady(std::initializer_list<const char*> names) {
   for (const char* const name : names) {
     GstElement* const element = gst_element_factory_make(name, nullptr);
@@ -31,7 +31,7 @@ GstElement* MakeSilentSink() {
 GstElement* MakeSoundSink() {
   GstElement* const sink = FirstReady({"pulsesink", "alsasink"});
   if (sink == nullptr) return MakeSilentSink();
-  // A sound server's own clock may stand still after a seek, and everything with it.
+  // A sound server's clock may stop after a seek, which would stop the whole pipeline.
   g_object_set(sink, "provide-clock", FALSE, nullptr);
   return sink;
 }
@@ -40,7 +40,7 @@ GstElement* MakePictureSink(std::uint64_t window) {
   GstElement* const sink = FirstReady({"xvimagesink", "ximagesink"});
   if (sink == nullptr) return MakeSilentSink();
   g_object_set(sink, "force-aspect-ratio", FALSE, nullptr);
-  // Its own events let it redraw what was covered and follow the window's size. Clicks are never among them.
+  // With its own events the sink redraws uncovered parts and follows the window's size. It receives no clicks.
   gst_video_overlay_handle_events(GST_VIDEO_OVERLAY(sink), TRUE);
   gst_video_overlay_set_window_handle(GST_VIDEO_OVERLAY(sink), static_cast<guintptr>(window));
   return sink;

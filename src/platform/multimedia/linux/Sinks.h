@@ -4,16 +4,16 @@
 
 #include "platform/multimedia/linux/GstObjects.h"
 
-/// Where sound and pictures go. What is returned is floating: whoever takes it owns it.
+/// Sinks for sound and pictures. The returned references are floating: the first user takes ownership.
 namespace quillon {
 
-/// Takes sound or pictures in time and lets them go.
+/// A sink that discards sound or pictures at playing speed.
 [[nodiscard]] GstElement* MakeSilentSink();
 
-/// The sound server, else the sound card, else silence.
+/// A sink for the sound server, else for the sound card, else a silent one.
 [[nodiscard]] GstElement* MakeSoundSink();
 
-/// Draws into the window, over its whole size; silent when the X server cannot show pictures.
+/// A sink that fills the whole window; one that discards pictures when the X server cannot show them.
 [[nodiscard]] GstElement* MakePictureSink(std::uint64_t window);
 
 }  // namespace quillon

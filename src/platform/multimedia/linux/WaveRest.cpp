@@ -28,7 +28,7 @@ std::optional<std::uint64_t> WaveLengthWithoutRest(ByteSource& file) {
     if (head.size() < kHead) return std::nullopt;
     const std::uint64_t size = SizeIn(head);
     const std::uint64_t next = end + kHead + size + size % 2;
-    if (next > file.Size()) return std::nullopt;  // cut short
+    if (next > file.Size()) return std::nullopt;  // the chunk is truncated
     end = next;
   }
   const std::uint64_t rest = file.Size() - end;

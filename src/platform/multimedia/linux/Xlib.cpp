@@ -9,7 +9,8 @@
 namespace quillon {
 namespace {
 
-/// What the process's one error handler knows. Errors are reported on the thread that meets them, a player's too.
+/// The data of the process-wide error handler. Errors are reported on the thread on which they occur, including a
+/// player's threads.
 struct PassedOver {
   std::mutex mutex;
   std::multiset<Display*> connections;
@@ -18,7 +19,7 @@ struct PassedOver {
   bool installed = false;
 };
 
-// Xlib gives its handler no data of its own.
+// Static, because Xlib passes no user data to its handler.
 PassedOver& TheErrors() {
   static PassedOver errors;
   return errors;
@@ -57,7 +58,7 @@ std::optional<Xlib> ResolveAll(const SharedLibrary& library) {
 }  // namespace
 
 const Xlib* LoadXlib() {
-  // Never unloaded: its error handler is ours to the end.
+  // Never unloaded, because our error handler stays installed.
   static const auto* const library = new SharedLibrary(SharedLibrary::Find("libX11.so.6"));
   static const std::optional<Xlib> xlib = ResolveAll(*library);
   return xlib ? &*xlib : nullptr;

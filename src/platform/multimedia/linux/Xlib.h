@@ -4,8 +4,8 @@
 
 namespace quillon {
 
-/// The functions of libX11 that are used here, loaded when the first picture needs them: whoever plays sound alone
-/// needs no X server and no library for it.
+/// The used functions of libX11, loaded for the first picture, so that playing sound needs neither an X server nor its
+/// library.
 struct Xlib {
   decltype(&::XOpenDisplay) openDisplay = nullptr;
   decltype(&::XCloseDisplay) closeDisplay = nullptr;
@@ -18,12 +18,12 @@ struct Xlib {
   decltype(&::XSetErrorHandler) setErrorHandler = nullptr;
 };
 
-/// Null when there is no such library.
+/// Returns null when the library is missing.
 [[nodiscard]] const Xlib* LoadXlib();
 
-/// Errors that come late are not the program's end: Xlib's own handler would end it when a window that is drawn into is
-/// destroyed by its owner. While the guard exists, errors about `window`, and all of `connection`, are passed over;
-/// every other goes where it went before.
+/// Ignores X errors that arrive late. Xlib's default handler would end the program when the owner destroys a window
+/// that is being drawn into. While the guard exists, errors about `window` and all errors of `connection` are ignored;
+/// all others go to the previous handler.
 class XErrorGuard {
  public:
   XErrorGuard(const Xlib& xlib, Display* connection);

@@ -99,7 +99,7 @@ MCIERROR ReadMode(MCIDEVICEID device, DWORD_PTR& mode) {
   return error;
 }
 
-/// Some languages' versions of Windows have words of their own for the modes; the number is the same everywhere.
+/// Asks for the mode's number, because some language versions of Windows translate the mode's text.
 CommandReply Mode(const std::string& command, const std::string& alias) {
   const MCIDEVICEID device = DeviceOf(alias);
   if (device == 0) return SendToSystem(command);
@@ -115,7 +115,7 @@ bool IsPaused(const std::string& alias) {
   return device != 0 && ReadMode(device, mode) == 0 && LOWORD(mode) == MCI_MODE_PAUSE;
 }
 
-/// DirectShow's devices are of this type, for songs too, and so is that of AVI files.
+/// True for DirectShow's devices, also with songs, and for the device for AVI files.
 bool IsDigitalVideo(const std::string& alias) {
   const MCIDEVICEID device = DeviceOf(alias);
   MCI_GETDEVCAPS_PARMS capability = {};
@@ -127,7 +127,7 @@ bool IsDigitalVideo(const std::string& alias) {
 
 enum class FilmStreams { kPictures, kSoundAlone, kNone };
 
-/// What the headers of an AVI file describe; other files are taken for what they say they are.
+/// The streams described by an AVI file's headers; for other files pictures are assumed.
 FilmStreams StreamsOf(const std::string& path, ByteSource& file) {
   constexpr std::size_t kHeaders = 65536;
   if (!ToLower(path).ends_with(".avi")) return FilmStreams::kPictures;
@@ -143,7 +143,8 @@ bool MayOpenOtherwise(MediaError error) {
   return error != MediaError::kAliasInUse && error != MediaError::kInvalidFile;
 }
 
-/// What the device of the extension cannot open (newer codecs in AVI) DirectShow often can.
+/// Opens with the extension's device, then with DirectShow, which can often open what that device cannot (newer codecs
+/// in AVI).
 CommandReply OpenEitherWay(const std::string& command, bool isThere) {
   CommandReply first = SendToSystem(command);
   if (first || !isThere || !MayOpenOtherwise(first.Failure())) return first;
@@ -151,8 +152,8 @@ CommandReply OpenEitherWay(const std::string& command, bool isThere) {
   return second ? second : first;
 }
 
-/// The file's short path (8.3) where the system's devices would take its path for too long; where there is no short
-/// one, the path as it is.
+/// The file's short path (8.3) if its path is too long for the system's devices; the unchanged path if there is no
+/// short one.
 std::string PathForDevices(const std::string& path) {
   const std::optional<std::wstring> wide = ToWide(path);
   const std::optional<std::wstring> literal = ExistingPath(path);
@@ -222,14 +223,15 @@ class SystemCommandDevice final : public CommandDevice {
     return SendToSystem(command_text::Stop(alias));
   }
 
-  /// Wine takes playing a paused film for a new start: the position begins at nothing, the picture stands, and stopping
-  /// it waits for ever. To resume it is the same command everywhere else; not every device has it.
+  /// Wine treats playing a paused film as a new start: the position restarts at 0, the picture freezes, and stopping
+  /// hangs. "resume" avoids that and has the same effect elsewhere, but not every device supports it.
   static CommandReply PlayOn(const std::string& command, const std::string& alias) {
     if (IsPaused(alias) && IsDigitalVideo(alias) && SendToSystem(command_text::Resume(alias))) return std::string();
     return SendToSystem(command);
   }
 
-  /// Wine's DirectShow counts at every pause all that was played before it, and so from the second one on too much.
+  /// At every pause Wine's DirectShow adds all the time played so far, so that positions are too high from the second
+  /// pause on.
   CommandReply Pause(const std::string& command, const std::string& alias) {
     constexpr std::int64_t kWhilePausing = 100;
     if (!IsDigitalVideo(alias)) return SendToSystem(command);
@@ -257,7 +259,7 @@ class SystemCommandDevice final : public CommandDevice {
   }
 
   bool makesUpForWine_;
-  /// By how much a device's own positions are too high.
+  /// By how much each alias's reported positions are too high.
   std::map<std::string, std::int64_t> excess_;
 };
 

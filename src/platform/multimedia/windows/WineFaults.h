@@ -6,10 +6,11 @@
 
 namespace quillon {
 
-/// True for a program for Windows that Wine runs.
+/// True when Wine runs this Windows program.
 [[nodiscard]] bool RunsOnWine();
 
-/// The device with or without what makes up for faults of Wine's; MakeCommandDevice has it on Wine only.
+/// Makes the device with or without the workarounds for Wine's faults. The other MakeCommandDevice uses them on Wine
+/// only.
 [[nodiscard]] std::unique_ptr<CommandDevice> MakeCommandDevice(bool makesUpForWine);
 
 }  // namespace quillon
