@@ -57,12 +57,12 @@ void Application::Run(const std::function<void()>& action) {
   editing_.Refresh();
 }
 
-// What may last: the window repaints meanwhile but takes no orders.
+// Runs an action that may take long: the window repaints meanwhile but accepts no input.
 void Application::RunExclusively(const std::function<void()>& action) {
   Run([&] {
     ports_.main.SetInputEnabled(false);
     const Finally enabled([this] { ports_.main.SetInputEnabled(true); });
-    (void)editing_.MayLeaveRow();  // an emptied name comes back before anything is done with it
+    (void)editing_.MayLeaveRow();  // restores an emptied name before the action can use it
     action();
     loading_.TellPassedOver();
   });

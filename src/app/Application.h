@@ -48,7 +48,7 @@ class MainWindow {
   virtual void SetAlwaysOnTop(bool front) = 0;
   /// The mark of mnuRepeat, and chkRepeat.
   virtual void SetRepeat(bool repeat) = 0;
-  /// No command is taken while another one runs.
+  /// Whether the window accepts commands; off while one runs.
   virtual void SetInputEnabled(bool enabled) = 0;
   /// Asks the window to close, as its own close button does.
   virtual void Quit() = 0;
@@ -156,7 +156,7 @@ class Application : private FilePanel {
   // Events of the rename box.
   void RenameBoxChanged();
   void RenameBoxEntered();
-  [[nodiscard]] bool RenameBoxMayNotBeLeft() const { return !running_ && editing_.MayNotBeLeft(); }
+  [[nodiscard]] bool RenameBoxNeedsName() const { return !running_ && editing_.NeedsName(); }
   void AskForName();
   void RenameBoxFocused();
   void RenameBoxClicked();

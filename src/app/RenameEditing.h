@@ -42,8 +42,9 @@ class RenameEditing {
   // Events of the box.
   void Changed();
   void EnterPressed();
-  /// True when the box is left empty in auto-apply mode: the caller then calls `AskForName`, once that can be shown.
-  [[nodiscard]] bool MayNotBeLeft() const;
+  /// True when the box is empty in auto-apply mode and must not be left so: the caller then calls `AskForName` as soon
+  /// as a message can be shown.
+  [[nodiscard]] bool NeedsName() const;
   void AskForName();
   void GotFocus() { box_.SelectWholeText(); }
   void Clicked();

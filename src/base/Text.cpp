@@ -133,7 +133,7 @@ char32_t LowerCharacter(char32_t codePoint) {
 }
 
 char32_t UpperCharacter(char32_t codePoint) {
-  constexpr char32_t kSharpS = 0xDF;  // utf8proc maps it to U+1E9E; Unicode's simple mapping and Windows leave it unchanged
+  constexpr char32_t kSharpS = 0xDF;  // utf8proc maps it to U+1E9E; Unicode and Windows do not
   if (codePoint == kSharpS) return codePoint;
   return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(codePoint)));
 }

@@ -20,7 +20,7 @@ inline constexpr int kNotFound = 53;       ///< no such file, or a name that the
 inline constexpr int kAlreadyOpen = 55;    ///< the file is open
 inline constexpr int kAlreadyExists = 58;  ///< the target exists
 inline constexpr int kAccess = 75;         ///< permission, read-only volume, sharing violation, busy
-inline constexpr int kOwn = 1000;          ///< added to the system's other error numbers, so that they do not collide with these
+inline constexpr int kOwn = 1000;          ///< added to other error numbers of the system, to avoid collisions
 /// The call failed half-way and could not be undone safely: the file is now at FileError::fileAt.
 inline constexpr int kStranded = kOwn;
 /// The source of a move was changed or replaced while it was copied: it was kept, and so was the copy at

@@ -76,7 +76,7 @@ std::string PlainWindowsPath(std::string_view literalPath) {
   return std::string(literalPath);
 }
 
-std::string_view HeldWindowsName(std::string_view name) {
+std::string_view StoredWindowsName(std::string_view name) {
   const std::size_t last = name.find_last_not_of(". ");
   return name.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }

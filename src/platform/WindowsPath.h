@@ -22,7 +22,7 @@ namespace quillon {
 [[nodiscard]] std::string PlainWindowsPath(std::string_view literalPath);
 
 /// The name that Windows gives to a file created under `name`: dots and blanks at the end are dropped.
-[[nodiscard]] std::string_view HeldWindowsName(std::string_view name);
+[[nodiscard]] std::string_view StoredWindowsName(std::string_view name);
 
 /// False for names that ordinary programs could not open: those with ":" (a stream of another file) and device names
 /// (CON, NUL, COM1 ...) with any extension.

@@ -19,7 +19,7 @@ enum class FindMethod { kText, kRegex };
 /// Where deleted files go.
 enum class DeleteTo { kNowhere, kRecycleBin };
 
-/// Extensions that a folder search asks for, with blanks between them.
+/// File name extensions for a folder search, separated by blanks.
 struct ExtensionGroup {
   bool on = false;
   std::string extensions;
@@ -50,11 +50,11 @@ struct OptionValues {
 
   struct Player {
     bool repeat = false;
-    bool continuous = false;  ///< the list is played on and on
+    bool continuous = false;  ///< the list is played in an endless loop
   } player;
 
   struct Modify {
-    bool replaceInvalid = false;  ///< characters that a file name may not hold
+    bool replaceInvalid = false;  ///< replaces characters that are invalid in file names
     std::string invalidReplacement;
     std::array<ReplaceRule, kReplaceRuleCount> rules;
     FindMethod method = FindMethod::kText;
@@ -64,11 +64,11 @@ struct OptionValues {
     bool proper = false;
     bool wide = false;
     bool narrow = false;
-    bool keepDialogOpen = false;  ///< after its rules were applied
+    bool keepDialogOpen = false;  ///< the dialog stays open after applying its rules
   } modify;
 
   struct Update {
-    bool skipFailedRows = false;  ///< without telling why each has failed
+    bool skipFailedRows = false;  ///< without showing why each row failed
     bool checkFailedRows = true;
     bool uncheckAppliedRows = true;
     bool automatic = false;  ///< see ApplyMode
@@ -77,7 +77,7 @@ struct OptionValues {
   struct Rename {
     bool skipUntitledRows = true;
     bool checkSkippedRows = false;
-    bool applyRules = false;  ///< titles become rename names by way of the modification rules
+    bool applyRules = false;  ///< the modification rules are applied when titles become rename names
     bool checkInvalidNames = false;
   } rename;
 

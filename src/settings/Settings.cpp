@@ -12,13 +12,14 @@ namespace {
 
 constexpr std::string_view kStoredBlank = "[SPACE]";
 
-/// An empty number is as good as none, an empty text is an error.
+/// True when the file has a value to convert. An empty number counts as missing; an empty text counts as present and is
+/// an error.
 bool IsThere(const IniFile& file, std::string_view section, std::string_view key, SettingKind kind) {
   const bool isText = kind == SettingKind::kPlain || kind == SettingKind::kIsOneAsText;
   return isText ? file.FindString(section, key).has_value() : file.FindInteger(section, key).has_value();
 }
 
-/// The number of an option that the file holds as one; nullopt when it is none, or does not fit.
+/// Reads an option that the file stores as a number; nullopt when it is not a number or does not fit.
 std::optional<std::int16_t> NumberOf(const IniFile& file, std::string_view section, std::string_view key,
                                      SettingKind kind) {
   if (kind == SettingKind::kIsOneAsText) return IntegerFromText(file.ReadString(section, key, ""));
@@ -31,7 +32,7 @@ bool MeansOn(std::int16_t number, SettingKind kind) {
   return kind == SettingKind::kIsNotZero ? number != 0 : number == 1;
 }
 
-/// What the file says of an option that it has; nullopt for a value that does not fit.
+/// Reads an option that the file contains; nullopt for a value that does not fit.
 std::optional<bool> IsOn(const IniFile& file, std::string_view section, std::string_view key, SettingKind kind) {
   if (kind == SettingKind::kPlain) return BooleanFromText(file.ReadString(section, key, ""));
   const std::optional<std::int16_t> number = NumberOf(file, section, key, kind);

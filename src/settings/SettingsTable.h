@@ -13,7 +13,7 @@ enum class SettingKind {
   kPlain,        ///< a text, a measure, or "True" and "False"
   kIsOne,        ///< an integer: 1 is on, any other is off
   kIsNotZero,    ///< an integer: 0 is off, any other is on
-  kIsOneAsText,  ///< as kIsOne, but what is no integer is an error
+  kIsOneAsText,  ///< as kIsOne, but a text that is no integer is an error
   kGeometry,     ///< the main window's place and size: written in its normal state only
   kReplaceText,  ///< one blank alone is stored as "[SPACE]"
   kApart,        ///< as kIsOne; never written with the others

@@ -43,7 +43,7 @@ class MainWindowRecorder final : public MainWindow {
   void ShowFolderList() override { log_.Add("main folder list"); }
   void SetAlwaysOnTop(bool front) override { log_.Add(front ? "main on top" : "main not on top"); }
   void SetRepeat(bool repeat) override { log_.Add(repeat ? "main repeats" : "main does not repeat"); }
-  void SetInputEnabled(bool enabled) override { log_.Add(enabled ? "main answers" : "main does not answer"); }
+  void SetInputEnabled(bool enabled) override { log_.Add(enabled ? "main input on" : "main input off"); }
   void Quit() override { log_.Add("main quits"); }
   void EndAtOnce() override { log_.Add("main ends at once"); }
 

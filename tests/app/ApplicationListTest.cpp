@@ -242,9 +242,9 @@ TEST(Renaming, AStoppedBatchInAutoModeLeavesTheBoxAtTheNameThatHolds) {
 TEST(Renaming, AnEmptiedBoxMayNotBeLeftAndAsks) {
   Automatic f;
   f.Load({"a.txt"});
-  EXPECT_FALSE(f.app.RenameBoxMayNotBeLeft());
+  EXPECT_FALSE(f.app.RenameBoxNeedsName());
   f.Type("");
-  EXPECT_TRUE(f.app.RenameBoxMayNotBeLeft());
+  EXPECT_TRUE(f.app.RenameBoxNeedsName());
   f.app.AskForName();
   EXPECT_EQ(f.Boxes(), Texts({"box [自動適応モード] リネーム名を入力してください (exclamation, ok)"}));
   EXPECT_TRUE(f.box.HasFocus());

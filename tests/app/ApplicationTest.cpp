@@ -82,7 +82,7 @@ TEST(Application, TakesNoOrdersWhileACommandRuns) {
   ApplicationFixture f;
   f.Load({"a.txt"});
   f.app.Execute(mnuAllChk);
-  EXPECT_EQ(f.Log().Events(), Texts({"main does not answer", "main answers"}));
+  EXPECT_EQ(f.Log().Events(), Texts({"main input off", "main input on"}));
 }
 
 TEST(Application, RefusesEverythingElseWhileACommandRuns) {
@@ -114,7 +114,7 @@ TEST(Application, RefusesEverythingElseWhileACommandRuns) {
   EXPECT_EQ(f.Names(), Texts({"a", "b"}));
   EXPECT_EQ(f.Boxes(), Texts());
   EXPECT_EQ(f.Log().StartingWith("shell"), Texts());
-  EXPECT_EQ(f.Log().StartingWith("main"), Texts({"main does not answer", "main answers"}));
+  EXPECT_EQ(f.Log().StartingWith("main"), Texts({"main input off", "main input on"}));
   EXPECT_EQ(f.box.Text(), "a") << "what was typed meanwhile is gone";
   EXPECT_FALSE(f.app.Options().system.alwaysOnTop);
   f.app.Execute(mnuFront);
@@ -128,7 +128,7 @@ TEST(Application, AnEmptiedBoxAsksForNothingWhileACommandRuns) {
   ApplicationFixture f(options);
   f.Load({"a.txt"});
   f.Type("");
-  EXPECT_TRUE(f.app.RenameBoxMayNotBeLeft());
+  EXPECT_TRUE(f.app.RenameBoxNeedsName());
   bool asked = true;
   f.main.modifyDialog = [&](Rows) { asked = f.app.RenameBoxMayNotBeLeft(); };
   f.app.Execute(mnuAllModify);

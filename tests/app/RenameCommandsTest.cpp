@@ -77,7 +77,7 @@ TEST(mnuThisRename, InAutoModeATitleThatIsEmptyIsNotApplied) {
   EXPECT_EQ(RenameNames(f.list), Texts({""}));
   EXPECT_EQ(CheckedRows(f.list), Indices());
   EXPECT_EQ(f.files.Calls().size(), 0u);
-  EXPECT_TRUE(f.editing.MayNotBeLeft());
+  EXPECT_TRUE(f.editing.NeedsName());
   f.editing.EnterPressed();
   EXPECT_EQ(f.box.Text(), "a") << "the last accepted name is kept as the fall-back";
 }

@@ -260,7 +260,7 @@ TEST(RenameBoxChange, InAutoModeARowWithoutANameFallsBackToNone) {
   EXPECT_TRUE(f.ports.log.Has(kTargetExists));
   EXPECT_EQ(f.box.Text(), "");
   EXPECT_EQ(RenameNames(f.list), Texts({"", ""}));
-  EXPECT_FALSE(f.editing.MayNotBeLeft()) << "the name that failed is nothing to fall back to";
+  EXPECT_FALSE(f.editing.NeedsName()) << "the name that failed is nothing to fall back to";
 }
 
 TEST(RenameBoxChange, InAutoModeABlankTextIsNotApplied) {
@@ -340,26 +340,26 @@ TEST(RenameBoxEnter, InManualModeAnEmptyBoxWalksOn) {
 
 TEST(RenameBoxFocus, AnEmptyBoxMayNotBeLeftInAutoMode) {
   Automatic f({"a.mid"});
-  EXPECT_FALSE(f.editing.MayNotBeLeft());
+  EXPECT_FALSE(f.editing.NeedsName());
   f.Type(" ");
-  EXPECT_FALSE(f.editing.MayNotBeLeft()) << "blank is not empty";
+  EXPECT_FALSE(f.editing.NeedsName()) << "blank is not empty";
   f.Type("");
-  EXPECT_TRUE(f.editing.MayNotBeLeft());
+  EXPECT_TRUE(f.editing.NeedsName());
   f.mode.automatic = false;
-  EXPECT_FALSE(f.editing.MayNotBeLeft());
+  EXPECT_FALSE(f.editing.NeedsName());
   f.mode.automatic = true;
   f.box.SetEnabled(false);
-  EXPECT_FALSE(f.editing.MayNotBeLeft());
+  EXPECT_FALSE(f.editing.NeedsName());
 }
 
 TEST(RenameBoxFocus, ARowThatCameWithoutANameMayBeLeft) {
   Automatic f({"README", "b.mid"});
   ASSERT_EQ(f.box.Text(), "");
-  EXPECT_FALSE(f.editing.MayNotBeLeft());
+  EXPECT_FALSE(f.editing.NeedsName());
   EXPECT_TRUE(f.editing.MayLeaveRow());
   f.Type("x");
   f.Type("");
-  EXPECT_TRUE(f.editing.MayNotBeLeft()) << "now there is a name to fall back to";
+  EXPECT_TRUE(f.editing.NeedsName()) << "now there is a name to fall back to";
 }
 
 TEST(RenameBoxFocus, LeavingItEmptyAsksForANameAndComesBack) {

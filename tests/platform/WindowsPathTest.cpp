@@ -51,12 +51,12 @@ TEST(WindowsPath, LiteralPathsAndBack) {
 }
 
 TEST(WindowsPath, DotsAndBlanksAtTheEndAreDropped) {
-  EXPECT_EQ(HeldWindowsName("song."), "song");
-  EXPECT_EQ(HeldWindowsName("song. . "), "song");
-  EXPECT_EQ(HeldWindowsName(" .song"), " .song");
-  EXPECT_EQ(HeldWindowsName("song\t"), "song\t");
-  EXPECT_EQ(HeldWindowsName("song　"), "song　") << "the ideographic blank is none";
-  EXPECT_EQ(HeldWindowsName("..."), "");
+  EXPECT_EQ(StoredWindowsName("song."), "song");
+  EXPECT_EQ(StoredWindowsName("song. . "), "song");
+  EXPECT_EQ(StoredWindowsName(" .song"), " .song");
+  EXPECT_EQ(StoredWindowsName("song\t"), "song\t");
+  EXPECT_EQ(StoredWindowsName("song　"), "song　") << "the ideographic blank is none";
+  EXPECT_EQ(StoredWindowsName("..."), "");
 }
 
 TEST(WindowsPath, DevicesAndStreamsAreNoFileNames) {

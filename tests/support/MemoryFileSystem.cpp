@@ -126,7 +126,7 @@ std::string MemoryFileSystem::Key(std::string_view name) const {
 }
 
 // Windows drops dots and blanks from the end of a new name.
-std::string MemoryFileSystem::HeldName(std::string_view name) const {
+std::string MemoryFileSystem::StoredName(std::string_view name) const {
   if (options_.style == PathStyle::kLinux) return std::string(name);
   const std::size_t last = name.find_last_not_of(". ");
   return std::string(name.substr(0, last == std::string_view::npos ? 0 : last + 1));
@@ -138,7 +138,7 @@ bool MemoryFileSystem::CanHold(std::string_view name) const {
   const bool forbidden = std::any_of(name.begin(), name.end(), [](char c) {
     return static_cast<unsigned char>(c) < 0x20 || std::string_view("\"*:<>?\\|").find(c) != std::string_view::npos;
   });
-  return !forbidden && !HeldName(name).empty() && CharacterCount(name) <= kLongestName;
+  return !forbidden && !StoredName(name).empty() && CharacterCount(name) <= kLongestName;
 }
 
 std::vector<std::string_view> MemoryFileSystem::Pieces(std::string_view path) const {
@@ -328,7 +328,7 @@ FileOutcome MemoryFileSystem::ChangeName(const std::string& from, const std::str
   if (FileOutcome unholdable = CheckNames(from, to)) return unholdable;
   const EntryPath target = SplitPath(to, options_.style);
   Entries entries(*this);
-  return RenameEntry(entries, from, from == to ? to : std::string(target.folder) + HeldName(target.name),
+  return RenameEntry(entries, from, from == to ? to : std::string(target.folder) + StoredName(target.name),
                      options_.style);
 }
 

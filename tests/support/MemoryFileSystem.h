@@ -108,7 +108,7 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
 
   [[nodiscard]] std::string Key(std::string_view name) const;
   [[nodiscard]] bool CanHold(std::string_view name) const;
-  [[nodiscard]] std::string HeldName(std::string_view name) const;
+  [[nodiscard]] std::string StoredName(std::string_view name) const;
   [[nodiscard]] std::vector<std::string_view> Pieces(std::string_view path) const;
   [[nodiscard]] NodePointer Walk(std::string_view path, bool followLast, int depth = 0) const;
   [[nodiscard]] Place PlaceOf(std::string_view path) const;

@@ -181,7 +181,7 @@ void frmMain::BindRenameBox() {
   });
   box.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
     // A message box must not open while the focus is on its way, and GTK tells only then that it leaves the window.
-    if (app_->RenameBoxMayNotBeLeft()) {
+    if (app_->RenameBoxNeedsName()) {
       CallAfter([this] {
         if (IsActive()) app_->AskForName();
       });

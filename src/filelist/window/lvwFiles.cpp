@@ -172,7 +172,7 @@ void lvwFilesBase::Announce() {
 bool lvwFilesBase::UseKey(wxKeyEvent& event) {
   if (IsEditing()) return false;
   if (!inputEnabled_) return !event.AltDown();  // the window's own keys go on
-  TakeUntold();
+  SyncSelection();
   Announce();
   const int key = event.GetKeyCode();
   if (event.GetModifiers() == wxMOD_NONE && key == WXK_SPACE) {
@@ -222,7 +222,7 @@ void lvwFilesBase::SetChecked(int index, bool checked) {
 
 void lvwFilesBase::Activate(int index) {
   if (!inputEnabled_) return;
-  TakeUntold();
+  SyncSelection();
   Announce();
   if (IsRow(index) && handlers_.activated) handlers_.activated(index);
 }
@@ -234,7 +234,7 @@ void lvwFilesBase::ClickHeader(int column) const {
 
 void lvwFilesBase::WantMenu(wxPoint screen) {
   if (!inputEnabled_) return;
-  TakeUntold();
+  SyncSelection();
   TakeClick(list_.SelectedIndex());  // the menu is about that row, however it was asked for
   Announce();
   if (handlers_.menuWanted) handlers_.menuWanted(screen);

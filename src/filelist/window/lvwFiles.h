@@ -48,7 +48,8 @@ class lvwFiles : public FileListObserver {
   virtual void EditLabel(int index) = 0;
   [[nodiscard]] virtual bool IsEditing() const = 0;
 
-  /// Whether header clicks, label edits and so on are taken; off while a command runs. Painting and scrolling go on.
+  /// Whether header clicks, label edits and so on are accepted; off while a command runs. Painting and scrolling stay
+  /// possible.
   virtual void SetInputEnabled(bool enabled) = 0;
 };
 

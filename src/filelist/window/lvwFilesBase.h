@@ -57,8 +57,8 @@ class lvwFilesBase : public lvwFiles {
   /// When the user may have selected something: the FileList's selection becomes the control's.
   void TakeSelection() { TakeSelection(NativeSelection()); }
   void TakeSelection(std::vector<int> native);
-  /// Takes what the user has selected and no event has told yet; a face whose events tell it at once has nothing to do.
-  virtual void TakeUntold() {}
+  /// Picks up selection changes that raised no event yet. Does nothing where every change raises an event at once.
+  virtual void SyncSelection() {}
   /// The user has clicked this row. Its selection may have been the same before, and is told all the same: what follows
   /// the clicked row, the player above all, may have gone on to another one.
   void TakeClick(int index);

@@ -57,7 +57,7 @@ class WindowsFileList : public lvwFilesBase, private CellSource {
   std::vector<int> NativeSelection() const override;
   void SelectNative(const std::vector<int>& rows) override;
   void SelectNativeRow(int index, bool selected) override;
-  void TakeUntold() override { TakeSelection(); }
+  void SyncSelection() override { TakeSelection(); }
   int FocusedRow() const override {
     return static_cast<int>(view_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED)) + 1;
   }

@@ -22,7 +22,7 @@ struct OpenedSource {
 
 struct MadeCopy {
   FileId id;
-  std::optional<Descriptor> held;  ///< the copied file, kept open so that its inode number is not reused if it is deleted
+  std::optional<Descriptor> held;  ///< kept open so that a deleted copy's inode number is not reused
   NotKept notKept;
   bool stays = false;      ///< copying failed, and the incomplete copy could not be deleted
   bool cancelled = false;  ///< it failed because `progress` cancelled it

@@ -65,7 +65,7 @@ class LinuxEntries final : public EntryChanges {
   }
 };
 
-bool AreHoldable(const std::string& from, const std::string& to) {
+bool AreValidPaths(const std::string& from, const std::string& to) {
   if (HoldsNul(from) || HoldsNul(to)) return false;
   return CanNameFile(SplitPath(from, PathStyle::kLinux).name) && CanNameFile(SplitPath(to, PathStyle::kLinux).name);
 }
@@ -73,7 +73,7 @@ bool AreHoldable(const std::string& from, const std::string& to) {
 class LinuxFileChanges final : public FileChanges {
  public:
   FileOutcome Rename(const std::string& from, const std::string& to) override {
-    if (!AreHoldable(from, to)) return UnholdableName();
+    if (!AreValidPaths(from, to)) return InvalidNameError();
     LinuxEntries entries;
     return RenameEntry(entries, from, to, PathStyle::kLinux);
   }
@@ -91,7 +91,7 @@ class LinuxFileChanges final : public FileChanges {
   }
 
   FileOutcome Remove(const std::string& path) override {
-    if (HoldsNul(path)) return UnholdableName();
+    if (HoldsNul(path)) return InvalidNameError();
     return OutcomeOf(::unlink(path.c_str()) == 0 ? 0 : errno);
   }
 

@@ -87,7 +87,7 @@ class LinuxFileReads final : public FileReads {
   std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return OpenSystemFile(path); }
 
   Result<FileStatus, FileError> Status(const std::string& path) override {
-    if (HoldsNul(path)) return UnholdableName();
+    if (HoldsNul(path)) return InvalidNameError();
     struct stat status = {};
     if (::stat(path.c_str(), &status) == 0) return StatusOf(status);
     if (errno != ENOENT && errno != ENOTDIR) return ErrorOf(errno);

@@ -105,7 +105,7 @@ std::unique_ptr<ReplaceSteps> MakeReplaceSteps() {
 }
 
 FileOutcome ReplaceWholeFile(const std::string& path, std::string_view bytes) {
-  if (HoldsNul(path)) return UnholdableName();
+  if (HoldsNul(path)) return InvalidNameError();
   const Result<std::string, FileError> target = BehindLinks(path);
   if (!target) return target.Failure();
   std::error_code failed;

@@ -59,7 +59,7 @@ FileError FolderErrorOf(int number) {
   return error;
 }
 
-FileError UnholdableName() {
+FileError InvalidNameError() {
   return ErrorOf(EINVAL);
 }
 

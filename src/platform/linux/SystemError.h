@@ -16,7 +16,7 @@ namespace quillon {
 [[nodiscard]] FileError FolderErrorOf(int number);
 
 /// The error for an invalid file name.
-[[nodiscard]] FileError UnholdableName();
+[[nodiscard]] FileError InvalidNameError();
 
 /// True when the system would cut the path at a NUL.
 [[nodiscard]] bool HoldsNul(const std::string& path);

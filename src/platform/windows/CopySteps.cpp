@@ -27,14 +27,14 @@ bool IsAbsence(DWORD number) {
 
 FileOutcome WindowsCopySteps::Look(const std::string& path) {
   const std::optional<std::wstring> systemPath = SystemPath(path);
-  if (!systemPath) return UnholdableName();
+  if (!systemPath) return InvalidNameError();
   return OutcomeOf(::GetFileAttributesW(systemPath->c_str()) != INVALID_FILE_ATTRIBUTES);
 }
 
 FileOutcome WindowsCopySteps::OpenSource(const std::string& from) {
   from_ = from;
   const std::optional<std::wstring> path = SystemPath(from);
-  if (!path) return UnholdableName();
+  if (!path) return InvalidNameError();
   const bool opened = RetrySharing([&] {
     constexpr DWORD kLinkItself = FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS;
     source_.emplace(::CreateFileW(path->c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
@@ -59,13 +59,13 @@ MoveOutcome WindowsCopySteps::CopyInto(const std::string& folder) {
     if (copy_.cancelled) return FileError{file_error::kCancelled, "Cancelled"};
     if (::GetLastError() != ERROR_FILE_EXISTS) return ErrorOf(::GetLastError());
   }
-  return UnholdableName();
+  return InvalidNameError();
 }
 
 FileOutcome WindowsCopySteps::Publish(const std::string& to) {
   const std::optional<std::wstring> temporary = SystemPath(mark_->Path());
   const std::optional<std::wstring> target = SystemPath(to);
-  if (!temporary || !target) return UnholdableName();
+  if (!temporary || !target) return InvalidNameError();
   const FileOutcome outcome = OutcomeOf(
       RetrySharing([&] { return ::MoveFileExW(temporary->c_str(), target->c_str(), MOVEFILE_WRITE_THROUGH) != 0; }));
   // On volumes that do not store file ids, a file's id is derived from its directory entry and changes with a rename.
@@ -89,7 +89,7 @@ SourceNow WindowsCopySteps::LookAtSource() {
 
 FileOutcome WindowsCopySteps::RemoveSource() {
   const std::optional<std::wstring> path = SystemPath(from_);
-  if (!path) return UnholdableName();
+  if (!path) return InvalidNameError();
   const bool deleted =
       DeleteIf(*path, [this](const Status& now) { return IdOf(now) == IdOf(opened_) && IsAsBefore(now, opened_); });
   const FileOutcome outcome = OutcomeOf(deleted);
@@ -99,7 +99,7 @@ FileOutcome WindowsCopySteps::RemoveSource() {
 
 FileOutcome WindowsCopySteps::RemoveCopy(const std::string& path) {
   const std::optional<std::wstring> systemPath = SystemPath(path);
-  return systemPath ? OutcomeOf(DeleteOwn(*systemPath, copy_.id)) : UnholdableName();
+  return systemPath ? OutcomeOf(DeleteOwn(*systemPath, copy_.id)) : InvalidNameError();
 }
 
 }  // namespace quillon

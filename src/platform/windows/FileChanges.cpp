@@ -21,20 +21,20 @@ namespace {
 
 FileOutcome LookAt(const std::string& path) {
   const std::optional<std::wstring> systemPath = SystemPath(path);
-  if (!systemPath) return UnholdableName();
+  if (!systemPath) return InvalidNameError();
   return OutcomeOf(::GetFileAttributesW(systemPath->c_str()) != INVALID_FILE_ATTRIBUTES);
 }
 
 FileOutcome MoveTo(const std::string& from, const std::string& to) {
   const std::optional<std::wstring> source = SystemPath(from);
   const std::optional<std::wstring> target = SystemPath(to);
-  if (!source || !target) return UnholdableName();
+  if (!source || !target) return InvalidNameError();
   return OutcomeOf(RetrySharing([&] { return ::MoveFileExW(source->c_str(), target->c_str(), 0) != 0; }));
 }
 
 FileOutcome RemoveAt(const std::string& path) {
   const std::optional<std::wstring> systemPath = SystemPath(path);
-  if (!systemPath) return UnholdableName();
+  if (!systemPath) return InvalidNameError();
   return OutcomeOf(RetrySharing([&] { return ::DeleteFileW(systemPath->c_str()) != 0; }));
 }
 
@@ -64,7 +64,7 @@ class WindowsEntries final : public EntryChanges {
 // The path with its last name as the system would store it; nullopt for an invalid name.
 std::optional<std::string> NewPath(const std::string& path) {
   const EntryPath split = SplitPath(path, PathStyle::kWindows);
-  const std::string_view held = HeldWindowsName(split.name);
+  const std::string_view held = StoredWindowsName(split.name);
   if (!CanNameFile(split.name) || held.empty() || !CanNameWindowsFile(held)) return std::nullopt;
   return std::string(split.folder) + std::string(held);
 }
@@ -81,7 +81,7 @@ class WindowsFileChanges final : public FileChanges {
   FileOutcome Rename(const std::string& from, const std::string& to) override {
     const std::optional<std::string> source = SourcePath(from);
     const std::optional<std::string> target = from == to ? source : NewPath(to);
-    if (!source || !target) return UnholdableName();
+    if (!source || !target) return InvalidNameError();
     return from == to ? LookAt(*source) : RenameSystem(*source, *target);
   }
 
@@ -99,7 +99,7 @@ class WindowsFileChanges final : public FileChanges {
 
   FileOutcome Remove(const std::string& path) override {
     const std::optional<std::string> source = SourcePath(path);
-    return source ? RemoveAt(*source) : UnholdableName();
+    return source ? RemoveAt(*source) : InvalidNameError();
   }
 
   int Recycle(const std::string& path, std::uintptr_t ownerWindow) override {

@@ -117,7 +117,7 @@ class WindowsFileReads final : public FileReads {
   Result<FileStatus, FileError> Status(const std::string& path) override {
     if (path.empty()) return FileStatus();
     const std::optional<std::wstring> systemPath = ExistingPath(path);
-    if (!systemPath) return UnholdableName();
+    if (!systemPath) return InvalidNameError();
     WIN32_FILE_ATTRIBUTE_DATA found = {};
     if (!::GetFileAttributesExW(systemPath->c_str(), GetFileExInfoStandard, &found))
       return StatusError(::GetLastError());

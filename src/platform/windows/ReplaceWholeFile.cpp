@@ -31,7 +31,7 @@ std::string FolderOf(const std::string& path) {
 
 FileOutcome MakeFolders(const std::string& folder) {
   const std::optional<std::wstring> systemPath = SystemPath(folder);
-  if (!systemPath) return UnholdableName();
+  if (!systemPath) return InvalidNameError();
   if (::GetFileAttributesW(systemPath->c_str()) != INVALID_FILE_ATTRIBUTES) return std::nullopt;
   const std::string parent = FolderOf(folder.substr(0, folder.size() - 1));
   if (parent.size() < folder.size() && !parent.empty()) {
@@ -67,7 +67,7 @@ class WindowsReplaceSteps final : public ReplaceSteps {
  public:
   FileOutcome Look(const std::string& path) override {
     const std::optional<std::wstring> systemPath = SystemPath(path);
-    if (!systemPath) return UnholdableName();
+    if (!systemPath) return InvalidNameError();
     const DWORD attributes = ::GetFileAttributesW(systemPath->c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return ErrorOf(::GetLastError());
     constexpr DWORD kUnwritable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE | FILE_ATTRIBUTE_READONLY;
@@ -76,7 +76,7 @@ class WindowsReplaceSteps final : public ReplaceSteps {
 
   FileOutcome Write(const std::string& temporary, std::string_view bytes, const std::string& /*path*/) override {
     const std::optional<std::wstring> systemPath = SystemPath(temporary);
-    if (!systemPath) return UnholdableName();
+    if (!systemPath) return InvalidNameError();
     Result<std::unique_ptr<TemporaryMark>, FileError> mark = MarkTemporaryFile(temporary);
     if (!mark) return mark.Failure();
     mark_ = std::move(*mark);
@@ -93,7 +93,7 @@ class WindowsReplaceSteps final : public ReplaceSteps {
   FileOutcome Replace(const std::string& temporary, const std::string& path) override {
     const std::optional<std::wstring> from = SystemPath(temporary);
     const std::optional<std::wstring> to = SystemPath(path);
-    if (!from || !to) return UnholdableName();
+    if (!from || !to) return InvalidNameError();
     return RetryCall([&] {
       return ::ReplaceFileW(to->c_str(), from->c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr);
     });
@@ -102,7 +102,7 @@ class WindowsReplaceSteps final : public ReplaceSteps {
   FileOutcome Publish(const std::string& temporary, const std::string& path) override {
     const std::optional<std::wstring> from = SystemPath(temporary);
     const std::optional<std::wstring> to = SystemPath(path);
-    if (!from || !to) return UnholdableName();
+    if (!from || !to) return InvalidNameError();
     return RetryCall([&] { return ::MoveFileExW(from->c_str(), to->c_str(), MOVEFILE_WRITE_THROUGH); });
   }
 
@@ -111,7 +111,7 @@ class WindowsReplaceSteps final : public ReplaceSteps {
 
   FileOutcome Remove(const std::string& path) override {
     const std::optional<std::wstring> systemPath = SystemPath(path);
-    if (!systemPath) return UnholdableName();
+    if (!systemPath) return InvalidNameError();
     return RetryCall([&] { return ::DeleteFileW(systemPath->c_str()); });
   }
 
@@ -127,7 +127,7 @@ std::unique_ptr<ReplaceSteps> MakeReplaceSteps() {
 
 FileOutcome ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   const std::optional<std::string> tidy = TidySystemPath(path);
-  if (!tidy) return UnholdableName();
+  if (!tidy) return InvalidNameError();
   const std::string target = BehindLinks(*tidy);
   if (FileOutcome failed = MakeFolders(FolderOf(target))) return failed;
   RemoveMarkedLeftovers(FolderOf(target));

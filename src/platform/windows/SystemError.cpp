@@ -73,7 +73,7 @@ FileError FolderErrorOf(DWORD number) {
   return error;
 }
 
-FileError UnholdableName() {
+FileError InvalidNameError() {
   return ErrorOf(ERROR_INVALID_NAME);
 }
 

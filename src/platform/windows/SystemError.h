@@ -13,7 +13,7 @@ namespace quillon {
 [[nodiscard]] FileError FolderErrorOf(DWORD number);
 
 /// The error for an invalid file name.
-[[nodiscard]] FileError UnholdableName();
+[[nodiscard]] FileError InvalidNameError();
 
 /// Success (empty), or the error from GetLastError.
 [[nodiscard]] FileOutcome OutcomeOf(BOOL succeeded);

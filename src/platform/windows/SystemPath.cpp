@@ -38,7 +38,7 @@ std::optional<std::string> FromCurrentFolder(const std::string& path) {
 }
 
 // No Windows file system supports longer names, but not every layer above one reports an error.
-bool HasOnlyHoldableLengths(std::wstring_view path) {
+bool HasValidNameLengths(std::wstring_view path) {
   constexpr std::size_t kLongestName = 255;
   while (!path.empty()) {
     const std::size_t end = std::min(path.find(L'\\'), path.size());
@@ -60,14 +60,14 @@ std::optional<std::string> TidySystemPath(const std::string& path) {
 std::optional<std::wstring> SystemPath(const std::string& path) {
   const std::optional<std::string> tidy = TidySystemPath(path);
   std::optional<std::wstring> literal = tidy ? ToWide(LiteralWindowsPath(*tidy)) : std::nullopt;
-  if (literal && !HasOnlyHoldableLengths(*literal)) literal.reset();
+  if (literal && !HasValidNameLengths(*literal)) literal.reset();
   return literal;
 }
 
 std::optional<std::wstring> ExistingPath(const std::string& path) {
   std::optional<std::wstring> literal = SystemPath(path);
   const EntryPath split = SplitPath(path, PathStyle::kWindows);
-  const std::string_view held = HeldWindowsName(split.name);
+  const std::string_view held = StoredWindowsName(split.name);
   if (!literal || held.empty() || held.size() == split.name.size()) return literal;
   if (::GetFileAttributesW(literal->c_str()) != INVALID_FILE_ATTRIBUTES) return literal;
   return SystemPath(std::string(split.folder) + std::string(held));

@@ -101,7 +101,7 @@ bool Fill(const Handle& mark) {
 
 Result<std::unique_ptr<TemporaryMark>, FileError> MarkTemporaryFile(const std::string& path) {
   const std::optional<std::wstring> markPath = SystemPath(MarkName(path));
-  if (!markPath) return UnholdableName();
+  if (!markPath) return InvalidNameError();
   Handle file(::CreateFileW(markPath->c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_NEW,
                             FILE_ATTRIBUTE_HIDDEN, nullptr));
   if (!file.Open()) return ErrorOf(::GetLastError());

@@ -27,7 +27,7 @@ Look LookOf(MessageIcon icon) {
 
 std::optional<Pixels> MessagePicture(MessageIcon icon) {
   const auto name = reinterpret_cast<const wchar_t*>(LookOf(icon).picture);  // NOLINT(performance-no-int-to-ptr)
-  HICON const handle = ::LoadIconW(nullptr, name);                           // a shared system icon, which must not be destroyed
+  HICON const handle = ::LoadIconW(nullptr, name);                           // shared, must not be destroyed
   const std::optional<IconBitmaps> bitmaps = handle != nullptr ? ReadIcon(handle) : std::nullopt;
   return bitmaps ? std::optional(PixelsOfIcon(*bitmaps)) : std::nullopt;
 }

@@ -281,7 +281,7 @@ class SongWriter {
   }
 
   void AppendDelta(double microseconds) {
-    constexpr unsigned kMost = 0x0FFFFFFF;  // the largest variable-length quantity; longer pauses are divided by empty text events
+    constexpr unsigned kMost = 0x0FFFFFFF;  // the largest quantity; empty texts divide longer pauses
     const auto tick = static_cast<std::uint64_t>(std::llround(microseconds * kTicks / kTempo));
     for (; tick - tick_ > kMost; tick_ += kMost) {
       AppendQuantity(file_, kMost);

@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kHeaderLength = 4;
 
 struct FrameHeader {
-  unsigned kind = 0;  ///< the header's bits for version, layer and sample rate, which are the same in every frame of a file
+  unsigned kind = 0;  ///< the header's version, layer and sample rate: the same in every frame of a file
   unsigned sampleRate = 0;
   unsigned samples = 0;
   std::size_t length = 0;      ///< bytes, header included

@@ -9,7 +9,7 @@
 namespace quillon {
 namespace {
 
-constexpr std::uint64_t kPart = 1U << 20U;  // the size of the first and the last part, which contain time stamps of every stream
+constexpr std::uint64_t kPart = 1U << 20U;  // at each end of the file; contains time stamps of every stream
 constexpr std::uint64_t kClock = 90;        // time stamp units per millisecond
 constexpr std::uint64_t kWrap = std::uint64_t{1} << 33U;
 constexpr std::uint64_t kPictureTime = 40 * kClock;  // the duration of the last picture
