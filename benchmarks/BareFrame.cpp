@@ -2,7 +2,7 @@
 #include <wx/dataview.h>
 #include <wx/frame.h>
 
-/// What every program with a window and a list pays: a frame with an empty list of the kind that the main window has.
+/// The floor for programs with a window and a list: a frame with an empty list control like the main window's.
 namespace quillon::benchmarks {
 namespace {
 

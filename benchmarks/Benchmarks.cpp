@@ -76,7 +76,7 @@ void ApplyFloor(State& state) {
   const Files& files = SharedFiles(Files::Kind::kMixed, CountOf(state));
   const std::vector<std::string> renamed = Renamed(files.Paths());
   for ([[maybe_unused]] auto _ : state) {
-    // What has just been read and what the caches hold is the same as before `Apply`.
+    // Restores the same state of the files and caches as before `Apply`.
     state.PauseTiming();
     Program program;
     program.Load(files.Folder());
@@ -146,7 +146,7 @@ void Sort(State& state) {
   for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     Program program;
-    constexpr int kStep = 7919;  // so that the rows stand in no order
+    constexpr int kStep = 7919;  // so that the rows are unsorted
     for (int i = 0; i < CountOf(state); ++i) {
       FileItem row;
       row.renameName = "曲" + std::to_string(i * kStep % CountOf(state)) + " 日本のうた ライブ・バージョン";

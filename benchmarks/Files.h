@@ -5,10 +5,10 @@
 
 namespace quillon::benchmarks {
 
-/// A folder of small media files, a thousand in each subfolder, removed at the end of the object's life.
+/// A folder of small media files, a thousand per subfolder, removed by the destructor.
 class Files {
  public:
-  enum class Kind { kMixed, kMp3 };  ///< MIDI and MP3 in turns, or MP3 alone
+  enum class Kind { kMixed, kMp3 };  ///< alternating MIDI and MP3, or MP3 only
 
   Files(Kind kind, int count);
   Files(const Files&) = delete;
@@ -24,14 +24,14 @@ class Files {
   std::vector<std::string> paths_;
 };
 
-/// The same files for every benchmark that asks for the same ones; made at the first use.
+/// Shared by all benchmarks that need the same files; made at the first use.
 [[nodiscard]] Files& SharedFiles(Files::Kind kind, int count);
 
-/// The system calls of a load, and nothing else: the folders' entries; of each file its length, its first block, and
-/// what its kind needs besides. Returns how many files were read.
+/// Only the system calls of a load: reads the folders' entries and, for each file, its length, its first block, and
+/// what else its kind needs. Returns the number of files read.
 [[nodiscard]] int ReadWithSystemCalls(const std::string& folder);
 
-/// renameat2 without replacing for each pair; returns how many succeeded.
+/// Calls renameat2 without replacing for each pair; returns the number of successes.
 [[nodiscard]] int RenameWithSystemCalls(const std::vector<std::string>& from, const std::vector<std::string>& to);
 
 }  // namespace quillon::benchmarks

@@ -4,7 +4,8 @@
 
 #include "Files.h"
 
-/// Makes a folder of so many small MIDI and MP3 files, prints its path, and keeps it until its input ends.
+/// Makes a folder with the given number of small MIDI and MP3 files, prints its path, and keeps it until its standard
+/// input ends.
 int main(int argc, char** argv) {
   const std::string text = argc == 2 ? argv[1] : "";
   int count = 0;

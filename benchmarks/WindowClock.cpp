@@ -16,8 +16,8 @@
 #include <string>
 #include <string_view>
 
-/// Starts a program and tells when its window with this title was on the screen, when it had nothing more to do, and
-/// how much memory it took at most; then ends it.
+/// Starts a program and prints when its window with this title appeared on the screen, when the program became idle,
+/// and its peak memory; then ends it.
 namespace quillon::benchmarks {
 namespace {
 
@@ -25,8 +25,8 @@ using Milliseconds = double;
 
 constexpr Milliseconds kMost = 60000;
 constexpr int kStep = 2;                // milliseconds
-constexpr Milliseconds kQuiet = 100;    // this long
-constexpr Milliseconds kQuietWork = 1;  // with no more than this much processor time
+constexpr Milliseconds kQuiet = 100;    // idle means for this long
+constexpr Milliseconds kQuietWork = 1;  // with at most this much processor time
 
 Milliseconds Now(clockid_t clock = CLOCK_MONOTONIC) {
   timespec time{};
@@ -44,7 +44,7 @@ std::unique_ptr<Reply, decltype(&free)> Owned(Reply* reply) {
   return {reply, &free};
 }
 
-/// Hears of every window on the display from its making on.
+/// Receives the events of every new window on the display.
 class Display {
  public:
   Display() : connection_(xcb_connect(nullptr, nullptr)) {
@@ -57,14 +57,14 @@ class Display {
   Display& operator=(const Display&) = delete;
   ~Display() { xcb_disconnect(connection_); }
 
-  /// Waits for one step at most. True when a window with this title has come to the screen.
+  /// Waits for one step at most. Returns true when a window with this title has appeared on the screen.
   bool Mapped(std::string_view title) {
     pollfd waiting{xcb_get_file_descriptor(connection_), POLLIN, 0};
     poll(&waiting, 1, kStep);
     while (const auto event = Owned(xcb_poll_for_event(connection_))) {
       const auto kind = static_cast<unsigned>(event->response_type) & 0x7fU;
       if (kind == XCB_CREATE_NOTIFY) {
-        // A window manager puts the window into another one: its own events come all the same.
+        // Listens to the window itself, because a window manager may reparent it.
         Listen(reinterpret_cast<xcb_create_notify_event_t*>(event.get())->window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         xcb_flush(connection_);
       } else if (kind == XCB_MAP_NOTIFY) {
@@ -111,7 +111,7 @@ class Program {
     return ended.si_pid != 0;
   }
 
-  /// Of its resident memory, in KiB.
+  /// The peak of its resident memory, in KiB.
   [[nodiscard]] long Peak() const {
     std::ifstream status("/proc/" + std::to_string(id_) + "/status");
     for (std::string word; status >> word;) {
@@ -135,7 +135,7 @@ Milliseconds WaitForWindow(Display& display, const Program& program, std::string
   return program.Age();
 }
 
-/// When the program began to be quiet.
+/// Returns the time at which the program became idle.
 Milliseconds WaitForQuiet(const Program& program) {
   struct Sample {
     Milliseconds age;

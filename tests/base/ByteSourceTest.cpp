@@ -11,7 +11,7 @@
 namespace quillon {
 namespace {
 
-/// Bytes in memory; `readable` of them can be read, as when a disk fails half-way.
+/// Bytes in memory of which only the first `readable` can be read, as when a disk fails half-way.
 class MemorySource final : public ByteSource {
  public:
   explicit MemorySource(const std::string& bytes) : MemorySource(bytes, bytes.size()) {}

@@ -188,7 +188,7 @@ TEST(LetterCase, KeepsTheNumberOfCharactersOfEveryCodePoint) {
 }
 
 TEST(LetterCase, TextsAgreeWithTheirCharacters) {
-  // The quick way for ASCII and the other one give the same.
+  // The fast path for ASCII and the general one give the same result.
   for (char32_t c = 0; c < 0x500; ++c) {
     std::string text;
     AppendUtf8(text, c);

@@ -8,7 +8,7 @@
 
 namespace quillon::test {
 
-/// The library, found and loaded by name as the program does it, with one slot for compiled commands.
+/// The library, found and loaded by name as in the program, with one slot for compiled commands.
 class LoadedLibrary {
  public:
   LoadedLibrary();

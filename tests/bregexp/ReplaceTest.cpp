@@ -35,7 +35,7 @@ class Bregexp : public testing::Test {
     }
   }
 
-  /// Rows in UTF-8, run with "k" (in code page 932) and with "u": the flags of the rows are those of neither.
+  /// Runs rows in UTF-8 with "k" (converted to code page 932) and with "u". The rows' own flags contain neither.
   void CheckBothEncodings(const std::vector<Row>& rows) {
     for (const Row& row : rows) {
       SCOPED_TRACE(row.name);

@@ -5,7 +5,7 @@
 
 namespace quillon::test {
 
-/// Expects the Japanese order to have each line before the next, and to take the texts of one line for the same.
+/// Expects the Japanese order to sort each line before the next, and to treat the texts of one line as equal.
 void ExpectOrder(const std::vector<std::vector<std::string>>& lines);
 
 }  // namespace quillon::test

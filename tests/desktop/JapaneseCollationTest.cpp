@@ -43,7 +43,7 @@ TEST(JapaneseCollation, CountsHyphensAndApostrophesWhereTheyStand) {
 TEST(JapaneseCollation, GivesEveryTextAKey) {
   const auto collation = MakeJapaneseCollation();
   const std::string broken = "あ\xFFい\xE3\x81";
-  const std::string alone = "\xED\xA0\x80";  // half a surrogate pair, as Windows' names may have it
+  const std::string alone = "\xED\xA0\x80";  // half a surrogate pair, which Windows file names may contain
   for (const std::string& text : {broken, alone, std::string("\0あ", 4), std::string("\xFF")}) {
     EXPECT_THAT(collation->KeyOf(text), testing::Not(testing::IsEmpty()));
     EXPECT_EQ(collation->KeyOf(text), collation->KeyOf(text));

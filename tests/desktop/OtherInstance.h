@@ -6,10 +6,11 @@
 
 namespace quillon::test {
 
-/// This program can also be started to take the part of another instance, see RunOtherInstance.
+/// With this option the test program acts as another instance, see RunOtherInstance.
 inline constexpr const char* kOtherInstanceOption = "--other-instance";
 
-/// What a process prints that starts, asks the first instance forward when it is not that itself, and ends.
+/// The output of the other instance, which asks the first instance to come to the front unless it is the first itself,
+/// and ends.
 inline constexpr const char* kFirst = "first";
 inline constexpr const char* kLater = "later";
 

@@ -28,7 +28,7 @@ bool MayKnowTheSystem(const SourceFile& file) {
   return std::regex_match(file.path, kOfOneSystem);
 }
 
-/// Calls `check(line)` for every line; what it returns becomes a finding.
+/// Calls `check(line)` for every line; each text that it returns becomes a finding.
 template <class Check>
 Findings CheckLines(const SourceFile& file, Check check) {
   Findings findings;
@@ -46,7 +46,7 @@ std::optional<std::string> Matched(std::string_view line, const std::regex& patt
   return match.str();
 }
 
-/// What stands between the marks of an include line.
+/// The path between the delimiters of an include line.
 std::optional<std::string_view> Included(std::string_view line, char open, char close) {
   line = line.substr(std::min(line.find_first_not_of(" \t"), line.size()));
   if (!line.starts_with('#') || line.find("include") == std::string_view::npos) return std::nullopt;
@@ -82,7 +82,7 @@ struct Folder {
 
 constexpr std::string_view kWindowFolder = "/window/";
 
-/// A folder inside another one stands before it. No logic includes a window, and no window that of another subsystem.
+/// A subfolder is listed before its parent. Logic includes no windows, and windows include none of another subsystem.
 constexpr std::array<Folder, 22> kFolders = {{{"base/", 0},
                                               {"platform/desktop/", 2},
                                               {"platform/multimedia/", 2},
@@ -113,7 +113,7 @@ const Folder* FolderOf(std::string_view pathBelowSrc) {
   return found == kFolders.end() ? nullptr : &*found;
 }
 
-/// This file is looked through like any other: words that it looks for are written with "#" in them.
+/// Removes "#". The forbidden words are written with "#" in them, because this file is checked, too.
 std::string Mended(std::string text) {
   std::erase(text, '#');
   return text;
@@ -121,7 +121,7 @@ std::string Mended(std::string text) {
 
 struct ForbiddenWord {
   const char* name;
-  std::string part;  ///< lower case; most lines are done with once they do not hold it
+  std::string part;  ///< lower case; a quick check that rules out most lines
   std::regex pattern;
 };
 
@@ -141,7 +141,7 @@ const std::vector<ForbiddenWord>& ForbiddenWords() {
   return kWords;
 }
 
-/// Names by which compilers tell the system: one of these between underscores.
+/// True for compilers' predefined system macros: one of these names between underscores.
 bool IsSystemMacro(std::string_view name) {
   static constexpr std::array<std::string_view, 10> kNames = {"WIN32", "WIN64", "MINGW32", "MINGW64", "MSC_VER",
                                                               "linux", "unix",  "APPLE",   "WXMSW",   "WXGTK"};
@@ -166,7 +166,7 @@ std::optional<std::string> FirstSystemMacro(std::string_view line) {
   return std::nullopt;
 }
 
-/// A header names the published source of its format by its title, whatever words that is made of.
+/// Removes the titles of published format sources, which headers may name with any words.
 std::string WithoutPublishedTitles(std::string_view line) {
   static const std::array<std::string, 3> kTitles = {
       Mended("FreeDesktop.org Trash spec#ification"), Mended("XDG Base Directory Spec#ification"),

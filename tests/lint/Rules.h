@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-/// What holds for the source tree beyond what compiler and linker check. Each rule looks at one file and says what
-/// breaks it; files that a rule is not about break nothing.
+/// Rules for the source tree that compiler and linker do not check. Each rule checks one file and returns its
+/// violations; a file to which the rule does not apply has none.
 namespace quillon::lint {
 
 struct SourceFile {
@@ -23,9 +23,9 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
-/// Code that knows which system it runs on stands in src/platform. Tests of it may stand in folders named after the
-/// system or in files that end with the system's name. Benchmarks, which run on Linux only, measure against bare system
-/// calls and so include its headers.
+/// System-dependent code belongs in src/platform. Its tests may be in folders named after the system or in files whose
+/// names end with the system's name. Benchmarks run on Linux only and may include its headers, because they compare
+/// with bare system calls.
 [[nodiscard]] Findings FindSystemMacros(const SourceFile& file);
 [[nodiscard]] Findings FindSystemHeaders(const SourceFile& file);
 
@@ -41,8 +41,8 @@ inline constexpr std::size_t kMostLines = 500;
 /// Files of src have one subject and stay short.
 [[nodiscard]] Findings FindLongFiles(const SourceFile& file);
 
-/// The project explains itself: no words that point at papers or places outside of it. The titles under which formats
-/// are published are fine.
+/// The project explains itself, without references to documents or places outside of it. Titles of published formats
+/// are allowed.
 [[nodiscard]] Findings FindForbiddenWords(const SourceFile& file);
 
 }  // namespace quillon::lint

@@ -5,7 +5,7 @@
 
 #include "lint/Rules.h"
 
-// Every rule is shown to fail here.
+// These tests show every rule failing.
 namespace quillon::lint {
 namespace {
 
@@ -185,7 +185,7 @@ TEST(ForbiddenWords, AreFoundInAnyFileAndAnyCase) {
       {"a folder of another name", "a.md", "net/#work/x, ./#work/x, /workshop/", {}},
       {"other words", "a.md", "specify, agent, closing the note", {}},
   };
-  // The words stand here with "#" in them, as this file is looked through, too.
+  // The words are written with "#" in them, because this file is checked, too.
   for (Row& row : rows) std::erase(row.text, '#');
   ExpectEach(FindForbiddenWords, rows);
 }

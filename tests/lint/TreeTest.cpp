@@ -30,7 +30,7 @@ std::string ReadFile(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Every text file of the checkout; what holds a NUL is no text.
+/// Reads every text file of the checkout. Files with a NUL are not text.
 std::vector<SourceFile> ReadTree() {
   const fs::path root = QUILLON_SOURCE_DIR;
   std::vector<SourceFile> files;

@@ -119,7 +119,7 @@ TEST(DetailLine, IsDashesForOtherTypes) {
   EXPECT_EQ(DetailLine(std::monostate()), "---");
 }
 
-/// Behind the type of a file that no reader is for.
+/// The further text behind the type of a file without a reader.
 std::string Further(const TempFolder& folder, const std::string& extension) {
   const std::string description = FileTypeDescription(extension);
   const std::string path = folder.Path();

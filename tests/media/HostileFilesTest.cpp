@@ -41,7 +41,7 @@ struct Shape {
   std::string pattern;
 };
 
-/// The header of a tag that is as long as can be.
+/// The header of a tag with the largest possible size.
 std::string TagHeader(unsigned major) {
   return "ID3" + Bytes({major, 0, 0, 0x7F, 0x7F, 0x7F, 0x7F});
 }
@@ -50,7 +50,7 @@ std::string Frame(const std::string& id, std::uint32_t size) {
   return id + BigEndian(size, 4) + Bytes({0, 0});
 }
 
-/// Forms that go on for ever, up to and with the head of the name's chunk.
+/// The beginning of an endless RIFF form, up to and including the header of the name's chunk.
 std::string EndlessName() {
   return "RIFF\xFF\xFF\xFF\xFFRMP3LIST\xFF\xFF\xFF\xFFINFOINAM\xFF\xFF\xFF\xFF";
 }
@@ -106,14 +106,14 @@ std::vector<Shape> Shapes() {
   };
 }
 
-/// Of the processor, so that other programs do not count.
+/// The processor time of this process, so that other programs do not count.
 double Milliseconds() {
   timespec now = {};
   clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
   return 1e3 * static_cast<double>(now.tv_sec) + 1e-6 * static_cast<double>(now.tv_nsec);
 }
 
-/// What reading so many bytes through a small buffer costs.
+/// The time for reading this many bytes through a small buffer.
 double Floor(ByteSource& file, std::uint64_t bytes) {
   std::vector<char> buffer(65536);
   const double start = Milliseconds();
@@ -123,7 +123,8 @@ double Floor(ByteSource& file, std::uint64_t bytes) {
   return Milliseconds() - start;
 }
 
-/// The least of some measurements of `read` beyond reading `bytes`: other programs can only make it longer.
+/// The smallest of several measurements of `read`, minus the time for reading `bytes`. Smallest, because other programs
+/// can only make it longer.
 template <class Read>
 double MillisecondsBeyondFloor(PatternFile& file, std::uint64_t bytes, double enough, Read read) {
   constexpr int kRuns = 10;
@@ -140,7 +141,7 @@ double MillisecondsBeyondFloor(PatternFile& file, std::uint64_t bytes, double en
 template <class Read>
 void ExpectBounded(Read read) {
   for (const Shape& shape : Shapes()) {
-    // Pages are read by the command-line program alone, one at a time.
+    // Only the command-line program reads pages, one at a time.
     const double most = shape.type == "htm"s ? 4 * kMostMilliseconds : kMostMilliseconds;
     for (const std::uint64_t size : kSizes) {
       SCOPED_TRACE(shape.type + ": "s + shape.name + ", " + std::to_string(size / kMiB) + " MiB");
@@ -173,10 +174,10 @@ TEST(HostileFiles, TheInformationLinesCostLittleBeyondReading) {
 #ifndef QUILLON_SANITIZED
 TEST(HostileFiles, AThousandRowsOfAMebibyteTakeAboutASecond) {
   for (const Shape& shape : Shapes()) {
-    if (shape.type == "htm"s) continue;  // rows of pages are not read
+    if (shape.type == "htm"s) continue;  // pages are not read for rows
     SCOPED_TRACE(shape.type + ": "s + shape.name);
     PatternFile file(kMiB, shape.start, shape.pattern);
-    constexpr double kMost = 2;  // half of it on an idle machine
+    constexpr double kMost = 2;  // about half of this on an idle machine
     double least = std::numeric_limits<double>::max();
     for (int run = 0; run < 20 && least >= kMost; ++run) {
       const double start = Milliseconds();
@@ -188,10 +189,10 @@ TEST(HostileFiles, AThousandRowsOfAMebibyteTakeAboutASecond) {
 }
 #endif
 
-/// A file for which memory does not suffice.
+/// A file whose reading runs out of memory.
 class ExhaustingFile final : public ByteSource {
  public:
-  /// `readable`: so many readings go well.
+  /// The first `readable` reads succeed.
   ExhaustingFile(std::string bytes, int readable) : file_(std::move(bytes)), readable_(readable) {}
 
   [[nodiscard]] std::uint64_t Size() const override { return file_.Size(); }

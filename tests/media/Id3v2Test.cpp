@@ -219,7 +219,7 @@ TEST(Id3v2, AnEncryptedFrameOfSizeZeroIsPassedWithItsExtraByte) {
 }
 
 TEST(Id3v2, Version4GivesItsHeaderAndNoTexts) {
-  // Read with three-letter frames, "TALB" and "COMM" would give parts of their sizes as texts.
+  // If three-letter frames were read, "TALB" and "COMM" would give texts made from their sizes.
   for (const char* first : {"TIT2", "TALB", "COMM", "TYER", "TCON"}) {
     SCOPED_TRACE(first);
     const Id3v2Info info =
@@ -266,12 +266,12 @@ TEST(Id3v2, Version2HasNoExtendedHeader) {
 }
 
 TEST(Id3v2, FramesBeginOnlyInFrontOfThePadding) {
-  // The second frame begins where the padding does: a tag that claims too much padding hides it.
+  // The claimed padding is so large that it begins at the second frame and hides it.
   const std::vector<Id3Frame> frames = {{"TIT2", AnsiText("Song")}, {"TPE1", AnsiText("Artist")}};
   Id3v2Parts parts = {.frames = frames, .padding = 17, .extendedHeader = true};
   std::string tag = Id3v2Tag(parts);
   EXPECT_EQ(Read(tag).artist, "Artist");
-  tag[19] = 17 + 17;  // the padding size's last byte: padding and the second frame
+  tag[19] = 17 + 17;  // the last byte of the padding size, which now includes the second frame
   EXPECT_EQ(Read(tag).title, "Song");
   EXPECT_EQ(Read(tag).artist, "");
 }
@@ -283,7 +283,7 @@ TEST(Id3v2, TheFirstFrameIsReadWhateverTheTagSizeSays) {
 }
 
 TEST(Id3v2, AFrameIsReadWhenItBeginsTwoBytesBeforeTheTagsEnd) {
-  // Positions count from 1 there, so the byte just in front of the end starts no frame.
+  // Positions count from 1 in that check, so no frame starts at the last byte before the end.
   const std::vector<Id3Frame> frames = {{"TIT2", AnsiText("Song")}, {"TPE1", AnsiText("Artist")}};
   const std::uint32_t firstFrame = 15;
   EXPECT_EQ(Read({.frames = frames, .tagSize = firstFrame + 2}).artist, "Artist");

@@ -9,13 +9,13 @@ namespace {
 std::atomic<std::size_t> inUse = 0;
 std::atomic<std::size_t> peak = 0;
 
-// In front of every block: its size, and no less than keeps the block aligned.
+// Every block is preceded by its size, in a header that keeps the block aligned.
 constexpr std::size_t kHeader = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 static_assert(kHeader >= sizeof(std::size_t));
 
 }  // namespace
 
-// The array forms and those that do not throw call these two.
+// The array and non-throwing forms call these two.
 void* operator new(std::size_t size) {
   void* const block = std::malloc(size + kHeader);
   if (block == nullptr) throw std::bad_alloc();

@@ -4,10 +4,10 @@
 
 namespace quillon::test {
 
-/// What this program has asked for with new and not given back yet, in bytes.
+/// The number of bytes that this program has allocated with new and not yet freed.
 [[nodiscard]] std::size_t MemoryInUse();
 
-/// The most of it since the last call of RestartMemoryPeak.
+/// The maximum of that number since the last call of RestartMemoryPeak.
 [[nodiscard]] std::size_t MemoryPeak();
 void RestartMemoryPeak();
 

@@ -101,7 +101,7 @@ TEST(HtmlTitle, ATextIsReadUpTo64KiB) {
 }
 
 TEST(HtmlTitle, TagsAreFoundAnywhereInALongPage) {
-  // Around the ends of what is read at once.
+  // Offsets around the ends of the windows that are read at once.
   for (std::size_t inFront = 65536 - 20; inFront < 65536 + 2; ++inFront) {
     SCOPED_TRACE(inFront);
     const auto title = Read(std::string(inFront, '<') + "<tit\r\nle>So\nng</ti\r\ntle>");

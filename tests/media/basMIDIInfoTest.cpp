@@ -191,7 +191,7 @@ TEST(MidiInfo, WhatCannotMatterIsNotRead) {
 TEST(MidiInfo, ChunksAndEventsAreFoundAnywhereInALongFile) {
   const std::string events = Event(kName, "Song") + Event(kCopyright, "(C) \x92\x4E");
   const std::string second = Track(Event(kText, "second"));
-  // Around the ends of what is read at once; bytes that begin like those that are searched for.
+  // Offsets around the ends of the windows that are read at once; some fillings begin like the searched bytes.
   for (const char* filling : {"x", "\xFF", "M"}) {
     for (std::size_t inFront = 65536 - 60; inFront < 65536 + 4; ++inFront) {
       SCOPED_TRACE(filling + std::to_string(inFront));

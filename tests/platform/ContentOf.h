@@ -9,7 +9,7 @@
 
 namespace quillon::test {
 
-/// A file's bytes by any path that the program can read, of any size; nullopt when it cannot.
+/// Reads a whole file of any size through the program's own reader; nullopt on failure.
 [[nodiscard]] inline std::optional<std::string> ContentOf(const std::string& path) {
   Result<std::string, ReadFailure> read = ReadWholeFile(path, std::numeric_limits<std::uint64_t>::max());
   return read ? std::optional(*std::move(read)) : std::nullopt;

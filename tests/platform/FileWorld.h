@@ -17,8 +17,8 @@ void PrintTo(const FileError& error, std::ostream* out);
 
 namespace quillon::test {
 
-/// A place with files, and the implementation of FileReads and FileChanges that looks after it. The contract's tests
-/// run on every kind of world. Names may hold "/" for folders.
+/// A set of files with an implementation of FileReads and FileChanges for them. The contract tests run on every kind of
+/// world. Names may contain "/" for folders.
 class FileWorld {
  public:
   FileWorld() = default;
@@ -35,11 +35,11 @@ class FileWorld {
   [[nodiscard]] virtual std::string At(std::string_view name) const = 0;
   virtual std::string Write(std::string_view name, std::string_view bytes) = 0;
   virtual std::string MakeFolder(std::string_view name) = 0;
-  /// False where the system does not let us make links.
+  /// Returns false where the system does not permit making links.
   [[nodiscard]] virtual bool MakeLink(std::string_view name, std::string_view target, bool toFolder) = 0;
   [[nodiscard]] virtual bool MakeHardLink(std::string_view name, std::string_view existing) = 0;
 
-  /// The names in a folder ("" is the world's own), in the order of their bytes, asked of somebody else than Reads().
+  /// The names in a folder ("" is the root of the world), sorted by bytes, read without using Reads().
   [[nodiscard]] virtual std::vector<std::string> Names(std::string_view folder = "") const = 0;
   [[nodiscard]] virtual std::string Read(std::string_view name) const = 0;
 };

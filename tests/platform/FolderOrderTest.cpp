@@ -27,7 +27,7 @@ Names Sorted(const Names& names) {
   return sorted;
 }
 
-// The same order, said in the simplest way.
+// The same order, implemented in the simplest way.
 Names SortedSimply(Names names) {
   std::sort(names.begin(), names.end(), [](const std::string& left, const std::string& right) {
     return std::pair(ToUpper(left), left) < std::pair(ToUpper(right), right);

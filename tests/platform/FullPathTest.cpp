@@ -14,7 +14,7 @@ bool IsWindows() {
   return SystemPathStyle() == PathStyle::kWindows;
 }
 
-// A path as this system writes it, from "/" and a drive where there are drives.
+// Converts a path with "/" to this system's syntax, with a drive on Windows.
 std::string Native(std::string path) {
   if (!IsWindows()) return path;
   std::replace(path.begin(), path.end(), '/', '\\');

@@ -13,18 +13,18 @@ namespace {
 
 enum class Step { kNone, kOpenSource, kCopy, kPublish, kFlushFolder, kRemoveSource };
 
-/// How far a failing step gets: nowhere, half of the way (a name by two steps), or all of it.
+/// How much of a failing step is carried out: nothing, half (of a rename in two steps), or everything.
 enum class Extent { kNothing, kHalf, kAll };
 
-/// What stands for the program's end in the middle of it.
+/// Thrown to simulate that the program is killed.
 struct Killed {};
 
 constexpr const char* kSource = "/a/song";
 constexpr const char* kTemporary = "/b/.temporary";
 constexpr const char* kTarget = "/b/song";
 
-/// Files by path. Each is a text; a change of the text is a change of the file, and a text that begins with "other" is
-/// another file. One step can be made to fail, and something can happen just before a step.
+/// Files by path, each with a text. A different text means a modified file; a text that begins with "other" means
+/// another file. One step can be made to fail, and a function can be called just before a step.
 class TwoVolumes final : public CopySteps {
  public:
   using Files = std::map<std::string, std::string>;
@@ -32,10 +32,10 @@ class TwoVolumes final : public CopySteps {
   Files files = {{kSource, "content"}};
   Step failing = Step::kNone;
   Extent failsAfter = Extent::kNothing;
-  bool dies = false;  ///< the failing step is where the program is killed
+  bool dies = false;  ///< the program is killed at the failing step
   std::map<Step, std::function<void(Files&)>> before;
   bool copyMayGo = true;
-  bool sourceIsOutOfSight = false;  ///< it cannot be looked at
+  bool sourceIsOutOfSight = false;  ///< its status cannot be read
   NotKept notKept;
   int copies = 0;
 
@@ -176,7 +176,7 @@ TEST(MoveByCopying, ASourceThatChangesUntilTheLastMomentStaysAndSoDoesTheCopy) {
       SCOPED_TRACE(now + std::to_string(static_cast<int>(moment)));
       TwoVolumes volumes;
       volumes.before[moment] = [now](Files& files) { files[kSource] = now; };
-      if (moment == Step::kRemoveSource) volumes.failing = moment;  // a deletion that looks for itself
+      if (moment == Step::kRemoveSource) volumes.failing = moment;  // a deletion that checks the source itself
       const FileError failure = FailureOf(volumes);
       EXPECT_EQ(failure.number, file_error::kBothKept);
       EXPECT_EQ(failure.fileAt, kTarget);
@@ -232,7 +232,7 @@ TEST(MoveByCopying, TheOnlyCopyIsNeverTakenBack) {
   }
 }
 
-/// The move fails at this step (or for no step of its own), and the copy stays where it was by then.
+/// Expects the move to fail at this step (or without a failing step), leaving the copy where it was at that time.
 void ExpectACopyThatStays(TwoVolumes& volumes, Step step) {
   volumes.failing = step;
   const FileError failure = FailureOf(volumes);

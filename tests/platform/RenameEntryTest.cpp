@@ -17,10 +17,10 @@ namespace {
 
 using testing::ElementsAre;
 
-/// How a volume answers a rename between two spellings of one name.
+/// How a volume handles a rename that only changes letter case.
 enum class CaseChange { kApart, kDone, kRefused, kPretended };
 
-/// One folder, "/", whose entries are names with the numbers of their files.
+/// One folder, "/", that maps names to file numbers.
 class Volume final : public EntryChanges {
  public:
   explicit Volume(CaseChange caseChange) : caseChange_(caseChange) {}
@@ -33,13 +33,13 @@ class Volume final : public EntryChanges {
     return names;
   }
 
-  /// From now on renames to this path fail, but the first `successes` ones.
+  /// From now on renames to this path fail, except the first `successes` ones.
   void FailTo(const std::string& path, int number, int successes = 0) { failures_[path] = {number, successes}; }
-  /// From now on so many temporary names are somebody else's.
+  /// The next `count` temporary names are already taken.
   void TakeTemporaryNames(int count) { takenNames_ = count; }
-  /// Just before the rename after `successes` ones this happens.
+  /// Calls `happens` just before the rename that follows `successes` renames.
   void Before(int successes, std::function<void(Volume&)> happens) { before_[successes + 1] = std::move(happens); }
-  /// From now on every rename after `successes` ones fails.
+  /// All renames after the first `successes` ones fail.
   void FailAfter(int successes, int number) { failAfter_ = {number, successes}; }
 
   [[nodiscard]] int Renames() const { return renames_; }
@@ -85,7 +85,7 @@ class Volume final : public EntryChanges {
                          [&](const auto& entry) { return entry.second == found->second; }) == 1;
   }
 
-  std::function<void()> afterwards;  ///< happens after every rename that is carried out
+  std::function<void()> afterwards;  ///< called after every successful rename
   bool countsNames = false;          ///< whether the volume knows how many names a file has
 
   std::string ListedName(const std::string& path) override {
@@ -225,7 +225,7 @@ TEST(RenameEntry, SomebodyElsesNewFileAtTheOldNameIsNotTakenForTheFile) {
   Volume volume(CaseChange::kApart);
   volume.Add("song", 1);
   volume.countsNames = true;
-  // Another program makes a file of the old name at once.
+  // Another program immediately creates a file with the old name.
   volume.afterwards = [&volume] { volume.Add("song", 2); };
   EXPECT_EQ(Rename(volume, "song", "SONG"), std::nullopt);
   EXPECT_THAT(volume.Names(), ElementsAre("SONG", "song"));

@@ -17,14 +17,14 @@ using testing::ElementsAre;
 
 const std::string kPath = "/a/file.ini";
 
-/// What a replacing that fails leaves behind.
+/// The state after a failed replacement.
 enum class HalfWay {
   kBothStay,
   kOldIsGone,          ///< the new file still has its temporary name
-  kOldIsNoLongerSeen,  ///< nobody can tell what stands at the path
+  kOldIsNoLongerSeen,  ///< the path's status cannot be read
 };
 
-/// Files by path; calls can be made to fail.
+/// Maps paths to contents; calls can be made to fail.
 class Volume final : public ReplaceSteps {
  public:
   std::map<std::string, std::string> files;

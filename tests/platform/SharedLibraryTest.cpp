@@ -14,7 +14,7 @@ bool IsWindows() {
   return SystemPathStyle() == PathStyle::kWindows;
 }
 
-// A library that every such system has, and a function in it.
+// A library that exists on every system of this kind, and one of its functions.
 std::string SystemLibrary() {
   return IsWindows() ? "kernel32.dll" : "libm.so.6";
 }

@@ -33,7 +33,7 @@ class TemporaryMarks : public testing::Test {
     fs::last_write_time(folder_.At(name), fs::file_time_type::clock::now() - age);
   }
 
-  /// What a killed move leaves, from so long ago.
+  /// Leaves the files of a move that was killed this long ago.
   void LeaveBehind(std::string_view markText, std::chrono::hours age) {
     folder_.Write(kName, "half a copy");
     folder_.Write(MarkName(kName), markText);

@@ -31,7 +31,7 @@ std::vector<std::string> NamesIn(const std::string& folder) {
 
 using Names = std::vector<std::string>;
 
-// Why a file of whatever size is not read; nullopt for one that is.
+// The reason why a file of any size cannot be read; nullopt on success.
 std::optional<ReadFailure> FailureOf(const std::string& path) {
   const Result<std::string, ReadFailure> read = ReadWholeFile(path, std::numeric_limits<std::uint64_t>::max());
   return read ? std::nullopt : std::optional(read.Failure());
@@ -72,7 +72,7 @@ TEST(WholeFile, ALargerFileIsNotRead) {
   EXPECT_EQ(larger.Failure(), ReadFailure::kTooLarge);
 }
 
-/// A file that has fewer bytes to give than it says.
+/// A file that returns fewer bytes than its size.
 class FailingFile final : public ByteSource {
  public:
   FailingFile(std::uint64_t size, std::size_t given) : size_(size), given_(given) {}

@@ -86,7 +86,7 @@ class RandomValues {
     static constexpr std::array<std::string_view, 24> kPieces = {"a",  "Z",  "0", " ",  "  ", "=", ";", "[",
                                                                  "]",  "\"", "'", "\\", "/",  "%", "#", "音",
                                                                  "表", "ソ", "ｱ", "①",  "\t", "é", "😀", "\xFF"};
-    // Three texts of four stay inside code page 932, so that both encodings are met often.
+    // Three of four texts are restricted to code page 932, so that both encodings occur often.
     const auto last = static_cast<int>(Number(0, 3) == 0 ? kPieces.size() - 1 : kPieces.size() - 4);
     value.clear();
     for (int left = Number(0, Number(0, 9) == 0 ? 60 : 8); left > 0; --left) {

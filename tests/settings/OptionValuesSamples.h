@@ -6,11 +6,11 @@
 
 namespace quillon::test {
 
-/// Every member by name, for comparing whole records. Written without the settings' own table, on purpose.
+/// Lists every member by name, to compare whole records. Does not use the settings' table on purpose.
 [[nodiscard]] std::string Describe(const OptionValues& options);
 
-/// Any values that a settings file can hold: texts of up to 127 characters without line breaks, NULs or surrounding
-/// blanks, except that a replace text may be one blank. The same for the same seed.
+/// Random values that a settings file can hold: texts of up to 127 characters without line breaks, NULs or surrounding
+/// blanks, except that a replace text may be one blank. The same seed gives the same values.
 [[nodiscard]] OptionValues RandomOptionValues(unsigned seed);
 
 }  // namespace quillon::test

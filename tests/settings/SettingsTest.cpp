@@ -14,7 +14,7 @@
 namespace quillon {
 namespace {
 
-/// What the default values are written as, window position included.
+/// The file that is written for the default values, including the window position.
 constexpr std::string_view kFreshFile =
     "[System]\r\n"
     "DirPath=\r\n"
@@ -90,7 +90,7 @@ constexpr std::string_view kFreshFile =
     "[Move]\r\n"
     "RemainList=1\r\n";
 
-/// A file that is there, can be replaced, and is not read.
+/// The content of a file that can be replaced but is not read.
 const std::string kTooLarge(IniFile::kLargestFile + 1, '\n');
 
 class SettingsTest : public testing::Test {
@@ -166,7 +166,7 @@ TEST_F(SettingsTest, FreshFileHasEveryKeyInOrder) {
 }
 
 TEST_F(SettingsTest, EveryKeyIsReadIntoItsOwnMember) {
-  // Each row changes one key of an otherwise empty file; the whole record tells that nothing else changed.
+  // Each row changes one key of an otherwise empty file; comparing the whole record shows that nothing else changed.
   const struct {
     const char* line;
     std::function<void(OptionValues&)> change;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// A folder with one INI file in it, and ways to ask for what becomes of it.
+/// A folder with one INI file, and helpers to check its content.
 class IniFileTest : public testing::Test {
  protected:
   IniFile Loaded(std::string_view bytes) {
@@ -33,7 +33,7 @@ class IniFileTest : public testing::Test {
     return folder_.Read("Quillon.ini");
   }
 
-  /// What a value reads as after it was written, saved and loaded.
+  /// The value after it was written, saved, loaded and read.
   std::string RoundTrip(std::string_view value) {
     AfterWriting("", "S", "k", value);
     IniFile file(folder_.At("Quillon.ini"));
@@ -235,7 +235,7 @@ TEST_F(IniFileTest, WritingKeepsEverythingElse) {
   const struct {
     const char* name;
     std::string_view before;
-    std::string_view after;  ///< once S/k is "new"
+    std::string_view after;  ///< the file after writing "new" to S/k
   } rows[] = {
       {"value replaced in place", "; remark\n\n[S]\na=1\nk=old\nb=2\n\n[T]\nk=3\n",
        "; remark\n\n[S]\na=1\nk=new\nb=2\n\n[T]\nk=3\n"},

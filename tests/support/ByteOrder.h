@@ -7,7 +7,7 @@
 
 namespace quillon::test {
 
-/// Texts in the order of their bytes, the same everywhere.
+/// Sorts texts by their bytes: the same order on every system.
 class ByteOrder final : public Collation {
  public:
   [[nodiscard]] std::string KeyOf(std::string_view text) const override { return std::string(text); }

@@ -11,8 +11,8 @@
 
 namespace quillon::test {
 
-/// Writes down what is sent. A command is answered by the scripted reply, in whatever letter case it stands; without
-/// one it succeeds with an empty text.
+/// Records the commands sent. Replies with the scripted reply for the command, ignoring letter case; without one the
+/// command succeeds with an empty text.
 class CommandRecorder final : public CommandDevice {
  public:
   CommandReply Send(const std::string& command, int replySize) override {

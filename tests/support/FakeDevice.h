@@ -10,24 +10,24 @@
 
 namespace quillon::test {
 
-/// A device that plays as fast as the test says. It knows the files it was given; anything else cannot be opened.
+/// A device whose time is advanced by the test. It can only open the files added with AddFile.
 class FakeDevice final : public CommandDevice {
  public:
-  /// `picture` is its size as "width height"; empty for sound alone.
+  /// `picture` is the picture's size as "width height"; empty for sound only.
   void AddFile(const std::string& path, std::int32_t length, std::string picture = {});
 
-  /// Lets this much time pass for everything that plays.
+  /// Advances everything that is playing by this time.
   void Pass(std::int32_t milliseconds);
 
   CommandReply Send(const std::string& command, int replySize) override;
 
-  /// What has been sent since the last call.
+  /// Returns the commands sent since the last call.
   std::vector<std::string> TakeSent();
-  /// The file that is open under the alias; empty for none.
+  /// The file open under the alias; empty for none.
   [[nodiscard]] std::string OpenFile(const std::string& alias) const;
 
   std::vector<std::string> sent;
-  /// Replies that take the place of the device's own, by command in lower case.
+  /// Replies that override the device's own, by command in lower case.
   std::map<std::string, std::string, std::less<>> scripted;
   /// A command in lower case that fails; empty for none.
   std::string refused;

@@ -4,7 +4,7 @@
 
 namespace quillon::test {
 
-/// The seconds that one call takes.
+/// Returns the seconds that one call takes.
 template <class Work>
 double Seconds(Work work) {
   const auto start = std::chrono::steady_clock::now();
@@ -12,9 +12,9 @@ double Seconds(Work work) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// True when the time that `work(rows)` reports grows as the square of the rows does, from 5,000 to 100,000. Linear
-/// work takes 20 times as long, up to 200 times where the caches no longer hold it all, and well under a second;
-/// quadratic work takes 400 times as long, and seconds. A busy machine is given three chances.
+/// True when the time returned by `work(rows)` grows quadratically from 5,000 to 100,000 rows. Linear work takes 20
+/// times as long (up to 200 times when it no longer fits the caches) and well under a second; quadratic work takes 400
+/// times as long, and seconds. Measured up to three times, in case the machine is busy.
 template <class Work>
 bool GrowsQuadratically(Work work) {
   constexpr double kSuspicious = 1.0;

@@ -9,7 +9,7 @@ char Char(std::uint32_t value) {
   return static_cast<char>(static_cast<unsigned char>(value & 0xFFu));
 }
 
-/// Seven bits a byte, all but the last with the top bit set.
+/// Seven bits per byte; all bytes but the last have the top bit set.
 std::string VariableLength(std::uint32_t number) {
   std::string bytes(1, Char(number & 0x7Fu));
   while ((number >>= 7u) != 0) bytes.insert(bytes.begin(), Char(0x80u | (number & 0x7Fu)));

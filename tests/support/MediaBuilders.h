@@ -13,10 +13,10 @@
 
 #include "base/ByteSource.h"
 
-/// Small media files made in memory. Texts are the bytes that go into the file; nothing is converted.
+/// Builds small media files in memory. Texts are written to the file as they are, without conversion.
 namespace quillon::test {
 
-/// An opened file that is its bytes. Counts what is read from it.
+/// An opened file with these bytes. Counts the reads.
 class MemorySource final : public ByteSource {
  public:
   explicit MemorySource(std::string bytes) : bytes_(std::move(bytes)) {}
@@ -34,7 +34,7 @@ class MemorySource final : public ByteSource {
   }
 
   bool hiddenOrSystem = false;
-  std::uint64_t unreadable = 0;  ///< bytes at the end that the file has but that cannot be read
+  std::uint64_t unreadable = 0;  ///< number of bytes at the end of the file that cannot be read
   int reads = 0;
   std::uint64_t bytesRead = 0;
 
@@ -46,7 +46,7 @@ class MemorySource final : public ByteSource {
 [[nodiscard]] std::string Bytes(std::initializer_list<unsigned> values);
 [[nodiscard]] std::string BigEndian(std::uint32_t number, std::size_t byteCount);
 [[nodiscard]] std::string LittleEndian(std::uint32_t number, std::size_t byteCount);
-/// `text` with zero bytes up to `length`, or cut to it.
+/// `text`, padded with zero bytes or cut to `length`.
 [[nodiscard]] std::string Padded(std::string_view text, std::size_t length);
 
 // Standard MIDI Files.
@@ -59,7 +59,7 @@ inline constexpr unsigned kName = 3;
 
 /// A meta event without delta time: FF, its type, its length as a variable-length quantity, its data.
 [[nodiscard]] std::string MetaEvent(unsigned type, std::string_view data);
-/// The same after a delta time of zero ticks, as it stands in a track.
+/// The same behind a delta time of zero ticks, as in a track.
 [[nodiscard]] std::string TimedMetaEvent(unsigned type, std::string_view data);
 /// A note of `ticks` on channel 1, delta times included.
 [[nodiscard]] std::string MidiNote(unsigned key, std::uint32_t ticks);
@@ -67,10 +67,9 @@ inline constexpr unsigned kName = 3;
 [[nodiscard]] std::string MidiTrack(std::string_view events);
 /// "MThd" with its three numbers.
 [[nodiscard]] std::string MidiHeader(unsigned format, unsigned trackCount, unsigned division);
-/// Header and tracks; the track count is theirs.
+/// Header and tracks; the header's track count is the number of `tracks`.
 [[nodiscard]] std::string MidiFile(unsigned format, unsigned division, const std::vector<std::string>& tracks);
-/// A playable file of one track: `quarterNotes` notes of half a second, behind its title and copyright (each only when
-/// not empty).
+/// A playable file with one track: title and copyright (unless empty), then `quarterNotes` notes of half a second.
 [[nodiscard]] std::string SimpleMidiFile(std::string_view title, std::string_view copyright, int quarterNotes = 4);
 
 // MP3 files.
@@ -92,7 +91,7 @@ struct Id3v1Texts {
 /// The data of a text frame: encoding byte, then the text; UTF-16 with a little-endian or big-endian mark.
 [[nodiscard]] std::string AnsiText(std::string_view text);
 [[nodiscard]] std::string Utf16Text(std::u16string_view text, bool littleEndian = true);
-/// UTF-16 units with their mark and without an encoding byte; a terminator is only there when `text` holds one.
+/// UTF-16 units with their mark and without an encoding byte; terminated only if `text` contains the terminator.
 [[nodiscard]] std::string Utf16Units(std::u16string_view text, bool littleEndian = true);
 /// The data of a comment frame in code page 932.
 [[nodiscard]] std::string AnsiComment(std::string_view description, std::string_view comment);
@@ -108,18 +107,18 @@ struct Id3Frame {
   std::string id;
   std::string data;
   unsigned secondFlags = 0;
-  std::optional<std::uint32_t> size = std::nullopt;  ///< stored in place of the data's own
+  std::optional<std::uint32_t> size = std::nullopt;  ///< stored instead of the data's size
 };
 
 struct Id3v2Parts {
-  unsigned major = 3;  ///< 2: three-letter frames; 3: four-letter frames; 4: sizes of seven bits a byte
+  unsigned major = 3;  ///< 2: three-letter frames; 3: four-letter frames; 4: sizes with seven bits per byte
   unsigned revision = 0;
   unsigned flags = 0;
   std::vector<Id3Frame> frames = {};
   std::size_t padding = 0;
   bool extendedHeader = false;  ///< written (and flagged) with the padding size, as version 3 has it
   std::optional<std::uint32_t> crc = std::nullopt;      ///< four bytes in the extended header, seven bits each
-  std::optional<std::uint32_t> tagSize = std::nullopt;  ///< stored in place of the tag's own
+  std::optional<std::uint32_t> tagSize = std::nullopt;  ///< stored instead of the tag's size
 };
 [[nodiscard]] std::string Id3v2Tag(const Id3v2Parts& parts);
 
@@ -131,11 +130,11 @@ struct Id3v2Parts {
 [[nodiscard]] std::string RiffList(std::string_view id, std::string_view type, const std::vector<std::string>& chunks);
 /// A list "INFO" of texts, each ended with a zero byte.
 [[nodiscard]] std::string InfoList(const std::vector<std::pair<std::string, std::string>>& texts);
-/// An MP3 stream wrapped in RIFF, its texts in front.
+/// An MP3 stream wrapped in RIFF, behind its texts.
 [[nodiscard]] std::string RmpFile(const std::vector<std::pair<std::string, std::string>>& texts, int frameCount = 4);
 /// Silence, 8 kHz, 8 bit, one channel.
 [[nodiscard]] std::string WaveFile(std::uint32_t milliseconds);
-/// The form "AVI " with headers and no picture.
+/// A file of the form "AVI " with headers but without pictures.
 [[nodiscard]] std::string AviFile();
 
 // Others.

@@ -57,7 +57,7 @@ struct MemoryFileSystem::Node {
   std::map<std::string, Entry> entries;  ///< by Key
 };
 
-// An entry's folder and the key it has there, existing or not.
+// An entry's folder and its key there. The entry need not exist.
 struct MemoryFileSystem::Place {
   NodePointer folder;  ///< null where the folder is absent
   std::string name;
@@ -69,7 +69,8 @@ struct MemoryFileSystem::Place {
   }
 };
 
-// The primitives of a volume as Linux has them: letter case is no obstacle only where it is kept apart.
+// The basic operations of a volume, as on Linux. Names that only differ in letter case collide unless the style
+// distinguishes case.
 class MemoryFileSystem::Entries final : public EntryChanges {
  public:
   explicit Entries(MemoryFileSystem& files) : files_(files) {}
@@ -125,7 +126,7 @@ std::string MemoryFileSystem::Key(std::string_view name) const {
   return options_.ignoreCase ? ToUpper(name) : std::string(name);
 }
 
-// Windows drops dots and blanks from the end of a new name.
+// On Windows dots and blanks at the end of a new name are dropped.
 std::string MemoryFileSystem::StoredName(std::string_view name) const {
   if (options_.style == PathStyle::kLinux) return std::string(name);
   const std::size_t last = name.find_last_not_of(". ");

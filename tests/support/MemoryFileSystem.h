@@ -13,7 +13,7 @@
 
 namespace quillon::test {
 
-/// What was asked of a MemoryFileSystem.
+/// The calls that a MemoryFileSystem logs.
 enum class FileCall {
   kReadFolder,
   kRealPath,
@@ -27,8 +27,8 @@ enum class FileCall {
   kRecycle
 };
 
-/// Files and folders in memory that keep the contracts of FileReads and FileChanges, with errors on demand and a log.
-/// Paths are full, written in the style given. A drive ("C:") is a folder under the root.
+/// Files and folders in memory that fulfil the contracts of FileReads and FileChanges, with errors on demand and a log.
+/// Paths are full paths in the given style. A drive ("C:") is a folder under the root.
 class MemoryFileSystem final : public FileReads, public FileChanges {
  public:
   struct Options {
@@ -48,27 +48,27 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   explicit MemoryFileSystem(Options options);
   ~MemoryFileSystem() override;
 
-  // Setting up. Missing folders on the way are made; what stands at the path is replaced. Nothing here is logged.
+  // Setting up. Missing folders are created; an existing entry at the path is replaced. Nothing here is logged.
   void AddFile(const std::string& path, std::string_view bytes = "");
   void AddFolder(const std::string& path);
   /// A link that leads to `target`, a full path that need not exist.
   void AddLink(const std::string& path, const std::string& target);
-  /// Something that is neither file nor folder.
+  /// An entry that is neither file nor folder.
   void AddPipe(const std::string& path);
   /// A second name for an existing file.
   void AddHardLink(const std::string& path, const std::string& existing);
   /// Gives an existing file the hidden attribute.
   void Hide(const std::string& path);
 
-  // What the disk looks like now. Not logged, and never fails on demand.
+  // The current state of the disk. Not logged, and not affected by Fail.
   [[nodiscard]] bool Exists(const std::string& path) const;
   /// The bytes of an existing file.
   [[nodiscard]] std::string BytesOf(const std::string& path) const;
-  /// The names of an existing folder's entries as they are spelled there.
+  /// The names of an existing folder's entries, in their stored spelling.
   [[nodiscard]] std::vector<std::string> NamesIn(const std::string& folder) const;
 
-  /// From now on this call with this path (of a rename or move: the source) fails. Calls without an error in their
-  /// answer give their empty one; Recycle returns the error's number and does nothing.
+  /// From now on this call fails for this path (for a rename or move: the source). Calls that cannot return an error
+  /// return an empty result; Recycle returns the error's number and does nothing.
   void Fail(FileCall call, const std::string& path, FileError error);
   /// The next recycling is declined: it reports success and the file stays.
   void DeclineRecycling() { declineRecycling_ = true; }
@@ -94,9 +94,9 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   [[nodiscard]] bool RecycleAsks() const override { return recycleAsks; }
 
   bool recycleAsks = true;
-  NameUnit nameUnit;  ///< that of the style at first
-  NotKept notKept;    ///< what a successful move answers
-  /// Non-zero where every move copies to another volume, in pieces of so many bytes.
+  NameUnit nameUnit;  ///< initially that of the style
+  NotKept notKept;    ///< the result of successful moves
+  /// If not zero, every move copies to another volume in pieces of this many bytes.
   std::uint64_t copiesPieces = 0;
 
  private:

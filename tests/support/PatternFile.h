@@ -11,14 +11,14 @@
 
 namespace quillon::test {
 
-/// `bytes` over and over, as often as makes `length` bytes or a few more.
+/// `bytes` repeated until there are at least `length` bytes.
 inline std::string Repeated(const std::string& bytes, std::size_t length) {
   std::string repeated;
   while (repeated.size() < length) repeated += bytes;
   return repeated;
 }
 
-/// A file of any size that begins with `start` and goes on with `pattern`, over and over.
+/// A file of any size that begins with `start` and continues with repetitions of `pattern`.
 class PatternFile final : public ByteSource {
  public:
   PatternFile(std::uint64_t size, std::string start, const std::string& pattern)

@@ -7,7 +7,7 @@
 namespace quillon::test {
 
 struct ProcessResult {
-  int exitCode = -1;  ///< 128 and the signal's number for a program that a signal ended
+  int exitCode = -1;  ///< 128 plus the signal's number if a signal ended the program
   std::string output;
   std::string errors;
 };

@@ -15,7 +15,7 @@ std::wstring Wide(const std::string& text) {
   return wide;
 }
 
-// As CommandLineToArgvW takes it apart: backslashes count only before a quote.
+// Quotes an argument for CommandLineToArgvW: backslashes are special only before a quote.
 std::wstring Quoted(const std::string& argument) {
   std::string quoted = "\"";
   std::size_t backslashes = 0;

@@ -104,7 +104,7 @@ void PlayerRecorder::Choose(const std::string& path) {
   chosen = path;
 }
 
-// Not logged: what matters is where it leads.
+// Not logged: tests check the resulting paths.
 void PlayerRecorder::FileMoved(const std::string& from, const std::string& to) {
   if (chosen == from) chosen = to;
 }

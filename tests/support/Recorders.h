@@ -11,8 +11,8 @@
 #include "filelist/FileList.h"
 #include "filelist/WindowPorts.h"
 
-/// Stand-ins for everything that logic asks of a window. All write into one log, in order, each event as a line such as
-/// "panel player: プレイヤー待機中...".
+/// Recording implementations of all window ports of the logic. All write to one log, in order, one line per event, such
+/// as "panel player: プレイヤー待機中...".
 namespace quillon::test {
 
 class EventLog {
@@ -20,7 +20,7 @@ class EventLog {
   void Add(std::string event) { events_.push_back(std::move(event)); }
   void Clear() { events_.clear(); }
   [[nodiscard]] const std::vector<std::string>& Events() const { return events_; }
-  /// The events that start so.
+  /// The events that start with `start`.
   [[nodiscard]] std::vector<std::string> StartingWith(std::string_view start) const;
   [[nodiscard]] bool Has(std::string_view event) const;
 
@@ -28,7 +28,7 @@ class EventLog {
   std::vector<std::string> events_;
 };
 
-/// "box [caption] text", the icon and the buttons behind it; line breaks are shown as "\r\n" is.
+/// "box [caption] text", followed by the icon and the buttons; line breaks are written as "\r\n".
 [[nodiscard]] std::string BoxEvent(const Message& message);
 
 /// Shows nothing. A question without a scripted answer fails the test.
@@ -42,7 +42,7 @@ class BoxRecorder final : public MessageBoxes {
   void Answer(bool yes) { answers_.push_back(yes); }
   void AnswerFailure(FailureAnswer answer) { failureAnswers_.push_back(answer); }
   [[nodiscard]] const std::vector<Message>& Shown() const { return shown_; }
-  /// Those of them that told a failure.
+  /// The messages that were shown as failures.
   [[nodiscard]] const std::vector<FailureMessage>& Failures() const { return failures_; }
 
  private:
@@ -87,7 +87,7 @@ class WindowRecorder final : public WindowState {
   EventLog& log_;
 };
 
-/// A player that holds one file.
+/// A player with one loaded file.
 class PlayerRecorder final : public PlayerControl {
  public:
   explicit PlayerRecorder(EventLog& log) : log_(log) {}
@@ -97,7 +97,7 @@ class PlayerRecorder final : public PlayerControl {
   void FileMoved(const std::string& from, const std::string& to) override;
   void FileRemoved(const std::string& path) override;
 
-  std::string loaded;  ///< empty: nothing
+  std::string loaded;  ///< empty: no file
   std::string chosen;
 
  private:
@@ -113,7 +113,7 @@ class ProgressRecorder final : public ProgressDisplay {
   [[nodiscard]] bool Cancelled() const override { return cancelled; }
 
   bool cancelled = false;              ///< the user has pressed the button
-  std::function<void()> duringUpdate;  ///< what the user does then
+  std::function<void()> duringUpdate;  ///< called during an update, to act as the user
 
  private:
   EventLog& log_;
@@ -130,7 +130,7 @@ class SearchRecorder final : public SearchDisplay {
   EventLog& log_;
 };
 
-/// Chooses what the test says; a dialog without a scripted choice fails the test.
+/// Returns the test's scripted choice; without one the test fails.
 class FolderDialogRecorder final : public FolderDialog {
  public:
   explicit FolderDialogRecorder(EventLog& log) : log_(log) {}

@@ -8,10 +8,10 @@
 #include "filelist/FileList.h"
 #include "paths/basFileControl.h"
 
-/// Rows of a file list, made and read by tests.
+/// Helpers to make and read rows of a file list.
 namespace quillon::test {
 
-/// An unchecked row of a file with this path, its rename name the present base name.
+/// An unchecked row for the file with this path; its rename name is the current base name.
 inline FileItem RowFor(std::string location, PathStyle style = SystemPathStyle()) {
   FileItem row;
   row.renameName = BaseName(location, style);

@@ -16,8 +16,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// On Windows a narrow path would be read in the process's code page; char8_t is UTF-8 on both systems. On Linux the
-// bytes pass as they are, valid UTF-8 or not.
+// char8_t means UTF-8 on both systems; on Windows a narrow path would be converted from the process's code page. On
+// Linux the bytes are passed unchanged, even if they are invalid UTF-8.
 fs::path ToPath(std::string_view text) {
   return {std::u8string(text.begin(), text.end())};
 }

@@ -5,7 +5,8 @@
 
 namespace quillon::test {
 
-/// A folder of a test's own on a real disk, removed with everything in it at the end. Path with trailing separator.
+/// A private temporary folder on a real disk, removed with its content by the destructor. Its path ends with a
+/// separator.
 class TempFolder {
  public:
   TempFolder();

@@ -2,7 +2,7 @@
 
 namespace quillon::test {
 
-/// True for the program for Windows on a Linux machine; Wine does a few things otherwise than Windows.
+/// True when the Windows program runs under Wine, which behaves differently from Windows in a few places.
 [[nodiscard]] bool RunsUnderWine();
 
 }  // namespace quillon::test

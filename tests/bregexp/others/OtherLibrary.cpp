@@ -1,5 +1,5 @@
-/// A library as it might lie in the place of ours: it has a `Replace`, but no version or, with QUILLON_OTHER_VERSION,
-/// another one.
+/// A foreign library under our library's name: it has a `Replace`, but no version or, with QUILLON_OTHER_VERSION, a
+/// different one.
 #include "bregexp/bregexp.h"
 #include "platform/ExportedSymbol.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtk/gtk.h>
 
-/// Read by the leak checker: what the font library keeps until the process ends is not ours.
+/// Tells the leak checker to ignore memory that the font library keeps until the process ends.
 extern "C" const char*
 __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
   return "leak:libfontconfig\n";

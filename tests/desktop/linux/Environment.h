@@ -6,7 +6,7 @@
 
 namespace quillon::test {
 
-/// An environment variable with another value, or with none, until the end of the scope.
+/// Sets or unsets an environment variable until the end of the scope.
 class ScopedVariable {
  public:
   ScopedVariable(std::string name, const std::optional<std::string>& value) : name_(std::move(name)) {

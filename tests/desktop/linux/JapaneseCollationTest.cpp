@@ -2,7 +2,7 @@
 
 #include "desktop/ExpectOrder.h"
 
-/// Where the two systems differ; the test of this name for Windows has the same texts.
+/// Orders in which the two systems differ; the Windows test of this name has the same texts.
 namespace quillon {
 namespace {
 

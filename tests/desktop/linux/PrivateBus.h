@@ -6,7 +6,7 @@
 
 namespace quillon::test {
 
-/// A session bus of the test's own, which ends with the object, or with this process.
+/// A private session bus, which ends with the object or with this process.
 class PrivateBus {
  public:
   PrivateBus();
@@ -14,7 +14,7 @@ class PrivateBus {
   PrivateBus& operator=(const PrivateBus&) = delete;
   ~PrivateBus();
 
-  /// Empty when the program that makes a bus is not installed.
+  /// Empty when the bus program is not installed.
   [[nodiscard]] const std::string& Address() const { return address_; }
 
  private:

@@ -14,7 +14,7 @@
 namespace quillon {
 namespace {
 
-/// A socket that a program listens at without ever answering.
+/// A socket that is listened on, but never answers.
 class SilentSocket {
  public:
   explicit SilentSocket(const std::string& path) : socket_(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {

@@ -28,7 +28,7 @@ std::unique_ptr<SingleInstance> Start(const std::string& title = kTitle) {
   return MakeSingleInstance(title, "");
 }
 
-/// Lets the message loop run while another instance starts.
+/// Runs the message loop while another instance starts.
 test::ProcessResult RunOtherMeanwhile() {
   auto other = std::async(std::launch::async, [] { return test::RunOtherInstance(kTitle, ""); });
   while (other.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
@@ -229,7 +229,7 @@ TEST_F(SingleInstanceWithoutABus, AFileThatNobodyHoldsMeansNothing) {
   for (const char* file : {"lock", "socket"}) {
     EXPECT_EQ(FileWith(folder_.Path(), file), "") << "left behind at the end";
   }
-  // As a process leaves them that is killed.
+  // The state that a killed process leaves.
   if (::fork() == 0) {
     const auto killed = Start();
     ::raise(SIGKILL);

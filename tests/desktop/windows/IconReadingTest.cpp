@@ -57,7 +57,7 @@ TEST(IconReading, TakesTheMaskOfAnIconWithoutAlpha) {
 }
 
 TEST(IconReading, ReadsBlackAndWhite) {
-  // Above the transparent pixels, below the white ones.
+  // The first row is the transparency, the second one the white pixels.
   const std::array<MaskRow, 2> rows = {{{0x20, 0}, {0x40, 0}}};
   const HBITMAP both = ::CreateBitmap(3, 2, 1, 1, rows.data());
   ICONINFO parts = {TRUE, 0, 0, both, nullptr};

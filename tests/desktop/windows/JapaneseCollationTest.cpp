@@ -3,7 +3,7 @@
 #include "desktop/ExpectOrder.h"
 #include "support/Wine.h"
 
-/// Where the two systems differ, Wine standing for Windows; the test of this name for Linux has the same texts.
+/// Orders in which the two systems differ, with Wine as Windows; the Linux test of this name has the same texts.
 namespace quillon {
 namespace {
 

@@ -18,7 +18,7 @@ constexpr const wchar_t* kWideClass = L"QuillonTestWindow";
 /// Without a display Wine has windows, but does not minimise them.
 constexpr const char* kNoDisplay = "needs a display, on which windows can be minimised";
 
-/// A minimised window of the class that the first instance's main window is taken to have.
+/// A minimised window with the window class that the first instance's main window is expected to have.
 class MainWindow {
  public:
   explicit MainWindow(const std::wstring& title) {
@@ -43,7 +43,7 @@ class MainWindow {
                              ::GetModuleHandleW(nullptr), nullptr);
   }
 
-  /// Waits until the window is in the foreground: the window manager takes its time. False after five seconds.
+  /// Waits until the window manager has put the window in the foreground. Returns false after five seconds.
   static bool ComesForward(HWND window) {
     for (int i = 0; i < 500 && ::GetForegroundWindow() != window; ++i) {
       Process();
@@ -52,7 +52,7 @@ class MainWindow {
     return ::GetForegroundWindow() == window;
   }
 
-  /// Does what has been posted to this thread's windows.
+  /// Processes the messages posted to this thread's windows.
   static void Process() {
     MSG message = {};
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) ::DispatchMessageW(&message);

@@ -18,7 +18,7 @@ using namespace test;  // builders are what these tests are written in
 
 constexpr std::uint64_t kLength = std::uint64_t{10} << 30U;
 
-/// A file of 10 GiB that begins with these bytes and holds nothing behind them.
+/// A sparse file of 10 GiB that begins with these bytes.
 std::string Sparse(const TempFolder& folder, const char* name, const std::string& start) {
   const std::string path = folder.Write(name, start);
   std::filesystem::resize_file(path, kLength);

@@ -14,7 +14,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// How far a place may be off, the scheduling of a busy machine included.
+/// The allowed deviation of a position, including delays on a busy machine.
 constexpr int kTolerance = 120;
 
 struct Sample {
@@ -23,7 +23,7 @@ struct Sample {
   int length = 0;
   int lengthTolerance = 0;
   std::string picture;  // the answer to "where X source"
-  int rest = 300;       // how long before the end it is entered: a film cannot be in its last group of pictures
+  int rest = 300;       // where playing starts, before the end: a film cannot start in its last group of pictures
 };
 
 /// One file of each type, made once.
@@ -116,7 +116,7 @@ TEST_F(CommandDeviceTest, AFilmThatDoesNotTellItsLengthPlaysToItsEnd) {
   EXPECT_EQ(player_.Error("seek X to 1"), MediaError::kOutOfRange);
   ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3000)));
   EXPECT_NEAR(watch.Elapsed(), 1000, kTolerance);
-  // Now it is known.
+  // The length is known after playing to the end.
   EXPECT_NEAR(player_.Number("status X length"), 1000, kTolerance);
   EXPECT_EQ(player_.Text("status X position"), player_.Text("status X length"));
   ASSERT_EQ(player_.Error("play X"), kDone);

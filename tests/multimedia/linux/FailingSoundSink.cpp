@@ -12,7 +12,7 @@ namespace {
 constexpr const char* kReplacedName = "pulsesink";
 constexpr int kGoodBlocks = 2;
 
-// The elements are GStreamer's, and fail on its threads.
+// Atomic, because the elements fail on GStreamer's threads.
 std::atomic<int>& FailureCount() {
   static std::atomic<int> count;
   return count;
@@ -86,8 +86,8 @@ void InitializeEndlessSink(GTypeInstance* instance, gpointer /*type*/) {
   gst_pad_add_probe(pad.get(), kEvents, OnEvent, nullptr, nullptr);
 }
 
-/// A kind of GStreamer's silent sink, registered for as long as the program runs: its class keeps to the factory of its
-/// first element.
+/// Registers a variant of GStreamer's silent sink until the program ends, because its class stays bound to the factory
+/// of its first element.
 GstPluginFeature* MakeFactory(const char* name, GInstanceInitFunc initialize,
                               GClassInitFunc initializeClass = nullptr) {
   const GstOwned<GstElement> silent(GST_ELEMENT(gst_object_ref_sink(gst_element_factory_make("fakesink", nullptr))));

@@ -2,15 +2,15 @@
 
 namespace quillon::test {
 
-/// While it exists, what the program takes for the sound server fails, each time anew.
+/// While it exists, it replaces the sound server's sink with one that fails every time it is used.
 class FailingSoundSink {
  public:
-  /// kItself: at its third block of sound the sink reports that its device is gone. kStream: there it takes no more,
-  /// and whoever sends to it reports that. kNobody: once it has played and is flushed, its stream never comes to an
-  /// end, as it may be with PulseAudio.
+  /// kItself: at its third block of sound the sink reports that its device is gone. kStream: at that block it stops
+  /// accepting data, and the sending element reports the error. kNobody: after it has played and was flushed, its
+  /// stream never ends, as can happen with PulseAudio.
   enum class Blames { kItself, kStream, kNobody };
 
-  /// A test failure when GStreamer does not take it.
+  /// Fails the test when GStreamer does not register it.
   explicit FailingSoundSink(Blames blames);
   FailingSoundSink(const FailingSoundSink&) = delete;
   FailingSoundSink& operator=(const FailingSoundSink&) = delete;

@@ -19,9 +19,9 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr int kTolerance = 300;  // the pipeline is made anew on the way
+constexpr int kTolerance = 300;  // includes the time for restarting the pipeline
 constexpr int kLength = 1500;
-constexpr int kTwoBlocks = 512;  // of 4096 samples, 8000 a second; the third comes when the second is heard
+constexpr int kTwoBlocks = 512;  // milliseconds; the third block (4096 samples, 8000 Hz) arrives when the second one is heard
 
 class FailureTest : public testing::Test {
  protected:
@@ -107,7 +107,7 @@ TEST_F(FailureTest, PreparingGivesUpWhenNothingComes) {
   const std::string path = folder_.At("fifo");
   ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
   ASSERT_TRUE(StartGStreamer());
-  // Kept open for writing, so that a reader neither waits for a writer nor comes to an end; closed before the pipeline.
+  // Kept open for writing, so that a reader neither waits for a writer nor reaches the end; closed before the pipeline.
   Pipeline pipeline(path);
   const Descriptor writer(::open(path.c_str(), O_RDWR | O_CLOEXEC));
   ASSERT_TRUE(writer.Open());

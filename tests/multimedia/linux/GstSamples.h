@@ -9,7 +9,7 @@ enum class AviCodec { kMpeg4, kMotionJpeg, kUncompressed };
 
 /// An MPEG-1 program stream. A test failure when it cannot be made.
 void MakeMpeg(const std::string& path, int milliseconds);
-/// The pictures of such a file as they are, without packs, time stamps or sound.
+/// Only the video stream of such a file, without packs, time stamps or sound.
 void MakeMpegPictures(const std::string& path, int milliseconds);
 void MakeAvi(const std::string& path, int milliseconds, AviCodec codec);
 

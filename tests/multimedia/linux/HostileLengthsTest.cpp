@@ -27,13 +27,13 @@ struct Shape {
   std::string pattern;
 };
 
-/// The head of a chunk without an end.
+/// The header of a chunk that never ends.
 std::string EndlessTrack() {
   return MidiHeader(1, 1, 480) + "MTrk\xFF\xFF\xFF\xFF";
 }
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr int kLongest = 10000;  // milliseconds: every access is checked
+constexpr int kLongest = 10000;  // milliseconds; sanitizers check every access
 #else
 constexpr int kLongest = 1000;  // milliseconds
 #endif
@@ -66,7 +66,7 @@ TEST(HostileLengths, DamageWithoutAnEndEndsTheStream) {
   const struct {
     const char* damage;
     int milliseconds;
-  } cases[] = {{"\xFF", 2612}, {"x", 2612}, {"\xFF\xFB\x90x", 2638}};  // the first of those headers is a frame's
+  } cases[] = {{"\xFF", 2612}, {"x", 2612}, {"\xFF\xFB\x90x", 2638}};  // the first of those headers is that of a frame
   for (const auto& c : cases) {
     PatternFile file(10240 * kMiB, Mp3Audio(100), c.damage);
     const Stopwatch watch;

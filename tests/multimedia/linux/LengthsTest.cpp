@@ -34,7 +34,7 @@ std::string Tempo(unsigned ticks, unsigned microseconds) {
   return Bytes({ticks}) + MetaEvent(0x51, BigEndian(microseconds, 3));
 }
 
-/// Frames of 32 kbit/s, as long as those of Mp3Audio and a quarter of their size.
+/// Frames of 32 kbit/s: the same duration as those of Mp3Audio, at a quarter of their size.
 std::string ThinFrames(int count) {
   constexpr std::size_t kFrameLength = 104;
   std::string frames;
@@ -55,7 +55,7 @@ TEST(MpegAudioLength, GoesOnBehindDamageAndLeavesOutWhatWasCutOff) {
 }
 
 TEST(MpegAudioLength, FindsTheNextFrameAnywhereBehindATear) {
-  // Around the ends of what is searched at once and of what is read at once.
+  // Lengths around the ends of the parts that are searched or read at once.
   for (const std::size_t length : {1U, 416U, 417U, 65000U, 65536U, 131072U, 241000U, 245000U, 262144U, 1000000U}) {
     EXPECT_EQ(AudioLength(Mp3Audio(50) + std::string(length, '\xFF') + Mp3Audio(50)), 2612) << length;
     EXPECT_EQ(AudioLength(Mp3Audio(50) + std::string(length, '\0') + Mp3Audio(50)), 2612) << length;
@@ -138,8 +138,8 @@ TEST(FlatMidi, DamageAndIllegalMessagesEndNothingButTheirOwnTrack) {
 }
 
 TEST(FlatMidi, RefusesWhatMakesNoSense) {
-  // Pauses of the greatest length there is, at the slowest tempo and one tick a quarter note: 142 years each. There are
-  // numbers for 24 days of milliseconds.
+  // Pauses of the greatest possible length, at the slowest tempo and one tick per quarter note: 142 years each. An int
+  // holds only 24 days of milliseconds.
   const std::string pause = Bytes({0xFF, 0xFF, 0xFF, 0x7F, 0xC0, 1});
   const std::string slowest = Tempo(0, 0xFFFFFF);
   EXPECT_EQ(SongLength(MidiFile(0, 1, {MidiTrack(slowest + pause + pause + pause)})), std::nullopt);
@@ -189,7 +189,7 @@ TEST(MpegProgramLength, LeavesOtherFilesToOthers) {
   }
 }
 
-// WAVE files that end in a bit of a chunk.
+// WAVE files that end with an incomplete chunk header.
 
 TEST(WaveLengthWithoutRest, IsTheEndOfTheLastWholeChunk) {
   const std::string wave = WaveFile(100);

@@ -36,7 +36,7 @@ class PictureTest : public testing::Test {
 
   MediaStatus GiveWindow() { return player_.Error("window X handle " + std::to_string(window_->Handle())); }
 
-  /// Waits until the seven bars fill the rectangle and stand nowhere else.
+  /// Waits until the seven bars fill the rectangle and are nowhere else.
   [[nodiscard]] testing::AssertionResult ShowsBarsIn(int left, int top, int width, int height) const {
     std::string seen;
     const Stopwatch watch;
@@ -48,7 +48,7 @@ class PictureTest : public testing::Test {
     return testing::AssertionFailure() << "the bars are " << seen;
   }
 
-  /// One letter for the colour in the middle of each bar; "?" for none of them.
+  /// One letter for the colour in the middle of each bar; "?" for any other colour.
   [[nodiscard]] std::string BarsIn(int left, int top, int width, int height) const {
     std::string bars;
     for (int i = 0; i < 7; ++i) {

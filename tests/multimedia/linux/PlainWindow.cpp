@@ -7,7 +7,7 @@
 namespace quillon::test {
 namespace {
 
-/// libX11 is loaded, not linked, as the program does it.
+/// Loads libX11 at run time, like the program.
 template <class Function>
 Function* Find(const SharedLibrary& library, const char* name) {
   return reinterpret_cast<Function*>(library.Symbol(name));
@@ -38,7 +38,7 @@ class XPlainWindow final : public PlainWindow {
     if (x_.openDisplay != nullptr) display_ = x_.openDisplay(nullptr);
     if (display_ == nullptr) return;
     XSetWindowAttributes attributes = {};
-    attributes.override_redirect = True;  // no frame, and where it is put
+    attributes.override_redirect = True;  // no frame, and exactly at the given position
     attributes.event_mask = ButtonPressMask;
     attributes.background_pixel = 0x808080;
     window_ = x_.createWindow(display_, x_.defaultRootWindow(display_), 20, 20, static_cast<unsigned>(width),
@@ -82,7 +82,7 @@ class XPlainWindow final : public PlainWindow {
   bool GetsClicksOfItsChild() override {
     XEvent event = {};
     event.xbutton.type = ButtonPress;
-    event.xbutton.window = window_;  // whoever is told, this is what it says
+    event.xbutton.window = window_;  // the event's content, regardless of its receiver
     event.xbutton.button = Button3;
     event.xbutton.same_screen = True;
     x_.sendEvent(display_, FirstChild(), True, ButtonPressMask, &event);

@@ -6,7 +6,7 @@
 
 namespace quillon::test {
 
-/// A window of another program's kind: on a connection of its own, drawn into by nobody but whom it is given to.
+/// A window like another program's: on a separate X connection, drawn into only by the player that gets its number.
 class PlainWindow {
  public:
   /// Null without a display.
@@ -18,13 +18,13 @@ class PlainWindow {
   virtual ~PlainWindow() = default;
 
   [[nodiscard]] virtual std::uint64_t Handle() const = 0;
-  /// The pixel as red, green and blue, 0xRRGGBB, with all that is drawn over the window.
+  /// The pixel's colour on the screen as 0xRRGGBB, including everything drawn over the window.
   [[nodiscard]] virtual std::uint32_t Pixel(int x, int y) const = 0;
-  /// Of the window's first child, as "left top width height"; empty without one.
+  /// The rectangle of the window's first child as "left top width height"; empty without a child.
   [[nodiscard]] virtual std::string Child() const = 0;
-  /// Clicks into the window's first child; true when the window itself is told.
+  /// Clicks on the window's first child; true when the window itself gets the click.
   virtual bool GetsClicksOfItsChild() = 0;
-  /// Hides everything that is drawn and shows it again.
+  /// Covers the window and uncovers it again.
   virtual void CoverForAMoment() = 0;
   virtual void Destroy() = 0;
 };

@@ -24,7 +24,7 @@ class Player {
   /// Under the alias "X".
   MediaStatus Open(const std::string& path) { return Error("Open \"" + path + "\" alias X"); }
 
-  /// Until X is in the mode; false when it is not within the time.
+  /// Waits until X is in the mode; false when the time is up.
   bool WaitForMode(const std::string& mode, std::chrono::milliseconds limit);
 
  private:

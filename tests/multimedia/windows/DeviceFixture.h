@@ -19,7 +19,7 @@
 
 namespace quillon::test {
 
-/// A device, and what is asked of it in short.
+/// A device with short forms of its commands.
 class DeviceFixture : public ::testing::Test {
  protected:
   using Clock = std::chrono::steady_clock;
@@ -55,7 +55,7 @@ class DeviceFixture : public ::testing::Test {
     return Await([&] { return Mode() == "stopped"; });
   }
 
-  /// Without a sound device sounds open, but their time does not pass.
+  /// Without a sound device sounds can be opened, but their position does not advance.
   static bool HasSound() { return waveOutGetNumDevs() > 0; }
   static constexpr const char* kNoSound = "there is no sound device: see scripts/with-sound.sh";
 

@@ -11,7 +11,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// A film whose picture moves, in a window of its own: scripts/media-samples.sh makes it.
+/// Shows a film with a moving picture, made by scripts/media-samples.sh, in a separate window.
 class PictureTest : public DeviceFixture {
  protected:
   static constexpr int kWidth = 320;
@@ -45,7 +45,7 @@ class PictureTest : public DeviceFixture {
     ASSERT_TRUE(Until([&] { return Position() > position; })) << Position();
   }
 
-  /// The film's window belongs to this thread: it lives by its messages.
+  /// Waits while processing messages, because this thread owns the film's window.
   static void Wait(milliseconds time) {
     for (const auto end = Clock::now() + time; Clock::now() < end;) {
       MSG message;
@@ -62,7 +62,7 @@ class PictureTest : public DeviceFixture {
     return true;
   }
 
-  /// What a person sees in the window's upper left part.
+  /// The pixels on the screen in the window's upper left part.
   [[nodiscard]] std::vector<std::uint32_t> Shot(int width = kWidth, int height = kHeight) const {
     POINT place = {0, 0};
     ClientToScreen(window_, &place);
@@ -84,7 +84,7 @@ class PictureTest : public DeviceFixture {
     return shot;
   }
 
-  /// On a busy machine pictures are left out.
+  /// Compares several times, because pictures are skipped on a busy machine.
   [[nodiscard]] bool PictureMoves(int width = kWidth, int height = kHeight,
                                   milliseconds limit = milliseconds(1500)) const {
     const std::vector<std::uint32_t> first = Shot(width, height);
@@ -147,7 +147,7 @@ TEST_F(PictureTest, ThePositionGoesOnFromEachPause) {
   EXPECT_NEAR(static_cast<double>(Position()), 1000, 50);
 }
 
-/// What makes up for Wine's faults is seen by the faults being there without it.
+/// The workarounds for Wine's faults are tested by observing the faults without them.
 TEST_F(PictureTest, OnlyOnWineOtherAnswersThanTheSystemsAreGiven) {
   if (!RunsUnderWine()) GTEST_SKIP() << "Windows' own answers are the right ones";
   for (const bool makesUp : {true, false}) {

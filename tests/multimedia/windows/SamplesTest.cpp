@@ -37,7 +37,7 @@ class SamplesTest : public DeviceFixture {
     return window != nullptr && DestroyWindow(window) != 0;
   }
 
-  /// From the start to the end by way of a pause and a seek.
+  /// Plays from start to end, with a pause and a seek in between.
   void PlayThrough(const std::string& name) {
     ASSERT_EQ(OpenSample(name), kDone);
     EXPECT_NEAR(static_cast<double>(Length()), 3000, 150);

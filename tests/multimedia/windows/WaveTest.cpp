@@ -138,7 +138,7 @@ TEST_F(WaveTest, AnyNameAndLengthOfPathOpens) {
   }
 }
 
-/// Not by DirectShow, as what the device of the extension does not open.
+/// It must not fall back to DirectShow, which opens files that the extension's device does not open.
 TEST_F(WaveTest, APathOfMoreThan260CharactersOpensByItsDevice) {
   const std::string longFolder(90, 'd');
   const std::string path = Wave(1000, longFolder + "/" + longFolder + "/" + longFolder + "/長い 曲.wav");

@@ -1,9 +1,9 @@
-// Says what the windows of a program show, for tests that drive it from outside.
+// Prints the contents of a program's windows, for tests that drive it from outside.
 //
 // usage: WindowReader EXE-NAME
 //
-// Prints one JSON array: every visible or minimised top-level window of the processes whose file has this name, with
-// its class, title, place and controls; the rows of list views and the panels of status bars are among them.
+// Prints one JSON array with every visible or minimised top-level window of the processes whose file has this name: its
+// class, title, rectangle and controls, including the rows of list views and the panels of status bars.
 
 #include <windows.h>
 
@@ -37,14 +37,14 @@ std::string ToUtf8(const std::wstring& wide) {
   return text;
 }
 
-/// Messages wait no longer than this for a program that is busy: 0 then.
+/// Sends a message with a time limit, in case the program is busy; returns 0 then.
 LRESULT Ask(HWND window, UINT message, WPARAM first, LPARAM second) {
   DWORD_PTR answer = 0;
   if (::SendMessageTimeoutW(window, message, first, second, SMTO_ABORTIFHUNG, kPatienceMs, &answer) == 0) return 0;
   return static_cast<LRESULT>(answer);
 }
 
-/// A number as the parameter of a message, and a place in the other process as one.
+/// Convert a number, or an address in the other process, to a message parameter.
 LPARAM AsParameter(const void* remote) {
   return reinterpret_cast<LPARAM>(remote);
 }
@@ -61,7 +61,7 @@ std::string TextOf(HWND window) {
   return ToUtf8({text.data(), static_cast<std::size_t>(length)});
 }
 
-/// Memory in the process of a window, for messages that want a structure there.
+/// Memory in the process of a window, for messages that need a structure there.
 class RemoteMemory {
  public:
   RemoteMemory(HWND window, std::size_t size) {
@@ -103,7 +103,7 @@ class RemoteMemory {
   char* place_ = nullptr;
 };
 
-constexpr std::size_t kTextOffset = 256;  // behind any structure
+constexpr std::size_t kTextOffset = 256;  // behind the largest structure
 constexpr std::size_t kRemoteSize = kTextOffset + kLongestText * sizeof(wchar_t);
 
 int ColumnCount(HWND list) {
@@ -119,7 +119,7 @@ std::string CellText(HWND list, const RemoteMemory& memory, int row, int column)
   memory.Put(item);
   const LRESULT length = Ask(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), AsParameter(memory.Place()));
   if (length == 0) return {};
-  // The list view may have put its own place there instead of copying.
+  // Instead of copying the text, the list view may have set the pointer to its own buffer.
   const auto* text = reinterpret_cast<const char*>(memory.Get<LVITEMW>().pszText);
   return memory.GetText(static_cast<std::size_t>(text - memory.Place()));
 }

@@ -28,7 +28,7 @@ TEST(CaseIgnoringVolume, AChangeOfLetterCaseIsCarriedOut) {
   const int result = RunInChild([&] {
     if (!RunTool({"mkfs.vfat", image})) return kCannotSetUp;
     if (!MountPrivately("tmpfs", "none", mounted, "size=8m")) return kCannotSetUp;
-    // The system's own tool finds a loop device by itself; mounted on top, it goes with the process.
+    // mount finds a free loop device itself. The mount ends with the process's namespace.
     if (!RunTool({"mount", "-o", "loop", image, mounted})) return kCannotSetUp;
     return RenameOnFat(mounted);
   });

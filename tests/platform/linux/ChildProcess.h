@@ -6,25 +6,26 @@
 
 namespace quillon::test {
 
-/// What RunInChild returns for a child that did not return.
+/// The result of RunInChild for a child that did not exit normally.
 inline constexpr int kDied = -1;
-/// What a child returns when it cannot set up what it needs.
+/// A child's result when its setup fails.
 inline constexpr int kCannotSetUp = 100;
 
-/// Runs `work` in a process of its own, so that what it does to the process (limits, user, environment, streams) stays
-/// there. Returns what it returned, 0 to 125.
+/// Runs `work` in a child process, so that its changes to the process (limits, user, environment, streams) do not
+/// affect this one. Returns the result of `work`, 0 to 125.
 [[nodiscard]] int RunInChild(const std::function<int()>& work);
 
-/// The same as an ordinary user, for whom permissions count.
+/// The same as an ordinary user, to whom permissions apply.
 [[nodiscard]] int RunAsOrdinaryUser(const std::function<int()>& work);
 
-/// Runs a program, its output dropped. Its exit code; kCannotSetUp when it is missing.
+/// Runs a program, discarding its output. Returns its exit code; kCannotSetUp when it is missing.
 [[nodiscard]] int RunProgram(const std::vector<std::string>& words);
 
-/// The same for a program of the system. False when it is missing or fails.
+/// The same for a system tool. Returns false when it is missing or fails.
 [[nodiscard]] bool RunTool(const std::vector<std::string>& words);
 
-/// Mounts a volume over a folder for this process and its children alone. False where that is not allowed.
+/// Mounts a volume over a folder, visible only to this process and its children. Returns false where that is not
+/// allowed.
 [[nodiscard]] bool MountPrivately(const char* kind, const std::string& source, const std::string& folder,
                                   const char* options);
 

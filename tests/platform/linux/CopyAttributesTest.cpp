@@ -25,7 +25,7 @@ constexpr const char* kAccessList = "system.posix_acl_access";
 constexpr const char* kDefaultList = "system.posix_acl_default";
 constexpr unsigned kSomebody = 12;
 
-/// An access list's bytes: the owner and somebody else may read and write, all others nothing.
+/// The bytes of an access list: the owner and one other user may read and write, everybody else nothing.
 std::string ListOf(unsigned owningGroup, unsigned mask) {
   std::string bytes(sizeof(posix_acl_xattr_header), '\0');
   const posix_acl_xattr_header header = {POSIX_ACL_XATTR_VERSION};
@@ -62,7 +62,7 @@ mode_t ModeOf(const std::string& path) {
   return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777u : 0;
 }
 
-/// Copies the attributes to a file that is made as a copy is.
+/// Copies the attributes to a file that is created like a copy.
 NotKept Copy(const std::string& from, const std::string& to) {
   const Descriptor source(::open(from.c_str(), O_RDONLY | O_CLOEXEC));
   const Descriptor copy(::open(to.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
@@ -78,8 +78,8 @@ class CopiedAttributes : public testing::Test {
     ASSERT_EQ(::chmod(from_.c_str(), 0640), 0);
   }
 
-  /// The same on a volume in memory that has neither access lists nor attributes, as a child process sees it. Returns
-  /// the copy's mode plus kTold... for what was told; kCannotSetUp where no volume can be mounted.
+  /// The same in a child process, on a volume in memory without access lists and attributes. Returns the copy's mode
+  /// plus kTold... for what was reported as not kept; kCannotSetUp where no volume can be mounted.
   [[nodiscard]] int CopyToBareVolume(NotKept expected, mode_t expectedMode) const {
     return RunInChild([&] {
       if (!MountPrivately("ramfs", "none", bare_, "")) return kCannotSetUp;
@@ -155,7 +155,7 @@ TEST_F(CopiedAttributes, AFileThatIsReplacedWholeKeepsItsAccessList) {
   EXPECT_EQ(ModeOf(from_), 0660U);
 }
 
-// As a volume answers that keeps one mode and one time for all files.
+// Simulates a volume with one mode and one time for all files.
 TEST_F(CopiedAttributes, TimesAndPermissionsThatCannotBeSetAreTold) {
   if (::geteuid() != 0) GTEST_SKIP() << "a file of somebody else can only be made by root";
   ASSERT_EQ(::chmod(from_.c_str(), 0644), 0);

@@ -23,7 +23,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What happens between the steps of a move.
+/// Actions between the steps of a move.
 struct Disturbances {
   std::function<void()> afterOpening = [] {};
   std::function<void()> afterCopying = [] {};
@@ -61,7 +61,7 @@ class DisturbedSteps final : public CopySteps {
   LinuxCopySteps steps_;
 };
 
-/// Moves "here/song" to "there/song", by copying although both folders are on one volume.
+/// Moves "here/song" to "there/song" by copying, although both folders are on one volume.
 class CopyStepsOfTheSystem : public testing::Test {
  protected:
   void SetUp() override {
@@ -139,7 +139,7 @@ TEST_F(CopyStepsOfTheSystem, KeepAFileThatHasTakenTheSourcesPlace) {
   ExpectBothKept("another");
 }
 
-// What is written between the last look and the deletion would be lost.
+// Otherwise, data written between the last check and the deletion would be lost.
 TEST_F(CopyStepsOfTheSystem, KeepASourceThatSomebodyHasOpenForWriting) {
   for (const bool fromTheStart : {true, false}) {
     std::optional<Descriptor> writer;
@@ -221,7 +221,7 @@ TEST_F(CopyStepsOfTheSystem, DeleteNothingButTheCopyItself) {
   EXPECT_FALSE(fs::exists(steps.Temporary()));
 }
 
-// The system ends a process that writes too large a file, in the middle of copying.
+// A file size limit makes the system kill the process in the middle of copying.
 TEST_F(CopyStepsOfTheSystem, WhatAKilledMoveLeavesIsPrivateAndGoesAfterADay) {
   folder_.Write("here/song", std::string(100'000, 'x'));
   ASSERT_EQ(::chmod(folder_.At("here/song").c_str(), 0666), 0);

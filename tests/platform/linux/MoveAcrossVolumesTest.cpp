@@ -43,7 +43,7 @@ struct stat StatusOf(const std::string& path) {
   return status;
 }
 
-/// A folder on the volume in memory, the other volume that nearly every Linux system has.
+/// A folder on the volume in memory, which nearly every Linux system has as a second volume.
 class MoveAcrossVolumes : public testing::Test {
  protected:
   void SetUp() override {
@@ -78,7 +78,7 @@ TEST_F(MoveAcrossVolumes, TheFileIsThereWithItsContentAndNoLongerHere) {
   EXPECT_THAT(NamesThere(), testing::ElementsAre("曲.mid"));
 }
 
-/// Ends the copying when so many bytes are copied.
+/// Cancels the copying after this many bytes.
 struct Until final : CopyProgress {
   explicit Until(std::uint64_t bytes) : limit(bytes) {}
   bool Continue(std::uint64_t copied) override {

@@ -23,7 +23,7 @@ void PrintTo(const Way& way, std::ostream* out) {
   *out << way.name;
 }
 
-/// Whatever a file system makes necessary, the answers are the same.
+/// All ways to rename give the same results.
 class NoReplace : public testing::TestWithParam<Way> {
  protected:
   int Rename(const char* from, const char* to) const { return GetParam().rename(folder_.At(from), folder_.At(to)); }
@@ -96,7 +96,7 @@ TEST(RenameOverPlaceholder, MakesNothingOnAnotherVolume) {
   const std::string old = folder.Write("old", "content");
   std::string there = "/dev/shm/quillon-test-XXXXXX";
   if (::mkdtemp(there.data()) == nullptr) GTEST_SKIP() << "/dev/shm cannot be written";
-  // Where nothing could be deleted, an empty file would stay.
+  // If nothing can be deleted, an empty file could be left behind.
   struct stat before = {};
   struct stat after = {};
   ASSERT_EQ(::stat(there.c_str(), &before), 0);

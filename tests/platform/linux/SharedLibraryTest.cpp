@@ -17,12 +17,13 @@ namespace {
 constexpr const char* kMark = "QUILLON_TEST_FOLDER";
 constexpr const char* kPlanted = "libquillon-planted.so";
 
-/// The dynamic linker reads its search path once, at a process's start: each test runs again in a process that has its
-/// own.
+/// The dynamic linker reads its search path once, when a process starts. So each test is run again in a new process
+/// with its own search path.
 class PlantedLibrary : public testing::Test {
  protected:
-  /// The folder of the planted library, the current one, in the process whose LD_LIBRARY_PATH is `searched`, "@" for
-  /// that folder; nullopt in the other one, which takes over that one's verdict.
+  /// In the new process, whose LD_LIBRARY_PATH is `searched` ("@" stands for the folder), returns the current folder,
+  /// which contains the planted library. In the original process returns nullopt and takes over the new process's
+  /// result.
   static std::optional<std::string> InProcessWith(std::string searched) {
     if (const char* folder = std::getenv(kMark)) return folder;
     const TempFolder folder;

@@ -14,8 +14,8 @@
 #include "platform/linux/Descriptor.h"
 #include "support/TempFolder.h"
 
-/// What may stand in a small file's place besides a file: read it must not be taken for empty, written it must not be
-/// replaced, and neither may wait for somebody at the other end.
+/// Special files in place of a small file: reading must not treat them as empty, writing must not replace them, and
+/// neither may wait for another process.
 namespace quillon::test {
 namespace {
 

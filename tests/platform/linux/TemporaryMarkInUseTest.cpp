@@ -33,7 +33,7 @@ TEST(TemporaryMarkInUse, HoldsItsTextAndStaysWithItsFileHoweverOld) {
 
 constexpr const char* kName = ".quillon-0123456789ab";
 
-/// Somebody's file with a temporary file's name, and beside it something that only looks like a mark.
+/// Another program's file with a temporary file's name, beside something that only looks like a mark.
 class NoMarks : public testing::Test {
  protected:
   void ExpectAllStays() const {
@@ -56,13 +56,13 @@ TEST_F(NoMarks, AreLinksToAFileWithTheText) {
   ExpectAllStays();
 }
 
-// Opening one would wait until somebody writes.
+// Opening a pipe would wait for a writer.
 TEST_F(NoMarks, ArePipes) {
   ASSERT_EQ(::mkfifo(mark_.c_str(), 0600), 0);
   ExpectAllStays();
 }
 
-// What is read from this one is as empty as a mark whose making was interrupted.
+// Reading this device gives no bytes, like a mark whose creation was interrupted.
 TEST_F(NoMarks, AreDevices) {
   if (::mknod(mark_.c_str(), S_IFCHR | 0600, makedev(1, 3)) != 0) GTEST_SKIP() << "no device can be made without root";
   ExpectAllStays();

@@ -10,7 +10,7 @@
 namespace quillon::test {
 namespace {
 
-// A question mark: not every processor has the call.
+// "?" means optional: not every processor has the call.
 constexpr const char* kCalls =
     "trace=openat,write,pread64,fsync,?fdatasync,close,?rename,?renameat,renameat2,?unlink,unlinkat,fchmod,fchown,?"
     "stat,"
@@ -48,7 +48,7 @@ bool CanTrace() {
 Trace RunTraced(const std::vector<std::string>& words, const std::string& fault) {
   const TempFolder folder;
   const std::string log = folder.At("log");
-  // Under a tracer the address sanitizer cannot look for leaks.
+  // The address sanitizer cannot detect leaks in a traced process.
   std::vector<std::string> command = {"timeout", "20",  "strace", "-qq", "-o", log, "-E", "ASAN_OPTIONS=detect_leaks=0",
                                       "-e",      kCalls};
   if (!fault.empty()) command.insert(command.end(), {"-e", "inject=" + fault});

@@ -6,7 +6,7 @@
 
 namespace quillon::test {
 
-/// One system call as strace writes it down.
+/// One system call from strace's log.
 struct TracedCall {
   std::string name;    ///< "fsync"
   std::string line;    ///< "fsync(3) = 0"
@@ -20,17 +20,17 @@ struct TracedCall {
 
 struct Trace {
   int exitCode = 0;
-  std::vector<TracedCall> calls;  ///< those about files, in their order
+  std::vector<TracedCall> calls;  ///< the calls about files, in order
 };
 
-/// False where programs may not be watched (some containers) or strace is missing.
+/// False where tracing is not permitted (some containers) or strace is missing.
 [[nodiscard]] bool CanTrace();
 
-/// Runs a program under strace. `fault` makes one call fail, in strace's words ("fsync:error=EIO:when=1"); empty for
-/// none. A program that does not end is stopped after a while; its exit code is 124 then.
+/// Runs a program under strace. `fault` makes one call fail, in strace's syntax ("fsync:error=EIO:when=1"); empty for
+/// none. A program that does not end is killed after a while, with exit code 124.
 [[nodiscard]] Trace RunTraced(const std::vector<std::string>& words, const std::string& fault = {});
 
-/// The fault that lets this very call fail, when the same program runs again: `how` is "error=EIO" or "retval=0".
+/// The fault that makes this call fail when the same program is run again; `how` is "error=EIO" or "retval=0".
 [[nodiscard]] std::string FaultOf(const TracedCall& call, const std::string& how);
 
 }  // namespace quillon::test

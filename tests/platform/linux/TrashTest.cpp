@@ -17,11 +17,12 @@
 namespace quillon::test {
 namespace {
 
-/// GIO looks up the user's folders once per process, perhaps already for another test, so that each test here runs once
-/// more in a new process with a home of its own. The tester's real trash stays as it is.
+/// GIO reads the user's folders once per process, perhaps already for another test. So each test here is run again in a
+/// new process with a private home, which also protects the tester's real trash.
 class Trash : public testing::Test {
  protected:
-  /// True in the process with its own home; in the other one the verdict of that process is taken over.
+  /// Returns true in the process with the private home. In the original process returns false and takes over that
+  /// process's result.
   static bool InOwnHome() {
     if (std::getenv(kMark) != nullptr) return true;
     const TempFolder home;

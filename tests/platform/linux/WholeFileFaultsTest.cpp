@@ -20,7 +20,7 @@ constexpr int kTooLarge = 3;
 constexpr int kReplaced = 0;
 constexpr int kFailed = 4;
 
-/// A small file, and a program beside the tests that reads or replaces it while somebody watches.
+/// A small file, and a separate program that reads or replaces it under strace.
 class WholeFileFaults : public testing::Test {
  protected:
   void SetUp() override {
@@ -47,7 +47,7 @@ class WholeFileFaults : public testing::Test {
   std::string path_ = folder_.Write("file.ini", "old");
 };
 
-/// The calls of one replacing that matter, by what they do; an empty name for one that was not made.
+/// The relevant calls of one replacement, by purpose; a call that was not made has an empty name.
 struct ReplaceCalls {
   explicit ReplaceCalls(const Trace& trace) {
     int file = -1;
@@ -172,7 +172,7 @@ TEST_F(WholeFileFaults, WhatCannotBeLookedAtIsNotReplaced) {
   }
 }
 
-/// The calls of one reading.
+/// The calls of one read.
 struct ReadCalls {
   explicit ReadCalls(const Trace& trace) {
     int file = -1;

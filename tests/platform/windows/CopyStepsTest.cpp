@@ -19,8 +19,8 @@ std::wstring Wide(const std::string& path) {
   return ToWide(path).value_or(L"");
 }
 
-/// Moves "here\\song" to "there\\song", by copying although both folders are on one volume; step by step, so that
-/// something can happen between the steps.
+/// Moves "here\\song" to "there\\song" by copying, although both folders are on one volume; step by step, so that tests
+/// can act between the steps.
 class CopyStepsOfTheSystem : public testing::Test {
  protected:
   void SetUp() override {
@@ -127,7 +127,7 @@ bool SetAccessList(const std::string& path, const wchar_t* list) {
 }
 
 TEST_F(CopyStepsOfTheSystem, TheAccessListsOwnEntriesAreKept) {
-  // Everything for the owner, nothing for others.
+  // Full access for the owner, none for others.
   ASSERT_TRUE(SetAccessList(from_, L"D:P(A;;FA;;;OW)(A;;FA;;;BA)"));
   const std::wstring list = AccessListOf(from_);
   const std::string other = folder_.Write("there/other", "");
@@ -139,7 +139,7 @@ TEST_F(CopyStepsOfTheSystem, TheAccessListsOwnEntriesAreKept) {
   EXPECT_EQ(AccessListOf(to_), list);
 }
 
-/// Keeps a file to itself for a moment, as a scanner does.
+/// Opens a file exclusively for a moment, like a virus scanner.
 class Scanner {
  public:
   Scanner(const std::string& path, DWORD milliseconds)

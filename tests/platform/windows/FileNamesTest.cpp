@@ -34,7 +34,7 @@ int NumberOf(const FileOutcome& outcome) {
   return outcome ? outcome->number : 0;
 }
 
-// Makes a file under a name that ordinary calls would change; false when the volume cannot hold it.
+// Creates a file under a name that ordinary calls would change; false when the volume does not support the name.
 bool MakeLiterally(const std::string& path) {
   return Handle(::CreateFileW(SystemPath(path)->c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr)).Open();
 }

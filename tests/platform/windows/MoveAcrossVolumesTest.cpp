@@ -28,7 +28,8 @@ WIN32_FILE_ATTRIBUTE_DATA DataOf(const std::string& path) {
   return data;
 }
 
-/// Under Wine drive Z: is the whole Linux system, with a volume in memory that is never the temporary folder's.
+/// Under Wine drive Z: is the Linux root folder, which contains a volume in memory; the temporary folder is never on
+/// it.
 class MoveAcrossVolumes : public testing::Test {
  protected:
   void SetUp() override {
@@ -76,7 +77,7 @@ TEST_F(MoveAcrossVolumes, TheFileIsThereWithItsTimesAndNoLongerHere) {
   EXPECT_EQ(CountThere(), 1U);
 }
 
-/// Ends the copying, or throws, when so many bytes are copied.
+/// Cancels the copying, or throws, after this many bytes.
 struct Ending final : CopyProgress {
   Ending(std::uint64_t bytes, bool byThrowing) : limit(bytes), throws(byThrowing) {}
   bool Continue(std::uint64_t copied) override {
@@ -88,7 +89,7 @@ struct Ending final : CopyProgress {
   bool throws;
 };
 
-// Wine copies a whole file at once: there the middle of it comes at its end.
+// Wine copies a whole file at once, so under Wine the copying is cancelled at its end.
 TEST_F(MoveAcrossVolumes, ACancelledCopyLeavesNothingBehind) {
   constexpr std::uint64_t kSize = 3 << 20;
   const std::string content(kSize, 'x');

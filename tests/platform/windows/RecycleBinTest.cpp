@@ -29,9 +29,9 @@ HWND Window(std::intptr_t number) {
   return reinterpret_cast<HWND>(number);
 }
 
-// COM's interfaces have no virtual destructor: who holds one calls Release.
+// COM interfaces have no virtual destructor; they are freed by Release.
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-/// A shell's file operation that does nothing but write down what it is asked, and answers as it is told.
+/// A shell file operation that only records its calls and returns scripted results.
 class RecordedOperation final : public IFileOperation {
  public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
@@ -149,8 +149,8 @@ std::string Content(const fs::path& path) {
   return file ? std::string{std::istreambuf_iterator<char>(file), {}} : "absent";
 }
 
-/// Under Wine the bin is the trash of the Linux desktop, whose folder the environment names: one of the tests' own.
-/// What is moved there is made beside it, as the trash takes files of its own volume only.
+/// Under Wine the recycle bin is the Linux desktop's trash, which the environment sets to a folder of these tests. The
+/// files are made beside it, because the trash only accepts files of its own volume.
 class RecycleBin : public testing::Test {
  protected:
   void SetUp() override {
@@ -175,7 +175,7 @@ class RecycleBin : public testing::Test {
     return folder_ / name;
   }
 
-  /// Of any length, and read as it stands.
+  /// The literal path, of any length.
   static fs::path Literal(const fs::path& path) { return LR"(\\?\)" + path.wstring(); }
 
   static int Recycle(const fs::path& path) {

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 constexpr const char* kPlanted = "QUILLON-PLANTED.DLL";
 constexpr const wchar_t* kMark = L"QUILLON_TEST_KEEPS_TO_OWN_LIBRARIES";
 
-/// A folder that holds a library and is the current one; PATH is the test's own, the program's folder holds no such
+/// The current folder contains a library; PATH is set by the test, and the program's folder does not contain that
 /// library.
 class PlantedLibrary : public testing::Test {
  protected:
@@ -38,7 +38,7 @@ class PlantedLibrary : public testing::Test {
 
   static void SetPath(const std::string& path) { ::SetEnvironmentVariableA("PATH", path.c_str()); }
 
-  /// Loads as the system does for a name alone.
+  /// Loads the library by name only.
   static bool LoadsByName() {
     const HMODULE library = ::LoadLibraryA(kPlanted);
     if (library != nullptr) ::FreeLibrary(library);
@@ -72,7 +72,7 @@ TEST_F(PlantedLibrary, IsFoundInAFolderOfPath) {
   EXPECT_TRUE(SharedLibrary(folder_.At(kPlanted)).Loaded());
 }
 
-// What the program asks for cannot be taken back: in a process of its own.
+// Runs in a separate process, because the setting cannot be undone.
 TEST_F(PlantedLibrary, IsNotLoadedByItsNameOnceTheProgramKeepsToItsOwn) {
   if (::_wgetenv(kMark) == nullptr) {
     ::SetEnvironmentVariableW(kMark, L"1");

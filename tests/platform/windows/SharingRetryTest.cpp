@@ -16,7 +16,7 @@
 namespace quillon::test {
 namespace {
 
-/// Fails this many times with the system's number, then succeeds.
+/// Fails this many times with the system's error number, then succeeds.
 struct Attempts {
   DWORD number = ERROR_SHARING_VIOLATION;
   int failures = 0;
@@ -63,7 +63,7 @@ TEST(SharingRetry, OtherFailuresAreFinal) {
   }
 }
 
-/// A small file that another program keeps to itself, for good or for a moment.
+/// A small file that another program has open exclusively, permanently or for a moment.
 class HeldFile : public testing::Test {
  protected:
   [[nodiscard]] Handle Hold() const {
@@ -79,7 +79,8 @@ class HeldFile : public testing::Test {
     });
   }
 
-  /// Wine's ReplaceFile leaves files of its own when it fails (rf*.tmp); the program's must be gone.
+  /// True when one of the program's temporary files is left. Wine's ReplaceFile leaves its own files (rf*.tmp) when it
+  /// fails; these do not count.
   [[nodiscard]] bool HasTemporary() const {
     const auto entries = MakeFileReads()->ReadFolder(folder_.Path());
     return entries && std::any_of(entries->begin(), entries->end(),

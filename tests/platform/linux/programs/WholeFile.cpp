@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-/// Reads or replaces one small file, for tests that watch the system calls of that or make them fail:
+/// Reads or replaces one small file, for tests that trace its system calls or make them fail:
 ///     quillon_whole_file read PATH             0 read, 1 absent, 2 unreadable, 3 too large
 ///     quillon_whole_file replace PATH TEXT     0 replaced, 4 failed
 int main(int argc, char** argv) {
