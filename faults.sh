@@ -3,7 +3,7 @@
 #                      program at each, and lets somebody else change the files meanwhile: about 4,600 runs
 # ./faults.sh SCENE    the same for one scene ("copy", "rename-by-link", ...)
 #
-# Installs what is missing and builds first. Prints what was run, and fails when a file was lost, torn or left behind.
+# Installs missing packages and builds first. Prints what was run, and fails if a file was lost, torn or left behind.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh

@@ -4,7 +4,7 @@
 # ./package.sh linux    the one for Debian and Ubuntu alone
 # ./package.sh windows  the two for Windows alone
 #
-# Installs what is missing and builds first. The same build gives the same packages.
+# Installs missing packages and builds first. The same build gives the same packages.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
@@ -19,7 +19,7 @@ case "${1:-all}" in
   *) fail "unknown argument '$1' (see --help)" ;;
 esac
 
-# run_quietly LOG COMMAND...: shows what it wrote only when it fails.
+# run_quietly LOG COMMAND...: shows the command's output only if it fails.
 run_quietly() {
   local log=$1
   shift
@@ -29,7 +29,7 @@ run_quietly() {
   }
 }
 
-# The build folder is the one of every day: it is configured as the preset says where it is not yet, and no further.
+# Uses the normal build folder, and only configures it, by the preset, if that has not been done.
 build_contents() {
   local system=$1 log=build/$1/package.log
   say "${system^}: building"
@@ -58,7 +58,7 @@ if [[ " ${systems[*]} " = *" windows "* ]]; then
   scripts/windows-libraries.sh
 fi
 
-# The packages' files are as old as what they are made from.
+# The packages' files get the date of their sources.
 if [ -z "${SOURCE_DATE_EPOCH:-}" ]; then
   SOURCE_DATE_EPOCH=$(git log -1 --format=%ct 2>/dev/null) || SOURCE_DATE_EPOCH=$(stat -c %Y CHANGELOG.md)
 fi

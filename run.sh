@@ -3,8 +3,8 @@
 # ./run.sh --cli [PATH...]                  lists them, and shows what renaming them to their titles would do
 # ./run.sh --screenshot FILE.png [PATH...]  saves a picture of the window with them; needs no display
 #
-# Installs what is missing and builds first. Without a path it works on a folder of sample files. Without a display it
-# does what --cli does. --cli and --screenshot rename nothing.
+# Installs missing packages and builds first. Without a path it uses a folder of sample files. Without a display it
+# works like --cli. --cli and --screenshot rename nothing.
 set -euo pipefail
 top=$(cd "$(dirname "$0")" && pwd)
 . "$top/scripts/common.sh"
@@ -41,7 +41,7 @@ install_packages() {
     window) packages+=("${look_packages[@]}" "${play_packages[@]}") ;;
     screenshot) packages+=("${window_packages[@]}") ;;
   esac
-  # Any Japanese font will do.
+  # Any installed Japanese font is sufficient.
   if [ "$job" != cli ] && command -v fc-list >/dev/null && [ -n "$(fc-list :lang=ja)" ]; then
     mapfile -t packages < <(printf '%s\n' "${packages[@]}" | grep -vx fonts-ipafont-gothic)
   fi

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and runs every test: on Linux, on Linux under the sanitizers, and the Windows build
-# under Wine. `./test.sh --quick` runs the Linux tests alone.
+# Installs missing packages, builds, and runs every test: on Linux, on Linux under the sanitizers, and the Windows build
+# under Wine. `./test.sh --quick` runs only the Linux tests.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
@@ -18,7 +18,7 @@ total_passed=0
 total_failed=0
 total_skipped=0
 
-# Adds up the result files of a build; a program that ended without its file counts as one failure.
+# Adds up the result files of a build; a program without a result file counts as one failure.
 count_results() {
   local suite=$1 folder=build/$2/results expected=$3 passed=0 bad=0 skipped=0 file line
   for file in "$folder"/*.xml; do
@@ -44,14 +44,14 @@ count_results() {
   [ "$skipped" -eq 0 ] || summary+=("$(skip_reasons "$folder")")
 }
 
-# How many tests of a folder of result files were skipped for what reason.
+# Prints the number of skipped tests for each reason, from a folder of result files.
 skip_reasons() {
   grep -hA1 '<skipped ' "$1"/*.xml | sed -n 's/.*<skipped message="\([^"]*\)".*/\1/p' |
     sed 's/^[^ ]*:[0-9]*&#x0A;//; s/&#x0A;.*//' | sort | uniq -c | sed 's/^ *\([0-9]*\)/    \1 x/'
 }
 
-# Most of a suite's time goes by waiting, for windows and for music: what has time runs beside it.
-# beside NAME NICENESS COMMAND...: begins. What something else waits for goes before what can wait until the end.
+# A suite mostly waits for windows and music, so less urgent work runs at the same time. beside NAME NICENESS
+# COMMAND...: starts the command. Work that other steps wait for gets a lower niceness.
 declare -A beside_process beside_log
 trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
 beside() {
@@ -62,7 +62,7 @@ beside() {
   beside_process[$name]=$!
 }
 
-# end_beside NAME: waits for it, and shows what it had to say.
+# end_beside NAME: waits for the command and prints its output.
 end_beside() {
   local status=0
   wait "${beside_process[$1]}" || status=$?
@@ -79,15 +79,15 @@ build_suite() {
   build_preset "$preset" "$@"
 }
 
-# The tests that failed in a result file, as GoogleTest names them, with colons between.
+# The failed tests of result files, as a GoogleTest filter with colons between the names.
 failed_tests() {
   awk '/<testcase /{name = $0; sub(/.*<testcase name="/, "", name); sub(/".*/, "", name)
                     suite = $0; sub(/.* classname="/, "", suite); sub(/".*/, "", suite)}
        /<failure /{if (last != suite "." name) printf "%s%s", separator, last = suite "." name; separator = ":"}' "$@"
 }
 
-# once_more PRESET: windows depend on what else the machine does at that moment. When only tests of windows have failed,
-# these are run once more, and told; what fails again is a failure.
+# once_more PRESET: window tests depend on what else the machine is doing. If only window tests have failed, runs these
+# once more and names them; a second failure counts.
 once_more() {
   local preset=$1 results=build/$1/results log=build/$1/Testing/Temporary/LastTestsFailed.log tests
   grep -qv ':gui-[0-9]*$' "$log" && return 1
@@ -113,7 +113,7 @@ test_suite() {
   rm -rf "build/$preset/results"
   mkdir -p "build/$preset/results"
   say "$name: testing"
-  # Desktop icons and the like need a display and a session bus; windows are tested on displays of their own.
+  # Desktop icons and similar need a display and a session bus; window tests use separate displays.
   scripts/with-display.sh dbus-run-session -- ctest --preset "$preset" -j3 || once_more "$preset" || failed=1
   count_results "$name" "$preset" "$(ctest --preset "$preset" -N | sed -n 's/^Total Tests: //p')"
 }
@@ -133,7 +133,7 @@ else
   test_suite "Linux with sanitizers" linux-asan
   end_beside libraries || fail "the libraries for Windows could not be built"
 
-  # A server that stays up between test programs saves each of them a second. One may be up already.
+  # Keeping the server running saves a second for each test program. One may be running already.
   scripts/wine.sh --server -p600 || true
   build_suite "Windows under Wine" windows
   say "Packages"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds and runs the benchmarks, each beside its floor in one run, and prints the ratios with their goals.
+# Builds and runs the benchmarks, each in one run with its floor, and prints the ratios with their goals.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh

@@ -52,12 +52,13 @@ endif()
 add_library(wx INTERFACE)
 if(WIN32)
   find_package(wxWidgets 3.2 CONFIG REQUIRED COMPONENTS core base)
-  # Only the optimised library is built; a debug build takes the same one, and its setup.h.
+  # Only the optimised library is built; debug builds use it, too, with its setup.h.
   foreach(part wxcore wxbase)
     get_target_property(folders wx::${part} INTERFACE_INCLUDE_DIRECTORIES)
     string(REPLACE "$<$<CONFIG:Debug>:d>" "" folders "${folders}")
     set_target_properties(wx::${part} PROPERTIES INTERFACE_INCLUDE_DIRECTORIES "${folders}")
-    # MinGW's libuuid and liboleacc both define IID_IAccessible: whichever comes first has to have all that is asked for.
+    # MinGW's libuuid and liboleacc both define IID_IAccessible, so the one linked first must provide all needed
+    # symbols.
     get_target_property(libraries wx::${part} INTERFACE_LINK_LIBRARIES)
     set_target_properties(wx::${part} PROPERTIES INTERFACE_LINK_LIBRARIES "uuid;${libraries}")
   endforeach()

@@ -1,5 +1,5 @@
-# Writes ${PROJECT_BINARY_DIR}/generated/PictureData.cpp, which holds the text of every drawing in resources/icons (see
-# src/controls/PictureData.h), and sets `output` to its path. A changed drawing makes the build run CMake again.
+# Writes ${PROJECT_BINARY_DIR}/generated/PictureData.cpp, which contains the text of every SVG file in resources/icons
+# (see src/controls/PictureData.h), and sets `output` to its path. When an SVG file changes, the build runs CMake again.
 function(quillon_picture_source output)
   file(GLOB drawings CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/resources/icons/*.svg)
   list(SORT drawings)
@@ -11,7 +11,7 @@ function(quillon_picture_source output)
   endforeach()
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${drawings})
   set(source ${PROJECT_BINARY_DIR}/generated/PictureData.cpp)
-  # Only the marks are replaced, and the file is written only when it differs.
+  # Only replaces the placeholders, and only writes the file if it differs.
   configure_file(${PROJECT_SOURCE_DIR}/cmake/PictureData.cpp.in ${source} @ONLY)
   set(${output} ${source} PARENT_SCOPE)
 endfunction()

@@ -1,9 +1,9 @@
-# What the product says about itself; its version is the project's. Everything that shows one of these takes it from
-# here: the programs (src/base/Product.h), Windows' version resource, the help file and the packages.
+# The product's name, address and descriptions; its version is the project's. The programs (src/base/Product.h),
+# Windows' version resource, the help file and the packages take them from here.
 set(QUILLON_URL "https://quillon.example.org/")
 set(QUILLON_COPYRIGHT "Copyright (C) 2026 The Quillon developers")
 set(QUILLON_MAINTAINER "The Quillon developers <quillon@quillon.example.org>")
-# What Windows shows of each of the files.
+# The descriptions that Windows shows for the files.
 set(QUILLON_DESCRIPTION_JA "Quillon ファイル名一括変更")
 set(QUILLON_DESCRIPTION_EN "Quillon file renamer")
 set(QUILLON_CLI_DESCRIPTION_JA "Quillon ファイル名一括変更 (コマンドライン)")

@@ -1,5 +1,5 @@
-# Each folder of src/ is a static library that links only the folders below it, so that a call upwards does not link.
-# The windows in its folder "window" are no part of it: see quillon_windows.
+# Each folder of src/ is a static library that links only the folders below it, so that upward calls fail to link. Its
+# folder "window" is not included: see quillon_windows.
 function(quillon_library name folder)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/src/${folder}/*.h)
   add_library(${name} STATIC ${sources})
@@ -8,7 +8,7 @@ function(quillon_library name folder)
   target_link_libraries(${name} PUBLIC ${ARGN})
 endfunction()
 
-# Sources that only one system compiles end in _windows.cpp or _linux.cpp, or stand in a folder of its name.
+# Sources for only one system end with _windows.cpp or _linux.cpp, or lie in a folder with the system's name.
 function(quillon_keep_system_sources list)
   if(WIN32)
     list(FILTER ${list} EXCLUDE REGEX "_linux\\.cpp$")

@@ -1,5 +1,5 @@
-# Gives `target`, whose file is called `resource_file`, its version, what Windows shows of it, its manifest (of
-# resources/windows) and, when it is a program, the icon.
+# Adds Windows resources to `target`, whose file is called `resource_file`: version, descriptions, manifest (from
+# resources/windows) and, for a program, the icon.
 function(quillon_windows_resources target resource_file manifest resource_description_ja resource_description_en)
   set(resources ${PROJECT_SOURCE_DIR}/resources/windows)
   set(generated ${PROJECT_BINARY_DIR}/generated/${target})
@@ -12,7 +12,7 @@ function(quillon_windows_resources target resource_file manifest resource_descri
   if(type STREQUAL "EXECUTABLE")
     set(resource_type VFT_APP)
     set(resource_manifest_id CREATEPROCESS_MANIFEST_RESOURCE_ID)
-    # wxWidgets takes the icon of its windows' class from "aaaa"; Explorer takes the first in the alphabet.
+    # wxWidgets uses the icon "aaaa" for its window class; Explorer uses the alphabetically first one.
     set(resource_icon "aaaa ICON \"${resources}/Quillon.ico\"")
   else()
     set(resource_type VFT_DLL)
@@ -24,6 +24,6 @@ function(quillon_windows_resources target resource_file manifest resource_descri
   set_source_files_properties(${generated}.rc PROPERTIES OBJECT_DEPENDS "${resource_manifest};${resources}/Quillon.ico")
   target_sources(${target} PRIVATE ${generated}.rc)
   if(MSVC)
-    target_link_options(${target} PRIVATE /MANIFEST:NO)  # the resources bring it
+    target_link_options(${target} PRIVATE /MANIFEST:NO)  # it is in the resources
   endif()
 endfunction()

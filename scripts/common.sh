@@ -1,4 +1,4 @@
-# Shared by the scripts: saying what happens, failing with one line, installing packages. Sourced, not run.
+# Shared by the scripts: progress messages, failing with one line, installing packages. Sourced, not run.
 
 say() { printf '\n== %s\n' "$*"; }
 
@@ -17,7 +17,7 @@ as_root() {
   fi
 }
 
-# Installs the named Debian packages that are missing; asks for root only when one is.
+# Installs the named Debian packages that are missing; needs root only if one is.
 need_packages() {
   local missing=() package
   for package in "$@"; do
@@ -33,26 +33,26 @@ need_packages() {
 
 linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev libglib2.0-dev libcli11-dev nlohmann-json3-dev
   libwxgtk3.2-dev libgtk-3-dev libicu-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev)
-# What plays MP3, MIDI, WAVE, MPEG and AVI, and the instruments of MIDI.
+# Plug-ins to play MP3, MIDI, WAVE, MPEG and AVI, and the instruments for MIDI.
 play_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
   gstreamer1.0-x gstreamer1.0-alsa gstreamer1.0-pulseaudio timgm6mb-soundfont)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev libxcb1-dev gstreamer1.0-tools locales libxml2-utils
   util-linux strace fp-utils-3.2.2 libchm-dev libxml2-dev)
-# What the window needs to look as it should, and to be asked whether a display is there.
+# Fonts and icons for the window, and a tool to check for a display.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
-# What tests, pictures and benchmarks of the window need: a display of its own, keys and clicks, accessibility.
+# For tests, pictures and benchmarks of the window: a private display, keys and clicks, accessibility.
 window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotool imagemagick dbus dbus-x11 at-spi2-core python3
   python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0)
-# Sound that nobody hears, for tests in which its time must pass; films and songs to play in them.
+# Inaudible sound for tests that need its time to pass; tools to make films and songs for them.
 sound_packages=(pulseaudio pulseaudio-utils util-linux gstreamer1.0-tools)
 windows_packages=("${sound_packages[@]}" fp-utils-3.2.2 g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
-# What makes the packages (package.sh), and what checks them.
+# Tools to make the packages (package.sh) and to check them.
 package_packages=(file librsvg2-bin nsis fp-utils-3.2.2 lintian devscripts desktop-file-utils appstream debootstrap man-db)
 style_packages=(clang-format clang-tidy)
 
 quillon_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon
 
-# Configures a preset with the further options given, and builds all of it.
+# build_preset PRESET CMAKE-OPTIONS...: configures the preset with the options and builds all targets.
 build_preset() {
   local preset=$1 log
   shift

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the Japanese locale that Wine takes its code page from, when it is missing.
+# Creates the Japanese locale, from which Wine takes its code page, if it is missing.
 set -euo pipefail
 . "$(dirname "$0")/common.sh"
 locale -a | grep -i '^ja_JP.utf-\?8$' >/dev/null && exit 0

@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
 # media-samples.sh FOLDER [SECONDS]: makes short films (160 by 120 pixels, colour bars or a moving ball, and a tone) and
-# songs in the folder, three seconds each, in the forms that the player plays. What is there already is kept, unless it
-# is older than this script. Needs gstreamer1.0-tools, and says so where they are missing: the tests pass over what is
-# not there.
+# songs in the folder, three seconds each, in the formats that the player plays. Existing files are kept unless they are
+# older than this script. Needs gstreamer1.0-tools and prints a message if they are missing: tests skip missing files.
 set -euo pipefail
 folder=${1:?usage: media-samples.sh FOLDER [SECONDS]}
 seconds=${2:-3}
@@ -13,13 +12,13 @@ mkdir -p "$folder"
 picture="videotestsrc num-buffers=$pieces ! video/x-raw,format=I420,width=160,height=120,framerate=25/1"
 tone="audiotestsrc num-buffers=$pieces samplesperbuffer=1764 volume=0.2 ! audio/x-raw,rate=44100,channels=2 ! audioconvert"
 
-# sample NAME PIPELINE: the file is where the pipeline ends. A file that is only half made never has the name.
+# sample NAME PIPELINE: writes the pipeline's output to the file, under a temporary name until it is complete.
 sample() {
   local file=$folder/$1
   local half=$folder/half-made.$$
   [ -s "$file" ] && [ "$file" -nt "$0" ] && return 0
   local status=0
-  # Encoders are known to wait for ever now and then: they are asked again.
+  # Encoders sometimes hang, so they are retried.
   for _ in 1 2 3 4 5; do
     status=0
     # shellcheck disable=SC2086
@@ -42,8 +41,8 @@ film() { sample "$1" "${5:-$picture} ! $2 ! queue ! $3 name=mux $tone ! $4 ! que
 sample tone.wav "$tone ! audio/x-raw,format=S16LE ! wavenc"
 sample tone.mp3 "$tone ! lamemp3enc target=bitrate bitrate=128 cbr=true"
 sample sound.avi "$tone ! avimux"
-# avmux_mpeg lets the first pack's clock run a hundredth of a millisecond late. GStreamer's demuxer takes the first
-# picture for one from before the film then, and ends there if it has been told where to stop, as Wine always tells it.
+# Not avmux_mpeg, which sets the first pack's clock a hundredth of a millisecond late. GStreamer's demuxer then takes
+# the first picture for one before the film, and ends there if it has a stop position, as it always has in Wine.
 film mpeg1.mpg 'mpeg2enc format=0' 'mplex format=0' 'avenc_mp2 ! mpegaudioparse'
 film moving.mpg 'mpeg2enc format=0' 'mplex format=0' 'avenc_mp2 ! mpegaudioparse' "$moving"
 film mpeg4.avi avenc_mpeg4 avimux identity

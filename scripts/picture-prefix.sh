@@ -1,6 +1,6 @@
-# The Wine prefix in which pictures of windows are taken. Sourced after common.sh, not run.
+# The Wine prefix for taking pictures of windows. Sourced after common.sh, not run.
 
-# Sets QUILLON_WINEPREFIX to a prefix of its own, with smooth text in a font much like Windows' own: only that prefix
+# Sets QUILLON_WINEPREFIX to a separate prefix with smooth text in a font similar to Windows' font; only this prefix
 # gets the font.
 prepare_picture_prefix() {
   export QUILLON_WINEPREFIX=$quillon_cache/wine-pictures
@@ -18,10 +18,10 @@ prepare_picture_prefix() {
     for name in 'MS UI Gothic' 'MS Shell Dlg' 'MS Shell Dlg 2' Tahoma; do
       scripts/wine.sh reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$name" /d 'BIZ UDPGothic' /f
     done
-    # In grey: a display's own colour fringes do not suit a picture.
+    # Grey smoothing: a picture must not contain the colour fringes of subpixel smoothing.
     scripts/wine.sh reg add 'HKCU\Control Panel\Desktop' /v FontSmoothing /d 2 /f
     scripts/wine.sh reg add 'HKCU\Control Panel\Desktop' /v FontSmoothingType /t REG_DWORD /d 1 /f
   } >/dev/null
-  # The changes hold from the next start of everything.
+  # The changes take effect after a restart of all programs.
   scripts/wine.sh --server -w
 }

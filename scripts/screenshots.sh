@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the pictures in resources/screenshots anew, one of every window in every look:
+# Remakes the pictures in resources/screenshots, one of every window in every look:
 #   linux         GTK's own theme            linux-large   the same with text half as large again
 #   linux-dark    its dark face              windows       the Windows program under Wine
 #   linux-2x      the same at twice the scale
@@ -12,7 +12,7 @@ cd "$(dirname "$0")/.."
 pictures=resources/screenshots
 looks=(linux linux-dark linux-2x linux-large windows)
 work=$(mktemp -d)
-# The samples' place is to be seen in the list: it has a name that fits, on both systems.
+# The list shows the samples' folder, so it needs a suitable name on both systems.
 music=/tmp/音楽
 made_music=false
 clean_up() {
@@ -21,7 +21,7 @@ clean_up() {
 }
 trap clean_up EXIT
 
-# A bit larger than the default, so that every column can be read.
+# Slightly larger than the default, so that every column is readable.
 cat >"$work/settings.ini" <<'END'
 [Window]
 WindowHeight=8850
@@ -66,7 +66,7 @@ build_programs() {
   }
 }
 
-# picture LOOK WINDOW BIN EXTENSION FOLDER: in at most 256 colours.
+# picture LOOK WINDOW BIN EXTENSION FOLDER: makes one picture with at most 256 colours.
 picture() {
   local look=$1 window=$2 program=$3/quillon$4 settings=$work/settings.ini
   local pictured=active playing= arguments=("$5")
@@ -92,7 +92,7 @@ picture() {
   printf '%-24s %s bytes\n' "$look/$window.png" "$(stat -c %s "$pictures/$look/$window.png")"
 }
 
-# pictures_of LOOK BIN EXTENSION FOLDER: those that are wanted.
+# pictures_of LOOK BIN EXTENSION FOLDER: makes the requested pictures of a look.
 pictures_of() {
   local window
   say "Pictures: $1"
@@ -140,7 +140,7 @@ linux_look() {
     made_music=true
     make_samples "$music"
   fi
-  # The user's own theme and fonts stay out of it.
+  # Without the user's theme and fonts.
   XDG_CONFIG_HOME=$work/config GTK_THEME=$theme GDK_SCALE=$scale GDK_DPI_SCALE=$text SCREEN=$screen \
     pictures_of "$1" build/linux/bin "" "$music"
 }

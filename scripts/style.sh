@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# Checks the format of all sources and runs the static analysis over src/ as the Linux preset compiles it; with --all over
-# tests and benchmarks, too. Files whose text and headers have not changed since they were last found clean are passed
-# over.
+# Checks the format of all sources and runs the static analysis over src/ as the Linux preset compiles it; with --all
+# over tests and benchmarks, too. Files that were found clean and have not changed since, headers included, are skipped.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -17,7 +16,7 @@ case "${1:-}" in
   *) fail "unknown argument '$1' (known: --all)" ;;
 esac
 mapfile -t sources < <(sed -n "s|^ *\"file\": \"$PWD/\(.*\)\",*|\1|p" build/linux/compile_commands.json | grep -E "^$folders" | sort -u)
-# Headers that GCC has compiled are nothing to clang.
+# clang cannot use GCC's precompiled headers.
 commands=$(mktemp -d)
 trap 'rm -rf "$commands"' EXIT
 sed 's/ -Winvalid-pch -include [^ ]*cmake_pch\.hxx//' build/linux/compile_commands.json >"$commands/compile_commands.json"

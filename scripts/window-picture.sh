@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
-# Saves a picture of the main window, with its frame: window-picture.sh FILE.png PROGRAM SETTINGS [PATH...]
-# The window opens on a display and a session bus of its own, from a copy of the program beside a copy of that settings
-# file: what stands beside the program has no influence and is not changed. KEYS ("Down Down") are pressed when
-# everything is loaded; with PLAYING=SECONDS the picture is taken so long after them, whatever moves then. With
-# PICTURED=active it is a picture of the window that has the focus then, a dialog for instance. A Windows program runs
-# under Wine.
+# Saves a picture of the main window, with its frame: window-picture.sh FILE.png PROGRAM SETTINGS [PATH...] The window
+# opens on a private display and session bus, from a copy of the program beside a copy of that settings file, so files
+# beside the program have no effect and are not changed. KEYS ("Down Down") are pressed when everything is loaded. With
+# PLAYING=SECONDS the picture is taken that long after the keys, even if something moves. With PICTURED=active it is a
+# picture of the window that has the focus then, for example a dialog. A Windows program runs under Wine.
 set -euo pipefail
 scripts=$(cd "$(dirname "$0")" && pwd)
 . "$scripts/common.sh"
@@ -21,7 +20,7 @@ time_used() {
 
 screen() { import -silent -window root png:- | sha256sum; }
 
-# Waits until the program has nothing to do and the screen stays the same.
+# Waits until the program is idle and the screen no longer changes.
 wait_until_settled() {
   local last='' now quiet=0
   for ((i = 0; i < seconds * 5; ++i)); do
@@ -45,7 +44,7 @@ wait_for_window() {
   fail "no window appeared within $seconds seconds"
 }
 
-# The window and what the window manager has put around it, as WIDTHxHEIGHT+X+Y.
+# The rectangle of the window with its frame, as WIDTHxHEIGHT+X+Y.
 outer_rectangle() {
   local information extents
   information=$(xwininfo -id "$window")
@@ -56,13 +55,13 @@ outer_rectangle() {
   )+$(($(value_of 'Absolute upper-left X') - left))+$(($(value_of 'Absolute upper-left Y') - top))"
 }
 
-# The rest of it runs on the new display.
+# This part runs on the new display.
 if [ "${1:-}" = --on-display ]; then
   exec 2>&7
   shift
   file=$1
   shift
-  xdotool mousemove 10000 10000  # what the pointer is over would look different
+  xdotool mousemove 10000 10000  # so that no control is highlighted by the pointer
   "$@" >/dev/null 2>&1 7>&- &
   program=$!
   trap 'kill "$program" 2>/dev/null || true' EXIT
@@ -75,8 +74,8 @@ if [ "${1:-}" = --on-display ]; then
   if [ "${PICTURED:-}" = active ]; then window=$(xdotool getactivewindow); fi
   import -silent -window root -crop "$(outer_rectangle)" +repage -strip -depth 8 -define png:compression-level=9 \
     "png:$file" || fail "'$file' cannot be written"
-  [ "${PICTURED:-}" = active ] && exit 0  # whatever is open
-  # The window is asked to close, so that it ends as always.
+  [ "${PICTURED:-}" = active ] && exit 0  # a dialog may be open
+  # Closes the window normally, so that the program ends as usual.
   xdotool windowfocus --sync "$window" key ctrl+q
   for ((i = 0; i < 50; ++i)); do
     kill -0 "$program" 2>/dev/null || exit 0
@@ -98,6 +97,6 @@ cp "$program" "$copy/"
 find "$(dirname "$program")" -maxdepth 1 \( -name libbregexp.so -o -name BREGEXP.DLL \) -exec cp {} "$copy/" \;
 cp "$settings" "$copy/${name%.exe}.ini"
 if [ "${name%.exe}" = "$name" ]; then command=("$copy/$name"); else command=("$scripts/wine.sh" "$copy/$name"); fi
-# The bus and what it starts are talkative: only this script's own errors get through.
+# The bus and the programs it starts print messages; only this script's own errors are shown.
 "$scripts/with-display.sh" dbus-run-session -- "$scripts/window-picture.sh" --on-display "$file" "${command[@]}" "$@" \
   7>&2 >/dev/null 2>&1

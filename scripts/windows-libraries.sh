@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the libraries that the Windows program needs, once, from Debian's source packages, into a cache outside the
-# checkout. A library is built again only when its version here changes.
+# checkout. A library is only rebuilt when its version here changes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -10,7 +10,7 @@ prefix=$quillon_cache/windows
 work=$quillon_cache/sources
 mkdir -p "$prefix/include" "$prefix/done" "$work"
 
-# apt's own lists have no source packages: a private list is made from the machine's Debian entries.
+# apt's lists contain no source packages, so a private list is made from the machine's Debian entries.
 apt_source() {
   local folder=$work/apt
   mkdir -p "$folder/lists/partial"
@@ -28,7 +28,8 @@ apt_source() {
   apt-get -qq -oDir::Etc::sourceparts=- "-oDir::State::lists=$folder/lists" -oAPT::Sandbox::User=root "$@"
 }
 
-# Unpacks version $2 of Debian's source package $1 into $work/$1 (the newest one when that version is gone).
+# Unpacks version $2 of Debian's source package $1 into $work/$1 (the newest version if that one is no longer
+# available).
 unpack() {
   local package=$1 version=$2
   rm -rf "${work:?}/$package" "$work/$package-download"
@@ -62,7 +63,7 @@ build() {
 
 is_done() { [ -f "$prefix/done/$1" ]; }
 
-# A shared lock file, so that two builds at once do not work in the same folders.
+# A lock, so that two simultaneous builds do not work in the same folders.
 exec 9>"$quillon_cache/windows.lock"
 flock 9
 
@@ -77,7 +78,7 @@ if ! is_done utf8proc-2.8.0; then
 fi
 if ! is_done wxwidgets-3.2.2; then
   unpack wxwidgets3.2 3.2.2+dfsg-2
-  # Its SVG pictures are drawn by the NanoSVG that comes with it; wxUSE_SVG is about writing SVG files, which needs libpng.
+  # SVG pictures are drawn by wxWidgets' own NanoSVG; wxUSE_SVG is for writing SVG files, which needs libpng.
   wx_off=(AUI ARCHIVE_STREAMS ARTPROVIDER_TANGO CRASHREPORT DEBUGREPORT DIALUP_MANAGER DOC_VIEW_ARCHITECTURE EXPAT
     FSVOLUME FS_ARCHIVE FS_INET FS_ZIP GRID HELP HTML IPC JOYSTICK LIBJPEG LIBLZMA LIBPNG LIBTIFF MDI MDI_ARCHITECTURE
     MEDIACTRL MS_HTML_HELP OPENGL PRINTING_ARCHITECTURE PROPGRID PROTOCOL REGEX RIBBON RICHTEXT SECRETSTORE SOCKETS
@@ -93,6 +94,6 @@ if ! is_done "googletest-$googletest_version"; then
   build googletest "$googletest_version" /usr/src/googletest -DBUILD_GMOCK=ON
 fi
 
-# Header-only libraries: the host's own are the same files.
+# Header-only libraries: the host's files can be used.
 mkdir -p "$prefix/include"
 cp -rfu /usr/include/CLI /usr/include/nlohmann "$prefix/include/"

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Runs a Windows test program under Wine. The first program of a prefix starts Wine's services, which live on: they must
-# not inherit the caller's pipes, or it waits for them to close.
+# Runs a Windows test program under Wine. The first program of a prefix starts Wine's services, which keep running. They
+# must not inherit the caller's pipes, or the caller would wait for these to close.
 #
-# Wine's display driver ends a program at an X error, such as that of a window that another client has destroyed
-# meanwhile. The program is then run once more, and $QUILLON_UNSTEADY, if set, is the file that is told so.
+# Wine's display driver ends a program at an X error, for example when another client has destroyed a window. The
+# program is then run once more, and a line is added to the file $QUILLON_UNSTEADY, if set.
 set -u
 output=$(mktemp)
 run() { timeout 900 "$(dirname "$0")/wine.sh" "$@" </dev/null >"$output" 2>&1; }

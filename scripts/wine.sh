@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs a Windows program under Wine with a prefix, language and runtime folder of our own.
-# `wine.sh --server ARGUMENTS` passes the arguments to the prefix's own server instead.
+# Runs a Windows program under Wine with a separate prefix, language and runtime folder. `wine.sh --server ARGUMENTS`
+# passes the arguments to the prefix's server instead.
 set -eu
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon
 export WINEPREFIX=${QUILLON_WINEPREFIX:-$cache/wine}
@@ -13,9 +13,9 @@ wine=/usr/lib/wine/wine64
 [ -x "$wine" ] || { echo "error: $wine is missing: install wine64" >&2; exit 1; }
 make_prefix() {
   "$wine" wineboot -i
-  # Pictures of films are black when a display without a graphics card has to draw them in three dimensions.
+  # Films would be black if Direct3D had to draw them on a display without a graphics card.
   "$wine" reg add 'HKCU\Software\Wine\Direct3D' /v renderer /d gdi /f
-  # A program that crashes ends, and does not wait for somebody to press a button.
+  # A crashed program ends without waiting in a dialog.
   "$wine" reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f
 }
 if [ ! -f "$WINEPREFIX/system.reg" ]; then

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs a command on a display of its own, with a window manager, so that windows get the focus. Several may run at once:
-# the server picks a number that is free.
+# Runs a command on a private display, with a window manager so that windows get the focus. Several can run at the same
+# time, because the server chooses a free number.
 set -eu
 number=$(mktemp)
 Xvfb -displayfd 3 -screen 0 "${SCREEN:-1280x1024}x24" -nolisten tcp 3>"$number" >/dev/null 2>&1 &

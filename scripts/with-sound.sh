@@ -1,13 +1,12 @@
 #!/usr/bin/env bash
-# Runs a command with a sound server of its own, which plays into nothing at the speed of real sound. Where none can be
-# started the command runs all the same, after one line that says so. (A sink without rewinds takes its sound in short
-# pieces: others take the first two seconds at once, and time stands still until they are over.)
+# Runs a command with a private sound server, which discards sound at playing speed. If the server cannot be started,
+# prints a line and runs the command anyway. (A sink without rewinds takes its sound in short pieces; others take the
+# first two seconds at once, and the time does not advance until these are over.)
 set -eu
 export QUILLON_SOUND_FOLDER
 QUILLON_SOUND_FOLDER=$(mktemp -d)
 
-# Ends with whatever this process becomes, however that ends.
-# shellcheck disable=SC2016
+# Ends with this process, also after exec, however that ends. shellcheck disable=SC2016
 setpriv --pdeathsig TERM bash -c '
   trap : TERM
   exec >/dev/null 2>&1 </dev/null
@@ -22,7 +21,7 @@ setpriv --pdeathsig TERM bash -c '
   rm -rf "$QUILLON_SOUND_FOLDER"' &
 keeper=$!
 
-# Both Linux programs and Wine look there first, whichever runtime folder they have.
+# Linux programs and Wine use this variable first, whatever their runtime folder is.
 export PULSE_SERVER=unix:$QUILLON_SOUND_FOLDER/native
 for _ in $(seq 50); do
   [ -S "$QUILLON_SOUND_FOLDER/native" ] && break

@@ -21,7 +21,7 @@ using std::chrono::milliseconds;
 
 constexpr int kTolerance = 300;  // includes the time for restarting the pipeline
 constexpr int kLength = 1500;
-constexpr int kTwoBlocks = 512;  // milliseconds; the third block (4096 samples, 8000 Hz) arrives when the second one is heard
+constexpr int kTwoBlocks = 512;  // milliseconds; the third block (4096 samples, 8000 Hz) comes when the second is heard
 
 class FailureTest : public testing::Test {
  protected:
