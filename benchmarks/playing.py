@@ -19,7 +19,7 @@ def program(name):
 
 
 class Device:
-    """quillon-cli mci: one command string, one reply."""
+    """A running quillon-cli mci: one reply for each command string."""
 
     def __init__(self):
         self._process = subprocess.Popen([program("quillon-cli"), "mci"], stdin=subprocess.PIPE,
@@ -46,7 +46,7 @@ class Device:
 
 
 def write_midi(path):
-    """A quarter note each half second, thirty seconds in all."""
+    """A MIDI file of quarter notes, one each half second, for thirty seconds."""
     notes = b"".join(b"\x00\x90" + bytes([60 + i % 12, 100]) + b"\x60\x80" + bytes([60 + i % 12, 0])
                      for i in range(TRUE_LENGTH // 500))
     track = notes + b"\x00\xff\x2f\x00"
@@ -55,7 +55,7 @@ def write_midi(path):
 
 
 def until_moving(device, start):
-    """Milliseconds until the position has left this place."""
+    """Milliseconds until the position has passed `start`."""
     started = time.monotonic()
     while device.position() <= start:
         if time.monotonic() - started > 10:
@@ -64,7 +64,7 @@ def until_moving(device, start):
 
 
 def astray(device, place):
-    """How far the position is from where it must be after a seek, after the start there, and a while later."""
+    """The largest error of the position after a seek, after starting there, and a quarter of a second later."""
     device.ask(f"seek X to {place}")
     errors = [abs(device.position() - place)]
     started = time.monotonic()
@@ -81,7 +81,7 @@ def measure_file(name):
     opened, started, lengths, errors = [], [], [], []
     for _ in range(REPETITIONS):
         device = Device()
-        device.ask("status X mode")  # the library is there
+        device.ask("status X mode")  # waits until the library is loaded
         opened.append(device.timed(f'open "{os.path.join(media, name)}" alias X'))
         device.ask("set X time format milliseconds")
         lengths.append(int(device.ask("status X length")))
@@ -108,7 +108,7 @@ def measure_window(name):
         hertz = os.sysconf("SC_CLK_TCK")
 
         def share():
-            """Of one core: the window's thread and the whole process."""
+            """Processor time as a share of one core: of the window's thread and of the whole process."""
             paths = [f"{base}/task/{window.pid}/stat", f"{base}/stat"]
             before, began = [ticks(path) for path in paths], time.monotonic()
             time.sleep(SECONDS)

@@ -5,7 +5,7 @@ import sys
 
 
 def medians(path):
-    """Median real time of each benchmark over its repetitions, in microseconds per file; and its counters."""
+    """Each benchmark's median real time over its repetitions, in microseconds per file, and its counters."""
     with open(path, encoding="utf-8") as file:
         rows = json.load(file)["benchmarks"]
     times, counters = {}, {}

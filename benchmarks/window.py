@@ -1,4 +1,4 @@
-"""Measures the window's start and its loading, each beside its floor. Usage: window.py FOLDER-OF-PROGRAMS"""
+"""Measures the window's start and its loading, each compared with its floor. Usage: window.py FOLDER-OF-PROGRAMS"""
 
 import contextlib
 import json
@@ -18,7 +18,7 @@ def program(name):
 
 
 def run_window(title, *command):
-    """One start: milliseconds until the window was mapped and until it was idle, KiB of memory at most."""
+    """One start: milliseconds until the window was mapped and until it was idle, and the peak memory in KiB."""
     run = subprocess.run([program("quillon-window-clock"), title, *command], capture_output=True, text=True)
     if run.returncode != 0:
         sys.exit(run.stderr.strip() or f"error: {command[0]} could not be measured")
@@ -34,14 +34,14 @@ def list_with_cli(folder, output):
 
 
 def run_cli(folder):
-    """One list of the folder, in milliseconds."""
+    """The time of one `quillon-cli list` of the folder, in milliseconds."""
     started = time.monotonic()
     list_with_cli(folder, subprocess.DEVNULL)
     return {"idle": (time.monotonic() - started) * 1000}
 
 
 def medians(*measurements):
-    """Runs the measurements in turns; the median of each of their values. One round before them warms the caches."""
+    """Runs the measurements alternately and returns the median of each value. An extra first round warms the caches."""
     rounds = [[measure() for measure in measurements] for _ in range(REPETITIONS + 1)][1:]
     return [{key: statistics.median(run[key] for run in runs) for key in runs[0]} for runs in zip(*rounds)]
 
@@ -70,7 +70,7 @@ def measure_start():
         row(f"start until {key}", f"{quillon[key]:.0f} ms")
         ratio = quillon[key] / bare[key]
         row(f"start until {key} / bare frame", f"{ratio:.2f}x", "goal at most 1.5x", ratio <= 1.5)
-    # The processor time says the same on a busy machine.
+    # Processor time is the same on a busy machine.
     row("processor time of the start, bare frame", f"{bare['work']:.0f} ms")
     row("processor time of the start", f"{quillon['work']:.0f} ms")
     row("memory after the start, bare frame", f"{bare['peak'] / 1024:.1f} MiB")

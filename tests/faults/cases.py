@@ -1,5 +1,4 @@
-"""What can happen at a system call: every error that it can give, an early end, a kill, Ctrl-C, somebody else's
-change."""
+"""The events at a system call: each error it can return, a short result, a kill, Ctrl-C, another program's change."""
 
 import dataclasses
 
@@ -56,16 +55,16 @@ RACES = ("append", "replace", "delete", "rival", "occupy")
 
 @dataclasses.dataclass(frozen=True)
 class Case:
-    """One thing that happens at one call."""
+    """One event at one call."""
 
     scene: str
     call: Call
     kind: str  # fault, lasting, short, kill, interrupt, race
-    what: str = ""  # the error's name, or who does what
+    what: str = ""  # the error's name, or the other program's action
     last_look: bool = False  # the next call deletes the source
 
     def fault(self):
-        """In strace's words."""
+        """The fault in strace's syntax."""
         at = f"when={self.call.occurrence}"
         return self.call.name + ":" + {
             "fault": f"error={self.what}:{at}",
@@ -81,7 +80,7 @@ class Case:
 
 
 def cases(scene, calls):
-    """All that can happen at these calls. Calls that the scene itself makes fail stay as they are."""
+    """All events at these calls, except at calls that the scene itself makes fail."""
     spoilt = {fault.split(":")[0] for fault in scene.always}
     for call, next_call in zip(calls, [*calls[1:], None]):
         if call.name in spoilt:

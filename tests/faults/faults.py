@@ -1,5 +1,5 @@
-"""Makes every system call of a move, a rename and a save fail, kills the program at each, lets others change the files
-meanwhile, and looks whether anything was lost.
+"""Makes every system call of a move, a rename and a save fail, kills the program at each, lets other programs change
+the files meanwhile, and checks that nothing was lost.
 
 usage: faults.py --program FOLDER (--results FILE [--sample N] | --all) [--only SCENE]
 """

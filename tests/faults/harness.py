@@ -1,4 +1,4 @@
-"""Learns what can happen in each scene, lets it happen, and counts."""
+"""Finds the possible events of each scene, runs each of them, and counts the results."""
 
 import collections
 import concurrent.futures
@@ -13,7 +13,7 @@ KINDS = {"fault": "faults", "lasting": "faults", "short": "faults", "kill": "kil
 
 
 class Unable(Exception):
-    """A scene that does not work even when nothing happens."""
+    """Raised for a scene that fails even without an event."""
 
 
 def learn(scene, programs):
@@ -29,7 +29,7 @@ def learn(scene, programs):
 
 
 def trace(scene, programs):
-    """The calls of a run in which nothing happens."""
+    """The calls of a run without an event."""
     with scene.place() as place:
         return [call for call in tracing.calls(scene.command(programs, place), place.environment(), scene.always)[1]
                 if _touches(call, place)]
@@ -42,7 +42,7 @@ def _touches(call, place):
 
 
 def check(scene, case, programs):
-    """Runs one case; what it broke."""
+    """Runs one case; returns the broken invariants."""
     with scene.place() as place:
         others = []
         halt = (lambda: others.append(act(case.what, place))) if case.kind == "race" else None
@@ -52,7 +52,7 @@ def check(scene, case, programs):
 
 
 def check_all(scenes, chosen, programs):
-    """Runs the cases side by side; what they broke by case, and counts by scene and kind."""
+    """Runs the cases in parallel; returns the broken invariants by case, and counts by scene and kind."""
     scenes = {scene.name: scene for scene in scenes}
     counts = collections.defaultdict(collections.Counter)
     violations = {}

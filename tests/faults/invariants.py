@@ -1,4 +1,4 @@
-"""What must be so after every run, whatever happened in it."""
+"""The invariants that must hold after every run, whatever happened in it."""
 
 import os
 import pathlib
@@ -14,11 +14,12 @@ _RIVAL = b"a rival's"
 
 
 def act(what, place):
-    """Does what somebody else does meanwhile; what must be found afterwards, nothing where it could not be done."""
+    """Acts as another program. Returns the action, which decides the expected state; None if it was not possible."""
     source, target = place.source, place.target
     try:
         if what == "append":
-            # While the program looks at its source for the last time and deletes it, writers have to wait.
+            # Non-blocking, because writers must wait while the program checks its source for the last time and deletes
+            # it.
             with open(os.open(source, os.O_WRONLY | os.O_APPEND | os.O_NONBLOCK), "ab") as file:
                 file.write(_MORE)
         elif what == "delete":
@@ -31,7 +32,7 @@ def act(what, place):
             goal = source if what == "replace" else target
             if content_of(goal) is None:
                 return None
-            # By one rename, as those do it who never leave half a file.
+            # By one rename, as programs do that never leave an incomplete file.
             beside = goal.parent / "rival"
             other.write_bytes(_RIVAL)
             beside.write_bytes(_RIVAL)
@@ -42,7 +43,7 @@ def act(what, place):
 
 
 def broken(scene, case, place, ending, done_by_others, programs):
-    """What is not as it must be, in words; empty when all is well."""
+    """Descriptions of all broken invariants; empty when there are none."""
     if ending.timed_out:
         return ["it did not end"]
     if not ending.happened:
@@ -60,7 +61,7 @@ def broken(scene, case, place, ending, done_by_others, programs):
 
 
 def _is_lost(case):
-    """Whether something was not flushed, other than a folder of a volume that cannot flush folders."""
+    """True when something was not flushed, except a folder on a volume that cannot flush folders."""
     is_folder = not re.search(r"^\d+<[^>]*/\.quillon-", case.call.arguments)
     spared = is_folder and case.what in ("EINVAL", "EOPNOTSUPP")
     return case.kind in ("fault", "lasting") and case.call.name == "fsync" and not spared
@@ -79,7 +80,7 @@ def _save(case, place, ending):
 
 
 def _wanted(place, done_by_others):
-    """The contents that must all exist, and whether the file moved may be gone altogether."""
+    """The contents that must all exist afterwards; empty when another program has removed the file."""
     if done_by_others == "append":
         return [place.content + _MORE]
     if done_by_others == "rival":
@@ -97,7 +98,7 @@ def _move(scene, case, place, ending, done_by_others):
     final = {path: content for path, content in contents.items() if not path.name.startswith(places.PREFIX)}
     for path, content in final.items():
         known = content in whole or path.name == "elsewhere"
-        # Without links the new name is taken by an empty file, and a kill can leave it.
+        # Without hard links an empty file reserves the new name, and a kill can leave it there.
         excepted = scene.placeholder and path == place.target and content == b"" and case.kind in ("kill", "lasting")
         if not known and not excepted:
             yield f"{path.name} is torn: {len(content)} bytes"
@@ -118,7 +119,7 @@ def _move(scene, case, place, ending, done_by_others):
 
 def _as_told(scene, case, place, done, code, left, not_kept, done_by_others):
     source, target = content_of(place.source), content_of(place.target)
-    if case.kind == "lasting":  # telling may have failed, too
+    if case.kind == "lasting":  # printing the failure may have failed, too
         return
     if done:
         if source is not None and done_by_others not in ("replace", "append") and not _came_back(scene, done_by_others):
@@ -143,7 +144,7 @@ def _as_told(scene, case, place, done, code, left, not_kept, done_by_others):
 
 
 def _came_back(scene, done_by_others):
-    # A rename gives the name free, and somebody else may take it.
+    # A rename frees the old name, which another program may then take.
     return done_by_others is not None and scene.across is False
 
 
@@ -177,7 +178,7 @@ def _kept(scene, place, not_kept):
 
 
 def _after_the_sweep(place, ending, done_by_others, programs):
-    """What is left over is recognised two days later, and goes, unless it was told."""
+    """Left-over files must be recognised and deleted two days later, unless they were reported."""
     if not place.temporary():
         return []
     left_at = places.told(ending.output)[2]

@@ -1,4 +1,4 @@
-"""The folders that a run happens in, and what is found in them afterwards."""
+"""The folders of a run, and their content afterwards."""
 
 import json
 import os
@@ -16,7 +16,7 @@ _TWO_DAYS = 2 * 24 * 60 * 60
 
 
 class Place:
-    """Two folders, the second one on another volume if `across`, and a home of its own. Goes with the block."""
+    """Two folders (the second one on another volume if `across`) and a private home, deleted at the end of the block."""
 
     def __init__(self, across):
         self.top = pathlib.Path(tempfile.mkdtemp(prefix="quillon-faults-"))
@@ -46,7 +46,7 @@ class Place:
         return [path for path in self.names() if path.name.startswith(PREFIX)]
 
     def sweep(self, program):
-        """What a move does two days later: the marks age, and another file comes into each folder."""
+        """Simulates a move two days later: makes the marks older, and moves another file into each folder."""
         for path in self.temporary():
             if path.name.endswith(MARK):
                 old = time.time() - _TWO_DAYS
@@ -60,7 +60,7 @@ class Place:
 
 
 def another_volume():
-    """Why there is no second volume; None where there is."""
+    """The reason why there is no second volume; None if there is one."""
     try:
         apart = os.stat(MEMORY).st_dev != os.stat(tempfile.gettempdir()).st_dev
     except OSError as failure:
@@ -71,8 +71,7 @@ def another_volume():
 
 
 def told(output):
-    """The program's last word on its one file: (moved or renamed, the code of a failure, where the file is left, what
-    was not kept)."""
+    """The program's final report on its file: (moved or renamed, failure code, where the file was left, not kept)."""
     done, code, left_at, not_kept = False, None, None, []
     for line in output.splitlines():
         if not line.startswith("{"):
@@ -91,7 +90,7 @@ def access_list(*entries):
 
 
 _NOBODY = 0xFFFFFFFF
-# The owner may write, user 12 may write, the owning group may do nothing: the mode says 0660 all the same.
+# The owner may write, user 12 may write, the owning group may do nothing: the mode is 0660 nevertheless.
 GROUP_DENIED = access_list((1, 6, _NOBODY), (2, 6, 12), (4, 0, _NOBODY), (16, 6, _NOBODY), (32, 0, _NOBODY))
 ACCESS_LIST = "system.posix_acl_access"
 COMMENT = "user.comment"
@@ -105,7 +104,7 @@ def attribute(path, name):
 
 
 def set_attribute(path, name, value):
-    """False where the volume has no such attributes."""
+    """Returns False where the volume does not support such attributes."""
     try:
         os.setxattr(path, name, value)
     except OSError:

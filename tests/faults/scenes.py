@@ -1,4 +1,4 @@
-"""What is done while something happens: moves to another volume, renames, the save of a small file."""
+"""The operations that are disturbed: moves to another volume, renames, saving a small file."""
 
 import os
 import stat
@@ -12,12 +12,12 @@ _NEW = "[List]\nSubFolder=1\n"
 _TIME = 1_600_000_000
 _MODE = 0o640
 
-_NO_CALL = "renameat2:error=EINVAL"  # as on file systems that do not know it
+_NO_CALL = "renameat2:error=EINVAL"  # as on file systems that do not support it
 _NO_LINKS = "link:error=EPERM"
 
 
 class Scene:
-    """`source` and `target` are what the content is called before and after."""
+    """`source` and `target` are the file's names before and after."""
 
     races = RACES
     across = False  # whether the target is on another volume
@@ -29,7 +29,7 @@ class Scene:
         self.placeholder = _NO_LINKS in always
 
     def why_not(self):
-        """Why this cannot be done here; None where it can."""
+        """The reason why this is not possible here; None if it is."""
         return places.another_volume() if self.across else None
 
     def place(self):
@@ -39,12 +39,12 @@ class Scene:
         return place
 
     def is_source(self, call):
-        """Whether the call is about the source by its name."""
+        """True when the call refers to the source by its name."""
         return f'/{self.source_name}"' in call.arguments
 
 
 class Move(Scene):
-    """A file, or a link, to another volume."""
+    """Moves a file, or a link, to another volume."""
 
     across = True
     source_name = "song.bin"
@@ -70,7 +70,7 @@ class Move(Scene):
             source.symlink_to(place.here / "elsewhere")
             (place.here / "elsewhere").write_bytes(b"behind")
             return os.fsencode(place.here / "elsewhere")
-        # A large file is also flushed in the middle.
+        # A large file is also flushed during the copying.
         data = bytes(range(1, 251)) * (70_000 if self.kind == "large" else 5000)
         content = data + bytes(300_000) + b"end" if self.kind == "sparse" else data
         with open(source, "wb") as file:
@@ -89,7 +89,7 @@ class Move(Scene):
 
 
 class Rename(Scene):
-    """A song to its title, within its folder."""
+    """Renames a song to its title, in its folder."""
 
     source_name = "song.mid"
     target_name = "Title.mid"
@@ -110,7 +110,7 @@ class Rename(Scene):
 
 
 class Save(Scene):
-    """The settings: another content for a small file."""
+    """Saves the settings: replaces the content of a small file."""
 
     source_name = "quillon.ini"
     races = ()
@@ -145,7 +145,7 @@ def all_scenes():
 
 
 def content_of(path):
-    """The bytes of a file, the target of a link; None where nothing stands."""
+    """A file's bytes, or a link's target; None if nothing exists at the path."""
     try:
         if stat.S_ISLNK(os.lstat(path).st_mode):
             return os.fsencode(os.readlink(path))

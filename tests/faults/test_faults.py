@@ -1,4 +1,4 @@
-"""A sample of what can happen to a move, a rename and a save, the same one in every run; and the order of their calls."""
+"""A fixed sample of the events in moves, renames and saves, and the order of their calls."""
 
 import random
 import re
@@ -13,7 +13,7 @@ _SCENES = {scene.name: scene for scene in all_scenes()}
 
 
 def _index(calls, pattern, start=0):
-    """Where the first call after `start` stands that looks like the pattern."""
+    """The index of the first call after `start` that matches the pattern."""
     for index in range(start, len(calls)):
         if re.search(pattern, f"{calls[index].name}({calls[index].arguments}"):
             return index
@@ -33,7 +33,7 @@ class Faults(unittest.TestCase):
             self.skipTest(self._reason)
 
     def _learned(self, name):
-        """The calls of a scene in which nothing happens."""
+        """The calls of a scene without an event."""
         scene = _SCENES[name]
         reason = scene.why_not()
         if reason:
@@ -49,7 +49,7 @@ class Faults(unittest.TestCase):
             able = [one for one in _SCENES.values() if not one.why_not()]
             everything = [case for one in able for case in harness.learn(one, self.programs)]
             chosen = random.Random(_SEED).sample(everything, min(self.sample_size, len(everything)))
-            # The sample of every scene has something of it.
+            # The sample contains every kind of event in every scene.
             Faults._sample = {one.name: [case for case in chosen if case.scene == one.name] for one in able}
         chosen = self._sample[name]
         self.assertTrue(chosen, "the sample has nothing of this scene")
@@ -82,7 +82,7 @@ class Faults(unittest.TestCase):
             published = _index(calls, publish, closed)
             folder = _index(calls, r"^fsync\(\d+</dev/shm/[^/>]+>", published)
             deleted = _index(calls, r'^unlink\(.*/song\.bin"', folder)
-            # The last look is the last thing before: at the name, then at the file by its open handle.
+            # The last check comes directly before: of the name, then of the file by its open handle.
             self.assertRegex(calls[deleted - 2].arguments, r'/song\.bin", .*AT_SYMLINK_NOFOLLOW')
             self.assertRegex(calls[deleted - 1].arguments, r"^\d+<.*/song\.bin>, ")
             self.assertEqual([call.name for call in calls if call.name == "unlink" and "song.bin" in call.arguments],

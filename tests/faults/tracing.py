@@ -1,4 +1,4 @@
-"""Runs a program under strace: to learn its system calls, to make one of them fail, to kill or to halt it at one."""
+"""Runs a program under strace: to list its system calls, make one of them fail, or kill or halt the program at one."""
 
 import collections
 import dataclasses
@@ -21,7 +21,7 @@ class Call:
     """One system call of a trace."""
 
     name: str
-    arguments: str  # as strace writes them, with the paths of open files
+    arguments: str  # in strace's form, with the paths of open files
     result: str
     occurrence: int  # 1 for the program's first call of this name
 
@@ -41,7 +41,7 @@ class Ending:
 
 
 def why_not():
-    """Why no program can be watched here; None where it can."""
+    """The reason why programs cannot be traced here; None if they can."""
     if not shutil.which("strace"):
         return "strace is not installed"
     tried = subprocess.run(["strace", "-qq", "-o", os.devnull, "true"], capture_output=True, text=True)
@@ -49,7 +49,7 @@ def why_not():
 
 
 def calls(command, environment, always=()):
-    """The calls about files that the program makes, and its status. `always` are faults that belong to the scene."""
+    """The program's calls about files, and its status. `always` are faults that belong to the scene."""
     with tempfile.NamedTemporaryFile("r", prefix="quillon-trace-", errors="replace") as log:
         words = ["strace", "-qq", "-y", "-o", log.name, "-e", "trace=%file,%desc", *_injections(always), *command]
         status = subprocess.run(words, env=environment, capture_output=True, timeout=MOST_SECONDS).returncode
@@ -57,10 +57,10 @@ def calls(command, environment, always=()):
 
 
 def run(command, environment, fault, always=(), on_halt=None):
-    """Runs the program with one fault in strace's words ("fsync:error=EIO:when=1"). `on_halt` is called while the
-    program stands halted, with a fault that halts it ("fsync:signal=STOP:when=1")."""
+    """Runs the program with one fault in strace's syntax ("fsync:error=EIO:when=1"). If the fault halts the program
+    ("fsync:signal=STOP:when=1"), `on_halt` is called meanwhile."""
     with tempfile.NamedTemporaryFile("r", prefix="quillon-trace-", errors="replace") as log:
-        # Traced as a tree only for the process number in the log.
+        # Follows child processes only to get the process number into the log.
         tree = ["-f"] if on_halt else []
         # Calls that are not traced cannot be made to fail.
         names = [one.split(":")[0] for one in (fault, *always)]
@@ -93,7 +93,7 @@ def _parsed(text):
 
 
 def _halt(process, log, on_halt):
-    """Waits until the program is halted, calls `on_halt`, lets it go on. False if it ends without a halt."""
+    """Waits until the program is halted, calls `on_halt` and continues it. Returns False if it ends without a halt."""
     end = time.monotonic() + MOST_SECONDS
     while process.poll() is None and time.monotonic() < end:
         with open(log, encoding="utf-8", errors="replace") as file:

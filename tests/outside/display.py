@@ -1,4 +1,4 @@
-"""A screen of the tests' own: X server, session bus and window manager, and what a person does there."""
+"""A private screen for the tests: X server, session bus and window manager, and a user's actions there."""
 
 import locale
 import os
@@ -18,7 +18,7 @@ _TOOLS = {"Xvfb": "xvfb", "openbox": "openbox", "xdotool": "xdotool", "xprop": "
 
 
 def missing():
-    """What these tests need and this machine has not: packages, and the Japanese locale."""
+    """The missing requirements of these tests: packages, and the Japanese locale."""
     found = [package for tool, package in _TOOLS.items() if shutil.which(tool) is None]
     try:
         locale.setlocale(locale.LC_ALL, _LOCALE)
@@ -28,7 +28,7 @@ def missing():
 
 
 class Display:
-    """Starts everything, and puts it into this process's environment, which every child inherits."""
+    """Starts everything and sets this process's environment, which every child inherits."""
 
     def __init__(self):
         self._folder = tempfile.TemporaryDirectory(prefix="quillon-display-")
@@ -41,7 +41,7 @@ class Display:
             raise
 
     def _start_all(self):
-        """A screen whose number another one has just given up does not always come up: then there is a next one."""
+        """A server sometimes fails to start with a number that was just released, so the next one is tried."""
         for attempts_left in (2, 1, 0):
             try:
                 self._start_screen()
@@ -65,7 +65,7 @@ class Display:
         self._folder.cleanup()
 
     def _end_processes(self):
-        """The last first."""
+        """Ends the programs in reverse order."""
         for process in reversed(self._processes):
             process.send_signal(signal.SIGTERM)
             try:
@@ -92,7 +92,7 @@ class Display:
         self._processes.append(subprocess.Popen(command, **quiet, **options))
 
     def _start_and_read(self, command):
-        """Starts a server that writes where it can be found to the descriptor `{fd}`."""
+        """Starts a server that writes its address to the descriptor `{fd}`."""
         reading, writing = os.pipe()
         self._start([word.format(fd=writing) for word in command], pass_fds=[writing])
         os.close(writing)
@@ -108,7 +108,7 @@ def _output(*command):
 
 
 def xdotool(*arguments):
-    """Runs xdotool; its output."""
+    """Runs xdotool; returns its output."""
     return _output("xdotool", *map(str, arguments))
 
 
@@ -118,7 +118,7 @@ def press(*keys):
 
 
 def write(text):
-    """Types text; faster than this loses characters."""
+    """Types text, slowly enough that no characters are lost."""
     xdotool("type", "--delay", 50, text)
 
 
@@ -127,7 +127,7 @@ def click(x, y, button=1):
 
 
 def drag(start, end):
-    """Presses at `start`, moves to `end` in steps that a drag needs to be noticed, and lets go."""
+    """Presses at `start`, moves to `end` in the steps needed to start a drag, and releases."""
     xdotool("mousemove", *start, "mousedown", 1)
     steps = 8
     for step in range(1, steps + 1):

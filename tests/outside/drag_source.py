@@ -1,4 +1,4 @@
-"""A window at the top left of the screen, from which the paths that are its arguments can be dragged."""
+"""A window at the top left of the screen, from which the paths given as arguments can be dragged."""
 
 import pathlib
 import sys

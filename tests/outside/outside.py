@@ -1,4 +1,4 @@
-"""Drives the shipped program from outside, as a person does.
+"""Drives the shipped program from outside, like a user.
 
 usage: outside.py linux|windows --program FOLDER --results FILE [--wine SCRIPT] [--only TEXT]
 """

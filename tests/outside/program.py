@@ -1,4 +1,4 @@
-"""A private copy of the program, so that its settings file, which stands beside it, is its own."""
+"""A private copy of the program, so that the settings file beside it is private, too."""
 
 import os
 import pathlib
@@ -13,7 +13,7 @@ TITLE = "Quillon"
 
 
 class Program:
-    """The program in a folder of its own. `close` ends what still runs."""
+    """The program in a private folder. `close` ends all running instances."""
 
     FILES = ("quillon", "libbregexp.so")
     SETTINGS = "quillon.ini"
@@ -36,7 +36,7 @@ class Program:
         return [str(self.home / "quillon"), *map(str, arguments)]
 
     def start(self, *arguments, **environment):
-        """Starts one instance; it need not show a window."""
+        """Starts one instance, which need not show a window."""
         return self._start(self.command(arguments), environment)
 
     def start_where_nothing_can_be_written(self, *arguments):
@@ -68,12 +68,12 @@ class Program:
             if process.poll() is None:
                 process.kill()
             process.wait()
-        # The next program of this name is the first again once the window is gone.
+        # Once the window is gone, the next instance is the first one again.
         until(lambda: not display.visible_windows(TITLE), "the window gone")
         self._temporary.cleanup()
 
     def close_window(self, process):
-        """Closes the main window as its own close button does; the exit status."""
+        """Closes the main window like its close button; returns the exit status."""
         display.press("alt+F4")
         return self.status(process)
 

@@ -1,4 +1,4 @@
-"""Reads what the program shows, as assistive technology does. Import it once there is a display: it connects at once.
+"""Reads the program's windows like assistive technology. Import it only when there is a display: it connects at once.
 
 Nothing is *done* through it: an action that opens a modal dialog would not return before the dialog closes.
 """
@@ -33,7 +33,7 @@ def _walk(node):
 
 
 def _reading(read):
-    """What is read may go away meanwhile, and answers then with an error: it is read anew."""
+    """Retries, because an object that disappears while it is read raises an error."""
 
     def reading(*arguments):
         deadline = time.monotonic() + PATIENCE
@@ -75,7 +75,7 @@ def _find(role, name):
 
 @_reading
 def names_of(role):
-    """The names of the main window's controls with this role, in order."""
+    """The names of the main window's controls with this role, in their order."""
     return [
         node.get_name()
         for window in _windows()
@@ -130,7 +130,7 @@ def box(name):
 
 @_reading
 def playing_time():
-    """What the player's label says, "00:01 / 00:04"."""
+    """The text of the player's label, "00:01 / 00:04"."""
     for window in _windows():
         for node in _walk(window):
             if node.get_role() == Atspi.Role.LABEL and re.fullmatch(r"\d\d+:\d\d / \d\d+:\d\d", node.get_name()):
@@ -159,7 +159,7 @@ def _centre(node):
 
 @_reading
 def cell_centre(row, column):
-    """Where on the screen a cell is; the columns are those of COLUMNS."""
+    """A cell's position on the screen; the columns are those of COLUMNS."""
     table = _find(Atspi.Role.TABLE, "ファイルリスト")
     cell = Atspi.Table.get_accessible_at(table, row, _NAME_CELL + COLUMNS.index(column))
     cell.clear_cache()
@@ -187,7 +187,7 @@ def header_centre(column):
 
 @_reading
 def dialog():
-    """The texts and the buttons of the dialog that is open, as two lists; None when there is none."""
+    """The texts and the buttons of the open dialog, as two lists; None when there is none."""
     for window in _windows():
         if window.get_role() not in _DIALOG_ROLES or not _is(window, Atspi.StateType.SHOWING):
             continue
@@ -200,7 +200,7 @@ def dialog():
 
 @_reading
 def dialog_entry():
-    """The text of the entry that has the focus in the dialog that is open."""
+    """The text of the focused entry in the open dialog."""
     for window in _windows():
         if window.get_role() not in _DIALOG_ROLES:
             continue
@@ -212,7 +212,7 @@ def dialog_entry():
 
 @_reading
 def dialog_item_centre(name):
-    """Where a row of the file dialog's list is; None while it is not there."""
+    """The position of a row in the file dialog's list; None while the row does not exist."""
     for window in _windows():
         if window.get_role() not in _DIALOG_ROLES:
             continue
@@ -220,7 +220,7 @@ def dialog_item_centre(name):
             if table.get_role() not in (Atspi.Role.TABLE, Atspi.Role.TREE_TABLE):
                 continue
             for cell in _children(table):
-                parts = [cell, *_children(cell)]  # a cell with an icon has its text in a part of its own
+                parts = [cell, *_children(cell)]  # a cell with an icon has its text in a child object
                 if name in [part.get_name() for part in parts] and _is(cell, Atspi.StateType.SHOWING):
                     return _centre(cell)
     return None
@@ -228,7 +228,7 @@ def dialog_item_centre(name):
 
 @_reading
 def open_menu():
-    """The names of the items of the menu that is open, separators left out; None when there is none."""
+    """The names of the open menu's items without separators; None when no menu is open."""
     for program in _children(Atspi.get_desktop(0)):
         if program.get_name() != _PROGRAM:
             continue
@@ -241,7 +241,7 @@ def open_menu():
 
 
 def wait_for_dialog(text):
-    """Waits for a dialog that says `text`; its buttons."""
+    """Waits for a dialog with this text; returns its buttons."""
 
     def find():
         found = dialog()

@@ -1,4 +1,4 @@
-"""Runs the tests, and writes the result file in the form that the C++ test programs write theirs."""
+"""Runs the tests and writes a result file in the format of the C++ test programs."""
 
 import pathlib
 import time
@@ -8,7 +8,7 @@ from xml.sax.saxutils import quoteattr
 
 
 class _Record(unittest.TestResult):
-    """Every test with what became of it: nothing, a failure's text, or the reason of a skip."""
+    """Every test with its result: nothing, a failure's text, or the reason of a skip."""
 
     def __init__(self):
         super().__init__()
@@ -45,7 +45,7 @@ class _Record(unittest.TestResult):
 
 
 def run(case, path, only=None):
-    """Runs the tests of the class (those with `only` in their names), writes the result file; True if none failed."""
+    """Runs the class's tests (with `only` in their names) and writes the result file; True if none failed."""
     record = _Record()
     names = [name for name in unittest.defaultTestLoader.getTestCaseNames(case) if not only or only in name]
     unittest.TestSuite(map(case, names)).run(record)

@@ -25,7 +25,7 @@ def wave(milliseconds):
 
 
 def fill(folder):
-    """Three files; their titles, sorted, stand in another order than their names."""
+    """Three files whose titles sort differently from their names."""
     folder.mkdir(parents=True, exist_ok=True)
     (folder / "01.mid").write_bytes(midi("さくら"))
     (folder / "02.mid").write_bytes(midi("Greensleeves"))

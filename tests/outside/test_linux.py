@@ -1,4 +1,4 @@
-"""What a person does with the program on Linux: keys, clicks and drops, read back on the screen and on the disk."""
+"""A user's actions on Linux: keys, clicks and drops, checked on the screen and on the disk."""
 
 import os
 import pathlib
@@ -62,7 +62,7 @@ class Linux(unittest.TestCase):
         press("ctrl+a")
 
     def other_window(self, *paths):
-        """Another program's window, which has the focus then."""
+        """Opens another program's window, which takes the focus."""
         script = pathlib.Path(drag_source.__file__)
         process = subprocess.Popen([sys.executable, "-B", script, *paths], stdin=subprocess.DEVNULL)
         self.addCleanup(process.wait)
@@ -142,7 +142,7 @@ class Linux(unittest.TestCase):
         press("Return")
         reader.wait_for_box("リネーム名", "02")
         self.assertEqual(reader.selected(), [1])
-        write("beta")  # over the whole text, which is selected
+        write("beta")  # replaces the whole text, which is selected
         press("Return")
         reader.wait_for_box("リネーム名", "曲 03")
         reader.wait_for_names(["alpha", "beta", "曲 03"])
@@ -191,7 +191,7 @@ class Linux(unittest.TestCase):
         self.load()
         display.click(*reader.header_centre("タイトル"))
         reader.wait_for_names(["曲 03", "01", "02"])
-        display.click(*reader.header_centre("リネーム名"))  # every click turns the order round
+        display.click(*reader.header_centre("リネーム名"))  # every click reverses the order
         reader.wait_for_names(["01", "02", "曲 03"])
         self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
 
@@ -393,7 +393,7 @@ class Linux(unittest.TestCase):
         self.program.settings.unlink()
         process = self.load(GDK_DPI_SCALE="1.5")
         [window] = display.visible_windows(TITLE)
-        frame = 40  # the window manager's part of the height stays
+        frame = 40  # the height of the window manager's frame, which does not change
         large = display.geometry(window)[2:]
         self.assertAlmostEqual(large[0], 1.5 * width, delta=frame)
         self.assertAlmostEqual(large[1], 1.5 * height, delta=frame)
@@ -414,7 +414,7 @@ class Linux(unittest.TestCase):
         self.assertEqual(reader.rows()[0].location, str(single))
 
     def browser(self):
-        """Makes a browser of our own the desktop's; the file that holds what it is told to open."""
+        """Sets a fake browser as the desktop's default; returns the file to which it writes what it opens."""
         opened = self.program.folder / "opened"
         script = self.program.folder / "browser"
         script.write_text(f'#!/bin/sh\nprintf %s "$1" >"{opened}.new" && mv "{opened}.new" "{opened}"\n')
@@ -485,7 +485,7 @@ class Linux(unittest.TestCase):
         self.focus_rename_box()
         press(*_HIRAGANA_A, "Return")
         reader.wait_for_box("リネーム名", "あ")
-        press("x")  # behind the Return: it would be in another row by now
+        press("x")  # after Return: if the editing went on, this would be in another row
         reader.wait_for_box("リネーム名", "あx")
         self.assertEqual(reader.selected(), [0])
         press("Return")
@@ -511,7 +511,7 @@ class Linux(unittest.TestCase):
         reader.wait_for_names(["曲 03"])
 
     def test_opens_a_folder_by_its_path(self):
-        path = self.program.folder / "plain"  # it can be typed
+        path = self.program.folder / "plain"  # a path that can be typed
         path.mkdir()
         (path / "one.mid").write_bytes(samples.midi("One"))
         self.program.start_and_show()

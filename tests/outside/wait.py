@@ -1,13 +1,13 @@
-"""Waiting for states: nothing here or in the tests waits for a mere stretch of time."""
+"""Waiting for states. Nothing here or in the tests waits for a fixed time."""
 
 import time
 
-PATIENCE = 15.0  # seconds; far more than anything needs on a loaded machine
+PATIENCE = 15.0  # seconds; far more than needed even on a loaded machine
 _PAUSE = 0.03
 
 
 def until(ask, what, patience=PATIENCE):
-    """The first true answer of `ask`. Fails with `what`, and the last answer, when none comes in time."""
+    """Returns the first true result of `ask`. Fails with `what` and the last result when the time is up."""
     deadline = time.monotonic() + patience
     while True:
         answer = ask()
@@ -19,7 +19,7 @@ def until(ask, what, patience=PATIENCE):
 
 
 def until_equal(ask, expected, what, patience=PATIENCE):
-    """Waits until `ask` answers `expected`; fails with both values otherwise."""
+    """Waits until `ask` returns `expected`; fails with both values otherwise."""
     seen = []
 
     def is_expected():

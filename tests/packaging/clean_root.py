@@ -1,4 +1,4 @@
-"""A Debian (or Ubuntu) system with the least that one can have, in a folder in memory."""
+"""A minimal Debian (or Ubuntu) system in a folder in memory."""
 
 import os
 import pathlib
@@ -13,11 +13,11 @@ from product import cache_folder
 
 _SOURCES = ("debian.sources", "ubuntu.sources")
 _USER = "tester"
-NAMESPACES = "QUILLON_PACKAGING_NAMESPACES"  # set in a process whose mounts end with it
+NAMESPACES = "QUILLON_PACKAGING_NAMESPACES"  # set in a process with a private mount namespace
 
 
 def _mirror():
-    """The machine's own package source: its file, and its address."""
+    """The machine's package source: its file and its address."""
     for name in _SOURCES:
         file = pathlib.Path("/etc/apt/sources.list.d") / name
         if file.exists():
@@ -27,7 +27,7 @@ def _mirror():
 
 
 class CleanRoot:
-    """Made anew each time, from an archive in the cache. Needs a mount namespace that ends with the process."""
+    """Made from an archive in the cache for each run. Needs a mount namespace that ends with the process."""
 
     def __init__(self):
         release = platform.freedesktop_os_release()
@@ -69,7 +69,7 @@ class CleanRoot:
         self._mount("--types", "proc", "proc", to="proc")
         self._mount("--rbind", "/dev", to="dev")
         self._mount("--bind", "/tmp/.X11-unix", to="tmp/.X11-unix")
-        # What was downloaded once is kept.
+        # Downloads are cached.
         self._mount("--bind", self._cache / "packages", to="var/cache/apt/archives")
 
     def _make_archive(self):
@@ -79,7 +79,7 @@ class CleanRoot:
         (etc / "apt/sources.list").unlink(missing_ok=True)
         folder = etc / "apt" / ("sources.list.d" if sources.suffix == ".sources" else "")
         shutil.copy(sources, folder)
-        # Nothing in memory is saved by waiting for a disk; nothing is asked, nothing is started.
+        # Does not sync to disk, since everything is in memory; asks no questions and starts no services.
         (etc / "dpkg/dpkg.cfg.d/unsafe").write_text("force-unsafe-io\n")
         policy = self.path / "usr/sbin/policy-rc.d"
         policy.write_text("#!/bin/sh\nexit 101\n")
@@ -104,11 +104,11 @@ class CleanRoot:
         }
 
     def root_does(self, *command, seconds=60):
-        """Runs a program as root; what it wrote."""
+        """Runs a program as root; returns its output."""
         return succeed("chroot", self.path, *command, seconds=seconds, env=self._environment("/root"))
 
     def apt(self, *arguments):
-        """Runs apt-get; with new package lists, when the old ones name packages that are gone."""
+        """Runs apt-get; updates the package lists if they name packages that no longer exist."""
         command = ("chroot", self.path, "apt-get", "--yes", "--no-install-recommends", *arguments)
         status, _ = run(*command, seconds=300, env=self._environment("/root"))
         if status != 0:
@@ -123,7 +123,7 @@ class CleanRoot:
         return self.path / "home" / _USER
 
     def user_does(self, *command, seconds=30):
-        """Runs a program as an ordinary user; its status and what it wrote."""
+        """Runs a program as an ordinary user; returns its status and output."""
         return run(*self._as_user(*command), seconds=seconds, env=self._environment(f"/home/{_USER}"))
 
     def user_starts(self, *command):
@@ -135,7 +135,7 @@ class CleanRoot:
         return process
 
     def files(self):
-        """Every path of the system, but for what is mounted and what package managers write about their work."""
+        """Every path of the system, except mounts and the package managers' own records."""
         passing = ("proc", "dev", "tmp", "var/cache/apt", "var/lib/apt", "var/lib/dpkg", "var/log", "run")
         skipped = {self.path / name for name in passing}
         found = set()

@@ -1,10 +1,10 @@
-"""Running programs: always with an end."""
+"""Running programs, with a time limit."""
 
 import subprocess
 
 
 def run(*command, seconds=60, **options):
-    """Runs a program to its end; its status and all that it wrote."""
+    """Runs a program to its end; returns its status and its output."""
     done = subprocess.run(
         [str(word) for word in command],
         stdin=subprocess.DEVNULL,
@@ -18,7 +18,7 @@ def run(*command, seconds=60, **options):
 
 
 def succeed(*command, seconds=60, **options):
-    """The same for one that has to succeed; what it wrote."""
+    """The same for a program that must succeed; returns its output."""
     status, output = run(*command, seconds=seconds, **options)
     if status != 0:
         raise AssertionError(f"{' '.join(map(str, command))}: status {status}\n{output[-4000:]}")

@@ -1,4 +1,4 @@
-"""Checks the packages of package.sh: what is in them, and what they do on a system that has none of Quillon yet.
+"""Checks the packages of package.sh: their contents, and their behaviour on a system without Quillon.
 
 usage: packaging.py linux|windows --packages FOLDER --results FILE [--wine SCRIPT] [--only TEXT]
 
@@ -23,7 +23,7 @@ import commands  # noqa: E402
 import display  # noqa: E402
 import results  # noqa: E402
 
-_MOST_SECONDS = 900  # with a first download of the clean system
+_MOST_SECONDS = 900  # includes the first download of the clean system
 
 
 def _arguments():
@@ -37,13 +37,13 @@ def _arguments():
 
 
 def _in_namespaces():
-    """Runs all this again as a process whose mounts and children nobody else has, and which ends with this one; its exit
-    status. None where the system does not allow that."""
+    """Runs this program again in private namespaces, which end with this process. Returns its exit status; None where
+    the system does not allow that."""
     kill = ["setpriv", "--pdeathsig", "KILL"]
     namespaces = ["unshare", "--mount", "--propagation=private", "--pid", "--fork", "--kill-child", "--mount-proc"]
     if os.geteuid() != 0 or commands.run(*kill, *namespaces, "true")[0] != 0:
         return None
-    with tempfile.TemporaryDirectory(prefix="quillon-packaging-") as folder:  # which goes whatever becomes of them
+    with tempfile.TemporaryDirectory(prefix="quillon-packaging-") as folder:  # deleted however they end
         environment = dict(os.environ, TMPDIR=folder, **{clean_root.NAMESPACES: "1"})
         return subprocess.call([*kill, *namespaces, sys.executable, "-B", *sys.argv], env=environment)
 
@@ -60,7 +60,7 @@ def _case(arguments):
 
 
 def _told_to_end(*_):
-    raise KeyboardInterrupt  # which, unlike others, ends tests too
+    raise KeyboardInterrupt  # which, unlike other exceptions, also ends tests
 
 
 def _too_long(*_):
@@ -81,8 +81,8 @@ def _main():
     if missing:
         print("error: missing:", ", ".join(missing), file=sys.stderr)
         return 1
-    # Outside the namespaces: a server there takes the displays of the servers here for left by dead ones.
-    signal.signal(signal.SIGTERM, _told_to_end)  # so that what was begun is put away
+    # Started outside the namespaces, where a server would treat the displays of servers outside as left over.
+    signal.signal(signal.SIGTERM, _told_to_end)  # so that everything started is cleaned up
     screen = display.Display()
     try:
         status = _in_namespaces() if arguments.system == "linux" else None

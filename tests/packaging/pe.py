@@ -16,7 +16,7 @@ _SUBFOLDER = 0x80000000
 
 
 class Image:
-    """A 64-bit one."""
+    """A 64-bit program or library."""
 
     def __init__(self, path):
         self.bytes = path.read_bytes()
@@ -29,15 +29,15 @@ class Image:
         return struct.unpack_from("<" + kind, self.bytes, offset)[0]
 
     def _directory(self, index):
-        """Where a data directory is in memory, and its size."""
+        """A data directory's address in memory, and its size."""
         return struct.unpack_from("<II", self.bytes, self._header + 20 + 112 + 8 * index)
 
     def has_relocations(self):
-        """Without any, it cannot be moved, whatever its characteristics say."""
+        """Without relocations the program cannot be moved, whatever its characteristics say."""
         return self._directory(_RELOCATIONS)[1] > 0
 
     def _offset(self, address):
-        """Where in the file something is that has this address in memory."""
+        """The file offset for an address in memory."""
         first = self._header + 20 + self._number("H", self._header + 16)
         for section in range(first, first + 40 * self._number("H", self._header + 2), 40):
             size, start, _, data = struct.unpack_from("<IIII", self.bytes, section + 8)
@@ -51,7 +51,7 @@ class Image:
             yield struct.unpack_from("<II", self.bytes, entry)
 
     def resources(self, kind):
-        """The resources of a type: their bytes by their numbers or, where they have names, by None."""
+        """The resources of a type: their bytes by their numbers; None is the key for named ones."""
         address, size = self._directory(_RESOURCES)
         if not size:
             return {}

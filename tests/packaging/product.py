@@ -1,4 +1,4 @@
-"""What the packages have to say of the program: read where it is kept, and nowhere else."""
+"""The product data that the packages must contain, read from its only source."""
 
 import os
 import pathlib
@@ -23,5 +23,5 @@ def version():
 
 
 def cache_folder():
-    """Where the scripts keep what is made once."""
+    """The scripts' cache folder."""
     return pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache") / "quillon"

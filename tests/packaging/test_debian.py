@@ -1,4 +1,4 @@
-"""The package for Debian and Ubuntu: what it says, what it holds, and its life on a clean system."""
+"""The package for Debian and Ubuntu: its metadata, its contents, and its behaviour on a clean system."""
 
 import gzip
 import os
@@ -23,7 +23,7 @@ _PROGRAMS = ("usr/lib/quillon/quillon", "usr/lib/quillon/quillon-cli", "usr/lib/
 
 
 def expected_files(application):
-    """All that the package installs but the pages of the help."""
+    """All files that the package installs, except the help pages."""
     icons = [f"{_SHARE}/icons/hicolor/{size}x{size}/apps/quillon.png" for size in _ICON_SIZES]
     manuals = [f"{_SHARE}/man/{page}.1.gz" for page in ("man1/quillon", "man1/quillon-cli")]
     japanese = [name.replace("man/man1", "man/ja/man1") for name in manuals]
@@ -116,11 +116,10 @@ class Debian(unittest.TestCase):
 
     def test_programs_are_hardened(self):
         for name in _PROGRAMS:
-            # The mark of control flow protection is there only when all that is linked has it, and the libraries of Debian
-            # 12's compiler have not. The library only copies what nobody knows the length of: no call of it has a checked
-            # form.
+            # Control flow protection is only marked when all linked objects have it, and those of Debian 12's compiler
+            # do not. The library only copies data of unknown length, so none of its calls has a checked form.
             options = ["--nocfprotection"] + (["--nofortify"] if name.endswith(".so") else [])
-            environment = dict(os.environ, LC_ALL="C.UTF-8")  # it reads what other tools say
+            environment = dict(os.environ, LC_ALL="C.UTF-8")  # it parses the output of other tools
             status, said = run("hardening-check", *options, self.file(name), env=environment)
             self.assertEqual(status, 0, said)
 
@@ -130,7 +129,7 @@ class Debian(unittest.TestCase):
         for name in _PROGRAMS:
             code = succeed("objdump", "--disassemble", "--no-show-raw-insn", self.file(name))
             self.assertGreater(len(re.findall(r"\bendbr64\b", code)), 50, f"{name}: control flow protection")
-            if not name.endswith(".so"):  # which has no frame of more than a page
+            if not name.endswith(".so"):  # the library has no stack frame larger than a page
                 self.assertRegex(code, r"\borq +\$0x0,\(%rsp\)", f"{name}: stack clash protection")
 
     def test_its_own_sums_are_right(self):
@@ -189,7 +188,7 @@ class Debian(unittest.TestCase):
         self.check_only_settings_are_left(root, before)
 
     def check_recommended(self, root):
-        """Every recommended package, or one in its place, is there to be installed."""
+        """Every recommended package, or an alternative, can be installed."""
         simulation = ("apt-get", "--simulate", "--install-recommends", "install", f"/root/{self.package.name}")
         there = set(re.findall(r"^Inst (\S+)", root.root_does(*simulation), re.MULTILINE))
         there.update(root.root_does("dpkg-query", "--show", "--showformat=${Package}\n").split())
@@ -203,7 +202,7 @@ class Debian(unittest.TestCase):
         self.assertEqual(status, 0, said)
         for title in ("さくら", "Greensleeves", "荒城の月"):
             self.assertIn(title, said)
-        # Regular expressions are a library's, which lies beside the real program.
+        # Regular expressions need the library, which lies beside the real program.
         rules = "[Modify]\nFindCtrl=1\n0ReplaceFlag=1\n0ReplaceObject=^(a)b\n0ReplaceRepace=$1-\n"
         (root.home / "rules.ini").write_text(rules)
         (root.home / "names").write_text("abc\n")
@@ -217,7 +216,7 @@ class Debian(unittest.TestCase):
         process = root.user_starts("quillon")
         until(lambda: display.active_title() == TITLE or process.poll() is not None, "the window")
         self.assertIsNone(process.poll(), "the program ended at once")
-        # By its class a desktop knows whose window this is.
+        # Desktops identify a window's program by its class.
         entry = self.file(f"{_SHARE}/applications/{self.application}.desktop").read_text(encoding="utf-8")
         window = display.visible_windows(TITLE)[0]
         known = re.search("^StartupWMClass=(.*)$", entry, re.MULTILINE).group(1)

@@ -1,4 +1,4 @@
-"""The packages for Windows, under Wine: the installer, and the archive that needs no installing."""
+"""The packages for Windows, under Wine: the installer and the portable archive."""
 
 import os
 import pathlib
@@ -28,13 +28,13 @@ _WINDOWS_10 = "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"
 _UNINSTALLER = "Uninstall.exe"
 _SETTINGS = "Quillon.ini"
 _KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quillon"
-_RUNNING = 3  # the installer's exit status when the program runs
+_RUNNING = 3  # the installer's exit status when the program is running
 _SERVER_SECONDS = 120
 
 
 class WindowsPackages(unittest.TestCase):
     packages = None  # the folder of the packages
-    script = None  # what runs a program under Wine
+    script = None  # the script that runs a program under Wine
 
     @classmethod
     def setUpClass(cls):
@@ -44,7 +44,7 @@ class WindowsPackages(unittest.TestCase):
         os.environ["QUILLON_WINEPREFIX"] = str(prefix)
         cls.wine("--server", f"-p{_SERVER_SECONDS}", seconds=120)
         cls.addClassCleanup(cls.wine, "--server", "-k")
-        # The installer asks Wine where the user's programs are; so does this.
+        # Asks Wine for the folder of the user's programs, like the installer.
         cls.local = cls.folder_of(r"%LOCALAPPDATA%")
         cls.menu = cls.folder_of(r"%APPDATA%") / "Microsoft/Windows/Start Menu/Programs/Quillon"
         cls.home = cls.local / "Programs/Quillon"
@@ -52,7 +52,7 @@ class WindowsPackages(unittest.TestCase):
 
     @classmethod
     def wine(cls, *arguments, seconds=60):
-        """Runs a program to its end; its status and what it wrote. A pipe would be kept open by Wine's services."""
+        """Runs a program to its end; returns its status and output. No pipe: Wine's services would keep it open."""
         with tempfile.TemporaryFile() as output:
             command = [cls.script, *map(str, arguments)]
             quiet = {"stdin": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
@@ -62,7 +62,7 @@ class WindowsPackages(unittest.TestCase):
 
     @classmethod
     def folder_of(cls, variable):
-        """The folder that a variable of Windows names, as this system names it."""
+        """The folder in a Windows environment variable, as a path of this system."""
         _, said = cls.wine("cmd", "/c", f"echo {variable}")
         path = said.strip().replace("\\", "/")
         return pathlib.Path(os.environ["QUILLON_WINEPREFIX"]) / ("drive_c" + path.removeprefix("C:"))
@@ -96,7 +96,7 @@ class WindowsPackages(unittest.TestCase):
         return process
 
     def close(self, process):
-        """Closes the window by its keys, as often as it takes: a window that is new may miss them."""
+        """Closes the window by keys, repeatedly if needed, because a new window may miss them."""
 
         def closed():
             if display.active_title() == TITLE:
@@ -116,11 +116,11 @@ class WindowsPackages(unittest.TestCase):
         return self.wine(self.setup, "/S", *options)[0]
 
     def uninstall(self):
-        """The uninstaller goes on as a copy of itself, and answers nothing."""
+        """The uninstaller continues as a copy of itself and returns no status."""
         self.wine(self.home / _UNINSTALLER, "/S")
 
     def entry(self):
-        """What Windows shows of the installed program; nothing when it knows none."""
+        """The data that Windows shows for the installed program; nothing when it is not installed."""
         status, said = self.wine("reg", "query", _KEY)
         found = re.findall(r"^\s+(\w+)\s+REG_\w+\s+(.*?)\s*$", said, re.MULTILINE)
         return dict(found) if status == 0 else {}
@@ -129,7 +129,7 @@ class WindowsPackages(unittest.TestCase):
         self.assertLessEqual({self.setup.name, self.archive.name}, set(listed(self.packages)))
 
     def programs(self):
-        """The programs of the archive: each name and file, the file for as long as it is looked at."""
+        """The programs of the archive: each name and a file, which exists only during the iteration."""
         with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(self.archive) as archive:
             archive.extractall(folder)
             for program in sorted(_PROGRAMS):
@@ -224,7 +224,7 @@ class WindowsPackages(unittest.TestCase):
         self.assertEqual(self.install(), 0)
         (self.home / _SETTINGS).write_text("[System]\n")
         (self.home / "Quillon.exe").write_bytes(b"an older one")
-        # As an older version left it: elsewhere, and with another number.
+        # The state left by an older version: another folder and another version number.
         elsewhere = self.home.with_name("Quillon-old")
         self.addCleanup(shutil.rmtree, elsewhere, ignore_errors=True)
         shutil.rmtree(elsewhere, ignore_errors=True)
@@ -233,7 +233,7 @@ class WindowsPackages(unittest.TestCase):
         self.wine("reg", "add", _KEY, "/v", "InstallLocation", "/d", windows_path, "/f")
         self.wine("reg", "add", _KEY, "/v", "DisplayVersion", "/d", "1.00", "/f")
         self.assertEqual(self.install(), 0)
-        # It is the folder that the older version was in.
+        # The new version must be in the older version's folder.
         self.assertFalse(self.home.exists())
         self.assertEqual({path.name for path in elsewhere.iterdir()}, _INSTALLED | {_UNINSTALLER, _SETTINGS})
         self.assertEqual((elsewhere / _SETTINGS).read_text(), "[System]\n")
@@ -254,7 +254,7 @@ class WindowsPackages(unittest.TestCase):
         self.assertEqual(self.install(), 0)
         process = self.start_and_show(self.home / "Quillon.exe")
         self.assertEqual(self.install(), _RUNNING)
-        # Told where it is, the uninstaller works itself and answers.
+        # With its folder as an argument the uninstaller works without a copy and returns its status.
         place = self.entry()["InstallLocation"]
         self.assertEqual(self.wine(self.home / _UNINSTALLER, "/S", f"_?={place}")[0], _RUNNING)
         self.assertIsNone(process.poll())

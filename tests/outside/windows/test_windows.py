@@ -1,5 +1,4 @@
-"""What a person does with the program on Windows, under Wine: keys, clicks and drops, read back from its windows and
-from the disk."""
+"""A user's actions on Windows, under Wine: keys, clicks and drops, checked in the windows and on the disk."""
 
 import os
 import pathlib
@@ -26,7 +25,7 @@ _INITIALISATION_ERROR = [
 
 class Windows(unittest.TestCase):
     built = None  # the folder of the built program
-    script = None  # what runs a program under Wine
+    script = None  # the script that runs a program under Wine
 
     @classmethod
     def setUpClass(cls):
@@ -49,7 +48,7 @@ class Windows(unittest.TestCase):
         return process
 
     def answer(self, caption, text, key="Return"):
-        """Waits for the dialog, presses a key in it, and waits for it to close; its texts and buttons."""
+        """Waits for the dialog, presses a key in it and waits for it to close; returns its texts and buttons."""
         texts = self.wine.wait_for_dialog(caption, text)
         until_equal(display.active_title, caption, "the dialog in front")
         press(key)
@@ -57,7 +56,7 @@ class Windows(unittest.TestCase):
         return texts
 
     def other_window(self, *paths):
-        """Another program's window, which has the focus then."""
+        """Opens another program's window, which takes the focus."""
         script = pathlib.Path(drag_source.__file__)
         process = subprocess.Popen([sys.executable, "-B", script, *paths], stdin=subprocess.DEVNULL)
         self.addCleanup(process.wait)
@@ -126,7 +125,7 @@ class Windows(unittest.TestCase):
         write("alpha")
         press("Return")
         self.wine.wait_for_box("リネーム名", "02")
-        write("beta")  # over the whole text, which is selected
+        write("beta")  # replaces the whole text, which is selected
         press("Return")
         self.wine.wait_for_box("リネーム名", "曲 03")
         self.wine.wait_for_names(["alpha", "beta", "曲 03"])
@@ -155,7 +154,7 @@ class Windows(unittest.TestCase):
         self.assertRegex(self.wine.panels()[3], "^アイテム数： +2$")
 
     def test_del_deletes_the_file(self):
-        # Not to the recycle bin, which under Wine is the trash of the person who runs this.
+        # Not to the recycle bin, which under Wine is the real trash of the user who runs this.
         self.program.settings.write_bytes(b"[List]\r\nDeltoTrashBox=False\r\n")
         self.load()
         press("Delete")
@@ -192,7 +191,7 @@ class Windows(unittest.TestCase):
         names, titles, *_ = self.wine.list()["widths"]
         display.click(left + names + titles // 2, top + height // 2)
         self.wine.wait_for_names(["曲 03", "01", "02"])
-        display.click(left + names // 2, top + height // 2)  # every click turns the order round
+        display.click(left + names // 2, top + height // 2)  # every click reverses the order
         self.wine.wait_for_names(["01", "02", "曲 03"])
 
     def test_a_dropped_folder_is_loaded(self):

@@ -1,4 +1,4 @@
-"""The Windows program under Wine, in a prefix that no other test uses: two displays on one lose keys."""
+"""The Windows program under Wine, in a separate prefix: two displays on one prefix lose keys."""
 
 import json
 import os
@@ -10,11 +10,11 @@ from program import Program
 from wait import until, until_equal
 
 MAIN_CLASS = "wxWindowNR"
-_SERVER_SECONDS = 120  # how long Wine's server stays without a program: saves a second for each of them
+_SERVER_SECONDS = 120  # how long Wine's server keeps running without a program, which saves a second for each program
 
 
 class Wine:
-    """Runs programs by the script, with the prefix of these tests, which is made when it is not there."""
+    """Runs programs by the script, with these tests' prefix, which is created if it is missing."""
 
     def __init__(self, script, reader):
         self._script = str(script)
@@ -24,14 +24,14 @@ class Wine:
         self.run("--server", f"-p{_SERVER_SECONDS}")
 
     def close(self):
-        """Ends what is left of the prefix's programs, and its server."""
+        """Ends the prefix's remaining programs and its server."""
         self.run("--server", "-k")
 
     def command(self, *arguments):
         return [self._script, *map(str, arguments)]
 
     def run(self, *arguments):
-        """Runs a program to its end; what it wrote. A pipe would be kept open by Wine's services."""
+        """Runs a program to its end; returns its output. Not through a pipe, which Wine's services would keep open."""
         quiet = {"stdin": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
         with tempfile.TemporaryFile() as output:
             subprocess.run(self.command(*arguments), stdout=output, check=False, **quiet)
@@ -59,7 +59,7 @@ class Wine:
         return (self.control("msctls_statusbar32") or {"panels": []})["panels"]
 
     def box(self, label):
-        """The text of the box behind the label that starts so."""
+        """The text of the box behind the label with this beginning."""
         labelled = False
         for control in (self.main_window() or {"controls": []})["controls"]:
             if labelled and control["class"] == "Edit":
@@ -68,7 +68,7 @@ class Wine:
         return None
 
     def dialog(self):
-        """The caption and all the texts of the dialog that is open and in front; None when there is none."""
+        """The caption and all texts of the open dialog in front; None when there is none."""
         for window in self.windows():
             if window["class"] == "#32770" and window["active"]:
                 return window["text"], [control["text"] for control in window["controls"] if control["text"]]
@@ -81,7 +81,7 @@ class Wine:
         until_equal(lambda: self.box(label), text, f"box {label}")
 
     def wait_for_dialog(self, caption, text):
-        """Waits for a dialog that says `text`; its texts."""
+        """Waits for a dialog with this text; returns its texts."""
 
         def find():
             found = self.dialog()
@@ -91,7 +91,7 @@ class Wine:
 
 
 class WineProgram(Program):
-    """The Windows program in a folder of its own."""
+    """The Windows program in a private folder."""
 
     FILES = ("Quillon.exe", "BREGEXP.DLL")
     SETTINGS = "Quillon.ini"
@@ -109,5 +109,5 @@ class WineProgram(Program):
 
 
 def windows_path(path):
-    """How Wine's programs see a file of the system."""
+    """The path of a file in Wine's programs."""
     return "Z:" + str(path).replace("/", "\\")
