@@ -38,7 +38,7 @@ class MemorySource final : public ByteSource {
 
 constexpr std::uint64_t kHuge = std::numeric_limits<std::uint64_t>::max();
 
-TEST(ByteSourceRead, GivesTheBytesAsked) {
+TEST(ByteSourceRead, ReturnsTheRequestedBytes) {
   MemorySource source(std::string("ab\0de", 5));
   EXPECT_EQ(source.Read(0, 5), std::string("ab\0de", 5));
   EXPECT_EQ(source.Read(1, 2), std::string("b\0", 2));
@@ -54,7 +54,7 @@ TEST(ByteSourceRead, GivesFewerAtTheEnd) {
   EXPECT_EQ(source.Read(kHuge, kHuge), "");
 }
 
-TEST(ByteSourceRead, NeverAsksForMoreThanTheFileHolds) {
+TEST(ByteSourceRead, NeverAllocatesMoreThanTheFileHolds) {
   MemorySource source("abcde");
   EXPECT_EQ(source.Read(1, kHuge), "bcde");
   EXPECT_EQ(source.LargestCount(), 4u);
@@ -70,11 +70,11 @@ class Zeros final : public ByteSource {
   }
 };
 
-TEST(ByteSourceRead, AsksForNoMoreThanItsBound) {
+TEST(ByteSourceRead, NeverAllocatesMoreThanItsLimit) {
   EXPECT_EQ(Zeros().Read(5, kHuge).size(), ByteSource::kLongestRead);
 }
 
-TEST(ByteSourceRead, GivesWhatCouldBeReadWhenReadingFails) {
+TEST(ByteSourceRead, ReturnsThePartReadBeforeAFailure) {
   MemorySource source("abcde", 2);
   EXPECT_EQ(source.Read(0, 5), "ab");
   EXPECT_EQ(source.Read(1, 4), "b");
@@ -86,7 +86,7 @@ TEST(ByteSourceRead, ReadsNothingFromAnEmptyFile) {
   EXPECT_EQ(source.Read(0, kHuge), "");
 }
 
-TEST(ByteSource, IsNotHiddenUnlessItSaysSo) {
+TEST(ByteSource, IsNotHiddenByDefault) {
   EXPECT_FALSE(MemorySource("").IsHiddenOrSystem());
 }
 

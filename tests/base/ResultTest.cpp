@@ -21,7 +21,7 @@ TEST(Result, HoldsTheValue) {
   EXPECT_EQ(*half, 4);
 }
 
-TEST(Result, HoldsTheErrorInItsPlace) {
+TEST(Result, HoldsTheErrorInsteadOfAValue) {
   const Result<int, std::string> half = Half(7);
   EXPECT_FALSE(half.Ok());
   EXPECT_FALSE(static_cast<bool>(half));

@@ -83,7 +83,7 @@ TEST(CharacterAt, TakesInvalidBytesOneByOne) {
   }
 }
 
-TEST(CharacterAt, NeverLooksBehindTheViewsEnd) {
+TEST(CharacterAt, NeverReadsBehindTheViewsEnd) {
   const std::string text = "あい";
   EXPECT_FALSE(CharacterAt(std::string_view(text).substr(0, 2), 0).valid);
   EXPECT_EQ(CharacterAt(text, 3).codePoint, U'い');
@@ -216,7 +216,7 @@ TEST(EqualIgnoringCase, ComparesLowerCaseForms) {
   EXPECT_FALSE(EqualIgnoringCase("\xFF", "\uFFFD")) << "a byte equals only itself";
 }
 
-TEST(Trim, TakesAwayBlanksAndNothingElse) {
+TEST(Trim, RemovesOnlyBlanks) {
   EXPECT_EQ(Trim("  a b  "), "a b");
   EXPECT_EQ(Trim("a"), "a");
   EXPECT_EQ(Trim("   "), "");

@@ -8,14 +8,14 @@
 namespace quillon {
 namespace {
 
-TEST(Throttle, LetsTheFirstCallThroughAndHoldsTheNextBack) {
+TEST(Throttle, IsDueForTheFirstCallButNotTheNext) {
   Throttle throttle(std::chrono::hours(1));
   EXPECT_TRUE(throttle.Due());
   EXPECT_FALSE(throttle.Due());
   EXPECT_FALSE(throttle.Due());
 }
 
-TEST(Throttle, LetsACallThroughAgainAfterTheInterval) {
+TEST(Throttle, IsDueAgainAfterTheInterval) {
   constexpr std::chrono::milliseconds kInterval(5);
   Throttle throttle(kInterval);
   EXPECT_TRUE(throttle.Due());
@@ -23,7 +23,7 @@ TEST(Throttle, LetsACallThroughAgainAfterTheInterval) {
   EXPECT_TRUE(throttle.Due());
 }
 
-TEST(Throttle, HoldsNothingBackWithoutAnInterval) {
+TEST(Throttle, IsAlwaysDueWithoutAnInterval) {
   Throttle throttle(std::chrono::milliseconds(0));
   EXPECT_TRUE(throttle.Due());
   EXPECT_TRUE(throttle.Due());

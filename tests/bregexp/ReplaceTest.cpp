@@ -80,7 +80,7 @@ TEST_F(Bregexp, ReadsCommandsAsPerlDoes) {
   });
 }
 
-TEST_F(Bregexp, AnswersDefectsWithTheErrorTexts) {
+TEST_F(Bregexp, ReturnsTheErrorTextsForDefects) {
   const auto row = [](const char* name, std::string command, std::string_view expected) {
     return Row{name, std::move(command), "target", std::string(expected)};
   };
@@ -225,7 +225,7 @@ TEST_F(Bregexp, ClassEscapesKnowAsciiOnly) {
   });
 }
 
-TEST_F(Bregexp, Utf8TakesInvalidBytesForCharactersAndKeepsThem) {
+TEST_F(Bregexp, Utf8TreatsInvalidBytesAsCharactersAndKeepsThem) {
   Check({
       {"around a match", "s/a/x/gu", "\xFF"s + "a\xE3\x81"s, "\xFF"s + "x\xE3\x81"s},
       {"dot matches each of them", "s/./<$&>/gu", "\x80\xE3\x81", "<\x80><\xE3><\x81>"},
@@ -241,7 +241,7 @@ TEST_F(Bregexp, Utf8TakesInvalidBytesForCharactersAndKeepsThem) {
   });
 }
 
-TEST_F(Bregexp, CodePage932KeepsBytesThatStandForNothing) {
+TEST_F(Bregexp, CodePage932KeepsInvalidBytes) {
   Check({
       {"lead byte at the end", "s/a/x/gk", "a\x81", "x\x81"},
       {"lead byte alone", "s/a/x/gk", "\x81 a", "\x81 x"},
@@ -337,7 +337,7 @@ TEST_F(Bregexp, AResultThatExplodesIsCutOffButStaysLongerThanEveryName) {
   }
 }
 
-TEST_F(Bregexp, ExportsReplaceAndNoneOfItsInsides) {
+TEST_F(Bregexp, ExportsItsInterfaceOnly) {
   EXPECT_EQ(library_.Symbol("Match"), nullptr);
   EXPECT_EQ(library_.Symbol("_ZN7quillon10AnsiToUtf8B5cxx11ESt17basic_string_viewIcSt11char_traitsIcEE"), nullptr);
 }

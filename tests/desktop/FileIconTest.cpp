@@ -28,7 +28,7 @@ void ExpectPicture(const std::optional<Pixels>& pixels, int size) {
   EXPECT_TRUE(HasOpaquePixel(*pixels));
 }
 
-TEST_F(FileIcon, IsThereForAFileThatIsNot) {
+TEST_F(FileIcon, ExistsForAMissingFile) {
   ExpectPicture(SmallFileIcon("/no such folder/a.txt", 16), 16);
 }
 
@@ -50,7 +50,7 @@ TEST_F(FileIcon, IsFoundForPathsOfAnyLength) {
   ExpectPicture(SmallFileIcon(folder + std::string(1000, 'n') + ".txt", 16), 16);
 }
 
-TEST_F(FileIcon, IsNotThereForAPathWithANul) {
+TEST_F(FileIcon, IsMissingForAPathWithANul) {
   EXPECT_FALSE(SmallFileIcon(std::string("a\0.txt", 6), 16).has_value());
 }
 

@@ -36,7 +36,7 @@ TEST(JapaneseCollation, ComparesDigitsAsTexts) {
   ExpectOrder({{"01 曲"}, {"1", "１"}, {"1,000"}, {"10", "１０"}, {"2"}, {"9"}, {"9 曲"}, {"曲1"}, {"曲10"}, {"曲2"}});
 }
 
-TEST(JapaneseCollation, CountsHyphensAndApostrophesWhereTheyStand) {
+TEST(JapaneseCollation, ComparesHyphensAndApostrophesAtTheirPositions) {
   ExpectOrder({{"co-op"}, {"co1"}, {"coa"}, {"coop"}, {"it's"}, {"it1"}, {"its"}});
 }
 

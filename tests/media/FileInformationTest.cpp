@@ -174,7 +174,7 @@ TEST(FileInformation, GroupsTheDigitsOfTheSize) {
             "サイズ： 1,234,567 バイト / 種類： txt" + Further(folder, "TXT"));
 }
 
-TEST(FileInformation, OfAFileThatCannotBeOpenedKeepsLengthAndType) {
+TEST(FileInformation, OfAFileThatCannotBeOpenedHasLengthAndType) {
   const TempFolder folder;
   EXPECT_EQ(ReadFileInformation(folder.At("none.mp3"), "MP3", 1234, 1000),
             (FileInformation{"サイズ： 1,234 バイト / 種類： MP3 / 演奏時間： 0:01", "---"}));

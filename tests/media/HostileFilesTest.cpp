@@ -172,7 +172,7 @@ TEST(HostileFiles, TheInformationLinesCostLittleBeyondReading) {
 }
 
 #ifndef QUILLON_SANITIZED
-TEST(HostileFiles, AThousandRowsOfAMebibyteTakeAboutASecond) {
+TEST(HostileFiles, AThousandRowsOfAMebibyteEachTakeAboutASecond) {
   for (const Shape& shape : Shapes()) {
     if (shape.type == "htm"s) continue;  // pages are not read for rows
     SCOPED_TRACE(shape.type + ": "s + shape.name);
@@ -207,7 +207,7 @@ class ExhaustingFile final : public ByteSource {
   int readable_;
 };
 
-TEST(HostileFiles, RunningOutOfMemoryCostsAFileItsTexts) {
+TEST(HostileFiles, RunningOutOfMemoryGivesEmptyTexts) {
   const std::string texts = AnsiText(std::string(5000, 'x'));
   const struct {
     const char* type;

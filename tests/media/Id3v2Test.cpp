@@ -212,7 +212,7 @@ TEST(Id3v2, EncryptedAndGroupedFramesHaveExtraBytesInFrontOfTheirText) {
   }
 }
 
-TEST(Id3v2, AnEncryptedFrameOfSizeZeroIsPassedWithItsExtraByte) {
+TEST(Id3v2, AnEncryptedFrameOfSizeZeroIsSkippedWithItsExtraByte) {
   const Id3v2Info info = Read({.frames = {{"TIT2", "m", id3_frame_flag::kEncrypted, 0}, {"TPE1", AnsiText("Artist")}}});
   EXPECT_EQ(info.title, "");
   EXPECT_EQ(info.artist, "Artist");
@@ -242,7 +242,7 @@ TEST(Id3v2, OtherVersionsAreReadWithThreeLetterFrames) {
   }
 }
 
-TEST(Id3v2, TheExtendedHeaderIsPassedOver) {
+TEST(Id3v2, TheExtendedHeaderIsSkipped) {
   const Id3v2Info plain = Read({.frames = {{"TIT2", AnsiText("Song")}}, .padding = 30, .extendedHeader = true});
   EXPECT_TRUE(plain.extendedHeader);
   EXPECT_FALSE(plain.crcPresent);
@@ -290,14 +290,14 @@ TEST(Id3v2, AFrameIsReadWhenItBeginsTwoBytesBeforeTheTagsEnd) {
   EXPECT_EQ(Read({.frames = frames, .tagSize = firstFrame + 1}).artist, "");
 }
 
-TEST(Id3v2, AZeroByteInAFrameNamesPlaceEndsTheTag) {
+TEST(Id3v2, AZeroByteInsteadOfAFrameNameEndsTheTag) {
   std::string tag = Id3v2Tag({.frames = {{"TIT2", AnsiText("Song")}}, .padding = 10, .tagSize = 1000});
   tag += Id3v2Tag({.frames = {{"TPE1", AnsiText("Artist")}}}).substr(10);
   EXPECT_EQ(Read(tag).title, "Song");
   EXPECT_EQ(Read(tag).artist, "");
 }
 
-TEST(Id3v2, UnsynchronisedDataIsReadAsItStands) {
+TEST(Id3v2, UnsynchronisedDataIsReadUnchanged) {
   const Id3v2Info info = Read({.flags = 0x80, .frames = {{"TIT2", AnsiText("a\xE0")}, {"TPE1", AnsiText("Artist")}}});
   EXPECT_TRUE(info.unsynchronisation);
   EXPECT_EQ(info.title, "a・");
@@ -373,7 +373,7 @@ TEST(Id3v2, BothTextsOfACommentAreReadUpTo64KiB) {
   EXPECT_EQ(endless.comment, "");
 }
 
-TEST(Id3v2, FramesAreLookedAtUpToABound) {
+TEST(Id3v2, TheNumberOfExaminedFramesIsLimited) {
   const auto titleBehind = [](int count) {
     std::vector<Id3Frame> frames(static_cast<std::size_t>(count), Id3Frame{"XXXX", ""});
     frames.push_back({"TIT2", AnsiText("Song")});
@@ -383,7 +383,7 @@ TEST(Id3v2, FramesAreLookedAtUpToABound) {
   EXPECT_EQ(titleBehind(kMostId3Frames), "");
 }
 
-TEST(Id3v2, FramesOfSizeZeroComeToAnEnd) {
+TEST(Id3v2, ReadingFramesOfSizeZeroEnds) {
   for (const unsigned major : {2u, 3u}) {
     SCOPED_TRACE(major);
     const Id3Frame frame{major == 2 ? "XXX" : "XXXX", ""};
@@ -394,7 +394,7 @@ TEST(Id3v2, FramesOfSizeZeroComeToAnEnd) {
   }
 }
 
-TEST(Id3v2, TitleAndArtistAloneAreTheSameAsAmongAll) {
+TEST(Id3v2, TitleAndArtistAloneAreTheSameAsWithAllFields) {
   const std::string tag = Id3v2Tag({.frames = {{"TALB", AnsiText("Album")},
                                                {"TIT2", AnsiText("Song")},
                                                {"COMM", AnsiComment("a", "b")},

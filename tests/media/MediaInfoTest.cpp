@@ -97,7 +97,7 @@ TEST(MediaInfo, OfAnMp3FileIsTheTagsTitleAndArtist) {
   EXPECT_EQ(Read(tag + Mp3Audio(1) + trailer, "MP3"), (MediaInfo{"Song2", "Artist2"}));
 }
 
-TEST(MediaInfo, AnEmptyTagIsNotMadeUpForFromTheTrailer) {
+TEST(MediaInfo, TheTrailerDoesNotReplaceAnEmptyTag) {
   EXPECT_EQ(Read(Id3v2Tag({}) + Mp3Audio(1) + Id3v1Trailer({.title = "Song", .artist = "Artist"}), "MP3"), MediaInfo());
 }
 

@@ -79,12 +79,12 @@ TEST(MidiInfo, EventsAreFoundByTheirBytesInsideOtherData) {
   EXPECT_EQ(Read(MidiFile(0, 480, {Track(exclusive + Event(kName, "name"))})).title, "in it");
 }
 
-TEST(MidiInfo, NothingInFrontOfTheFirstTrackCounts) {
+TEST(MidiInfo, EventsInFrontOfTheFirstTrackDoNotCount) {
   const std::string file = MidiHeader(0, 1, 480) + MetaEvent(kName, "header") + Track(Event(kText, "text"));
   EXPECT_EQ(Read(file).title, "text");
 }
 
-TEST(MidiInfo, LeadingBytesArePassedOver) {
+TEST(MidiInfo, LeadingBytesAreSkipped) {
   const std::string song = MidiFile(0, 480, {Track(Event(kName, "Song"))});
   EXPECT_EQ(Read(RiffList("RIFF", "RMID", {RiffChunk("data", song)})), (MidiInfo{0, 1, 480, "Song", ""}));
 }
@@ -94,7 +94,7 @@ TEST(MidiInfo, ATrackInFrontOfTheHeaderIsTheFirstTrack) {
   EXPECT_EQ(Read(file), (MidiInfo{0, 1, 480, "early", ""}));
 }
 
-TEST(MidiInfo, HeaderLengthIsNotLookedAt) {
+TEST(MidiInfo, HeaderLengthIsIgnored) {
   std::string file = MidiFile(0, 480, {Track(Event(kName, "Song"))});
   file.replace(4, 4, "\xFF\xFF\xFF\xFF");
   EXPECT_EQ(Read(file).title, "Song");
@@ -182,7 +182,7 @@ TEST(MidiInfo, TheFileIsReadOnce) {
   EXPECT_EQ(small.reads, 1);
 }
 
-TEST(MidiInfo, WhatCannotMatterIsNotRead) {
+TEST(MidiInfo, IrrelevantPartsAreNotRead) {
   MemorySource file(MidiFile(1, 480, {Track(Event(kName, "Song")), Track(std::string(1'000'000, 'x'))}));
   EXPECT_EQ(ReadMidiInfo(file).title, "Song");
   EXPECT_LT(file.bytesRead, 100'000u);
@@ -204,13 +204,13 @@ TEST(MidiInfo, ChunksAndEventsAreFoundAnywhereInALongFile) {
   }
 }
 
-TEST(MidiInfo, WhatCannotBeReadIsCutOff) {
+TEST(MidiInfo, AnUnreadablePartCountsAsCutOff) {
   MemorySource file(MidiHeader(0, 1, 480) + "MTrk" + Bytes({0xFF, 3, 9, 'a'}));
   file.unreadable = 100;
   EXPECT_EQ(ReadMidiInfo(file).title, "a");
 }
 
-TEST(MidiInfo, AFileBeyond31BitsGivesTheEmptyRecordUnread) {
+TEST(MidiInfo, AFileBeyond31BitsIsNotReadAndGivesTheEmptyRecord) {
   MemorySource file(SimpleMidiFile("Song", ""));
   file.unreadable = std::uint64_t{1} << 40u;
   EXPECT_EQ(ReadMidiInfo(file), kEmpty);

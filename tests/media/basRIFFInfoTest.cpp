@@ -124,7 +124,7 @@ TEST(RiffInfo, OneTerminatingZeroByteIsDropped) {
   }
 }
 
-TEST(RiffInfo, BytesFrom128OnAreTakenInPairs) {
+TEST(RiffInfo, BytesFrom128OnAreDecodedInPairs) {
   const struct {
     const char* name;
     std::string data, text;
@@ -164,7 +164,7 @@ TEST(RiffInfo, EveryTruncationGivesBeginningsOfTheTexts) {
   }
 }
 
-TEST(RiffInfo, SizesOfTheirOwnInventionComeToAnEnd) {
+TEST(RiffInfo, SearchesWithInvalidSizesEnd) {
   const std::string tiny = RiffChunk("JUNK", "");
   std::string many;
   for (int i = 0; i < 50'000; ++i) many += tiny;
@@ -189,7 +189,7 @@ TEST(RiffInfo, ATextIsReadUpTo64KiB) {
   EXPECT_EQ(Read(RmpFile({{"INAM", whole + "yz"}, {"IART", "Artist"}})).artist, "Artist");
 }
 
-TEST(RiffInfo, ChunksAreLookedAtUpToABound) {
+TEST(RiffInfo, TheNumberOfExaminedChunksIsLimited) {
   const auto nameBehind = [](int count) {
     std::string file;
     for (int i = 0; i < count; ++i) file += RiffChunk("JUNK", "");
@@ -199,7 +199,7 @@ TEST(RiffInfo, ChunksAreLookedAtUpToABound) {
   EXPECT_EQ(nameBehind(kMostRiffChunks), "");
 }
 
-TEST(RiffInfo, NameAndArtistAloneAreTheSameAsAmongAll) {
+TEST(RiffInfo, NameAndArtistAloneAreTheSameAsWithAllFields) {
   MemorySource file(RmpFile({{"INAM", "Song"}, {"IART", "Artist"}, {"IPRD", "Album"}}));
   BlockReader reader(file);
   EXPECT_EQ(ReadRiffInfo(reader, TagFields::kTitleAndArtist), (RiffInfo{"Song", "Artist", "", "", ""}));
@@ -211,7 +211,7 @@ TEST(RiffInfo, ReadsByPath) {
   EXPECT_EQ(ReadRiffInfo(folder.At("none.mp3")), kEmpty);
 }
 
-TEST(RiffInfo, AFileThatIsNoRiffFileIsNotWalkedThrough) {
+TEST(RiffInfo, AFileThatIsNoRiffFileIsNotSearched) {
   MemorySource zeros(std::string(1000000, '\0'));
   EXPECT_EQ(ReadRiffInfo(zeros), RiffInfo());
   EXPECT_LE(zeros.reads, 50);

@@ -15,7 +15,7 @@ ParsedCommand Parse(std::string_view text) {
   return outcome.command;
 }
 
-TEST(CommandString, VerbsAndAliasesAreTakenInAnyLetterCase) {
+TEST(CommandString, VerbsAndAliasesIgnoreLetterCase) {
   const std::vector<std::pair<std::string_view, Verb>> rows = {
       {"Play MCI", Verb::kPlay},  {"pause mci", Verb::kPause},   {"RESUME Mci", Verb::kResume},
       {"Stop  MCI", Verb::kStop}, {" Close MCI ", Verb::kClose},
@@ -66,7 +66,7 @@ TEST(CommandString, APathOfWindowsEndsAtTheNextQuote) {
   EXPECT_EQ(command.alias, "x y");
 }
 
-TEST(CommandString, PlacesAreReadAsTheyStand) {
+TEST(CommandString, PositionsAreParsed) {
   EXPECT_EQ(Parse("seek X to 1500").milliseconds, 1500);
   EXPECT_EQ(Parse("seek X to -1").milliseconds, -1);
   EXPECT_EQ(Parse("seek X to Start").target, SeekTarget::kStart);

@@ -115,7 +115,7 @@ TEST(FolderPart, KeepsTheTrailingSeparator) {
       FolderPart);
 }
 
-TEST(FolderPart, AndFileNameMakeThePathAgain) {
+TEST(FolderPart, PlusFileNameIsThePath) {
   for (const PathStyle style : {kWin, kLin}) {
     for (const std::string_view path : {"", "a", "C:\\x\\y.mid", "C:y", "/x/y", "/x/", "\\", "a:b\\c/d"}) {
       SCOPED_TRACE(path);
@@ -279,7 +279,7 @@ TEST(MatchesExtensionFilter, ComparesWithEveryEntry) {
   }
 }
 
-TEST(ShortenPath, PutsDotsInThePlaceOfTheFirstFolders) {
+TEST(ShortenPath, ReplacesTheFirstFoldersWithDots) {
   const struct {
     const char* name;
     PathStyle style;

@@ -101,7 +101,7 @@ TEST(Ansi, CharactersWithTwoCodesAreWrittenAsWindowsWritesThem) {
   }
 }
 
-TEST(Ansi, EveryCodeOfTheCodePageIsThere) {
+TEST(Ansi, EveryCodeOfTheCodePageIsDecoded) {
   int pairs = 0;
   ForEachPair([&](unsigned lead, unsigned trail) {
     if (AnsiToUtf8(Pair(lead, trail)) != kDot || (lead == 0x81 && trail == 0x45)) ++pairs;
@@ -136,7 +136,7 @@ TEST(Ansi, OddSingleBytesAreThoseOfWindows) {
   EXPECT_EQ(Utf8ToAnsi("\xEF\xA3\xB0"), "\xA0");
 }
 
-TEST(Ansi, WhatStandsForNoCharacterBecomesADot) {
+TEST(Ansi, InvalidBytesBecomeADot) {
   struct Row {
     const char* name;
     std::string bytes;

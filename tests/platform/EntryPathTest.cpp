@@ -28,7 +28,7 @@ TEST(EntryPath, ThePathIsCutBehindItsLastSeparator) {
   }
 }
 
-TEST(EntryPath, SomeNamesNoFileCanHave) {
+TEST(EntryPath, SomeNamesAreInvalidOnEverySystem) {
   for (const std::string& name : {std::string(), std::string("."), std::string(".."), std::string("a\0", 2)}) {
     EXPECT_FALSE(CanNameFile(name));
   }

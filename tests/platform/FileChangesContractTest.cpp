@@ -61,7 +61,7 @@ TEST_P(FileChangesContract, RenameNeverReplacesAFolder) {
   EXPECT_THAT(world_->Names(), ElementsAre("folder", "one.mid"));
 }
 
-TEST_P(FileChangesContract, RenameNeverReplacesALinkThatLeadsNowhere) {
+TEST_P(FileChangesContract, RenameNeverReplacesADanglingLink) {
   world_->Write("one.mid", "1");
   if (!world_->MakeLink("link", "nowhere", false)) GTEST_SKIP() << "no links can be made here";
   EXPECT_EQ(NumberOf(Rename("one.mid", "link")), file_error::kAlreadyExists);
@@ -74,14 +74,14 @@ TEST_P(FileChangesContract, FailuresCarryADescription) {
   EXPECT_NE(outcome->description, "");
 }
 
-TEST_P(FileChangesContract, RenameToTheOwnNameSucceedsAndTouchesNothing) {
+TEST_P(FileChangesContract, RenameToTheCurrentNameSucceedsAndChangesNothing) {
   world_->Write("song.mid", "content");
   EXPECT_EQ(Rename("song.mid", "song.mid"), std::nullopt);
   EXPECT_THAT(world_->Names(), ElementsAre("song.mid"));
   EXPECT_EQ(world_->Read("song.mid"), "content");
 }
 
-TEST_P(FileChangesContract, RenameToTheOwnNameSucceedsThoughTheFolderIsSpelledDifferently) {
+TEST_P(FileChangesContract, RenameToTheCurrentNameSucceedsThoughTheFolderIsSpelledDifferently) {
   world_->Write("folder/song.mid", "content");
   EXPECT_EQ(Rename("folder/song.mid", "./folder/song.mid"), std::nullopt);
   EXPECT_THAT(world_->Names("folder"), ElementsAre("song.mid"));
@@ -97,7 +97,7 @@ TEST_P(FileChangesContract, RenameOfAnAbsentFileIsNotFound) {
   EXPECT_THAT(world_->Names(), IsEmpty());
 }
 
-TEST_P(FileChangesContract, RenameOfAnAbsentFileInLetterCaseAloneIsNotFound) {
+TEST_P(FileChangesContract, ChangingOnlyTheLetterCaseOfAnAbsentFileIsNotFound) {
   EXPECT_EQ(NumberOf(Rename("absent.mid", "ABSENT.mid")), file_error::kNotFound);
 }
 
@@ -107,7 +107,7 @@ TEST_P(FileChangesContract, RenameIntoAnAbsentFolderIsNotFound) {
   EXPECT_EQ(world_->Read("song.mid"), "content");
 }
 
-TEST_P(FileChangesContract, RenameCarriesOutAChangeOfLetterCaseAlone) {
+TEST_P(FileChangesContract, RenameCanChangeOnlyLetterCase) {
   struct Row {
     const char* name;
     const char* from;
@@ -126,7 +126,7 @@ TEST_P(FileChangesContract, RenameCarriesOutAChangeOfLetterCaseAlone) {
   }
 }
 
-TEST_P(FileChangesContract, RenameToTheRealSpellingFromAnotherOneTouchesNothing) {
+TEST_P(FileChangesContract, RenameToTheRealSpellingFromAnotherOneChangesNothing) {
   if (!world_->IgnoresCase()) GTEST_SKIP() << "letter case is kept apart here";
   world_->Write("Song.mid", "content");
   EXPECT_EQ(Rename("SONG.mid", "Song.mid"), std::nullopt);
@@ -166,7 +166,7 @@ TEST_P(FileChangesContract, TwoHardLinksAreTwoFiles) {
   EXPECT_THAT(world_->Names(), ElementsAre("one.mid", "two.mid"));
 }
 
-TEST_P(FileChangesContract, NamesThatCannotBeHeldAreNotFound) {
+TEST_P(FileChangesContract, InvalidNamesAreNotFound) {
   struct Row {
     const char* name;
     std::string to;
@@ -190,7 +190,7 @@ TEST_P(FileChangesContract, NamesThatCannotBeHeldAreNotFound) {
   }
 }
 
-TEST_P(FileChangesContract, SourcesThatNobodyCanHoldAreNotFound) {
+TEST_P(FileChangesContract, InvalidSourcesAreNotFound) {
   const std::vector<std::string> sources = {"", ".", "..", std::string("a\0b", 3)};
   for (const std::string& from : sources) {
     SCOPED_TRACE(from);
@@ -199,7 +199,7 @@ TEST_P(FileChangesContract, SourcesThatNobodyCanHoldAreNotFound) {
   }
 }
 
-TEST_P(FileChangesContract, WindowsHoldsNoneOfItsOwnSignsInAName) {
+TEST_P(FileChangesContract, WindowsAllowsNoneOfItsSpecialCharactersInAName) {
   if (world_->Style() != PathStyle::kWindows) GTEST_SKIP() << "a rule of Windows";
   for (const char* to : {"a?b", "a*b", "a<b", "a>b", "a|b", "a\"b", "a:b", "a\tb"}) {
     SCOPED_TRACE(to);
@@ -221,7 +221,7 @@ TEST_P(FileChangesContract, WindowsDropsDotsAndBlanksFromTheEndOfANewName) {
   }
 }
 
-TEST_P(FileChangesContract, WindowsHoldsNoNameOfDotsAndBlanksAlone) {
+TEST_P(FileChangesContract, WindowsAllowsNoNameOfOnlyDotsAndBlanks) {
   if (world_->Style() != PathStyle::kWindows) GTEST_SKIP() << "a rule of Windows";
   world_->Write("song.mid", "content");
   EXPECT_EQ(NumberOf(Rename("song.mid", "...")), file_error::kNotFound);
@@ -236,7 +236,7 @@ TEST_P(FileChangesContract, LinuxKeepsDotsAndBlanksAtTheEndOfAName) {
   EXPECT_THAT(world_->Names(), ElementsAre("song. ."));
 }
 
-TEST_P(FileChangesContract, RenameHoldsEveryOrdinaryName) {
+TEST_P(FileChangesContract, RenameAcceptsEveryOrdinaryName) {
   std::string longJapanese;
   for (int i = 0; i < 85; ++i) longJapanese += "曲";
   const std::vector<std::string> names = {
@@ -277,13 +277,13 @@ TEST_P(FileChangesContract, MoveNeverReplacesAFolderOfThatName) {
   EXPECT_EQ(world_->Read("from/song.mid"), "mine");
 }
 
-TEST_P(FileChangesContract, MoveIntoItsOwnFolderSucceedsAndTouchesNothing) {
+TEST_P(FileChangesContract, MoveIntoItsOwnFolderSucceedsAndChangesNothing) {
   world_->Write("from/song.mid", "content");
   EXPECT_EQ(Move("from/song.mid", "from/song.mid"), std::nullopt);
   EXPECT_EQ(world_->Read("from/song.mid"), "content");
 }
 
-TEST_P(FileChangesContract, MoveIntoItsOwnFolderBehindALinkSucceedsAndTouchesNothing) {
+TEST_P(FileChangesContract, MoveIntoItsOwnFolderThroughALinkSucceedsAndChangesNothing) {
   world_->Write("from/song.mid", "content");
   if (!world_->MakeLink("link", "from", true)) GTEST_SKIP() << "no links can be made here";
   EXPECT_EQ(Move("from/song.mid", "link/song.mid"), std::nullopt);

@@ -51,7 +51,7 @@ TEST_P(FileReadsContract, FoldersAreListedByNameIgnoringCase) {
                                                "あ.mid", "ａ.mid", "Ｂ.mid"));
 }
 
-TEST_P(FileReadsContract, NamesThatDifferInCaseAloneAreListedByTheirBytes) {
+TEST_P(FileReadsContract, NamesThatOnlyDifferInCaseAreListedByTheirBytes) {
   if (world_->IgnoresCase()) GTEST_SKIP() << "letter case is ignored here";
   for (const char* name : {"folder/b", "folder/B", "folder/a", "folder/A"}) world_->Write(name, "");
   EXPECT_THAT(NamesRead("folder"), ElementsAre("A", "a", "B", "b"));
@@ -73,7 +73,7 @@ TEST_P(FileReadsContract, ATrailingSeparatorMakesNoDifference) {
   EXPECT_EQ(entries->size(), 1U);
 }
 
-TEST_P(FileReadsContract, LinksAreWhatTheyLeadToAndThoseToNowhereAreLeftOut) {
+TEST_P(FileReadsContract, LinksHaveTheirTargetsKindAndDanglingOnesAreLeftOut) {
   world_->Write("target.mid", "content");
   world_->MakeFolder("inner");
   world_->MakeFolder("folder");
@@ -90,7 +90,7 @@ TEST_P(FileReadsContract, AnEmptyFolderHasNoEntries) {
   EXPECT_THAT(NamesRead("folder"), IsEmpty());
 }
 
-TEST_P(FileReadsContract, AFolderThatIsNotThereIsOutOfReach) {
+TEST_P(FileReadsContract, AMissingFolderIsUnreachable) {
   world_->Write("file.mid", "");
   const std::vector<std::string> folders = {"absent", "absent/inner", "file.mid", std::string("a\0b", 3)};
   for (const std::string& folder : folders) {
@@ -126,7 +126,7 @@ TEST_P(FileReadsContract, FilesAreReadAtAnyPlace) {
   EXPECT_EQ(file->Read(3, 2), "34") << "back again";
 }
 
-TEST_P(FileReadsContract, NothingIsReadBehindTheEnd) {
+TEST_P(FileReadsContract, ReadingBehindTheEndGivesNothing) {
   const std::string path = world_->Write("file.mid", "0123456789");
   const std::unique_ptr<ByteSource> file = world_->Reads().OpenFile(path);
   ASSERT_TRUE(file);
@@ -155,7 +155,7 @@ TEST_P(FileReadsContract, AnOpenFileIsReadThoughItIsRenamedAndDeleted) {
   EXPECT_EQ(file->Read(0, 10), "0123456789");
 }
 
-TEST_P(FileReadsContract, TheStatusSaysWhatStandsThere) {
+TEST_P(FileReadsContract, TheStatusIsTheEntrysKind) {
   world_->Write("file.mid", "12345");
   world_->MakeFolder("folder");
   const auto status = world_->Reads().Status(world_->At("file.mid"));
@@ -179,7 +179,7 @@ TEST_P(FileReadsContract, TheStatusFollowsLinks) {
   EXPECT_EQ(KindOf("dangling"), FileStatus::Kind::kOther) << "its name is taken";
 }
 
-TEST_P(FileReadsContract, TheStatusOfANameThatCannotBeHeldIsAnError) {
+TEST_P(FileReadsContract, TheStatusOfAnInvalidNameIsAnError) {
   const std::vector<std::string> names = {std::string(300, 'x'), std::string("a\0b", 3)};
   for (const std::string& name : names) {
     const auto status = world_->Reads().Status(world_->At(name));

@@ -35,12 +35,12 @@ Names SortedSimply(Names names) {
   return names;
 }
 
-TEST(FolderOrder, CapitalsAndSmallLettersAreOne) {
+TEST(FolderOrder, IgnoresLetterCase) {
   EXPECT_EQ(Sorted({"b", "A", "C", "a", "B"}), (Names{"A", "a", "B", "b", "C"}));
   EXPECT_EQ(Sorted({"ｂ", "Ａ", "ａ", "あ"}), (Names{"あ", "Ａ", "ａ", "ｂ"}));
 }
 
-TEST(FolderOrder, SignsBetweenTheAlphabetsStandBehindTheCapitals) {
+TEST(FolderOrder, SignsBetweenTheAlphabetsSortBehindTheCapitals) {
   EXPECT_EQ(Sorted({"_", "z", "A", "[", "1"}), (Names{"1", "A", "z", "[", "_"}));
 }
 
@@ -53,7 +53,7 @@ TEST(FolderOrder, FewEntriesNeedNoOrder) {
   EXPECT_EQ(Sorted({"one"}), Names{"one"});
 }
 
-TEST(FolderOrder, AnEntryKeepsWhatItIs) {
+TEST(FolderOrder, AnEntryKeepsItsKind) {
   std::vector<FolderEntry> entries = {{"b", true, false}, {"a", false, true}};
   SortAsVolumeLists(entries);
   EXPECT_EQ(entries, (std::vector<FolderEntry>{{"a", false, true}, {"b", true, false}}));
@@ -63,7 +63,7 @@ TEST(FolderOrder, TheScriptsOfEastAsiaHaveNoLetterCase) {
   for (char32_t c = 0x2E80; c <= 0xA63F; ++c) EXPECT_EQ(UpperCharacter(c), c);
 }
 
-TEST(FolderOrder, IsTheSimpleOrderForNamesOfEveryKind) {
+TEST(FolderOrder, EqualsTheSimpleImplementationForNamesOfEveryKind) {
   const Names pieces = {"a", "A", "b", "_", "0", "曲", "ａ", "Ａ", "é", "É", "ß", "ﬀ", "\xFF", "\x80", "😀", " ", "."};
   std::uint32_t state = 1;
   const auto random = [&](std::size_t below) {

@@ -52,7 +52,7 @@ TEST(MemoryFileSystem, CallsAreLogged) {
   EXPECT_EQ(files.CountOf(FileCall::kRemove), 0U);
 }
 
-TEST(MemoryFileSystem, RecycledFilesAreGoneAndKnown) {
+TEST(MemoryFileSystem, RecycledFilesAreRemovedAndRecorded) {
   MemoryFileSystem files = LinuxFiles();
   files.AddFile("/a/song");
   EXPECT_EQ(files.Recycle("/a/song", 0), 0);
@@ -84,7 +84,7 @@ TEST(MemoryFileSystem, PipesAreNeitherFilesNorFolders) {
   EXPECT_EQ(entries->size(), 1U);
 }
 
-TEST(MemoryFileSystem, HiddenFilesSaySo) {
+TEST(MemoryFileSystem, HiddenFilesAreReportedAsHidden) {
   MemoryFileSystem files({PathStyle::kWindows, true});
   files.AddFile("C:\\a\\song", "content");
   files.Hide("C:\\A\\SONG");
@@ -93,7 +93,7 @@ TEST(MemoryFileSystem, HiddenFilesSaySo) {
   EXPECT_TRUE(file->IsHiddenOrSystem());
 }
 
-TEST(MemoryFileSystem, LinksThatLeadUpAgainAreResolved) {
+TEST(MemoryFileSystem, LinksToAParentFolderAreResolved) {
   MemoryFileSystem files = LinuxFiles();
   files.AddFile("/a/b/song");
   files.AddLink("/a/b/up", "/a");

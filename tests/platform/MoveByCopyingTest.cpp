@@ -127,7 +127,7 @@ FileError FailureOf(TwoVolumes& volumes) {
 const Files kBefore = {{kSource, "content"}};
 const Files kAfter = {{kTarget, "content"}};
 
-TEST(MoveByCopying, TheFileIsThereAndNoLongerHere) {
+TEST(MoveByCopying, TheFileIsAtTheNewPathOnly) {
   TwoVolumes volumes;
   const MoveOutcome outcome = MoveSong(volumes);
   ASSERT_TRUE(outcome);
@@ -185,7 +185,7 @@ TEST(MoveByCopying, ASourceThatChangesUntilTheLastMomentStaysAndSoDoesTheCopy) {
   }
 }
 
-TEST(MoveByCopying, ASourceThatIsGoneByThenIsASuccess) {
+TEST(MoveByCopying, ASourceThatWasDeletedMeanwhileIsASuccess) {
   for (const Step moment : {Step::kCopy, Step::kPublish, Step::kFlushFolder}) {
     TwoVolumes volumes;
     volumes.before[moment] = [](Files& files) { files.erase(kSource); };
@@ -194,7 +194,7 @@ TEST(MoveByCopying, ASourceThatIsGoneByThenIsASuccess) {
   }
 }
 
-TEST(MoveByCopying, ADeletionThatReportsAFailureAndHasHappenedIsASuccess) {
+TEST(MoveByCopying, ADeletionThatHappenedButReportsAFailureIsASuccess) {
   TwoVolumes volumes;
   volumes.failing = Step::kRemoveSource;
   volumes.failsAfter = Extent::kAll;
@@ -202,7 +202,7 @@ TEST(MoveByCopying, ADeletionThatReportsAFailureAndHasHappenedIsASuccess) {
   EXPECT_EQ(volumes.files, kAfter);
 }
 
-TEST(MoveByCopying, TheOnlyCopyIsNeverTakenBack) {
+TEST(MoveByCopying, TheOnlyCopyIsNeverDeleted) {
   struct Row {
     const char* name;
     Step failing;
@@ -242,7 +242,7 @@ void ExpectACopyThatStays(TwoVolumes& volumes, Step step) {
   EXPECT_EQ(volumes.files.at(failure.fileAt), "content");
 }
 
-TEST(MoveByCopying, ACopyWhoseSourceIsOutOfSightStays) {
+TEST(MoveByCopying, ACopyWhoseSourceCannotBeCheckedStays) {
   for (const Step step : {Step::kNone, Step::kPublish, Step::kFlushFolder}) {
     TwoVolumes volumes;
     volumes.sourceIsOutOfSight = true;
@@ -250,7 +250,7 @@ TEST(MoveByCopying, ACopyWhoseSourceIsOutOfSightStays) {
   }
 }
 
-TEST(MoveByCopying, ARivalsFileAtTheNewNameIsLeftAlone) {
+TEST(MoveByCopying, AnotherProgramsFileAtTheNewNameIsKept) {
   TwoVolumes volumes;
   volumes.failing = Step::kRemoveSource;
   volumes.before[Step::kRemoveSource] = [](Files& files) { files[kTarget] = "other"; };
@@ -258,7 +258,7 @@ TEST(MoveByCopying, ARivalsFileAtTheNewNameIsLeftAlone) {
   EXPECT_EQ(volumes.files, Files({{kSource, "content"}, {kTarget, "other"}}));
 }
 
-TEST(MoveByCopying, ANewNameThatWasGivenInSpiteOfAFailureIsTakenBack) {
+TEST(MoveByCopying, ANewNameThatWasGivenDespiteAFailureIsRemoved) {
   TwoVolumes volumes;
   volumes.failing = Step::kPublish;
   volumes.failsAfter = Extent::kAll;
@@ -266,7 +266,7 @@ TEST(MoveByCopying, ANewNameThatWasGivenInSpiteOfAFailureIsTakenBack) {
   EXPECT_EQ(volumes.files, kBefore);
 }
 
-TEST(MoveByCopying, WhereverItIsKilledTheContentIsWholeAndNothingElseHasAFinalName) {
+TEST(MoveByCopying, WhereverItIsKilledTheContentIsCompleteAndNoPartHasAFinalName) {
   for (const Step step : {Step::kOpenSource, Step::kCopy, Step::kPublish, Step::kFlushFolder, Step::kRemoveSource}) {
     for (const Extent extent : {Extent::kNothing, Extent::kHalf, Extent::kAll}) {
       SCOPED_TRACE(std::to_string(static_cast<int>(step)) + std::to_string(static_cast<int>(extent)));
@@ -284,7 +284,7 @@ TEST(MoveByCopying, WhereverItIsKilledTheContentIsWholeAndNothingElseHasAFinalNa
   }
 }
 
-TEST(MoveByCopying, ACopyWithBothNamesIsNamedByTheNewOne) {
+TEST(MoveByCopying, ACopyWithBothNamesIsReportedByItsNewOne) {
   TwoVolumes volumes;
   volumes.failing = Step::kPublish;
   volumes.failsAfter = Extent::kHalf;
@@ -294,7 +294,7 @@ TEST(MoveByCopying, ACopyWithBothNamesIsNamedByTheNewOne) {
   EXPECT_EQ(failure.fileAt, kTarget);
 }
 
-TEST(MoveByCopying, ACopyThatCannotBeTakenBackIsNamed) {
+TEST(MoveByCopying, ACopyThatCannotBeDeletedIsReported) {
   for (const Step step : {Step::kPublish, Step::kFlushFolder, Step::kRemoveSource}) {
     TwoVolumes volumes;
     volumes.copyMayGo = false;

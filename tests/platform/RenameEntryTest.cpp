@@ -128,7 +128,7 @@ int NumberOf(const FileOutcome& outcome) {
   return outcome ? outcome->number : 0;
 }
 
-TEST(RenameEntry, AnOrdinaryRenameAsksTheVolumeOnce) {
+TEST(RenameEntry, AnOrdinaryRenameNeedsOneCall) {
   Volume volume(CaseChange::kApart);
   volume.Add("old", 1);
   EXPECT_EQ(Rename(volume, "old", "new"), std::nullopt);
@@ -137,7 +137,7 @@ TEST(RenameEntry, AnOrdinaryRenameAsksTheVolumeOnce) {
   EXPECT_EQ(volume.Listings(), 0);
 }
 
-TEST(RenameEntry, AnExistingTargetIsReportedWithoutFurtherQuestions) {
+TEST(RenameEntry, AnExistingTargetIsReportedWithoutFurtherCalls) {
   Volume volume(CaseChange::kRefused);
   volume.Add("old", 1);
   volume.Add("new", 2);
@@ -146,7 +146,7 @@ TEST(RenameEntry, AnExistingTargetIsReportedWithoutFurtherQuestions) {
   EXPECT_EQ(volume.Looks() + volume.Listings(), 0);
 }
 
-TEST(RenameEntry, WhereCaseIsKeptApartTheFolderIsNotRead) {
+TEST(RenameEntry, OnACaseSensitiveVolumeTheFolderIsNotRead) {
   Volume volume(CaseChange::kApart);
   volume.Add("song", 1);
   EXPECT_EQ(Rename(volume, "song", "SONG"), std::nullopt);
@@ -155,7 +155,7 @@ TEST(RenameEntry, WhereCaseIsKeptApartTheFolderIsNotRead) {
   EXPECT_EQ(volume.Listings(), 0);
 }
 
-TEST(RenameEntry, AChangeOfCaseIsCarriedOutHoweverTheVolumeAnswers) {
+TEST(RenameEntry, AChangeOfCaseWorksHoweverTheVolumeHandlesIt) {
   struct Row {
     const char* name;
     CaseChange caseChange;
@@ -173,7 +173,7 @@ TEST(RenameEntry, AChangeOfCaseIsCarriedOutHoweverTheVolumeAnswers) {
   }
 }
 
-TEST(RenameEntry, TheFilesRealNameIsItsOwnHoweverTheCallerSpellsIt) {
+TEST(RenameEntry, TheFilesRealNameIsRecognisedHoweverTheCallerSpellsIt) {
   for (const CaseChange caseChange : {CaseChange::kDone, CaseChange::kRefused, CaseChange::kPretended}) {
     Volume volume(caseChange);
     volume.Add("Song", 1);
@@ -212,7 +212,7 @@ TEST(RenameEntry, NeighboursThatDifferInCaseAreTwoEntriesWithoutReadingTheFolder
   EXPECT_EQ(volume.Listings(), 0);
 }
 
-TEST(RenameEntry, AnotherFileThatDiffersInCaseIsAnObstacleAndStays) {
+TEST(RenameEntry, AnotherFileThatDiffersInCaseIsNotReplaced) {
   Volume volume(CaseChange::kApart);
   volume.Add("song", 1);
   volume.Add("SONG", 2);
@@ -221,7 +221,7 @@ TEST(RenameEntry, AnotherFileThatDiffersInCaseIsAnObstacleAndStays) {
   EXPECT_EQ(volume.Renames(), 1) << "nothing goes through a temporary name";
 }
 
-TEST(RenameEntry, SomebodyElsesNewFileAtTheOldNameIsNotTakenForTheFile) {
+TEST(RenameEntry, AnotherProgramsNewFileAtTheOldNameIsNotMistakenForTheFile) {
   Volume volume(CaseChange::kApart);
   volume.Add("song", 1);
   volume.countsNames = true;
@@ -232,7 +232,7 @@ TEST(RenameEntry, SomebodyElsesNewFileAtTheOldNameIsNotTakenForTheFile) {
   EXPECT_EQ(volume.Renames(), 1);
 }
 
-TEST(RenameEntry, ATemporaryNameThatIsTakenIsNotTheEnd) {
+TEST(RenameEntry, ATakenTemporaryNameIsRetried) {
   for (const CaseChange caseChange : {CaseChange::kRefused, CaseChange::kPretended}) {
     Volume volume(caseChange);
     volume.Add("song", 1);
@@ -291,7 +291,7 @@ TEST(RenameEntry, AFileThatCannotGetItsOldNameBackIsNamedInTheErrorAndKeepsItsEn
   }
 }
 
-TEST(RenameEntry, TheOwnNameOnlyLooks) {
+TEST(RenameEntry, RenamingToTheCurrentNameOnlyChecksTheFile) {
   Volume volume(CaseChange::kApart);
   volume.Add("song", 1);
   EXPECT_EQ(Rename(volume, "song", "song"), std::nullopt);

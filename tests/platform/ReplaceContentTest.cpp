@@ -97,7 +97,7 @@ FileOutcome Save(Volume& volume) {
   return ReplaceContent(volume, kPath, "new", PathStyle::kLinux);
 }
 
-TEST(ReplaceContent, ANewFileTakesTheOldOnesPlaceAndThatIsMadeDurable) {
+TEST(ReplaceContent, ANewFileReplacesTheOldOneDurably) {
   Volume volume;
   volume.files = kOld;
   EXPECT_EQ(Save(volume), std::nullopt);
@@ -113,7 +113,7 @@ TEST(ReplaceContent, AFirstFileReplacesNothing) {
   EXPECT_THAT(volume.calls, ElementsAre("write", "publish", "flush"));
 }
 
-TEST(ReplaceContent, WhatCannotBeLookedAtIsNotTouched) {
+TEST(ReplaceContent, APathThatCannotBeCheckedIsNotChanged) {
   Volume volume;
   volume.files = kOld;
   volume.failing = {"look"};
@@ -135,7 +135,7 @@ TEST(ReplaceContent, AfterAFailureTheOldFileStaysAndTheTemporaryGoes) {
   }
 }
 
-TEST(ReplaceContent, AFirstFileThatCannotBeNamedGoes) {
+TEST(ReplaceContent, AFirstFileThatCannotBeRenamedIsDeleted) {
   Volume volume;
   volume.failing = {"publish"};
   EXPECT_TRUE(Save(volume));
@@ -166,7 +166,7 @@ TEST(ReplaceContent, TheOnlyCopyIsNeverDeletedAndTheErrorNamesIt) {
   }
 }
 
-TEST(ReplaceContent, WhereNobodyCanTellWhatStandsNothingIsPut) {
+TEST(ReplaceContent, AnUnknownPathIsNotReplaced) {
   Volume volume;
   volume.files = kOld;
   volume.failing = {"replace"};
@@ -175,7 +175,7 @@ TEST(ReplaceContent, WhereNobodyCanTellWhatStandsNothingIsPut) {
   EXPECT_THAT(volume.calls, ElementsAre("write", "replace"));
 }
 
-TEST(ReplaceContent, ATemporaryThatCannotBeDeletedChangesNothingElse) {
+TEST(ReplaceContent, ATemporaryFileThatCannotBeDeletedChangesNothingElse) {
   Volume volume;
   volume.files = kOld;
   volume.failing = {"replace", "remove"};
@@ -193,7 +193,7 @@ TEST(ReplaceContent, ANameThatCannotBeMadeDurableIsAnError) {
   EXPECT_EQ(volume.files, kNew);
 }
 
-TEST(ReplaceContent, ATakenTemporaryNameIsNotTheEnd) {
+TEST(ReplaceContent, ATakenTemporaryNameIsRetried) {
   Volume volume;
   volume.files = kOld;
   volume.collisions = 3;
@@ -201,7 +201,7 @@ TEST(ReplaceContent, ATakenTemporaryNameIsNotTheEnd) {
   EXPECT_EQ(volume.files, kNew);
 }
 
-TEST(ReplaceContent, TakenTemporaryNamesAreTheEndSomeTime) {
+TEST(ReplaceContent, TakenTemporaryNamesAreRetriedALimitedNumberOfTimes) {
   Volume volume;
   volume.collisions = 1000000;
   const FileOutcome outcome = Save(volume);
@@ -230,7 +230,7 @@ TEST(ReplaceSteps, ATakenNameIsNotWrittenTo) {
   EXPECT_EQ(folder.Read("taken"), "yours");
 }
 
-TEST(ReplaceSteps, LeadToTheNewContentUnderTheOldName) {
+TEST(ReplaceSteps, GiveTheOldNameTheNewContent) {
   const TempFolder folder;
   const auto steps = MakeReplaceSteps();
   const std::string path = folder.Write("file", "old");

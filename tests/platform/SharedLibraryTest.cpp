@@ -39,7 +39,7 @@ TEST(SharedLibrary, TheProgramsOwnFolderComesFirst) {
   EXPECT_EQ(FindLibrary(ProgramBaseName() + (IsWindows() ? ".exe" : "")), ProgramFolder());
 }
 
-TEST(SharedLibrary, WhatIsNowhereIsNotFound) {
+TEST(SharedLibrary, AMissingLibraryIsNotFound) {
   EXPECT_EQ(FindLibrary(SharedLibraryFileName("no-such-library")), std::nullopt);
   EXPECT_EQ(FindLibrary(""), std::nullopt);
   EXPECT_EQ(FindLibrary("folder/" + SystemLibrary()), std::nullopt) << "names only";
@@ -54,7 +54,7 @@ TEST(SharedLibrary, ALoadedLibraryResolvesItsFunctions) {
   EXPECT_EQ(library.Symbol("NoSuchFunction"), nullptr);
 }
 
-TEST(SharedLibrary, NothingIsLoadedButFromAFullPath) {
+TEST(SharedLibrary, OnlyFullPathsAreLoaded) {
   EXPECT_FALSE(SharedLibrary(SystemLibrary()).Loaded());
   EXPECT_FALSE(SharedLibrary(std::string(IsWindows() ? ".\\" : "./") + SystemLibrary()).Loaded());
   EXPECT_FALSE(SharedLibrary("").Loaded());

@@ -8,13 +8,13 @@
 namespace quillon {
 namespace {
 
-TEST(OpenWithShell, AnswersTwoForAFileThatIsNotThere) {
+TEST(OpenWithShell, Returns2ForAMissingFile) {
   const test::TempFolder folder;
   EXPECT_EQ(OpenWithShell(folder.At("missing.chm")), kShellFileNotFound);
   EXPECT_EQ(OpenWithShell(""), kShellFileNotFound);
 }
 
-TEST(FileTypeDescription, IsWhatTheDesktopCallsAFile) {
+TEST(FileTypeDescription, IsTheDesktopsDescription) {
   EXPECT_EQ(FileTypeDescription("qzx"), "") << "nobody's extension";
   EXPECT_EQ(FileTypeDescription(""), "");
   const std::string words = FileTypeDescription("txt");

@@ -54,7 +54,7 @@ TEST_F(TemporaryMarks, StandBesideTheTemporaryFileAndGoWithTheObject) {
   EXPECT_THAT(Names(), IsEmpty());
 }
 
-TEST_F(TemporaryMarks, ThatAreKeptGoADayLaterWithTheirFiles) {
+TEST_F(TemporaryMarks, ThatAreKeptAreDeletedADayLaterWithTheirFiles) {
   std::string name;
   {
     const auto mark = MarkTemporary(Folder());
@@ -69,13 +69,13 @@ TEST_F(TemporaryMarks, ThatAreKeptGoADayLaterWithTheirFiles) {
   EXPECT_THAT(Names(), IsEmpty());
 }
 
-TEST_F(TemporaryMarks, OfAFolderThatIsNotThereAreAnError) {
+TEST_F(TemporaryMarks, InAMissingFolderAreAnError) {
   const auto mark = MarkTemporary(folder_.At("absent") + Folder().back());
   ASSERT_FALSE(mark);
   EXPECT_EQ(mark.Failure().number, file_error::kNotFound);
 }
 
-TEST_F(TemporaryMarks, LeftBehindADayAgoGoWithTheirFiles) {
+TEST_F(TemporaryMarks, LeftBehindADayAgoAreDeletedWithTheirFiles) {
   for (const std::string_view text : {kMarkText, kMarkText.substr(0, 20), std::string_view()}) {
     LeaveBehind(text, std::chrono::hours(25));
     RemoveMarkedLeftovers(Folder());
@@ -83,7 +83,7 @@ TEST_F(TemporaryMarks, LeftBehindADayAgoGoWithTheirFiles) {
   }
 }
 
-TEST_F(TemporaryMarks, LeftBehindAloneGoToo) {
+TEST_F(TemporaryMarks, LeftBehindWithoutAFileAreDeletedToo) {
   LeaveBehind(kMarkText, std::chrono::hours(25));
   fs::remove(folder_.At(kName));
   RemoveMarkedLeftovers(Folder());
@@ -96,7 +96,7 @@ TEST_F(TemporaryMarks, YoungerThanADayStayWithTheirFiles) {
   EXPECT_THAT(Names(), UnorderedElementsAre(kName, MarkName(kName)));
 }
 
-TEST_F(TemporaryMarks, NothingElseIsTaken) {
+TEST_F(TemporaryMarks, NothingElseIsDeleted) {
   LeaveBehind("somebody's own text", std::chrono::hours(1000));
   const std::string longer = std::string(kMarkText) + "and more";
   folder_.Write(".quillon-aaaaaaaaaaaa.mark", longer);
@@ -118,7 +118,7 @@ TEST_F(TemporaryMarks, AFolderOfThatNameStays) {
   EXPECT_THAT(Names(), UnorderedElementsAre(kName, MarkName(kName)));
 }
 
-TEST(MarkName, IsRecognisedAndNoOtherNameIs) {
+TEST(MarkName, IsDistinguishedFromOtherNames) {
   for (int i = 0; i < 100; ++i) {
     const std::string name = TemporaryName();
     EXPECT_EQ(MarkedName(MarkName(name)), name);

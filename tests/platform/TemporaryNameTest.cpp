@@ -7,7 +7,7 @@
 namespace quillon::test {
 namespace {
 
-TEST(TemporaryName, IsHiddenShortAndAnotherOneEveryTime) {
+TEST(TemporaryName, IsHiddenShortAndDifferentEveryTime) {
   std::set<std::string> names;
   for (int i = 0; i < 1000; ++i) {
     const std::string name = TemporaryName();

@@ -44,7 +44,7 @@ TEST(WholeFile, IsReadWhole) {
   EXPECT_EQ(ContentOf(folder.Write("empty", "")), "");
 }
 
-TEST(WholeFile, WhatIsNotThereIsToldFromWhatCannotBeRead) {
+TEST(WholeFile, AMissingFileIsDistinguishedFromAnUnreadableOne) {
   const TempFolder folder;
   folder.Write("file", "content");
   EXPECT_EQ(FailureOf(folder.At("absent")), ReadFailure::kAbsent);
@@ -55,7 +55,7 @@ TEST(WholeFile, WhatIsNotThereIsToldFromWhatCannotBeRead) {
   EXPECT_EQ(FailureOf(std::string("a\0b", 3)), ReadFailure::kUnreadable);
 }
 
-TEST(WholeFile, ALinkThatLeadsNowhereIsNotThere) {
+TEST(WholeFile, ADanglingLinkIsAbsent) {
   const auto world = MakeWorld(WorldKind::kSystem);
   if (!world->MakeLink("link.ini", "absent.ini", false)) GTEST_SKIP() << "no links can be made here";
   EXPECT_EQ(FailureOf(world->At("link.ini")), ReadFailure::kAbsent);
@@ -98,7 +98,7 @@ TEST(WholeFile, AnEarlyEndIsAnError) {
   }
 }
 
-TEST(WholeFile, OfALargerFileNothingIsAskedFor) {
+TEST(WholeFile, NothingIsRequestedFromALargerFile) {
   FailingFile file(11, 11);
   EXPECT_FALSE(ReadWhole(file, 10));
   EXPECT_EQ(file.asked, 0U);
@@ -122,13 +122,13 @@ TEST(WholeFile, AnOldFileIsReplacedByShorterAndLongerContent) {
   }
 }
 
-TEST(WholeFile, FoldersOnTheWayAreMade) {
+TEST(WholeFile, MissingFoldersAreCreated) {
   const TempFolder folder;
   EXPECT_EQ(ReplaceWholeFile(folder.At("a/b/c/file.ini"), "content"), std::nullopt);
   EXPECT_EQ(folder.Read("a/b/c/file.ini"), "content");
 }
 
-TEST(WholeFile, AFileCannotBeAFolderOnTheWay) {
+TEST(WholeFile, AFileInsteadOfAParentFolderIsAnError) {
   const TempFolder folder;
   folder.Write("a", "content");
   const FileOutcome outcome = ReplaceWholeFile(folder.At("a/b/file.ini"), "new");
@@ -145,7 +145,7 @@ TEST(WholeFile, AFolderIsNotReplaced) {
   EXPECT_EQ(NamesIn(folder.Path()), Names{"file.ini"});
 }
 
-TEST(WholeFile, APathThatCannotBeHeldIsAnError) {
+TEST(WholeFile, AnInvalidPathIsAnError) {
   const FileOutcome outcome = ReplaceWholeFile(std::string("a\0b", 3), "new");
   ASSERT_TRUE(outcome);
   EXPECT_EQ(outcome->number, file_error::kNotFound);
@@ -161,7 +161,7 @@ TEST(WholeFile, ALinkIsFollowedAndStays) {
   EXPECT_EQ(world->Names("real"), Names{"file.ini"});
 }
 
-TEST(WholeFile, ALinkToAFileThatIsNotThereYetIsFollowed) {
+TEST(WholeFile, ADanglingLinkIsFollowed) {
   const auto world = MakeWorld(WorldKind::kSystem);
   world->MakeFolder("real");
   if (!world->MakeLink("link.ini", "real/file.ini", false)) GTEST_SKIP() << "no links can be made here";
@@ -170,7 +170,7 @@ TEST(WholeFile, ALinkToAFileThatIsNotThereYetIsFollowed) {
   EXPECT_TRUE(std::filesystem::is_symlink(world->At("link.ini")));
 }
 
-TEST(WholeFile, OnlyFoldersThatTakeFilesCanBeWritten) {
+TEST(WholeFile, CanWriteOnlyFoldersThatAcceptFiles) {
   const TempFolder folder;
   folder.Write("file", "content");
   EXPECT_TRUE(CanWriteFolder(folder.Path()));
@@ -181,7 +181,7 @@ TEST(WholeFile, OnlyFoldersThatTakeFilesCanBeWritten) {
   EXPECT_EQ(NamesIn(folder.Path()), Names{"file"}) << "the question leaves nothing behind";
 }
 
-TEST(WholeFile, WhatAKilledSaveLeftGoesWithTheNextOne) {
+TEST(WholeFile, LeftoversOfAKilledSaveAreDeletedByTheNextOne) {
   const TempFolder folder;
   const std::string path = folder.Write("file.ini", "old");
   const std::string name = ".quillon-0123456789ab";

@@ -16,7 +16,7 @@ TEST(WindowsPath, FullPathsDependOnNoCurrentFolder) {
   }
 }
 
-TEST(WindowsPath, TidyingResolvesWhatStandsBetweenTheNames) {
+TEST(WindowsPath, TidyingRemovesDotsAndDoubledSeparators) {
   struct Row {
     const char* path;
     const char* tidy;

@@ -28,7 +28,7 @@ TEST(Wtf8, EveryNameOfWindowsComesBackUnchanged) {
   }
 }
 
-TEST(Wtf8, BytesThatAreNoTextAreRefused) {
+TEST(Wtf8, InvalidBytesAreRejected) {
   for (const char* bytes : {"\xFF", "a\x80", "\xED\xA0", "\xED\xA0z", "\xC0\x80", "\xF4\x90\x80\x80", "\xE3\x81"}) {
     EXPECT_EQ(Wtf8ToUtf16(bytes), std::nullopt);
   }

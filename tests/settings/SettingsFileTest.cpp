@@ -38,7 +38,7 @@ TEST(SettingsFilePath, FollowsTheProgramsName) {
   EXPECT_EQ(SettingsFilePath(folder.Path(), "another.name"), folder.At("another.name.ini"));
 }
 
-TEST(SettingsFilePath, IsInTheUsersFolderWhereTheProgramsFolderTakesNoFiles) {
+TEST(SettingsFilePath, IsInTheUsersFolderWhereTheProgramsFolderIsNotWritable) {
   const test::TempFolder folder;
   folder.Write("file");
   EXPECT_EQ(SettingsFilePath(folder.At("missing"), "Quillon"), InUserFolder("Quillon"));

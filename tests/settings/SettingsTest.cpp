@@ -284,7 +284,7 @@ TEST_F(SettingsTest, OneBlankSurvivesInReplaceTextsAndTwoDoNot) {
   EXPECT_EQ(values.find.other.extensions, "");
 }
 
-TEST_F(SettingsTest, TheWordForABlankCountsExactlyAndInReplaceTextsOnly) {
+TEST_F(SettingsTest, TheWordForABlankMustMatchExactlyAndOnlyInReplaceTexts) {
   const OptionValues values = ReadValid(
       "[Modify]\nReviceText=[SPACE]\n0ReplaceObject=[space]\n1ReplaceObject=x[SPACE]\n2ReplaceObject=  [SPACE]  \n");
   EXPECT_EQ(values.modify.invalidReplacement, "[SPACE]");
@@ -321,7 +321,7 @@ TEST_F(SettingsTest, BooleansAreWrittenAsWordsAndReadFromNumbers) {
   EXPECT_FALSE(ReadValid("[System]\nFront=false").system.alwaysOnTop);
 }
 
-TEST_F(SettingsTest, MostNumbersAreOnAtOneAlone) {
+TEST_F(SettingsTest, MostNumbersAreOnOnlyAtOne) {
   for (const char* const number : {"0", "2", "7", "-1", "32767", "-32768"}) {
     SCOPED_TRACE(number);
     std::string bytes;
@@ -358,7 +358,7 @@ TEST_F(SettingsTest, SomeNumbersAreOnUnlessZero) {
   }
 }
 
-TEST_F(SettingsTest, ANumberThatNoDialogWritesStaysWhileItSaysTheSame) {
+TEST_F(SettingsTest, AnUnusualNumberStaysWhileItMeansTheSame) {
   const std::string before = "[Player]\r\nRepeat=-1\r\nAllPlay=7\r\n[List]\r\nLoadChk=True\r\nSubFolder=2\r\n";
   OptionValues options = ReadValid(before);
   EXPECT_TRUE(options.player.repeat);
@@ -475,7 +475,7 @@ TEST_F(SettingsTest, AutoUpdateReportsAFailedWrite) {
   EXPECT_FALSE(WriteAutoUpdate(folder_.At("taken.ini"), 1));
 }
 
-TEST_F(SettingsTest, AutoUpdateLeavesAFileAloneThatItCannotRead) {
+TEST_F(SettingsTest, AutoUpdateDoesNotChangeAFileThatItCannotRead) {
   const std::string path = folder_.Write("large.ini", kTooLarge);
   EXPECT_FALSE(WriteAutoUpdate(path, true));
   EXPECT_TRUE(folder_.Read("large.ini") == kTooLarge);

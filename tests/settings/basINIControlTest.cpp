@@ -54,7 +54,7 @@ TEST_F(IniFileTest, MissingFileReadsAsDefaults) {
   EXPECT_FALSE(folder_.Exists("none.ini")) << "loading makes no file";
 }
 
-TEST_F(IniFileTest, AFolderInTheFilesPlaceIsNoEmptyFile) {
+TEST_F(IniFileTest, AFolderAtTheFilesPathIsNoEmptyFile) {
   folder_.MakeFolder("Quillon.ini");
   IniFile file(folder_.At("Quillon.ini"));
   EXPECT_FALSE(file.Load());
@@ -75,7 +75,7 @@ TEST_F(IniFileTest, AFileThatIsTooLargeIsNeitherReadNorWritten) {
   EXPECT_TRUE(folder_.Read("Quillon.ini") == largest + "\n");
 }
 
-TEST_F(IniFileTest, WhatCouldNotBeReadAgainIsNotWritten) {
+TEST_F(IniFileTest, AFileThatCouldNotBeReloadedIsNotWritten) {
   const std::string bytes = "[S]\r\nk=v\r\n";
   const std::string largest = bytes + std::string(IniFile::kLargestFile - bytes.size(), '\n');
   IniFile file = Loaded(largest);
@@ -86,7 +86,7 @@ TEST_F(IniFileTest, WhatCouldNotBeReadAgainIsNotWritten) {
   EXPECT_TRUE(file.Save());
 }
 
-TEST_F(IniFileTest, AFileThatIsReadAgainIsWrittenAgain) {
+TEST_F(IniFileTest, AFileThatIsReloadedIsWrittenAgain) {
   folder_.MakeFolder("Quillon.ini");
   IniFile file(folder_.At("Quillon.ini"));
   EXPECT_FALSE(file.Load());

@@ -8,7 +8,7 @@ namespace {
 
 using test::ExpectOrder;
 
-TEST(JapaneseCollationOfIcu, PutsSoundAndRepetitionMarksBeforeWhatTheyStandFor) {
+TEST(JapaneseCollationOfIcu, SortsSoundAndRepetitionMarksBeforeTheirFullSpelling) {
   ExpectOrder({{"ｶｰ"}, {"かー", "カー"}, {"かあ"}, {"かい"}});
   ExpectOrder({{"すゝき"}, {"すすき"}});
   ExpectOrder({{"人々"}, {"人人"}});
@@ -22,7 +22,7 @@ TEST(JapaneseCollationOfIcu, PutsOtherAlphabetsBehindKanji) {
   ExpectOrder({{"z"}, {"あ"}, {"亜"}, {"α"}, {"я"}});
 }
 
-TEST(JapaneseCollationOfIcu, HasAnOrderOfSymbolsOfItsOwn) {
+TEST(JapaneseCollationOfIcu, HasItsOwnOrderOfSymbols) {
   ExpectOrder(
       {{" ", "　"}, {"_"}, {"-"}, {"、"}, {"!"}, {"."}, {"'"}, {"("}, {"&"}, {"#"}, {"★"}, {"😀"}, {"々"}, {"1"}});
 }

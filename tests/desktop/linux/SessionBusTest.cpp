@@ -57,20 +57,20 @@ TEST(SessionBusAddress, IsTheSocketInTheRuntimeFolder) {
   EXPECT_EQ(SessionBusAddress("unix:path=/a", runtimeFolder), "unix:path=/a");
 }
 
-TEST(SessionBus, IsGivenUpWhenItDoesNotAnswer) {
+TEST(SessionBus, IsMissingWhenItDoesNotAnswer) {
   const test::TempFolder folder;
   const SilentSocket socket(folder.At("s"));
   const test::ScopedVariable address("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + folder.At("s"));
   EXPECT_LT(test::Seconds([] { EXPECT_EQ(ConnectToSessionBus(), nullptr); }), 3.0);
 }
 
-TEST(SessionBus, IsNotThereWhenNobodyListens) {
+TEST(SessionBus, IsMissingWhenNobodyListens) {
   const test::TempFolder folder;
   const test::ScopedVariable address("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + folder.At("s"));
   EXPECT_EQ(ConnectToSessionBus(), nullptr);
 }
 
-TEST(BusNamePart, KeepsLettersAndDigitsAlone) {
+TEST(BusNamePart, KeepsOnlyLettersAndDigits) {
   EXPECT_EQ(BusNamePart("Quillon"), "Quillon");
   EXPECT_EQ(BusNamePart(":0"), "_3a0");
   EXPECT_EQ(BusNamePart("wayland-1"), "wayland_2d1");

@@ -87,7 +87,7 @@ TEST_F(SingleInstanceOnABus, AProcessFindsTheOtherOneAndEnds) {
   EXPECT_EQ(other.output, test::kLater);
 }
 
-TEST_F(SingleInstanceOnABus, TheFirstIsAskedForwardOnce) {
+TEST_F(SingleInstanceOnABus, TheFirstIsRaisedOnce) {
   const auto first = Start();
   int raised = 0;
   first->OnRaise([&raised] { ++raised; });
@@ -96,7 +96,7 @@ TEST_F(SingleInstanceOnABus, TheFirstIsAskedForwardOnce) {
   EXPECT_LT(seconds, 1.5) << "the later instance waited in vain for the answer";
 }
 
-TEST_F(SingleInstanceOnABus, AFirstThatDoesNotCareIsLeftAlone) {
+TEST_F(SingleInstanceOnABus, AFirstWithoutARaiseHandlerIsAllowed) {
   const auto first = Start();
   EXPECT_EQ(RunOtherMeanwhile().exitCode, 0);
 }
@@ -139,7 +139,7 @@ TEST_F(SingleInstanceOnABus, TheNextIsFirstAfterTheFirstHasEnded) {
   EXPECT_TRUE(Start()->IsFirst());
 }
 
-TEST_F(SingleInstanceOnABus, IsFoundOutAtOnce) {
+TEST_F(SingleInstanceOnABus, IsDetectedAtOnce) {
   EXPECT_LT(test::Seconds([] { EXPECT_TRUE(Start()->IsFirst()); }), 0.5);
 }
 
@@ -209,7 +209,7 @@ TEST_F(SingleInstanceWithoutABus, TheSecondIsNotTheFirst) {
   EXPECT_FALSE(Start()->IsFirst()) << "a later instance that ended took nothing with it";
 }
 
-TEST_F(SingleInstanceWithoutABus, TheFirstIsAskedForwardOnceAndNotWaitedFor) {
+TEST_F(SingleInstanceWithoutABus, TheFirstIsRaisedOnceWithoutWaiting) {
   const auto first = Start();
   int raised = 0;
   first->OnRaise([&raised] { ++raised; });
@@ -219,12 +219,12 @@ TEST_F(SingleInstanceWithoutABus, TheFirstIsAskedForwardOnceAndNotWaitedFor) {
   EXPECT_EQ(raised, 1);
 }
 
-TEST_F(SingleInstanceWithoutABus, AFirstThatDoesNotCareIsLeftAlone) {
+TEST_F(SingleInstanceWithoutABus, AFirstWithoutARaiseHandlerIsAllowed) {
   const auto first = Start();
   EXPECT_EQ(RunOtherMeanwhile().exitCode, 0);
 }
 
-TEST_F(SingleInstanceWithoutABus, AFileThatNobodyHoldsMeansNothing) {
+TEST_F(SingleInstanceWithoutABus, AnUnlockedFileMeansNothing) {
   { const auto first = Start(); }
   for (const char* file : {"lock", "socket"}) {
     EXPECT_EQ(FileWith(folder_.Path(), file), "") << "left behind at the end";
@@ -261,7 +261,7 @@ TEST_F(SingleInstanceWithoutABus, AnotherDisplayAndAnotherProgramHaveTheirOwnFir
   EXPECT_TRUE(Start()->IsFirst());
 }
 
-TEST_F(SingleInstanceWithoutABus, WithoutASessionsFolderTheSettingsFolderServes) {
+TEST_F(SingleInstanceWithoutABus, WithoutASessionFolderTheSettingsFolderIsUsed) {
   for (const std::optional<std::string>& none :
        {std::optional<std::string>(), std::optional(folder_.At("not there"))}) {
     const test::ScopedVariable runtime("XDG_RUNTIME_DIR", none);

@@ -16,7 +16,7 @@ class JapaneseCollationOfWine : public testing::Test {
   }
 };
 
-TEST_F(JapaneseCollationOfWine, PutsSoundAndRepetitionMarksBehindWhatTheyStandFor) {
+TEST_F(JapaneseCollationOfWine, SortsSoundAndRepetitionMarksBehindTheirFullSpelling) {
   ExpectOrder({{"かあ"}, {"かー", "カー", "ｶｰ"}, {"かい"}});
   ExpectOrder({{"すすき"}, {"すゝき"}});
   ExpectOrder({{"人々", "人人"}});
@@ -30,7 +30,7 @@ TEST_F(JapaneseCollationOfWine, PutsOtherAlphabetsBetweenLatinLettersAndKana) {
   ExpectOrder({{"z"}, {"α"}, {"я"}, {"あ"}, {"亜"}});
 }
 
-TEST_F(JapaneseCollationOfWine, HasAnOrderOfSymbolsOfItsOwn) {
+TEST_F(JapaneseCollationOfWine, HasItsOwnOrderOfSymbols) {
   ExpectOrder(
       {{"'"}, {"-"}, {" ", "　"}, {"!"}, {"#"}, {"&"}, {"("}, {"、"}, {"."}, {"_"}, {"★"}, {"1"}, {"😀"}, {"々", "ー"}});
 }

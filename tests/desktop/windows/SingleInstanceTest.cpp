@@ -99,7 +99,7 @@ TEST(SingleInstance, TheFirstsWindowIsRestored) {
   EXPECT_TRUE(MainWindow::ComesForward(window.Get()));
 }
 
-TEST(SingleInstance, AMaximisedWindowStaysSo) {
+TEST(SingleInstance, AMaximisedWindowStaysMaximised) {
   const auto first = MakeSingleInstance(kTitle, kClass);
   const MainWindow window(kWideTitle);
   ::ShowWindow(window.Get(), SW_MAXIMIZE);

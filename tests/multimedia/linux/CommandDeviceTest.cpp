@@ -82,7 +82,7 @@ TEST_F(CommandDeviceTest, EveryTypeOpensAndSaysItsLengthAndPicture) {
   }
 }
 
-TEST_F(CommandDeviceTest, EveryTypePlaysInRealTimeFromTheSoughtPlaceToItsEnd) {
+TEST_F(CommandDeviceTest, EveryTypePlaysInRealTimeFromASeekToItsEnd) {
   for (const Sample& sample : Samples()) {
     SCOPED_TRACE(sample.name);
     ASSERT_EQ(player_.Open(sample.path), kDone);
@@ -104,7 +104,7 @@ TEST_F(CommandDeviceTest, EveryTypePlaysInRealTimeFromTheSoughtPlaceToItsEnd) {
   }
 }
 
-TEST_F(CommandDeviceTest, AFilmThatDoesNotTellItsLengthPlaysToItsEnd) {
+TEST_F(CommandDeviceTest, AFilmWithoutALengthPlaysToItsEnd) {
   MakeMpegPictures(own_.At("a.mpg"), 1000);
   ASSERT_EQ(player_.Open(own_.At("a.mpg")), kDone);
   EXPECT_EQ(player_.Number("status X length"), 0);
@@ -236,7 +236,7 @@ TEST_F(CommandDeviceTest, MeasuringALengthDoesNotDisturbWhatPlays) {
   EXPECT_NEAR(player_.Number("status X position"), watch.Elapsed(), kTolerance);
 }
 
-TEST_F(CommandDeviceTest, AFileBeyondTheLimitIsRefusedUntilAnotherIsClosed) {
+TEST_F(CommandDeviceTest, AFileBeyondTheLimitIsRejectedUntilAnotherIsClosed) {
   const auto open = [&](std::size_t i) { return player_.Error("open \"" + Wave() + "\" alias N" + std::to_string(i)); };
   for (std::size_t i = 0; i < CommandDevice::kMostOpen; ++i) ASSERT_EQ(open(i), kDone) << i;
   EXPECT_EQ(open(CommandDevice::kMostOpen), MediaError::kTooManyOpen);
@@ -262,7 +262,7 @@ TEST_F(CommandDeviceTest, ADeviceThatGoesWhilePlayingClosesWhatItHas) {
   EXPECT_EQ(player_.Error("status X mode"), MediaError::kNotOpen);
 }
 
-TEST_F(CommandDeviceTest, NamesMayHoldAnyBytes) {
+TEST_F(CommandDeviceTest, NamesMayContainAnyBytes) {
   for (const char* const name : {"a  b.wav", "日本語 １.wav", "%41#?.wav", "\xff\xfe\x81.wav", "'&$.wav",
                                  "a\" alias B.wav", "\".wav", "a\"b\".wav", "a.wav\""}) {
     SCOPED_TRACE(name);
@@ -272,7 +272,7 @@ TEST_F(CommandDeviceTest, NamesMayHoldAnyBytes) {
   }
 }
 
-TEST_F(CommandDeviceTest, AWaveFileWithABitOfAChunkAtItsEndPlays) {
+TEST_F(CommandDeviceTest, AWaveFileWithAnIncompleteLastChunkPlays) {
   for (const std::size_t rest : {1U, 7U, 100U}) {
     SCOPED_TRACE(rest);
     ASSERT_EQ(player_.Open(own_.Write("a.wav", WaveFile(300) + std::string(rest, '\0'))), kDone);
@@ -283,7 +283,7 @@ TEST_F(CommandDeviceTest, AWaveFileWithABitOfAChunkAtItsEndPlays) {
   }
 }
 
-TEST_F(CommandDeviceTest, WhatCannotBePlayedIsRefusedSoon) {
+TEST_F(CommandDeviceTest, UnplayableFilesAreRejectedSoon) {
   const std::string fifo = own_.At("fifo.mp3");
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
   const std::vector<std::pair<std::string, MediaError>> rows = {
@@ -319,7 +319,7 @@ TEST_F(CommandDeviceTest, AMidiFileOfIllegalMessagesPlays) {
   EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(2000)));
 }
 
-TEST_F(CommandDeviceTest, AFileThatIsCutShortWhilePlayingStops) {
+TEST_F(CommandDeviceTest, AFileTruncatedWhilePlayingStops) {
   const std::string path = own_.Write("a.wav", WaveFile(60000));
   ASSERT_EQ(player_.Open(path), kDone);
   ASSERT_EQ(player_.Error("play X"), kDone);
@@ -328,7 +328,7 @@ TEST_F(CommandDeviceTest, AFileThatIsCutShortWhilePlayingStops) {
   EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(3000)));
 }
 
-TEST_F(CommandDeviceTest, AnAnswerIsCutToTheRoomThereIs) {
+TEST_F(CommandDeviceTest, AReplyIsCutToTheReplySize) {
   const std::unique_ptr<CommandDevice> device = MakeCommandDevice();
   ASSERT_EQ(StatusOf(device->Send("open \"" + Wave() + "\" alias X", 0)), kDone);
   EXPECT_EQ(TextOf(device->Send("status X mode", 16)), "stopped");

@@ -31,7 +31,7 @@ class FailureTest : public testing::Test {
   Player player_;
 };
 
-TEST_F(FailureTest, SoundThatIsLostWhilePlayingGoesOnSilently) {
+TEST_F(FailureTest, LosingTheSoundDeviceContinuesSilently) {
   const FailingSoundSink sink(FailingSoundSink::Blames::kItself);
   OpenWave();
   ASSERT_EQ(player_.Error("play X"), kDone);
@@ -103,7 +103,7 @@ TEST_F(FailureTest, AFilmThatIsDeletedPlaysOnAfterSeeksAndEnds) {
   EXPECT_EQ(sink.Failures(), 0);
 }
 
-TEST_F(FailureTest, PreparingGivesUpWhenNothingComes) {
+TEST_F(FailureTest, PreparingGivesUpWithoutData) {
   const std::string path = folder_.At("fifo");
   ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
   ASSERT_TRUE(StartGStreamer());
@@ -117,7 +117,7 @@ TEST_F(FailureTest, PreparingGivesUpWhenNothingComes) {
   EXPECT_LT(watch.Elapsed(), 300 + 1000);
 }
 
-TEST_F(FailureTest, OpeningEndsInTimeWhateverTheFileHolds) {
+TEST_F(FailureTest, OpeningAnyFileEndsInTime) {
   constexpr std::uintmax_t kVeryLarge = std::uintmax_t{64} << 30U;
   constexpr milliseconds kLimit(600);
   const std::string path = folder_.Write("torn.mp3", Mp3Audio(40));

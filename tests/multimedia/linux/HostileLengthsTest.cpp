@@ -62,7 +62,7 @@ TEST(HostileLengths, FindingALengthTakesLittleMemory) {
   }
 }
 
-TEST(HostileLengths, DamageWithoutAnEndEndsTheStream) {
+TEST(HostileLengths, EndlessDamageEndsTheStream) {
   const struct {
     const char* damage;
     int milliseconds;
@@ -79,7 +79,7 @@ TEST(HostileLengths, DamageWithoutAnEndEndsTheStream) {
   EXPECT_LT(tags.bytesRead, 32 * kMiB);
 }
 
-TEST(HostileLengths, ASongTakesTheMemoryOfItsFiles) {
+TEST(HostileLengths, ASongNeedsMemoryForItsFilesOnly) {
   const Shape shapes[] = {
       {"messages of two bytes", EndlessTrack() + "\0\xC0\5"s, "\0\5"s},
       {"changes of the tempo", EndlessTrack(), "\1\xFF\x51\3\1\2\3"s},

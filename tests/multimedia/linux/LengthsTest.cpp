@@ -48,13 +48,13 @@ TEST(MpegAudioLength, CountsFramesOfEveryBitRate) {
   EXPECT_EQ(AudioLength(Id3v2Tag({}) + Mp3Audio(100) + Id3v1Trailer({})), 2612);
 }
 
-TEST(MpegAudioLength, GoesOnBehindDamageAndLeavesOutWhatWasCutOff) {
+TEST(MpegAudioLength, ContinuesBehindDamageWithoutTruncatedFrames) {
   EXPECT_EQ(AudioLength(Mp3Audio(50) + std::string(1000, 'x') + Mp3Audio(50)), 2612);
   const std::string whole = Mp3Audio(101);
   EXPECT_EQ(AudioLength(whole.substr(0, whole.size() - 10)), 2612);
 }
 
-TEST(MpegAudioLength, FindsTheNextFrameAnywhereBehindATear) {
+TEST(MpegAudioLength, FindsTheNextFrameAnywhereBehindDamage) {
   // Lengths around the ends of the parts that are searched or read at once.
   for (const std::size_t length : {1U, 416U, 417U, 65000U, 65536U, 131072U, 241000U, 245000U, 262144U, 1000000U}) {
     EXPECT_EQ(AudioLength(Mp3Audio(50) + std::string(length, '\xFF') + Mp3Audio(50)), 2612) << length;
@@ -71,7 +71,7 @@ TEST(MpegAudioLength, GivesUpWhenTheTimeIsUp) {
   EXPECT_LT(watch.Elapsed(), 1000);
 }
 
-TEST(MpegAudioLength, LeavesOtherFilesToOthers) {
+TEST(MpegAudioLength, RejectsOtherFiles) {
   std::string stated = Mp3Audio(100);
   stated.replace(21, 4, "Xing");  // behind the side information of one channel
   EXPECT_EQ(AudioLength(stated), std::nullopt);
@@ -81,30 +81,30 @@ TEST(MpegAudioLength, LeavesOtherFilesToOthers) {
   EXPECT_EQ(AudioLength(""), std::nullopt);
 }
 
-TEST(FlatMidi, TempoChangesOfOneTrackHoldForAll) {
+TEST(FlatMidi, TempoChangesApplyToAllTracks) {
   const std::string conductor = MidiTrack(Tempo(0, 250000) + Tempo(120, 1000000));
   const std::string notes = MidiTrack(MidiNote(60, 120) + MidiNote(62, 120));
   EXPECT_EQ(SongLength(MidiFile(1, 120, {conductor, notes})), 1250);
   EXPECT_EQ(SongLength(MidiFile(1, 120, {notes, conductor})), 1250);
 }
 
-TEST(FlatMidi, PatternsFollowEachOther) {
+TEST(FlatMidi, TracksOfFormat2FollowEachOther) {
   const std::string track = MidiTrack(MidiNote(60, 120));
   EXPECT_EQ(SongLength(MidiFile(1, 120, {track, track})), 500);
   EXPECT_EQ(SongLength(MidiFile(2, 120, {track, track})), 1000);
 }
 
-TEST(FlatMidi, FramesOfFilmAreNoQuarterNotes) {
+TEST(FlatMidi, SmpteDivisionsAreSupported) {
   constexpr unsigned kTwentyFiveFramesOfForty = 0xE728;
   EXPECT_EQ(SongLength(MidiFile(0, kTwentyFiveFramesOfForty, {MidiTrack(Tempo(0, 1000) + MidiNote(60, 1500))})), 1500);
 }
 
-TEST(FlatMidi, TheSongInRiffIsTheSame) {
+TEST(FlatMidi, ASongInRiffIsTheSame) {
   const std::string song = SimpleMidiFile("", "");
   EXPECT_EQ(SongLength(RiffList("RIFF", "RMID", {RiffChunk("data", song)})), 2000);
 }
 
-TEST(FlatMidi, WhatComesOutIsOneTrackOfThatLengthAgain) {
+TEST(FlatMidi, TheResultIsOneTrackOfTheSameLength) {
   const std::string notes = MidiTrack(MidiNote(60, 120) + Tempo(0, 250000) + MidiNote(62, 120));
   MemorySource source(MidiFile(1, 120, {notes, notes}));
   const std::optional<FlatMidiSong> song = FlattenMidi(source, Deadline(kAmple));
@@ -114,7 +114,7 @@ TEST(FlatMidi, WhatComesOutIsOneTrackOfThatLengthAgain) {
   EXPECT_EQ(SongLength(song->file), 750);
 }
 
-TEST(FlatMidi, APauseOfDaysComesOutAsLong) {
+TEST(FlatMidi, APauseOfDaysKeepsItsLength) {
   const std::string pause = Bytes({0xFF, 0xFF, 0xFF, 0x7F, 0xC0, 1});
   MemorySource source(MidiFile(0, 1000, {MidiTrack(Tempo(0, 1000000) + pause)}));
   const std::optional<FlatMidiSong> song = FlattenMidi(source, Deadline(kAmple));
@@ -123,7 +123,7 @@ TEST(FlatMidi, APauseOfDaysComesOutAsLong) {
   EXPECT_EQ(SongLength(song->file), 268435455);
 }
 
-TEST(FlatMidi, DamageAndIllegalMessagesEndNothingButTheirOwnTrack) {
+TEST(FlatMidi, DamageAndIllegalMessagesOnlyEndTheirOwnTrack) {
   const std::string illegal = MidiTrack(Bytes({0, 0xF1, 0x10, 0, 0xF9}) + MidiNote(60, 120));
   EXPECT_EQ(SongLength(MidiFile(0, 120, {illegal})), 500);
   const std::string torn = "MTrk" + BigEndian(4, 4) + Bytes({0, 0xF0, 0x7F, 1});
@@ -137,7 +137,7 @@ TEST(FlatMidi, DamageAndIllegalMessagesEndNothingButTheirOwnTrack) {
   }
 }
 
-TEST(FlatMidi, RefusesWhatMakesNoSense) {
+TEST(FlatMidi, RejectsImplausibleFiles) {
   // Pauses of the greatest possible length, at the slowest tempo and one tick per quarter note: 142 years each. An int
   // holds only 24 days of milliseconds.
   const std::string pause = Bytes({0xFF, 0xFF, 0xFF, 0x7F, 0xC0, 1});
@@ -158,7 +158,7 @@ TEST(FlatMidi, GivesUpWhenTheTimeIsUp) {
   EXPECT_LT(watch.Elapsed(), 500);
 }
 
-TEST(FlatMidi, LeavesOtherFilesToOthers) {
+TEST(FlatMidi, RejectsOtherFiles) {
   EXPECT_EQ(SongLength(WaveFile(100)), std::nullopt);
   EXPECT_EQ(SongLength(MidiFile(0, 0, {MidiTrack("")})), std::nullopt);
   EXPECT_EQ(SongLength(""), std::nullopt);
@@ -182,7 +182,7 @@ TEST(MpegProgramLength, IsFromTheFirstTimeStampToTheEndOfTheLastPicture) {
   EXPECT_EQ(MpegProgramLength(long_file), 9040);
 }
 
-TEST(MpegProgramLength, LeavesOtherFilesToOthers) {
+TEST(MpegProgramLength, RejectsOtherFiles) {
   for (const std::string& bytes : {MpegFile(), WaveFile(10), std::string(), Mp3Audio(3)}) {
     MemorySource source(bytes);
     EXPECT_EQ(MpegProgramLength(source), std::nullopt);

@@ -148,7 +148,7 @@ TEST_F(PictureTest, ThePositionGoesOnFromEachPause) {
 }
 
 /// The workarounds for Wine's faults are tested by observing the faults without them.
-TEST_F(PictureTest, OnlyOnWineOtherAnswersThanTheSystemsAreGiven) {
+TEST_F(PictureTest, WorkaroundsAreUsedOnWineOnly) {
   if (!RunsUnderWine()) GTEST_SKIP() << "Windows' own answers are the right ones";
   for (const bool makesUp : {true, false}) {
     SCOPED_TRACE(makesUp);

@@ -72,7 +72,7 @@ TEST_F(SamplesTest, Mp3PlaysPausesSeeksAndEnds) {
   PlayThrough("tone.mp3");
 }
 
-TEST_F(SamplesTest, AviFilesOfSoundAlonePlay) {
+TEST_F(SamplesTest, AviFilesWithSoundOnlyPlay) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
   ASSERT_EQ(OpenSample("sound.avi"), kDone);
   EXPECT_NEAR(static_cast<double>(Length()), 3000, 150);
@@ -115,7 +115,7 @@ TEST_F(SamplesTest, FilmsPlayFromTheirStartToTheirEnd) {
   }
 }
 
-TEST_F(SamplesTest, FilmsTellTheSizeOfTheirPicture) {
+TEST_F(SamplesTest, FilmsHaveAPictureSize) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
   if (!HasDisplay()) GTEST_SKIP() << "there is no display";
   for (const char* const name : {"mpeg1.mpg", "mpeg4.avi", "mjpeg.avi", "raw.avi"}) {

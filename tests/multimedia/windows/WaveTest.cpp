@@ -27,7 +27,7 @@ TEST_F(WaveTest, WhatHasBeenOpenedIsStoppedAtItsStart) {
   EXPECT_EQ(Position(), 0);
 }
 
-TEST_F(WaveTest, PlayingPassesTimeAndEndsByStopping) {
+TEST_F(WaveTest, PlayingAdvancesThePositionAndStopsAtTheEnd) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
   ASSERT_EQ(Open(Wave(1500)), kDone);
   const auto start = Clock::now();
@@ -40,7 +40,7 @@ TEST_F(WaveTest, PlayingPassesTimeAndEndsByStopping) {
   EXPECT_NEAR(static_cast<double>(Position()), 1500, 50);
 }
 
-TEST_F(WaveTest, APauseHoldsThePositionUntilPlayGoesOn) {
+TEST_F(WaveTest, APauseKeepsThePositionUntilPlay) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
   ASSERT_EQ(Open(Wave(3000)), kDone);
   ASSERT_EQ(Error("Play X"), kDone);
@@ -55,7 +55,7 @@ TEST_F(WaveTest, APauseHoldsThePositionUntilPlayGoesOn) {
   EXPECT_TRUE(AwaitPositionAbove(held));
 }
 
-TEST_F(WaveTest, ASeekStopsAtItsPositionAndPlayGoesOnFromThere) {
+TEST_F(WaveTest, ASeekStopsAtItsPositionAndPlayContinuesThere) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
   ASSERT_EQ(Open(Wave(5000)), kDone);
   ASSERT_EQ(Error("Play X"), kDone);
@@ -84,7 +84,7 @@ TEST_F(WaveTest, AnAliasInUseKeepsItsFile) {
   EXPECT_EQ(Length(), 1000);
 }
 
-TEST_F(WaveTest, ASecondAliasLeavesThePlayingOneAlone) {
+TEST_F(WaveTest, ASecondAliasDoesNotDisturbThePlayingOne) {
   if (!HasSound()) GTEST_SKIP() << kNoSound;
   ASSERT_EQ(Open(Wave(3000)), kDone);
   ASSERT_EQ(Error("Play X"), kDone);
@@ -148,7 +148,7 @@ TEST_F(WaveTest, APathOfMoreThan260CharactersOpensByItsDevice) {
   EXPECT_EQ(Length(), 1000);
 }
 
-TEST_F(WaveTest, WhatCannotBePlayedDoesNotOpen) {
+TEST_F(WaveTest, UnplayableFilesDoNotOpen) {
   const std::string whole = WaveFile(1000);
   const struct {
     const char* name;

@@ -20,7 +20,7 @@ int RenameOnFat(const std::string& folder) {
   return ContentOf(folder + "SONG.mid") == "content" ? 0 : 4;
 }
 
-TEST(CaseIgnoringVolume, AChangeOfLetterCaseIsCarriedOut) {
+TEST(CaseIgnoringVolume, AllowsAChangeOfLetterCase) {
   const TempFolder folder;
   const std::string image = folder.Write("image", "");
   const std::string mounted = folder.MakeFolder("mounted");

@@ -128,7 +128,7 @@ TEST_F(CopiedAttributes, WithoutAListThePermissionsAreKeptOnAnyVolume) {
   EXPECT_EQ(result, 0);
 }
 
-TEST_F(CopiedAttributes, TheListThatAFolderHandsDownIsNotTakenOver) {
+TEST_F(CopiedAttributes, TheFoldersDefaultListIsNotInherited) {
   const std::string heir = folder_.MakeFolder("heir");
   if (!SetAttribute(heir, kDefaultList, ListOf(6, 6))) GTEST_SKIP() << kNoLists;
   const std::string probe = folder_.Write("heir/probe", "");
@@ -138,7 +138,7 @@ TEST_F(CopiedAttributes, TheListThatAFolderHandsDownIsNotTakenOver) {
   EXPECT_EQ(ModeOf(heir + "copy"), 0640U);
 }
 
-TEST_F(CopiedAttributes, OfAUserAreKeptOrTold) {
+TEST_F(CopiedAttributes, SetByAUserAreKeptOrReported) {
   if (!SetAttribute(from_, "user.comment", "hello")) GTEST_SKIP() << "this volume has no extended attributes";
   EXPECT_EQ(Copy(from_, to_), NotKept());
   EXPECT_EQ(Attribute(to_, "user.comment"), "hello");
@@ -156,7 +156,7 @@ TEST_F(CopiedAttributes, AFileThatIsReplacedWholeKeepsItsAccessList) {
 }
 
 // Simulates a volume with one mode and one time for all files.
-TEST_F(CopiedAttributes, TimesAndPermissionsThatCannotBeSetAreTold) {
+TEST_F(CopiedAttributes, TimesAndPermissionsThatCannotBeSetAreReported) {
   if (::geteuid() != 0) GTEST_SKIP() << "a file of somebody else can only be made by root";
   ASSERT_EQ(::chmod(from_.c_str(), 0644), 0);
   struct Row {
@@ -172,7 +172,7 @@ TEST_F(CopiedAttributes, TimesAndPermissionsThatCannotBeSetAreTold) {
   }
 }
 
-TEST_F(CopiedAttributes, ALostOwnerIsToldAndTheRightToActAsHimGoesToo) {
+TEST_F(CopiedAttributes, ALostOwnerIsReportedAndSetUidIsRemoved) {
   if (::geteuid() != 0) GTEST_SKIP() << "a file of somebody else can only be made by root";
   ASSERT_EQ(::chmod(from_.c_str(), 06755), 0);
   EXPECT_EQ(RunAsOrdinaryUser([&] { return Copy(from_, to_) == NotKept{.accessRights = true} ? 0 : 1; }), 0);

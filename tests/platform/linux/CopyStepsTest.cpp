@@ -182,27 +182,27 @@ TEST_F(CopyStepsOfTheSystem, KeepAWriterWaitingAndLetItGoOn) {
   EXPECT_TRUE(writer.Open());
 }
 
-TEST_F(CopyStepsOfTheSystem, TakeASourceThatIsGoneForMoved) {
+TEST_F(CopyStepsOfTheSystem, TreatAMissingSourceAsMoved) {
   disturbances_.afterPublishing = [this] { fs::remove(folder_.At("here/song")); };
   EXPECT_EQ(FailureNumber(), 0);
   EXPECT_EQ(folder_.Read("there/song"), "content");
 }
 
-TEST_F(CopyStepsOfTheSystem, DoNotTakeAnEarlyEndForTheEnd) {
+TEST_F(CopyStepsOfTheSystem, RejectASourceThatEndsEarly) {
   disturbances_.afterOpening = [this] { fs::resize_file(folder_.At("here/song"), 3); };
   EXPECT_EQ(FailureNumber(), file_error::kOwn + EIO);
   EXPECT_EQ(folder_.Read("here/song"), "con");
   EXPECT_TRUE(NamesThere().empty());
 }
 
-TEST_F(CopyStepsOfTheSystem, DoNotCopyWhatGrowsMeanwhile) {
+TEST_F(CopyStepsOfTheSystem, RejectASourceThatGrowsMeanwhile) {
   disturbances_.afterOpening = [this] { Append("here/song", " and more"); };
   EXPECT_EQ(FailureNumber(), file_error::kAccess);
   EXPECT_EQ(folder_.Read("here/song"), "content and more");
   EXPECT_TRUE(NamesThere().empty());
 }
 
-TEST_F(CopyStepsOfTheSystem, LeaveARivalsFileAtTheNewNameAlone) {
+TEST_F(CopyStepsOfTheSystem, KeepAnotherProgramsFileAtTheNewName) {
   disturbances_.afterCopying = [this] { folder_.Write("there/song", "rival"); };
   EXPECT_EQ(FailureNumber(), file_error::kAlreadyExists);
   EXPECT_EQ(folder_.Read("here/song"), "content");
@@ -222,7 +222,7 @@ TEST_F(CopyStepsOfTheSystem, DeleteNothingButTheCopyItself) {
 }
 
 // A file size limit makes the system kill the process in the middle of copying.
-TEST_F(CopyStepsOfTheSystem, WhatAKilledMoveLeavesIsPrivateAndGoesAfterADay) {
+TEST_F(CopyStepsOfTheSystem, LeftoversOfAKilledMoveArePrivateAndDeletedAfterADay) {
   folder_.Write("here/song", std::string(100'000, 'x'));
   ASSERT_EQ(::chmod(folder_.At("here/song").c_str(), 0666), 0);
   const int result = RunInChild([this] {

@@ -68,7 +68,7 @@ TEST(FileNames, PipesAreNeitherListedNorFiles) {
   EXPECT_EQ(status->kind, FileStatus::Kind::kOther);
 }
 
-TEST(FileNames, LinksThatLeadInACircleAreAnErrorOfTheirOwn) {
+TEST(FileNames, CircularLinksAreASpecificError) {
   const TempFolder folder;
   ASSERT_EQ(::symlink("loop", folder.At("loop").c_str()), 0);
   const auto status = MakeFileReads()->Status(folder.At("loop"));
@@ -77,7 +77,7 @@ TEST(FileNames, LinksThatLeadInACircleAreAnErrorOfTheirOwn) {
   EXPECT_FALSE(OpenSystemFile(folder.At("loop")));
 }
 
-TEST(FileNames, AFileThatShrinksIsReadAsFarAsItGoes) {
+TEST(FileNames, AFileThatShrinksIsReadToItsNewEnd) {
   const TempFolder folder;
   const std::string path = folder.Write("file", "0123456789");
   const auto file = OpenSystemFile(path);

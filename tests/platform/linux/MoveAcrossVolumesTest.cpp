@@ -70,7 +70,7 @@ class MoveAcrossVolumes : public testing::Test {
   std::string there_;
 };
 
-TEST_F(MoveAcrossVolumes, TheFileIsThereWithItsContentAndNoLongerHere) {
+TEST_F(MoveAcrossVolumes, TheFileIsAtTheNewPathOnlyWithItsContent) {
   const std::string from = here_.Write("曲.mid", std::string(3'000'000, 'x') + "end");
   EXPECT_EQ(Move(from, there_ + "曲.mid"), 0);
   EXPECT_FALSE(here_.Exists("曲.mid"));
@@ -91,7 +91,7 @@ struct Until final : CopyProgress {
 
 constexpr std::uint64_t kMebibyte = 1u << 20u;
 
-TEST_F(MoveAcrossVolumes, ProgressIsToldPieceByPiece) {
+TEST_F(MoveAcrossVolumes, ProgressIsReportedPieceByPiece) {
   const std::string from = here_.Write("song", std::string(2 * kMebibyte + 5, 'x'));
   Until never(100 * kMebibyte);
   EXPECT_EQ(NumberOf(MakeFileChanges()->Move(from, there_ + "song", &never)), 0);
@@ -200,7 +200,7 @@ TEST_F(MoveAcrossVolumes, ATargetFolderThatMayNotBeWrittenLeavesTheSource) {
   EXPECT_TRUE(NamesThere().empty());
 }
 
-TEST_F(MoveAcrossVolumes, ASourceThatMayNotBeDeletedTakesItsCopyBack) {
+TEST_F(MoveAcrossVolumes, TheCopyOfASourceThatMayNotBeDeletedIsRemoved) {
   const std::string from = here_.Write("locked/file", "content");
   ASSERT_EQ(::chmod(here_.At("locked").c_str(), 0555), 0);
   EXPECT_EQ(RunAsOrdinaryUser([&] { return Move(from, there_ + "file"); }), file_error::kAccess);
@@ -229,7 +229,7 @@ TEST_F(MoveAcrossVolumes, AFileThatGrowsTooLargeLeavesTheSource) {
   EXPECT_TRUE(NamesThere().empty());
 }
 
-TEST_F(MoveAcrossVolumes, AFullDiskLeavesTheSourceAndNoRemains) {
+TEST_F(MoveAcrossVolumes, AFullDiskLeavesOnlyTheSource) {
   const std::string from = here_.Write("file", std::string(1'000'000, 'x'));
   const int result = RunInChild([&] {
     if (!MountPrivately("tmpfs", "none", there_, "size=128k")) return kCannotSetUp;

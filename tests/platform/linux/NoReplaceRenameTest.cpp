@@ -51,7 +51,7 @@ TEST_P(NoReplace, LeavesAnExistingFileAlone) {
   EXPECT_EQ(folder_.Read("new"), "2");
 }
 
-TEST_P(NoReplace, LeavesAnExistingFolderAndADeadLinkAlone) {
+TEST_P(NoReplace, LeavesAnExistingFolderAndADanglingLinkAlone) {
   folder_.Write("old", "1");
   folder_.MakeFolder("folder");
   ASSERT_EQ(::symlink("nowhere", folder_.At("link").c_str()), 0);
@@ -110,7 +110,7 @@ TEST(RenameOverPlaceholder, MakesNothingOnAnotherVolume) {
   EXPECT_EQ(folder.Read("old"), "content");
 }
 
-TEST(RenameByLink, TakesTheNewNameBackWhenTheOldOneCannotGo) {
+TEST(RenameByLink, RemovesTheNewNameWhenTheOldOneCannotBeDeleted) {
   const TempFolder folder;
   const std::string old = folder.Write("locked/file", "content");
   ASSERT_EQ(::chmod(old.c_str(), 0666), 0);

@@ -68,7 +68,7 @@ TEST_F(Permissions, AReadOnlyFileIsNotReplaced) {
   EXPECT_EQ(folder_.Read("open/file"), "old");
 }
 
-TEST_F(Permissions, AFileThatMayNotBeReadIsToldFromNone) {
+TEST_F(Permissions, AnUnreadableFileIsDistinguishedFromAMissingOne) {
   ASSERT_EQ(::chmod(file_.c_str(), 0200), 0);
   const auto failure = [](const std::string& path) {
     const Result<std::string, ReadFailure> read = ReadWholeFile(path, 100);

@@ -43,7 +43,7 @@ TEST(StandardStreams, OutputArrivesByteForByte) {
   EXPECT_EQ(std::string(read.data(), 7), bytes);
 }
 
-TEST(StandardStreams, AClosedPipeIsAnAnswer) {
+TEST(StandardStreams, AClosedPipeIsReported) {
   const Pipe pipe;
   ::close(pipe.reading);
   const int result = RunInChild([&] {
@@ -56,7 +56,7 @@ TEST(StandardStreams, AClosedPipeIsAnAnswer) {
   EXPECT_EQ(result, 0) << "and not the end of the program";
 }
 
-TEST(StandardStreams, AFullDeviceIsAnAnswer) {
+TEST(StandardStreams, AFullDeviceIsReported) {
   const int result = RunInChild([] {
     ::dup2(::open("/dev/full", O_WRONLY), STDOUT_FILENO);
     return WriteStandardOutput("text") == StreamResult::kFailed ? 0 : 1;
@@ -128,12 +128,12 @@ TEST(ProgramArguments, AreAllButTheProgramsName) {
   EXPECT_EQ(ProgramArguments(1, all.data()), std::vector<std::string>{});
 }
 
-TEST(ProgramArguments, AreThoseOfTheProcessWhereMainBelongsToSomebodyElse) {
+TEST(ProgramArguments, AreThoseOfTheProcessWithoutAnArgv) {
   const std::vector<std::string> own = testing::internal::GetArgvs();
   EXPECT_EQ(ProgramArguments(0, nullptr), (std::vector<std::string>{own.begin() + 1, own.end()}));
 }
 
-TEST(UserFolders, AreWhatTheVariableSaysOrLieUnderTheHome) {
+TEST(UserFolders, AreFromTheVariableOrUnderTheHome) {
   const int result = RunInChild([] {
     ::setenv("HOME", "/home/user", 1);
     ::setenv("QUILLON_TEST", "/elsewhere", 1);

@@ -9,7 +9,7 @@
 namespace quillon {
 namespace {
 
-TEST(OpenWithShell, AnswersThirtyOneForAFileThatNoProgramOpens) {
+TEST(OpenWithShell, Returns31ForAFileThatNoProgramOpens) {
   for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY"}) {
     if (std::getenv(display) != nullptr) GTEST_SKIP() << "a program of the tester's desktop might open it";
   }

@@ -7,7 +7,7 @@
 namespace quillon::test {
 namespace {
 
-TEST(SystemError, NumbersOfFilesAreThoseTheLogicKnows) {
+TEST(SystemError, NumbersForFilesAreThoseOfTheLogic) {
   for (const int number : {ENOENT, ENOTDIR, ENAMETOOLONG, EINVAL, EILSEQ}) {
     EXPECT_EQ(ErrorOf(number).number, file_error::kNotFound) << number;
   }
@@ -17,13 +17,13 @@ TEST(SystemError, NumbersOfFilesAreThoseTheLogicKnows) {
   EXPECT_EQ(ErrorOf(EEXIST).number, file_error::kAlreadyExists);
 }
 
-TEST(SystemError, OtherNumbersAreTheirOwnAndNeverCollide) {
+TEST(SystemError, OtherNumbersAreKeptWithoutCollisions) {
   for (const int number : {ELOOP, EIO, ENOSPC, EDQUOT, EFBIG, EXDEV, EMFILE, EBADE, EBADR, ENOANO, EOVERFLOW}) {
     EXPECT_EQ(ErrorOf(number).number, file_error::kOwn + number);
   }
 }
 
-TEST(SystemError, AFolderThatIsNotThereIsOutOfReach) {
+TEST(SystemError, AMissingFolderIsUnreachable) {
   for (const int number : {ENOENT, ENOTDIR, ENAMETOOLONG, EINVAL, EILSEQ, ENODEV, ENXIO, ENOMEDIUM, EHOSTDOWN,
                            EHOSTUNREACH, ENETDOWN, ENETUNREACH, ETIMEDOUT, ENOTCONN, ECONNREFUSED, ESTALE}) {
     EXPECT_EQ(FolderErrorOf(number).number, file_error::kUnreachable) << number;

@@ -51,16 +51,16 @@ TEST_F(Trash, AFileGoesToTheUsersTrashWithANoteOfWhereItWas) {
   EXPECT_THAT(InTrash("info/曲.mid.trashinfo"), testing::HasSubstr("/music/%E6%9B%B2.mid"));
 }
 
-TEST_F(Trash, AsksNothingItself) {
+TEST_F(Trash, ShowsNoConfirmation) {
   EXPECT_FALSE(MakeFileChanges()->RecycleAsks());
 }
 
-TEST_F(Trash, ItsFolderIsWhatTheEnvironmentSays) {
+TEST_F(Trash, ItsFolderIsFromTheEnvironment) {
   if (!InOwnHome()) return;
   EXPECT_EQ(UserTrashFolder(), std::string(std::getenv("XDG_DATA_HOME")) + "/Trash/");
 }
 
-TEST_F(Trash, NamesThatAreNotUtf8AreNoObstacle) {
+TEST_F(Trash, AcceptsNamesThatAreNotUtf8) {
   if (!InOwnHome()) return;
   const TempFolder folder;
   EXPECT_TRUE(MoveToTrash(folder.Write("\x8B\xC8.mid", "content")));

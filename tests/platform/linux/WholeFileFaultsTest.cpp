@@ -80,7 +80,7 @@ struct ReplaceCalls {
   }
 };
 
-TEST_F(WholeFileFaults, ContentReachesTheDiskBeforeItsNameAndTheNameBeforeTheEnd) {
+TEST_F(WholeFileFaults, ContentIsFlushedBeforeItsNameAndTheNameBeforeTheEnd) {
   const Trace trace = Replace();
   EXPECT_EQ(trace.exitCode, kReplaced);
   const ReplaceCalls calls(trace);
@@ -88,7 +88,7 @@ TEST_F(WholeFileFaults, ContentReachesTheDiskBeforeItsNameAndTheNameBeforeTheEnd
                                        "open folder", "flush folder", "unmark"));
 }
 
-TEST_F(WholeFileFaults, TheTemporaryFileIsItsMakersAloneAndReplacesNothing) {
+TEST_F(WholeFileFaults, TheTemporaryFileIsPrivateAndReplacesNothing) {
   const ReplaceCalls calls(Replace());
   EXPECT_TRUE(calls.create.Has("|O_CREAT|O_EXCL|")) << calls.create.line;
   EXPECT_FALSE(calls.create.Has("O_TRUNC")) << calls.create.line;
@@ -119,7 +119,7 @@ TEST_F(WholeFileFaults, AnyFailureLeavesTheOldContentAndNothingElse) {
   }
 }
 
-TEST_F(WholeFileFaults, AWriteThatTakesNothingIsNotTriedForEver) {
+TEST_F(WholeFileFaults, AWriteOfZeroBytesIsNotRetriedForever) {
 #ifdef __SANITIZE_ADDRESS__
   GTEST_SKIP() << "the sanitizer writes, too, and makes another exit status of it";
 #endif
@@ -129,14 +129,14 @@ TEST_F(WholeFileFaults, AWriteThatTakesNothingIsNotTriedForEver) {
   EXPECT_EQ(folder_.Read("file.ini"), "old");
 }
 
-TEST_F(WholeFileFaults, AnInterruptedWriteIsTriedAgain) {
+TEST_F(WholeFileFaults, AnInterruptedWriteIsRetried) {
   const ReplaceCalls calls(Replace());
   folder_.Write("file.ini", "old");
   EXPECT_EQ(Replace(FaultOf(calls.write, "error=EINTR")).exitCode, kReplaced);
   EXPECT_EQ(folder_.Read("file.ini"), "new");
 }
 
-TEST_F(WholeFileFaults, ATakenTemporaryNameIsNotTheEnd) {
+TEST_F(WholeFileFaults, ATakenTemporaryNameIsRetried) {
   const ReplaceCalls calls(Replace());
   folder_.Write("file.ini", "old");
   EXPECT_EQ(Replace(FaultOf(calls.create, "error=EEXIST")).exitCode, kReplaced);
@@ -156,7 +156,7 @@ TEST_F(WholeFileFaults, FoldersThatCannotBeFlushedAreNoError) {
   EXPECT_EQ(Replace(FaultOf(calls.openFolder, "error=EACCES")).exitCode, kReplaced);
 }
 
-TEST_F(WholeFileFaults, WhatCannotBeLookedAtIsNotReplaced) {
+TEST_F(WholeFileFaults, APathThatCannotBeCheckedIsNotReplaced) {
   std::vector<TracedCall> looks;
   for (const TracedCall& call : Replace().calls) {
     if (call.name == "openat" && call.Has("O_EXCL")) break;
@@ -186,7 +186,7 @@ struct ReadCalls {
   TracedCall open, status, read;
 };
 
-TEST_F(WholeFileFaults, OnlyWhatIsNotThereIsAbsent) {
+TEST_F(WholeFileFaults, OnlyMissingFilesAreAbsent) {
   const Trace trace = Read();
   EXPECT_EQ(trace.exitCode, kRead);
   const ReadCalls calls(trace);
@@ -211,7 +211,7 @@ TEST_F(WholeFileFaults, OnlyWhatIsNotThereIsAbsent) {
   }
 }
 
-TEST_F(WholeFileFaults, OfALargerFileNothingIsRead) {
+TEST_F(WholeFileFaults, NothingIsReadFromALargerFile) {
   folder_.Write("file.ini", std::string(101, 'x'));
   const Trace trace = Read();
   EXPECT_EQ(trace.exitCode, kTooLarge);

@@ -30,7 +30,7 @@ std::optional<std::string> SystemEncode(wchar_t unit) {
   return std::string(bytes.data(), static_cast<std::size_t>(count));
 }
 
-TEST(AnsiAgainstTheSystem, EverySingleByteIsDecodedAlike) {
+TEST(AnsiAgainstTheSystem, EverySingleByteIsDecodedTheSame) {
   for (unsigned byte = 0; byte <= 0xFF; ++byte) {
     if (IsAnsiLeadByte(static_cast<unsigned char>(byte))) continue;
     const std::string bytes(1, static_cast<char>(byte));
@@ -45,7 +45,7 @@ TEST(AnsiAgainstTheSystem, LeadBytesAreTheSame) {
   }
 }
 
-TEST(AnsiAgainstTheSystem, EveryPairIsDecodedAlike) {
+TEST(AnsiAgainstTheSystem, EveryPairIsDecodedTheSame) {
   for (unsigned lead = 0x81; lead <= 0xFC; ++lead) {
     if (!IsAnsiLeadByte(static_cast<unsigned char>(lead))) continue;
     for (unsigned trail = 0x40; trail <= 0xFC; ++trail) {
@@ -56,7 +56,7 @@ TEST(AnsiAgainstTheSystem, EveryPairIsDecodedAlike) {
   }
 }
 
-TEST(AnsiAgainstTheSystem, EveryCharacterIsEncodedAlikeOrNotAtAll) {
+TEST(AnsiAgainstTheSystem, EveryCharacterIsEncodedTheSameOrNotAtAll) {
   for (unsigned unit = 0x80; unit <= 0xFFFF; ++unit) {
     if (unit >= 0xD800 && unit <= 0xDFFF) continue;
     const std::wstring text(1, static_cast<wchar_t>(unit));

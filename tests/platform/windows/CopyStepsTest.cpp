@@ -82,7 +82,7 @@ TEST_F(CopyStepsOfTheSystem, ASourceWithAnotherTimeIsNotDeleted) {
   EXPECT_EQ(folder_.Read("here/song"), "content");
 }
 
-TEST_F(CopyStepsOfTheSystem, NothingButTheCopyItselfIsTakenBack) {
+TEST_F(CopyStepsOfTheSystem, OnlyTheCopyItselfIsDeleted) {
   ASSERT_TRUE(steps_.CopyInto(there_));
   folder_.Write("there/song", "rival");
   EXPECT_EQ(steps_.RemoveCopy(to_), std::nullopt);
@@ -157,7 +157,7 @@ class Scanner {
   std::thread thread_;
 };
 
-TEST(SharingViolations, ThatEndSoonAreWaitedFor) {
+TEST(SharingViolations, ThatEndSoonAreRetried) {
   const TempFolder folder;
   const std::string file = folder.Write("file", "content");
   const auto changes = MakeFileChanges();

@@ -39,7 +39,7 @@ bool MakeLiterally(const std::string& path) {
   return Handle(::CreateFileW(SystemPath(path)->c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr)).Open();
 }
 
-TEST(FileNames, SurrogatesThatStandAloneAreKept) {
+TEST(FileNames, UnpairedSurrogatesAreKept) {
   const TempFolder folder;
   const std::string name = "a\xED\xA0\xBDz.mid";
   const bool made = MakeLiterally(folder.Path() + name);
@@ -48,7 +48,7 @@ TEST(FileNames, SurrogatesThatStandAloneAreKept) {
   EXPECT_THAT(NamesIn(folder.Path()), ElementsAre("b.mid"));
 }
 
-TEST(FileNames, ExistingNamesWithDotsAndBlanksAtTheEndAreNamed) {
+TEST(FileNames, ExistingNamesWithDotsAndBlanksAtTheEndAreFound) {
   const TempFolder folder;
   ASSERT_TRUE(MakeLiterally(folder.Path() + "song. "));
   EXPECT_THAT(NamesIn(folder.Path()), ElementsAre("song. "));
@@ -108,14 +108,14 @@ TEST(FileNames, SlashesAreSeparatorsToo) {
   EXPECT_EQ(ContentOf(folder.Path() + "inner/song.mid"), "content");
 }
 
-TEST(FileNames, BytesThatAreNoTextNameNoFile) {
+TEST(FileNames, InvalidBytesAreNoFileName) {
   const TempFolder folder;
   const std::string old = folder.Write("song.mid", "content");
   EXPECT_EQ(NumberOf(MakeFileChanges()->Rename(old, folder.Path() + "\xFF.mid")), file_error::kNotFound);
   EXPECT_FALSE(OpenSystemFile(folder.Path() + "\xFF.mid"));
 }
 
-TEST(FileAttributes, HiddenAndSystemFilesSaySo) {
+TEST(FileAttributes, HiddenAndSystemFilesAreReported) {
   const TempFolder folder;
   struct Row {
     const char* name;
@@ -146,7 +146,7 @@ TEST(FileAttributes, AReadOnlyFileIsRenamedButNeitherReplacedNorDeleted) {
   ::SetFileAttributesW(ToWide(folder.At("new"))->c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST(OpenFiles, AFileThatAnotherProgramKeepsToItselfIsAnAccessError) {
+TEST(OpenFiles, AFileThatAnotherProgramHasOpenExclusivelyIsAnAccessError) {
   const TempFolder folder;
   const std::string path = folder.Write("song.mid", "content");
   {
@@ -159,7 +159,7 @@ TEST(OpenFiles, AFileThatAnotherProgramKeepsToItselfIsAnAccessError) {
   EXPECT_EQ(MakeFileChanges()->Rename(path, folder.At("new.mid")), std::nullopt);
 }
 
-TEST(LongPath, WritesShortNamesOut) {
+TEST(LongPath, ExpandsShortNames) {
   const TempFolder folder;
   const std::string path = folder.Write("a long name of a song.music", "content");
   std::wstring shorter(1000, L'\0');
@@ -169,7 +169,7 @@ TEST(LongPath, WritesShortNamesOut) {
   EXPECT_TRUE(LongPath(FromWide(shorter)).ends_with("\\a long name of a song.music")) << LongPath(FromWide(shorter));
 }
 
-TEST(LongPath, TakesTheLiteralPrefixAway) {
+TEST(LongPath, RemovesTheLiteralPrefix) {
   const TempFolder folder;
   const std::string path = folder.Write("song.mid", "content");
   EXPECT_EQ(LongPath("\\\\?\\" + path), LongPath(path));

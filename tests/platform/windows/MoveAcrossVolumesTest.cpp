@@ -63,7 +63,7 @@ class MoveAcrossVolumes : public testing::Test {
   std::string there_ = "Z:\\dev\\shm\\quillon-test-" + std::to_string(::GetCurrentProcessId()) + "\\";
 };
 
-TEST_F(MoveAcrossVolumes, TheFileIsThereWithItsTimesAndNoLongerHere) {
+TEST_F(MoveAcrossVolumes, TheFileIsAtTheNewPathOnlyWithItsTimes) {
   const std::string from = here_.Write("song.mid", "content");
   const FILETIME old = {0, 0x01C00000};
   {

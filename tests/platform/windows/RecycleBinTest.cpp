@@ -140,7 +140,7 @@ TEST(RecycleBy, ResultsAreTheShellsAndADeclinedQuestionIsNoFailure) {
   EXPECT_EQ(RecycleBy(lacking, nullptr, nullptr, BinQuestions::kAsTheUserWants), std::nullopt);
 }
 
-TEST(RecycleAsks, IsTheShellsBusiness) {
+TEST(RecycleAsks, IsTrueBecauseTheShellAsks) {
   EXPECT_TRUE(MakeFileChanges()->RecycleAsks());
 }
 
@@ -194,7 +194,7 @@ TEST_F(RecycleBin, KeepsWhatIsMovedThere) {
   EXPECT_EQ(Content(trash_ / "files" / L"曲.mid"), "content");
 }
 
-TEST_F(RecycleBin, LeavesAFileWhosePathTheShellDoesNotTake) {
+TEST_F(RecycleBin, LeavesAFileWhosePathTheShellRejects) {
   const fs::path file = folder_ / std::string(120, 'a') / std::string(120, 'b') / "song.mid";
   fs::create_directories(Literal(file.parent_path()));
   std::ofstream(Literal(file)) << "content";
@@ -203,7 +203,7 @@ TEST_F(RecycleBin, LeavesAFileWhosePathTheShellDoesNotTake) {
   EXPECT_EQ(Content(Literal(file)), "content");
 }
 
-TEST_F(RecycleBin, NeverTakesTheFileThatTheShellReadsInstead) {
+TEST_F(RecycleBin, NeverRecyclesAnotherFileThatTheShellWouldFind) {
   const fs::path file = Write("song", "content");
   const fs::path dotted = file.wstring() + L".";
   std::ofstream(Literal(dotted)) << "another";
@@ -213,7 +213,7 @@ TEST_F(RecycleBin, NeverTakesTheFileThatTheShellReadsInstead) {
   EXPECT_EQ(Content(Literal(dotted)), "another");
 }
 
-TEST(MoveToRecycleBin, LeavesWhatItCannotNameToTheShell) {
+TEST(MoveToRecycleBin, ReportsAPathThatTheShellCannotUse) {
   const TempFolder folder;
   const std::string file = folder.Write("song", "content");
   EXPECT_EQ(MoveToRecycleBin("", 0, BinQuestions::kOnlyBeforeLoss), kRecycleNotDone);

@@ -36,7 +36,7 @@ TEST(SharingRetry, ASuccessIsNotRepeated) {
   EXPECT_EQ(attempts.made, 1);
 }
 
-TEST(SharingRetry, ViolationsAreTriedAgain) {
+TEST(SharingRetry, ViolationsAreRetried) {
   for (const DWORD number : {ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION, ERROR_UNABLE_TO_REMOVE_REPLACED}) {
     Attempts attempts = {number, 10};
     EXPECT_TRUE(attempts.Run()) << number;
@@ -91,7 +91,7 @@ class HeldFile : public testing::Test {
   std::string path_ = folder_.Write("file.ini", "old");
 };
 
-TEST_F(HeldFile, IsReadWhenItIsLetGo) {
+TEST_F(HeldFile, IsReadWhenItIsClosed) {
   std::thread other = HoldForAMoment();
   const Result<std::string, ReadFailure> read = ReadWholeFile(path_, 100);
   other.join();
@@ -99,7 +99,7 @@ TEST_F(HeldFile, IsReadWhenItIsLetGo) {
   EXPECT_EQ(*read, "old");
 }
 
-TEST_F(HeldFile, IsReplacedWhenItIsLetGo) {
+TEST_F(HeldFile, IsReplacedWhenItIsClosed) {
   std::thread other = HoldForAMoment();
   const FileOutcome outcome = ReplaceWholeFile(path_, "new");
   other.join();
@@ -107,7 +107,7 @@ TEST_F(HeldFile, IsReplacedWhenItIsLetGo) {
   EXPECT_EQ(folder_.Read("file.ini"), "new");
 }
 
-TEST_F(HeldFile, IsNeitherReadNorReplacedWhileItIsNotLetGo) {
+TEST_F(HeldFile, IsNeitherReadNorReplacedWhileItIsOpen) {
   {
     const Handle held = Hold();
     const Result<std::string, ReadFailure> read = ReadWholeFile(path_, 100);

@@ -5,7 +5,7 @@
 namespace quillon::test {
 namespace {
 
-TEST(SystemError, NumbersOfFilesAreThoseTheLogicKnows) {
+TEST(SystemError, NumbersForFilesAreThoseOfTheLogic) {
   for (const DWORD number : {2u, 3u, 66u, 87u, 123u, 161u, 206u, 267u}) {
     EXPECT_EQ(ErrorOf(number).number, file_error::kNotFound) << number;
   }
@@ -15,13 +15,13 @@ TEST(SystemError, NumbersOfFilesAreThoseTheLogicKnows) {
   for (const DWORD number : {80u, 183u}) EXPECT_EQ(ErrorOf(number).number, file_error::kAlreadyExists) << number;
 }
 
-TEST(SystemError, OtherNumbersAreTheirOwnAndNeverCollide) {
+TEST(SystemError, OtherNumbersAreKeptWithoutCollisions) {
   for (const DWORD number : {17u, 52u, 53u, 55u, 58u, 75u, 112u, 1117u}) {
     EXPECT_EQ(ErrorOf(number).number, file_error::kOwn + static_cast<int>(number));
   }
 }
 
-TEST(SystemError, AFolderThatIsNotThereIsOutOfReach) {
+TEST(SystemError, AMissingFolderIsUnreachable) {
   for (const DWORD number : {2u,   3u,   15u,  20u,  21u,   53u,   55u,   64u,   67u,   87u,
                              121u, 123u, 206u, 267u, 1005u, 1112u, 1167u, 1222u, 1231u, 1232u}) {
     EXPECT_EQ(FolderErrorOf(number).number, file_error::kUnreachable) << number;
