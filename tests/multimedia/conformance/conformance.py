@@ -1,15 +1,15 @@
-"""Sends the same command strings to the Linux device and, under Wine, to the Windows one, and compares the answers.
+"""Sends the same command strings to the Linux device and, under Wine, to the Windows one, and compares the replies.
 
 usage: conformance.py --linux PROGRAM --windows PROGRAM --wine SCRIPT --samples FOLDER --results FILE [--only TEXT]
 
-The command strings stand in the .txt files beside this one. {folder} in them is the folder of the media files. A comment
-may say how the answers to the next command are compared; without one they must be the same, and no errors:
+The command strings are in the .txt files beside this one; {folder} in them is the folder of the media files. A comment
+can state how the replies to the next command are compared. Without one they must be equal, and no errors:
 
-    # fails                  both answer an error, and the same one
-    # within N               both answer a number; they differ by at most N
-    # unlike WINDOWS | LINUX each answers what stands here
+    # fails                  both reply with the same error
+    # within N               both reply with a number; they differ by at most N
+    # unlike WINDOWS | LINUX each gives the reply stated here
 
-What follows a colon is the reason.
+The text behind a colon is the reason.
 """
 
 import argparse
@@ -36,14 +36,14 @@ _SAMPLES = ("tone.mp3", "mpeg1.mpg", "mpeg4.avi")
 
 
 class Step:
-    """A command and how its two answers are compared."""
+    """A command and how its two replies are compared."""
 
     def __init__(self, command, rule):
         self.command = command
         self.rule = rule
 
     def complaint(self, windows, linux):
-        """None when the answers agree."""
+        """Compares the replies; returns None when they agree."""
         kind, _, rest = self.rule.partition(" ")
         if kind == "unlike":
             agreed = [windows, linux] == [answer.strip() for answer in rest.split("|")]
@@ -58,7 +58,7 @@ class Step:
 
 
 def _steps(text):
-    """The commands that are answered, each with the rule in front of it."""
+    """The commands with replies, each with the rule in front of it."""
     steps = []
     rule = ""
     for line in text.splitlines():
@@ -71,7 +71,7 @@ def _steps(text):
 
 
 def _answers(command, text):
-    """What a program writes for the commands. Pipes would be kept open by Wine's services."""
+    """A program's replies to the commands. Not through pipes, which Wine's services would keep open."""
     with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as written:
         given.write(text.encode("utf-8"))
         given.seek(0)
