@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # ./faults.sh          makes every system call of a move, a rename and a save of the settings fail in every way, kills the
-#                      program at each, and lets somebody else change the files meanwhile: about 4,600 runs
+#                      program at each, and lets other programs change the files meanwhile: about 4,600 runs
 # ./faults.sh SCENE    the same for one scene ("copy", "rename-by-link", ...)
 #
 # Installs missing packages and builds first. Prints what was run, and fails if a file was lost, torn or left behind.

@@ -50,8 +50,8 @@ skip_reasons() {
     sed 's/^[^ ]*:[0-9]*&#x0A;//; s/&#x0A;.*//' | sort | uniq -c | sed 's/^ *\([0-9]*\)/    \1 x/'
 }
 
-# A suite mostly waits for windows and music, so less urgent work runs at the same time. beside NAME NICENESS
-# COMMAND...: starts the command. Work that other steps wait for gets a lower niceness.
+# A suite mostly waits for windows and music, so less urgent work runs at the same time.
+# beside NAME NICENESS COMMAND...: starts the command. Work that other steps wait for gets a lower niceness.
 declare -A beside_process beside_log
 trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
 beside() {

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Saves a picture of the main window, with its frame: window-picture.sh FILE.png PROGRAM SETTINGS [PATH...] The window
-# opens on a private display and session bus, from a copy of the program beside a copy of that settings file, so files
-# beside the program have no effect and are not changed. KEYS ("Down Down") are pressed when everything is loaded. With
-# PLAYING=SECONDS the picture is taken that long after the keys, even if something moves. With PICTURED=active it is a
-# picture of the window that has the focus then, for example a dialog. A Windows program runs under Wine.
+# Saves a picture of the main window, with its frame: window-picture.sh FILE.png PROGRAM SETTINGS [PATH...]
+# The window opens on a private display and session bus, from a copy of the program beside a copy of that settings file,
+# so files beside the program have no effect and are not changed. KEYS ("Down Down") are pressed when everything is
+# loaded. With PLAYING=SECONDS the picture is taken that long after the keys, even if something moves. With
+# PICTURED=active it is a picture of the window that has the focus then, for example a dialog. A Windows program runs
+# under Wine.
 set -euo pipefail
 scripts=$(cd "$(dirname "$0")" && pwd)
 . "$scripts/common.sh"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs a Windows program under Wine with a separate prefix, language and runtime folder. `wine.sh --server ARGUMENTS`
-# passes the arguments to the prefix's server instead.
+# Runs a Windows program under Wine with a separate prefix, language and runtime folder.
+# `wine.sh --server ARGUMENTS` passes the arguments to the prefix's server instead.
 set -eu
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon
 export WINEPREFIX=${QUILLON_WINEPREFIX:-$cache/wine}

@@ -6,7 +6,8 @@ set -eu
 export QUILLON_SOUND_FOLDER
 QUILLON_SOUND_FOLDER=$(mktemp -d)
 
-# Ends with this process, also after exec, however that ends. shellcheck disable=SC2016
+# Ends with this process, also after exec, however that ends.
+# shellcheck disable=SC2016
 setpriv --pdeathsig TERM bash -c '
   trap : TERM
   exec >/dev/null 2>&1 </dev/null

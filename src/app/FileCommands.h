@@ -47,8 +47,8 @@ class FileCommands {
     NotKept notKept;
     bool several = false;
     bool tells = true;                          ///< whether failures are shown
-    bool abandoned = false;                     ///< by the user, who has closed the window
-    bool cancelled = false;                     ///< by the user, in the wait window
+    bool abandoned = false;                     ///< the user has closed the window
+    bool cancelled = false;                     ///< the user has cancelled in the wait window
     std::optional<std::vector<bool>> selected;  ///< each row's selection before a failing row was shown
   };
 

@@ -13,7 +13,7 @@ MoveProgress::MoveProgress(ProgressDisplay& display, WindowState& window, std::u
 
 MoveProgress::~MoveProgress() {
   if (!shown_) return;
-  // First of all: the keyboard goes back to the window.
+  // First, so that the window gets the keyboard focus back.
   window_.SetEnabled(true);
   display_.End();
 }

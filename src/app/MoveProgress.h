@@ -11,14 +11,14 @@
 
 namespace quillon {
 
-/// When and how often a move shows how far it is.
+/// When and how often a move shows its progress.
 struct MoveTimes {
   std::chrono::milliseconds showAfter{500};  ///< quick moves show nothing
   std::chrono::milliseconds interval = kProgressInterval;
 };
 
-/// How far a move of one or more files is, in bytes, shown in the wait window once it lasts; the other windows take no
-/// input from then on. The user may cancel it, between two files and while one is copied.
+/// The progress, in bytes, of a move of one or more files. A move that takes long shows it in the wait window; from
+/// then on the other windows accept no input. The user can cancel between two files and while one is copied.
 class MoveProgress final : public CopyProgress {
  public:
   /// `total` is the sum of SizeOf(row) over the rows that are to be moved.
@@ -27,10 +27,10 @@ class MoveProgress final : public CopyProgress {
   MoveProgress& operator=(const MoveProgress&) = delete;
   ~MoveProgress() override;
 
-  /// A row's share of the total: its bytes, and something for the file itself.
+  /// A row's share of the total: its bytes, plus 1 for the file itself.
   [[nodiscard]] static std::uint64_t SizeOf(const FileItem& row) { return row.size + 1; }
 
-  /// The next row is going to be moved. False when the user has cancelled.
+  /// Call it before moving the next row. Returns false when the user has cancelled.
   [[nodiscard]] bool Next(const FileItem& row);
 
   bool Continue(std::uint64_t copied) override;
@@ -46,8 +46,8 @@ class MoveProgress final : public CopyProgress {
   Clock::time_point showAt_;
   Throttle throttle_;
   bool shown_ = false;
-  std::uint64_t done_ = 0;     ///< the files before the present one
-  std::uint64_t present_ = 0;  ///< the size of the file that is being moved
+  std::uint64_t done_ = 0;     ///< the total size of the files before the current one
+  std::uint64_t present_ = 0;  ///< the size of the current file
   std::string path_;
 };
 

@@ -13,7 +13,7 @@ namespace quillon {
 namespace {
 
 constexpr char32_t kReplacement = 0x30FB;
-constexpr std::size_t kCodes = 0x10000;  // code page 932 knows only characters of the basic plane
+constexpr std::size_t kCodes = 0x10000;  // code page 932 has only characters of the basic plane
 using Table = std::array<std::uint16_t, kCodes>;
 
 constexpr unsigned char Byte(char c) {

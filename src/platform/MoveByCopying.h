@@ -11,7 +11,7 @@ namespace quillon {
 enum class SourceNow {
   kUnchanged,
   kModified,  ///< the same file with other content or attributes
-  kReplaced,  ///< another file stands at its path
+  kReplaced,  ///< another file is at its path
   kGone,
   kUnknown,  ///< its status cannot be read
 };

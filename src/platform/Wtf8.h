@@ -5,7 +5,8 @@
 #include <string_view>
 
 /// Conversion between the UTF-16 of Windows file names, which may contain unpaired surrogates, and UTF-8 extended with
-/// these. Source: "The WTF-8 encoding".
+/// these.
+/// Source: "The WTF-8 encoding".
 namespace quillon {
 
 /// Returns nullopt when the bytes are not valid UTF-8; the three-byte forms of surrogates are allowed.

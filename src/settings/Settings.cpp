@@ -89,7 +89,8 @@ class SettingsReader {
   std::optional<SettingsError>& error_;
 };
 
-/// What the file is to say of an option. A number that says so already stays, also one that no dialog would write.
+/// The text to write for an option. A number in the file that already has this meaning is kept, even if no dialog would
+/// write it.
 std::string OptionText(const IniFile& file, std::string_view section, std::string_view key, bool on, SettingKind kind) {
   if (kind == SettingKind::kPlain) return on ? "True" : "False";
   if (IsThere(file, section, key, kind)) {

@@ -7,8 +7,8 @@
 namespace quillon {
 
 /// Gives the file `to` the owner, permissions and access list of `from`, whose status was `source`, as far as the
-/// system and the volume allow, without giving anybody more rights than before. Returns false, with errno set, when
-/// somebody got more rights anyway, or the list could not be kept.
+/// system and the volume allow, without giving any user more rights than before. Returns false, with errno set, when a
+/// user got more rights anyway, or the list could not be kept.
 [[nodiscard]] bool CopyOwnerAndAccess(int from, int to, const struct stat& source);
 
 /// Gives the file `to` the owner, permissions, access list, extended attributes and times of `from`, whose status was

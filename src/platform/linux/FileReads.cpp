@@ -107,7 +107,7 @@ class LinuxFileReads final : public FileReads {
   NameUnit NameUnitOf(const std::string& folder) override {
     struct statfs volume = {};
     if (HoldsNul(folder) || ::statfs(folder.c_str(), &volume) != 0) return NameUnit::kUtf16;
-    // Some are negative as the 32-bit numbers that they are.
+    // Some types are negative as signed 32-bit numbers.
     return NameUnitOfType(static_cast<unsigned long>(volume.f_type) & 0xFFFFFFFFUL);
   }
 };

@@ -8,7 +8,7 @@
 namespace quillon {
 namespace {
 
-// Of the drivers that the system's header does not name.
+// The magic numbers of drivers that are missing in the system's header.
 constexpr unsigned long kNtfs = 0x5346544E;
 constexpr unsigned long kNtfs3 = 0x7366746E;
 constexpr unsigned long kHfsPlus = 0x482B;

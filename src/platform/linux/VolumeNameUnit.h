@@ -4,8 +4,8 @@
 
 namespace quillon {
 
-/// The unit of a volume of this type, `statfs::f_type`. kUtf16 for what a program of the user's provides (FUSE): that
-/// may be a volume of Windows.
+/// The unit of name lengths on a volume of this type (`statfs::f_type`). kUtf16 for FUSE, whose programs may provide
+/// Windows volumes.
 [[nodiscard]] NameUnit NameUnitOfType(unsigned long type);
 
 }  // namespace quillon
