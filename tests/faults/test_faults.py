@@ -66,14 +66,14 @@ class Faults(unittest.TestCase):
             made = calls[_index(calls, rf'^openat\(.*/{name}", ')].arguments
             self.assertRegex(made, r"O_WRONLY\|O_CREAT\|O_EXCL\|O_CLOEXEC, 0600$")
 
-    def test_a_source_is_opened_itself_and_without_waiting(self):
+    def test_a_source_is_opened_without_following_links_or_waiting(self):
         calls = self._learned("copy")
         look = _index(calls, r"^\w*l?stat\w*\(.*/song\.bin.*(AT_SYMLINK_NOFOLLOW|^lstat)", _index(calls, "^renameat2"))
         opened = calls[_index(calls, r'^openat\(.*/song\.bin"', look)].arguments
         self.assertIn("O_NOFOLLOW", opened)
         self.assertIn("O_NONBLOCK", opened)
 
-    def test_a_copy_reaches_the_disk_before_its_name_and_that_before_the_source_goes(self):
+    def test_a_copy_is_flushed_before_its_name_and_its_name_before_the_source_is_deleted(self):
         for name, publish in (("copy", r"^renameat2\(.*/\.quillon-"), ("copy-by-link", r"^link\(.*/\.quillon-")):
             calls = self._learned(name)
             written = _index(calls, r"^write\(.*/\.quillon-\w+>")
@@ -97,14 +97,14 @@ class Faults(unittest.TestCase):
                 self.assertGreater(len(flushes), 10)
                 self._check(scene, flushes)
 
-    def test_a_mark_is_held_while_its_file_is_there(self):
+    def test_a_mark_is_held_while_its_file_exists(self):
         calls = self._learned("copy")
         locked = _index(calls, r"^flock\(.*\.mark>, LOCK_EX\|LOCK_NB")
         created = _index(calls, r'^openat\(.*/\.quillon-\w+", ')
         self.assertLess(locked, created)
         self.assertGreater(_index(calls, r'^unlink\(.*\.mark"'), _index(calls, r"^renameat2\(.*/\.quillon-"))
 
-    def test_by_links_the_old_name_goes_only_after_a_last_look(self):
+    def test_a_rename_by_links_deletes_the_old_name_only_after_a_last_check(self):
         calls = self._learned("rename-by-link")
         linked = _index(calls, r"^link\(")
         looks = [call.arguments for call in calls[linked + 1:_index(calls, r"^unlink\(", linked)]]

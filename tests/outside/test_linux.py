@@ -359,7 +359,7 @@ class Linux(unittest.TestCase):
         self.assertEqual(display.visible_windows(TITLE), [])
         self.assertEqual(self.program.settings.read_bytes(), damaged)
 
-    def test_settings_that_cannot_be_read_are_told_and_left_alone(self):
+    def test_settings_that_cannot_be_read_are_reported_and_not_changed(self):
         too_large = b"\n" * (1024 * 1024 + 1)
         self.program.settings.write_bytes(too_large)
         process = self.program.start(self.files)
@@ -441,7 +441,7 @@ class Linux(unittest.TestCase):
         self.assertEqual(page, str(self.program.home / "help" / "index.html"))
         self.assertIn("Quillon", pathlib.Path(page).read_text(encoding="utf-8"))
 
-    def test_without_help_pages_f1_says_so(self):
+    def test_without_help_pages_f1_shows_a_message(self):
         self.program.start_and_show()
         press("F1")
         answer("ヘルプの表示", "ヘルプファイルが開けませんでした")

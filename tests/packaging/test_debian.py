@@ -73,14 +73,14 @@ class Debian(unittest.TestCase):
     def test_its_sum_is_listed(self):
         self.assertIn(self.package.name, listed(self.packages))
 
-    def test_says_what_the_program_is(self):
+    def test_describes_the_program(self):
         self.assertEqual(self.field("Package"), "quillon")
         self.assertEqual(self.field("Version"), product.version())
         self.assertEqual(self.field("Architecture"), self.architecture)
         self.assertEqual(self.field("Homepage"), product.setting("QUILLON_URL"))
         self.assertEqual(self.field("Maintainer"), product.setting("QUILLON_MAINTAINER"))
 
-    def test_depends_on_what_it_links_and_recommends_what_plays(self):
+    def test_depends_on_linked_libraries_and_recommends_the_players_plugins(self):
         depends = re.findall(r"([a-z0-9.+-]+)(?: \([^)]*\))?(?:, |$)", self.field("Depends"))
         for library in ("libc6", "libstdc++6", "libpcre2-8-0", "libutf8proc2"):
             self.assertIn(library, depends)
@@ -92,7 +92,7 @@ class Debian(unittest.TestCase):
         for package in (*plugins, "gstreamer1.0-libav", "gstreamer1.0-x", "timgm6mb-soundfont", "fonts-noto-cjk"):
             self.assertIn(package, re.split(r", | \| ", recommends))
 
-    def test_holds_what_it_should_and_nothing_else(self):
+    def test_contains_exactly_the_expected_files(self):
         help_pages = {name for name in self.installed() if name.startswith(f"{_SHARE}/quillon/help/")}
         self.assertEqual(self.installed() - help_pages, expected_files(self.application))
         self.assertIn(f"{_SHARE}/quillon/help/index.html", help_pages)
@@ -123,7 +123,7 @@ class Debian(unittest.TestCase):
             status, said = run("hardening-check", *options, self.file(name), env=environment)
             self.assertEqual(status, 0, said)
 
-    def test_programs_have_what_no_mark_tells(self):
+    def test_programs_have_unmarked_hardening(self):
         if self.architecture != "amd64":
             self.skipTest("these are instructions of another processor")
         for name in _PROGRAMS:
@@ -171,7 +171,7 @@ class Debian(unittest.TestCase):
         self.assertEqual(status, 0, said)
         self.assertNotRegex(said, r"(?m)^[EW]:|hardening|override")
 
-    def test_lives_and_dies_on_a_clean_system(self):
+    def test_installs_runs_and_is_removed_on_a_clean_system(self):
         if clean_root.NAMESPACES not in os.environ:
             self.skipTest("a clean system needs root, and a machine that lets root mount")
         root = clean_root.CleanRoot()

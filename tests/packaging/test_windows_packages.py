@@ -151,7 +151,7 @@ class WindowsPackages(unittest.TestCase):
             self.assertTrue(image.has_relocations(), program)
             self.assertTrue(b"stack smashing detected" in image.bytes, f"{program}: no stack protector")
 
-    def test_programs_say_what_they_are(self):
+    def test_programs_have_version_information(self):
         for program, file in self.programs():
             image = pe.Image(file)
             self.assertEqual(len(image.resources(pe.ICON_GROUP)), 1 if program.endswith(".exe") else 0, program)
@@ -169,7 +169,7 @@ class WindowsPackages(unittest.TestCase):
             self.assertRegex(text, r"<longPathAware[^>]*>true<", program)
             self.assertRegex(text, r'<requestedExecutionLevel level="asInvoker"', program)
 
-    def test_archive_holds_what_it_should_and_texts_for_windows(self):
+    def test_archive_contains_the_expected_files_and_texts_for_windows(self):
         with zipfile.ZipFile(self.archive) as archive:
             self.assertIsNone(archive.testzip())
             top = self.archive.stem + "/"
@@ -220,7 +220,7 @@ class WindowsPackages(unittest.TestCase):
         self.uninstall()
         until(lambda: not self.home.exists(), "the folder gone")
 
-    def test_a_newer_version_takes_the_place_of_an_older_one(self):
+    def test_a_newer_version_replaces_an_older_one(self):
         self.assertEqual(self.install(), 0)
         (self.home / _SETTINGS).write_text("[System]\n")
         (self.home / "Quillon.exe").write_bytes(b"an older one")
@@ -250,7 +250,7 @@ class WindowsPackages(unittest.TestCase):
         self.assertEqual({path.name for path in elsewhere.iterdir()}, _INSTALLED | {_UNINSTALLER})
         self.assertEqual(self.entry()["InstallLocation"], r"C:\Quillon-elsewhere")
 
-    def test_leaves_a_running_program_alone(self):
+    def test_installer_and_uninstaller_refuse_while_the_program_runs(self):
         self.assertEqual(self.install(), 0)
         process = self.start_and_show(self.home / "Quillon.exe")
         self.assertEqual(self.install(), _RUNNING)

@@ -146,7 +146,7 @@ class Windows(unittest.TestCase):
         self.assertFalse(self.wine.list()["editing"])
         self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
 
-    def test_shift_del_takes_the_row_off_the_list(self):
+    def test_shift_del_removes_the_row_from_the_list(self):
         self.load()
         press("shift+Delete")
         self.wine.wait_for_names(["02", "曲 03"])
@@ -225,7 +225,7 @@ class Windows(unittest.TestCase):
         self.wine.wait_for_names(["さくら", "Greensleeves", "荒城の月"])
         self.assertIsNone(first.poll())
 
-    def test_damaged_settings_are_told_and_left_alone(self):
+    def test_damaged_settings_are_reported_and_not_changed(self):
         damaged = b"[Player]\r\nRepeat=40000\r\n"
         self.program.settings.write_bytes(damaged)
         process = self.program.start(self.files)
