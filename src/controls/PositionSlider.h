@@ -11,9 +11,9 @@ class wxStaticText;
 
 namespace quillon {
 
-/// The slider of a player: its value is a position in milliseconds. While the user holds a mouse button, or a key that
-/// moves it, it shows the position in a tip beside its thumb. A move without holding, such as by the wheel, counts as a
-/// press and a release.
+/// The slider of a player: its value is a position in milliseconds. From the press of a mouse button, or of a key that
+/// moves it, until the release the user controls it, and it shows the position in a tip beside its thumb. A move
+/// without holding, such as by the wheel, counts as a press and a release.
 class PositionSlider final : public wxSlider {
  public:
   struct Handlers {

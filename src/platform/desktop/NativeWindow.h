@@ -8,8 +8,8 @@ namespace quillon {
 /// even if Wayland is available. Windows: does nothing.
 void PreferNumberedWindows();
 
-/// Returns the number of the control's native window, into which the player's device puts its window: an X11 window or
-/// an HWND; 0 if there is none. `control` is the native widget or window handle of a child window.
+/// Gives the control a native window, if needed, and returns its number, so that a device can put its own window into
+/// it: an X11 window or an HWND; 0 if there is none. `control` is the native widget or window handle of a child window.
 [[nodiscard]] std::uintptr_t MakeNumberedWindow(void* control);
 
 }  // namespace quillon
