@@ -66,10 +66,10 @@ std::string JoinedLines(std::string_view bytes) {
   return text;
 }
 
-/// The bytes of a page without its line breaks, one part at a time. Tags can be searched for in the undecoded bytes:
-/// its "<", "/" and ">" are never the second byte of a character, and its letters do not follow a lead byte. Each part
-/// begins with the last bytes of the one before, so that every tag lies entirely in one part. The first part begins
-/// with an additional zero byte.
+/// The bytes of a page without its line breaks, one part at a time. Tags can be searched for in the undecoded bytes: a
+/// tag's "<", "/" and ">" are never the second byte of a character, and its letters do not follow a lead byte. Each
+/// part begins with the last bytes of the one before, so that every tag lies entirely in one part. The first part
+/// begins with an additional zero byte.
 class JoinedBytes {
  public:
   explicit JoinedBytes(ByteSource& file) : window_(file, 0) { bytes_[0] = '\0'; }
