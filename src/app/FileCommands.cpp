@@ -31,7 +31,7 @@ void FileCommands::mnuThisDel() {
   if (gone) rows_.RemoveRows([selected](int index, const FileItem&) { return index == selected; });
 }
 
-// True when the row is to leave the list.
+// Returns true when the row must be removed from the list.
 bool FileCommands::DeleteForGood(const std::string& path) {
   const bool ask = session_.options.list.confirmDeletion && !session_.options.system.suppressConfirmations;
   if (ask && !screen_.boxes.Show({kDeleteCaption, path + "\r\n\r\nこのファイルを完全に削除してもよろしいですか",
@@ -57,8 +57,8 @@ bool FileCommands::DeleteToRecycleBin(const std::string& path) {
     screen_.boxes.Show({kDeleteCaption, "ファイルが削除できません", MessageIcon::kStop});
     return false;
   }
-  // A success with the file still there: the user declined in the system's own dialog. Any failure that the system has
-  // reported itself takes the row out of the list like a success.
+  // When the system reports success and the file is still there, the user declined in the system's own dialog: the row
+  // stays. A failure that the system has already shown removes the row like a success.
   return result != 0 || !disk_.files.IsFile(path);
 }
 
@@ -115,7 +115,7 @@ void FileCommands::ReportMove(int index, const std::string& from, const std::str
   batch.abandoned = answer == FailureAnswer::kStop;
 }
 
-// The box stands beside the row that it is about.
+// Selects and shows the row that failed, so that the user sees which row the box is about.
 void FileCommands::ShowFailedRow(int index, Batch& batch) {
   if (!batch.selected) {
     batch.selected.emplace(static_cast<std::size_t>(session_.list.Count()) + 1);
@@ -202,7 +202,7 @@ std::uint64_t FileCommands::SizeOfRows(Rows rows) const {
   return size;
 }
 
-// How many rows' files were moved.
+// Returns the number of files moved.
 int FileCommands::MoveRows(Rows rows, const std::string& folder, Batch& batch) {
   screen_.window.SetPointer(Pointer::kHourglass);
   screen_.window.SetEnabled(false);
@@ -211,7 +211,7 @@ int FileCommands::MoveRows(Rows rows, const std::string& folder, Batch& batch) {
     screen_.window.SetEnabled(true);
   });
   std::vector<bool> moved(static_cast<std::size_t>(session_.list.Count()) + 1);
-  const Finally dropping([&] {  // what was moved leaves, whatever ends the batch
+  const Finally dropping([&] {  // moved rows leave the list, however the batch ends
     SelectAgain(batch);
     DropMovedRows(moved);
   });

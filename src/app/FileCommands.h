@@ -26,7 +26,7 @@ struct MoveWindows {
   ProgressDisplay& progress;
 };
 
-/// Deletes and moves listed files. The player lets go of a file first.
+/// Deletes and moves listed files. The player releases each file first.
 class FileCommands {
  public:
   FileCommands(const Session& session, ListCommands& rows, const Disk& disk, const MoveWindows& windows,

@@ -106,8 +106,8 @@ void RenameEditing::EnterPressed() {
   box_.SelectWholeText();
 }
 
-// A row that came without a name (its file has no extension) may be left as it is: there is nothing to fall back to.
-bool RenameEditing::MayNotBeLeft() const {
+// A row that was loaded without a name (its file has no extension) may stay empty, because there is no name to restore.
+bool RenameEditing::NeedsName() const {
   return box_.IsEnabled() && session_.mode.automatic && box_.Text().empty() && !lastGoodRenameText_.empty();
 }
 
@@ -119,7 +119,7 @@ void RenameEditing::AskForName() {
 }
 
 void RenameEditing::Clicked() {
-  if (MayNotBeLeft()) return;
+  if (NeedsName()) return;
   const std::string text = box_.Text();
   for (int index = 1; index <= session_.list.Count(); ++index) {
     if (session_.list.Row(index).renameName != text) continue;
@@ -130,7 +130,7 @@ void RenameEditing::Clicked() {
 }
 
 bool RenameEditing::MayLeaveRow() {
-  if (!MayNotBeLeft()) return true;
+  if (!NeedsName()) return true;
   if (editingItemIndex_ >= 1 && editingItemIndex_ <= session_.list.Count()) session_.list.SelectOnly(editingItemIndex_);
   box_.SetText(lastGoodRenameText_);
   Changed();

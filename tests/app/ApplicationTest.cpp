@@ -130,7 +130,7 @@ TEST(Application, AnEmptiedBoxAsksForNothingWhileACommandRuns) {
   f.Type("");
   EXPECT_TRUE(f.app.RenameBoxNeedsName());
   bool asked = true;
-  f.main.modifyDialog = [&](Rows) { asked = f.app.RenameBoxMayNotBeLeft(); };
+  f.main.modifyDialog = [&](Rows) { asked = f.app.RenameBoxNeedsName(); };
   f.app.Execute(mnuAllModify);
   EXPECT_FALSE(asked);
 }

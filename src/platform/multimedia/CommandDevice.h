@@ -7,9 +7,9 @@
 #include "base/Result.h"
 #include "platform/multimedia/MediaStatus.h"
 
-/// Playing sound and pictures by command strings, as the Windows multimedia API (MCI, `mciSendString`) defines them:
-/// `Open "song.mp3" alias X`, `Play X`, `status X mode`. Keywords and aliases are taken in any letter case; each
-/// file is open under an alias of its own.
+/// Plays sound and pictures by command strings, as the Windows multimedia API (MCI, `mciSendString`) defines them:
+/// `Open "song.mp3" alias X`, `Play X`, `status X mode`. Keywords and aliases ignore letter case; each file is opened
+/// under a different alias.
 namespace quillon {
 
 /// What the device answers, in UTF-8 (empty where the command answers nothing), or why the command failed.

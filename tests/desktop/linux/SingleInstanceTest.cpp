@@ -37,7 +37,7 @@ test::ProcessResult RunOtherMeanwhile() {
   return other.get();
 }
 
-/// The one file that ends like this, "" when there is none.
+/// The file with this ending; "" when there is none.
 std::string FileWith(const std::string& folder, const std::string& ending) {
   std::string found;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
@@ -52,7 +52,7 @@ void HandleMessages() {
   }
 }
 
-/// A folder for the session, and one for settings: both short enough for a socket's name.
+/// A session folder and a settings folder, with paths short enough for a socket.
 class SingleInstanceTest : public testing::Test {
  protected:
   test::TempFolder folder_;

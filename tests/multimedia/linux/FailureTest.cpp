@@ -40,7 +40,7 @@ TEST_F(FailureTest, LosingTheSoundDeviceContinuesSilently) {
   EXPECT_NEAR(watch.Elapsed(), kLength, kTolerance);
   EXPECT_EQ(player_.Number("status X position"), kLength);
   EXPECT_EQ(sink.Failures(), 1);
-  // It is not asked for again.
+  // The sound device is not requested again.
   ASSERT_EQ(player_.Error("play X from 1000"), kDone);
   EXPECT_TRUE(player_.WaitForMode("stopped", milliseconds(kLength)));
   EXPECT_EQ(sink.Failures(), 1);

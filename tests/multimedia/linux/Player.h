@@ -12,7 +12,7 @@ namespace quillon::test {
 /// From here on no device finds a sound server or card, whatever the machine has.
 void SilenceSound();
 
-/// A command device that never finds a sound server or card, whatever the machine has: tests are silent.
+/// A command device that never finds a sound server or card, so that tests are silent.
 class Player {
  public:
   Player();
@@ -21,7 +21,7 @@ class Player {
   MediaStatus Error(const std::string& command) { return StatusOf(Send(command)); }
   std::string Text(const std::string& command) { return TextOf(Send(command)); }
   int Number(const std::string& command);
-  /// Under the alias "X".
+  /// Opens the file under the alias "X".
   MediaStatus Open(const std::string& path) { return Error("Open \"" + path + "\" alias X"); }
 
   /// Waits until X is in the mode; false when the time is up.

@@ -82,7 +82,7 @@ CommandReply Carry(Medium& medium, const ParsedCommand& command) {
     case Verb::kResume: return ReplyOf(medium.Resume());
     case Verb::kStop: medium.Stop(); return std::string();
     case Verb::kSeek: return ReplyOf(Seek(medium, command));
-    case Verb::kSet: return std::string();  // there is but the one time format
+    case Verb::kSet: return std::string();  // milliseconds are the only time format
     case Verb::kStatus: return Status(medium, command.status);
     case Verb::kWhere: return Where(medium, command.area);
     case Verb::kWindow: return ReplyOf(medium.SetWindow(command.window));

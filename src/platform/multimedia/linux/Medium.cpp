@@ -17,7 +17,7 @@ constexpr int kLastPicture = 100;
 Result<std::unique_ptr<Medium>, MediaError> Medium::Open(const std::string& path, std::chrono::milliseconds limit) {
   if (!StartGStreamer()) return MediaError::kInternal;
   const Deadline deadline(limit);
-  // A length that takes too long to be found leaves the pipeline time to estimate it.
+  // Finding the length gets half of the time, so that the pipeline has time to estimate it otherwise.
   Result<MediumSource, MediaError> source = FindMediumSource(path, Deadline(limit / 2));
   if (!source) return source.Failure();
   std::unique_ptr<Medium> medium(new Medium(std::move(*source)));

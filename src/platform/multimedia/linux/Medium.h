@@ -26,23 +26,23 @@ class Medium {
   /// Limits the time for opening any file; the rest of the promised five seconds is for closing it.
   static constexpr std::chrono::milliseconds kOpeningLimit{4500};
 
-  /// Opens regular files only, and only those whose first sound or picture comes within the limit; neither sound device
-  /// nor window is touched.
+  /// Opens regular files only, and fails unless the first sound or picture is available within the limit. Uses neither
+  /// sound device nor window.
   static Result<std::unique_ptr<Medium>, MediaError> Open(const std::string& path,
                                                           std::chrono::milliseconds limit = kOpeningLimit);
 
   void Update();
 
-  /// From where the medium stands; at the end this plays nothing.
+  /// Plays from the current position; does nothing at the end.
   MediaStatus Play();
   void Pause();
   MediaStatus Resume();
   void Stop();
-  /// The medium is stopped there.
+  /// Goes to the position and stops.
   MediaStatus Seek(std::int32_t milliseconds);
-  /// 0 takes the window away.
+  /// 0 removes the window.
   MediaStatus SetWindow(std::uint64_t owner);
-  /// Where in the window the picture is drawn; the whole of it without a rectangle.
+  /// Sets the part of the window in which the picture is drawn; without a rectangle the whole window.
   MediaStatus Put(const std::optional<PictureRectangle>& rectangle);
 
   [[nodiscard]] Mode CurrentMode() const { return mode_; }

@@ -43,7 +43,7 @@ Result<MediumSource, MediaError> SongInMemory(const FlatMidiSong& song) {
   return InMemory(std::move(memory), song.milliseconds);
 }
 
-/// The beginning of a file.
+/// Copies the first `length` bytes of a file to memory.
 Result<MediumSource, MediaError> CopyInMemory(ByteSource& file, std::uint64_t length) {
   constexpr std::uint64_t kPiece = 1U << 20U;
   Descriptor memory(::memfd_create("sound", MFD_CLOEXEC));

@@ -38,12 +38,12 @@ bool SeeksToPosition(const ParseOutcome& parsed) {
   return Is(Verb::kSeek, parsed) && parsed.command.target == SeekTarget::kPosition;
 }
 
-/// A play command without from and to: it starts a medium, and lets a paused one go on.
+/// A play command without from and to: it starts a medium or resumes a paused one.
 bool PlaysOn(const ParseOutcome& parsed) {
   return Is(Verb::kPlay, parsed) && !parsed.command.milliseconds;
 }
 
-/// True for what gives the medium another position, or takes it away.
+/// True for commands that change the medium's position or close it.
 bool Repositions(const ParseOutcome& parsed) {
   switch (parsed.command.verb) {
     case Verb::kSeek:
@@ -66,7 +66,7 @@ const char* NameOfMode(DWORD_PTR mode) {
   }
 }
 
-/// The number without the device's own in its upper half.
+/// The error number without the device id in its upper half.
 MediaError ErrorOf(MCIERROR error) {
   return static_cast<MediaError>(LOWORD(error));
 }
@@ -138,7 +138,8 @@ FilmStreams StreamsOf(const std::string& path, ByteSource& file) {
 
 constexpr const char* kByDirectShow = " type MPEGVideo";
 
-/// True where the fault need not be the file's. DirectShow in Wine may wait for the rest of a broken one for ever.
+/// True when another device may be able to open the file. Not for invalid files: DirectShow in Wine may wait forever
+/// for the rest of a broken one.
 bool MayOpenOtherwise(MediaError error) {
   return error != MediaError::kAliasInUse && error != MediaError::kInvalidFile;
 }
@@ -206,14 +207,14 @@ class SystemCommandDevice final : public CommandDevice {
     if (!file || !makesUpForWine_) return OpenEitherWay(command, file != nullptr);
     switch (StreamsOf(path, *file)) {
       case FilmStreams::kNone: return MediaError::kInvalidFile;
-      // Wine's device for AVI files crashes where there are no pictures.
+      // Wine's device for AVI files crashes without pictures.
       case FilmStreams::kSoundAlone: return SendToSystem(command + kByDirectShow);
       default: return OpenEitherWay(command, true);
     }
   }
 
-  /// DirectShow's device lacks this command in Wine, where failing also stops it at the start: playing from there and
-  /// stopping at once leads to the same place.
+  /// In Wine, DirectShow's device does not support this command, and the failure stops it at the start. Playing from
+  /// the position and stopping at once has the same effect.
   static CommandReply Seek(const std::string& command, const std::string& alias, std::int32_t position) {
     CommandReply first = SendToSystem(command);
     if (first || first.Failure() != MediaError::kInternal) return first;
