@@ -16,7 +16,7 @@
 
 namespace quillon::benchmarks {
 
-/// A loop that nothing ends before its last item.
+/// A progress that never cancels.
 class Unwatched final : public Progress {
  public:
   bool Continue(std::size_t, std::size_t, const std::string&) override { return true; }

@@ -5,16 +5,16 @@
 
 namespace quillon {
 
-/// Follows a loop over many items, and may end it.
+/// Receives the progress of a loop over many items, and can end the loop.
 class Progress {
  public:
   virtual ~Progress() = default;
 
-  /// Called before the first item and after each one; false ends the loop there. `done` of `total` items are behind it,
-  /// `item` is the path of the last one. `total` is 0 while it is not known.
+  /// Called before the first item and after each one; false ends the loop there. `done` of `total` items are finished;
+  /// `item` is the path of the last one. `total` is 0 while it is unknown.
   virtual bool Continue(std::size_t done, std::size_t total, const std::string& item) = 0;
 
-  /// Called again and again within an item that may take long; false cancels it, and the loop with it.
+  /// Called repeatedly during an item that may take long; false cancels the item and the loop.
   virtual bool Continue() = 0;
 };
 

@@ -33,8 +33,8 @@ void KeepToOwnAndSystemLibraries();
 /// where programs get separate arguments.
 [[nodiscard]] std::optional<std::string> RawCommandLine();
 
-/// From now on Ctrl-C no longer ends the program but is remembered. Linux: so are the signals of kill and of a terminal
-/// that is closed, the latter unless whoever started the program had it ignored (nohup).
+/// From now on Ctrl-C does not end the program but sets a flag. On Linux the signals of kill and of a closed terminal
+/// do the same, the latter unless it was ignored when the program started (nohup).
 void CatchInterruption();
 [[nodiscard]] bool Interrupted();
 

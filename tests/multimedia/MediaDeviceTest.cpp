@@ -8,7 +8,7 @@
 namespace quillon::test {
 namespace {
 
-/// What every system's device answers before anything is heard.
+/// The behaviour of every system's device before anything is played.
 class MediaDeviceTest : public testing::Test {
  protected:
   std::string Wave(std::uint32_t milliseconds, const std::string& name = "a b.wav") {

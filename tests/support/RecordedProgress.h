@@ -7,7 +7,7 @@
 
 namespace quillon::test {
 
-/// Lets a test act while a loop runs, and end it: each question counts as one look at pending messages.
+/// Lets a test act during a loop, and end it. Each call counts as one processing of pending messages.
 class RecordedProgress final : public Progress {
  public:
   explicit RecordedProgress(PendingRecorder& pending) : pending_(pending) {}

@@ -7,7 +7,7 @@
 
 namespace quillon {
 
-/// How a failed test names them.
+/// Prints them in a failed test.
 inline void PrintTo(const MediaStatus& status, std::ostream* out) {
   if (status.Ok()) {
     *out << "done";

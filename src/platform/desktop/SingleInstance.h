@@ -26,8 +26,8 @@ class SingleInstance {
 /// `title` is the main window's title, which also names the program. Windows: a named mutex of this session, and the
 /// top-level window of class `windowClass` (empty: of any class) with exactly this title. Linux: a name on the session
 /// bus, one per display, together with a locked file in the session's runtime folder or else in the user's
-/// configuration folder; without a session bus, and none is started for this, the file alone. Called before the window
-/// system is, because GTK takes away the variable that tells when the person started this instance.
+/// configuration folder; without a session bus (none is started), only the file. Call it before the window system is
+/// initialised, because GTK removes the environment variable that tells when the user started this instance.
 [[nodiscard]] std::unique_ptr<SingleInstance> MakeSingleInstance(const std::string& title,
                                                                  const std::string& windowClass);
 

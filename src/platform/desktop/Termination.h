@@ -5,10 +5,9 @@
 
 namespace quillon {
 
-/// As long as it lives, what the system sends to have the program end calls `end` instead, from the message loop, and
-/// again several times a second while the program goes on; menus and the toolkit's own dialogs that are open are
-/// cancelled before. Linux: SIGTERM, and SIGHUP unless it is ignored. Windows: nothing, where windows are told by
-/// messages of their own.
+/// While the object exists, the system's requests to end the program call `end` from the message loop, and call it
+/// again several times a second while the program keeps running. Open menus and toolkit dialogs are cancelled first.
+/// Linux: SIGTERM, and SIGHUP unless it is ignored. Windows: does nothing, because windows receive messages instead.
 class Termination {
  public:
   virtual ~Termination() = default;

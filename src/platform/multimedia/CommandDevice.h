@@ -12,7 +12,7 @@
 /// under a different alias.
 namespace quillon {
 
-/// What the device answers, in UTF-8 (empty where the command answers nothing), or why the command failed.
+/// The device's reply in UTF-8 (empty for commands without a reply), or the error.
 using CommandReply = Result<std::string, MediaError>;
 
 /// Must be used from one thread only. The destructor closes everything that is open.

@@ -91,13 +91,13 @@ MediaStatus TakeNumber(Words& words, Number& into) {
   return {};
 }
 
-/// Done when the next word is `keyword`.
+/// Succeeds when the next word is `keyword`.
 MediaStatus Expect(Words& words, std::string_view keyword) {
   if (words.AtEnd()) return MediaError::kMissingParameter;
   return words.NextKeyword() == keyword ? MediaStatus() : MediaError::kUnknownKeyword;
 }
 
-/// Behind an unknown keyword there may still be a type.
+/// A type may follow even an unknown keyword.
 MediaStatus ParseOpen(Words& words, ParsedCommand& command) {
   MediaStatus status;
   command.alias = ToLower(command.path);

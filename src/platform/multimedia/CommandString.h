@@ -8,9 +8,8 @@
 #include "platform/PathStyle.h"
 #include "platform/multimedia/MediaStatus.h"
 
-/// Reading one command string. Keywords and aliases are taken in any letter case; what stands in quotes is kept byte
-/// for byte, blanks included. Where paths may hold quotes (not on Windows), that of kOpen ends at the command's last
-/// one.
+/// Parses one command string. Keywords and aliases ignore letter case; quoted text is kept byte for byte, including
+/// blanks. Where paths may contain quotes (not on Windows), the path of kOpen ends at the command's last quote.
 namespace quillon {
 
 enum class Verb { kOpen, kClose, kPlay, kPause, kResume, kStop, kSeek, kSet, kStatus, kWhere, kWindow, kPut };

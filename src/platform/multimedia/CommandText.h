@@ -6,7 +6,7 @@
 
 #include "platform/multimedia/PictureSize.h"
 
-/// The command strings that the program sends: every one that it has is built here.
+/// Builds all command strings that the program sends.
 namespace quillon::command_text {
 
 inline constexpr const char* kCloseAll = "close all";

@@ -5,7 +5,7 @@
 namespace quillon {
 
 /// Why a command to a multimedia device failed, under the numbers that Microsoft's mmsystem.h gives. Windows has many
-/// more: they travel as the numbers that they are.
+/// more; these are passed on as their numbers.
 enum class MediaError : int {
   kUnknownKeyword = 259,    ///< MCIERR_UNRECOGNIZED_KEYWORD
   kUnknownCommand = 261,    ///< MCIERR_UNRECOGNIZED_COMMAND
@@ -25,7 +25,7 @@ enum class MediaError : int {
   kNoPicture = 346,         ///< MCIERR_NO_WINDOW
 };
 
-/// What came of a command: done, or why it failed.
+/// The result of a command: success, or the error.
 class MediaStatus {
  public:
   MediaStatus() = default;

@@ -83,7 +83,7 @@ MediaStatus basMCIControl::SeekToStart() {
   return Send(command_text::SeekToStart(kAlias));
 }
 
-// What follows the word is passed over.
+// Ignores everything behind the word.
 MediaMode basMCIControl::Mode() {
   const std::string mode = Ask(command_text::AskMode(kAlias), kShortReply);
   if (mode.empty() || mode.front() == ' ') return MediaMode::kNone;

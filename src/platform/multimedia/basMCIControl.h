@@ -11,14 +11,14 @@
 
 namespace quillon {
 
-/// Plays by command strings: the file under the alias "MCI"; a second alias, "MCILENGTH", lives only while a file's
-/// length is asked. Sends for each call what its test says, in that order.
+/// Plays by command strings: the file under the alias "MCI"; a second alias, "MCILENGTH", is only open while a file's
+/// length is read. The tests state the commands of each call and their order.
 class basMCIControl : public MediaDevice {
  public:
-  /// Both must outlive this.
+  /// Both must outlive this object.
   basMCIControl(CommandDevice& device, FileReads& files) : device_(device), files_(files) {}
 
-  /// Sends nothing where there is no such file: kFileNotFound.
+  /// Fails with kFileNotFound, without sending a command, when the file does not exist.
   MediaStatus Open(const std::string& path) override;
   MediaStatus Close() override;
   MediaStatus Play() override;
@@ -44,7 +44,7 @@ class basMCIControl : public MediaDevice {
   FileReads& files_;
 };
 
-/// The size in "left top width height"; no size where there is none. nullopt for an empty answer: no picture.
+/// The size from "left top width height"; an empty size when it is missing. nullopt for an empty reply: no picture.
 [[nodiscard]] std::optional<PictureSize> PictureIn(std::string_view source);
 
 /// The number that a reply starts with (blanks, sign, digits, decimal point), rounded with halves to even; 0 when it

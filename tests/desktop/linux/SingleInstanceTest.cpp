@@ -46,7 +46,7 @@ std::string FileWith(const std::string& folder, const std::string& ending) {
   return found;
 }
 
-/// What was sent to this process is worked off.
+/// Processes everything that was sent to this process.
 void HandleMessages() {
   while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
   }
@@ -174,7 +174,7 @@ TEST_F(SingleInstanceOnABus, SeesOneThatReachesNoBus) {
 }
 
 TEST_F(SingleInstanceOnABus, AFileThatNobodyHoldsMeansNothing) {
-  // As a process leaves it that is killed.
+  // The state that a killed process leaves.
   if (::fork() == 0) {
     const test::ScopedVariable noBus("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
     const auto killed = Start();

@@ -9,7 +9,7 @@
 
 namespace quillon::test {
 
-/// From here on no device finds a sound server or card, whatever the machine has.
+/// From now on no device finds a sound server or card.
 void SilenceSound();
 
 /// A command device that never finds a sound server or card, so that tests are silent.

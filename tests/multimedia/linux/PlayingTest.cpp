@@ -15,7 +15,7 @@ namespace {
 constexpr int kTolerance = 120;
 constexpr int kPatience = 3000;
 
-/// The player's own device, without command strings.
+/// The player's device, used without command strings.
 class PlayingTest : public testing::Test {
  protected:
   PlayingTest() { SilenceSound(); }

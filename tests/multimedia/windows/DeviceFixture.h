@@ -30,7 +30,7 @@ class DeviceFixture : public ::testing::Test {
   std::string Text(const std::string& command) { return TextOf(Send(command)); }
   std::int64_t Number(const std::string& command) { return LeadingNumber(Text(command)); }
 
-  /// Opens a file with its times in milliseconds; why it failed.
+  /// Opens a file and sets its time format to milliseconds. Returns the error.
   MediaStatus Open(const std::string& path, const std::string& alias = "X") {
     const MediaStatus opened = Error("Open \"" + path + "\" alias " + alias);
     return opened.Ok() ? Error("set " + alias + " time format milliseconds") : opened;

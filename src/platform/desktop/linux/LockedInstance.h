@@ -7,10 +7,10 @@
 
 namespace quillon {
 
-/// One instance whether there is a session bus or not: whoever holds the lock on the file `path`.lock is the first, for
-/// as long as the process lives; a file that nobody holds means nothing. Beside it is a socket on which a later
-/// instance asks the first one forward; where the path is too long for a socket, nothing comes forward. In a folder
-/// that cannot be written every instance is the first.
+/// Detects a running instance with or without a session bus: the first instance holds a lock on the file `path`.lock
+/// until its process ends; an unlocked file has no meaning. Through a socket beside it a later instance asks the first
+/// one to come to the front; if the path is too long for a socket, that does not work. In a folder that is not writable
+/// every instance counts as the first.
 [[nodiscard]] std::unique_ptr<SingleInstance> MakeLockedInstance(const std::string& path, std::string startupId);
 
 }  // namespace quillon

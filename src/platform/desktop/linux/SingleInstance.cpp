@@ -69,7 +69,7 @@ class BusInstance final : public SingleInstance {
     raise_ = std::move(raise);
   }
 
-  /// Holds the lock by which those that reach no bus see this instance.
+  /// Holds the lock that instances without a bus check.
   void Keep(std::unique_ptr<SingleInstance> lock) { lock_ = std::move(lock); }
 
  private:
@@ -138,9 +138,9 @@ std::unique_ptr<SingleInstance> MakeSingleInstance(const std::string& title, con
   if (bus == nullptr) return MakeLockedInstance(LockPath(name), std::move(startupId));
   auto instance = std::make_unique<BusInstance>(name, startupId, std::move(bus));
   if (!instance->IsFirst()) return instance;
-  // The owner of the name holds the lock, too: another one may have been started where there is no bus.
+  // The owner of the name takes the lock, too, because another instance may have been started without a bus.
   std::unique_ptr<SingleInstance> lock = MakeLockedInstance(LockPath(name), std::move(startupId));
-  if (!lock->IsFirst()) return lock;  // and the name is given back
+  if (!lock->IsFirst()) return lock;  // the name is released
   instance->Keep(std::move(lock));
   return instance;
 }

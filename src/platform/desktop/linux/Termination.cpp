@@ -14,7 +14,7 @@ namespace {
 
 constexpr guint kAgainMilliseconds = 100;
 
-/// The toolkit's dialogs for files and folders, which the program's own list of windows leaves out.
+/// The toolkit's file and folder dialogs, which are not in the program's list of windows.
 void CancelFileDialog() {
   GtkWidget* const holder = gtk_grab_get_current();
   GtkWidget* const window = holder == nullptr ? nullptr : gtk_widget_get_toplevel(holder);
@@ -43,7 +43,7 @@ class CaughtTermination final : public Termination {
   }
 
   static gboolean OnTime(gpointer data) {
-    CloseOpenMenu();  // it has a message loop of its own, in which no window must go
+    CloseOpenMenu();  // a menu runs a nested message loop, in which no window may be destroyed
     CancelFileDialog();
     static_cast<CaughtTermination*>(data)->end_();
     return G_SOURCE_CONTINUE;

@@ -33,7 +33,7 @@ CommandReply Mode(const Medium& medium) {
   return ModeText(medium.CurrentMode());
 }
 
-/// Of a command that answers nothing.
+/// The result of a command without a reply.
 CommandReply ReplyOf(const MediaStatus& status) {
   if (!status.Ok()) return status.Failure();
   return std::string();
@@ -119,7 +119,7 @@ class GstCommandDevice final : public CommandDevice {
     return std::string();
   }
 
-  /// Whatever type the command names: one player takes them all.
+  /// Ignores the command's type: one player plays every type.
   MediaStatus Open(const ParsedCommand& command) {
     if (media_.contains(command.alias)) return MediaError::kAliasInUse;
     if (media_.size() >= kMostOpen) return MediaError::kTooManyOpen;

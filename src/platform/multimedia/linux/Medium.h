@@ -17,8 +17,8 @@
 
 namespace quillon {
 
-/// One open file. Times are milliseconds. Update must be called before each command, so that what has happened
-/// meanwhile is known.
+/// One open file. Times are milliseconds. Update must be called before each command, to handle the events since the
+/// last one.
 class Medium {
  public:
   enum class Mode { kStopped, kPlaying, kPaused };

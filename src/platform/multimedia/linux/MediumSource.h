@@ -17,8 +17,8 @@ struct MediumSource {
   std::optional<int> milliseconds = std::nullopt;   ///< the length, if it is already known
 };
 
-/// An error when nothing there can be played, or a song is not read by the deadline. A length that is
-/// not found by then stays unknown.
+/// Fails when the file cannot be played, or a song cannot be read by the deadline. A length that is not found by then
+/// stays unknown.
 Result<MediumSource, MediaError> FindMediumSource(const std::string& path, const Deadline& deadline);
 
 }  // namespace quillon

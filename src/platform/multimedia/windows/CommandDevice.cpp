@@ -21,7 +21,7 @@
 namespace quillon {
 namespace {
 
-/// True for a command that has been understood whole. Of the others, only the system knows what they do.
+/// True for a command that was parsed completely. Only the system knows the effect of others.
 bool Is(Verb verb, const ParseOutcome& parsed) {
   return parsed.status.Ok() && parsed.command.verb == verb;
 }
@@ -81,7 +81,7 @@ CommandReply SendToSystem(const std::string& command) {
   return FromWide(reply.c_str());
 }
 
-/// 0 without an answer.
+/// Returns 0 without a reply.
 std::int64_t Number(const CommandReply& reply) {
   return reply ? LeadingNumber(*reply) : 0;
 }

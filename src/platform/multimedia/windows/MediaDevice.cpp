@@ -12,7 +12,7 @@ struct SystemPorts {
   std::unique_ptr<FileReads> files = MakeFileReads();
 };
 
-/// The ports are a base, so that they are there before the class that works with them, and outlive it.
+/// The ports are a base class, so that they are constructed before the class that uses them, and outlive it.
 class SystemMediaDevice final : private SystemPorts, public basMCIControl {
  public:
   SystemMediaDevice() : basMCIControl(*SystemPorts::device, *SystemPorts::files) {}
