@@ -41,7 +41,7 @@ void RenameEditing::Changed() {
     return;
   }
   if (session_.mode.automatic) ReplaceInvalidText();
-  WriteTo(SelectedRows(), box_.Text());
+  WriteTo(session_.list.SelectedRows(), box_.Text());
   if (!session_.mode.automatic) return;
   if (!Trim(box_.Text()).empty()) ApplyTyped();
   if (!box_.Text().empty()) lastGoodRenameText_ = box_.Text();
@@ -55,16 +55,6 @@ void RenameEditing::ReplaceInvalidText() {
   box_.SetCaret(std::max(caret - 1, 0));
 }
 
-std::vector<int> RenameEditing::SelectedRows() const {
-  std::vector<int> rows;
-  const auto count = static_cast<std::size_t>(session_.list.SelectedCount());
-  rows.reserve(count);
-  for (int index = session_.list.SelectedIndex(); rows.size() < count; ++index) {
-    if (session_.list.Row(index).selected) rows.push_back(index);
-  }
-  return rows;
-}
-
 void RenameEditing::WriteTo(const std::vector<int>& rows, const std::string& name) {
   for (const int index : rows) session_.list.SetRenameName(index, name);
 }
@@ -72,7 +62,7 @@ void RenameEditing::WriteTo(const std::vector<int>& rows, const std::string& nam
 void RenameEditing::ApplyTyped() {
   const int index = session_.list.SelectedIndex();
   // Showing a failed row selects it alone, and loads what was typed.
-  const std::vector<int> typedInto = SelectedRows();
+  const std::vector<int> typedInto = session_.list.SelectedRows();
   const std::string lastGood = lastGoodRenameText_;
   if (applying_.ApplyRenameName(index) != ApplyCode::kApplied) {
     box_.TakeFocus();

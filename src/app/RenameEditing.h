@@ -65,7 +65,6 @@ class RenameEditing {
 
  private:
   void ReplaceInvalidText();
-  [[nodiscard]] std::vector<int> SelectedRows() const;
   void WriteTo(const std::vector<int>& rows, const std::string& name);
   void ApplyTyped();
   bool ApplyOrCheck(int index);

@@ -3,6 +3,8 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <limits>
 
 namespace quillon {
@@ -201,6 +203,15 @@ std::int64_t LeadingNumber(std::string_view text) {
     value = value > (kLargest - digit) / 10 ? kLargest : value * 10 + digit;
   }
   return negative ? -value : value;
+}
+
+std::string MinutesAndSeconds(std::int32_t milliseconds, std::size_t minuteDigits) {
+  const auto digits = [](long long number, std::size_t least) {
+    const std::string text = std::to_string(std::llabs(number));
+    return text.size() < least ? std::string(least - text.size(), '0') + text : text;
+  };
+  const long long seconds = std::llrint(milliseconds / 1000.0);  // halves to even
+  return digits(seconds / 60, minuteDigits) + ":" + digits(seconds % 60, 2);
 }
 
 }  // namespace quillon

@@ -61,4 +61,8 @@ void AppendUtf8(std::string& text, char32_t codePoint);
 /// The number that the text starts with, after blanks and an optional sign; 0 when there is none. Saturates.
 [[nodiscard]] std::int64_t LeadingNumber(std::string_view text);
 
+/// "m:ss" in whole seconds, halves to even; at least so many digits of minutes, which go on beyond 59. Signs are left
+/// out.
+[[nodiscard]] std::string MinutesAndSeconds(std::int32_t milliseconds, std::size_t minuteDigits);
+
 }  // namespace quillon

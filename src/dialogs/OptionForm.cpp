@@ -22,7 +22,7 @@ void Fill(OptionField& field, const std::string& setting) {
 }
 
 void Fill(OptionField& field, bool setting) {
-  field.checked = setting == (field.control->value == 1);
+  field.checked = setting == field.control->on;
 }
 
 void Fill(OptionField& field, DeleteTo setting) {
@@ -34,7 +34,7 @@ void Store(const OptionField& field, std::string& setting) {
 }
 
 void Store(const OptionField& field, bool& setting) {
-  setting = field.checked == (field.control->value == 1);
+  setting = field.checked == field.control->on;
 }
 
 void Store(const OptionField& field, DeleteTo& setting) {

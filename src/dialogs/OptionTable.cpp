@@ -45,7 +45,8 @@ constexpr std::array kListControls = {
     Check("chkLoadChk", "読込んだファイルにはチェックを付ける(&C)", "List", "LoadChk"),
 };
 constexpr std::array kDeleteControls = {
-    OptionControl{kOptionButton, "optDel0", "ディスクから完全に削除(&D)", "List", "DeltoTrashBox", kNothing, "", "", 0},
+    OptionControl{kOptionButton, "optDel0", "ディスクから完全に削除(&D)", "List", "DeltoTrashBox", kNothing, "", "",
+                  false},
     OptionControl{kOptionButton, "optDel1", "ごみ箱へ削除(&R)", "List", "DeltoTrashBox"},
     Check("chkDel", "確認する(&A)", "List", "DelCompMsg"),
 };

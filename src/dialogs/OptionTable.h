@@ -30,7 +30,7 @@ struct OptionControl {
   OptionNeeds needs = OptionNeeds::kNothing;
   const char* toolTip = "";
   const char* checkBox = "";  ///< the name of the check box that a text box belongs to
-  int value = 1;              ///< an option button's: the setting while it is chosen
+  bool on = true;             ///< an option button's: the setting while it is chosen
 };
 
 struct OptionFrame {

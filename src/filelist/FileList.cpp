@@ -28,6 +28,16 @@ int FileList::SelectedIndex() const {
   return *firstSelected_;
 }
 
+std::vector<int> FileList::SelectedRows() const {
+  std::vector<int> rows;
+  const auto wanted = static_cast<std::size_t>(selectedCount_);
+  rows.reserve(wanted);
+  for (int index = SelectedIndex(); rows.size() < wanted; ++index) {
+    if (Row(index).selected) rows.push_back(index);
+  }
+  return rows;
+}
+
 int FileList::FirstCheckedIndex() const {
   if (checkedCount_ == 0) return 0;
   if (!firstChecked_) {

@@ -51,6 +51,8 @@ class FileList {
 
   /// The first selected row from the top, 0 when none is selected.
   [[nodiscard]] int SelectedIndex() const;
+  /// Every selected row, from the top.
+  [[nodiscard]] std::vector<int> SelectedRows() const;
   /// The first checked row from the top, 0 when none is checked.
   [[nodiscard]] int FirstCheckedIndex() const;
   /// The first row from the top with this location, 0 when there is none.

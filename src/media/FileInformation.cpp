@@ -74,15 +74,6 @@ struct DetailText {
   }
 };
 
-std::string MinutesAndSeconds(std::int32_t milliseconds) {
-  const std::int32_t whole = milliseconds / 1000;
-  const std::int32_t rest = milliseconds % 1000;
-  const bool up = rest > 500 || (rest == 500 && whole % 2 != 0);
-  const std::int32_t total = whole + (up ? 1 : 0);
-  const std::string seconds = std::to_string(total % 60);
-  return std::to_string(total / 60) + ":" + (seconds.size() < 2 ? "0" : "") + seconds;
-}
-
 std::string FurtherText(const std::string& path) {
   std::string description = FileTypeDescription(std::string(Extension(path)));
   if (!description.empty()) return description;
@@ -114,7 +105,7 @@ std::string SummaryLine(std::uint64_t length, const FileType& type, const MediaR
                         std::optional<std::int32_t> playTimeMs, std::string_view furtherText) {
   std::string line = "サイズ： " + FormatThousands(length) + " バイト / 種類： " +
                      std::visit(TypeText{type.Text(), furtherText}, record);
-  if (playTimeMs && IsPlayableType(type)) line += " / 演奏時間： " + MinutesAndSeconds(std::max(*playTimeMs, 0));
+  if (playTimeMs && IsPlayableType(type)) line += " / 演奏時間： " + MinutesAndSeconds(std::max(*playTimeMs, 0), 1);
   return line;
 }
 

@@ -1,10 +1,9 @@
 #include "player/MusicPlayer.h"
 
-#include <cmath>
-#include <cstdlib>
 #include <utility>
 
 #include "base/Finally.h"
+#include "base/Text.h"
 #include "media/MediaInfo.h"
 #include "paths/basFileControl.h"
 
@@ -15,20 +14,10 @@ constexpr int kTickInterval = 50;
 constexpr int kFailureShown = 1500;  // then continuous play goes on
 constexpr const char* kCaption = "プレイヤー";
 
-std::string TwoDigits(long long number) {
-  const std::string digits = std::to_string(std::llabs(number));
-  return digits.size() < 2 ? "0" + digits : digits;
-}
-
-std::string MinutesAndSeconds(std::int32_t milliseconds) {
-  const auto seconds = std::llrint(milliseconds / 1000.0);  // halves to even
-  return TwoDigits(seconds / 60) + ":" + TwoDigits(seconds % 60);
-}
-
 }  // namespace
 
 std::string TimeText(std::int32_t elapsed, std::int32_t total) {
-  return MinutesAndSeconds(elapsed) + " / " + MinutesAndSeconds(total);
+  return MinutesAndSeconds(elapsed, 2) + " / " + MinutesAndSeconds(total, 2);
 }
 
 MusicPlayer::MusicPlayer(const FileList& list, const OptionValues& options, Ports ports, PathStyle style)
@@ -255,7 +244,7 @@ void MusicPlayer::SliderReleased(std::int32_t value) {
 }
 
 std::string MusicPlayer::SliderTip(std::int32_t value) {
-  return MinutesAndSeconds(value);
+  return MinutesAndSeconds(value, 2);
 }
 
 void MusicPlayer::PauseOrGoOn() {

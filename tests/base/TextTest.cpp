@@ -289,5 +289,25 @@ TEST(LeadingNumber, ReadsWhatTheTextStartsWith) {
   }
 }
 
+TEST(MinutesAndSeconds, AreWholeSecondsHalvesToEven) {
+  const struct {
+    std::int32_t milliseconds;
+    std::size_t digits;
+    const char* expected;
+  } cases[] = {{0, 1, "0:00"},
+               {499, 1, "0:00"},
+               {500, 1, "0:00"},
+               {501, 1, "0:01"},
+               {1500, 1, "0:02"},
+               {2500, 1, "0:02"},
+               {59'499, 2, "00:59"},
+               {59'500, 2, "01:00"},
+               {61'000, 2, "01:01"},
+               {6'000'000, 2, "100:00"},
+               {2'147'483'647, 1, "35791:24"},
+               {-61'000, 2, "01:01"}};
+  for (const auto& c : cases) EXPECT_EQ(MinutesAndSeconds(c.milliseconds, c.digits), c.expected) << c.milliseconds;
+}
+
 }  // namespace
 }  // namespace quillon

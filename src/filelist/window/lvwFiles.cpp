@@ -113,7 +113,7 @@ void lvwFilesBase::ShowSelection(bool kept, const Changes& changes) {
       })) {
     return;
   }
-  std::vector<int> wanted = SelectedRows();
+  std::vector<int> wanted = list_.SelectedRows();
   const std::vector<int> changed = Difference(shown_, wanted);
   if (changed.size() > kFewRows) {
     SelectNative(wanted);
@@ -123,16 +123,6 @@ void lvwFilesBase::ShowSelection(bool kept, const Changes& changes) {
     }
   }
   shown_ = std::move(wanted);
-}
-
-std::vector<int> lvwFilesBase::SelectedRows() const {
-  std::vector<int> rows;
-  const auto wanted = static_cast<std::size_t>(list_.SelectedCount());
-  rows.reserve(wanted);
-  for (int index = list_.SelectedIndex(); rows.size() < wanted; ++index) {
-    if (list_.Row(index).selected) rows.push_back(index);
-  }
-  return rows;
 }
 
 void lvwFilesBase::TakeSelection(std::vector<int> native) {
@@ -150,7 +140,7 @@ void lvwFilesBase::TakeSelection(std::vector<int> native) {
 
 void lvwFilesBase::PutSelection(const std::vector<int>& rows) {
   taking_ = true;
-  for (const int index : Difference(SelectedRows(), rows)) {
+  for (const int index : Difference(list_.SelectedRows(), rows)) {
     if (IsRow(index)) list_.SetSelected(index, !list_.Row(index).selected);
   }
   taking_ = false;
@@ -213,7 +203,7 @@ void lvwFilesBase::ToggleChecks() {
     list_.SetChecked(focused, checked);
     return;
   }
-  for (const int index : SelectedRows()) list_.SetChecked(index, checked);
+  for (const int index : list_.SelectedRows()) list_.SetChecked(index, checked);
 }
 
 void lvwFilesBase::SetChecked(int index, bool checked) {

@@ -92,7 +92,6 @@ class lvwFilesBase : public lvwFiles {
 
   void ShowSoon();
   void ShowSelection(bool kept, const Changes& changes);
-  [[nodiscard]] std::vector<int> SelectedRows() const;
   void PutSelection(const std::vector<int>& rows);
   void SelectAll();
   void ToggleChecks();

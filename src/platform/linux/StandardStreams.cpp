@@ -5,6 +5,7 @@
 #include <csignal>
 
 #include "platform/Program.h"
+#include "platform/linux/WriteAll.h"
 
 namespace quillon {
 namespace {
@@ -15,25 +16,20 @@ void IgnoreBrokenPipes() {
   static_cast<void>(ignored);
 }
 
-StreamResult WriteAll(int stream, std::string_view bytes) {
+StreamResult Write(int stream, std::string_view bytes) {
   IgnoreBrokenPipes();
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(stream, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return errno == EPIPE ? StreamResult::kClosed : StreamResult::kFailed;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return StreamResult::kWritten;
+  if (WriteAll(stream, bytes)) return StreamResult::kWritten;
+  return errno == EPIPE ? StreamResult::kClosed : StreamResult::kFailed;
 }
 
 }  // namespace
 
 StreamResult WriteStandardOutput(std::string_view bytes) {
-  return WriteAll(STDOUT_FILENO, bytes);
+  return Write(STDOUT_FILENO, bytes);
 }
 
 StreamResult WriteStandardError(std::string_view bytes) {
-  return WriteAll(STDERR_FILENO, bytes);
+  return Write(STDERR_FILENO, bytes);
 }
 
 std::string ReadSomeStandardInput() {
