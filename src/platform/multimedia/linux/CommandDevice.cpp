@@ -96,7 +96,7 @@ CommandReply Carry(Medium& medium, const ParsedCommand& command) {
 class GstCommandDevice final : public CommandDevice {
  public:
   CommandReply Send(const std::string& command, int replySize) override {
-    const CommandReply reply = Answer(command);
+    CommandReply reply = Answer(command);
     if (!reply) return reply;
     return std::string(FirstCharacters(*reply, static_cast<std::size_t>(std::max(replySize - 1, 0))));
   }

@@ -178,7 +178,7 @@ class SystemCommandDevice final : public CommandDevice {
   ~SystemCommandDevice() override { mciSendStringW(L"close all", nullptr, 0, nullptr); }
 
   CommandReply Send(const std::string& command, int replySize) override {
-    const CommandReply reply = CarryOut(command);
+    CommandReply reply = CarryOut(command);
     if (!reply) return reply;
     return std::string(FirstCharacters(*reply, static_cast<std::size_t>(std::max(replySize - 1, 0))));
   }
