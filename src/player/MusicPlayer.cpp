@@ -11,7 +11,7 @@ namespace quillon {
 namespace {
 
 constexpr int kTickInterval = 50;
-constexpr int kFailureShown = 1500;  // then continuous play goes on
+constexpr int kFailureInterval = 1500;  // long enough to be read
 constexpr const char* kCaption = "プレイヤー";
 
 }  // namespace
@@ -58,12 +58,12 @@ bool MusicPlayer::ChangeState() {
 void MusicPlayer::Pause() {
   ports_.device.Pause();
   SetButton(PlayButton::kPlay);
-  SetTimer(0);
+  SetTicks(Ticks::kNone);
   ShowStatus(PlayerState::kPaused, paths_.playingFilePath);
 }
 
 void MusicPlayer::Resume() {
-  SetTimer(kTickInterval);
+  SetTicks(Ticks::kFollowPlaying);
   playRefused_ = !ports_.device.Play().Ok();
   SetButton(PlayButton::kPause);
   ShowStatus(PlayerState::kPlaying, paths_.playingFilePath);
@@ -104,7 +104,7 @@ void MusicPlayer::Recover() {
 }
 
 void MusicPlayer::cmdStop() {
-  if (interval_ == kFailureShown) return LeaveFailed();
+  if (ticks_ == Ticks::kGoPastFailed) return LeaveFailed();
   const MediaMode mode = ports_.device.Mode();
   if (mode != MediaMode::kPlaying && mode != MediaMode::kPaused) return;
   CloseMovie();
@@ -133,8 +133,8 @@ void MusicPlayer::StopBeforeStart() {
 
 // Messages are not let through in here: a dialog opened by one of them would hold the player up.
 void MusicPlayer::timMCIChecker() {
-  if (interval_ == 0) return;
-  if (interval_ == kFailureShown) return GoPastFailed();
+  if (ticks_ == Ticks::kNone) return;
+  if (ticks_ == Ticks::kGoPastFailed) return GoPastFailed();
   const MediaMode mode = ports_.device.Mode();
   if (mode == MediaMode::kPlaying) {
     heard_ = true;
@@ -160,10 +160,10 @@ bool MusicPlayer::FileEnded() {
   }
   StopAndClose();
   CloseMovie();
-  SetTimer(0);
+  SetTicks(Ticks::kNone);
   if (options_.player.continuous) {
     PlayNext();
-    if (interval_ != 0 || paths_.playingFilePath.empty()) return true;  // it plays, or has failed
+    if (ticks_ != Ticks::kNone || paths_.playingFilePath.empty()) return true;  // it plays, or has failed
   }
   SetButton(PlayButton::kPlay);
   ShowStatus(PlayerState::kStopped, paths_.playingFilePath);
@@ -186,7 +186,7 @@ void MusicPlayer::FileFailed() {
   ShowStatus(heard_ ? PlayerState::kCutShort : PlayerState::kCannotPlay, paths_.playingFilePath);
   ++failedInARow_;
   if (!MayGoPast()) return LeaveFailed();
-  SetTimer(kFailureShown);
+  SetTicks(Ticks::kGoPastFailed);
 }
 
 // Not for ever where nothing can be played.
@@ -198,15 +198,15 @@ bool MusicPlayer::MayGoPast() const {
 }
 
 void MusicPlayer::LeaveFailed() {
-  SetTimer(0);
+  SetTicks(Ticks::kNone);
   failedInARow_ = 0;
   paths_.playingFilePath.clear();
 }
 
 void MusicPlayer::GoPastFailed() {
-  SetTimer(0);
+  SetTicks(Ticks::kNone);
   PlayNext();
-  if (interval_ == 0) LeaveFailed();  // the next row was opened with the shell, or nothing is left
+  if (ticks_ == Ticks::kNone) LeaveFailed();  // the next row was opened with the shell, or nothing is left
 }
 
 // The player stays silent when the list has nothing to play, or a current row of another kind is opened instead. A file
@@ -280,7 +280,7 @@ bool MusicPlayer::MovieUnloaded() {
 
 void MusicPlayer::Shutdown() {
   CloseMovie();
-  SetTimer(0);
+  SetTicks(Ticks::kNone);
   ports_.device.Close();
   ports_.device.CloseAll();
 }
@@ -318,7 +318,7 @@ void MusicPlayer::StopAndClose() {
 }
 
 void MusicPlayer::ShowIdle() {
-  SetTimer(0);
+  SetTicks(Ticks::kNone);
   SetButton(PlayButton::kPlay);
   SetPosition(0);
   SetTime(kIdleTime);
@@ -333,9 +333,13 @@ void MusicPlayer::SetButton(PlayButton button) {
   if (movieShown_) ports_.movie.SetButton(button);
 }
 
-void MusicPlayer::SetTimer(int interval) {
-  interval_ = interval;
-  ports_.panel.SetTimer(interval);
+void MusicPlayer::SetTicks(Ticks ticks) {
+  ticks_ = ticks;
+  switch (ticks) {
+    case Ticks::kNone: return ports_.panel.SetTimer(0);
+    case Ticks::kFollowPlaying: return ports_.panel.SetTimer(kTickInterval);
+    case Ticks::kGoPastFailed: return ports_.panel.SetTimer(kFailureInterval);
+  }
 }
 
 void MusicPlayer::SetPosition(std::int32_t position) {

@@ -90,6 +90,13 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   [[nodiscard]] std::int32_t LengthOfChosenFile() override { return ports_.device.LengthOf(paths_.playFilePath); }
 
  private:
+  /// What the timer's ticks do.
+  enum class Ticks {
+    kNone,
+    kFollowPlaying,
+    kGoPastFailed,  ///< a single one, once the failure has stood there for a while
+  };
+
   [[nodiscard]] bool OpenedWithShell();
   void PlayOrPause();
   void StopBeforeStart();
@@ -114,7 +121,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   void Follow(std::int32_t position);
   void ShowTime(std::int32_t position);
   void SetButton(PlayButton button);
-  void SetTimer(int interval);
+  void SetTicks(Ticks ticks);
   void SetPosition(std::int32_t position);
   void SetTime(std::string text);
   void ShowStatus(PlayerState state, const std::string& path);
@@ -127,7 +134,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   std::int32_t length_ = 0;
   std::int32_t position_ = 0;
   std::string time_ = kIdleTime;
-  int interval_ = 0;
+  Ticks ticks_ = Ticks::kNone;
   bool sliderSeeking_ = false;
   bool movieShown_ = false;
   bool playRefused_ = false;
