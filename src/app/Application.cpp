@@ -11,33 +11,33 @@
 #include "settings/basINIControl.h"
 
 namespace quillon {
-Application::Application(OptionValues options, Paths paths, Ports ports, std::uintptr_t ownerWindow, PathStyle style)
+Application::Application(OptionValues options, Paths paths, Ports ports, PathStyle style)
     : ports_(std::move(ports)),
       paths_(std::move(paths)),
       style_(style),
       options_(std::move(options)),
       mode_{options_.update.automatic},
       list_(style),
-      modeSwitch_(paths_.settings, options_, mode_, ports_.boxes, [this] { return list_.Count() > 0; }),
-      status_(ports_.panels),
-      player_(
-          list_, options_,
-          {ports_.device, ports_.playerPanel, ports_.movie, status_, ports_.boxes, ports_.window, ports_.openWithShell},
-          style),
-      information_(list_, options_, ports_.information, player_, style),
+      modeSwitch_(paths_.settings, options_, mode_, ports_.dialogs.boxes, [this] { return list_.Count() > 0; }),
+      status_(ports_.window.panels),
+      player_(list_, options_,
+              {ports_.player.device, ports_.player.panel, ports_.player.movie, status_, ports_.dialogs.boxes,
+               ports_.window.state, ports_.system.openWithShell},
+              style),
+      information_(list_, options_, ports_.window.information, player_, style),
       session_{list_, options_, mode_, player_, style},
-      screen_{ports_.boxes, ports_.pending, ports_.window, *this, status_},
+      screen_{ports_.dialogs.boxes, ports_.dialogs.pending, ports_.window.state, *this, status_},
       listCommands_(session_, screen_),
-      loading_(session_, ports_.files, {ports_.search, ports_.loading, ports_.folders}, screen_),
-      engine_(list_, mode_, ports_.disk, player_, style),
-      applying_(session_, engine_, ports_.files, screen_),
-      names_(session_, applying_, regex_, ports_.waiting, screen_),
-      editing_(session_, applying_, names_, ports_.renameBox, screen_),
-      fileCommands_(session_, listCommands_, {ports_.files, ports_.disk, ownerWindow}, {ports_.folders, ports_.waiting},
-                    screen_) {}
+      loading_(session_, ports_.system.files, ports_.dialogs.loading, screen_),
+      engine_(list_, mode_, ports_.system.changes, player_, style),
+      applying_(session_, engine_, ports_.system.files, screen_),
+      names_(session_, applying_, regex_, ports_.dialogs.waiting, screen_),
+      editing_(session_, applying_, names_, ports_.window.renameBox, screen_),
+      fileCommands_(session_, listCommands_, {ports_.system.files, ports_.system.changes, ports_.system.ownerWindow},
+                    {ports_.dialogs.loading.folders, ports_.dialogs.waiting}, screen_) {}
 
 void Application::Start() {
-  ports_.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
+  ports_.window.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
   SetRepeat(options_.player.repeat);
   status_.SetModeText(ApplyModeText(mode_));
   status_.ShowPlayerIdle();
@@ -60,8 +60,8 @@ void Application::Run(const std::function<void()>& action) {
 // Runs an action that may take long: the window repaints meanwhile but accepts no input.
 void Application::RunExclusively(const std::function<void()>& action) {
   Run([&] {
-    ports_.main.SetInputEnabled(false);
-    const Finally enabled([this] { ports_.main.SetInputEnabled(true); });
+    ports_.window.main.SetInputEnabled(false);
+    const Finally enabled([this] { ports_.window.main.SetInputEnabled(true); });
     (void)editing_.MayLeaveRow();  // restores an emptied name before the action can use it
     action();
     loading_.TellPassedOver();
@@ -75,8 +75,8 @@ bool Application::IsEnabled(Command command) const {
 void Application::Execute(Command command) {
   if (!IsEnabled(command)) return;
   const CommandEntry& entry = EntryOf(command);
-  const CommandTargets targets = {*this,     ports_.main, loading_,      listCommands_,
-                                  applying_, editing_,    fileCommands_, player_};
+  const CommandTargets targets = {*this,     ports_.window.main, loading_,      listCommands_,
+                                  applying_, editing_,           fileCommands_, player_};
   if (entry.runs == Runs::kAsEvent) return entry.action(targets);
   RunExclusively([&] { entry.action(targets); });
 }
@@ -88,7 +88,7 @@ void Application::LoadPaths(const std::vector<std::string>& paths) {
 
 void Application::OpenFiles() {
   loading_.LoadPaths(
-      ports_.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.loadFolder));
+      ports_.window.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.loadFolder));
 }
 
 void Application::ModifyRows(Rows rows, const OptionValues::Modify& rules) {
@@ -97,27 +97,27 @@ void Application::ModifyRows(Rows rows, const OptionValues::Modify& rules) {
 }
 
 void Application::ResetAndEnd() {
-  if (mnuOptionDefaultExit(paths_.settings, options_, ports_.boxes)) ports_.main.EndAtOnce();
+  if (mnuOptionDefaultExit(paths_.settings, options_, ports_.dialogs.boxes)) ports_.window.main.EndAtOnce();
 }
 
 // Editing goes on after this call.
 void Application::EditLabel() {
-  if (!running_) ports_.main.EditLabel(list_.SelectedIndex());
+  if (!running_) ports_.window.main.EditLabel(list_.SelectedIndex());
 }
 
 void Application::ToggleAlwaysOnTop() {
   options_.system.alwaysOnTop = !options_.system.alwaysOnTop;
-  ports_.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
+  ports_.window.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
 }
 
 void Application::SetRepeat(bool repeat) {
   options_.player.repeat = repeat;
-  ports_.main.SetRepeat(repeat);
+  ports_.window.main.SetRepeat(repeat);
 }
 
 void Application::ShowHelp() {
-  if (ports_.openWithShell(paths_.help) == kShellFileNotFound) {
-    ports_.boxes.Show({"ヘルプの表示", "ヘルプファイルが開けませんでした", MessageIcon::kStop});
+  if (ports_.system.openWithShell(paths_.help) == kShellFileNotFound) {
+    ports_.dialogs.boxes.Show({"ヘルプの表示", "ヘルプファイルが開けませんでした", MessageIcon::kStop});
   }
 }
 
@@ -132,7 +132,7 @@ void Application::SwitchMode() {
 
 void Application::ShowOptions() {
   OptionForm form(options_, modeSwitch_);
-  ports_.main.ShowOptionDialog(form);
+  ports_.window.main.ShowOptionDialog(form);
   status_.SetModeText(ApplyModeText(mode_));
 }
 
@@ -146,7 +146,7 @@ void Application::ShowRow(int index) {
   player_.Choose(list_.Row(index).location);
   information_.ShowRow(index);
   status_.ShowSelection(std::string(FileName(list_.Row(index).location, style_)));
-  ports_.window.ScrollToRow(index);
+  ports_.window.state.ScrollToRow(index);
 }
 
 void Application::ShowFileName(const std::string& path) {
@@ -171,7 +171,7 @@ void Application::RowActivated(int index) {
     if (IsPlayableType(row.type)) {
       player_.Play(row.location);
     } else {
-      (void)ports_.openWithShell(row.location);
+      (void)ports_.system.openWithShell(row.location);
     }
   });
 }
@@ -180,7 +180,7 @@ void Application::HeaderClicked(Column column) {
   Run([&] {
     if (!editing_.MayLeaveRow()) return;
     list_.Sort(column, *MakeJapaneseCollation());
-    if (const int selected = list_.SelectedIndex(); selected != 0) ports_.window.ScrollToRow(selected);
+    if (const int selected = list_.SelectedIndex(); selected != 0) ports_.window.state.ScrollToRow(selected);
   });
 }
 

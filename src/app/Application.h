@@ -74,25 +74,37 @@ struct CommandTargets {
 /// runs (its loops let messages through), further ones are refused.
 class Application : private FilePanel {
  public:
-  struct Ports {
+  struct Window {
     MainWindow& main;
-    WindowState& window;
+    WindowState& state;
     StatusPanels& panels;
     RenameBox& renameBox;
     InformationBoxes& information;
+  };
+  struct Dialogs {
     MessageBoxes& boxes;
     PendingMessages& pending;
-    SearchDisplay& search;
-    ProgressDisplay& loading;  ///< over the list
+    LoadWindows loading;
     ProgressDisplay& waiting;  ///< the wait window
-    FolderDialog& folders;
+  };
+  struct PlayerParts {
     MediaDevice& device;
-    PlayerPanel& playerPanel;
+    PlayerPanel& panel;
     MovieWindow& movie;
+  };
+  struct System {
     FileReads& files;
-    FileChanges& disk;
+    FileChanges& changes;
     /// The shell's verb "Open"; see OpenWithShell.
     std::function<int(const std::string& target)> openWithShell;
+    std::uintptr_t ownerWindow = 0;  ///< the main window's native handle
+  };
+  /// What the program stands on.
+  struct Ports {
+    Window window;
+    Dialogs dialogs;
+    PlayerParts player;
+    System system;
   };
 
   struct Paths {
@@ -100,9 +112,8 @@ class Application : private FilePanel {
     std::string help;
   };
 
-  /// `options` is what the settings file held; it is edited in place. `ownerWindow` is the main window's native handle.
-  Application(OptionValues options, Paths paths, Ports ports, std::uintptr_t ownerWindow = 0,
-              PathStyle style = SystemPathStyle());
+  /// `options` is what the settings file held; it is edited in place.
+  Application(OptionValues options, Paths paths, Ports ports, PathStyle style = SystemPathStyle());
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
   ~Application() override = default;

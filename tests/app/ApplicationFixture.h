@@ -76,12 +76,13 @@ struct ApplicationFixture {
 
   explicit ApplicationFixture(const OptionValues& options = Options(), std::string_view settingsName = "Quillon.ini")
       : app(options, {home.At(settingsName), home.At("Quillon.chm")},
-            {main, ports.window, ports.panels, box, information, ports.boxes, ports.pending, ports.search,
-             ports.progress, ports.progress, ports.folders, mci, playerPanel, movie, *files, *disk,
-             [this](const std::string& target) {
-               ports.log.Add("shell opens " + target);
-               return shellAnswer;
-             }}) {}
+            {.window = {main, ports.window, ports.panels, box, information},
+             .dialogs = {ports.boxes, ports.pending, {ports.search, ports.progress, ports.folders}, ports.progress},
+             .player = {mci, playerPanel, movie},
+             .system = {*files, *disk, [this](const std::string& target) {
+                          ports.log.Add("shell opens " + target);
+                          return shellAnswer;
+                        }}}) {}
 
   /// Every file is loaded, unchecked; there is no question but those of a test about questions.
   static OptionValues Options() {

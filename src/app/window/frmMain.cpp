@@ -75,13 +75,19 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
   MakeStatusBar();
   MakeControls();
   pending_ = std::make_unique<YieldingMessages>([this] { BeforeYield(); });
-  const auto handle = reinterpret_cast<std::uintptr_t>(GetHandle());
-  app_ = std::make_unique<Application>(
-      std::move(options), std::move(paths),
-      Application::Ports{*this, *this, *this, *renameBox_, *information_, boxes_, *pending_, *frmFolderRef_, *loading_,
-                         frmWait_, *this, *device_, *playerPanel_, *movie_, *files_, *disk_,
-                         [this](const std::string& target) { return open_(target, *this); }},
-      handle);
+  Application::Ports ports = {
+      .window =
+          {.main = *this, .state = *this, .panels = *this, .renameBox = *renameBox_, .information = *information_},
+      .dialogs = {.boxes = boxes_,
+                  .pending = *pending_,
+                  .loading = {.search = *frmFolderRef_, .progress = *loading_, .folders = *this},
+                  .waiting = frmWait_},
+      .player = {.device = *device_, .panel = *playerPanel_, .movie = *movie_},
+      .system = {.files = *files_,
+                 .changes = *disk_,
+                 .openWithShell = [this](const std::string& target) { return open_(target, *this); },
+                 .ownerWindow = reinterpret_cast<std::uintptr_t>(GetHandle())}};
+  app_ = std::make_unique<Application>(std::move(options), std::move(paths), std::move(ports));
   lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
   controls_.list = &lvwFiles_->Window();
   controls_.list->MoveBeforeInTabOrder(controls_.fraFileInfo);
