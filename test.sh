@@ -114,7 +114,9 @@ test_suite() {
   mkdir -p "build/$preset/results"
   say "$name: testing"
   # Desktop icons and similar need a display and a session bus; window tests use separate displays.
+  export QUILLON_UNSTEADY=$PWD/build/$preset/results/unsteady.txt
   scripts/with-display.sh dbus-run-session -- ctest --preset "$preset" -j3 || once_more "$preset" || failed=1
+  if [ -f "$QUILLON_UNSTEADY" ]; then summary+=("$(sed 's/^/  run once more: /' "$QUILLON_UNSTEADY")"); fi
   count_results "$name" "$preset" "$(ctest --preset "$preset" -N | sed -n 's/^Total Tests: //p')"
 }
 

@@ -19,7 +19,7 @@ ApplyCode ApplyCommands::ApplyRenameName(int index) {
 }
 
 RowOutcome ApplyCommands::Apply(int index, Failures failures) {
-  const RowOutcome row = engine_.Apply(index);
+  RowOutcome row = engine_.Apply(index);
   ShowPlace(row);
   const bool told = failures == Failures::kAlwaysTold || !session_.options.update.skipFailedRows;
   if (row.Ok()) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// The interfaces through which logic reaches the user. Windows and quillon-cli implement them; tests record the calls.
+/// The interfaces through which logic reaches the user. Windows implement them; tests record the calls.
 namespace quillon {
 
 enum class MessageIcon { kExclamation, kStop, kInformation, kQuestion };
