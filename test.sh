@@ -98,7 +98,7 @@ once_more() {
   rm -rf "$results/first"
   mkdir "$results/first"
   mv "$results"/gui-*.xml "$results/first/"
-  GTEST_FILTER=$tests scripts/with-display.sh dbus-run-session -- ctest --preset "$preset" -R '^gui-' || {
+  GTEST_FILTER=$tests ctest --preset "$preset" -R '^gui-' || {
     mv "$results"/first/*.xml "$results/"
     return 1
   }
@@ -107,15 +107,15 @@ once_more() {
   summary+=("  unsteady, passed when run once more: $tests")
 }
 
-# test_suite NAME PRESET: runs the test programs that are built.
+# test_suite NAME PRESET [WRAPPER...]: runs the test programs that are built, on Linux each on what display it needs.
 test_suite() {
   local name=$1 preset=$2
+  shift 2
   rm -rf "build/$preset/results"
   mkdir -p "build/$preset/results"
   say "$name: testing"
-  # Desktop icons and similar need a display and a session bus; window tests use separate displays.
   export QUILLON_UNSTEADY=$PWD/build/$preset/results/unsteady.txt
-  scripts/with-display.sh dbus-run-session -- ctest --preset "$preset" -j3 || once_more "$preset" || failed=1
+  "$@" ctest --preset "$preset" -j3 || once_more "$preset" || failed=1
   if [ -f "$QUILLON_UNSTEADY" ]; then summary+=("$(sed 's/^/  run once more: /' "$QUILLON_UNSTEADY")"); fi
   count_results "$name" "$preset" "$(ctest --preset "$preset" -N | sed -n 's/^Total Tests: //p')"
 }
@@ -145,7 +145,7 @@ else
     beside "packages-$system" 10 /usr/bin/python3 -B tests/packaging/packaging.py "$system" --packages dist \
       --wine scripts/wine.sh --results "build/packages/results/packaging-$system.xml"
   done
-  test_suite "Windows under Wine" windows
+  test_suite "Windows under Wine" windows scripts/with-display.sh dbus-run-session --
   for system in linux windows; do end_beside "packages-$system" || failed=1; done
   count_results "Packages" packages 2
   scripts/wine.sh --server -k || true

@@ -18,8 +18,16 @@ function(quillon_keep_system_sources list)
   set(${list} ${${list}} PARENT_SCOPE)
 endfunction()
 
-# One test program per folder of tests/, one CTest entry each.
+# What brings a test a display of its own, on Linux also a session bus: it does not matter where CTest runs.
+set(quillon_own_display ${PROJECT_SOURCE_DIR}/scripts/with-display.sh)
+if(NOT WIN32)
+  list(APPEND quillon_own_display dbus-run-session --)
+endif()
+
+# One test program per folder of tests/, one CTest entry each. ON_DISPLAY is for programs that need a display; under
+# Wine these share the one that ./test.sh starts CTest on.
 function(quillon_test folder)
+  cmake_parse_arguments(PARSE_ARGV 1 test "ON_DISPLAY" "" "")
   set(system linux)
   if(WIN32)
     set(system windows)
@@ -34,8 +42,12 @@ function(quillon_test folder)
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE QUILLON_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  target_link_libraries(${name} PRIVATE ${ARGN} quillon_test_support GTest::gmock GTest::gtest GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE ${test_UNPARSED_ARGUMENTS} quillon_test_support GTest::gmock GTest::gtest GTest::gtest_main)
   target_precompile_headers(${name} REUSE_FROM quillon_test_headers)
-  add_test(NAME ${folder} COMMAND ${name} --gtest_output=xml:../results/${folder}.xml)
+  set(command ${name})
+  if(test_ON_DISPLAY AND NOT WIN32)
+    set(command ${quillon_own_display} $<TARGET_FILE:${name}>)
+  endif()
+  add_test(NAME ${folder} COMMAND ${command} --gtest_output=xml:../results/${folder}.xml)
   set_tests_properties(${folder} PROPERTIES TIMEOUT 600)
 endfunction()
