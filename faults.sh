@@ -16,7 +16,7 @@ case "${1:-}" in
   -*) fail "unknown argument '$1' (see --help)" ;;
 esac
 
-need_packages "${linux_packages[@]}" libgtest-dev libgmock-dev strace python3
+need_packages "${linux_packages[@]}" "${test_build_packages[@]}" strace python3
 say "Building"
 cmake --preset linux >/dev/null || fail "configuring failed: run 'cmake --preset linux' to see why"
 cmake --build build/linux --target quillon-cli quillon_whole_file

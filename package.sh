@@ -52,7 +52,7 @@ pack() {
   rm -rf "$work"
 }
 
-need_packages "${linux_packages[@]}" libgtest-dev libgmock-dev "${package_packages[@]}"
+need_packages "${linux_packages[@]}" "${test_build_packages[@]}" "${package_packages[@]}"
 if [[ " ${systems[*]} " = *" windows "* ]]; then
   need_packages "${windows_packages[@]}"
   scripts/windows-libraries.sh

@@ -36,7 +36,7 @@ for path in "$@"; do
 done
 
 install_packages() {
-  local packages=("${linux_packages[@]}" libgtest-dev libgmock-dev)
+  local packages=("${linux_packages[@]}" "${test_build_packages[@]}")
   case $job in
     window) packages+=("${look_packages[@]}" "${play_packages[@]}") ;;
     screenshot) packages+=("${window_packages[@]}") ;;

@@ -120,7 +120,7 @@ test_suite() {
   count_results "$name" "$preset" "$(ctest --preset "$preset" -N | sed -n 's/^Total Tests: //p')"
 }
 
-need_packages "${linux_packages[@]}" "${window_packages[@]}" "${test_packages[@]}"
+need_packages "${linux_packages[@]}" "${window_packages[@]}" "${test_packages[@]}" "${benchmark_packages[@]}"
 if ! $quick; then need_packages "${style_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}"; fi
 scripts/japanese-locale.sh
 build_suite "Linux" linux -DQUILLON_BENCHMARKS=ON

@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
 
-need_packages "${linux_packages[@]}" "${window_packages[@]}" "${sound_packages[@]}" python3
+need_packages "${linux_packages[@]}" "${test_build_packages[@]}" "${window_packages[@]}" "${sound_packages[@]}" python3
 cmake --preset linux >/dev/null || fail "configuring 'linux' failed"
 cmake --build build/linux --target quillon quillon-cli bregexp >/dev/null ||
   fail "building failed: run 'cmake --build build/linux' to see why"

@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
 
-need_packages "${linux_packages[@]}" "${test_packages[@]}" python3
+need_packages "${linux_packages[@]}" "${test_packages[@]}" "${benchmark_packages[@]}" python3
 build_preset linux -DQUILLON_BENCHMARKS=ON >/dev/null
 results=$(mktemp)
 trap 'rm -f "$results"' EXIT

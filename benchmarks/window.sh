@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
 
-need_packages "${linux_packages[@]}" "${test_packages[@]}" "${window_packages[@]}" python3
+need_packages "${linux_packages[@]}" "${test_packages[@]}" "${benchmark_packages[@]}" "${window_packages[@]}" python3
 cmake --preset linux -DQUILLON_BENCHMARKS=ON >/dev/null || fail "configuring 'linux' failed"
 cmake --build build/linux --target quillon quillon-cli bregexp quillon-bare-frame quillon-media-folder \
   quillon-window-clock >/dev/null || fail "building failed: run 'cmake --build build/linux' to see why"

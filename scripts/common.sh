@@ -36,8 +36,10 @@ linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev li
 # Plug-ins to play MP3, MIDI, WAVE, MPEG and AVI, and the instruments for MIDI.
 play_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
   gstreamer1.0-x gstreamer1.0-alsa gstreamer1.0-pulseaudio timgm6mb-soundfont)
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libtag1-dev libxcb1-dev gstreamer1.0-tools locales libxml2-utils
-  util-linux strace fp-utils-3.2.2 libchm-dev libxml2-dev)
+# Libraries of the test programs, which the preset builds.
+test_build_packages=(libgtest-dev libgmock-dev libxcb1-dev libxml2-dev libchm-dev)
+benchmark_packages=(libbenchmark-dev libtag1-dev)
+test_packages=("${test_build_packages[@]}" gstreamer1.0-tools locales util-linux strace fp-utils-3.2.2)
 # Fonts and icons for the window, and a tool to check for a display.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
 # For tests, pictures and benchmarks of the window: a private display, keys and clicks, accessibility.
