@@ -100,7 +100,7 @@ void Application::ResetAndEnd() {
   if (mnuOptionDefaultExit(paths_.settings, options_, ports_.dialogs.boxes)) ports_.window.main.EndAtOnce();
 }
 
-// Editing goes on after this call.
+// Only starts the editing, which goes on after this call.
 void Application::EditLabel() {
   if (!running_) ports_.window.main.EditLabel(list_.SelectedIndex());
 }

@@ -30,7 +30,7 @@
 
 namespace quillon {
 
-/// What the main window does that no smaller port names.
+/// The main window's actions that belong to no smaller port.
 class MainWindow {
  public:
   virtual ~MainWindow() = default;
@@ -46,13 +46,13 @@ class MainWindow {
   /// Stays open beside the main window.
   virtual void ShowFolderList() = 0;
   virtual void SetAlwaysOnTop(bool front) = 0;
-  /// The mark of mnuRepeat, and chkRepeat.
+  /// Updates the check mark of mnuRepeat, and chkRepeat.
   virtual void SetRepeat(bool repeat) = 0;
   /// Whether the window accepts commands; off while one runs.
   virtual void SetInputEnabled(bool enabled) = 0;
   /// Asks the window to close, as its own close button does.
   virtual void Quit() = 0;
-  /// Ends the process without the window's usual unload.
+  /// Closes the program without saving the settings.
   virtual void EndAtOnce() = 0;
 };
 
@@ -70,8 +70,8 @@ struct CommandTargets {
   MusicPlayer& player;
 };
 
-/// The program behind the main window: owns what all commands share, and carries every command out. While a command
-/// runs (its loops let messages through), further ones are refused.
+/// The program behind the main window: owns what all commands share, and executes every command. While one runs,
+/// further ones are refused, because its loops process messages.
 class Application : private FilePanel {
  public:
   struct Window {
@@ -112,7 +112,7 @@ class Application : private FilePanel {
     std::string help;
   };
 
-  /// `options` is what the settings file held; it is edited in place.
+  /// `options` are the values from the settings file; commands edit the program's copy in place.
   Application(OptionValues options, Paths paths, Ports ports, PathStyle style = SystemPathStyle());
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
@@ -123,29 +123,29 @@ class Application : private FilePanel {
   [[nodiscard]] const ApplyMode& Mode() const { return mode_; }
   [[nodiscard]] bool RegexAvailable() const { return regex_.Available(); }
 
-  /// True while a command or an event of a box is being carried out.
+  /// True while a command or an event is being handled.
   [[nodiscard]] bool IsRunning() const { return running_; }
 
-  /// Panels, boxes and the always-on-top state as the settings say. Before the first command.
+  /// Sets panels, boxes and the always-on-top state as the settings say. Call it before the first command.
   void Start();
 
   /// Runs the command if it is enabled now and none runs already.
   void Execute(Command command);
   [[nodiscard]] bool IsEnabled(Command command) const;
 
-  /// The command line's paths, and what was dropped on the list.
+  /// Loads the command line's paths, or those dropped on the list.
   void LoadPaths(const std::vector<std::string>& paths);
   void CancelLoad() { loading_.Cancel(); }
 
-  /// frmModify's own command.
+  /// Called by frmModify to change the rename names.
   void ModifyRows(Rows rows, const OptionValues::Modify& rules);
 
   void ModePanelClicked();
 
-  /// Also from a dialog, while the command that has opened it runs.
+  /// Also works in a dialog, while the command that opened it still runs.
   void ShowHelp();
 
-  /// The player's buttons, sliders and timer come to it directly: they work while a command runs, too.
+  /// The player's buttons, sliders and timer call it directly, so that they also work while a command runs.
   [[nodiscard]] MusicPlayer& Player() { return player_; }
 
   // Commands of the program itself.
@@ -157,7 +157,7 @@ class Application : private FilePanel {
   void ToggleAlwaysOnTop();
   void EditLabel();
 
-  // Events of the list. The selected flags are in step with the screen already.
+  // Events of the list. The rows' selected flags must already match the screen.
   void SelectionChanged();
   void RowActivated(int index);
   void HeaderClicked(Column column);

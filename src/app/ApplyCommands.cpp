@@ -48,7 +48,7 @@ std::string ApplyCommands::DetailsOf(const RowOutcome& row) const {
   return FailureDetails(files_, row.from, to, row.error, session_.style);
 }
 
-// The box stands beside the row that it is about.
+// Selects and shows the failed row, so that the user sees which row the box is about.
 FailureAnswer ApplyCommands::Report(const RowOutcome& row, bool inBatch) {
   session_.list.SelectOnly(row.index);
   screen_.filePanel.ShowRow(row.index);

@@ -8,15 +8,15 @@
 
 namespace quillon {
 
-/// Applies rename names to the files, and tells what came of it. Check marks follow the options.
+/// Applies rename names to the files and reports the results. Check marks change as the options say.
 class ApplyCommands {
  public:
   ApplyCommands(const Session& session, RenameEngine& engine, FileReads& files, const Screen& screen);
 
-  /// Applies the row with this 1-based index. A failure is told unless the options say otherwise.
+  /// Applies the row with this 1-based index. A failure is reported unless the options say otherwise.
   ApplyCode ApplyRenameName(int index);
 
-  /// The same for several rows, and a message that sums it up.
+  /// The same for several rows, followed by a summary message.
   BatchOutcome ApplyRenameBatch(Rows rows);
 
   void mnuThisUpdate();
@@ -25,9 +25,9 @@ class ApplyCommands {
 
  private:
   enum class Failures { kAsOptionsSay, kAlwaysTold };
-  /// What the user has answered to the boxes of a batch.
+  /// The user's answers to the message boxes of a batch.
   struct Batch {
-    bool tells = true;       ///< of failing rows
+    bool tells = true;       ///< whether failing rows are reported
     bool abandoned = false;  ///< the user has closed the window
   };
 

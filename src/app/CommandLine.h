@@ -7,15 +7,15 @@
 #include "base/Ports.h"
 #include "platform/FileSystem.h"
 
-/// What somebody who starts the program asks for.
+/// What the command line asks for.
 namespace quillon {
 
 struct CommandLineRequest {
   enum class Kind {
-    kOpen,        ///< the window, with `paths` loaded
-    kHelp,        ///< how to start the program, and nothing more
-    kVersion,     ///< the version, and nothing more
-    kWrongUsage,  ///< `word` means nothing
+    kOpen,        ///< open the window and load `paths`
+    kHelp,        ///< show the usage only
+    kVersion,     ///< show the version only
+    kWrongUsage,  ///< `word` is an unknown option
   };
 
   Kind kind = Kind::kOpen;
@@ -23,13 +23,13 @@ struct CommandLineRequest {
   std::string word;
 };
 
-/// Reads the command line. `raw` is the command line behind the program's name, on systems that hand it over whole (its
-/// quoting rules: SplitCommandLine); else `arguments` are taken as they are. Empty words are passed over. A word that
-/// begins with "--" and names nothing on the disk is no path: --help, --version or a mistake; the first one decides.
+/// Reads the command line. On systems that pass it as one text, `raw` is the part after the program's name (quoting
+/// rules: SplitCommandLine); otherwise `arguments` are taken unchanged. Empty words are skipped. A word that begins
+/// with "--" and names no existing file or folder is an option: --help, --version or a mistake; the first one decides.
 [[nodiscard]] CommandLineRequest ReadCommandLine(const std::optional<std::string>& raw,
                                                  const std::vector<std::string>& arguments, FileReads& files);
 
-/// What a request that opens no window is answered with; several lines, the last one ended.
+/// The answer to a request that opens no window: several lines, each with a line break.
 [[nodiscard]] std::string AnswerTo(const CommandLineRequest& request);
 
 /// The same as a box, for where nobody reads what is written.

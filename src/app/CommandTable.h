@@ -13,7 +13,7 @@ namespace quillon {
 /// Commands are named after their menu items: `All` for every row, `This` for the selected row, none for the checked
 /// rows.
 enum class Command {
-  kSeparator,  ///< stands between groups of a menu; no command
+  kSeparator,  ///< not a command: separates groups of a menu
   mnuFolderReference,
   mnuFileLoad,
   mnuReload,
@@ -70,7 +70,7 @@ enum class InMode { kAny, kManual };
 /// How a command runs.
 enum class Runs {
   kExclusively,  ///< with the window's input disabled
-  kAsEvent,      ///< as what the user does in the list itself
+  kAsEvent,      ///< like the user's own actions in the list
 };
 
 struct CommandTargets;
@@ -78,15 +78,15 @@ struct CommandTargets;
 struct CommandEntry {
   Command command = Command::kSeparator;
   const char* caption = "";   ///< with its access key, "&F"
-  const char* shortcut = "";  ///< as wx writes it, "Ctrl+O"; empty for none
+  const char* shortcut = "";  ///< in wx's notation, "Ctrl+O"; empty when there is none
   Needs needs = Needs::kNothing;
   InMode mode = InMode::kAny;
   void (*action)(const CommandTargets&) = nullptr;
   Runs runs = Runs::kExclusively;
-  bool (*isOn)(const OptionValues&) = nullptr;  ///< of a command whose menu item carries a mark while it is on
+  bool (*isOn)(const OptionValues&) = nullptr;  ///< for check items: whether the mark is shown
 };
 
-/// What the enabling rules look at.
+/// The state that the enabling rules depend on.
 struct CommandState {
   int rows = 0;
   int checked = 0;
@@ -105,8 +105,8 @@ struct MenuEntries {
   std::span<const Command> commands;
 };
 
-/// The menu bar's menus, in order. The sort commands are a submenu of their own, kSortCaption, in the view menu: there
-/// the first of them stands for all.
+/// The menu bar's menus, in order. The sort commands form a submenu of the view menu with the caption kSortCaption; the
+/// view menu's entries contain only the first of them.
 [[nodiscard]] std::span<const MenuEntries> MenuBarEntries();
 inline constexpr const char* kSortCaption = "並べ替え(&S)";
 [[nodiscard]] std::span<const Command> SortCommands();
@@ -114,12 +114,12 @@ inline constexpr const char* kSortCaption = "並べ替え(&S)";
 /// The row menu, mnulvwFiles_RClk_Menu. Its shortcuts work while the list has the focus.
 [[nodiscard]] std::span<const Command> RowMenuCommands();
 
-/// One button of the tool bar; kSeparator where there is none.
+/// A button of the tool bar, or a separator when `command` is kSeparator.
 struct ToolBarButton {
   Command command = Command::kSeparator;
   const char* label = "";             ///< also its tool tip
   const char* picture = "";           ///< a name in resources/icons
-  Command all = Command::kSeparator;  ///< of its drop-down menu: the same for all rows
+  Command all = Command::kSeparator;  ///< in its drop-down menu: the same for all rows; kSeparator: no menu
   const char* allCaption = "";
 };
 

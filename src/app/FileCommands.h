@@ -13,7 +13,7 @@
 
 namespace quillon {
 
-/// The disk, and who owns what the system itself asks.
+/// File access, and the owner of the dialogs that the system itself shows.
 struct Disk {
   FileReads& files;
   FileChanges& changes;

@@ -9,7 +9,7 @@
 
 namespace quillon {
 
-/// The boxes of fraFileInfo that only show.
+/// The read-only boxes of fraFileInfo.
 class InformationBoxes {
  public:
   virtual ~InformationBoxes() = default;
@@ -17,21 +17,22 @@ class InformationBoxes {
   virtual void SetFileName(const std::string& text) = 0;
   virtual void SetSummary(const std::string& text) = 0;
   virtual void SetDetail(const std::string& text) = 0;
-  /// How many characters of a path txtFileName has room for.
+  /// The number of characters of a path that fit into txtFileName.
   [[nodiscard]] virtual std::size_t FileNameCharacters() const = 0;
 };
 
-/// What is known of the selected row's file, read from the file each time. It is the one that the player has chosen.
+/// Shows information about the selected row's file, read from the file each time. The play time is that of the player's
+/// chosen file, which must be the same file.
 class InformationPanel {
  public:
   InformationPanel(const FileList& list, const OptionValues& options, InformationBoxes& boxes, PlayTimes& playTimes,
                    PathStyle style = SystemPathStyle());
 
-  /// The texts of no file.
+  /// Shows the texts for no file.
   void Clear();
   void ShowRow(int index);
   void ShowFileName(const std::string& path);
-  /// The box has another width now.
+  /// Call it when the width of txtFileName has changed.
   void RefillFileName();
 
  private:

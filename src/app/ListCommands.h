@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-/// The commands that change check marks and take rows out of the list. The files stay on disk.
+/// The commands that change check marks and remove rows from the list. The files stay on disk.
 class ListCommands {
  public:
   ListCommands(const Session& session, const Screen& screen) : session_(session), screen_(screen) {}

@@ -10,7 +10,7 @@
 namespace quillon {
 namespace {
 
-/// Shows which folder is searched.
+/// Shows the folder being searched.
 class SearchProgress final : public Progress {
  public:
   SearchProgress(PendingMessages& pending, SearchDisplay& display, const bool& cancelled)
@@ -136,15 +136,15 @@ LoadOutcome LoadCommands::AddFile(const std::string& path) {
 }
 
 LoadOutcome LoadCommands::LoadPath(const std::string& path) {
-  if (path.empty()) return LoadOutcome::kNothing;  // as a folder it would be the root
+  if (path.empty()) return LoadOutcome::kNothing;  // it would be loaded as the root folder
   return files_.IsFile(path) ? AddFile(path) : LoadFolder(path);
 }
 
 void LoadCommands::LoadPaths(const std::vector<std::string>& paths) {
   cancelled_ = false;
-  std::vector<std::string> files;  // that follow one another
+  std::vector<std::string> files;  // consecutive ones, added together
   for (const std::string& path : paths) {
-    if (path.empty()) continue;  // as a folder it would be the root
+    if (path.empty()) continue;  // it would be loaded as the root folder
     if (files_.IsFile(path)) {
       files.push_back(path);
       continue;

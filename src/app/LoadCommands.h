@@ -14,7 +14,7 @@
 namespace quillon {
 
 enum class LoadOutcome {
-  kLoaded,     ///< at least one file was asked for and read
+  kLoaded,     ///< at least one file was given or found, and no error ended the load
   kDuplicate,  ///< the file or folder is listed already
   kNothing,    ///< the folder holds no matching file, or the file has vanished
   kCancelled,  ///< a dialog or the search was cancelled; nothing was registered
@@ -28,7 +28,7 @@ struct LoadWindows {
   FolderDialog& folders;
 };
 
-/// Brings files into the list: from a folder, one by one, from the command line and from drops; and reads them anew.
+/// Adds files to the list, from a folder or one by one, from the command line or from a drop; and reloads listed files.
 class LoadCommands {
  public:
   LoadCommands(const Session& session, FileReads& files, const LoadWindows& windows, const Screen& screen,
@@ -40,25 +40,26 @@ class LoadCommands {
   /// Loads this folder without asking.
   LoadOutcome LoadFolder(std::string folder);
 
-  /// Adds one file that was there a moment ago, whatever the filter says. One that has vanished is passed over.
+  /// Adds one file, whatever the filter says. The caller has just seen that it exists; if it has vanished since, it is
+  /// skipped.
   LoadOutcome AddFile(const std::string& path);
 
   /// Command line and drops: an existing file is added, anything else is loaded as a folder.
   LoadOutcome LoadPath(const std::string& path);
 
-  /// The same for several paths, which all add to one list even when loading is set to clear it first. Files that
-  /// follow one another show their progress, and those of them that are listed already are told once, with their
-  /// number.
+  /// The same for several paths. The list is not cleared, even when loading is set to clear it first. Consecutive files
+  /// show their progress, and one message gives the number of those that are already listed.
   void LoadPaths(const std::vector<std::string>& paths);
 
-  /// Reads every listed file anew, after asking; edited rename names are lost, rows of files that are gone leave,
-  /// rows whose files cannot be looked at just now stay as they are.
+  /// Asks, then reads every listed file again. Edited rename names are lost; rows whose files no longer exist are
+  /// removed; rows whose files cannot be checked at the moment stay unchanged.
   void mnuReload();
 
-  /// Ends what runs, further paths included: of a search nothing is registered, files that are listed already stay.
+  /// Cancels the running load, including its remaining paths. A cancelled search registers nothing; files that are
+  /// already listed stay.
   void Cancel() { cancelled_ = true; }
 
-  /// Tells which paths were passed over since the last time.
+  /// Reports the paths that were skipped since the last report.
   void TellPassedOver() { passedOver_.Tell(screen_.boxes); }
 
  private:

@@ -13,7 +13,8 @@ class PassedOverPaths {
  public:
   void Add(const std::vector<PassedOver>& paths);
 
-  /// Says for each obstacle how many there were, and names the first ones; nothing when there were none. Forgets them.
+  /// Shows one message with the number of paths for each obstacle, and the first of them; nothing when there are none.
+  /// Then forgets them.
   void Tell(MessageBoxes& boxes);
 
  private:

@@ -61,7 +61,7 @@ void RenameEditing::WriteTo(const std::vector<int>& rows, const std::string& nam
 
 void RenameEditing::ApplyTyped() {
   const int index = session_.list.SelectedIndex();
-  // Showing a failed row selects it alone, and loads what was typed.
+  // Saved first, because showing a failed row selects only that row and reloads the box.
   const std::vector<int> typedInto = session_.list.SelectedRows();
   const std::string lastGood = lastGoodRenameText_;
   if (applying_.ApplyRenameName(index) != ApplyCode::kApplied) {
@@ -103,7 +103,7 @@ bool RenameEditing::NeedsName() const {
 
 void RenameEditing::AskForName() {
   Tell("リネーム名を入力してください");
-  // What took the focus may have been a click on another row.
+  // The focus may have been lost by a click on another row.
   if (session_.list.SelectedIndex() != editingItemIndex_) static_cast<void>(MayLeaveRow());
   box_.TakeFocus();
 }
@@ -113,7 +113,7 @@ void RenameEditing::Clicked() {
   const std::string text = box_.Text();
   for (int index = 1; index <= session_.list.Count(); ++index) {
     if (session_.list.Row(index).renameName != text) continue;
-    if (!session_.list.Row(index).selected) session_.list.SelectOnly(index);  // several selected rows stay so
+    if (!session_.list.Row(index).selected) session_.list.SelectOnly(index);  // keeps several selected rows
     screen_.filePanel.ShowRow(index);
     return;
   }
@@ -144,7 +144,7 @@ void RenameEditing::LabelEdited(int index, const std::string& name) {
   Refresh();
 }
 
-// True when the row was applied; a row that was not is checked as the options say.
+// Returns true when the row was applied; otherwise checks the row if the options say so.
 bool RenameEditing::ApplyOrCheck(int index) {
   if (applying_.ApplyRenameName(index) == ApplyCode::kApplied) return true;
   if (session_.options.update.checkFailedRows) session_.list.SetChecked(index, true);

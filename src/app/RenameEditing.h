@@ -15,7 +15,7 @@ class RenameBox {
  public:
   virtual ~RenameBox() = default;
   [[nodiscard]] virtual std::string Text() const = 0;
-  /// Does not count as typing.
+  /// Does not raise a change event, unlike typing.
   virtual void SetText(const std::string& text) = 0;
   [[nodiscard]] virtual int Caret() const = 0;
   virtual void SetCaret(int position) = 0;
@@ -26,34 +26,33 @@ class RenameBox {
   virtual void Beep() = 0;
 };
 
-/// Every way in which a rename name changes by hand: typing in the box, editing in the list, titles, going back to the
-/// present name. In auto-apply mode a change is applied to the file at once, and names that cannot be given are
-/// refused.
+/// Changes rename names as the user asks: by typing in the box, editing in the list, taking the title, or going back to
+/// the present name. In auto-apply mode a change is applied to the file at once, and invalid names are refused.
 class RenameEditing {
  public:
   RenameEditing(const Session& session, ApplyCommands& applying, NameCommands& names, RenameBox& box,
                 const Screen& screen);
 
-  /// The box shows this row's rename name; 0: it is empty and disabled.
+  /// Shows this row's rename name in the box; for index 0 the box is emptied and disabled.
   void Load(int index);
-  /// The box follows what a command did to the selected row's name; nothing when they agree.
+  /// Updates the box when a command has changed the selection or the selected row's rename name.
   void Refresh();
 
   // Events of the box.
   void Changed();
   void EnterPressed();
-  /// True when the box is empty in auto-apply mode and must not be left so: the caller then calls `AskForName` as soon
-  /// as a message can be shown.
+  /// True when the box is empty in auto-apply mode and must not stay so: the caller then calls `AskForName` as soon as
+  /// a message can be shown.
   [[nodiscard]] bool NeedsName() const;
   void AskForName();
   void GotFocus() { box_.SelectWholeText(); }
   void Clicked();
 
-  /// Asked before another row becomes current and before a sort. False in auto-apply mode with an empty box: the row
-  /// being edited is selected again then, and the box has its last accepted text back.
+  /// Call it before another row becomes current and before a sort. In auto-apply mode with an empty box it selects the
+  /// edited row again, restores the box's last accepted text and returns false.
   [[nodiscard]] bool MayLeaveRow();
 
-  /// A name that was typed in the list itself.
+  /// Takes a name that was typed in the list.
   void LabelEdited(int index, const std::string& name);
 
   void mnuThisRename();

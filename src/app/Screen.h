@@ -18,7 +18,7 @@ struct Session {
   PathStyle style = SystemPathStyle();
 };
 
-/// Where the commands show themselves.
+/// Where the commands show their results.
 struct Screen {
   MessageBoxes& boxes;
   PendingMessages& pending;
@@ -26,7 +26,7 @@ struct Screen {
   FilePanel& filePanel;
   SelectionStatus& status;
 
-  /// No row is selected or shown, and the player waits.
+  /// Deselects all rows, clears the file panel and shows the player as idle.
   void Reset(FileList& list) const {
     list.SelectNone();
     filePanel.Reset();

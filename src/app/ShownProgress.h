@@ -11,20 +11,20 @@
 
 namespace quillon {
 
-/// A loop that nothing ends before its last item.
+/// Progress of a loop that is not shown and cannot be cancelled.
 class Unwatched final : public Progress {
  public:
   bool Continue(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*item*/) override { return true; }
   bool Continue() override { return true; }
 };
 
-/// Lets the window answer between the items of a loop, and shows in percent how far it is.
+/// Processes messages between the items of a loop and shows its progress in percent.
 class ShownProgress final : public Progress {
  public:
   struct Look {
     std::string indent = {};  ///< in front of the percentage
-    bool showsStart = false;  ///< 0 %, before the first item
-    bool showsItem = false;   ///< the path of the item that is done
+    bool showsStart = false;  ///< show 0 % before the first item
+    bool showsItem = false;   ///< show the path of the item just done
   };
   using Cancelled = std::function<bool()>;
 

@@ -35,10 +35,10 @@ constexpr std::chrono::milliseconds kShowDuringLoadAfter(500);
 constexpr int kTitleBar = 12;         // DIP: half of its height
 constexpr int kFirstListSize = 200;   // DIP
 constexpr int kWidestColumn = 4000;   // DIP
-constexpr int kNarrowestColumn = 20;  // DIP: the header of a narrower one cannot be seen or dragged
+constexpr int kNarrowestColumn = 20;  // DIP: the header of a narrower column cannot be seen or dragged
 
-/// Where a window can be seen whole that was at this place once, when the screens may have been others: moved into the
-/// screen that its title bar is on, or centred when that is gone.
+/// Moves a remembered rectangle onto a screen that exists now: into the screen that shows the middle of its title bar,
+/// or to `centred` when there is none.
 wxRect OnItsScreen(wxRect window, int halfTitleBar, wxPoint centred) {
   const int screen = wxDisplay::GetFromPoint(window.GetTopLeft() + wxPoint(window.width / 2, halfTitleBar));
   if (screen == wxNOT_FOUND) return {centred, window.GetSize()};
@@ -48,7 +48,8 @@ wxRect OnItsScreen(wxRect window, int halfTitleBar, wxPoint centred) {
   return window;
 }
 
-/// A measure in twips, kept as it was read while it still stands for these pixels: rounding must not add up over runs.
+/// Updates a stored length in twips only when it no longer gives these pixels, so that rounding errors do not add up
+/// over runs.
 template <class Twips>
 void Keep(const wxWindow& window, Twips& twips, int pixels) {
   if (ToPixels(window, twips) != pixels) twips = ToTwips(window, pixels);
@@ -91,7 +92,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
   lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
   controls_.list = &lvwFiles_->Window();
   controls_.list->MoveBeforeInTabOrder(controls_.fraFileInfo);
-  controls_.list->SetSize(FromDIP(wxSize(kFirstListSize, kFirstListSize)));  // GTK complains of less
+  controls_.list->SetSize(FromDIP(wxSize(kFirstListSize, kFirstListSize)));  // GTK warns about smaller sizes
   NameControls();
   app_->List().SetObserver(this);
   ApplySettings();
@@ -103,7 +104,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
 
 frmMain::~frmMain() {
   app_->List().SetObserver(nullptr);
-  controls_.panel->Destroy();  // a control that loses the focus as it goes still tells its handler
+  controls_.panel->Destroy();  // a control that loses the focus while being destroyed still calls its handler
 }
 
 void frmMain::MakeControls() {
@@ -123,7 +124,7 @@ void frmMain::MakeControls() {
   });
 }
 
-// For assistive technology: the labels beside the boxes are seen, not heard.
+// Names the controls for assistive technology; the labels beside the boxes are only visible.
 void frmMain::NameControls() {
   const std::initializer_list<std::pair<wxWindow*, const char*>> names = {{controls_.list, "ファイルリスト"},
                                                                           {controls_.txtAlterTitle, "リネーム名"},
@@ -154,14 +155,14 @@ void frmMain::Start(const std::vector<std::string>& paths) {
   try {
     app_->LoadPaths(paths);
   } catch (...) {
-    unexpected = std::current_exception();  // told over the window, which must be there for it
+    unexpected = std::current_exception();  // reported after the window has been shown
   }
   ShowLaidOut();
   lvwFiles_->Window().SetFocus();
   if (unexpected) std::rethrow_exception(unexpected);
 }
 
-// A load from the command line that lasts shows the window, so that there is something to look at.
+// Shows the loading label when it is due, and the window during a long load from the command line.
 void frmMain::BeforeYield() {
   loading_->ShowIfLate();
   if (std::chrono::steady_clock::now() - started_ > kShowDuringLoadAfter) ShowLaidOut();
@@ -180,11 +181,12 @@ void frmMain::ShowLaidOut() {
   });
 }
 
-// What taller controls and larger fonts take is added to the window: the list keeps its height, as far as the screen
-// is tall enough.
+// Enlarges the window by the room that taller controls and larger fonts need, so that the list keeps its height, as far
+// as the screen is tall enough.
 void frmMain::GrowSmallestSize() {
   BarHeights bars = Bars();
-  bars.toolBar = std::max(bars.toolBar, GetToolBar()->GetBestSize().y);  // GTK's gets its height when it is shown
+  bars.toolBar =
+      std::max(bars.toolBar, GetToolBar()->GetBestSize().y);  // GTK's tool bar gets its height when it is shown
   if (const std::optional<int> inside = HeightForTallControls(controls_, bars)) {
     const int frame = GetSize().y - controls_.panel->GetClientSize().y - bars.toolBar - bars.statusBar;
     const ScreenMetrics screen = QueryScreen();
@@ -199,8 +201,8 @@ void frmMain::GrowSmallestSize() {
   grownHeight_ = GetSize().y;
 }
 
-// Once the window is on the screen: GTK may have forgotten the place while it asked for the frame's measures, which are
-// known only now.
+// Runs once the window is on the screen: only then are the frame's sizes known, and GTK may have lost the window's
+// place while asking for them.
 void frmMain::SettleAt(const wxRect& place) {
   if (GetRect() != place && !IsMaximized()) SetSize(place);
   OnPanelSize();
@@ -228,7 +230,7 @@ void frmMain::ApplySettings() {
   }
 }
 
-// Where the settings have it, or in the middle of the screen.
+// Places the window where the settings say, or in the middle of the screen.
 void frmMain::Place(wxSize size) {
   const OptionValues::Window& window = app_->Options().window;
   const ScreenMetrics metrics = QueryScreen();
@@ -241,7 +243,7 @@ void frmMain::Place(wxSize size) {
   SetSize(OnItsScreen(wxRect(place, size), FromDIP(kTitleBar), centred));
 }
 
-// A heading that needs more than its column's usual width has it.
+// A column of the usual width is widened when its heading needs more.
 int frmMain::FirstWidth(Column column, std::int32_t twips) const {
   const bool usual = twips == OptionValues().window.columnWidths.at(static_cast<std::size_t>(column));
   return std::max(ToPixels(*this, twips), usual ? lvwFiles_->HeadingWidth(column) : 0);
@@ -273,13 +275,13 @@ void frmMain::OnClose(wxCloseEvent& event) {
   if (saves_) {
     KeepSettings();
     const bool normal = !IsIconized() && !IsMaximized() && !IsFullScreen();
-    (void)app_->SaveSettings(normal ? WindowGeometry::kWrite : WindowGeometry::kKeep);  // nobody is told
+    (void)app_->SaveSettings(normal ? WindowGeometry::kWrite : WindowGeometry::kKeep);  // a failure is not reported
   }
   Destroy();
 }
 
-// The window closes after the command that runs, and after the dialog that it has open. A box that no command has
-// opened is answered first, and the user asks again.
+// While a command runs, the window closes after it and after the dialog that it has open. While a dialog is open
+// without a command, closing is refused: the user answers it first and then closes again.
 bool frmMain::StaysOpen() {
   if (!app_->IsRunning()) return TopmostDialog(nullptr) != nullptr;
   closeWanted_ = boxes_.StopBatch() || !inputEnabled_;
@@ -291,7 +293,7 @@ bool frmMain::StaysOpen() {
 void frmMain::CloseUnanswered() {
   Close();
   if (auto* const dialog = dynamic_cast<wxDialog*>(TopmostDialog(nullptr))) dialog->EndModal(wxID_CANCEL);
-  wxWakeUpIdle();  // a closed window goes only then, and no event may have come from the user
+  wxWakeUpIdle();  // closed windows are only destroyed when idle, and there may be no user event
 }
 
 void frmMain::Quit() {

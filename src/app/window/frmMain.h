@@ -26,10 +26,10 @@ namespace quillon {
 
 /// The title of the main window, by which a later instance finds it.
 inline constexpr const char* kMainTitle = "Quillon";
-/// What Windows calls its kind of window.
+/// The name of its window class on Windows.
 inline constexpr const char* kMainWindowClass = "wxWindowNR";
 
-/// The main window: turns events into calls of the Application, and shows what that says.
+/// The main window: passes events to the Application and shows its results.
 class frmMain final : public wxFrame,
                       private MainWindow,
                       private WindowState,
@@ -37,8 +37,7 @@ class frmMain final : public wxFrame,
                       private FolderDialog,
                       private FileListObserver {
  public:
-  /// Opens a file, folder or address as the shell does, with boxes of the shell's own over the window; see
-  /// OpenWithShell.
+  /// Opens a file, folder or address with the shell, whose own boxes appear over the window; see OpenWithShell.
   using Opener = std::function<int(const std::string& target, wxWindow& owner)>;
 
   frmMain(OptionValues options, Application::Paths paths, Opener open = OpenForWindow);
@@ -46,10 +45,10 @@ class frmMain final : public wxFrame,
   frmMain& operator=(const frmMain&) = delete;
   ~frmMain() override;
 
-  /// Loads the command line's paths, then shows the window; a load that lasts shows it earlier.
+  /// Loads the command line's paths, then shows the window; a long load shows it earlier.
   void Start(const std::vector<std::string>& paths);
 
-  /// Restored from minimised and in front of other windows, together with the dialog that it has open.
+  /// Restores the window when it is minimised, and brings it in front of other windows together with its open dialog.
   void ComeForward();
 
   /// Closes the window for the system, which waits for no answer: what asks the user is cancelled. What runs is ended
@@ -59,7 +58,7 @@ class frmMain final : public wxFrame,
   [[nodiscard]] Application& App() { return *app_; }
   [[nodiscard]] lvwFiles& List() { return *lvwFiles_; }
 
-  /// The menu item's and tool button's id of a command, and the other way round.
+  /// Converts between a command and the id of its menu item and tool button.
   [[nodiscard]] static int IdOf(Command command);
   [[nodiscard]] static Command CommandOf(int id);
 
@@ -147,12 +146,12 @@ class frmMain final : public wxFrame,
   std::unique_ptr<lvwFiles> lvwFiles_;
   std::chrono::steady_clock::time_point started_;
   wxWindow* focused_ = nullptr;                 // the child that last had the focus
-  std::unique_ptr<wxWindowDisabler> disabled_;  // this window and those beside it
+  std::unique_ptr<wxWindowDisabler> disabled_;  // disables this window and those beside it
   bool inputEnabled_ = true;
   bool updateScheduled_ = false;
-  bool closeWanted_ = false;  // while a command ran
+  bool closeWanted_ = false;  // asked for while a command runs
   bool saves_ = true;
-  int grownHeight_ = 0;  // the window's, for taller controls; not the user's wish
+  int grownHeight_ = 0;  // the window's height for taller controls, which is not the user's choice
 };
 
 }  // namespace quillon

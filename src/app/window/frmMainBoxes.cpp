@@ -26,7 +26,7 @@ class TxtAlterTitle final : public RenameBox {
     control_.ChangeValue(ToWx(text));
   }
 
-  // The control counts its own units, which on Windows are not characters.
+  // The control counts UTF-16 units on Windows, not characters.
   [[nodiscard]] int Caret() const override {
     const auto units = static_cast<std::size_t>(control_.GetInsertionPoint());
     return static_cast<int>(CharacterCount(FromWx(control_.GetValue().Left(units))));
@@ -51,7 +51,7 @@ class TxtAlterTitle final : public RenameBox {
   void Beep() override { wxBell(); }
 
  private:
-  // While a key is being handled, GTK moves the caret once more after the change has been told.
+  // While a key is being handled, GTK moves the caret once more after the change event.
   template <class Action>
   void NowAndAfterTyping(Action action) {
     action();

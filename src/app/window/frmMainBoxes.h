@@ -11,10 +11,10 @@ namespace quillon {
 
 struct frmMainControls;
 
-/// txtAlterTitle as logic sees it.
+/// The port of txtAlterTitle.
 [[nodiscard]] std::unique_ptr<RenameBox> MakeRenameBox(wxTextCtrl& txtAlterTitle);
 
-/// The boxes of fraFileInfo that only show.
+/// The port of fraFileInfo's read-only boxes.
 [[nodiscard]] std::unique_ptr<InformationBoxes> MakeInformationBoxes(const frmMainControls& controls);
 
 }  // namespace quillon

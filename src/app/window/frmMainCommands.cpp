@@ -99,7 +99,7 @@ void frmMain::MakeToolBar() {
   bar->Realize();
 }
 
-// The desktop's theme has changed: what is drawn in its ink is drawn anew.
+// Draws the pictures again in the text colours of the desktop's new theme.
 void frmMain::RefreshPictures() {
   const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
   const wxColour grey = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
@@ -112,7 +112,8 @@ void frmMain::RefreshPictures() {
 }
 
 void frmMain::MakeStatusBar() {
-  // In the middle: a path's end tells which file it is. The bar has a tool tip of its own.
+  // Texts are shortened in the middle, because a path's end names the file. No wxSTB_SHOW_TIPS: the bar has its own
+  // tool tip.
   wxStatusBar* bar = CreateStatusBar(4, wxSTB_SIZEGRIP | wxSTB_ELLIPSIZE_MIDDLE);
   bar->SetName("StatusBar");
   const int margin = bar->FromDIP(kPanelMargin);
@@ -124,7 +125,7 @@ void frmMain::MakeStatusBar() {
   SetStatusBarPane(-1);  // menu help would overwrite a panel
 }
 
-// With which every panel shows its whole text while no file is selected.
+// The width at which every panel shows its whole text while no file is selected.
 int frmMain::StatusBarWidth() const {
   const wxStatusBar& bar = *GetStatusBar();
   int width =
@@ -173,14 +174,15 @@ void frmMain::BindRenameBox() {
   wxTextCtrl& box = *controls_.txtAlterTitle;
   box.Bind(wxEVT_TEXT, [this](wxCommandEvent&) { app_->RenameBoxChanged(); });
   box.Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { app_->RenameBoxEntered(); });
-  // Coming back to the box from another window is no new start: what is typed next goes on where the caret stands.
+  // The text is selected when the focus comes from another control, but not when it comes back from another window:
+  // typing then goes on at the caret.
   controls_.panel->Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
     event.Skip();
     if (std::exchange(focused_, event.GetWindow()) == event.GetWindow()) return;
     if (event.GetWindow() == controls_.txtAlterTitle) app_->RenameBoxFocused();
   });
   box.Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
-    // A message box must not open while the focus is on its way, and GTK tells only then that it leaves the window.
+    // A message box must not open while the focus is changing, and GTK only reports afterwards that it left the window.
     if (app_->RenameBoxNeedsName()) {
       CallAfter([this] {
         if (IsActive()) app_->AskForName();
@@ -214,7 +216,7 @@ void frmMain::OnPanelSize() {
 }
 
 void frmMain::Run(Command command) {
-  if (lvwFiles_->IsEditing()) {  // what is typed counts: the command comes after it
+  if (lvwFiles_->IsEditing()) {  // the command runs after the typed name has been accepted
     FocusList();
     CallAfter([this, command] { CallAfter([this, command] { RunNow(command); }); });
   } else {
@@ -223,7 +225,7 @@ void frmMain::Run(Command command) {
 }
 
 void frmMain::RunNow(Command command) {
-  // The menu has turned its mark already.
+  // The click has already toggled the menu's mark; this shows the real state.
   const CommandEntry& entry = EntryOf(command);
   if (entry.isOn != nullptr) GetMenuBar()->Check(IdOf(command), entry.isOn(app_->Options()));
   const RunningCommand running(PlainCaption(command));
@@ -240,7 +242,7 @@ void frmMain::ShowRowMenu(wxPoint screen) {
   PopupMenu(menu.get(), ScreenToClient(screen));
 }
 
-// The row menu's keys, while the list has the focus.
+// Handles the row menu's keys while the list has the focus.
 bool frmMain::UseListKey(const wxKeyEvent& event) {
   wxAcceleratorEntry pressed(event.GetModifiers() == wxMOD_SHIFT ? wxACCEL_SHIFT : wxACCEL_NORMAL, event.GetKeyCode());
   if (event.GetModifiers() != wxMOD_NONE && event.GetModifiers() != wxMOD_SHIFT) return false;
@@ -318,7 +320,7 @@ void frmMain::UpdateCommands() {
   const CommandState state = StateOf(app_->List(), app_->Mode());
   for (const ToolBarButton& button : ToolBarButtons()) {
     if (button.command == Command::kSeparator) continue;
-    // A button stays while its drop-down menu has something to offer.
+    // A button stays enabled while its drop-down menu's command is enabled.
     const Command any = button.all != Command::kSeparator ? button.all : button.command;
     GetToolBar()->EnableTool(IdOf(button.command), quillon::IsEnabled(any, state));
   }

@@ -48,12 +48,12 @@ template <class Button>
 Button* MakeButton(wxWindow* parent, const char* name, const char* label, std::string_view picture) {
   auto* button = new Button(parent, wxID_ANY, ButtonPicture(picture));
   button->SetName(name);
-  button->SetLabel(ToWx(label));  // what a screen reader says
+  button->SetLabel(ToWx(label));  // read by screen readers
   button->SetToolTip(ToWx(label));
   return button;
 }
 
-// Labels stand in the middle of something: a larger frame is painted whole.
+// The labels are centred, so a resized frame must be repainted whole.
 wxPanel* MakeFrame(wxWindow* parent, const char* name) {
   auto* frame =
       new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxFULL_REPAINT_ON_RESIZE);
@@ -103,7 +103,7 @@ void LayOutInfo(const frmMainControls& controls) {
   const int width = size.x - left - ToPixels(window, kBoxesRight);
   const wxWindow::ChildrenRepositioningGuard atOnce(controls.fraFileInfo);
   const InfoHeights heights = MeasureInfo(controls);
-  const int firstTop = 3 * heights.gap;  // off the list
+  const int firstTop = 3 * heights.gap;  // distance from the list
   const int step = (size.y - firstTop) / 5;
   const std::array<wxTextCtrl*, 5> boxes = Boxes(controls);
   for (std::size_t i = 0; i < boxes.size(); ++i) {
@@ -150,7 +150,7 @@ void MakeFileInfo(frmMainControls& controls) {
   const auto label = [&](std::size_t i) {
     controls.labels[i] = new wxStaticText(frame, wxID_ANY, ToWx(kLabels.at(i)));
   };
-  // A label stands before its box: its access key leads there, and a screen reader names the box by it.
+  // A label comes directly before its box, so that its access key leads there and a screen reader names the box by it.
   label(0);
   controls.txtAlterTitle = MakeBox(frame, "txtAlterTitle", wxTE_PROCESS_ENTER);
   label(1);
@@ -191,7 +191,7 @@ void LayOut(const frmMainControls& controls, BarHeights bars) {
   const int listHeight = std::max(innerHeight - HeightBelowList(controls, bars), 1);
   const int playerTop = innerHeight - playerAndStatus - bars.toolBar;
   {
-    // At once: one that grows over another that moves only later would leave its picture there.
+    // Moves all controls at once; moved one by one, overlapping controls would leave traces.
     const wxWindow::ChildrenRepositioningGuard atOnce(controls.panel);
     controls.list->SetSize(left, 0, width, listHeight);
     controls.lblNowloading->SetSize(left, 0, width, listHeight - ToPixels(window, kNowloadingShorter));

@@ -36,11 +36,11 @@ struct frmMainControls {
   wxBitmapToggleButton* chkRepeat = nullptr;
 };
 
-/// Makes fraFileInfo and fraMusicPlayer with what they hold.
+/// Makes fraFileInfo and fraMusicPlayer with their controls.
 void MakeFileInfo(frmMainControls& controls);
 void MakeMusicPlayer(frmMainControls& controls, PositionSlider::Handlers slider);
 
-/// The player's pictures in the theme's present ink.
+/// Draws the player's pictures in the theme's current text colour.
 void SetButtonPictures(const frmMainControls& controls, PlayButton play);
 
 /// Heights of the bars around the controls, in pixels.
@@ -49,15 +49,15 @@ struct BarHeights {
   int statusBar = 0;
 };
 
-/// Places the controls in the panel. Heights and widths are the window's own, in twips, bars included; where the
-/// desktop's fonts or controls need more room below the list than that, they get it and the list is shorter.
+/// Places the controls in the panel. The design's measures are in twips, and its heights include the bars. When the
+/// desktop's fonts or controls need more room below the list, the list is made shorter.
 void LayOut(const frmMainControls& controls, BarHeights bars);
 
-/// The height inside the window, bars included, with which the list is as high as the window's design has it beside
-/// controls that are taller than that takes them for; nullopt when they are not.
+/// When the controls below the list are taller than designed: the inner height of the window, bars included, that
+/// leaves the list the height designed for this case. Otherwise nullopt.
 [[nodiscard]] std::optional<int> HeightForTallControls(const frmMainControls& controls, BarHeights bars);
 
-/// Another text for lblTime: it has the room that it needs.
+/// Changes lblTime's text, and lays out the player again when the text's width has changed.
 void ShowTime(const frmMainControls& controls, const wxString& text);
 
 /// The smallest size of the window, in pixels.

@@ -13,8 +13,8 @@
 
 namespace quillon {
 
-/// What stands in the place of the list while files are read: lblNowloading, which covers it, with picNowLoding and its
-/// caption lblPicNowLoding in the middle. A quick load never flashes it.
+/// Shown in place of the list while files are read: lblNowloading covers the list, with picNowLoding and its caption
+/// lblPicNowLoding in the middle. It is not shown for a quick load.
 class LoadingLabel final : public ProgressDisplay {
  public:
   /// The label's window is made as a child of `parent`; `list` is hidden while it shows.
@@ -26,7 +26,7 @@ class LoadingLabel final : public ProgressDisplay {
   void Update(int percent, const std::string& text, const std::string& path) override;
   void End() override;
 
-  /// Called now and then while it may have to appear.
+  /// Call it repeatedly during a load: it shows the label once the load has lasted a moment.
   void ShowIfLate();
 
  private:
@@ -39,10 +39,10 @@ class LoadingLabel final : public ProgressDisplay {
   wxStaticText* lblPercent_;
   Clock::time_point begun_;
   bool active_ = false;
-  bool hadFocus_ = false;  // the list
+  bool hadFocus_ = false;  // whether the list had it
 };
 
-/// Lets messages through in long loops, at most every ten milliseconds: more often would cost more than the loop.
+/// Processes messages in long loops, at most every ten milliseconds: more often would cost more than the loop.
 class YieldingMessages final : public PendingMessages {
  public:
   explicit YieldingMessages(std::function<void()> before) : before_(std::move(before)) {}

@@ -12,7 +12,7 @@ FraMusicPlayer::FraMusicPlayer(const frmMainControls& controls, std::function<vo
   timMCIChecker_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Tick(); });
 }
 
-// Two ticks that fail one behind the other end the ticking: the next ones would fail, too.
+// Stops the timer when two ticks in a row throw, because the next ones would fail, too.
 void FraMusicPlayer::Tick() {
   const bool failedBefore = std::exchange(failed_, true);
   const Finally stopped([&] {

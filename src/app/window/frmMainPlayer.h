@@ -16,7 +16,7 @@
 
 namespace quillon {
 
-/// fraMusicPlayer as logic sees it, and its timer timMCIChecker.
+/// The player panel's port for fraMusicPlayer, with its timer timMCIChecker.
 class FraMusicPlayer final : public PlayerPanel {
  public:
   FraMusicPlayer(const frmMainControls& controls, std::function<void()> tick);
@@ -24,7 +24,7 @@ class FraMusicPlayer final : public PlayerPanel {
   FraMusicPlayer& operator=(const FraMusicPlayer&) = delete;
   ~FraMusicPlayer() override = default;
 
-  /// In the theme's present ink.
+  /// Draws the pictures again in the theme's current text colour.
   void RefreshPictures() { SetButtonPictures(controls_, button_); }
 
   void SetButton(PlayButton button) override;
@@ -39,11 +39,11 @@ class FraMusicPlayer final : public PlayerPanel {
   const frmMainControls& controls_;
   std::function<void()> tick_;
   wxTimer timMCIChecker_;
-  bool failed_ = false;  // the last tick
+  bool failed_ = false;  // whether the last tick threw
   PlayButton button_ = PlayButton::kPlay;
 };
 
-/// The movie window above the main window, as long as there is one.
+/// The movie window above the main window, while one is open.
 class FloatingMovie final : public MovieWindow {
  public:
   using MakeWindow = std::function<frmMoviePlayer*()>;
