@@ -10,7 +10,7 @@
 namespace quillon {
 namespace {
 
-// Nearly every volume allows as much in one name, in units of its own.
+// The longest name on nearly every volume, in the volume's own unit.
 constexpr std::size_t kLongestName = 255;
 constexpr std::size_t kLongestLinuxPath = 4095;  // bytes
 

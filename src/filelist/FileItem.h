@@ -30,7 +30,7 @@ inline constexpr int kColumnCount = 6;
 /// The cell's text as the list shows it.
 [[nodiscard]] std::string ColumnText(const FileItem& item, Column column);
 
-/// "" or "---", blanks around it aside.
+/// True when the title is "" or "---", ignoring blanks around it.
 [[nodiscard]] bool HasNoTitle(const FileItem& item);
 
 }  // namespace quillon

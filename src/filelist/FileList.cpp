@@ -97,7 +97,7 @@ void FileList::Unregister(FileItem& item) {
 }
 
 void FileList::Reserve(std::size_t more) {
-  if (more < rows_.size()) return;  // growing by itself costs less than many small steps would
+  if (more < rows_.size()) return;  // for few rows, the containers' own growth costs less than many small steps
   rows_.reserve(rows_.size() + more);
   locations_.reserve(locations_.size() + more);
 }
@@ -137,7 +137,7 @@ void FileList::SetLocation(int index, std::string location) {
   RowTouched(index);
 }
 
-// What may fail for want of memory comes first: counting a folder that was not there.
+// Counting comes first: it allocates memory for a new folder, and a failure must leave the row unchanged.
 void FileList::Relocate(FileItem& row, std::string location) {
   const auto [first, last] = locations_.equal_range(&row);
   const auto place = std::find(first, last, &row);

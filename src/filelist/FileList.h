@@ -16,7 +16,7 @@
 
 namespace quillon {
 
-/// What a window hears of the list. Indices are 1-based. Called after the change, once per changed row or once for all.
+/// Receives the list's changes. Indices are 1-based. Called after the change, once per changed row or once for all.
 class FileListObserver {
  public:
   virtual ~FileListObserver() = default;
@@ -28,9 +28,9 @@ class FileListObserver {
 /// Which rows a command is for.
 enum class Rows { kAll, kChecked };
 
-/// The list of registered files, the one store that every command works on. Rows have 1-based indices; an index outside
-/// the list is never passed. Whether a file or folder is there, the counts, and the first selected and checked row (but
-/// for the first question after a change above it) cost the same in a list of any length.
+/// The list of registered files, the one store that every command works on. Rows have 1-based indices; callers never
+/// pass an index outside the list. Looking up a file or folder, the counts, and the first selected or checked row cost
+/// the same in a list of any length, except for the first query for such a row after a change above it.
 class FileList {
  public:
   explicit FileList(PathStyle style = SystemPathStyle());
@@ -43,7 +43,7 @@ class FileList {
 
   [[nodiscard]] int Count() const { return static_cast<int>(rows_.size()); }
   [[nodiscard]] int CheckedCount() const { return checkedCount_; }
-  /// How many rows such a command is for, and whether this is one of them.
+  /// The number of rows that a command for `rows` works on, and whether this row is one of them.
   [[nodiscard]] int CountOf(Rows rows) const { return rows == Rows::kAll ? Count() : CheckedCount(); }
   [[nodiscard]] bool IsIn(Rows rows, int index) const { return rows == Rows::kAll || Row(index).checked; }
   [[nodiscard]] int SelectedCount() const { return selectedCount_; }
@@ -62,13 +62,13 @@ class FileList {
   /// True when a row lies directly in this folder (trailing separator included).
   [[nodiscard]] bool ContainsFolder(std::string_view folder) const;
 
-  /// Makes room for this many more rows, so that adding them does not move what is there again and again.
+  /// Reserves memory for this many more rows, so that adding them does not reallocate repeatedly.
   void Reserve(std::size_t more);
   /// Appends a row. Refusing a location that is already there is the caller's decision.
   void Add(FileItem item);
-  /// Puts another file's facts, or the same file's read anew, in the row's place; selection stays.
+  /// Replaces the row's data with another file's, or with the same file's read again; its selection stays.
   void Replace(int index, FileItem item);
-  /// Between these two the observer hears nothing; at the end it hears RowsChanged once.
+  /// The observer is not notified between these calls; the last EndChanges notifies it once with RowsChanged.
   void BeginChanges() { ++quiet_; }
   void EndChanges();
 
@@ -88,9 +88,9 @@ class FileList {
   void RemoveWhere(const std::function<bool(int index, const FileItem&)>& unwanted);
   void Clear();
 
-  /// Sorts once by the column's display texts in this order, ignoring letter case, equal texts in their present order;
-  /// rows added later go to the end. Every call turns the order round, whichever column it names: the first one sorts
-  /// descending.
+  /// Sorts the rows once by the column's display texts in this order, ignoring letter case; equal texts keep their
+  /// order. Rows added later go to the end. Every call reverses the direction, whichever column it names; the first one
+  /// sorts in descending order.
   void Sort(Column column, const Collation& order);
 
   /// The image list key ("ICONKEY" and a number) of a type's small icon: rows of one type share one image. The same
@@ -133,7 +133,7 @@ class FileList {
   PathStyle style_;
   FileListObserver* observer_ = nullptr;
   int quiet_ = 0;
-  // Rows stand on the heap: their addresses are the keys of locations_ and outlive a sort.
+  // Rows are on the heap, so that their addresses, which are the keys of locations_, survive a sort.
   std::vector<std::unique_ptr<FileItem>> rows_;
   // A multiset: a rename may give a row the location of a listed file that is no longer on disk.
   std::unordered_multiset<FileItem*, LocationHash, LocationEqual> locations_;

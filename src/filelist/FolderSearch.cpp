@@ -9,7 +9,7 @@
 namespace quillon {
 namespace {
 
-// Far beyond any real tree; a guard against one that a broken file system makes endless.
+// Far deeper than any real tree; a guard against endless ones on a broken file system.
 constexpr int kDeepest = 1000;
 
 bool IsOneOfTrashFolders(std::string_view component) {
@@ -67,7 +67,7 @@ FoundFiles FolderSearch::Search(const std::string& folder, const std::string& fi
   return std::move(found_);
 }
 
-// False when the whole search is to end.
+// Returns false when the whole search must end.
 bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
   if (!progress_.Continue(found_.paths.size(), 0, folder)) {
     found_.cancelled = true;
@@ -93,7 +93,7 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
       if (subfolders_) below.push_back(std::move(entry));
       continue;
     }
-    // There may be a million: no name is kept beside its path.
+    // There may be a million files, so no name is kept beside its path.
     const std::string name = std::move(entry.name);
     if (MatchesExtensionFilter(name, filter_, style_)) found_.paths.push_back(folder + name);
   }
@@ -102,7 +102,7 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
                      [&](const FolderEntry& entry) { return SearchBelow(folder, entry, depth); });
 }
 
-// True also when the folder is passed over.
+// Returns false when the whole search must end; true also when this folder is skipped.
 bool FolderSearch::SearchBelow(const std::string& folder, const FolderEntry& entry, int depth) {
   if (entry.isLink && !FollowLink(folder, entry)) return true;
   const std::string below = folder + entry.name + PathSeparator(style_);
@@ -116,7 +116,7 @@ bool FolderSearch::SearchBelow(const std::string& folder, const FolderEntry& ent
   return goOn;
 }
 
-// True when the link is to be followed; its folder is then the last of linkedFrom_.
+// Returns true when the link is to be followed; the folder that holds it is then the last of linkedFrom_.
 bool FolderSearch::FollowLink(const std::string& folder, const FolderEntry& link) {
   const std::string target = files_.RealPath(folder + link.name);
   if (target.empty()) return false;

@@ -20,26 +20,26 @@ namespace quillon {
 /// trash folders of the desktop standard and `userTrash` on Linux.
 [[nodiscard]] bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle style);
 
-/// Takes the paths inside a recycle bin out.
+/// Removes the paths inside a recycle bin.
 void LeaveOutRecycleBin(std::vector<std::string>& paths, PathStyle style = SystemPathStyle());
 
 struct FoundFiles {
   std::vector<std::string>
       paths;  ///< folder by folder: a folder's own files, then its subfolders', each sorted by name
   std::vector<PassedOver> passedOver;
-  bool cancelled = false;          ///< by the progress
-  std::optional<FileError> error;  ///< the search ended here
+  bool cancelled = false;          ///< `progress` ended the search
+  std::optional<FileError> error;  ///< the error that ended the search
 };
 
-/// One search through a folder. A link to a folder is followed unless its folder is searched anyway, as part of the
-/// searched folder or of one that an earlier link led to, or the search is inside of it.
+/// Searches a folder. A link to a folder is followed, unless its target is searched anyway (inside the searched folder,
+/// or inside the target of an earlier link) or contains the folder that the search is in.
 class FolderSearch {
  public:
-  /// `progress` hears of each folder, with the number of files found so far, and is asked at each entry.
+  /// `progress` gets each folder with the number of files found so far, and is asked at each entry whether to go on.
   FolderSearch(FileReads& files, Progress& progress, PathStyle style = SystemPathStyle());
 
-  /// Searches `folder` for files that pass the filter list. A folder below it that cannot be read, or
-  /// lies more than a thousand folders down, is passed over.
+  /// Searches `folder` for files that pass the filter list. A folder below it that cannot be read, or lies more than a
+  /// thousand folders down, is skipped and listed in `passedOver`.
   [[nodiscard]] FoundFiles Search(const std::string& folder, const std::string& filter, bool subfolders);
 
  private:
@@ -56,7 +56,7 @@ class FolderSearch {
   FoundFiles found_;
   std::string root_;
   std::vector<std::string> searched_;    // real folders that are searched whole; empty until the first link
-  std::vector<std::string> linkedFrom_;  // the real folders that the search went out of by links
+  std::vector<std::string> linkedFrom_;  // the real folders of the links being followed
 };
 
 }  // namespace quillon

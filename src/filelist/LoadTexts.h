@@ -5,7 +5,7 @@
 
 #include "platform/FileSystem.h"
 
-/// What a load is told with. Lines end with "\r\n".
+/// The messages of a load. Lines end with "\r\n".
 namespace quillon {
 
 inline constexpr const char* kLoadCaption = "フォルダ参照";
@@ -14,7 +14,7 @@ inline constexpr const char* kNothingFoundText = "指定されたフォルダ内
 [[nodiscard]] std::string FolderListedText(const std::string& folder);
 [[nodiscard]] std::string FilesListedText(std::size_t count);
 
-/// An error that has ended a load.
+/// The message for an error that ended a load.
 [[nodiscard]] std::string LoadFailureText(const FileError& error);
 
 }  // namespace quillon

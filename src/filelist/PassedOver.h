@@ -4,11 +4,11 @@
 
 namespace quillon {
 
-/// Why a load goes on without a path.
+/// Why a load skips a path.
 enum class Obstacle {
-  kNoAccess,  ///< a folder that cannot be read, or a file that may not be looked at
-  kTooDeep,   ///< a folder further down than a search goes
-  kGone,      ///< a file that was found and is no longer there
+  kNoAccess,  ///< a folder that cannot be read, or a file that cannot be accessed
+  kTooDeep,   ///< a folder below the search's largest depth
+  kGone,      ///< a file that has vanished since it was found
 };
 
 struct PassedOver {

@@ -4,18 +4,18 @@
 
 namespace quillon {
 
-/// What the status bar tells of the player.
+/// The player's state as the status bar shows it.
 enum class PlayerState {
-  kIdle,  ///< waits, and names no file
+  kIdle,  ///< waiting; no file is named
   kLoading,
   kPlaying,
   kPaused,
   kStopped,
   kCannotPlay,
-  kCutShort,  ///< the file stopped playing somewhere
+  kCutShort,  ///< the file stopped playing before its end
 };
 
-/// As the user reads it: what the player does, and the name of the file.
+/// The text for the user: what the player does, and the file's name.
 [[nodiscard]] std::string PlayerText(PlayerState state, const std::string& file);
 
 }  // namespace quillon

@@ -11,7 +11,7 @@
 namespace quillon {
 namespace {
 
-// Why a load goes on without the file; nullopt for an error that is not the file's own.
+// Why a load skips the file; nullopt for an error that does not concern the file only.
 std::optional<Obstacle> ObstacleOf(const FileError& error) {
   switch (error.number) {
     case file_error::kAccess: return Obstacle::kNoAccess;
@@ -41,7 +41,7 @@ Result<FileItem, FileError> ReadRow(FileReads& files, const std::string& path, P
   return row;
 }
 
-/// What the list and the options add to a row that was read.
+/// Adds the type's icon number and the options' check mark to a row.
 FileItem Listed(FileItem row, FileList& list, const RegisterOptions& options) {
   row.iconNumber = list.IconNumber(row.type.Text());
   row.checked = options.checked;

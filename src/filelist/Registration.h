@@ -17,22 +17,22 @@ enum class OnError { kEnd, kPassOver };
 
 struct RegisterOptions {
   bool checked = true;  ///< the new rows' check marks
-  /// What becomes of an error that is no obstacle of a file's own, such as a volume that has gone.
+  /// What happens after an error that does not concern the file only, such as a volume that has gone.
   OnError onError = OnError::kEnd;
 };
 
 struct Registered {
   std::size_t duplicates = 0;  ///< files that are listed already
   std::vector<PassedOver> passedOver;
-  std::optional<FileError> error;  ///< the registration ended here; rows that were added before stay
+  std::optional<FileError> error;  ///< the error that ended the registration; rows that were added before stay
 };
 
-/// Adds a row for each of these full paths, in their order. `progress` is asked after each one.
+/// Adds a row for each of these full paths, in their order. `progress` is asked after each one whether to go on.
 Registered RegisterFiles(FileList& list, FileReads& files, std::vector<std::string> paths,
                          const RegisterOptions& options, Progress& progress, PathStyle style = SystemPathStyle());
 
-/// Reads every listed file anew: edited rename names are lost, rows of files that are gone leave, rows whose files
-/// cannot be looked at just now stay as they are.
+/// Reads every listed file again. Edited rename names are lost; rows whose files no longer exist are removed; rows
+/// whose files cannot be checked at the moment stay unchanged.
 void ReadRowsAnew(FileList& list, FileReads& files, const RegisterOptions& options, Progress& progress,
                   PathStyle style = SystemPathStyle());
 

@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-/// The panel that the player and the selected row share. It names the selected row only where the player has nothing to
-/// say: while it waits, has stopped, or the panel names a row already.
+/// The panel that the player and the selected row share. It names the selected row only while the player is not
+/// loading, playing or paused.
 class SelectionStatus final : public PlayerStatus {
  public:
   explicit SelectionStatus(StatusPanels& panels) : panels_(panels) {}
@@ -18,7 +18,7 @@ class SelectionStatus final : public PlayerStatus {
   /// "選択： " and the name, or the shortened path, of the selected row's file.
   void ShowSelection(const std::string& name);
 
-  /// A text that stands there only while something goes on; the one before it comes back.
+  /// Shows a temporary text; ShowAgain restores the one before it.
   void ShowForNow(const std::string& text) { panels_.SetPlayerText(text); }
   void ShowAgain() { panels_.SetPlayerText(text_); }
 

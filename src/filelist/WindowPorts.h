@@ -5,8 +5,8 @@
 
 #include "filelist/PlayerState.h"
 
-/// The parts of the main window that commands on the list change. Each is small, so that a test records just what it
-/// asks about. All texts are complete and UTF-8.
+/// The parts of the main window that commands on the list change. Each is small, so that a test records only what it
+/// checks. All texts are complete and UTF-8.
 namespace quillon {
 
 class StatusPanels {
@@ -20,7 +20,7 @@ class StatusPanels {
 class PlayerStatus {
  public:
   virtual ~PlayerStatus() = default;
-  /// `file` is the name of the file that it is about; empty for kIdle.
+  /// `file` is the name of the file concerned; empty for kIdle.
   virtual void ShowPlayer(PlayerState state, const std::string& file) = 0;
 
   void ShowPlayerIdle() { ShowPlayer(PlayerState::kIdle, {}); }
@@ -32,9 +32,9 @@ class FilePanel {
   virtual ~FilePanel() = default;
   /// No row is shown: the rename box is emptied and disabled, the boxes show their empty state.
   virtual void Reset() = 0;
-  /// Shows the facts of this row, read anew from its file.
+  /// Shows this row's information, read again from its file.
   virtual void ShowRow(int index) = 0;
-  /// Only the file name box: the shown row's file has another path now.
+  /// Updates the file name box only, when the shown row's file has a new path.
   virtual void ShowFileName(const std::string& path) = 0;
 };
 
@@ -46,21 +46,21 @@ class WindowState {
   virtual void SetPointer(Pointer pointer) = 0;
   virtual void SetEnabled(bool enabled) = 0;
   virtual void FocusList() = 0;
-  /// Brings the row into view; the keyboard goes on from there.
+  /// Scrolls the row into view and makes it the keyboard's current row.
   virtual void ScrollToRow(int index) = 0;
 };
 
-/// What the list's commands need of the player. A program without a player uses this class as it is.
+/// What the list's commands need of the player. These functions do nothing, for programs without a player.
 class PlayerControl {
  public:
   virtual ~PlayerControl() = default;
-  /// Stops and closes this file if it is the one that is loaded; the player then waits.
+  /// Stops and closes this file if it is the one that is loaded; the player is idle then.
   virtual void ReleaseFile(const std::string& /*path*/) {}
   /// Stops whatever plays.
   virtual void Stop() {}
-  /// The file that playing starts with from now on; empty for none.
+  /// Sets the file that playing starts with; empty for none.
   virtual void Choose(const std::string& /*path*/) {}
-  /// The file has another path now: when it was chosen, it stays so.
+  /// The file has a new path; a chosen file stays chosen.
   virtual void FileMoved(const std::string& /*from*/, const std::string& /*to*/) {}
   /// The file has left the list: it is released, and no longer chosen.
   virtual void FileRemoved(const std::string& /*path*/) {}
@@ -70,7 +70,7 @@ class PlayerControl {
 class PlayTimes {
  public:
   virtual ~PlayTimes() = default;
-  /// Of the file that playing would start with; milliseconds, 0 when it cannot be played.
+  /// The length of the file that playing would start with, in milliseconds; 0 when it cannot be played.
   [[nodiscard]] virtual std::int32_t LengthOfChosenFile() = 0;
 };
 
@@ -79,11 +79,11 @@ class ProgressDisplay {
  public:
   virtual ~ProgressDisplay() = default;
   virtual void Begin(const std::string& headline, const std::string& line) = 0;
-  /// How much is done, and the text that says so. `path` is the item just done, empty where it is not shown; the window
-  /// shortens it to fit.
+  /// Shows the percentage done, and a text that describes it. `path` is the item just done, empty when it is not shown;
+  /// the window shortens it to fit.
   virtual void Update(int percent, const std::string& text, const std::string& path) = 0;
   virtual void End() = 0;
-  /// True once the user has asked, since Begin, for the end of the loop. Never where nothing offers that.
+  /// True once the user has asked, since Begin, to cancel the loop. Always false for a display without such a button.
   [[nodiscard]] virtual bool Cancelled() const { return false; }
 };
 
@@ -100,8 +100,8 @@ class SearchDisplay {
 class FolderDialog {
  public:
   virtual ~FolderDialog() = default;
-  /// The chosen folder, or an empty string when the dialog was cancelled. `confirm` is what its confirming button says;
-  /// empty: the system's usual word.
+  /// The chosen folder, or an empty string when the dialog was cancelled. `confirm` is the label of its confirming
+  /// button; empty: the system's usual label.
   virtual std::string Choose(const std::string& prompt, const std::string& start, const std::string& confirm) = 0;
 };
 

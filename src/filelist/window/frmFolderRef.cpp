@@ -11,7 +11,7 @@
 namespace quillon {
 namespace {
 
-constexpr int kShowAfterMs = 50;  // a quick search never flashes the window
+constexpr int kShowAfterMs = 50;  // a quick search does not show the window
 constexpr int kWidth = 440;
 constexpr int kGap = 12;
 
@@ -39,7 +39,7 @@ frmFolderRef::frmFolderRef(wxWindow* parent, std::function<void()> cancel)
   SetEscapeId(wxID_CANCEL);
   cmdCancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { cancel_(); });
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { cancel_(); });
-  // GTK takes a window for shown again that was hidden before the window system had it on the screen.
+  // GTK shows a window again that was hidden before the window system had put it on the screen.
   Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
     event.Skip();
     if (event.IsShown() && !searching_) Hide();

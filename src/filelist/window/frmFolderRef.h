@@ -11,11 +11,11 @@
 
 namespace quillon {
 
-/// The progress window of a folder search, with its button to end it. It appears only when the search lasts. One window
-/// serves every search of its parent, which deletes it.
+/// The progress window of a folder search, with a button to cancel it. It appears only when the search takes long. One
+/// window serves every search of its parent, which deletes it.
 class frmFolderRef final : public wxDialog, public SearchDisplay {
  public:
-  /// `cancel` ends the running search.
+  /// `cancel` cancels the running search.
   frmFolderRef(wxWindow* parent, std::function<void()> cancel);
 
   void Begin(const std::string& status, const std::string& target) override;

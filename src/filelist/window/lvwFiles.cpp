@@ -24,7 +24,7 @@ wxString OnOneLine(wxString text) {
   return text;
 }
 
-/// What stands in one of two rising sequences only.
+/// The numbers that only one of two ascending sequences contains.
 std::vector<int> Difference(const std::vector<int>& left, const std::vector<int>& right) {
   std::vector<int> difference;
   std::set_symmetric_difference(left.begin(), left.end(), right.begin(), right.end(), std::back_inserter(difference));
@@ -33,7 +33,7 @@ std::vector<int> Difference(const std::vector<int>& left, const std::vector<int>
 
 }  // namespace
 
-/// Takes file names only. What is dropped is handled when the drag is over, since the program it came from waits.
+/// Accepts file names only. They are handled when the drag is over, because the program that they come from waits.
 class lvwFilesBase::DropTarget : public wxFileDropTarget {
  public:
   explicit DropTarget(lvwFilesBase& owner) : owner_(owner) {}
@@ -132,7 +132,7 @@ void lvwFilesBase::TakeSelection(std::vector<int> native) {
     PutSelection(shown_);
     announcing_ = true;
   } else {
-    // The user may not select, or selected among rows that stand elsewhere by now: the FileList's selection stays.
+    // Input is disabled, or rows have moved since the user selected them: the FileList's selection stays.
     pending_.many = true;
     ShowSoon();
   }
@@ -161,7 +161,7 @@ void lvwFilesBase::Announce() {
 
 bool lvwFilesBase::UseKey(wxKeyEvent& event) {
   if (IsEditing()) return false;
-  if (!inputEnabled_) return !event.AltDown();  // the window's own keys go on
+  if (!inputEnabled_) return !event.AltDown();  // the window's own keys go on to it
   SyncSelection();
   Announce();
   const int key = event.GetKeyCode();
@@ -225,7 +225,7 @@ void lvwFilesBase::ClickHeader(int column) const {
 void lvwFilesBase::WantMenu(wxPoint screen) {
   if (!inputEnabled_) return;
   SyncSelection();
-  TakeClick(list_.SelectedIndex());  // the menu is about that row, however it was asked for
+  TakeClick(list_.SelectedIndex());  // the menu is for that row, however it was opened
   Announce();
   if (handlers_.menuWanted) handlers_.menuWanted(screen);
 }
@@ -233,7 +233,7 @@ void lvwFilesBase::WantMenu(wxPoint screen) {
 void lvwFilesBase::EndEdit(const wxString& text) {
   const int index = std::exchange(editedRow_, 0);
   if (!inputEnabled_ || !IsRow(index) || !handlers_.renamed) return;
-  // A name that was left as it showed stays as it is, with what a cell cannot show.
+  // An unchanged text keeps the row's name, including characters that a cell cannot show.
   const bool same = text == CellText(index, Column::kRenameName);
   const std::string name = same ? list_.Row(index).renameName : FromWx(text);
   window_->CallAfter([this, index, name] {

@@ -10,12 +10,12 @@
 
 namespace quillon {
 
-/// The list of files on the screen: rows with check box, small icon and six columns, which it asks the FileList for as
-/// it shows them. Two faces: the system's virtual list view on Windows, a tree view with a virtual model on GTK, since
-/// those are the ones that assistive technology can read. Row indices are 1-based, as in FileList.
+/// The list of files on the screen: rows with check box, small icon and six columns, which it reads from the FileList
+/// when it shows them. There are two implementations: the system's virtual list view on Windows, a tree view with a
+/// virtual model on GTK, because assistive technology can read these. Row indices are 1-based, as in FileList.
 ///
-/// What the user selects and checks stands in the FileList before a handler is called; what logic selects or changes
-/// there shows after the messages that are pending then. Handlers are never called for what logic does.
+/// What the user selects and checks is in the FileList before a handler is called. What logic selects or changes there
+/// is shown after the messages pending at that time. Handlers are never called for changes by logic.
 class lvwFiles : public FileListObserver {
  public:
   struct Handlers {
@@ -30,18 +30,18 @@ class lvwFiles : public FileListObserver {
   };
 
   /// The window is a child of `parent`, which deletes it; the returned object must live as long. The caller registers
-  /// it, or an observer that passes on what it hears, with `list`.
+  /// it with `list`, directly or through an observer that passes the changes on.
   [[nodiscard]] static std::unique_ptr<lvwFiles> Make(wxWindow& parent, FileList& list, Handlers handlers);
 
   [[nodiscard]] virtual wxWindow& Window() = 0;
 
-  /// Of the six columns of FileItem.h, in pixels of the window.
+  /// The width of one of FileItem.h's six columns, in pixels of the window.
   [[nodiscard]] virtual int ColumnWidth(Column column) const = 0;
   virtual void SetColumnWidth(Column column, int pixels) = 0;
-  /// The width with which the whole heading can be read; 0 where the system shortens headings by a rule of its own.
+  /// The width that shows the whole heading; 0 where the system itself shortens headings.
   [[nodiscard]] virtual int HeadingWidth(Column column) const = 0;
 
-  /// Scrolls the row into view and makes it the one that the keyboard goes on from; the selection stays.
+  /// Scrolls the row into view and makes it the keyboard's current row; the selection stays.
   virtual void ShowRow(int index) = 0;
 
   /// Starts editing the row's rename name in place; ends with `renamed`, or with nothing when it is cancelled.

@@ -11,8 +11,8 @@
 
 namespace quillon {
 
-/// What the two faces of the list share: changes of rows are gathered and shown in one go, what the user selects goes
-/// into the FileList, keys mean the same. All row indices are 1-based.
+/// The code that both implementations of the list share: it collects row changes and shows them together, copies the
+/// user's selection into the FileList, and handles keys. All row indices are 1-based.
 class lvwFilesBase : public lvwFiles {
  public:
   void RowChanged(int index) final;
@@ -21,27 +21,27 @@ class lvwFilesBase : public lvwFiles {
   [[nodiscard]] bool IsEditing() const final { return editedRow_ != 0; }
 
  protected:
-  /// Up to so many changed rows are told apart; beyond that all that show are looked at again.
+  /// Up to this number, changed rows are refreshed one by one; beyond it, all visible rows are refreshed at once.
   static constexpr std::size_t kFewRows = 64;
   static constexpr int kIconSize = 16;  // in DIP
 
   struct Changes {
-    bool moved = false;     ///< rows came, went or stand elsewhere
-    bool many = false;      ///< more rows changed than are told apart
-    std::vector<int> rows;  ///< else these
+    bool moved = false;     ///< rows were added, removed or reordered
+    bool many = false;      ///< more than kFewRows rows changed
+    std::vector<int> rows;  ///< otherwise the changed rows
   };
 
   lvwFilesBase(FileList& list, Handlers handlers);
 
-  /// Until another one is set, in DIP.
+  /// The column's initial width, in DIP.
   [[nodiscard]] static int FirstWidth(Column column);
 
-  /// For the end of the derived constructor: `window` is complete, what the list holds shows soon.
+  /// Call it at the end of the derived constructor, when `window` is complete. The list's rows are shown soon.
   void Start(wxWindow& window);
-  /// Stops listening to the window, and deletes it if its parent has not; for the derived destructor.
+  /// Call it in the derived destructor. Deletes the window if its parent has not.
   void Stop();
 
-  // What a face does for itself; while IsShowing, its native events mean nothing.
+  // Implemented for each system. While IsShowing, native events are ignored.
   /// Shows the rows of the FileList. False when the control's selection is another one now.
   virtual bool ShowRows(const Changes& changes) = 0;
   /// The rows that the control shows as selected, in rising order.
@@ -52,21 +52,21 @@ class lvwFilesBase : public lvwFiles {
   /// 0 for none.
   [[nodiscard]] virtual int FocusedRow() const = 0;
 
-  /// Shows now what has not been shown yet.
+  /// Shows pending changes at once.
   void ShowPending();
-  /// When the user may have selected something: the FileList's selection becomes the control's.
+  /// Copies the control's selection to the FileList. Call it when the user may have selected something.
   void TakeSelection() { TakeSelection(NativeSelection()); }
   void TakeSelection(std::vector<int> native);
   /// Picks up selection changes that raised no event yet. Does nothing where every change raises an event at once.
   virtual void SyncSelection() {}
-  /// The user has clicked this row. Its selection may have been the same before, and is told all the same: what follows
-  /// the clicked row, the player above all, may have gone on to another one.
+  /// Call it when the user has clicked this row. `selectionChanged` is then due even when the selection is the same,
+  /// because what follows the clicked row, such as the player, may have moved on to another one.
   void TakeClick(int index);
-  /// Calls `selectionChanged` if it is due; AnnounceSoon does after the pending messages.
+  /// Calls `selectionChanged` if it is due; AnnounceSoon does so after the pending messages.
   void Announce();
   void AnnounceSoon();
 
-  /// Whether the key is used up.
+  /// Returns true when the key was used.
   bool UseKey(wxKeyEvent& event);
   void Activate(int index);
   void ClickHeader(int column) const;
@@ -75,7 +75,7 @@ class lvwFilesBase : public lvwFiles {
 
   void BeginEdit(int index) { editedRow_ = index; }
   void CancelEdit() { editedRow_ = 0; }
-  /// The edit ended with this text; tells `renamed` when the native callback is over.
+  /// Call it when the edit ended with this text. Calls `renamed` after the native callback.
   void EndEdit(const wxString& text);
 
   [[nodiscard]] bool IsRow(int index) const { return index >= 1 && index <= list_.Count(); }
@@ -100,10 +100,10 @@ class lvwFilesBase : public lvwFiles {
   Handlers handlers_;
   wxWeakRef<wxWindow> window_;
   Changes pending_;
-  std::vector<int> shown_;  // what the control showed as selected when it was last asked or told
+  std::vector<int> shown_;  // the rows that the control had selected when they were last read or set
   bool scheduled_ = false;
-  bool showing_ = false;  // the control is being changed, not by the user
-  bool taking_ = false;   // the FileList takes over what the control shows already
+  bool showing_ = false;  // the program, not the user, is changing the control
+  bool taking_ = false;   // the control's selection is being copied to the FileList
   bool announcing_ = false;
   bool inputEnabled_ = true;
   int editedRow_ = 0;

@@ -2,7 +2,7 @@
 
 #include <wx/dataview.h>
 
-/// What GTK's face of the list is made of: a tree view over a model that knows no more than how many rows there are.
+/// The parts of GTK's list: a tree view over a model that only knows the number of rows.
 namespace quillon {
 
 /// The view's columns: the check box, the icon, then the six of FileItem.h.
@@ -10,7 +10,7 @@ inline constexpr unsigned kCheckColumn = 0;
 inline constexpr unsigned kIconColumn = 1;
 inline constexpr unsigned kFirstTextColumn = 2;
 
-/// Where the tree view's model has its cells from. Rows are 1-based.
+/// Provides the cells of the tree view's model. Rows are 1-based.
 class CellSource {
  public:
   virtual ~CellSource() = default;
@@ -26,7 +26,7 @@ class RowModel : public wxDataViewVirtualListModel {
     source_.GetCell(value, static_cast<int>(row) + 1, column);
   }
 
-  // The view asks for this after a click on the check box only: an edited name is taken before.
+  // The view only calls this after a click on the check box; an edited name is handled before.
   bool SetValueByRow(const wxVariant& value, unsigned row, unsigned column) override {
     if (column == kCheckColumn) source_.CheckClicked(static_cast<int>(row) + 1, value.GetBool());
     return false;
@@ -36,7 +36,7 @@ class RowModel : public wxDataViewVirtualListModel {
   CellSource& source_;
 };
 
-/// A tree view that ends an edit before it goes: the editor would else tell a renderer that is no more.
+/// A tree view that ends an edit before it is destroyed, because otherwise the editor would call a deleted renderer.
 class RowView : public wxDataViewCtrl {
  public:
   explicit RowView(wxWindow& parent)
@@ -45,7 +45,7 @@ class RowView : public wxDataViewCtrl {
   RowView(const RowView&) = delete;
   RowView& operator=(const RowView&) = delete;
 
-  /// Cancels it, if one goes on: setting the cursor does.
+  /// Cancels a running edit: setting the cursor does that.
   void StopEditing() {
     const wxDataViewItem item = GetCurrentItem();
     if (item.IsOk()) SetCurrentItem(item);

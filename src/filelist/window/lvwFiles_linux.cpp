@@ -67,8 +67,8 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   std::optional<CellEditor> editor_;  // of nameRenderer_
   std::array<int, kColumnCount> widths_{};
   std::unordered_map<std::uint32_t, wxVariant> icons_;
-  // The rows that were painted or read aloud since they last changed: nobody knows more of the others than that they
-  // are there.
+  // The rows that were painted or read aloud since they last changed. The others need no refresh, because the view has
+  // not asked for their contents.
   std::unordered_set<int> asked_;
 };
 
@@ -93,7 +93,7 @@ void GtkFileList::AddColumns() {
     const auto column = static_cast<Column>(i);
     const bool isName = column == Column::kRenameName;
     const bool isNumber = column == Column::kSize;
-    // Only a renderer that was made editable can be edited; it is, while EditLabel asks for it.
+    // Only a renderer that was created editable can be edited. It is inert except while EditLabel uses it.
     auto* text = new wxDataViewTextRenderer("string", isName ? wxDATAVIEW_CELL_EDITABLE : wxDATAVIEW_CELL_INERT,
                                             isNumber ? kRight : kLeft);
     text->SetMode(wxDATAVIEW_CELL_INERT);
@@ -111,7 +111,7 @@ void GtkFileList::BindRows() {
   view_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](const wxDataViewEvent& event) {
     if (IsShowing()) return;
     if (event.GetItem().IsOk()) {
-      TakeSelection({RowOf(event.GetItem())});  // the only one
+      TakeSelection({RowOf(event.GetItem())});  // the only selected row
     } else {
       TakeSelection();
     }
@@ -141,13 +141,13 @@ void GtkFileList::BindEditing() {
     nameRenderer_->SetMode(wxDATAVIEW_CELL_INERT);
     const std::optional<std::string> left = event.IsEditCancelled() ? editor_->TypedText() : std::nullopt;
     if (left) {
-      EndEdit(ToWx(*left));  // by a click elsewhere, which keeps what was typed
+      EndEdit(ToWx(*left));  // the edit was ended by a click elsewhere, which keeps the typed text
     } else if (event.IsEditCancelled()) {
       CancelEdit();
     } else {
       EndEdit(event.GetValue().GetString());
     }
-    event.Veto();  // the row's name is changed by whoever hears of it
+    event.Veto();  // the `renamed` handler changes the row's name
   });
 }
 
@@ -182,7 +182,7 @@ void GtkFileList::OnKeyDown(wxKeyEvent& event) {
 }
 
 void GtkFileList::OnMenuKey(wxContextMenuEvent& event) {
-  if (event.GetPosition() != wxDefaultPosition) {  // a click: it comes again as the view's own event, with the row
+  if (event.GetPosition() != wxDefaultPosition) {  // a click: the view sends its own event, with the row
     event.StopPropagation();
     event.Skip();
     return;
@@ -197,7 +197,7 @@ int GtkFileList::ColumnWidth(Column column) const {
   const int shown = ViewColumn(column)->GetWidth();
   if (shown <= 0) return set;  // not on the screen yet
   if (column != Column::kLocation || shown <= set) return shown;
-  // GTK gives the last column what the others leave of the window.
+  // GTK gives the last column the remaining width of the window.
   int all = 0;
   for (unsigned i = 0; i < view_->GetColumnCount(); ++i) all += view_->GetColumn(i)->GetWidth();
   return all <= view_->GetClientSize().x ? set : shown;
@@ -248,8 +248,8 @@ bool GtkFileList::ShowRows(const Changes& changes) {
   return kept;
 }
 
-/// Rows at the end come and go one by one where they are few, since a reset loses the place in the list and costs about
-/// a tenth of that for every row that stays.
+/// Adds or removes a few rows at the end one by one. A reset loses the place in the list, and costs about a tenth of
+/// such a step for every row that stays.
 bool GtkFileList::AdaptCount() {
   const int count = List().Count();
   const int shown = static_cast<int>(model_->GetCount());

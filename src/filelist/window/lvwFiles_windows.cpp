@@ -11,7 +11,7 @@
 namespace quillon {
 namespace {
 
-/// Where the list view has its cells from. Rows are 1-based.
+/// Provides the list view's cells. Rows are 1-based.
 class CellSource {
  public:
   virtual ~CellSource() = default;
@@ -79,7 +79,7 @@ class WindowsFileList : public lvwFilesBase, private CellSource {
   void TakeSoon();
 
   RowView* view_;
-  wxImageList* images_ = nullptr;  // the view's own
+  wxImageList* images_ = nullptr;  // owned by the view
   std::unordered_map<std::uint32_t, int> icons_;
   bool takingSoon_ = false;
 };
@@ -138,7 +138,7 @@ void WindowsFileList::OnActivated(wxListEvent& event) {
   int part = 0;
   view_->HitTest(view_->ScreenToClient(wxGetMousePosition()), part);
   if ((part & wxLIST_HITTEST_ONITEMSTATEICON) != 0 && (part & wxLIST_HITTEST_ONITEMLABEL) == 0) {
-    SetChecked(index, !GetCheck(index));  // two quick clicks on the check box are two clicks
+    SetChecked(index, !GetCheck(index));  // a double click on the check box counts as two clicks
   } else {
     Activate(index);
   }
@@ -159,11 +159,12 @@ void WindowsFileList::BindEditing() {
     } else {
       EndEdit(event.GetLabel());
     }
-    event.Veto();  // the row's name is changed by whoever hears of it
+    event.Veto();  // the `renamed` handler changes the row's name
   });
 }
 
-// Not every native change of a selection becomes an event (a range does not), so whatever may have changed it counts.
+// Some native selection changes raise no event (a range does not), so the selection is read after every event that may
+// have changed it.
 void WindowsFileList::BindSelection() {
   const auto onList = [this](wxListEvent& event) {
     TakeSoon();
