@@ -14,8 +14,8 @@ std::size_t CommonLength(std::string_view left, std::string_view right) {
 }  // namespace
 
 std::optional<LinearGrowth> LinearGrowth::Of(std::string_view first, std::string_view second, std::string_view third) {
-  // At the first place, the names are "fx", "frx" and "frrx": what the second and the third have in common is longer by
-  // "r" than what the first and the second have.
+  // At the first place, the names are "fx", "frx" and "frrx": the common prefix of the second and the third is longer
+  // by "r" than that of the first and the second.
   LinearGrowth growth;
   for (;;) {
     const std::size_t fixed = CommonLength(first, second);

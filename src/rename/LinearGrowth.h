@@ -8,15 +8,14 @@
 
 namespace quillon {
 
-/// A name that becomes longer by the same texts at the same places with every application of a rule: "a-1", "a0-01",
-/// "a00-001".
+/// A name to which every application of a rule adds the same texts at the same places: "a-1", "a0-01", "a00-001".
 class LinearGrowth {
  public:
-  /// The growth that three names in a row show; nullopt when they show another one, or none.
+  /// Finds the growth in three consecutive names; nullopt when they do not grow in this way.
   [[nodiscard]] static std::optional<LinearGrowth> Of(std::string_view first, std::string_view second,
                                                       std::string_view third);
 
-  /// The name so many applications after the first.
+  /// The name after this many applications, counted from the first name.
   [[nodiscard]] std::string NameAfter(std::size_t applications) const;
 
  private:

@@ -7,7 +7,7 @@
 #include "base/Ports.h"
 #include "settings/OptionValues.h"
 
-/// What the dialog of the modification rules shows and edits, as plain data: OptionValues::Modify.
+/// The logic of the modification rules' dialog, on plain data: OptionValues::Modify.
 namespace quillon {
 
 enum class ModifyBox { kFind, kReplacement };
@@ -22,24 +22,24 @@ struct ModifyRefusal {
   bool operator==(const ModifyRefusal&) const = default;
 };
 
-/// Nullopt when the form may be stored. A rule that is checked must have a text to find; this is asked of all rules
-/// first. No rule, checked or not, may have a replacement that file names cannot hold.
+/// Returns nullopt when the form may be stored. A rule that is checked must have a text to find; all rules are checked
+/// for this first. No rule, checked or not, may have a replacement that file names cannot hold.
 [[nodiscard]] std::optional<ModifyRefusal> CheckModifyForm(const OptionValues::Modify& form);
 
-/// What of the dialog can be used.
+/// Which parts of the dialog are enabled.
 struct ModifyEnabling {
   bool invalidReplacement = false;                     ///< the replacement of invalid characters
   std::array<bool, kReplaceRuleCount> ruleTexts = {};  ///< both text boxes of each rule
-  bool regularExpressions = false;                     ///< the choice to search by them
+  bool regularExpressions = false;                     ///< the option to search by them
   bool operator==(const ModifyEnabling&) const = default;
 };
 
 [[nodiscard]] ModifyEnabling EnabledBoxes(const OptionValues::Modify& form, bool regexAvailable);
 
-/// The form as the dialog shows it: without the library for regular expressions the search is a plain one.
+/// The form as the dialog shows it: a plain search when the regular-expression library is missing.
 [[nodiscard]] OptionValues::Modify ShownForm(const OptionValues::Modify& stored, bool regexAvailable);
 
-/// What OK stores. A choice of search that the user did not have stays as it is in `stored`.
+/// The form that OK stores. Without the library the user could not choose the search, so the one in `stored` stays.
 [[nodiscard]] OptionValues::Modify StoredForm(const OptionValues::Modify& shown, const OptionValues::Modify& stored,
                                               bool regexAvailable);
 

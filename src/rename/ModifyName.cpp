@@ -16,7 +16,7 @@
 namespace quillon {
 namespace {
 
-/// Remembers that the run is to end, and asks no more then.
+/// Remembers that the run must end, and does not ask again.
 class RememberedEnd final : public Progress {
  public:
   explicit RememberedEnd(Progress& progress) : progress_(progress) {}
@@ -36,14 +36,14 @@ class RememberedEnd final : public Progress {
   bool ended_ = false;
 };
 
-/// Nullopt when the replacement would never get rid of the invalid characters, or makes the name too long.
+/// Returns nullopt when the replacement contains invalid characters itself, or makes the name too long.
 std::optional<std::string> ReplaceInvalidCharacters(std::string name, const std::string& replacement,
                                                     Progress& progress) {
   for (;;) {
     const int position = InvalidCharacterPosition(name);
     if (position == 0) return name;
     if (InvalidCharacterPosition(replacement) != 0) return std::nullopt;
-    (void)progress.Continue();  // a cancelled run is seen below
+    (void)progress.Continue();  // ModifyName checks whether the run was cancelled
     const std::string invalid(1, name[ByteOffset(name, static_cast<std::size_t>(position) - 1)]);
     std::string next = ReplaceText(name, invalid, replacement, 1, kAllOccurrences, CompareMode::kBinary);
     if (GrewPastEveryName(name, next)) return std::nullopt;
@@ -60,8 +60,8 @@ std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode c
     growth.Watch(name);
     repeated.shortcut = [&](const std::string& text, std::size_t remaining) { return growth.After(text, remaining); };
   }
-  // Where the replacement holds the find text, no application leaves fewer finds than it found: it grows for ever.
-  // Other rules can grow a name for long and then stop, and plain ones are quick enough to see for themselves.
+  // When the replacement contains the find text, every application leaves at least as many finds, so the name grows for
+  // ever. Other rules can grow a name for long and then stop; plain ones are fast enough to run until then.
   const bool findsItself = !FindOccurrences(rule.replacement, rule.find, compareMode, Overlapping::kNo).empty();
   if (!findsItself) repeated.steadyApplications = RepeatedRule::kNeverSure;
   return ApplyRepeatedly(repeated, std::move(name), times, progress);
@@ -90,7 +90,7 @@ std::optional<std::string> ApplyRule(const ReplaceRule& rule, const OptionValues
   const auto replace = [&](const std::string& text) {
     return RegexReplace(text, rule.find, rule.replacement, ignoreCase ? "gik" : "gk", regex).value_or(text);
   };
-  // Which letters a pattern takes for the same is the engine's own matter.
+  // Not when ignoring letter case: only the engine knows which letters it treats as the same.
   if (!ignoreCase && IsPlainRegexRule(rule.find, rule.replacement)) {
     return ApplyPlainRule(rule, compareMode, replace, std::move(name), times, progress);
   }

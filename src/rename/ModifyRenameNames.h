@@ -9,8 +9,8 @@
 namespace quillon {
 
 /// Passes the rename names of several rows through the modification rules. With `apply`, which may be empty, each row
-/// is applied at once and the first failure ends the run, that row's rename name as it was. A run that `progress` ends,
-/// also within a row that takes long, leaves the rows done so far edited and the others as they were.
+/// is applied at once; the first failure ends the run and restores that row's rename name. When `progress` ends a run,
+/// also within a row that takes long, the rows done so far stay edited and the others are unchanged.
 RunOutcome ModifyRenameNames(FileList& list, Rows rows, const OptionValues::Modify& rules, RegexEngine& regex,
                              const ApplyRow& apply, Progress& progress);
 

@@ -13,14 +13,14 @@ Result<bool, FileError> PlannedChanges::Exists(const std::string& path) {
   return status->kind != FileStatus::Kind::kAbsent && !freed_.contains(identity);
 }
 
-// One entry under two spellings, in contrast to two links to one file, which their folder lists both.
+// True for one entry under two spellings; false for two links to one file, because their folder lists both.
 bool PlannedChanges::IsOneEntry(const std::string& left, const std::string& right) {
   if (!EqualIgnoringCase(left, right) || !files_.SameFile(left, right)) return false;
   ListFolder(std::string(FolderPart(left)));
   return !listed_.contains(std::string(FileName(left))) || !listed_.contains(std::string(FileName(right)));
 }
 
-// The disk stays as it is while renames are planned: neighbours need one listing.
+// The disk does not change while renames are planned, so one listing serves all files of a folder.
 void PlannedChanges::ListFolder(const std::string& folder) {
   if (folder == listedFolder_) return;
   listedFolder_ = folder;
@@ -61,7 +61,7 @@ int PlannedChanges::Recycle(const std::string& path, std::uintptr_t) {
   return Remove(path) ? kRecycleNotDone : 0;
 }
 
-// Empty when a file stands at this path, as far as it is planned.
+// Returns no error when a file exists at this path according to the plan.
 FileOutcome PlannedChanges::LookFor(const std::string& path) {
   const Result<bool, FileError> found = Exists(path);
   if (!found) return found.Failure();

@@ -7,9 +7,9 @@
 
 namespace quillon {
 
-/// Answers a batch of renames, moves or deletions as the disk would, and changes nothing: names that earlier calls of
-/// the batch gave up are free, names that they took are taken. What only the attempt itself shows (a missing
-/// permission, a disk that is full or fails meanwhile) is not foreseen.
+/// Answers a batch of renames, moves or deletions as the disk would, without changing anything: names that earlier
+/// calls of the batch gave up are free, names that they took are taken. Errors that only a real attempt shows (a
+/// missing permission, a full or failing disk) are not predicted.
 class PlannedChanges final : public FileChanges {
  public:
   explicit PlannedChanges(FileReads& files) : files_(files) {}
@@ -29,7 +29,7 @@ class PlannedChanges final : public FileChanges {
   void ListFolder(const std::string& folder);
 
   FileReads& files_;
-  std::string listedFolder_;  ///< whose names are in `listed_`
+  std::string listedFolder_;  ///< the folder whose names are in `listed_`
   std::unordered_set<std::string> listed_;
   std::unordered_set<std::string> taken_;
   std::unordered_set<std::string> freed_;

@@ -9,13 +9,13 @@
 namespace quillon {
 namespace {
 
-/// What is seen on a name that is longer by this, and by the largest number in the pattern, goes on.
+/// Growth that still holds on a name longer by this, plus the largest number in the pattern, is assumed to go on.
 constexpr std::size_t kFarCharacters = 64;
 
-/// A name whose growth itself grows by a quarter or more this often in a row is going to pass every limit.
+/// When the growth itself grows by a quarter or more this often in a row, the name is assumed to pass every limit.
 constexpr int kMultiplyingApplications = 4;
 
-/// True for a replacement text that stands for itself: every "$" and "\" that means more ends it.
+/// True for a replacement text without any "$" or "\" that has a special meaning.
 bool IsFixedText(std::string_view text) {
   constexpr std::string_view kVariables = "0123456789{&`'";
   if (text.find_first_of("\\/\n") != std::string_view::npos || !IsValidUtf8(text)) return false;

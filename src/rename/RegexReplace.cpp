@@ -8,7 +8,7 @@
 namespace quillon {
 namespace {
 
-// 32,768 characters of four bytes: an answer that does not fit has more of them than any name may have.
+// 32,768 characters of four bytes: an answer that does not fit has more characters than any name may have.
 constexpr std::size_t kAnswerCapacity = std::size_t{4} * 32'768;
 
 std::string Command(std::string_view pattern, std::string_view replacement, std::string_view flags) {
@@ -32,7 +32,7 @@ std::optional<std::string> NameFromAnswer(std::optional<std::string> answer) {
   return answer && IsErrorText(*answer) ? std::nullopt : std::move(answer);
 }
 
-// Other libraries have had this file's name, and a `Replace` that takes something else.
+// Other libraries with this file name have had a `Replace` with other parameters.
 bool HasOurInterface(const SharedLibrary& library) {
   const auto version = reinterpret_cast<BregexpVersion*>(library.Symbol("QuillonRegexVersion"));
   return version != nullptr && version() == kBregexpVersion;
@@ -88,7 +88,7 @@ std::optional<std::string> RegexReplace(std::string_view target, std::string_vie
     std::optional<std::string> answer = engine.Replace(*ansiCommand, *ansiTarget);
     if (!answer) return std::nullopt;
     if (std::optional<std::string> name = NameFromAnswer(AnsiToUtf8(*answer))) return name;
-    // An error, then: perhaps only because code page 932 cannot hold the result ("\x{e9}").
+    // The error may only mean that code page 932 cannot hold the result ("\x{e9}").
   }
   return NameFromAnswer(engine.Replace(Command(pattern, replacement, Utf8Flags(flags)), target));
 }

@@ -12,7 +12,7 @@
 
 namespace quillon {
 
-/// What runs substitution commands.
+/// Runs substitution commands.
 class RegexEngine {
  public:
   virtual ~RegexEngine() = default;
@@ -22,8 +22,8 @@ class RegexEngine {
   virtual std::optional<std::string> Replace(std::string_view command, std::string_view target) = 0;
 };
 
-/// The regular-expression library, found by name as FindLibrary does. It is available when it says that it has the
-/// version of the interface that is known here (bregexp.h); nothing else of it is called before.
+/// The regular-expression library, found by name as SharedLibrary::Find does. It is available only when it reports the
+/// interface version that is known here (bregexp.h); no other function of it is called before that.
 class RegexLibrary final : public RegexEngine {
  public:
   RegexLibrary() : RegexLibrary("bregexp") {}
@@ -35,7 +35,7 @@ class RegexLibrary final : public RegexEngine {
 
   [[nodiscard]] bool Available() const { return replace_ != nullptr; }
 
-  /// An answer that is too long for every name (more than 32,767 characters) is cut off beyond them.
+  /// An answer that is too long for every name (more than 32,767 characters) may be truncated beyond that.
   std::optional<std::string> Replace(std::string_view command, std::string_view target) override;
 
  private:
@@ -49,14 +49,14 @@ class RegexLibrary final : public RegexEngine {
 
   SharedLibrary library_;
   BregexpReplace* replace_ = nullptr;
-  std::array<Slot, 2 * kReplaceRuleCount> slots_;  ///< each rule may be asked in both encodings
+  std::array<Slot, 2 * kReplaceRuleCount> slots_;  ///< each rule may be used in both encodings
   std::size_t nextSlot_ = 0;
   std::string buffer_;
 };
 
-/// The target with the pattern's matches replaced. `flags` are those for text in code page 932 ("gk" or "gik"); where
-/// the rule or the target has no exact form there, the same is done in UTF-8. Nullopt when the engine answers with an
-/// error, or not at all: then the target stays as it is.
+/// Replaces the pattern's matches in the target. `flags` are those for text in code page 932 ("gk" or "gik"); when the
+/// rule, the target or the result has no exact form in it, UTF-8 is used. Returns nullopt when the engine answers with
+/// an error, or not at all: then the target stays unchanged.
 [[nodiscard]] std::optional<std::string> RegexReplace(std::string_view target, std::string_view pattern,
                                                       std::string_view replacement, std::string_view flags,
                                                       RegexEngine& engine);

@@ -13,7 +13,7 @@ class GrowthWatch {
   GrowthWatch(std::size_t length, std::size_t steadyApplications)
       : length_(length), steadyApplications_(steadyApplications) {}
 
-  /// True when the name has grown past every name, or would by the end of the `remaining` applications.
+  /// True when the name is longer than kLongestName, or would be by the end of the `remaining` applications.
   [[nodiscard]] bool PassesLimit(std::size_t length, std::size_t remaining) {
     if (length <= length_) {
       steady_ = 0;
@@ -42,7 +42,7 @@ class CycleWatch {
  public:
   explicit CycleWatch(std::string name) : kept_(std::move(name)) {}
 
-  /// The period, when `name` is the one that was kept.
+  /// The period, when `name` equals the kept one.
   [[nodiscard]] std::optional<std::size_t> Period(const std::string& name) {
     ++sinceKept_;
     if (name == kept_) return sinceKept_;

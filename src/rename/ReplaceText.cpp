@@ -5,7 +5,8 @@
 namespace quillon {
 namespace {
 
-/// A text's characters as they are compared, and where each of them stands in the text: one more entry for the end.
+/// A text's characters in the form in which they are compared, and their offsets in the text, with one more for its
+/// end.
 struct Folded {
   std::u32string characters;
   std::vector<std::size_t> offsets;
@@ -38,7 +39,7 @@ void ForEachOccurrence(std::string_view text, std::string_view find, CompareMode
                        Visit visit) {
   if (find.empty()) return;
   const bool step = overlapping == Overlapping::kYes;
-  // Valid UTF-8 is found only where its characters stand; stray bytes could be found in the middle of one.
+  // A byte search finds valid UTF-8 only at the start of a character; stray bytes could be found in the middle of one.
   if (compareMode == CompareMode::kBinary && IsValidUtf8(find)) {
     for (std::size_t at = text.find(find); at != std::string_view::npos;
          at = text.find(find, at + (step ? 1 : find.size()))) {

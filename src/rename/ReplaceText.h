@@ -23,8 +23,8 @@ struct TextRange {
 
 enum class Overlapping { kNo, kYes };
 
-/// Where `find` occurs in `text`, from left to right; nowhere when it is empty. Without overlapping, the occurrences
-/// that ReplaceText replaces.
+/// The occurrences of `find` in `text`, from left to right; none when `find` is empty. Without overlapping, these are
+/// the occurrences that ReplaceText replaces.
 [[nodiscard]] std::vector<TextRange> FindOccurrences(std::string_view text, std::string_view find,
                                                      CompareMode compareMode, Overlapping overlapping);
 

@@ -11,7 +11,7 @@ namespace quillon {
 enum class RunEnd {
   kComplete,
   kStopped,    ///< a row could not be applied
-  kCancelled,  ///< by the progress
+  kCancelled,  ///< `progress` ended the run
 };
 
 /// Edits the rename name of one row. Anything but kComplete ends the run.
@@ -23,14 +23,15 @@ RunEnd RunOverRows(const FileList& list, Rows rows, Progress& progress, const Ed
 /// Applies a row's rename name to its file at once; false when that fails.
 using ApplyRow = std::function<bool(int index)>;
 
-/// What a run over rows came to.
+/// The result of a run over rows.
 struct RunOutcome {
   RunEnd end = RunEnd::kComplete;
-  int leftAlone = 0;  ///< names that a rule would have made endless, and that stay as they were
-  int failedRow = 0;  ///< of a stopped run, 1-based: its rename name is as it was
+  int leftAlone = 0;  ///< unchanged names; see ModifyResult::leftAlone
+  int failedRow = 0;  ///< of a stopped run, 1-based; its rename name is unchanged
 };
 
-/// Says how many names a rule would have made endless, or longer than any name may be.
+/// The message about this many names that stay unchanged: a rule would never end, or makes them longer than any name
+/// may be.
 [[nodiscard]] std::string LeftAloneText(int count);
 
 }  // namespace quillon

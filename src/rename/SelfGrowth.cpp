@@ -14,8 +14,8 @@ SelfGrowth::SelfGrowth(std::string_view find, std::string_view replacement, Comp
   before_ = replacement.substr(0, selves[0].offset);
   self_ = replacement.substr(selves[0].offset, selves[0].length);
   after_ = replacement.substr(selves[0].offset + selves[0].length);
-  // Every stretch of the name as long as the find text must have been seen: the repeated parts have to be longer than
-  // that by one repetition, since a stretch may begin anywhere in one.
+  // Every part of the name as long as the find text must have been seen. Such a part may begin anywhere in a
+  // repetition, so the repeated texts must be longer than the find text by one repetition.
   std::size_t shortest = CharacterCount(replacement);
   for (const std::string_view part : {before_, after_}) {
     if (!part.empty()) shortest = std::min(shortest, CharacterCount(part));

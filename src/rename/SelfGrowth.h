@@ -11,20 +11,21 @@
 
 namespace quillon {
 
-/// What a plain rule does to a name over and over when its replacement holds its own find text once: with "a" -> "xay"
+/// Predicts the names that a plain rule makes when its replacement contains its own find text once: with "a" -> "xay"
 /// every "a" becomes "xxx...a...yyy", one "x" and one "y" more with every application. Once the name is seen to grow
-/// so, and nothing else in it can ever match, any number of further applications is written down at once.
+/// like this, and nothing else in it can ever match, the result of any number of further applications is written at
+/// once.
 class SelfGrowth {
  public:
   SelfGrowth(std::string_view find, std::string_view replacement, CompareMode compareMode);
 
-  /// False for rules of any other kind: then nothing below is of use.
+  /// False for other rules, for which the functions below are of no use.
   [[nodiscard]] bool Possible() const { return possible_; }
 
-  /// Starts watching at `name`, or starts anew.
+  /// Starts or restarts watching at `name`.
   void Watch(const std::string& name);
 
-  /// To be called after every application. When the growth is certain: the name after `remaining` more of them.
+  /// Call it after every application. When the growth is certain, returns the name after `remaining` more of them.
   [[nodiscard]] std::optional<Forecast> After(const std::string& name, std::size_t remaining);
 
  private:
@@ -38,7 +39,7 @@ class SelfGrowth {
   std::string_view after_;
   std::size_t applicationsToSee_ = 0;
   std::size_t applications_ = 0;
-  std::vector<std::string> between_;  ///< what lay between the finds when watching began
+  std::vector<std::string> between_;  ///< the texts between the finds when watching began
 };
 
 }  // namespace quillon

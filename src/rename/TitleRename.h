@@ -12,16 +12,16 @@ namespace quillon {
 
 struct TitleRules {
   bool skipUntitled = false;
-  const OptionValues::Modify* rules = nullptr;  ///< that titles pass through; null for none
+  const OptionValues::Modify* rules = nullptr;  ///< modification rules for the titles; null for none
 };
 
 struct TitleOutcome : RunOutcome {
   std::vector<int> untitled;  ///< rows that were skipped, 1-based
-  std::vector<int> invalid;   ///< rows whose names no file may have
+  std::vector<int> invalid;   ///< rows whose names no file may have, 1-based
 };
 
-/// Sets the rename names of several rows to their titles. With `apply`, which may be empty, each row is applied at once
-/// and the first failure ends the run, that row's rename name as it was.
+/// Sets the rename names of several rows to their titles. With `apply`, which may be empty, each row is applied at
+/// once; the first failure ends the run and restores that row's rename name.
 TitleOutcome RenameToTitles(FileList& list, Rows rows, const TitleRules& titles, RegexEngine& regex,
                             const ApplyRow& apply, Progress& progress);
 

@@ -44,8 +44,8 @@ constexpr Pair kPairs[] = {
     {0xFFEA, 0x2191}, {0xFFEB, 0x2192}, {0xFFEC, 0x2193}, {0xFFED, 0x25A0}, {0xFFEE, 0x25CB},
 };
 
-// These have a half-width form of which they are not the full-width one: the typographic quotation marks and the
-// combining voice marks.
+// Characters whose half-width form does not convert back to them: the typographic quotation marks and the combining
+// voice marks.
 constexpr Pair kNarrowOnly[] = {{0x0027, 0x2018}, {0x0027, 0x2019},  {0x0022, 0x201C},
                                 {0x0022, 0x201D}, {kVoiced, 0x3099}, {kSemiVoiced, 0x309A}};
 
@@ -56,7 +56,7 @@ constexpr Pair kVoicedKana[] = {{U'ｦ', U'ヺ'}, {U'ｳ', U'ヴ'}, {U'ｶ', U'�
                                 {U'ﾍ', U'ベ'}, {U'ﾎ', U'ボ'}, {U'ﾜ', U'ヷ'}};
 constexpr Pair kSemiVoicedKana[] = {{U'ﾊ', U'パ'}, {U'ﾋ', U'ピ'}, {U'ﾌ', U'プ'}, {U'ﾍ', U'ペ'}, {U'ﾎ', U'ポ'}};
 
-/// A character's half-width form, with a mark behind it when it is a voiced kana. `character` is 0 for none.
+/// A character's half-width form, followed by a mark when it is a voiced kana. `character` is 0 when there is none.
 struct Narrow {
   char32_t character = 0;
   char32_t mark = 0;

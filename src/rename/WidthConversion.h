@@ -15,7 +15,7 @@ namespace quillon {
 /// A katakana with a voice mark becomes two half-width characters.
 [[nodiscard]] std::string ToHalfWidth(std::string_view text);
 
-/// A half-width katakana and the voice mark behind it become one character where there is one.
+/// A half-width katakana and a voice mark after it become one character, if there is one for both.
 [[nodiscard]] std::string ToFullWidth(std::string_view text);
 
 }  // namespace quillon

@@ -61,8 +61,8 @@ RenameEngine::RenameEngine(FileList& list, const ApplyMode& mode, FileChanges& d
                            PathStyle style)
     : list_(list), mode_(mode), disk_(disk), player_(player), style_(style) {}
 
-// A file may have got a name here that no file should have. As it is, it passes; the automatic mode lets such
-// characters be taken out one after the other.
+// A file may already have a name with such characters. An unchanged name passes, and automatic mode only refuses added
+// ones, so that the user can remove them one by one.
 int RenameEngine::RefusedCharacterPosition(const FileItem& row) const {
   const std::string_view present = BaseName(row.location, style_);
   if (mode_.automatic) return AddedInvalidCharacterPosition(row.renameName, present);

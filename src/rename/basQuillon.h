@@ -10,10 +10,10 @@
 #include "platform/FileSystem.h"
 #include "settings/ApplyMode.h"
 
-/// RenameEngine: writes rename names to the disk. Tells nobody: the caller says what happened.
+/// RenameEngine: writes rename names to the disk. Shows no message: the caller reports the results.
 namespace quillon {
 
-/// What applying a rename name came to; the numbers are those of quillon-cli's JSON.
+/// The result of applying a rename name; the numbers are those of quillon-cli's JSON.
 enum class ApplyCode {
   kApplied = 0,
   kNoName = 1,            ///< empty or blank
@@ -27,16 +27,16 @@ enum class ApplyCode {
 /// The reason for a code other than kApplied, as a message's first line.
 [[nodiscard]] const char* ApplyReason(ApplyCode code);
 
-/// The two lines that sum a finished batch up: what was applied, what was skipped.
+/// The two lines of a finished batch's summary: what was applied, what was skipped.
 [[nodiscard]] std::string AppliedLine(int applied);
 [[nodiscard]] std::string SkippedLine(int skipped);
 
 /// The path that applying gives the row's file: its folder, the rename name without trailing blanks, and its extension
-/// in lower case. A file without extension gets no dot, and no dots or blanks at the end, as Windows would name it; the
-/// folder alone when nothing is left of such a name.
+/// in lower case. A name without extension gets no dot, and loses dots and blanks at its end, as on Windows; when
+/// nothing is left of it, the path is the folder alone.
 [[nodiscard]] std::string AppliedPath(const FileItem& row, PathStyle style = SystemPathStyle());
 
-/// What became of one row. The row's location says where its file is now.
+/// The result for one row. The row's location says where its file is now.
 struct RowOutcome {
   int index = 0;  ///< 1-based row
   ApplyCode code = ApplyCode::kApplied;
@@ -50,7 +50,7 @@ struct RowOutcome {
 struct BatchOutcome {
   int applied = 0;
   int skipped = 0;
-  bool stopped = false;  ///< an unexpected error, or whoever follows the rows, has ended the batch
+  bool stopped = false;  ///< an unexpected error or RowDone has ended the batch
   std::vector<RowOutcome> failures;
 };
 
@@ -62,15 +62,16 @@ class RenameEngine {
   RenameEngine(FileList& list, const ApplyMode& mode, FileChanges& disk, PlayerControl& player,
                PathStyle style = SystemPathStyle());
 
-  /// Renames the file of the row with this 1-based index to its rename name. The player lets go of the file first, even
+  /// Renames the file of the row with this 1-based index to its rename name. The player releases the file first, even
   /// when the rename then fails. The row follows its file, also when a failure has left it somewhere else.
   RowOutcome Apply(int index);
 
-  /// The same for several rows. An unexpected error ends it; `progress` may end it as if the list ended.
+  /// The same for several rows. An unexpected error ends the batch; `progress` may end it, too, which does not count as
+  /// stopped.
   BatchOutcome Apply(Rows rows, Progress& progress, const RowDone& done);
 
  private:
-  /// 0 when the rename name may be given.
+  /// 0 when the rename name is allowed.
   [[nodiscard]] int RefusedCharacterPosition(const FileItem& row) const;
   void Follow(int index, std::string path);
 

@@ -118,13 +118,13 @@ void frmModify::OnFocus(wxFocusEvent& event) {
   if (control == mnuEdit_ || control == mnuHelp_) return;
   editedBox_ = dynamic_cast<wxTextCtrl*>(control);
   if (editedBox_ == nullptr || editedBox_ == txtRevice_) return;
-  // A click puts its caret after this event.
+  // A click sets its caret after this event, so the selection is postponed.
   CallAfter([this, box = editedBox_] {
     if (focused_ == box) box->SelectAll();
   });
 }
 
-/// As when the dialog comes back from behind another window: the caret and the selection stay.
+/// Sets the focus but keeps the caret and the selection, as when the dialog becomes the active window again.
 void frmModify::FocusKeepingSelection(wxWindow* control) {
   focused_ = control;
   editedBox_ = dynamic_cast<wxTextCtrl*>(control);
@@ -159,7 +159,7 @@ void frmModify::Refuse(const ModifyRefusal& refusal) {
   }
   const std::string text = FromWx(rule.txtReplace->GetValue());
   rule.txtReplace->SetInsertionPoint(static_cast<long>(ToWx(FirstCharacters(text, refusal.caret)).length()));
-  // A disabled box cannot have the focus: its check box lets the user get at it.
+  // A disabled box cannot have the focus; its check box gets it, with which the user can enable the box.
   wxWindow* const target =
       rule.txtReplace->IsEnabled() ? static_cast<wxWindow*>(rule.txtReplace) : static_cast<wxWindow*>(rule.chkReplace);
   FocusKeepingSelection(target);
@@ -189,7 +189,7 @@ int frmModify::ShowModal() {
   return answer;
 }
 
-/// The run processes messages: disabled, the dialog cannot be asked for another one meanwhile.
+/// Disables the dialog meanwhile: the run processes messages, and another one must not be started.
 void frmModify::RunWithDialogOpen() {
   wxWindow* const focused = focused_;
   Disable();

@@ -22,9 +22,9 @@ enum class OpenedFor { kExecute, kSettings };
 /// Runs these rules over the rows that the dialog was opened for.
 using RunRules = std::function<void(const OptionValues::Modify& rules)>;
 
-/// The dialog of the modification rules. OK stores them in `rules`; when opened to execute it then calls `run`, after
-/// the dialog has closed, or with the dialog open and disabled when the user chose that it stays. Without the library
-/// for regular expressions the search that is shown, a plain one, is what runs; the stored choice stays.
+/// The dialog of the modification rules. OK stores them in `rules`. When opened to execute, it then calls `run`: after
+/// the dialog has closed or, when the user chose to keep it open, with the dialog disabled. Without the
+/// regular-expression library a plain search is shown and run; the stored choice stays.
 class frmModify final : public wxDialog {
  public:
   frmModify(wxWindow* parent, OptionValues::Modify& rules, OpenedFor purpose, bool regexAvailable, MessageBoxes& boxes,
@@ -72,7 +72,7 @@ class frmModify final : public wxDialog {
   RunRules run_;
   bool runWhenClosed_ = false;
 
-  wxWindow* focused_ = nullptr;      // stays when another window becomes the active one
+  wxWindow* focused_ = nullptr;      // unchanged while another window is the active one
   wxTextCtrl* editedBox_ = nullptr;  // what the edit menu works on
 
   // Children, owned by the dialog.

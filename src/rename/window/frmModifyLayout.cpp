@@ -97,7 +97,7 @@ void frmModify::AddRule(wxFlexGridSizer& grid, wxWindow* parent, std::size_t ind
   rule.chkReplace = MakeCheckBox(parent, ("&" + std::to_string(index + 1)).c_str(), ("chkReplace" + digit).c_str());
   rule.txtObject = MakeTextBox(parent, "txtObject" + digit);
   rule.txtReplace = MakeTextBox(parent, "txtReplace" + digit);
-  // The headings and the number beside the boxes are seen, not heard.
+  // The headings and the number beside the boxes are only visible.
   const std::string number = std::to_string(index + 1);
   SetAccessibleName(rule.chkReplace->GetHandle(), "置換 " + number);
   SetAccessibleName(rule.txtObject->GetHandle(), "検索する文字列 " + number);

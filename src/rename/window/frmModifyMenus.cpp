@@ -34,7 +34,7 @@ void DeleteSelectionOrNext(wxTextCtrl& box) {
   long to = 0;
   box.GetSelection(&from, &to);
   if (from == to) {
-    // What the Delete key takes for one character is the control's business: a pair of surrogates on Windows.
+    // Removes one character, which the control's text on Windows may hold as a pair of surrogates.
     const wxString rest = box.GetRange(from, box.GetLastPosition());
     if (rest.empty()) return;
     const std::string first(FirstCharacters(FromWx(rest), 1));

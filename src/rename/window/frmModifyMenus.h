@@ -14,10 +14,10 @@ inline constexpr int kMnuCopy = wxID_COPY;
 inline constexpr int kMnuPaste = wxID_PASTE;
 inline constexpr int kMnuDelete = wxID_DELETE;
 
-/// Null: no box is being edited, and no entry can be chosen.
+/// `box` is null when no box is being edited; then no entry can be chosen.
 [[nodiscard]] std::unique_ptr<wxMenu> MakeEditMenu(const wxTextCtrl* box);
 
-/// Does with the box what the key stroke of the menu's entry does.
+/// Does the same to the box as the keyboard shortcut of the menu's entry.
 void EditText(wxTextCtrl& box, int entry);
 
 /// The syntax of regular expressions; its entries do nothing.

@@ -26,7 +26,7 @@ constexpr int kTextWidth = 380;  // DIP
 constexpr int kGap = 12;         // DIP
 constexpr int kSmallGap = 4;     // DIP
 constexpr int kPercents = 100;
-constexpr int kLastingMs = 500;  // a quick run leaves the keyboard where it is
+constexpr int kLastingMs = 500;  // a quick run does not take the keyboard focus
 
 long StyleOver(const wxWindow* parent) {
   const bool onTop = parent != nullptr && parent->HasFlag(wxSTAY_ON_TOP);
@@ -88,7 +88,7 @@ frmWait::Window::Window(wxWindow* parent, const std::string& headline, const std
   CentreOnParent();
   // Only End closes it.
   Bind(wxEVT_CLOSE_WINDOW, [](wxCloseEvent& event) { event.Veto(event.CanVeto()); });
-  // Also while one item takes long and nothing is shown.
+  // A timer, because nothing is shown while one item takes long.
   timLasting_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { TakeKeyboardWhenLasting(); });
   timLasting_.StartOnce(kLastingMs);
 }
@@ -104,7 +104,7 @@ void frmWait::Window::AddButton(wxSizer& column) {
   column.Add(cmdCancel_, wxSizerFlags().Right().Border(wxTOP, FromDIP(kGap)));
 }
 
-// Not from another program that the user has turned to.
+// Does not take it from another program that the user has switched to.
 void frmWait::Window::TakeKeyboardWhenLasting() {
   if (hasKeyboard_ || Clock::now() - begun_ < std::chrono::milliseconds(kLastingMs)) return;
   hasKeyboard_ = true;
@@ -114,7 +114,7 @@ void frmWait::Window::TakeKeyboardWhenLasting() {
 }
 
 wxStaticText* frmWait::Window::AddLabel(wxSizer& column, const char* name, long style) {
-  // A text of its own gives a label that stays as wide as the window the height of a line.
+  // A blank gives the label the height of one line.
   auto* label = new wxStaticText(this, wxID_ANY, " ", wxDefaultPosition, wxDefaultSize, style);
   label->SetName(name);
   column.Add(label, wxSizerFlags().Expand());
@@ -129,8 +129,8 @@ void frmWait::Window::ShowProgress(int percent, const std::string& text, const s
   PaintNow();
 }
 
-/// A busy program paints nothing by itself, and hears of no click: whoever runs keeps the other windows from starting
-/// anything.
+/// Paints the window and handles its clicks, which a busy program does not do by itself. The caller keeps the other
+/// windows from starting anything.
 void frmWait::Window::PaintNow() {
   wxDialog::Update();
   if (wxEventLoopBase* const loop = wxEventLoopBase::GetActive()) {
@@ -158,10 +158,10 @@ void frmWait::Update(int percent, const std::string& text, const std::string& pa
 void frmWait::End() {
   Window* const window = Shown();
   if (window == nullptr) return;
-  // The keyboard goes back to the window below. Windows itself would pass over one that is disabled, and turn to
+  // Gives the keyboard back to the window below. Windows itself would skip it while it is disabled, and activate
   // another program.
   if (window->IsActive()) window->GetParent()->Raise();
-  // At once: GTK shows a window that is hidden while it is about to appear, and a destroyed one lives on until idle.
+  // Deleted at once: GTK shows a window that is hidden before it has appeared, and Destroy would keep it until idle.
   delete window;
 }
 

@@ -8,9 +8,9 @@
 
 namespace quillon {
 
-/// A small window that shows the progress of a run, with a button to cancel it, which Esc presses, too; the user cannot
-/// close it otherwise. It opens over the modal dialog that is open at the time, else over `parent`, and is always on
-/// top when that is. Each change is painted at once. A run that lasts gets the keyboard, for Esc.
+/// A small window that shows the progress of a run, with a button to cancel it. Esc presses the button, too; the user
+/// cannot close the window otherwise. It opens over the current modal dialog or, without one, over `parent`, and is
+/// always on top when that is. Each change is painted at once. A long run moves the keyboard focus to it, for Esc.
 class frmWait final : public ProgressDisplay {
  public:
   explicit frmWait(wxWindow* parent) : parent_(parent) {}
@@ -23,7 +23,7 @@ class frmWait final : public ProgressDisplay {
   void End() override;
   [[nodiscard]] bool Cancelled() const override { return cancelled_; }
 
-  /// As the button does.
+  /// Cancels the run, as the button does.
   void Cancel() { cancelled_ = true; }
 
  private:
