@@ -12,7 +12,7 @@ constexpr std::int32_t kPlayerNarrower = 160;
 constexpr std::int32_t kSliderNarrower = 1100;
 constexpr std::int32_t kSmallestSlider = 600;
 
-// Sums with other measures stay within 32 bits whatever a file says.
+// Limits the result, so that sums with other measures stay within 32 bits whatever a file claims.
 std::int32_t Scaled(std::int32_t size, double factor) {
   constexpr double kMost = 1 << 30;
   return static_cast<std::int32_t>(std::lround(std::min(size * factor, kMost)));

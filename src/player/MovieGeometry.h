@@ -5,7 +5,7 @@
 
 #include "platform/multimedia/PictureSize.h"
 
-/// The measures of the movie window. All are twips, but where pixels are named.
+/// The measures of the movie window, in twips unless pixels are named.
 namespace quillon {
 
 struct TwipsSize {
@@ -19,24 +19,25 @@ inline constexpr std::int32_t kWiderThanPicture = 140;
 inline constexpr std::int32_t kTallerThanPicture = 1095;  ///< title bar, menu bar and fraPlayer
 inline constexpr std::int32_t kSmallestMovieHeight = 1950;
 
-/// What stands around the picture.
+/// What surrounds the picture.
 struct MovieSurround {
   TwipsSize system;               ///< how much larger the window is than its inner area
-  std::int32_t playerHeight = 0;  ///< the least that fraPlayer needs
-  std::int32_t besideSlider = 0;  ///< what cmdPlay and lblTime need, with their gaps
+  std::int32_t playerHeight = 0;  ///< the least height that fraPlayer needs
+  std::int32_t besideSlider = 0;  ///< the width that cmdPlay and lblTime need, with their gaps
 };
 
-/// How much larger the window is than the picture: the allowances, or more where the system takes more.
+/// How much larger the window is than the picture: the usual allowances, or more where the surroundings need more.
 [[nodiscard]] TwipsSize AllowanceOf(const MovieSurround& surround);
 
-/// A picture of these pixels on a screen with so many twips to a pixel.
+/// The size of a picture with this many pixels, on a screen with this many twips to a pixel.
 [[nodiscard]] TwipsSize NaturalSize(PictureSize pixels, double twipsPerPixel);
 
-/// The window for the picture in `factor` times its natural size; nullopt when its width or height is no 16-bit number.
+/// The window's size for the picture at `factor` times its natural size; nullopt when its width or height is larger
+/// than a 16-bit number.
 [[nodiscard]] std::optional<TwipsSize> MovieWindowSize(TwipsSize natural, int factor, TwipsSize allowance);
 
-/// The window in which a picture is shown first: in its natural size, larger when the window may not be so small, at
-/// most as large as fits into the screen. The picture keeps its shape.
+/// The window's size when a picture is first shown: the picture has its natural size, is larger when the window may not
+/// be so small, and at most as large as fits on the screen. It keeps its shape.
 [[nodiscard]] TwipsSize OpeningWindowSize(TwipsSize natural, TwipsSize allowance, TwipsSize smallest, TwipsSize screen);
 
 /// A place on the screen, in pixels.
@@ -49,14 +50,14 @@ struct PixelRect {
   bool operator==(const PixelRect&) const = default;
 };
 
-/// The window moved onto the screen, as far as it fits there.
+/// Moves the window onto the screen, as far as it fits there.
 [[nodiscard]] PixelRect OnScreen(PixelRect window, const PixelRect& screen);
 
-/// Where the window opens: beside its owner where the screen has room, at the right, at the left, below or above; else
-/// over the owner's middle. Always on the screen.
+/// The place where the window opens: beside its owner where the screen has room (tried in the order right, left, below,
+/// above), otherwise over the owner's middle. Always on the screen.
 [[nodiscard]] PixelRect OpeningPlace(const PixelRect& owner, PictureSize window, const PixelRect& screen);
 
-/// Where the controls stand in the inner area. The slider's width is part of fraPlayer's.
+/// The places of the controls in the inner area. The slider's width is part of fraPlayer's.
 struct MovieLayout {
   std::int32_t pictureLeft = 0;
   TwipsSize picture;
@@ -71,8 +72,8 @@ struct MovieLayout {
 /// The least size of the window.
 [[nodiscard]] TwipsSize SmallestMovieWindow(const MovieSurround& surround);
 
-/// What a device that draws into a window of this many pixels fills, where the desktop makes `scale` of the screen's
-/// pixels out of one of the window's.
+/// The size in screen pixels of a window with this many pixels, for a device that draws into it; the desktop shows one
+/// of the window's pixels as `scale` screen pixels.
 [[nodiscard]] PictureSize DestinationPixels(PictureSize window, double scale);
 
 }  // namespace quillon

@@ -27,8 +27,8 @@ void MusicPlayer::cmdPlay() {
   if (!OpenedWithShell()) PlayOrPause();
 }
 
-// True when the current row is of another kind. Without a current row there is still the file that plays, or was chosen
-// last.
+// Opens a current row that is not playable with the shell, and returns true. Without a current row it returns false:
+// the file that plays, or was chosen last, is then meant.
 bool MusicPlayer::OpenedWithShell() {
   const int current = list_.SelectedIndex();
   if (current == 0 || IsPlayableType(list_.Row(current).type)) return false;
@@ -44,7 +44,7 @@ void MusicPlayer::PlayOrPause() {
   if (!ChangeState()) Recover();
 }
 
-// False when the file cannot be played.
+// Returns false when the file cannot be played.
 bool MusicPlayer::ChangeState() {
   ports_.window.SetPointer(Pointer::kBusyArrow);
   const Finally normal([this] { ports_.window.SetPointer(Pointer::kNormal); });
@@ -70,7 +70,7 @@ void MusicPlayer::Resume() {
 }
 
 bool MusicPlayer::StartChosen() {
-  // Stopped at a point, the device still holds its file: another one could not be opened.
+  // A device stopped at a point still holds its file, so another one could not be opened.
   if (!paths_.playingFilePath.empty() && paths_.playingFilePath != paths_.playFilePath) {
     CloseMovie();
     ports_.device.Close();
@@ -127,11 +127,11 @@ void MusicPlayer::Play(const std::string& path) {
 
 void MusicPlayer::StopBeforeStart() {
   cmdStop();
-  // Stopped at a point: it would go on from there.
+  // A file stopped at a point would go on from there.
   if (ports_.device.Mode() == MediaMode::kStopped) ports_.device.SeekToStart();
 }
 
-// Messages are not let through in here: a dialog opened by one of them would hold the player up.
+// Messages must not be processed here: a dialog opened by one of them would block the player.
 void MusicPlayer::timMCIChecker() {
   if (ticks_ == Ticks::kNone) return;
   if (ticks_ == Ticks::kGoPastFailed) return GoPastFailed();
@@ -147,7 +147,7 @@ void MusicPlayer::timMCIChecker() {
   Follow(ports_.device.Position());
 }
 
-// What shows the position already is left alone: there are twenty ticks in a second, and one change of the label.
+// Changes only what differs: there are twenty ticks in a second, but one change of the label.
 void MusicPlayer::Follow(std::int32_t position) {
   if (!sliderSeeking_ && position != position_) SetPosition(position);
   if (TimeText(position, length_) != time_) ShowTime(position);
@@ -163,7 +163,7 @@ bool MusicPlayer::FileEnded() {
   SetTicks(Ticks::kNone);
   if (options_.player.continuous) {
     PlayNext();
-    if (ticks_ != Ticks::kNone || paths_.playingFilePath.empty()) return true;  // it plays, or has failed
+    if (ticks_ != Ticks::kNone || paths_.playingFilePath.empty()) return true;  // the next file plays, or has failed
   }
   SetButton(PlayButton::kPlay);
   ShowStatus(PlayerState::kStopped, paths_.playingFilePath);
@@ -177,7 +177,7 @@ void MusicPlayer::Repeat() {
   playRefused_ = !ports_.device.Play().Ok();
 }
 
-// The device has nothing to play, or has given up.
+// Called when the device has nothing to play, or has given up.
 void MusicPlayer::FileFailed() {
   if (heard_ && options_.player.repeat) return Repeat();
   StopAndClose();
@@ -189,7 +189,7 @@ void MusicPlayer::FileFailed() {
   SetTicks(Ticks::kGoPastFailed);
 }
 
-// Not for ever where nothing can be played.
+// Ends a series of failures, so that a list without anything playable is not tried for ever.
 bool MusicPlayer::MayGoPast() const {
   if (!options_.player.continuous || options_.player.repeat) return false;
   int playable = 0;
@@ -209,8 +209,9 @@ void MusicPlayer::GoPastFailed() {
   if (ticks_ == Ticks::kNone) LeaveFailed();  // the next row was opened with the shell, or nothing is left
 }
 
-// The player stays silent when the list has nothing to play, or a current row of another kind is opened instead. A file
-// that cannot be played gets no box here, which would hold the player up: nobody has pressed a button.
+// Nothing plays when the list has no playable row, or when the current row is opened with the shell instead. A file
+// that cannot be played gets no message box here: the box would block the player, although the user has not pressed a
+// button.
 void MusicPlayer::PlayNext() {
   const int next = NextPlayableRow();
   if (next == 0) return;
@@ -218,7 +219,7 @@ void MusicPlayer::PlayNext() {
   if (!OpenedWithShell() && !ChangeState()) FileFailed();
 }
 
-// Behind the last row comes the first. 0 after a whole round without a playable one.
+// The first row follows the last one. Returns 0 after a whole round without a playable row.
 int MusicPlayer::NextPlayableRow() const {
   int row = list_.IndexOf(paths_.playingFilePath);
   if (row == 0) row = list_.Count();
@@ -230,7 +231,7 @@ int MusicPlayer::NextPlayableRow() const {
 }
 
 void MusicPlayer::SliderReleased(std::int32_t value) {
-  if (!sliderSeeking_) return;  // its window was closed under the user's hand
+  if (!sliderSeeking_) return;  // the slider's window was closed during the drag
   switch (ports_.device.Mode()) {
     case MediaMode::kPlaying:
       ports_.device.Seek(value);
@@ -251,7 +252,7 @@ void MusicPlayer::PauseOrGoOn() {
   switch (ports_.device.Mode()) {
     case MediaMode::kPlaying: Pause(); break;
     case MediaMode::kPaused:
-    case MediaMode::kStopped: Resume(); break;  // at the point where the slider has left it
+    case MediaMode::kStopped: Resume(); break;  // at the point that the slider has set
     default: break;
   }
 }
@@ -266,7 +267,7 @@ void MusicPlayer::CloseMovie() {
   (void)MovieUnloaded();
 }
 
-// True when that has stopped the file.
+// Returns true when that has stopped the file.
 bool MusicPlayer::MovieUnloaded() {
   movieShown_ = false;
   sliderSeeking_ = false;
@@ -296,7 +297,7 @@ void MusicPlayer::Stop() {
   const std::string path = paths_.playingFilePath;
   cmdStop();
   if (paths_.playingFilePath.empty()) return;
-  // Stopped at a point, or never opened: the stop button does nothing, but the file is let go.
+  // cmdStop does nothing for a file that is stopped at a point or was never opened, but it must be released.
   CloseMovie();
   ports_.device.Close();
   ShowIdle();

@@ -13,14 +13,14 @@
 
 namespace quillon {
 
-/// The two paths that the whole program shares about playing.
+/// The paths of the file chosen for playing and of the one that is open.
 struct PlayerPaths {
   std::string playFilePath;     ///< chosen for playing; empty while none is
   std::string playingFilePath;  ///< open in the device; empty while nothing is
 };
 
-/// The player of the listed files. Events of its controls and ticks of its timer come in, commands to the device and
-/// what the controls show go out. Times are milliseconds.
+/// The player of the listed files. It handles the events of its controls and the ticks of its timer, sends commands to
+/// the device, and sets what the controls show. Times are milliseconds.
 ///
 /// | state              | PlayingFilePath | device    | timer |
 /// |--------------------|-----------------|-----------|-------|
@@ -28,7 +28,7 @@ struct PlayerPaths {
 /// | playing            | the file        | "playing" | 50    |
 /// | paused             | the file        | "paused"  | 0     |
 /// | stopped at a point | the file        | "stopped" | 0     |
-/// | failed, to go past | the file        | closed    | 1500  |
+/// | failed, to skip    | the file        | closed    | 1500  |
 class MusicPlayer final : public PlayerControl, public PlayTimes {
  public:
   struct Ports {
@@ -68,7 +68,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   // The movie window.
   [[nodiscard]] MediaDevice& Device() { return ports_.device; }
   [[nodiscard]] bool IsPlaying() { return ports_.device.Mode() == MediaMode::kPlaying; }
-  /// The user has closed it.
+  /// Call it when the user has closed the movie window.
   void MovieClosed();
   [[nodiscard]] std::int32_t Length() const { return length_; }
   [[nodiscard]] std::int32_t Position() const { return position_; }
@@ -105,7 +105,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   [[nodiscard]] bool StartChosen();
   bool ChangeState();
   void Recover();
-  /// False when the tick goes on.
+  /// Returns false when the tick must go on.
   [[nodiscard]] bool FileEnded();
   void FileFailed();
   void LeaveFailed();
@@ -142,7 +142,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   int failedInARow_ = 0;
 };
 
-/// Two times as lblTime shows them, "mm:ss / mm:ss": whole seconds, halves to even; minutes go on beyond 99.
+/// Two times as lblTime shows them, "mm:ss / mm:ss": whole seconds, halves rounded to even; minutes may exceed 99.
 [[nodiscard]] std::string TimeText(std::int32_t elapsed, std::int32_t total);
 
 }  // namespace quillon

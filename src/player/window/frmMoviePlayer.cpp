@@ -27,7 +27,7 @@ namespace {
 constexpr std::int32_t kGap = 60;          // twips
 constexpr std::int32_t kButtonSize = 345;  // twips, as in the main window
 constexpr int kPlayPicture = 16;           // DIP
-constexpr int kUnit = 1000;                // pixels: so many twips are hardly rounded
+constexpr int kUnit = 1000;                // pixels: so many that rounding to twips hardly matters
 
 enum MenuId : int { mnu1X = wxID_HIGHEST + 1, mnu2X, mnu4X, mnuPlay, mnuStop };
 
@@ -39,7 +39,7 @@ struct ScreenSize {
 constexpr std::array<ScreenSize, 3> kScreenSizes = {
     {{mnu1X, 1, "等倍(&1)"}, {mnu2X, 2, "2 倍(&2)"}, {mnu4X, 4, "4 倍(&4)"}}};
 
-/// Black where the device's own window does not stand: that is left out of what is painted.
+/// Paints the box black; clipping leaves out the device's own window in it.
 wxWindow* MakePictureBox(wxWindow* parent) {
   auto* const box = new wxWindow;
   box->SetBackgroundStyle(wxBG_STYLE_PAINT);
@@ -78,7 +78,7 @@ void ShowPlayButton(wxBitmapButton& cmdPlay, PlayButton button) {
   const bool plays = button == PlayButton::kPlay;
   cmdPlay.SetBitmap(Picture(plays ? "play" : "pause", kPlayPicture, wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT)));
   const wxString label = ToWx(plays ? "再生" : "一時停止");
-  cmdPlay.SetLabel(label);  // what a screen reader says
+  cmdPlay.SetLabel(label);  // read by screen readers
   cmdPlay.SetToolTip(label);
 }
 
@@ -87,7 +87,7 @@ frmMoviePlayer::frmMoviePlayer(const Surroundings& surroundings)
               StyleOf(surroundings.alwaysOnTop)),
       surroundings_(surroundings) {
   SetName("frmMoviePlayer");
-  SetExtraStyle(wxWS_EX_BLOCK_EVENTS);  // the owner has keys and menus of its own
+  SetExtraStyle(wxWS_EX_BLOCK_EVENTS);  // the owner must not handle this window's keys and menus
   SetIcons(ProgramIcons());
   MakeControls();
   MakeMenus();
@@ -206,7 +206,7 @@ void frmMoviePlayer::OnClose() {
   Leave();
 }
 
-// While its menu is open the window is still needed: the menu's loop would never end without it.
+// An open menu still needs the window, because its loop would never end without it: ShowPlayMenu then destroys it.
 void frmMoviePlayer::Leave() {
   if (std::exchange(left_, true)) return;
   Hide();
@@ -257,14 +257,14 @@ void frmMoviePlayer::ShowPlayMenu() {
   if (left_) Destroy();
 }
 
-// nullopt for a size that is too large to be a size.
+// Returns nullopt for a size that is too large; see MovieWindowSize.
 std::optional<wxSize> frmMoviePlayer::SizeOf(int factor) const {
   const std::optional<TwipsSize> size = MovieWindowSize(natural_, factor, AllowanceOf(Surround()));
   if (!size) return std::nullopt;
   return SizeInPixels(*this, *size);
 }
 
-// The size that the window has carries a mark; what the screen has no room for cannot be chosen.
+// Checks the window's present size, and disables the sizes that do not fit on the screen.
 void frmMoviePlayer::ShowSizes() {
   const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
   for (const ScreenSize& entry : kScreenSizes) {
@@ -278,7 +278,7 @@ void frmMoviePlayer::ShowSizes() {
 void frmMoviePlayer::SetFactor(int factor) {
   const std::optional<TwipsSize> size = MovieWindowSize(natural_, factor, AllowanceOf(Surround()));
   if (!size) {
-    ShowSizes();  // the menu has turned its mark already
+    ShowSizes();  // the click has already toggled the menu's mark
     surroundings_.boxes.Show(
         {"画面サイズ", "映像が大きすぎるため、このサイズでは表示できません", MessageIcon::kExclamation});
     return;
@@ -305,7 +305,7 @@ void frmMoviePlayer::SetOpeningSize() {
       OpeningPlace(ToPixelRect(surroundings_.owner.GetRect()), {GetSize().x, GetSize().y}, ToPixelRect(screen))));
 }
 
-// A window manager may tell how large its frame is only when the window is there.
+// A window manager may report the size of its frame only once the window is shown.
 void frmMoviePlayer::CorrectOpeningSize() {
   if (!openedWithin_ || Surround().system == *openedWithin_) return;
   openedWithin_.reset();

@@ -17,11 +17,11 @@ class wxStaticText;
 
 namespace quillon {
 
-/// cmdPlay's picture and what it is called: the next thing that it does.
+/// Sets cmdPlay's picture and label to the action that it does next.
 void ShowPlayButton(wxBitmapButton& cmdPlay, PlayButton button);
 
-/// The window that shows a playing file's picture, with a slider and a label that follow the main window's. Closed by
-/// the user it tells the player, and deletes itself.
+/// The window that shows a playing file's picture, with a slider and a label that follow the main window's. When the
+/// user closes it, it notifies the player and deletes itself.
 class frmMoviePlayer final : public wxFrame {
  public:
   struct Surroundings {
@@ -34,14 +34,14 @@ class frmMoviePlayer final : public wxFrame {
   explicit frmMoviePlayer(const Surroundings& surroundings);
 
   /// Gives the device the picture box, takes the picture's size and shows the window; false when there is no picture.
-  /// The keyboard stays where it is: the file may be one of a whole list that plays while the user types.
+  /// The window does not take the keyboard focus: the file may be one of a whole list that plays while the user types.
   [[nodiscard]] bool Load();
 
   void SetButton(PlayButton button);
   void SetPosition(std::int32_t position);
   void SetTime(const std::string& text);
 
-  /// Goes from the screen at once, with its menu, and then for good.
+  /// Hides the window and closes its menu at once, then deletes it.
   void Leave();
 
  private:
@@ -66,12 +66,12 @@ class frmMoviePlayer final : public wxFrame {
 
   Surroundings surroundings_;
   TwipsSize natural_;
-  PictureSize destination_;  // as the device knows it
+  PictureSize destination_;  // the last one sent to the device
   PlayButton button_ = PlayButton::kPlay;
   bool loaded_ = false;
   bool menuOpen_ = false;
   bool left_ = false;
-  std::optional<TwipsSize> openedWithin_;  // what the system took when the window got its first size
+  std::optional<TwipsSize> openedWithin_;  // the system's share of the window when it got its first size
   // Owned by the window, like every wx child:
   wxPanel* panel_ = nullptr;
   wxWindow* picMovie_ = nullptr;
