@@ -8,7 +8,7 @@
 namespace quillon {
 namespace {
 
-/// The fields that edit this setting; several option buttons may.
+/// The fields that edit this setting; option buttons share one.
 std::vector<OptionField*> FieldsOf(OptionFields& fields, std::string_view section, std::string_view key) {
   std::vector<OptionField*> found;
   for (auto& [name, field] : fields) {

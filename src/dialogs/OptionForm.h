@@ -19,8 +19,8 @@ struct OptionField {
 };
 using OptionFields = std::map<std::string, OptionField>;
 
-/// What frmOption shows and edits, by the names of its controls (see OptionPages). Unknown names are errors of the
-/// program and throw std::out_of_range.
+/// The state of frmOption's controls, by their names (see OptionPages). An unknown name is a programming error and
+/// throws std::out_of_range.
 class OptionForm {
  public:
   /// Shows the settings as they are now.
@@ -30,14 +30,14 @@ class OptionForm {
   [[nodiscard]] const std::string& Text(std::string_view name) const { return fields_.at(std::string(name)).text; }
   [[nodiscard]] bool Enabled(std::string_view name) const;
 
-  /// The user has clicked a check box or an option button, which is now checked or not. The apply mode switches at
-  /// once, with its message box: `show` is called before it, when what is enabled has changed already.
+  /// Call it when the user has clicked a check box or an option button; `checked` is its new state. `show` is called
+  /// after the change. The apply mode switches at once; its message box opens after `show`.
   void Click(std::string_view name, bool checked, const std::function<void()>& show);
   void Type(std::string_view name, const std::string& text) { fields_.at(std::string(name)).text = text; }
 
-  /// Stores every control but chkAutoUpdate, which has reached its setting already.
+  /// Stores every control except chkAutoUpdate, whose setting was stored by the click.
   void cmdOK();
-  /// Brings back the apply mode as it was when the form was made, and stores it.
+  /// Restores the apply mode as it was when the form was made, and stores it.
   void cmdCancel();
 
  private:
@@ -47,7 +47,7 @@ class OptionForm {
   ApplyModeSwitch& modeSwitch_;
   OptionFields fields_;
   ApplyModeSwitch::State modeAtStart_;
-  bool manual_;  // what is about applying by hand can be used
+  bool manual_;  // whether controls for applying by hand are enabled
 };
 
 }  // namespace quillon

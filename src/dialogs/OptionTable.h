@@ -2,7 +2,7 @@
 
 #include <span>
 
-/// Everything that stands on the pages of frmOption: from this table the form is filled and the window built.
+/// Everything on the pages of frmOption: the form is filled and the window built from this table.
 namespace quillon {
 
 enum class OptionKind {
@@ -10,15 +10,15 @@ enum class OptionKind {
   kTextBox,       ///< of one line, beside its check box
   kOptionButton,  ///< one of several with the same key
   kButton,        ///< beside the check box before it
-  kNote,          ///< a text to read
+  kNote,          ///< explanatory text
 };
 
-/// When a control can be used.
+/// When a control is enabled.
 enum class OptionNeeds {
   kNothing,
-  kManualMode,  ///< it is about applying by hand
-  kFilter,      ///< the extension filter is on
-  kOwnBox,      ///< as the check box that it belongs to, and only while that is checked
+  kManualMode,  ///< in manual apply mode
+  kFilter,      ///< while the extension filter is on
+  kOwnBox,      ///< while the check box that it belongs to is enabled and checked
 };
 
 struct OptionControl {
@@ -30,7 +30,7 @@ struct OptionControl {
   OptionNeeds needs = OptionNeeds::kNothing;
   const char* toolTip = "";
   const char* checkBox = "";  ///< the name of the check box that a text box belongs to
-  bool on = true;             ///< an option button's: the setting while it is chosen
+  bool on = true;             ///< the setting's value while this option button is chosen
 };
 
 struct OptionFrame {

@@ -23,7 +23,7 @@ enum MenuId : int { mnuOpen = wxID_HIGHEST + 1, mnuClose, mnuReload };
 
 long StyleOver(const wxWindow* parent) {
   const bool onTop = parent != nullptr && parent->HasFlag(wxSTAY_ON_TOP);
-  // Minimised it would be nowhere: it has no button in the task bar.
+  // A minimised window could not be found again, because it has no button in the task bar.
   return (wxDEFAULT_FRAME_STYLE & ~wxMINIMIZE_BOX) | wxFRAME_FLOAT_ON_PARENT | (onTop ? wxSTAY_ON_TOP : 0);
 }
 
@@ -35,7 +35,7 @@ frmDirShow::frmDirShow(wxWindow* parent, const FileList& list,
       list_(list),
       open_(std::move(open)) {
   SetName("frmDirShow");
-  SetExtraStyle(wxWS_EX_BLOCK_EVENTS);  // the main window has keys and menus of its own
+  SetExtraStyle(wxWS_EX_BLOCK_EVENTS);  // the main window must not handle this window's keys and menus
   SetIcons(ProgramIcons());
   MakeMenus();
   MakeList();

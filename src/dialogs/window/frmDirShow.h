@@ -12,15 +12,16 @@
 
 namespace quillon {
 
-/// The folders of the listed files; a double click opens one. It stays beside the main window until it is closed and
-/// shows the list as it was when it was opened, or last read anew with mnuReload.
+/// The folders of the listed files; a double click opens one. The window stays beside the main window until it is
+/// closed. It shows the list as it was when the window was opened, or when mnuReload was last used.
 class frmDirShow final : public wxFrame {
  public:
   /// `open` opens a folder with the shell, owned by the given window. The list must outlive the window.
   frmDirShow(wxWindow* parent, const FileList& list,
              std::function<void(const std::string& folder, wxWindow& owner)> open);
 
-  /// Reads the list anew; the selected folder stays selected, or the one in its place is.
+  /// Reads the list again. The selected folder stays selected; when it is gone, the folder now in its place is
+  /// selected.
   void Reload();
 
  private:
@@ -33,7 +34,7 @@ class frmDirShow final : public wxFrame {
 
   const FileList& list_;
   std::function<void(const std::string& folder, wxWindow& owner)> open_;
-  std::vector<std::string> folders_;  ///< as the file system has them: what is shown may have lost bytes
+  std::vector<std::string> folders_;  ///< with the file system's bytes, some of which the shown texts may have lost
 
   wxListBox* lstDirShow_ = nullptr;  // a child, owned by the window
 };

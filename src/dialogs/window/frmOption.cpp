@@ -38,7 +38,7 @@ void frmOption::BindEvents() {
       event.Skip();
     }
   });
-  // The dialog's own closing, its frame's button and Esc come as cmdCancel, too.
+  // Closing the dialog, by its frame's button or Esc, raises cmdCancel's event, too.
   for (const int button : {wxID_OK, wxID_CANCEL}) {
     Bind(
         wxEVT_BUTTON, [this, button](wxCommandEvent&) { End(button); }, button);

@@ -13,8 +13,8 @@
 
 namespace quillon {
 
-/// The options dialog: the pages of OptionPages, filled from a form and answering to it. It ends with the form's cmdOK
-/// or cmdCancel.
+/// The options dialog: the pages of OptionPages, which show a form and pass the user's input to it. It ends with the
+/// form's cmdOK or cmdCancel.
 class frmOption final : public wxDialog {
  public:
   /// `modifyOption` shows the dialog of the modification rules over the given window, `showHelp` (F1) the help file.

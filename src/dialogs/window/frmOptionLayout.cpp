@@ -17,8 +17,8 @@
 #include "platform/desktop/TabStrip.h"
 #include "settings/basINIControl.h"
 
-/// The options dialog as its table has it: a page's frames below one another, a frame's controls below one another, a
-/// text box or a button at the right of its check box.
+/// Builds the options dialog from its table: a page's frames are below one another, and so are a frame's controls; a
+/// text box or a button is at the right of its check box.
 namespace quillon {
 namespace {
 
@@ -42,7 +42,7 @@ void frmOption::Build() {
   for (const OptionPage& page : OptionPages()) {
     tabStrip_->AddPage(MakePage(page, "fraTab" + std::to_string(number++)), ToWx(page.caption));
   }
-  wxSize size = tabStrip_->GetBestSize();  // of the pages
+  wxSize size = tabStrip_->GetBestSize();  // fits the pages
   size.IncTo(wxSize(WidthOfAllTabs(tabStrip_->GetHandle()), 0));
   tabStrip_->SetMinSize(size);
   auto* const ok = new wxButton(this, wxID_OK, "OK");
@@ -97,7 +97,7 @@ void frmOption::Fill(wxSizer& column, wxWindow* parent, std::span<const OptionCo
       grid = new wxFlexGridSizer(2, FromDIP(kGap), FromDIP(kGap));
       grid->AddGrowableCol(1);
       auto* row = new wxBoxSizer(wxHORIZONTAL);
-      row->AddSpacer(i > 0 ? FromDIP(kIndent) : 0);  // below what switches all of them
+      row->AddSpacer(i > 0 ? FromDIP(kIndent) : 0);  // below the check box that switches all of them
       row->Add(grid, wxSizerFlags(1));
       column.Add(row, wxSizerFlags().Expand().Border(wxALL, FromDIP(kSmallGap)));
     }
@@ -129,10 +129,10 @@ wxWindow* frmOption::MakeControl(wxWindow* parent, const OptionControl& control,
   return made;
 }
 
-// The check box beside it is seen, not heard.
+// Gets an accessible name, because the check box beside it is only visible.
 wxWindow* frmOption::MakeTextBox(wxWindow* parent, const OptionControl& control) {
   auto* const box = new TextBox(parent);
-  box->SetMaxLength(IniFile::kLongestValue);  // more would be gone after the next start
+  box->SetMaxLength(IniFile::kLongestValue);  // a longer text would be cut off at the next start
   box->SetMinSize(wxSize(FromDIP(kTextWidth), -1));
   const wxString caption = dynamic_cast<wxCheckBox*>(controls_.at(control.checkBox))->GetLabelText();
   SetAccessibleName(box->GetHandle(), FromWx(caption.BeforeFirst('(')) + "の拡張子");
@@ -140,7 +140,7 @@ wxWindow* frmOption::MakeTextBox(wxWindow* parent, const OptionControl& control)
 }
 
 wxWindow* frmOption::MakeNote(wxWindow* parent, const OptionControl& control) {
-  // No wider than the screen lets the dialog be, however large the text.
+  // Limited by the width that the screen allows the dialog, however large the font is.
   const int screen = wxDisplay(GetParent()).GetClientArea().width;
   const int width = std::min(kNoteLine * parent->GetTextExtent(ToWx("あ")).x, screen - FromDIP(kAroundNote));
   return new wxStaticText(parent, wxID_ANY, WrappedToFit(*parent, control.caption, width));

@@ -30,7 +30,7 @@ constexpr int kIcon = 48;            // DIP
 constexpr int kDescent = 4;          // DIP
 constexpr float kNameScale = 1.75F;  // of the usual font
 
-/// What Enter does while the control has the focus.
+/// Lets Enter call `act` while the control has the focus.
 void OnEnter(wxWindow& control, const std::function<void()>& act) {
   control.Bind(wxEVT_CHAR_HOOK, [act](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER) {
@@ -92,14 +92,14 @@ void frmVerInfo::AddAddress(wxSizer& column) {
   auto* const link = new wxHyperlinkCtrl(this, wxID_ANY, address, address, wxDefaultPosition, wxDefaultSize,
                                          wxHL_ALIGN_CENTRE | wxBORDER_NONE);
   link->SetName("txtURL");
-  link->SetMinSize(link->GetBestSize() + wxSize(0, FromDIP(kDescent)));  // Windows cuts the feet of its letters
-  // Handled here, wx does not start a browser of its own choice.
+  link->SetMinSize(link->GetBestSize() + wxSize(0, FromDIP(kDescent)));  // Windows cuts off its letters' descenders
+  // Handled here, so that wx does not start a browser of its own choice.
   link->Bind(wxEVT_HYPERLINK, [this](wxHyperlinkEvent& event) { open_(FromWx(event.GetURL())); });
   OnEnter(*link, [this] { open_(kProductUrl); });  // Windows would press the default button
   column.Add(link, wxSizerFlags().CenterHorizontal().Border(wxTOP, FromDIP(kSmallGap)));
 }
 
-/// A box with room around its text, which the text box itself cannot have on every system.
+/// A text box in a frame with padding, which the text box itself cannot have on every system.
 wxWindow* frmVerInfo::MakeInformation(const std::string& text) {
   auto* const frame = new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME | wxTAB_TRAVERSAL);
   auto* const box = new wxTextCtrl(frame, wxID_ANY, ToWx(text), wxDefaultPosition, wxDefaultSize,
@@ -111,20 +111,20 @@ wxWindow* frmVerInfo::MakeInformation(const std::string& text) {
     window->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
   }
   box->SetMinSize(SizeToRead(*box, text));
-  OnEnter(*box, [this] { EndModal(wxID_OK); });  // a box of several lines would swallow it
+  OnEnter(*box, [this] { EndModal(wxID_OK); });  // a multi-line box would swallow the key
   auto* const room = new wxBoxSizer(wxVERTICAL);
   room->Add(box, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kPadding)));
   frame->SetSizer(room);
   return frame;
 }
 
-/// As wide as the longest line; on a screen that is narrower the box breaks its lines, and is so much higher.
+/// As wide as the longest line. On a narrower screen the box wraps its lines and is higher.
 wxSize frmVerInfo::SizeToRead(wxTextCtrl& box, const std::string& text) const {
   wxClientDC dc(&box);
   dc.SetFont(box.GetFont());
   const int screen = wxDisplay(GetParent()).GetClientArea().width;
   const int around = FromDIP(4 * kMargin);
-  const int spare = dc.GetCharHeight();  // the box measures its text in ways of its own
+  const int spare = dc.GetCharHeight();  // the box may measure its text differently
   const int width = std::min(dc.GetMultiLineTextExtent(ToWx(text)).x + spare, screen - around);
   const wxString lines = WrappedToFit(box, text, width - spare);
   return box.GetSizeFromTextSize(width, dc.GetMultiLineTextExtent(lines).y);

@@ -12,7 +12,8 @@ namespace quillon {
 /// The version box.
 class frmVerInfo final : public wxDialog {
  public:
-  /// `open` opens the product's web address with the shell. `front`: above all windows, as the main window is.
+  /// `open` opens the product's web address with the shell. `front` keeps the box above all windows, like the main
+  /// window.
   frmVerInfo(wxWindow* parent, bool regexAvailable, bool front, std::function<void(const std::string&)> open);
 
  private:
