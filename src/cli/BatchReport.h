@@ -9,27 +9,27 @@
 
 namespace quillon::cli {
 
-/// Writes what happens to each file of a batch that moves or deletes: what would be done, or what failed, as text;
-/// every file as JSON. Ends with a summary when something was really done.
+/// Reports a batch that moves or deletes: as text, what would be done or what failed; as JSON, every file. A summary
+/// follows when files are really changed.
 class BatchReport {
  public:
   BatchReport(bool apply, bool json) : apply_(apply), json_(json) {}
 
-  /// False once the user has interrupted the program or nobody reads on: the batch ends there.
+  /// Returns false once the user has interrupted the program or the output is closed; the batch must then end.
   [[nodiscard]] bool Continue();
 
-  /// A file that was moved, or would be. `further` holds what its JSON object has besides the paths.
+  /// Reports a file that was moved, or would be. `further` holds its JSON object's fields besides the paths.
   void Moved(const std::string& from, const std::string& to, const Json& further);
-  /// A file that was deleted, or would be.
+  /// Reports a file that was deleted, or would be.
   void Deleted(const std::string& path);
-  /// A file that was left where it is.
+  /// Reports a file that was not moved or deleted, or would not be.
   void Failed(const Json& paths, const std::string& path, const FileError& error, const std::string& reason);
 
   [[nodiscard]] int Done() const { return done_; }
   [[nodiscard]] int FailureCount() const { return failed_; }
 
-  /// Writes the lines, and as JSON one object that holds them behind `counted`, the field of the number done, and what
-  /// `further` says. Nothing without `apply`.
+  /// Writes the lines, or as JSON one object: the number done in the field `counted`, the fields of `further`, and the
+  /// lines. Writes nothing without `apply`.
   void Summary(const char* counted, const std::vector<std::string>& lines, const Json& further);
 
   /// The exit status, after everything was written.

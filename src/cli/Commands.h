@@ -56,7 +56,7 @@ struct DeleteArguments {
 };
 [[nodiscard]] int RunDelete(const DeleteArguments& arguments);
 
-/// Sends the lines of standard input to the multimedia device and writes its answers, each as soon as it is there.
+/// Sends the lines of standard input to the multimedia device and writes each answer as soon as it arrives.
 [[nodiscard]] int RunMci();
 
 }  // namespace quillon::cli

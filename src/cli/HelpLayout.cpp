@@ -10,7 +10,8 @@
 namespace quillon::cli {
 namespace {
 
-/// The parser's layout. Its left column is padded by bytes and stays ASCII: what has to be said is in the right one.
+/// The parser's layout. Its left column is padded by bytes, so it holds only ASCII; the explanations are in the right
+/// one.
 class HelpLayout final : public CLI::Formatter {
  public:
   HelpLayout() {
@@ -20,7 +21,7 @@ class HelpLayout final : public CLI::Formatter {
 
   std::string make_description(const CLI::App* app) const override { return app->get_description() + "\n"; }
 
-  // Only one heading is needed, also where a command has taken over the help's option with its own.
+  // One heading is enough, also when a command has the inherited help option besides its own options.
   std::string make_group(std::string group, bool isPositional, std::vector<const CLI::Option*> options) const override {
     return Formatter::make_group(isPositional ? group : Localized(texts::kOptions), isPositional, options);
   }

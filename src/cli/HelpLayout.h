@@ -4,8 +4,8 @@
 
 namespace quillon::cli {
 
-/// Gives the parser the user's language: headings, the help's own option, complaints. To be called before commands and
-/// options are added, which take these over.
+/// Sets the parser's headings, help option and complaints in the user's language. Call it before commands and options
+/// are added, because they inherit these.
 void LocalizeHelp(CLI::App& app);
 
 }  // namespace quillon::cli

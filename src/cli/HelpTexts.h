@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// What --help and the answers to wrong usage say, in the languages that they know.
+/// The texts of --help and of the answers to wrong usage, in each language.
 namespace quillon::cli {
 
 struct HelpText {
@@ -25,7 +25,7 @@ inline constexpr HelpText kRequired = {" (required)", "（必須）"};
 inline constexpr HelpText kHelp = {"Show this help and end", "このヘルプを表示して終わる"};
 inline constexpr HelpText kVersion = {"Show the version and end", "バージョンを表示して終わる"};
 
-// What several commands have.
+// Shared by several commands.
 inline constexpr HelpText kPaths = {"Files and folders", "ファイルとフォルダ"};
 inline constexpr HelpText kSubfolders = {"Search the folders' subfolders, too", "サブフォルダの中も検索する"};
 inline constexpr HelpText kExtensions = {
@@ -81,8 +81,8 @@ inline constexpr HelpText kMciFooter = {
 inline constexpr HelpText kEmptyPath = {"an empty PATH names nothing", "PATH が空です"};
 inline constexpr HelpText kSeeHelp = {"Run with --help for more information.", "使い方は --help で表示されます。"};
 
-/// What is wrong, for those who read Japanese; the parser's own sentence, which names the argument, follows it and
-/// stands alone in English.
+/// The kind of mistake, in Japanese. The parser's own sentence, which names the argument, follows it; in English that
+/// sentence is shown alone.
 inline constexpr const char* kTooFewArguments = "必要な引数が足りません";
 inline constexpr const char* kUnknownArgument = "使えない引数があります";
 inline constexpr const char* kNotTogether = "一緒に使えないオプションがあります";

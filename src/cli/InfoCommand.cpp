@@ -116,7 +116,7 @@ int RunInfo(const InfoArguments& arguments) {
       ++unread;
       Complain("ファイルを読み込めません: " + path);
     }
-    // A reader answers for any path, with its empty record for one that cannot be read.
+    // A single reader is run for any path; its record is empty for a file that cannot be read.
     if (!readable && arguments.reader == Reader::kByType) continue;
     Json object;
     AddPath(object, "location", path);

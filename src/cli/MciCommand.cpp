@@ -20,7 +20,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kReplySize = 1024;
 
-/// Standard input line by line, each as soon as it is there.
+/// Reads standard input line by line, each as soon as it arrives.
 class InputLines {
  public:
   std::optional<std::string> Next() {
@@ -74,7 +74,7 @@ std::string AwaitMode(CommandDevice& device, std::string_view alias, std::string
   }
 }
 
-/// The line's answer; none for a line that only takes its time.
+/// Executes the line and returns its answer; nullopt for "wait".
 std::optional<std::string> CarryOut(CommandDevice& device, const std::string& line) {
   const std::vector<std::string_view> words = Split(line, ' ');
   const std::optional<milliseconds> time = Milliseconds(words.back());

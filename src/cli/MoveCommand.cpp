@@ -27,7 +27,7 @@ Json NotKeptFields(const NotKept& notKept) {
   return Json{{"not_kept", fields}};
 }
 
-// What is wrong with the folder that the files are to go to; empty when they can.
+// What is wrong with the target folder; empty when it can be used.
 std::string ComplaintAboutTarget(FileReads& files, const std::string& folder) {
   if (folder.empty()) return "移動先のフォルダを指定してください";
   const Result<FileStatus, FileError> target = files.Status(folder);
@@ -46,7 +46,7 @@ std::string ReasonOf(const FileError& error) {
   return leftAt.empty() ? known : known + "。" + leftAt;
 }
 
-/// Ctrl-C, or what counts like it, ends the copying of a large file, too.
+/// Lets an interruption (Ctrl-C and the like) also end the copying of a large file.
 class CopyUntilInterrupted final : public CopyProgress {
  public:
   bool Continue(std::uint64_t) override { return !Interrupted(); }

@@ -5,8 +5,8 @@
 
 namespace quillon::cli {
 
-/// Standard output, gathered and written in large pieces; what is left is written at the end of the object's life. Once
-/// the other end is closed everything more is dropped quietly; any other failure is complained of once.
+/// Standard output, collected and written in large pieces; the destructor writes the rest. Once the other end is
+/// closed, all further output is dropped silently; any other failure is reported once, on standard error.
 class Output {
  public:
   Output() = default;
@@ -16,7 +16,7 @@ class Output {
 
   void Line(std::string_view text);
 
-  /// Writes what is left. False when something could not be written, now or before.
+  /// Writes the rest. Returns false when something could not be written, now or before.
   bool Flush();
 
   /// True when nothing can be written any more.
@@ -27,7 +27,7 @@ class Output {
   bool closed_ = false;
 };
 
-/// One line on standard error.
+/// Writes one line to standard error.
 void Complain(std::string_view text);
 
 }  // namespace quillon::cli

@@ -15,7 +15,7 @@
 namespace quillon::cli {
 namespace {
 
-/// Writes what happens to each row while the batch runs.
+/// Reports each row while the batch runs.
 class Reporter final : public Progress {
  public:
   Reporter(const RenameArguments& arguments, Output& output) : arguments_(arguments), output_(output) {}

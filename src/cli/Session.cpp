@@ -55,10 +55,10 @@ bool Session::Load(const Selection& selection) {
   return complete;
 }
 
-// True when the path gave or already had its rows.
+// True when the path's rows were loaded, or its folder or file was listed already.
 bool Session::LoadPath(const std::string& path) {
   UntilInterrupted progress;
-  if (path.empty()) return false;  // as a folder it would be the root
+  if (path.empty()) return false;  // it would be loaded as the root folder
   return files->IsFile(path) ? Register({path}, path, progress) : LoadFolder(path, progress);
 }
 
@@ -91,7 +91,7 @@ bool Session::Register(std::vector<std::string> paths, const std::string& subjec
   return !ComplainAbout(registered.passedOver) && !registered.error;
 }
 
-// True when there were any.
+// Returns true when there were any.
 bool Session::ComplainAbout(const std::vector<PassedOver>& paths) {
   for (const PassedOver& passed : paths) {
     Complain(std::string(kLoadCaption) + ": " + ReasonOf(passed.obstacle) + ": " + passed.path);
@@ -103,7 +103,7 @@ std::optional<OptionValues> LoadSettings(const std::string& path) {
   if (path.empty()) return OptionValues{};
   const std::string fullPath = FullPath(path);
   IniFile file(fullPath);
-  // A file that was asked for has to be there.
+  // A settings file that the user names must exist.
   if (!MakeFileReads()->IsFile(fullPath) || !file.Load()) {
     Complain("設定ファイルを読み込めません: " + fullPath);
     return std::nullopt;

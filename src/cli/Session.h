@@ -37,13 +37,13 @@ class Session {
  public:
   explicit Session(OptionValues initial);
 
-  /// Loads the paths in their order; true when each of them gave or already had its rows.
+  /// Loads the paths in their order; true when each path's rows were loaded, or it was listed already.
   bool Load(const Selection& selection);
 
   FileList list;
   OptionValues options;
   ApplyMode mode;
-  PlayerControl player;  ///< none
+  PlayerControl player;  ///< does nothing
   std::unique_ptr<FileReads> files = MakeFileReads();
 
  private:
@@ -53,8 +53,8 @@ class Session {
   bool ComplainAbout(const std::vector<PassedOver>& paths);
 };
 
-/// Writes a message of the program to standard error, on one line: where it does not name the path that it is about,
-/// that stands at its end.
+/// Writes a message to standard error, on one line. `subject` is the path concerned, which is appended when the text
+/// does not name it.
 void Complain(const std::string& caption, const std::string& text, const std::string& subject);
 
 /// Exit statuses.
@@ -63,7 +63,8 @@ inline constexpr int kSomeFailed = 1;
 inline constexpr int kBadUsage = 2;
 inline constexpr int kNothingLoaded = 3;
 
-/// The option values of this settings file, or of none when the path is empty. On failure complains and gives nothing.
+/// The option values of this settings file, or of none when the path is empty. On failure it complains and returns
+/// nullopt.
 [[nodiscard]] std::optional<OptionValues> LoadSettings(const std::string& path);
 
 }  // namespace quillon::cli

@@ -25,7 +25,7 @@ void AddSelection(CLI::App& command, Selection& selection) {
   command.add_flag("--all", selection.all, Localized(texts::kAll))->excludes(extensions);
 }
 
-// What the commands share that change files only when they are told to.
+// The options of the commands that change files only with --apply.
 template <class BatchArguments>
 void AddBatch(CLI::App& command, BatchArguments& arguments, const HelpText& apply) {
   command.add_flag("--json", arguments.json, Localized(texts::kJson));
