@@ -31,10 +31,11 @@ Application::Paths ProgramPaths() {
 
 }  // namespace
 
-/// The program: one instance for a user's session, its one main window.
+/// The program: one instance per user session, with one main window.
 class QuillonApp final : public GuardedApp {
  public:
-  // Before the window system is started, which takes away what a desktop passes on about who started the program.
+  // Runs before the window system is started, because that removes the desktop's information about who started the
+  // program.
   bool Initialize(int& count, wxChar** arguments) override {
     KeepToOwnAndSystemLibraries();
     request_ = ReadCommandLine(RawCommandLine(), ProgramArguments(0, nullptr), *MakeFileReads());
@@ -62,8 +63,8 @@ class QuillonApp final : public GuardedApp {
   }
 
  private:
-  // What is asked for is an answer; a mistake is a complaint. False where there is nobody to read it, as for programs
-  // with windows on Windows.
+  // Writes an answer to standard output, or a complaint about a mistake to standard error. Returns false when it cannot
+  // be written, as for programs with windows on Windows.
   static bool Write(const CommandLineRequest& request) {
     const bool mistake = request.kind == CommandLineRequest::Kind::kWrongUsage;
     const std::string answer = AnswerTo(request);
@@ -95,7 +96,7 @@ class QuillonApp final : public GuardedApp {
     WxMessageBoxes(nullptr).Show(message);
   }
 
-  // False for settings that cannot be read.
+  // Returns false for settings that cannot be read.
   bool LoadWindow(const Application::Paths& paths) {
     std::optional<OptionValues> options = LoadOptionValues(paths.settings);
     if (!options) return false;
@@ -105,7 +106,7 @@ class QuillonApp final : public GuardedApp {
     termination_ = CatchTermination([shown = wxWeakRef<frmMain>(window)] {
       if (shown) shown->CloseUnanswered();
     });
-    // Not before the message loop runs: the load lets messages through.
+    // Postponed until the message loop runs, because the load processes messages.
     window->CallAfter([window, paths = request_.paths] { window->Start(paths); });
     return true;
   }
@@ -113,7 +114,7 @@ class QuillonApp final : public GuardedApp {
   CommandLineRequest request_;
   std::unique_ptr<SingleInstance> instance_;
   std::unique_ptr<Termination> termination_;
-  std::optional<int> exitStatus_;  // there is nothing to run
+  std::optional<int> exitStatus_;  // set when there is nothing to run
 };
 
 }  // namespace quillon
