@@ -32,7 +32,7 @@ struct CommandLineRequest {
 /// The answer to a request that opens no window: several lines, each with a line break.
 [[nodiscard]] std::string AnswerTo(const CommandLineRequest& request);
 
-/// The same as a box, for where nobody reads what is written.
+/// The same as a message box, for when the answer cannot be written.
 [[nodiscard]] Message BoxFor(const CommandLineRequest& request);
 
 /// The exit status of a request that opens no window.

@@ -12,14 +12,14 @@
 namespace quillon {
 
 /// Changes the rename names of many rows: to their titles, and by the modification rules. In auto-apply mode each row
-/// is applied at once. What may last shows the wait window, and the user may cancel it there: the rows done so far
-/// stay. Names that a rule left alone are told once, at the end.
+/// is applied at once. Long runs show the wait window, where the user can cancel them; the rows done so far stay. Names
+/// that stay unchanged (ModifyResult::leftAlone) are reported once, at the end.
 class NameCommands {
  public:
   NameCommands(const Session& session, ApplyCommands& applying, RegexEngine& regex, ProgressDisplay& waiting,
                const Screen& screen, std::chrono::milliseconds progressInterval = kProgressInterval);
 
-  /// `rules` are the options' own, or those without what cannot be had here.
+  /// `rules` are the options' rules, with a plain search when regular expressions are unavailable.
   RunOutcome ModifyRows(Rows rows, const OptionValues::Modify& rules);
 
   /// Rows without a title are skipped as the options say. With `applyRules` the title passes through the modification

@@ -30,7 +30,7 @@ class PlayerStatus {
 class FilePanel {
  public:
   virtual ~FilePanel() = default;
-  /// No row is shown: the rename box is emptied and disabled, the boxes show their empty state.
+  /// Shows no row: the rename box is emptied and disabled, the boxes show their empty state.
   virtual void Reset() = 0;
   /// Shows this row's information, read again from its file.
   virtual void ShowRow(int index) = 0;

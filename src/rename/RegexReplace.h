@@ -22,7 +22,7 @@ class RegexEngine {
   virtual std::optional<std::string> Replace(std::string_view command, std::string_view target) = 0;
 };
 
-/// The regular-expression library, found by name as SharedLibrary::Find does. It is available only when it reports the
+/// The regular-expression library, found by name as FindLibrary does. It is available only when it reports the
 /// interface version that is known here (bregexp.h); no other function of it is called before that.
 class RegexLibrary final : public RegexEngine {
  public:

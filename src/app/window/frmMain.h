@@ -51,8 +51,8 @@ class frmMain final : public wxFrame,
   /// Restores the window when it is minimised, and brings it in front of other windows together with its open dialog.
   void ComeForward();
 
-  /// Closes the window for the system, which waits for no answer: what asks the user is cancelled. What runs is ended
-  /// first; then, or while there is one more dialog open, this is to be called again.
+  /// Closes the window when the system ends the program and waits for no answer: dialogs are cancelled, and a running
+  /// command is ended first. Call it again when that has ended, or while another dialog is open.
   void CloseUnanswered();
 
   [[nodiscard]] Application& App() { return *app_; }

@@ -42,7 +42,7 @@ class lvwFilesBase : public lvwFiles {
   void Stop();
 
   // Implemented for each system. While IsShowing, native events are ignored.
-  /// Shows the rows of the FileList. False when the control's selection is another one now.
+  /// Shows the rows of the FileList. Returns false when the control's selection may have changed.
   virtual bool ShowRows(const Changes& changes) = 0;
   /// The rows that the control shows as selected, in rising order.
   [[nodiscard]] virtual std::vector<int> NativeSelection() const = 0;
