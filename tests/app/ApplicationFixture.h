@@ -56,8 +56,8 @@ class MainWindowRecorder final : public MainWindow {
   EventLog& log_;
 };
 
-/// The program behind a window of recorders. Files are real ones in `folder`; the settings file is to be
-/// "Quillon.ini" in `home`.
+/// An Application whose ports are recorders. Files are real ones in `folder`; the settings file's path is "Quillon.ini"
+/// in `home`.
 struct ApplicationFixture {
   TempFolder folder;
   TempFolder home;
@@ -84,7 +84,7 @@ struct ApplicationFixture {
                           return shellAnswer;
                         }}}) {}
 
-  /// Every file is loaded, unchecked; there is no question but those of a test about questions.
+  /// Every file is loaded, unchecked; files are deleted for good, without a question.
   static OptionValues Options() {
     OptionValues options;
     options.find.filterByExtension = false;
@@ -101,7 +101,7 @@ struct ApplicationFixture {
     ports.log.Clear();
   }
 
-  /// What a click (with the keys for more rows held) does.
+  /// Selects these rows as clicks do (with the keys for several rows held).
   void Select(const std::vector<int>& rows) {
     app.List().SelectNone();
     for (const int row : rows) app.List().SetSelected(row, true);

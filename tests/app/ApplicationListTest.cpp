@@ -229,7 +229,7 @@ TEST(Renaming, AStoppedBatchInAutoModeLeavesTheBoxAtTheNameThatHolds) {
   Automatic f;
   f.Load({"a.txt", "b.txt"});
   f.app.Options().system.suppressConfirmations = true;
-  f.app.Execute(mnuAllRename);  // the title "---" is the name of both
+  f.app.Execute(mnuAllRename);  // both get the title "---" as their name
   EXPECT_EQ(f.Names(), Texts({"---", "b"}));
   EXPECT_EQ(SelectedRows(f.app.List()), Indices({2})) << "the failed row";
   EXPECT_EQ(f.box.Text(), "b");
@@ -341,7 +341,7 @@ TEST(Removing, UncheckedRowsLeaveTheListAndThePanelsAreReset) {
   EXPECT_EQ(f.LastPanel("player"), kIdle);
 }
 
-/// Box, information panel and selection speak of the same row, or of none.
+/// Expects rename box, information panel and selection to show the same row, or none.
 void ExpectPanelsToFollow(ApplicationFixture& f) {
   const int selected = f.app.List().SelectedIndex();
   EXPECT_EQ(f.box.IsEnabled(), selected != 0);

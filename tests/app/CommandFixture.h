@@ -9,7 +9,7 @@
 
 namespace quillon::test {
 
-/// What commands work on, in memory, and recorders where they show themselves.
+/// What commands work on, in memory, and recorders of what they show.
 struct CommandFixture {
   MemoryFileSystem files;
   Recorders ports;

@@ -20,8 +20,8 @@
 #include "support/Rows.h"
 #include "support/TempFolder.h"
 
-/// Whatever is renamed, moved and deleted in whatever order: no content is lost, none is doubled, and every row leads
-/// to the content that it was loaded with.
+/// After renames, moves and deletions in any order no content is lost or doubled, and every row leads to the content
+/// that it was loaded with.
 namespace quillon {
 namespace {
 
@@ -59,7 +59,7 @@ Texts BaseNames(const Volume& volume) {
 
 Texts RenameNamesFor(const Volume& volume) {
   Texts names = BaseNames(volume);
-  names.insert(names.end(), {"a", "b", "c", "a", "b", "c"});  // collisions are what this is about
+  names.insert(names.end(), {"a", "b", "c", "a", "b", "c"});  // to make names collide
   names.insert(names.end(), {"", "  ", ".", "..", "a.", "a ", "a. .", "\t", "a\tb", "a?b", "a/b", "a\\b", "a:b", "\r",
                              "a\nb", "song.mp3", std::string("nul\0x", 5)});
   const std::string kana = "あ";
@@ -93,7 +93,7 @@ Contents Values(const std::map<std::string, std::string>& files) {
   return contents;
 }
 
-/// The number that the last box begins one of its lines with; 0 when none does.
+/// The number before `words` at the start of a line of the last box; 0 when there is none.
 int NumberBefore(const Message& box, const std::string& words) {
   const std::size_t end = box.text.find(words);
   if (end == std::string::npos) return 0;
@@ -120,7 +120,7 @@ class Program {
     options_.list.searchSubfolders = true;
   }
 
-  /// Loads every file. A row keeps its content in the artist column, which no command under test looks at.
+  /// Loads every file. A row keeps its content in the artist column, which no tested command reads.
   void Load() {
     loader_.LoadFolder(volume_.folders.front());
     const auto files = Files();
@@ -152,7 +152,7 @@ class Program {
   }
 
  private:
-  using Before = std::map<std::string, FileItem>;  ///< by content, which is the row's own
+  using Before = std::map<std::string, FileItem>;  ///< by content, which differs for every row
 
   [[nodiscard]] std::map<std::string, std::string> Files() const {
     std::map<std::string, std::string> files;
@@ -168,7 +168,7 @@ class Program {
     return bytes;
   }
 
-  /// New options, rename names, checks and a selected row.
+  /// Sets random options, rename names, checks and a selected row.
   void Shuffle() {
     options_.update.skipFailedRows = dice_.Coin();
     options_.update.checkFailedRows = dice_.Coin();
@@ -198,7 +198,8 @@ class Program {
     return rows;
   }
 
-  /// How many rows in scope were applied, judged by where they lead to now; all others must lead to where they did.
+  /// The number of rows in scope that were applied, judged by their locations. The locations of all others must be
+  /// unchanged.
   int CountApplied(const Before& before, const std::function<bool(const FileItem&)>& inScope) {
     int applied = 0;
     for (int index = 1; index <= list_.Count(); ++index) {
@@ -242,7 +243,7 @@ class Program {
     EXPECT_EQ(ports_.boxes.Shown().back().text == "選択されたアイテムの適応が完了しました", applied == 1);
   }
 
-  /// How many rows were moved: they lead to the target, or have left the list as the option says.
+  /// The number of moved rows: they are in the target, or have left the list, as the option says.
   int CountMoved(const Before& before, const std::string& target, const std::function<bool(const FileItem&)>& inScope) {
     const Before after = Rows();
     int moved = 0;
@@ -354,7 +355,7 @@ void RunInMemory(unsigned seed, test::MemoryFileSystem::Options options) {
 TEST(ContentPreservation, OnTheRealDisk) {
   const auto reads = MakeFileReads();
   const auto changes = MakeFileChanges();
-  // Every change goes through to the disk, which is slow on some systems.
+  // Every change reaches the real disk, which is slow on some systems.
   const unsigned rounds = SystemPathStyle() == PathStyle::kWindows ? 30 : 120;
   for (unsigned seed = 1; seed <= rounds && !HasFailure(); ++seed) {
     SCOPED_TRACE(testing::Message() << "seed " << seed);

@@ -11,8 +11,7 @@
 
 namespace quillon::test {
 
-/// Files in memory, rows for them, and the rename box below, all moving as in the window: whoever shows a row loads the
-/// box with it.
+/// Files in memory, rows for them, and the rename box, connected as in the window: showing a row loads it into the box.
 struct EditingFixture : RenameFixture {
   struct NoRegex final : RegexEngine {
     std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
@@ -42,7 +41,7 @@ struct EditingFixture : RenameFixture {
   NameCommands nameCommands{session, applying, regex, ports.progress, following};
   RenameEditing editing{session, applying, nameCommands, box, following};
 
-  /// The first row is selected, the log empty.
+  /// Selects the first row and empties the log.
   explicit EditingFixture(const std::vector<std::string>& names, PathStyle pathStyle = PathStyle::kLinux)
       : RenameFixture(names, pathStyle) {
     if (!names.empty()) Select({1});
@@ -62,7 +61,7 @@ struct EditingFixture : RenameFixture {
     list.Replace(index, row);
   }
 
-  /// The box's text is this now, the caret behind its `caret`-th character; by default at the end.
+  /// Types this text; the caret is then behind its `caret`-th character, by default at the end.
   void Type(const std::string& text, int caret = -1) {
     ports.log.Clear();
     box.Put(text, caret < 0 ? static_cast<int>(CharacterCount(text)) : caret);

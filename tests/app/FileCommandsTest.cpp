@@ -541,7 +541,7 @@ struct CopyingFixture : Fixture {
     ports.folders.Answer("/t");
   }
 
-  /// The user presses the button when this is shown for the n-th time.
+  /// The user cancels when the progress is shown for this time, counted from 1.
   void CancelAt(int update) {
     ports.progress.duringUpdate = [this, left = update]() mutable { ports.progress.cancelled = --left <= 0; };
   }

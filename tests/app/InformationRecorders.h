@@ -7,7 +7,7 @@
 
 namespace quillon::test {
 
-/// The boxes of the information panel as they stand.
+/// Records the present texts of the information panel's boxes.
 class InformationBoxRecorder final : public InformationBoxes {
  public:
   void SetTitle(const std::string& text) override { title = text; }
@@ -23,7 +23,7 @@ class InformationBoxRecorder final : public InformationBoxes {
   std::size_t room = 1000;
 };
 
-/// Every file plays this long.
+/// Gives every file the same playing time.
 class PlayTimeRecorder final : public PlayTimes {
  public:
   std::int32_t LengthOfChosenFile() override {

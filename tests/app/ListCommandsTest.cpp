@@ -80,7 +80,7 @@ TEST(mnuThisListDel, LeavesThePlayerAloneWhenAnotherFileLeaves) {
   EXPECT_EQ(f.ports.player.loaded, "/f/b");
 }
 
-// A player looks at the list when it lets go of a file: the rows must be whole then.
+// A player may read the list when it releases a file, so the removal must be complete by then.
 TEST(mnuUnChkListRem, LetsThePlayerSeeTheListAsItIsAfterTheRemoval) {
   Fixture f({"a", "b", "c"});
   f.list.SetChecked(3, true);

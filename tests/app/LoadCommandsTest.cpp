@@ -318,7 +318,7 @@ TEST(LoadPaths, CancellingAmongFilesEndsTheFoldersBehindThemToo) {
 TEST(LoadExceptions, LeaveNoWindowOfProgressAndNoChangedOption) {
   struct Case {
     const char* name;
-    std::size_t call;  // of the pending messages
+    std::size_t call;  // of PendingMessages::Process that throws
     Texts rows;
   };
   for (const Case& c : std::vector<Case>{{"in the search", 1, {}}, {"in the registration", 4, {"/m/a.mid"}}}) {

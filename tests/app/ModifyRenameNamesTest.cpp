@@ -136,7 +136,7 @@ TEST(ModifyRenameNames, CancellingKeepsTheRowsDoneSoFar) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
   f.options.modify.rules[0] = {true, "x", "y"};
   f.options.modify.upper = true;
-  f.ports.pending.At(4, [&] { f.ports.progress.cancelled = true; });  // in the rule, over the second row
+  f.ports.pending.At(4, [&] { f.ports.progress.cancelled = true; });  // while the rule works on the second row
   const RunOutcome outcome = f.Run(true);
   EXPECT_EQ(outcome.end, RunEnd::kCancelled);
   EXPECT_EQ(RenameNames(f.list), Texts({"A", "b", "c"}));

@@ -10,8 +10,7 @@
 
 namespace quillon::test {
 
-/// A text box with caret, selection and focus, as a user would have it before them. What the logic does to it is
-/// logged; what the test does to it is not.
+/// A text box with caret, selection and focus. What the logic changes is logged; what the test changes is not.
 class RenameBoxRecorder final : public RenameBox {
  public:
   explicit RenameBoxRecorder(EventLog& log) : log_(log) {}
@@ -43,7 +42,7 @@ class RenameBoxRecorder final : public RenameBox {
   }
   void Beep() override { log_.Add("beep"); }
 
-  /// The text stands in the box, the caret where the last character was typed. The caller tells the logic.
+  /// Sets text and caret as typing does. The caller then notifies the logic.
   void Put(std::string text, int caret) {
     text_ = std::move(text);
     caret_ = caret;

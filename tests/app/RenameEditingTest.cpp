@@ -22,7 +22,7 @@ struct Automatic : EditingFixture {
   explicit Automatic(const Texts& names) : EditingFixture(names) { mode.automatic = true; }
 };
 
-// Names that no file should have, which files have all the same on Linux.
+// Names with invalid characters, which files may nevertheless have on Linux.
 
 TEST(RenameBoxChange, InAutoModeInvalidCharactersCanBeTakenOutOneAfterTheOther) {
   Automatic f({"a:b?.mid"});
@@ -410,7 +410,7 @@ TEST(RenameBoxClick, AnEmptiedBoxStaysWithItsRowInAutoMode) {
   EXPECT_EQ(SelectedRows(f.list), Indices({2}));
 }
 
-// The guard of other rows and of a sort.
+// Leaving the row, for another one or for a sort.
 
 TEST(MayLeaveRow, WithANameInTheBoxOrInManualMode) {
   Automatic f({"a.mid"});
@@ -425,7 +425,7 @@ TEST(MayLeaveRow, NotWithAnEmptyBoxInAutoMode) {
   Automatic f({"a.mid", "b.mid", "c.mid"});
   f.Select({2});
   f.Type("");
-  f.list.SelectOnly(3);  // as the list has it after a click
+  f.list.SelectOnly(3);  // as after a click in the list
   EXPECT_FALSE(f.editing.MayLeaveRow());
   EXPECT_EQ(SelectedRows(f.list), Indices({2}));
   EXPECT_EQ(f.box.Text(), "b");

@@ -154,7 +154,7 @@ TEST(TitleRename, CancellingKeepsTheRowsDoneSoFar) {
   f.options.rename.applyRules = true;
   f.options.modify.rules[0] = {true, "x", "y"};
   f.options.modify.upper = true;
-  f.ports.pending.At(4, [&] { f.ports.progress.cancelled = true; });  // in the rule, over the second row
+  f.ports.pending.At(4, [&] { f.ports.progress.cancelled = true; });  // while the rule works on the second row
   f.titles.RenameToTitles(Rows::kAll);
   EXPECT_EQ(RenameNames(f.list), Texts({"ONE", "2", "3"}));
   EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/1.mid",

@@ -1,4 +1,4 @@
-// What only Linux has: links, names of any bytes, signals, another volume in memory, a trash of one's own.
+// Features of Linux only: links, names of any bytes, signals, another volume in memory, a separate trash.
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -190,7 +190,7 @@ TEST(CliMoveTest, WhatTheOtherVolumeCannotKeepIsToldForEachFileAndInTheSummary) 
   const std::string to = folder.MakeFolder("to");
   const bool given = setxattr(first.c_str(), "user.comment", "hello", 5, 0) == 0 && GiveAccessList(second);
   if (!given) GTEST_SKIP() << "no extended attributes or access lists here";
-  // The volume, which knows neither, is there for this one command.
+  // Mounts a volume that supports neither, for this command only.
   const ProcessResult result = RunProcess(
       "/usr/bin/env", {"unshare", "--mount", "sh", "-c", "mount -t ramfs none \"$1\" || exit 100; shift; exec \"$@\"",
                        "sh", to, QUILLON_CLI, "move", "--to", to, "--apply", "--json", first, second, third});
@@ -210,7 +210,7 @@ TEST(CliMoveTest, WhatTheOtherVolumeCannotKeepIsToldForEachFileAndInTheSummary) 
                                summary}));
 }
 
-/// The trash of a home of its own: the tester's stays as it is.
+/// Uses the trash of a separate home folder, so that the tester's stays as it is.
 class CliTrashTest : public testing::Test {
  protected:
   [[nodiscard]] ProcessResult Delete(const std::vector<std::string>& arguments) const {

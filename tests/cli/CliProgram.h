@@ -7,7 +7,7 @@
 
 #include "support/Process.h"
 
-/// Runs quillon-cli and takes apart what it writes.
+/// Runs quillon-cli and parses its output.
 namespace quillon::test {
 
 using Json = nlohmann::json;
@@ -22,7 +22,7 @@ using Json = nlohmann::json;
 /// One object per line.
 [[nodiscard]] std::vector<Json> JsonLines(const std::string& text);
 
-/// Runs the program with arguments that it must refuse: status 2, a complaint, and nothing else said.
+/// Expects the program to refuse these arguments: status 2, a complaint, and no output.
 void ExpectWrongUsage(const std::vector<std::string>& arguments);
 
 }  // namespace quillon::test

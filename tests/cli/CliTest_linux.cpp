@@ -1,4 +1,4 @@
-// What only Linux has: names of any bytes, signals, pipes.
+// Features of Linux only: names of any bytes, signals, pipes.
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -100,7 +100,7 @@ TEST(CliPipeTest, OutputThatCannotBeWrittenIsNoSuccess) {
   EXPECT_EQ(result.errors, "標準出力に書き込めません\n");
 }
 
-// The program's answer with these settings of the locale and no others.
+// Runs the program with only these locale settings.
 ProcessResult CliIn(std::vector<std::string> locale, const std::vector<std::string>& arguments) {
   std::vector<std::string> words = {"-u", "LC_ALL", "-u", "LC_MESSAGES", "-u", "LANG"};
   words.insert(words.end(), locale.begin(), locale.end());
@@ -142,7 +142,7 @@ TEST(CliLocaleTest, EveryLineOfTheHelpIsInTheLocalesLanguage) {
     EXPECT_FALSE(HasJapanese(CliIn({"LC_ALL=C.UTF-8"}, arguments).output));
     std::istringstream lines(CliIn({"LC_ALL=ja_JP.UTF-8"}, arguments).output);
     for (std::string line; std::getline(lines, line);) {
-      // A value's form that is too wide for the left column stands alone.
+      // An option whose value is too wide for the left column has a line without words.
       const bool words = line.find_first_not_of(' ') != std::string::npos && line.find(":{") == std::string::npos;
       EXPECT_TRUE(!words || HasJapanese(line)) << line;
     }
@@ -178,7 +178,7 @@ std::string Numbered(int number, const char* ending) {
   return "f" + std::to_string(number) + ending;
 }
 
-// Sends the program the signal as soon as `begun` is true; its exit status, or -1 when a signal ended it.
+// Sends the program the signal as soon as `begun` is true. Returns its exit status, or -1 when a signal ended it.
 int InterruptOnce(const std::function<bool()>& begun, std::vector<std::string> arguments, int signal = SIGINT) {
   arguments.insert(arguments.begin(), QUILLON_CLI);
   std::vector<char*> words;
@@ -236,7 +236,7 @@ TEST(CliSignalTest, AnInterruptedMoveStopsInsideALargeFileAndLeavesNothingBehind
   const TempFolder folder;
   const std::string large = folder.Write("a.wav");
   const std::string next = folder.Write("b.wav", "b");
-  constexpr off_t kSize = off_t{16} << 30;  // a hole: reading it takes seconds, and nothing is written
+  constexpr off_t kSize = off_t{16} << 30;  // a sparse file: reading it takes seconds, and nothing is written
   ASSERT_EQ(truncate(large.c_str(), kSize), 0);
   struct stat one = {};
   struct stat other = {};

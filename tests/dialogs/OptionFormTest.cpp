@@ -22,7 +22,7 @@ const char* const kAutoComes =
 const char* const kManualBoxes[] = {"chkNoTitleSkip", "chkErrSkip", "chkUpdateRemoveChk", "chkRenameErrCheck",
                                     "chkRenameInjusticeCheck"};
 
-/// The form over settings of a test's own; the settings file is "Quillon.ini" in `folder`.
+/// The form over the test's own settings; the settings file is "Quillon.ini" in `folder`.
 struct Fixture {
   test::TempFolder folder;
   OptionValues options;
@@ -34,7 +34,7 @@ struct Fixture {
 
   OptionForm Form() { return OptionForm(options, modeSwitch); }
 
-  /// A click; what is shown before a box is in the log.
+  /// Clicks; what is shown before a box is in the log.
   void Click(OptionForm& form, const char* name, bool checked) {
     form.Click(name, checked, [&] { log.Add(form.Enabled("chkErrSkip") ? "shows manual" : "shows automatic"); });
   }

@@ -14,7 +14,7 @@
 namespace quillon {
 namespace {
 
-/// The list as one would write it without a thought for speed.
+/// The list in its simplest form, without regard to speed.
 struct PlainList {
   std::vector<FileItem> rows;
   bool descending = false;
@@ -66,7 +66,7 @@ class Walk {
     ASSERT_EQ(list_.Count(), static_cast<int>(plain_.rows.size()));
     EXPECT_EQ(list_.CheckedCount(), plain_.Count(IsChecked));
     EXPECT_EQ(list_.SelectedCount(), plain_.Count(IsSelected));
-    // Not asked after every step: a value that is kept must stay right through several changes.
+    // Not checked after every step, so that a cached value has to stay right through several changes.
     if (Coin()) {
       EXPECT_EQ(list_.SelectedIndex(), plain_.First(IsSelected));
     }

@@ -297,7 +297,7 @@ TEST(FileListSort, IgnoresLetterCaseAndKeepsEqualTextsInTheirOrder) {
   EXPECT_EQ(Locations(list), Texts({"/f/a.x", "/f/A.x", "/f/b.x", "/f/B.x", "/f/b.X"}));
 }
 
-/// Shorter texts first; texts of one length are the same.
+/// Shorter texts come first; texts of one length are equal.
 class ByLength final : public Collation {
  public:
   [[nodiscard]] std::string KeyOf(std::string_view text) const override { return std::string(text.size(), 'x'); }

@@ -18,12 +18,12 @@ constexpr int kFiles = 1000000;
 
 std::string NameOf(int file) {
   std::array<char, 16> number{};
-  // Spread over the whole range: the order that they are read in is not that of their names.
+  // Spread over the whole range, so that the files are not read in the order of their names.
   (void)std::snprintf(number.data(), number.size(), "%07lld", file * 7919LL % 1000003);
   return std::string(number.data()) + " 荒城の月（ピアノ独奏版） 滝廉太郎 明治三十四年.mp3";
 }
 
-/// One folder of a million files; nothing else is asked of it.
+/// One folder of a million files; the search calls nothing else.
 class HugeFolder final : public FileReads {
  public:
   Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string&) override {
@@ -40,7 +40,7 @@ class HugeFolder final : public FileReads {
   NameUnit NameUnitOf(const std::string&) override { return NameUnit::kByte; }
 };
 
-/// Searches in a process of its own. Its exit status is the most memory that it ever had, in units of two megabytes.
+/// Searches in a separate process. Its exit status is its peak memory, in units of two megabytes.
 int SearchAlone(const std::string& filter, std::size_t expected) {
   const pid_t child = fork();
   if (child == 0) {

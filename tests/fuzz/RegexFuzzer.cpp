@@ -23,7 +23,7 @@ std::string Answer(std::string_view command, std::string_view target, void** slo
   return result;
 }
 
-/// The same answer with and without a slot, and the second time as the first.
+/// Requires the same answer with and without a slot, and at the second call.
 std::string CheckedAnswer(std::string_view command, std::string_view target) {
   void* slot = nullptr;
   std::string answer = Answer(command, target, &slot);

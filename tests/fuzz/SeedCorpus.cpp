@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace quillon::test;  // the builders are all that this program speaks of
+using namespace quillon::test;  // this program only uses the builders
 
 std::vector<std::string> MidiSeeds() {
   const std::string named = MidiTrack(TimedMetaEvent(midi_event::kName, "Song") + MidiNote(60, 480));

@@ -1,4 +1,4 @@
-// Shows one of the windows that a run opens only for as long as it lasts, so that a picture can be taken of it:
+// Shows one of the windows that are open only while a run lasts, so that a picture can be taken of it:
 // quillon-gallery wait|search
 
 #include <wx/app.h>
@@ -32,7 +32,7 @@ class GalleryApp final : public wxApp {
     frame->CentreOnScreen();
     frame->Show();
     const std::vector<std::string> arguments = ProgramArguments(0, nullptr);
-    // Over a window that is there.
+    // The frame is shown first, because the windows open over it.
     if (arguments == std::vector<std::string>{"wait"}) {
       frame->CallAfter([this, frame] { ShowWait(*frame); });
     } else if (arguments == std::vector<std::string>{"search"}) {

@@ -14,7 +14,7 @@
 #include "gui/MainWindow.h"
 #include "rename/window/frmModifyMenus.h"
 
-/// A key together with Alt leads to one control or menu only, and in a menu a key chooses one entry only.
+/// Alt and a letter lead to only one control or menu, and in a menu a letter chooses only one entry.
 namespace quillon::test {
 namespace {
 
@@ -39,7 +39,7 @@ class AccessKeys {
 
   [[nodiscard]] std::size_t Count() const { return keys_.size(); }
 
-  /// Keys that several captions have, with those.
+  /// The keys that several captions share, with these captions.
   [[nodiscard]] std::map<std::string, Texts> Shared() const {
     std::map<std::string, Texts> shared;
     for (const auto& [key, captions] : keys_) {
@@ -76,7 +76,7 @@ class AccessKeysOfWindows : public MainWindowTest {
     OpenFolder();
   }
 
-  /// Of the dialog that the command opens.
+  /// The access keys of the dialog that the command opens.
   [[nodiscard]] AccessKeys KeysOf(Command command, const std::function<void(wxDialog&)>& prepare = {}) {
     AccessKeys keys;
     dialogs.Use([&](wxDialog& dialog) {

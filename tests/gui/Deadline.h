@@ -10,8 +10,8 @@
 
 namespace quillon::test {
 
-/// Ends the whole program when a test lasts too long: one that hangs in the program's own event loop never comes back,
-/// and would take the time of all others.
+/// Ends the whole program when a test lasts too long: a test that hangs in the program's event loop would never return,
+/// and no other test would run.
 class Deadline final : public testing::EmptyTestEventListener {
  public:
   explicit Deadline(std::chrono::milliseconds limit);

@@ -84,7 +84,7 @@ int Dialogs::GiveFolder(wxDialog& dialog, const std::string& path) {
   prompt_ = FromWx(folders->GetMessage());
   startFolder_ = FromWx(folders->GetPath());
   if (path.empty()) return wxID_CANCEL;
-  folders->wxDirDialogBase::SetPath(ToWx(path));  // GTK's own only tells the native dialog, which is not shown
+  folders->wxDirDialogBase::SetPath(ToWx(path));  // GTK's override only changes the native dialog, which is not shown
   return wxID_OK;
 }
 

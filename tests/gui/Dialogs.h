@@ -11,9 +11,9 @@
 
 namespace quillon::test {
 
-/// Stands in for the user wherever a dialog waits for one: the answers given beforehand are taken in order. A dialog
-/// without an answer is a failure and is cancelled; so is an answer that nothing asked for. Texts are kept with "\n"
-/// as line break, as a box shows them.
+/// Answers dialogs in place of the user, with the answers given beforehand, in their order. A dialog without an answer
+/// is cancelled and is a failure; so is an answer that no dialog asked for. Texts are kept with "\n" as line break, as
+/// a box shows them.
 class Dialogs final : public wxModalDialogHook {
  public:
   Dialogs() { Register(); }
@@ -29,13 +29,13 @@ class Dialogs final : public wxModalDialogHook {
   void ChooseFolder(const std::string& path);
   /// The next one asks for files; empty cancels it.
   void ChooseFile(const std::string& path);
-  /// The next one is shown for real, and `act` called once it is; it has to close it.
+  /// The next one is really shown; `act` is called then and has to close it.
   void Use(const std::function<void(wxDialog&)>& act);
 
   /// Message boxes shown since the last call.
   [[nodiscard]] std::vector<Message> TakeShown();
   [[nodiscard]] bool AllShown() const { return answers_.empty(); }
-  /// Of the dialog that asked for a folder last.
+  /// Prompt and start folder of the last dialog that asked for a folder.
   [[nodiscard]] const std::string& Prompt() const { return prompt_; }
   [[nodiscard]] const std::string& StartFolder() const { return startFolder_; }
 

@@ -44,7 +44,7 @@ class Typist final : public wxTimer {
 
 }  // namespace
 
-// The choice of Windows' dialog comes from its screen only: it is shown and used.
+// Windows' dialog only takes a choice on the screen, so it is shown and used.
 int AnswerWithFile(wxFileDialog& /*dialog*/, const std::string& path) {
   new Typist(path);
   return wxID_NONE;

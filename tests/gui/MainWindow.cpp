@@ -19,7 +19,7 @@ constexpr long kAnswer = 150;
 constexpr long kRest = 20;
 constexpr unsigned long kPause = 2;
 
-/// Notices when a key or button that the simulator lets go has reached the program.
+/// Notices when the release of a simulated key or button has reached the program.
 class Release final : public wxEventFilter {
  public:
   Release() { wxEvtHandler::AddFilter(this); }
@@ -32,7 +32,7 @@ class Release final : public wxEventFilter {
     return Event_Skip;
   }
 
-  /// Not every release is told: a native editor keeps its own to itself.
+  /// Waits for a limited time only, because not every release is seen: a native editor passes none on.
   void Await() const {
     Process(kAnswer, true);
     Process(kRest, false);

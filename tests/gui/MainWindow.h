@@ -41,11 +41,11 @@ class MainWindowTest : public testing::Test {
   [[nodiscard]] FileList& List() const { return App().List(); }
   [[nodiscard]] Application::Paths Paths() const { return {home.At("Quillon.ini"), home.At("Quillon.chm")}; }
 
-  /// Waits until everything that is posted by now has been done, with what that has posted.
+  /// Waits until all events posted so far, and those that they post, have been handled.
   void Drain() const;
-  /// The menu item's event; waits until the command is over.
+  /// Sends the menu item's event and waits until the command is over.
   void Run(Command command) const;
-  /// The event alone.
+  /// Sends the event without waiting.
   void Post(Command command) const;
 
   template <class Control>
@@ -64,13 +64,13 @@ class MainWindowTest : public testing::Test {
   [[nodiscard]] std::vector<int> CheckedRows() const;
   [[nodiscard]] std::vector<int> SelectedRows() const;
 
-  // The user's hands. Each waits for the window's answer to be over.
+  // The user's actions. Each waits until the window has handled it.
   void Key(int key, int modifiers = wxMOD_NONE) const;
   void Click(wxPoint screen) const;
   void ClickRow(int index) const;
   void ClickOn(const std::string& control) const;
   void ClickBox() const { ClickOn("txtAlterTitle"); }
-  /// At this many quarters of its width: two clicks on one place could be a double click.
+  /// Clicks at this many quarters of the panel's width: two clicks on one place could be a double click.
   void ClickModePanel(int quarters = 2) const;
   void FocusList() const;
   void FocusBox() const;
@@ -85,8 +85,8 @@ class MainWindowTest : public testing::Test {
   TempFolder folder;
   TempFolder home;
   Dialogs dialogs;
-  std::vector<std::string> opened;  ///< what went to the shell to be opened
-  bool opensForReal = false;        ///< by the system's shell instead; said before the window is made
+  std::vector<std::string> opened;  ///< what the shell was asked to open
+  bool opensForReal = false;        ///< with the system's shell instead; set it before the window is made
 
  private:
   wxWeakRef<frmMain> window_;
@@ -101,8 +101,8 @@ inline constexpr int kItemsPanel = 3;
 inline constexpr const char* kManual = "手動適応モード";
 inline constexpr const char* kAutomatic = "自動適応モード";
 
-// What the native list shows, asked for as each system's control has it.
-/// A row's rename name on the screen.
+// What the native list shows, read from each system's control.
+/// The place of a row's rename name on the screen.
 [[nodiscard]] wxRect NativeRowRect(lvwFiles& list, int index);
 [[nodiscard]] std::string NativeText(lvwFiles& list, int index, Column column);
 [[nodiscard]] int NativeCount(lvwFiles& list);

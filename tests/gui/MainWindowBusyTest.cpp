@@ -4,7 +4,7 @@
 #include "gui/MainWindow.h"
 #include "gui/SystemView.h"
 
-/// What the main window shows of commands that last.
+/// What the main window shows during long commands.
 namespace quillon::test {
 namespace {
 
@@ -21,7 +21,7 @@ class BusyMainWindow : public MainWindowTest {
     return nullptr;
   }
 
-  /// Runs a command of many rows; what it was like when it disabled the window.
+  /// Runs a command on many rows, and expects that it disables the window while the hourglass is shown.
   void ExpectDisabledUnderTheHourglass(Command command) const {
     std::vector<bool> hourglass;
     {
@@ -64,7 +64,7 @@ TEST_F(BusyMainWindow, ShowsTheWaitWindowAndTheBusyArrowWhileRulesRun) {
     wxWindow::FindWindowByName("cmdOK", &dialog)->ProcessWindowEvent(click);
   });
   bool asked = false;
-  dialogs.AnswerAfter([&] {  // the first row's new name is taken
+  dialogs.AnswerAfter([&] {  // the first row's new name exists already
     asked = true;
     EXPECT_NE(WaitWindow(), nullptr);
     EXPECT_TRUE(ShowsPointer(Frame(), wxCURSOR_ARROWWAIT));

@@ -81,7 +81,7 @@ TEST_F(CommandsOfMainWindow, AlwaysOnTopIsAMarkOfItsMenuItem) {
   const int id = frmMain::IdOf(mnuFront);
   EXPECT_FALSE(Frame().GetMenuBar()->IsChecked(id));
   for (const bool front : {true, false}) {
-    Frame().GetMenuBar()->Check(id, front);  // as the menu does before it tells
+    Frame().GetMenuBar()->Check(id, front);  // as the menu does before its event
     Run(mnuFront);
     EXPECT_EQ(Frame().GetMenuBar()->IsChecked(id), front);
     EXPECT_TRUE(Until([&] { return IsAboveOthers(Frame()) == front; })) << front;

@@ -122,7 +122,7 @@ TEST_F(DialogsOfMainWindow, TheFolderListIsOnTopWithTheMainWindow) {
     Run(Command::mnuFront);
     EXPECT_TRUE(Until([&] { return IsAboveOthers(Frame()) == front; })) << front;
     EXPECT_EQ(FolderList()->HasFlag(wxSTAY_ON_TOP), front);
-    if (!front && RunsUnderWine()) continue;  // Wine never takes this state from a window that has an owner
+    if (!front && RunsUnderWine()) continue;  // Wine never removes this state from a window that has an owner
     EXPECT_TRUE(Until([&] { return IsAboveOthers(*FolderList()) == front; })) << front;
   }
 }

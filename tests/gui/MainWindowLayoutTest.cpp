@@ -11,7 +11,7 @@
 #include "gui/Settle.h"
 #include "paths/basFileControl.h"
 
-/// Where the main window's controls stand. Measures are in twips, as they are given.
+/// The places of the main window's controls, in twips.
 namespace quillon::test {
 namespace {
 
@@ -33,7 +33,7 @@ class LayoutOfMainWindow : public MainWindowTest {
     Settle();
   }
 
-  /// Windows' controls fit into the measures; GTK's may need more room.
+  /// On Windows the controls fit into the given measures; GTK's may need more room.
   static bool IsExact() { return wxPlatformInfo::Get().GetPortId() == wxPORT_MSW; }
 
   void ExpectPlaces() const {
@@ -140,7 +140,7 @@ TEST_F(LayoutOfMainWindow, ShowsEveryLabelInFull) {
 
 TEST_F(LayoutOfMainWindow, StatusPanelsHoldTheirTexts) {
   Open(Options());
-  if (!IsExact()) Resize(Frame().GetMinSize());  // grown for them
+  if (!IsExact()) Resize(Frame().GetMinSize());  // enlarged for tall controls
   const wxStatusBar& bar = *Frame().GetStatusBar();
   const auto expectFits = [&](int panel, const char* text) {
     wxRect rect;
@@ -155,7 +155,7 @@ TEST_F(LayoutOfMainWindow, StatusPanelsHoldTheirTexts) {
 }
 
 TEST_F(LayoutOfMainWindow, TheFileNameIsShortenedToItsBox) {
-  std::string name;  // of many short folders: every few pixels count
+  std::string name;  // of many short folders, so that a few pixels make a difference
   for (char letter = 'a'; letter <= 'z'; ++letter) name += std::string(3, letter) + "/";
   const std::string path = WriteMidi(name + "a.mid", "First");
   Open(Options(), {path});

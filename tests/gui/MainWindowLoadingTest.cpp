@@ -14,12 +14,12 @@
 #include "gui/Settle.h"
 #include "gui/SystemView.h"
 
-/// Loads that last, and files dropped on the main window.
+/// Long loads, and files dropped on the main window.
 namespace quillon::test {
 namespace {
 
-/// Calls `act` again and again between the messages that a running command lets through. It takes its time: what a
-/// load shows only when it lasts is shown then.
+/// Calls `act` repeatedly while a running command processes messages. Each call is slow, so that everything that only a
+/// long load shows is shown.
 class Meanwhile final : public wxTimer {
  public:
   Meanwhile(frmMain& frame, std::function<void()> act) : frame_(&frame), act_(std::move(act)) { StartOnce(kPause); }
@@ -36,7 +36,7 @@ class Meanwhile final : public wxTimer {
   int calls = 0;
 
  private:
-  static constexpr int kSlow = 60;  // more than what windows of progress wait for
+  static constexpr int kSlow = 60;  // longer than the delay of progress windows
   static constexpr int kSlowCalls = 8;
   static constexpr int kPause = 2;
 
@@ -50,7 +50,7 @@ class LoadsInMainWindow : public MainWindowTest {
 
   static void SetUpTestSuite() {
     many_ = std::make_unique<TempFolder>();
-    // Many folders: a search lets messages through several times, however fast the disk is.
+    // Many folders, so that a search processes messages several times however fast the disk is.
     for (int i = 0; i < kMany; ++i) {
       many_->Write("folder" + std::to_string(i / 10) + "/" + std::to_string(i) + ".mid", Midi("Title"));
     }

@@ -40,7 +40,7 @@ class FilmsInMainWindow : public PlayerOfMainWindow {
     return nullptr;
   }
 
-  /// What stands on the screen in the middle of a colour bar.
+  /// The screen's colour in the middle of a colour bar.
   static wxColour BarColour(int bar) {
     const wxRect picture = wxWindow::FindWindowByName("picMovie", Movie())->GetScreenRect();
     return ScreenPixel({picture.x + (2 * bar + 1) * picture.width / 14, picture.y + picture.height / 3});

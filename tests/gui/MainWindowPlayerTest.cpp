@@ -8,13 +8,13 @@
 #include "gui/ScreenPixel.h"
 #include "gui/Settle.h"
 
-/// The player in the main window: what a person hears is not asked, what the controls show is.
+/// The player in the main window: what its controls show is tested, what can be heard is not.
 namespace quillon::test {
 namespace {
 
 constexpr const char* kIdleLabel = "00:00 / 00:00";
 
-/// What cmdPlay would do.
+/// The action that cmdPlay offers.
 std::string PlayLabel() {
   return FromWx(wxWindow::FindWindowByName("cmdPlay")->GetLabel());
 }
@@ -194,7 +194,7 @@ TEST_F(PlayerOfMainWindow, AClickOnTheSelectedRowBringsThePlayerBackToIt) {
     DoubleClickRow(1);
     EXPECT_TRUE(Shows("再生中： b.wav"));
     ASSERT_EQ(SelectedRows(), std::vector<int>{1});
-    Wait(1000);  // else the next click could be the double click's third
+    Wait(1000);  // otherwise the next click could be the double click's third
     App().Options().player.continuous = false;
     if (menu) {
       FocusList();

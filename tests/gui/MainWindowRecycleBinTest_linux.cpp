@@ -10,13 +10,13 @@
 namespace quillon::test {
 namespace {
 
-/// GIO looks up the user's folders once per process, so that each test runs once more in a new one, with a home of its
-/// own: the tester's real trash stays as it is.
+/// GIO looks up the user's folders once per process, so each test runs again in a new process with its own home folder.
+/// The tester's real trash stays as it is.
 class RecycleBinOfMainWindow : public MainWindowTest {
  protected:
   static constexpr const char* kMark = "QUILLON_TEST_HAS_OWN_HOME";
 
-  /// True in the process with its own home; in the other one the verdict of that process is taken over.
+  /// True in the process with its own home. The other process runs that one and takes over its result.
   static bool InOwnHome() {
     if (std::getenv(kMark) != nullptr) return true;
     const TempFolder home;

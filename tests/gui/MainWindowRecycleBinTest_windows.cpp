@@ -8,7 +8,7 @@
 #include "gui/MainWindow.h"
 
 /// Deleting into the recycle bin from the main window. Under Wine the bin is the trash of the Linux desktop, whose
-/// folder the environment names; what goes there has to be of the same volume.
+/// folder is set by the environment; only files on the same volume can go there.
 namespace quillon::test {
 namespace {
 

@@ -25,7 +25,7 @@ class SettingsOfMainWindow : public MainWindowTest {
     return widths;
   }
 
-  /// A window that was closed at another place than a first start has.
+  /// Closes a window at another place than that of a first start, which stores its place.
   void SaveOnce() {
     Open(Options());
     Frame().SetSize(wxRect(60, 70, 700, 560));
@@ -48,12 +48,12 @@ TEST_F(SettingsOfMainWindow, AFirstStartIsCentredWithTheUsualMeasures) {
     size.IncTo(Frame().GetMinSize());  // taller controls make the window taller
     return wxRect(wxPoint(screen.x / 2 - size.x / 2, screen.y / 2 - size.y / 2), size);
   };
-  // The frame's measures come only once the window is there.
+  // The frame's size is only known once the window is shown.
   EXPECT_TRUE(Until([&] { return Frame().GetRect() == expected(); })) << Frame().GetRect().y;
   std::vector<int> widths;
   for (const int twips : {1800, 1800, 1800, 660, 900, 2300}) {
     const auto column = static_cast<Column>(widths.size());
-    // A heading that needs more has more.
+    // A column whose heading needs more room is wider.
     widths.push_back(std::max(ToPixels(Frame(), twips), Frame().List().HeadingWidth(column)));
   }
   EXPECT_EQ(ColumnWidths(), widths);
@@ -148,7 +148,7 @@ TEST_F(SettingsOfMainWindow, AWindowLargerThanTheScreenIsMadeAsLarge) {
   options.window.width = 100000;
   options.window.height = 90000;
   Open(options);
-  // Some window managers count their own frame otherwise.
+  // Some window managers count their frame differently.
   EXPECT_TRUE(wxRect(wxGetDisplaySize()).Inflate(4).Contains(Frame().GetRect()))
       << Frame().GetRect().x << ", " << Frame().GetRect().y << ", " << Frame().GetRect().width << ", "
       << Frame().GetRect().height;

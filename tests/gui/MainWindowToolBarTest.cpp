@@ -8,7 +8,7 @@
 #include "gui/MenuKeys.h"
 #include "gui/SystemView.h"
 
-/// The tool bar as a hand finds it: its buttons and the menus beside them.
+/// The tool bar as the user operates it: its buttons and the menus beside them.
 namespace quillon::test {
 namespace {
 
@@ -110,7 +110,7 @@ TEST_F(ToolBarOfMainWindow, EachMenuRunsTheCommandForAllRows) {
   OptionValues options = Options();
   options.modify.upper = true;
   OpenFolder(options);
-  Run(mnuChkRem);  // the buttons themselves do nothing now
+  Run(mnuChkRem);  // the buttons' own commands are disabled now
   const std::pair<Command, const char*> questions[] = {
       {mnuUpdate, "全アイテムのリネーム名をファイルに適応します\nこの操作は元に戻せません。実行しますか"},
       {mnuRename, "全アイテムのリネーム名を、それぞれのタイトルに変更します"}};

@@ -11,7 +11,7 @@
 #include "rename/RegexReplace.h"
 #include "support/Rows.h"
 
-/// Runs that last, and the wait window that cancels them.
+/// Long runs, and the wait window that cancels them.
 namespace quillon::test {
 namespace {
 
@@ -25,7 +25,7 @@ wxWindow* WaitWindow() {
   return nullptr;
 }
 
-/// The user, who acts once the wait window is there, between the messages that the run lets through.
+/// A user who acts once the wait window is open, while the run processes messages.
 class User final : public wxTimer {
  public:
   explicit User(std::function<bool(wxWindow&)> act) : act_(std::move(act)) { Start(kPause); }
@@ -193,7 +193,7 @@ class MovingInMainWindow : public MainWindowTest {
   void SetUp() override {
     std::error_code failed;
     if (!fs::create_directory(there_, failed)) GTEST_SKIP() << "no second volume is known here";
-    // A hole: copying it takes long, and nothing is written.
+    // A sparse file: copying it takes long, and nothing is written.
     fs::resize_file(folder.Write("a.bin"), kSize, failed);
     if (failed) GTEST_SKIP() << "the volume holds no large file";
     folder.Write("b.bin", "b");

@@ -8,7 +8,8 @@
 
 namespace quillon::test {
 
-/// Presses keys in a menu that pops up soon after this is made: nothing else runs while one is open on Windows.
+/// Presses keys in a menu that opens soon after this object is made. It is a timer because no other code runs while a
+/// menu is open on Windows.
 class MenuKeys final : public wxTimer {
  public:
   explicit MenuKeys(std::vector<int> keys) : keys_(std::move(keys)) { StartOnce(kUntilShown); }

@@ -16,7 +16,7 @@ namespace quillon::test {
 namespace {
 
 constexpr unsigned long kPause = 5;
-constexpr int kProbeLength = 5000;  // the first sound of a session may take its time
+constexpr int kProbeLength = 5000;  // the first sound of a session may start slowly
 constexpr int kSliderEnd = 12;      // DIP: half a thumb, where the groove begins
 
 }  // namespace

@@ -6,11 +6,11 @@
 
 namespace quillon::test {
 
-/// True where the system's device stands still for want of a sound device or a sequencer: tests of it are skipped then.
-/// Elsewhere it plays in silence, and tests fail when it does not.
+/// True on a system whose device does not play without a sound device or a sequencer; its tests are skipped then. On
+/// other systems it plays in silence, and tests fail when it does not.
 [[nodiscard]] bool DeviceMayStandStill();
 
-/// Whether time passes for this file when the system's own device plays it.
+/// True when the playing position of this file advances on the system's own device.
 [[nodiscard]] bool DevicePlays(const std::string& path);
 
 /// The main window with files that play, on the system's own device.
@@ -26,7 +26,7 @@ class PlayerOfMainWindow : public MainWindowTest {
   [[nodiscard]] bool Shows(const std::string& status) const;
   /// What lblTime shows.
   [[nodiscard]] std::string Time() const;
-  /// Of sldPosition, in milliseconds.
+  /// Value and maximum of sldPosition, in milliseconds.
   [[nodiscard]] int Position() const;
   [[nodiscard]] int Length() const;
   [[nodiscard]] bool PositionPasses(int milliseconds) const;

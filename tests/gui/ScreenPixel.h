@@ -5,7 +5,7 @@
 
 namespace quillon::test {
 
-/// What a person sees there: with the pictures that others than the toolkit have drawn.
+/// The colour on the screen at this place, including what others than the toolkit have drawn.
 [[nodiscard]] wxColour ScreenPixel(wxPoint place);
 
 }  // namespace quillon::test

@@ -16,12 +16,12 @@ TEST_F(SearchWindowOnGtk, StaysHiddenAfterASearchThatEndsAsItAppearsAndIsReadyFo
   Open(Options());
   auto& window = Get<wxWindow>("frmFolderRef");
   auto& search = dynamic_cast<SearchDisplay&>(window);
-  for (int round = 0; round < 2; ++round) {  // the first time of all GTK shows a window in a way of its own
+  for (int round = 0; round < 2; ++round) {  // GTK shows a window differently the very first time
     bool ended = false;
     const auto end = [&](wxShowEvent& event) {
       event.Skip();
       if (!event.IsShown() || std::exchange(ended, true)) return;
-      (void)wxGetMousePosition();  // the answer comes after the window system has heard of the window
+      (void)wxGetMousePosition();  // is answered after the window system has received the window
       wxMilliSleep(kMapped);       // and has shown it, which the program learns later
       search.End();
     };

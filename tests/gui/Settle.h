@@ -7,7 +7,7 @@ namespace quillon::test {
 /// Processes events until the condition holds, for ten seconds at most. False when it never did.
 bool SettleUntil(const std::function<bool()>& condition);
 
-/// Lets windows appear, take the focus and paint, where no condition tells when they have.
+/// Waits for windows to appear, take the focus and paint, when there is no condition to wait for.
 void Settle();
 
 }  // namespace quillon::test

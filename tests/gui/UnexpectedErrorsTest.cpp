@@ -11,7 +11,7 @@
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
 
-/// Exceptions that nobody has caught: they are told, and nothing of the edits is lost.
+/// Uncaught exceptions: they are reported, and no edits are lost.
 namespace quillon::test {
 namespace {
 
@@ -43,7 +43,7 @@ class UnexpectedErrors : public MainWindowTest {
     Settle();
   }
 
-  /// The program is as it was before the command, and takes the next one.
+  /// Expects that the error has been reported, and that the next command can run.
   void ExpectUsable() {
     EXPECT_TRUE(Until([this] { return dialogs.AllShown(); })) << "the error is not told";
     Drain();

@@ -21,7 +21,7 @@ class WrappedText : public testing::Test {
 
   [[nodiscard]] int WidthOf(const std::string& text) const { return frame->GetTextExtent(ToWx(text)).x; }
 
-  /// The lines of the text where no line may be wider than `line` is.
+  /// The lines of the text when it is wrapped to the width of `line`.
   [[nodiscard]] Texts Lines(const std::string& text, const std::string& line) const {
     const std::string wrapped = FromWx(WrappedToFit(*frame, text, WidthOf(line)));
     Texts lines;

@@ -66,7 +66,7 @@ class FolderList : public testing::Test {
 
   std::string Selected() { return FromWx(Box().GetStringSelection()); }
 
-  /// What was opened since the last call, when everything typed has been heard.
+  /// The folders opened since the last call, after everything typed has been handled.
   Texts Opened() {
     Settle();
     return std::exchange(opened, {});

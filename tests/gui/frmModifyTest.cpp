@@ -39,7 +39,7 @@ class ModifyDialog : public testing::Test {
   void SetUp() override {
     main = new wxFrame(nullptr, wxID_ANY, "main");
     main->Show();
-    // Else the window manager may give the focus to the main window after the dialog.
+    // Otherwise the window manager may give the focus to the main window after the dialog.
     EXPECT_TRUE(SettleUntil([this] { return main->IsActive(); }));
   }
 

@@ -93,7 +93,7 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
 
   static std::string Folder() { return SystemPathStyle() == PathStyle::kWindows ? "C:\\m\\" : "/m/"; }
 
-  /// Plays the last row; its window is on the screen then, and nothing is left of what was sent.
+  /// Plays the last row, whose window then opens, and clears the record of what was sent.
   void Open() {
     list.SelectOnly(list.Count());
     player.Choose(list.Row(list.Count()).location);
@@ -111,7 +111,7 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
     Settle();
   }
 
-  /// What concerns the picture, since the last call.
+  /// The commands about the picture since the last call.
   Texts Sent() {
     Texts sent;
     for (const std::string& command : device.TakeSent()) {

@@ -49,7 +49,7 @@ class OptionDialog : public MainWindowTest {
     EXPECT_TRUE(SettleUntil([&] { return Find<wxWindow>(name).IsShownOnScreen(); })) << name;
   }
 
-  /// With the space key, as a person does; returns when the box or button shows it.
+  /// Presses the control with the space key; returns when the check box or button shows it.
   void Press(const std::string& name) const {
     ShowPageOf(name);
     auto& control = Find<wxWindow>(name);
@@ -309,7 +309,7 @@ TEST_F(OptionDialog, AllTabsAreInView) {
   Open(Options());
   Use([this] {
     const auto& tabs = Find<wxNotebook>("TabStrip");
-    // A point of the last tab is found only where it is shown.
+    // HitTest finds the last tab only where it is visible.
     bool seen = false;
     for (int x = 0; x < tabs.GetSize().x; x += 4) {
       seen = seen || tabs.HitTest(wxPoint(x, 12)) == static_cast<int>(tabs.GetPageCount()) - 1;

@@ -79,7 +79,7 @@ class VersionBox : public testing::Test {
     hand.MouseClick();
   }
 
-  /// Shows it as the program does; false when `act`, done to the open box, does not close it.
+  /// Shows the dialog as the program does; returns false when `act`, called while it is open, does not close it.
   bool ClosesOn(const std::function<void()>& act) {
     bool closed = true;
     dialog->CallAfter([&] {

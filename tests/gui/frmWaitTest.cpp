@@ -95,7 +95,7 @@ TEST_F(WaitWindow, ShortensPathsToItsWidth) {
 TEST_F(WaitWindow, KeepsItsSizeWhateverItShows) {
   frmWait wait(main);
   wait.Begin("a\r\nb", "c");
-  Settle();  // the window manager tells the frame's measures
+  Settle();  // the window manager reports the frame's size
   const wxSize before = Window()->GetSize();
   wait.Update(5, "5% 完了しました", "/" + std::string(3000, 'x') + ".mid");
   Settle();
@@ -123,7 +123,7 @@ TEST_F(WaitWindow, TheButtonCancels) {
   mouse.MouseMove(button.GetScreenPosition() + wxPoint(button.GetSize().x / 2, button.GetSize().y / 2));
   wait.Update(1, "1% 完了しました", "/a");
   mouse.MouseClick();
-  // A running command processes no messages but those that the window itself lets through.
+  // During a running command, messages are only processed by the window's own updates.
   for (int i = 0; i < 500 && !wait.Cancelled(); ++i) {
     wxMilliSleep(10);
     wait.Update(1, "1% 完了しました", "/a");

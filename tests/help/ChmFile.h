@@ -9,7 +9,7 @@
 
 namespace quillon::test {
 
-/// What the "#SYSTEM" file of a compiled help says; texts in the bytes that stand there.
+/// The contents of a compiled help's "#SYSTEM" file; texts are its raw bytes.
 struct ChmSystem {
   std::string contents;
   std::string index;

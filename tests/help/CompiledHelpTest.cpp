@@ -14,7 +14,7 @@
 #include "help/HelpFolder.h"
 #include "platform/Ansi.h"
 
-/// The file that Windows' viewer shows.
+/// The compiled help file, for Windows' viewer.
 namespace quillon::test {
 namespace {
 

@@ -14,7 +14,7 @@
 #include "help/HelpFolder.h"
 #include "help/SourceTexts.h"
 
-/// The help speaks of all that the program has, and only of that.
+/// The help describes everything that the program has, and nothing else.
 namespace quillon::test {
 namespace {
 
@@ -122,11 +122,11 @@ TEST(HelpCompleteness, QuotesOnlyMessagesThatTheProgramHas) {
   for (const std::string& line : QuotedLines()) EXPECT_TRUE(known.contains(line)) << line;
 }
 
-/// By what it says, since messages are put together in many places.
+/// Recognises a message by its words, because messages are put together in many places.
 bool LooksLikeAMessage(const SourceText& text) {
   static constexpr std::array<std::string_view, 8> kWords = {"ません", "ください", "します", "ですか",
                                                              "中断",   "既に",     "可能性", "エラーが"};
-  // Of these quillon-cli has its own, in a terminal, and so has the answer to --help; options have their own page.
+  // The messages of quillon-cli and of --help appear in a terminal, and options have their own page.
   const bool elsewhere =
       text.file.starts_with("cli/") || text.file == "app/CommandLine.cpp" || text.file == "dialogs/OptionTable.cpp";
   return !elsewhere && IsJapanese(text.line) && std::any_of(kWords.begin(), kWords.end(), [&](std::string_view word) {

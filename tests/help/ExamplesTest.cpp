@@ -13,7 +13,7 @@
 #include "settings/OptionValues.h"
 #include "support/RecordedProgress.h"
 
-/// What the help shows as a result is what the rules give.
+/// The results that the help shows are those of the rules.
 namespace quillon::test {
 namespace {
 
@@ -29,10 +29,10 @@ struct Example {
   std::string where;
   OptionValues::Modify rules;
   std::vector<Name> names;
-  std::vector<std::size_t> listCounts = {1, 2, 7, 500};  ///< it holds for each of them
+  std::vector<std::size_t> listCounts = {1, 2, 7, 500};  ///< the example must hold for each of them
 };
 
-/// The text in <code>; empty where words say that there is none.
+/// The text in <code>; empty when the cell says in words that there is none.
 std::string Code(const Node& cell) {
   const std::vector<Node> code = cell.Find("./code");
   if (code.empty()) {
@@ -47,7 +47,7 @@ std::string CodeOf(const Node& row, const std::string& kind) {
   return cells.empty() ? std::string() : Code(cells.front());
 }
 
-/// Sets what a caption of the dialog stands for; false for an unknown one.
+/// Sets the option that has this caption in the dialog; false for an unknown caption.
 bool Choose(const std::string& caption, OptionValues::Modify& rules) {
   const std::map<std::string, bool OptionValues::Modify::*> kBoxes = {
       {"大文字小文字を無視", &OptionValues::Modify::ignoreCase},
@@ -144,7 +144,7 @@ TEST(HelpExamples, CanBeTypedIntoTheDialog) {
   }
 }
 
-// The settings file keeps no blanks around a text, but for one blank alone.
+// The settings file keeps no blanks around a text, except for a text of one blank.
 TEST(HelpExamples, OutliveARestart) {
   for (const Example& example : Examples()) {
     for (const ReplaceRule& rule : example.rules.rules) {

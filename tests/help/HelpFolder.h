@@ -18,7 +18,7 @@ namespace quillon::test {
 /// Fails the test when the file cannot be read.
 [[nodiscard]] std::string FileBytes(const std::filesystem::path& path);
 
-/// "658x470", as it stands at fixed places of a PNG file.
+/// "658x470", read from fixed places of a PNG file.
 [[nodiscard]] std::string SizeOfPng(const std::string& bytes);
 
 /// The finished pages by their file names. Fails the test for one that is not well formed.

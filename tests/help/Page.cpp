@@ -17,7 +17,7 @@ struct FreeUnits {
   void operator()(xmlChar* text) const { xmlFree(text); }
 };
 
-/// Takes over the text; null is the empty one.
+/// Copies the text and frees it; null gives an empty text.
 std::string Taken(xmlChar* text) {
   const std::unique_ptr<xmlChar, FreeUnits> owner(text);
   return text == nullptr ? std::string() : reinterpret_cast<const char*>(text);

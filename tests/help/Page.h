@@ -15,14 +15,14 @@ class Node {
  public:
   explicit Node(xmlNode* node) : node_(node) {}
 
-  /// All text in it, as it stands.
+  /// All text in it, unchanged.
   [[nodiscard]] std::string Text() const;
   /// Empty when it has none of that name.
   [[nodiscard]] std::string Attribute(const char* name) const;
   [[nodiscard]] bool HasClass(const std::string& name) const;
-  /// By an XPath relative to this node; elements are in the namespace "h" (".//h:td").
+  /// The nodes at an XPath relative to this node (".//td").
   [[nodiscard]] std::vector<Node> Find(const std::string& path) const;
-  /// What stands in it, with "\n" for <br/> and without what stands in <i>.
+  /// Its text, with "\n" in place of each <br/> and each <i> with its content.
   [[nodiscard]] std::string TextWithoutPlaceholders() const;
 
  private:
@@ -32,11 +32,11 @@ class Node {
 /// A page of the help. It is written so that an XML parser reads it, too.
 class Page {
  public:
-  /// Nullopt when it is not well formed. `encoding` wins over what the page says.
+  /// Nullopt when it is not well formed. `encoding` overrides the page's own declaration.
   static std::optional<Page> Parse(const std::string& bytes, const char* encoding);
 
   [[nodiscard]] std::vector<Node> Find(const std::string& path) const { return Root().Find(path); }
-  /// The texts of what the path leads to: elements or attributes ("//h:a/@href").
+  /// The texts at the path, which leads to elements or attributes ("//a/@href").
   [[nodiscard]] std::vector<std::string> Texts(const std::string& path) const;
   [[nodiscard]] std::string Text() const { return Root().Text(); }
 

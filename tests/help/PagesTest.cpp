@@ -22,7 +22,7 @@ bool IsOutside(const std::string& address) {
   return address.find("://") != std::string::npos;
 }
 
-/// The page, and the anchor on it, to which a link on `page` leads.
+/// The page, and the anchor on it, that a link on `page` leads to.
 std::pair<std::string, std::string> Target(const std::string& page, const std::string& address) {
   const std::size_t mark = address.find('#');
   const std::string name = address.substr(0, mark);
@@ -139,7 +139,7 @@ TEST(HelpPages, AreAllInTheTableOfContents) {
   }
 }
 
-/// The parts of a source's text between what is filled in.
+/// The parts of a source's text between its placeholders.
 std::vector<std::string> PartsOfSource(const std::string& source) {
   const std::optional<Page> page = Page::Parse("<div>" + source + "</div>", "UTF-8");
   EXPECT_TRUE(page);

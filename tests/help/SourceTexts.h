@@ -5,7 +5,7 @@
 
 namespace quillon::test {
 
-/// A line of a text that stands in the program's source.
+/// A line of a string literal in the program's source.
 struct SourceText {
   std::string file;  ///< relative to src/
   std::string line;  ///< without blanks around it

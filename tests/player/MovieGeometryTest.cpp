@@ -112,13 +112,13 @@ TEST(OpeningPlace, IsBesideTheOwnerWhereTheScreenHasRoom) {
     PixelRect place;
   } cases[] = {
       {{100, 100, 640, 450}, {740, 100, 330, 310}},   // at the right
-      {{100, 800, 640, 200}, {740, 690, 330, 310}},   // there, and no lower than the screen goes
+      {{100, 800, 640, 200}, {740, 690, 330, 310}},   // at the right, moved up onto the screen
       {{310, 100, 640, 450}, {950, 100, 330, 310}},   // the last pixel
       {{400, 100, 640, 450}, {70, 100, 330, 310}},    // at the left
       {{300, 40, 900, 450}, {585, 490, 330, 310}},    // below
       {{300, 500, 900, 500}, {585, 190, 330, 310}},   // above
       {{0, 30, 1280, 970}, {475, 360, 330, 310}},     // over its middle
-      {{-200, -100, 400, 400}, {200, 30, 330, 310}},  // the owner stands half outside
+      {{-200, -100, 400, 400}, {200, 30, 330, 310}},  // the owner is half outside
   };
   for (const auto& c : cases) {
     const PixelRect place = OpeningPlace(c.owner, window, screen);

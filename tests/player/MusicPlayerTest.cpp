@@ -41,7 +41,7 @@ class MusicPlayerTest : public testing::Test {
     if (length > 0) device.AddFile(path, length, picture);
   }
 
-  /// What a click on the row does.
+  /// Selects the row as a click does.
   void Select(int row) {
     list.SelectOnly(row);
     player.Choose(list.Row(row).location);
@@ -54,7 +54,7 @@ class MusicPlayerTest : public testing::Test {
     device.TakeSent();
   }
 
-  /// Time passes, and the timer ticks as the window's does.
+  /// Lets time pass, with the ticks of the timer.
   void Pass(std::int32_t milliseconds) {
     for (std::int32_t passed = 0; passed < milliseconds; passed += 50) {
       device.Pass(50);

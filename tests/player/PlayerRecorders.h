@@ -7,7 +7,7 @@
 
 namespace quillon::test {
 
-/// The player's controls as they stand.
+/// Records the state of the player's controls.
 struct PanelControls final : PlayerPanel {
   void SetButton(PlayButton to) override { button = to; }
   void SetTimer(int to) override { interval = to; }
@@ -30,7 +30,7 @@ struct PanelControls final : PlayerPanel {
   std::string time = kIdleTime;
 };
 
-/// The movie window as it stands.
+/// Records the state of the movie window.
 struct MovieControls final : MovieWindow {
   bool Show() override {
     ++shown;

@@ -232,7 +232,7 @@ TEST(ModifyName, StepsComeInTheirOrder) {
   rules.replaceInvalid = true;
   rules.invalidReplacement = "_";
   rules.narrow = true;
-  EXPECT_EQ(Modified("a？", rules), "a?");  // what the width step makes is not looked at again
+  EXPECT_EQ(Modified("a？", rules), "a?");  // the result of the width step is not checked again
 }
 
 TEST(ModifyName, PassesRegularExpressionsToTheEngine) {
@@ -351,7 +351,7 @@ TEST(ModifyName, ReplacingInvalidCharactersStopsAtTheLimitToo) {
   EXPECT_EQ(Modified(std::string(300, '?'), rules), std::string(30'000, '_'));
 }
 
-/// Applies a rule the slow way, as long as the name is no longer than it may be.
+/// Applies a rule step by step, until the name is longer than it may be.
 std::string OneByOne(std::string name, const ReplaceRule& rule, std::size_t times, CompareMode compareMode) {
   for (std::size_t i = 0; i < times && name.size() <= kLongestName; ++i) {
     name = ReplaceText(name, rule.find, rule.replacement, 1, kAllOccurrences, compareMode);
@@ -423,7 +423,7 @@ TEST(ModifyName, EndlessGrowthIsRecognisedEarly) {
   EXPECT_TRUE(IsLeftAlone(ModifyWithLibrary("name", RegexRule("^", "x"), 100'000), "name"));
 }
 
-/// Applies a regular expression the slow way, as long as the name is no longer than it may be.
+/// Applies a regular expression step by step, until the name is longer than it may be.
 std::string OneByOne(std::string name, const OptionValues::Modify& rules, std::size_t times, RegexEngine& engine) {
   const ReplaceRule& rule = rules.rules[0];
   const char* const flags = rules.ignoreCase ? "gik" : "gk";
@@ -464,7 +464,7 @@ TEST(ModifyName, RegularExpressionsGiveWhatTheSlowWayGives) {
   }
 }
 
-/// The library, its calls counted.
+/// The library, with a count of its calls.
 class CountingLibrary final : public RegexEngine {
  public:
   std::optional<std::string> Replace(std::string_view command, std::string_view target) override {
@@ -535,7 +535,7 @@ TEST(ModifyName, ARegularExpressionThatMultipliesWhatItFindsIsSeenThrough) {
     EXPECT_LE(library.calls, 8);
     EXPECT_EQ(ModifyName("a banana", rules, 10, library, progress).name, OneByOne("a banana", rules, 10, library));
   }
-  // What multiplies only up to a count in the pattern is exact.
+  // Growth that a count in the pattern ends is exact.
   const OptionValues::Modify counted = RegexRule("^(a{1,600})$", "$1$1");
   EXPECT_EQ(ModifyWithLibrary("a", counted, 100'000).name, std::string(1024, 'a'));
 }

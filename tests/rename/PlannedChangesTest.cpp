@@ -62,7 +62,7 @@ Outcome Apply(FileChanges& changes, const Texts& paths, const Texts& renameNames
 
 struct BatchCase {
   const char* name;
-  Texts files;  ///< what stands in the folder; "x/" is a folder
+  Texts files;  ///< the folder's contents; "x/" is a folder
   Texts rows;
   Texts renameNames;
   Codes linux;

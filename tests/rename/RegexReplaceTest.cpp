@@ -12,7 +12,7 @@
 namespace quillon {
 namespace {
 
-/// Writes down what it is asked and answers with a given text.
+/// Records its calls and answers with a given text.
 class RecordingEngine final : public RegexEngine {
  public:
   explicit RecordingEngine(std::optional<std::string> answer) : answer_(std::move(answer)) {}

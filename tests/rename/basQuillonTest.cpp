@@ -72,7 +72,7 @@ struct Fixture {
   }
 };
 
-/// Ends a batch before it is at this row.
+/// Ends a batch after this many rows.
 struct UpTo final : Progress {
   explicit UpTo(std::size_t rows) : limit(rows) {}
   bool Continue(std::size_t done, std::size_t total, const std::string& item) override {

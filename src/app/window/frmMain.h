@@ -51,8 +51,8 @@ class frmMain final : public wxFrame,
   /// Restores the window when it is minimised, and brings it in front of other windows together with its open dialog.
   void ComeForward();
 
-  /// Closes the window when the system ends the program and waits for no answer: dialogs are cancelled, and a running
-  /// command is ended first. Call it again when that has ended, or while another dialog is open.
+  /// Closes the window when the system ends the program and waits for no answer: cancels the running command and the
+  /// topmost dialog. Call it again until the window is closed.
   void CloseUnanswered();
 
   [[nodiscard]] Application& App() { return *app_; }

@@ -17,7 +17,7 @@ std::string One(char32_t c) {
   return text;
 }
 
-/// Our answers where they are meant to differ from the system's.
+/// Our results where they differ from the system's on purpose.
 using Differences = std::map<std::string, std::string>;
 
 void Compare(const std::string& text, const std::function<std::string(const std::string&)>& ours,
@@ -37,7 +37,7 @@ void CompareBasicPlane(Ours ours, SystemConversion conversion, const Differences
   }
 }
 
-// The reasons are told in WidthConversion.h.
+// WidthConversion.h gives the reasons.
 TEST(CompareWithSystem, NarrowForms) {
   CompareBasicPlane(ToHalfWidth, SystemConversion::kHalfWidth,
                     {{"＼", "\\"}, {"ヸ", "ヸ"}, {"ヹ", "ヹ"}, {"ヾ", "ヾ"}});
@@ -60,9 +60,9 @@ TEST(CompareWithSystem, VoicedPairs) {
   }
 }
 
-// The system maps a letter only where the way back leads to the same letter. Unicode's simple mappings, which all text
-// here follows, also know the other forms of a letter:
-// signs that are letters by another name, variant shapes, the title case of digraphs, and "i" with and without its dot.
+// The system only maps a letter when the mapping can be reversed. Unicode's simple mappings, which all text here
+// follows, also map the other forms of a letter: signs that are letters by another name, variant shapes, the title case
+// of digraphs, and "i" with and without its dot.
 TEST(CompareWithSystem, LowerCase) {
   CompareBasicPlane(ToLower, SystemConversion::kLower,
                     {{"\u2126", "ω"},
