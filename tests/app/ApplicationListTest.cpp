@@ -63,7 +63,7 @@ TEST(Selecting, NoRowEmptiesThePanels) {
   EXPECT_EQ(f.information.summary, "サイズ： --- バイト / 種類： ---");
 }
 
-TEST(Selecting, InAutoModeAnEmptiedBoxHoldsItsRow) {
+TEST(Selecting, InAutoModeAnEmptiedBoxKeepsItsRowSelected) {
   Automatic f;
   f.Load({"a.txt", "b.txt"});
   f.Type("");
@@ -114,7 +114,7 @@ TEST(Activating, AFailureOfTheShellIsSilent) {
 
 // Sorting.
 
-TEST(Sorting, AClickOnAHeaderSortsAndTurnsTheOrderRound) {
+TEST(Sorting, AClickOnAHeaderSortsAndReversesTheOrder) {
   ApplicationFixture f;
   f.Load({"a.txt", "b.txt", "c.txt"});
   f.app.HeaderClicked(Column::kRenameName);
@@ -196,7 +196,7 @@ TEST(Renaming, TypingIsAppliedInAutoModeOnly) {
   }
 }
 
-TEST(Renaming, AFailureInAutoModeFallsBackAlthoughTheFailedRowWasShown) {
+TEST(Renaming, AFailureInAutoModeRestoresTheNameAlthoughTheFailedRowWasShown) {
   Automatic f;
   f.Load({"a.txt", "b.txt"});
   f.Type("b");
@@ -225,7 +225,7 @@ TEST(Renaming, TheBoxFollowsWhatACommandDidToTheSelectedRow) {
   EXPECT_EQ(f.box.Text(), "label") << "a row without a title";
 }
 
-TEST(Renaming, AStoppedBatchInAutoModeLeavesTheBoxAtTheNameThatHolds) {
+TEST(Renaming, AStoppedBatchInAutoModeShowsTheFailedRowsRestoredName) {
   Automatic f;
   f.Load({"a.txt", "b.txt"});
   f.app.Options().system.suppressConfirmations = true;
@@ -250,7 +250,7 @@ TEST(Renaming, AnEmptiedBoxMayNotBeLeftAndAsks) {
   EXPECT_TRUE(f.box.HasFocus());
 }
 
-TEST(Renaming, EventsOfTheBoxReachIt) {
+TEST(Renaming, EventsOfTheBoxAreHandled) {
   ApplicationFixture f;
   f.Load({"a.txt", "b.txt"});
   f.app.RenameBoxFocused();
@@ -273,7 +273,7 @@ TEST(Renaming, TheLabelOfTheSelectedRowIsEditedInTheList) {
   EXPECT_FALSE(f.app.IsRunning()) << "it goes on after the command";
 }
 
-TEST(Renaming, ThisRowAppliesAndTellsSo) {
+TEST(Renaming, ThisRowIsAppliedAndReported) {
   ApplicationFixture f;
   f.Load({"a.txt"});
   f.Type("new");
@@ -317,7 +317,7 @@ TEST(Modifying, TheDialogsCommandRunsWhileTheDialogIsOpen) {
 
 // Check marks, removing, deleting, moving.
 
-TEST(Checking, EachCommandDoesItsOwn) {
+TEST(Checking, EachCommandChangesTheCheckMarks) {
   ApplicationFixture f;
   f.Load({"a.txt", "b.txt"});
   f.app.List().SetChecked(2, true);
@@ -329,7 +329,7 @@ TEST(Checking, EachCommandDoesItsOwn) {
   EXPECT_EQ(CheckedRows(f.app.List()), Indices());
 }
 
-TEST(Removing, UncheckedRowsLeaveTheListAndThePanelsAreReset) {
+TEST(Removing, UncheckedRowsAreRemovedAndThePanelsAreReset) {
   ApplicationFixture f;
   f.Load({"a.txt", "b.txt"});
   f.app.List().SetChecked(2, true);

@@ -33,7 +33,7 @@ struct PlayingFixture : ApplicationFixture {
   [[nodiscard]] std::string At(const char* name) const { return folder.At(name); }
 };
 
-TEST(Playing, ADoubleClickPlaysTheRowInPlaceOfWhatPlays) {
+TEST(Playing, ADoubleClickPlaysTheRowInsteadOfThePlayingFile) {
   PlayingFixture f;
   f.Activate(1);
   EXPECT_EQ(f.Playing(), f.At("a.mp3"));
@@ -140,7 +140,7 @@ TEST(Playing, AMovedFileIsReleasedAndPlaysFromItsNewPlace) {
   EXPECT_EQ(f.Playing(), target + "a.mp3");
 }
 
-TEST(Playing, TakingTheRowOutOfTheListStops) {
+TEST(Playing, RemovingTheRowFromTheListStops) {
   for (const Command command : {mnuThisListDel, mnuUnChkListRem}) {
     PlayingFixture f;
     f.Activate(1);

@@ -78,14 +78,14 @@ TEST(Application, InAutoModeApplyingAsksNothing) {
   EXPECT_EQ(f.Log().Events(), Texts());
 }
 
-TEST(Application, TakesNoOrdersWhileACommandRuns) {
+TEST(Application, DisablesTheWindowsInputWhileACommandRuns) {
   ApplicationFixture f;
   f.Load({"a.txt"});
   f.app.Execute(mnuAllChk);
   EXPECT_EQ(f.Log().Events(), Texts({"main input off", "main input on"}));
 }
 
-TEST(Application, RefusesEverythingElseWhileACommandRuns) {
+TEST(Application, RefusesOtherCommandsAndEventsWhileACommandRuns) {
   ApplicationFixture f;
   f.Load({"a.txt", "b.txt"});
   f.app.Options().system.suppressConfirmations = true;
@@ -171,7 +171,7 @@ TEST(Application, PathsAddToOneListEvenWhenLoadingIsSetToClearIt) {
   EXPECT_EQ(f.Log().StartingWith("folder dialog"), Texts());
 }
 
-TEST(Application, NoPathsAreNoCommand) {
+TEST(Application, WithoutPathsNoCommandRuns) {
   ApplicationFixture f;
   f.app.LoadPaths({});
   EXPECT_EQ(f.Log().Events(), Texts());
@@ -295,7 +295,7 @@ TEST(ModePanel, ACancelledReloadChangesNoMode) {
 
 // The options dialog.
 
-TEST(OptionDialog, ShowsTheModeInForceOnThePanelWhenItHasClosed) {
+TEST(OptionDialog, AfterItHasClosedThePanelShowsThePresentMode) {
   for (const bool ok : {true, false}) {
     ApplicationFixture f;
     f.main.optionDialog = [&](OptionForm& form) {
@@ -436,14 +436,14 @@ TEST(SaveSettings, WritesEverythingButTheStoredApplyMode) {
   EXPECT_EQ(file.ReadInteger("Window", "WindowWidth", 5), 7777);
 }
 
-TEST(SaveSettings, NeverMakesTheStoredApplyMode) {
+TEST(SaveSettings, NeverCreatesTheStoredApplyMode) {
   ApplicationFixture f;
   f.app.Options().update.automatic = true;
   EXPECT_TRUE(f.app.SaveSettings(WindowGeometry::kWrite));
   EXPECT_EQ(f.home.Read("Quillon.ini").find("AutoUpdate"), std::string::npos);
 }
 
-TEST(SaveSettings, LeavesAFileAloneThatCanNoLongerBeRead) {
+TEST(SaveSettings, DoesNotChangeAFileThatCanNoLongerBeRead) {
   ApplicationFixture f;
   EXPECT_TRUE(f.app.SaveSettings(WindowGeometry::kWrite));
   const std::string tooLarge(IniFile::kLargestFile + 1, '\n');
@@ -452,7 +452,7 @@ TEST(SaveSettings, LeavesAFileAloneThatCanNoLongerBeRead) {
   EXPECT_TRUE(f.home.Read("Quillon.ini") == tooLarge);
 }
 
-TEST(SaveSettings, TellsWhenItFails) {
+TEST(SaveSettings, ReportsItsFailure) {
   ApplicationFixture f(ApplicationFixture::Options(), "a folder");
   f.home.MakeFolder("a folder");
   EXPECT_FALSE(f.app.SaveSettings(WindowGeometry::kWrite));

@@ -146,7 +146,7 @@ void Prepare(RenameFixture& f, const FailureCase& c) {
   if (c.error != 0) f.files.Fail(FileCall::kRename, f.Path("b.mid"), {c.error, "why"});
 }
 
-TEST(ApplyRenameName, ANameThatTheFileHasAlreadyPassesWhateverItHolds) {
+TEST(ApplyRenameName, ThePresentNamePassesWhateverCharactersItHolds) {
   RenameFixture f({"a:b?.mid"});
   EXPECT_EQ(f.applying.ApplyRenameName(1), ApplyCode::kApplied);
   f.list.SetRenameName(1, "a:b");
@@ -220,7 +220,7 @@ TEST(ApplyRenameNameFailure, ErrSkipSilencesAllButTheUnexpected) {
   }
 }
 
-TEST(ApplyRenameNameFailure, ThePlayerLetsGoOfTheFileBeforeAnyCheck) {
+TEST(ApplyRenameNameFailure, ThePlayerReleasesTheFileBeforeAnyCheck) {
   for (const FailureCase& c : FailureCases()) {
     SCOPED_TRACE(c.name);
     RenameFixture f({"a.mid", "b.mid"});
@@ -442,7 +442,7 @@ TEST(ApplyRenameBatch, TheStoppedRowIsNotCheckedWhenTheOptionIsOff) {
   EXPECT_EQ(outcome.failures[0].error.description, "gone");
 }
 
-TEST(ApplyRenameBatch, TellsNoMoreFailuresWhenTheUserWantsNone) {
+TEST(ApplyRenameBatch, ShowsNoFurtherFailuresWhenTheUserWantsNone) {
   RenameFixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
   f.SetNames({"", "", "", "x"});
   f.ports.boxes.AnswerFailure(FailureAnswer::kTold);
@@ -455,7 +455,7 @@ TEST(ApplyRenameBatch, TellsNoMoreFailuresWhenTheUserWantsNone) {
   EXPECT_EQ(f.ports.boxes.Failures().size(), 5U) << "the next batch tells again";
 }
 
-TEST(ApplyRenameBatch, AnUnexpectedErrorIsToldAllTheSame) {
+TEST(ApplyRenameBatch, AnUnexpectedErrorIsShownEvenThen) {
   RenameFixture f({"a.mid", "b.mid"});
   f.SetNames({"", "y"});
   f.files.Fail(FileCall::kRename, "/m/b.mid", {file_error::kUnreachable, "why"});
@@ -466,7 +466,7 @@ TEST(ApplyRenameBatch, AnUnexpectedErrorIsToldAllTheSame) {
   EXPECT_FALSE(f.ports.boxes.Failures()[1].inBatch) << "nothing comes after it";
 }
 
-TEST(ApplyRenameBatch, EndsWithoutASummaryWhenNobodyWaitsForIt) {
+TEST(ApplyRenameBatch, EndsWithoutASummaryWhenTheUserClosesTheWindow) {
   RenameFixture f({"a.mid", "b.mid", "c.mid"});
   f.SetNames({"x", "", "z"});
   f.ports.boxes.AnswerFailure(FailureAnswer::kStop);
@@ -476,7 +476,7 @@ TEST(ApplyRenameBatch, EndsWithoutASummaryWhenNobodyWaitsForIt) {
   EXPECT_EQ(f.ports.log.Events().back(), "window enabled");
 }
 
-TEST(ApplyRenameNameFailure, TellsDetailsOnDemand) {
+TEST(ApplyRenameNameFailure, OffersDetails) {
   RenameFixture f({"a.mid", "b.mid"});
   f.SetNames({"x", ""});
   f.files.Fail(FileCall::kRename, "/m/a.mid", {file_error::kOwn + 5, "Input/output error"});
@@ -501,7 +501,7 @@ TEST(ApplyRenameNameFailure, DetailsNameTheInvalidCharacterAndItsPosition) {
             "ファイル： /m/b.mid\r\nリネーム名： x\ry\r\nリネーム名の 2 文字目の文字は、ファイル名に使えません： 改行");
 }
 
-TEST(ApplyRenameNameFailure, DetailsNameTheCharacterThatTheAutomaticModeDoesNotTake) {
+TEST(ApplyRenameNameFailure, DetailsNameTheCharacterThatAutoModeRefuses) {
   RenameFixture f({"a?b.mid"});
   f.mode.automatic = true;
   f.SetNames({"a?b?c"});

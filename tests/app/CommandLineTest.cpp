@@ -16,12 +16,12 @@ CommandLineRequest Read(const std::optional<std::string>& raw, const std::vector
   return ReadCommandLine(raw, arguments, files);
 }
 
-TEST(ReadCommandLine, SplitsByOurOwnRulesWhereTheSystemHandsTheLineOverWhole) {
+TEST(ReadCommandLine, SplitsALineThatTheSystemPassesAsOneText) {
   const std::string line = R"("a b\" c "d  e.mid")";
   EXPECT_EQ(Read(line, {"not looked at"}).paths, (Paths{FullPath("a b\\"), FullPath("c"), FullPath("d  e.mid")}));
 }
 
-TEST(ReadCommandLine, TakesTheArgumentsWhereTheSystemHasSplitThem) {
+TEST(ReadCommandLine, TakesArgumentsThatTheSystemHasSplit) {
   EXPECT_EQ(Read(std::nullopt, {"a \"b\"", "日本 語"}).paths, (Paths{FullPath("a \"b\""), FullPath("日本 語")}));
 }
 
@@ -58,7 +58,7 @@ TEST(ReadCommandLine, KnowsTheWordsThatOpenNoWindow) {
   }
 }
 
-TEST(ReadCommandLine, TakesAWordOfDashesForAPathWhereSomethingHasThatName) {
+TEST(ReadCommandLine, TakesAWordThatBeginsWithDashesAsAPathWhenItExists) {
   for (const char* const word : {"--help", "--version", "--other"}) {
     test::MemoryFileSystem files;
     files.AddFile(FullPath(word));
@@ -68,7 +68,7 @@ TEST(ReadCommandLine, TakesAWordOfDashesForAPathWhereSomethingHasThatName) {
   }
 }
 
-TEST(ReadCommandLine, WarnsOfAMistakeAndInformsOfTheRest) {
+TEST(ReadCommandLine, ShowsAMistakeAsAWarningAndTheRestAsInformation) {
   for (const auto& [word, icon] :
        {std::pair("--apply", MessageIcon::kExclamation), std::pair("--help", MessageIcon::kInformation),
         std::pair("--version", MessageIcon::kInformation)}) {
@@ -77,7 +77,7 @@ TEST(ReadCommandLine, WarnsOfAMistakeAndInformsOfTheRest) {
   }
 }
 
-TEST(ReadCommandLine, SaysWhatIsAskedForAndWhatIsWrong) {
+TEST(ReadCommandLine, AnswersRequestsAndExplainsMistakes) {
   EXPECT_EQ(AnswerTo(Read("--version", {})), std::string("Quillon ") + kProductVersion + "\n");
   EXPECT_TRUE(AnswerTo(Read("--help", {})).starts_with("使い方: quillon"));
   EXPECT_TRUE(AnswerTo(Read("--apply", {})).starts_with("--apply: "));

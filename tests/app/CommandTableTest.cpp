@@ -180,7 +180,7 @@ TEST(CommandTable, TheStateIsReadFromListAndMode) {
 
 // Entries and menus.
 
-TEST(CommandTable, EveryCommandHasACaptionOfItsOwnAndAnEntry) {
+TEST(CommandTable, EveryCommandHasAUniqueCaptionAndAnEntry) {
   std::set<std::string> captions;
   for (const Command command : AllCommands()) {
     EXPECT_EQ(EntryOf(command).command, command);
@@ -190,7 +190,7 @@ TEST(CommandTable, EveryCommandHasACaptionOfItsOwnAndAnEntry) {
   EXPECT_EQ(CaptionOf(kSeparator), "");
 }
 
-TEST(CommandTable, EveryCommandStandsInAMenu) {
+TEST(CommandTable, EveryCommandIsInAMenu) {
   std::map<Command, int> places;
   for (const MenuEntries& menu : MenuBarEntries()) {
     for (const Command command : menu.commands) ++places[command];
@@ -204,7 +204,7 @@ TEST(CommandTable, EveryCommandStandsInAMenu) {
   }
 }
 
-TEST(CommandTable, SeparatorsStandBetweenCommandsOnly) {
+TEST(CommandTable, SeparatorsAreOnlyBetweenCommands) {
   std::vector<std::span<const Command>> menus;
   for (const MenuEntries& menu : MenuBarEntries()) menus.push_back(menu.commands);
   menus.push_back(RowMenuCommands());
@@ -225,7 +225,7 @@ TEST(CommandTable, TheMenuBarHoldsFiveMenus) {
   EXPECT_EQ(captions, Texts({"ファイル(&F)", "編集(&E)", "再生(&P)", "表示(&V)", "ヘルプ(&H)"}));
 }
 
-TEST(CommandTable, AccessKeysAreOfTheirOwnWithinEachMenu) {
+TEST(CommandTable, AccessKeysAreUniqueWithinEachMenu) {
   Texts bar;
   for (const MenuEntries& menu : MenuBarEntries()) {
     bar.emplace_back(menu.caption);

@@ -168,7 +168,7 @@ TEST(DeleteToRecycleBin, AsksNothingItself) {
   EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
 }
 
-TEST(DeleteToRecycleBin, IsAskedForWhereTheDesktopDoesNotAsk) {
+TEST(DeleteToRecycleBin, AsksWhereTheDesktopDoesNot) {
   for (const bool yes : {false, true}) {
     Fixture f({"a.mid", "b.mid"});
     f.options.list.deleteTo = DeleteTo::kRecycleBin;
@@ -185,7 +185,7 @@ TEST(DeleteToRecycleBin, IsAskedForWhereTheDesktopDoesNotAsk) {
   }
 }
 
-TEST(DeleteToRecycleBin, IsNotAskedForWhenConfirmationsAreOff) {
+TEST(DeleteToRecycleBin, DoesNotAskWhenConfirmationsAreOff) {
   for (const bool suppressed : {false, true}) {
     Fixture f({"a.mid", "b.mid"});
     f.options.list.deleteTo = DeleteTo::kRecycleBin;
@@ -221,7 +221,7 @@ TEST(DeleteToRecycleBin, SaysThatAMissingFileCannotBeDeleted) {
   EXPECT_EQ(f.files.CountOf(FileCall::kRecycle), 0u);
 }
 
-TEST(DeleteToRecycleBin, SaysSoWhenTheBinRefusedInSilence) {
+TEST(DeleteToRecycleBin, ReportsThatTheBinSilentlyRefused) {
   Fixture f({"a.mid"});
   f.options.list.deleteTo = DeleteTo::kRecycleBin;
   f.files.Fail(FileCall::kRecycle, "/m/a.mid", {kRecycleNotDone, ""});
@@ -232,7 +232,7 @@ TEST(DeleteToRecycleBin, SaysSoWhenTheBinRefusedInSilence) {
   EXPECT_TRUE(f.files.Exists("/m/a.mid"));
 }
 
-TEST(DeleteToRecycleBin, AnyOtherResultTakesTheRowOutLikeASuccess) {
+TEST(DeleteToRecycleBin, AnyOtherResultRemovesTheRowLikeASuccess) {
   Fixture f({"a.mid"});
   f.options.list.deleteTo = DeleteTo::kRecycleBin;
   f.files.Fail(FileCall::kRecycle, "/m/a.mid", {124, ""});
@@ -336,7 +336,7 @@ TEST(mnuThisMove, ReportsErrorsAndLeavesFileAndRow) {
   }
 }
 
-TEST(mnuThisMove, ANamesakeInTheTargetStaysWhole) {
+TEST(mnuThisMove, AFileWithThisNameInTheTargetIsNotChanged) {
   Fixture f({"a.mid"});
   f.files.AddFile("/t/a.mid", "other");
   f.list.SelectOnly(1);
@@ -451,7 +451,7 @@ TEST(BatchMove, WithoutASelectionNoFailedRowStaysChosenForPlaying) {
   EXPECT_EQ(f.ports.player.chosen, "");
 }
 
-TEST(BatchMove, TellsNoMoreFailuresWhenTheUserWantsNone) {
+TEST(BatchMove, ShowsNoFurtherFailuresWhenTheUserWantsNone) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
   for (const char* const name : {"/t/a.mid", "/t/b.mid"}) f.files.AddFile(name, "other");
   f.ports.folders.Answer("/t");
@@ -462,7 +462,7 @@ TEST(BatchMove, TellsNoMoreFailuresWhenTheUserWantsNone) {
   EXPECT_EQ(f.ports.log.StartingWith("box").back(), MovedCount(1));
 }
 
-TEST(BatchMove, EndsWithoutASummaryWhenNobodyWaitsForIt) {
+TEST(BatchMove, EndsWithoutASummaryWhenTheUserClosesTheWindow) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
   f.options.move.keepMovedRows = false;
   f.files.AddFile("/t/b.mid", "other");
@@ -473,7 +473,7 @@ TEST(BatchMove, EndsWithoutASummaryWhenNobodyWaitsForIt) {
   EXPECT_EQ(Locations(f.list), Texts({"/m/b.mid", "/m/c.mid"}));
 }
 
-TEST(ThisMove, TellsDetailsOnDemandAndOffersNoMore) {
+TEST(ThisMove, OffersDetailsButNoFurtherChoice) {
   Fixture f({"a.mid", "b.mid"});
   f.list.SelectOnly(2);
   f.files.Fail(FileCall::kMove, "/m/b.mid", {file_error::kOwn + 28, "No space left on device"});
@@ -506,7 +506,7 @@ TEST(BatchMove, WithNothingInScopeAsksNothing) {
   EXPECT_EQ(empty.ports.log.Events(), Texts());
 }
 
-TEST(BatchMove, TwoFilesOfOneNameDoNotMeetInTheTarget) {
+TEST(BatchMove, OfTwoFilesWithOneNameOnlyTheFirstIsMoved) {
   Fixture f({"a.mid"});
   f.files.AddFile("/n/a.mid", "second");
   f.list.Add(test::RowFor("/n/a.mid", kLin));
@@ -551,7 +551,7 @@ const char* const kMoveBegin =
     "progress begin: ファイルを移動中です...\\r\\nしばらくお待ちください |   ファイルを移動中...";
 const char* const kMoveCancelled = "\\r\\n移動を中止しました。残りのファイルは元のままです (information, ok)";
 
-TEST(BatchMove, ThatLastsShowsItsShareInBytes) {
+TEST(BatchMove, ALongMoveShowsItsProgressInBytes) {
   CopyingFixture f;
   f.commands.mnuAllMove();
   EXPECT_EQ(f.ports.log.StartingWith("progress"),
@@ -566,7 +566,7 @@ TEST(BatchMove, ThatLastsShowsItsShareInBytes) {
             Texts({"window enabled", "progress end", "pointer normal", "window enabled", MovedCount(3)}));
 }
 
-TEST(BatchMove, ThatIsQuickShowsNothing) {
+TEST(BatchMove, AQuickMoveShowsNothing) {
   CopyingFixture f(kNeverShown);
   f.ports.progress.cancelled = true;
   f.commands.mnuAllMove();
@@ -574,7 +574,7 @@ TEST(BatchMove, ThatIsQuickShowsNothing) {
   EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({MovedCount(3)}));
 }
 
-TEST(BatchMove, CancelledInAFileLeavesItAndTheRest) {
+TEST(BatchMove, CancelledInsideAFileLeavesItAndTheRestInPlace) {
   for (const bool keep : {false, true}) {
     CopyingFixture f;
     f.options.move.keepMovedRows = keep;
@@ -588,7 +588,7 @@ TEST(BatchMove, CancelledInAFileLeavesItAndTheRest) {
   }
 }
 
-TEST(BatchMove, CancelledBetweenFilesLeavesTheRest) {
+TEST(BatchMove, CancelledBetweenFilesLeavesTheRestInPlace) {
   CopyingFixture f;
   f.files.copiesPieces = 0;
   f.CancelAt(2);
@@ -599,7 +599,7 @@ TEST(BatchMove, CancelledBetweenFilesLeavesTheRest) {
             Texts({"box [ファイル移動] 1 個のファイルの移動が完了しました" + std::string(kMoveCancelled)}));
 }
 
-TEST(mnuThisMove, ThatLastsShowsItAndCanBeCancelled) {
+TEST(mnuThisMove, ALongMoveIsShownAndCanBeCancelled) {
   CopyingFixture f;
   f.list.SelectOnly(2);
   f.CancelAt(3);
@@ -613,7 +613,7 @@ TEST(mnuThisMove, ThatLastsShowsItAndCanBeCancelled) {
   EXPECT_EQ(f.files.BytesOf("/m/b.mid"), "123456789");
 }
 
-TEST(MoveProgress, AFileThatHasGrownIsNotMoreThanItsShare) {
+TEST(MoveProgress, AFileThatHasGrownCountsNoMoreThanItsListedSize) {
   test::Recorders ports;
   FileItem row = test::RowFor("/m/a.mid", kLin);
   row.size = 9;
@@ -650,7 +650,7 @@ TEST(BatchMove, AnExceptionLeavesTheWindowUsableAndNoRowOfAMovedFile) {
   EXPECT_EQ(Locations(f.list), Texts({"/m/b.mid"}));
 }
 
-TEST(BatchMove, TellsOnceWhatCouldNotBeKept) {
+TEST(BatchMove, ReportsOnceWhatCouldNotBeKept) {
   const Texts expected = {MovedCount(2),
                           "box [ファイル移動] 移動しましたが、移動先では保持できない情報がありました： "
                           "日時、アクセス権、拡張属性 (exclamation, ok)"};
@@ -661,7 +661,7 @@ TEST(BatchMove, TellsOnceWhatCouldNotBeKept) {
   EXPECT_EQ(f.ports.log.StartingWith("box"), expected);
 }
 
-TEST(mnuThisMove, TellsWhatCouldNotBeKept) {
+TEST(mnuThisMove, ReportsWhatCouldNotBeKept) {
   Fixture f({"a.mid"});
   f.files.notKept.accessRights = true;
   f.list.SelectOnly(1);

@@ -120,7 +120,7 @@ TEST_F(InformationPanelTest, RoundsHalvesOfASecondToEven) {
   }
 }
 
-TEST_F(InformationPanelTest, AFileThatCannotBePlayedPlaysForNoTime) {
+TEST_F(InformationPanelTest, AFileThatCannotBePlayedHasTheLengthZero) {
   options.system.readPlayTimes = true;
   panel.ShowRow(Add("a.wav", "", "WAVE"));
   EXPECT_EQ(playTimes.asked, 1);

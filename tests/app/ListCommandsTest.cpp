@@ -47,7 +47,7 @@ TEST(CheckCommands, AskNothingAndReportNothing) {
   EXPECT_EQ(f.ports.log.Events(), Texts());
 }
 
-TEST(mnuThisListDel, TakesTheSelectedRowOutAndResetsThePanels) {
+TEST(mnuThisListDel, RemovesTheSelectedRowAndResetsThePanels) {
   Fixture f({"a", "b", "c"});
   f.list.SelectOnly(2);
   f.commands.mnuThisListDel();

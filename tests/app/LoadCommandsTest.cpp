@@ -248,7 +248,7 @@ TEST(LoadFolder, ACancelledSearchRegistersNothing) {
   EXPECT_EQ(f.options.system.loadFolder, "/m/");
 }
 
-TEST(LoadFolder, TheStatusShowsTheSearchAndThenWhatStoodThere) {
+TEST(LoadFolder, TheStatusShowsTheSearchAndThenItsFormerText) {
   Fixture f({"/m/a", "/m/b"});
   f.status.ShowPlayer(PlayerState::kPlaying, "a.mp3");
   f.ports.log.Clear();
@@ -257,7 +257,7 @@ TEST(LoadFolder, TheStatusShowsTheSearchAndThenWhatStoodThere) {
   EXPECT_EQ(f.ports.log.StartingWith("panel player"), Texts({kSearching, "panel player: 再生中： a.mp3"}));
 }
 
-TEST(LoadFolder, ACancelFromBeforeIsForgotten) {
+TEST(LoadFolder, AnEarlierCancelIsForgotten) {
   Fixture f({"/m/a"});
   f.loader.Cancel();
   EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kLoaded);
@@ -280,7 +280,7 @@ TEST(LoadPaths, AnEmptyPathIsNotTheRootFolder) {
   EXPECT_EQ(f.list.Count(), 1);
 }
 
-TEST(LoadPaths, FilesThatAreListedAlreadyAreToldOnce) {
+TEST(LoadPaths, FilesThatAreListedAlreadyAreReportedOnce) {
   Fixture f({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
   f.loader.LoadPaths({"/m/a.mid", "/m/b.mid"});
   f.loader.LoadPaths({"/m/a.mid", "/m/b.mid", "/m/c.mid"});
@@ -289,7 +289,7 @@ TEST(LoadPaths, FilesThatAreListedAlreadyAreToldOnce) {
   EXPECT_EQ(f.ports.boxes.Shown()[0].text, "2 個のファイルは既に読み込まれています");
 }
 
-TEST(LoadPaths, CancellingEndsTheFurtherPathsToo) {
+TEST(LoadPaths, CancellingSkipsTheRemainingPathsToo) {
   Fixture f({"/m/a.mid", "/n/b.mid", "/o/c.mid"});
   f.ports.pending.At(1, [&] { f.loader.Cancel(); });
   f.loader.LoadPaths({"/m/", "/n/", "/o/c.mid"});
@@ -307,7 +307,7 @@ TEST(LoadPaths, CancellingAmongFilesKeepsThoseThatAreListed) {
   EXPECT_TRUE(f.ports.log.Has("progress end"));
 }
 
-TEST(LoadPaths, CancellingAmongFilesEndsTheFoldersBehindThemToo) {
+TEST(LoadPaths, CancellingAmongFilesSkipsTheFoldersAfterThemToo) {
   Fixture f({"/m/a.mid", "/m/b.mid", "/n/c.mid"});
   f.ports.pending.At(2, [&] { f.loader.Cancel(); });
   f.loader.LoadPaths({"/m/a.mid", "/m/b.mid", "/n/"});
@@ -315,7 +315,7 @@ TEST(LoadPaths, CancellingAmongFilesEndsTheFoldersBehindThemToo) {
   EXPECT_EQ(f.ports.log.StartingWith("search begin"), Texts());
 }
 
-TEST(LoadExceptions, LeaveNoWindowOfProgressAndNoChangedOption) {
+TEST(LoadExceptions, LeaveNoProgressWindowAndNoChangedOption) {
   struct Case {
     const char* name;
     std::size_t call;  // of PendingMessages::Process that throws
@@ -341,7 +341,7 @@ TEST(LoadExceptions, LeaveNoWindowOfProgressAndNoChangedOption) {
   }
 }
 
-TEST(LoadExceptions, WhileReadingAnewKeepTheOtherRows) {
+TEST(LoadExceptions, DuringAReloadKeepTheOtherRows) {
   Fixture f({"/m/a.mid", "/m/b.mid"});
   f.loader.LoadFolder("/m/");
   f.list.SetRenameName(2, "edited");
@@ -403,7 +403,7 @@ TEST(LoadFolderErrors, NoRowIsSelectedWhileThePanelsShowNone) {
   EXPECT_EQ(f.list.SelectedIndex(), 0);
 }
 
-TEST(LoadFolderErrors, AFileThatMayNotBeLookedAtIsPassedOverAndNamed) {
+TEST(LoadFolderErrors, AnInaccessibleFileIsSkippedAndNamed) {
   Fixture f({"/m/a.txt", "/m/b.txt", "/m/c.txt"});
   f.files.Fail(FileCall::kStatus, "/m/b.txt", {file_error::kAccess, "denied"});
   EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kLoaded);
@@ -413,7 +413,7 @@ TEST(LoadFolderErrors, AFileThatMayNotBeLookedAtIsPassedOverAndNamed) {
   EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({NoAccess("/m/b.txt")}));
 }
 
-TEST(LoadFolderErrors, AFileThatVanishedSinceTheSearchIsPassedOver) {
+TEST(LoadFolderErrors, AFileThatVanishedSinceTheSearchIsSkipped) {
   Fixture f({"/m/a.txt", "/m/b.txt", "/m/c.txt"});
   f.ports.pending.At(5, [&] { (void)f.files.Remove("/m/b.txt"); });
   EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kLoaded);
@@ -423,7 +423,7 @@ TEST(LoadFolderErrors, AFileThatVanishedSinceTheSearchIsPassedOver) {
   EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({Gone("/m/b.txt")}));
 }
 
-TEST(LoadFolderErrors, OfSeveralFilesThoseThatVanishedArePassedOver) {
+TEST(LoadFolderErrors, OfSeveralFilesThoseThatVanishedAreSkipped) {
   Fixture f({"/m/a.txt", "/m/b.txt", "/m/c.txt"});
   f.ports.pending.At(1, [&] { (void)f.files.Remove("/m/b.txt"); });
   f.loader.LoadPaths({"/m/a.txt", "/m/b.txt", "/m/c.txt"});
@@ -453,7 +453,7 @@ TEST(LoadRemove, OffKeepsTheRowsAndThePlayer) {
   EXPECT_EQ(f.ports.player.loaded, "/m/a");
 }
 
-TEST(LoadRemove, IsHeldOffWhileSeveralPathsAreLoaded) {
+TEST(LoadRemove, IsIgnoredWhileSeveralPathsAreLoaded) {
   Fixture f({"/m/a", "/n/b", "/o/c"});
   f.options.list.clearBeforeLoading = true;
   f.loader.LoadPaths({"/m/", "/n", "/o/c"});
@@ -553,7 +553,7 @@ TEST(AddFile, AFileThatCannotBeReadIsAnError) {
   EXPECT_EQ(f.options.system.loadFolder, "");
 }
 
-TEST(AddFile, AFileThatVanishedIsPassedOver) {
+TEST(AddFile, AFileThatVanishedIsSkipped) {
   for (const char* path : {"/m/a.txt", "/m/a.mid"}) {
     Fixture f({"/n/b.txt"});
     f.options.system.loadFolder = "/last/";
@@ -611,7 +611,7 @@ TEST(OpenFileFilters, BeginWithThePatternOfTheOptions) {
   }
 }
 
-TEST(OpenFileFilters, OfferTheMediaTypesBehindIt) {
+TEST(OpenFileFilters, OfferTheMediaTypesAfterIt) {
   OptionValues::Find find;
   find.filterByExtension = false;
   const std::vector<FileDialogFilter> expected = {

@@ -119,7 +119,7 @@ TEST(ModifyRenameNames, TellsTheObserverOnlyOfNamesThatChange) {
   EXPECT_EQ(log.Events(), Texts({"row 1"}));
 }
 
-TEST(ModifyRenameNames, NamesThatARuleWouldMakeEndlessAreToldOnceAtTheEnd) {
+TEST(ModifyRenameNames, NamesThatARuleWouldMakeEndlessAreReportedOnceAtTheEnd) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
   f.SetNames({"x:y", "fine", "p?q:r"});
   f.options.modify.replaceInvalid = true;
@@ -172,7 +172,7 @@ TEST(ModifyRenameNames, CanBeCancelledWhereNoRuleIsActive) {
   EXPECT_EQ(RenameNames(f.list), Texts({"A", "B", "c"}));
 }
 
-TEST(ModifyRenameNamesAutoApply, CancellingLeavesTheFilesThatWereNotDone) {
+TEST(ModifyRenameNamesAutoApply, CancellingLeavesTheRemainingFilesUnchanged) {
   Fixture f({"a.mid", "b.mid"});
   f.mode.automatic = true;
   f.options.modify.upper = true;

@@ -20,12 +20,12 @@ class PassedOverTest : public testing::Test {
   PassedOverPaths passedOver_;
 };
 
-TEST_F(PassedOverTest, TellsNothingWhenNothingWasPassedOver) {
+TEST_F(PassedOverTest, ShowsNothingWhenNothingWasSkipped) {
   passedOver_.Tell(recorders_.boxes);
   EXPECT_THAT(recorders_.boxes.Shown(), IsEmpty());
 }
 
-TEST_F(PassedOverTest, TellsOnceAndNamesTheFirstOnes) {
+TEST_F(PassedOverTest, ReportsOnceAndNamesTheFirstOnes) {
   for (int i = 1; i <= 7; ++i) passedOver_.Add({{"/secret/" + std::to_string(i), Obstacle::kNoAccess}});
   passedOver_.Tell(recorders_.boxes);
   passedOver_.Tell(recorders_.boxes);
@@ -38,7 +38,7 @@ TEST_F(PassedOverTest, TellsOnceAndNamesTheFirstOnes) {
   EXPECT_THAT(shown.text, Not(HasSubstr("/secret/6")));
 }
 
-TEST_F(PassedOverTest, TellsEveryObstacleApart) {
+TEST_F(PassedOverTest, ReportsEachObstacleSeparately) {
   passedOver_.Add({{"/secret/", Obstacle::kNoAccess}});
   passedOver_.Add({{"/a/deep/", Obstacle::kTooDeep}});
   passedOver_.Add({{"/b/deep/", Obstacle::kTooDeep}});
@@ -52,7 +52,7 @@ TEST_F(PassedOverTest, TellsEveryObstacleApart) {
             "1 個のファイルは途中でなくなったため、読み込みませんでした\r\n\r\n/b/gone");
 }
 
-TEST_F(PassedOverTest, NamesAPathOfAThousandFoldersByItsEnds) {
+TEST_F(PassedOverTest, ShortensAPathOfAThousandFoldersInTheMiddle) {
   std::string path = "/";
   for (int i = 0; i < 1000; ++i) path += std::to_string(i) + '/';
   std::replace(path.begin(), path.end(), '/', SystemPathStyle() == PathStyle::kWindows ? '\\' : '/');

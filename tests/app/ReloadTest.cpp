@@ -85,7 +85,7 @@ TEST(mnuReload, ShowsEveryStepInItsOrder) {
   EXPECT_EQ(f.ports.pending.Count() - before, 3u);
 }
 
-TEST(mnuReload, LosesEditedRenameNamesAndReadsFilesAnew) {
+TEST(mnuReload, LosesEditedRenameNamesAndReadsFilesAgain) {
   Fixture f({"a.mid", "b.txt"});
   f.list.SetRenameName(1, "edited");
   f.list.SetRenameName(2, "edited too");
@@ -113,7 +113,7 @@ TEST(mnuReload, KeepsTheOrderOfTheRows) {
   EXPECT_EQ(Locations(f.list), Texts({"/m/c", "/m/b", "/m/a"}));
 }
 
-TEST(mnuReload, RowsOfFilesThatAreGoneLeave) {
+TEST(mnuReload, RemovesTheRowsOfMissingFiles) {
   Fixture f({"a", "b", "c"});
   ASSERT_FALSE(f.files.Remove("/m/a"));
   ASSERT_FALSE(f.files.Remove("/m/c"));
@@ -124,7 +124,7 @@ TEST(mnuReload, RowsOfFilesThatAreGoneLeave) {
   EXPECT_TRUE(f.ports.log.Has("file panel row 1"));
 }
 
-TEST(mnuReload, RowsWhoseFilesCannotBeLookedAtStayAsTheyAre) {
+TEST(mnuReload, KeepsTheRowsOfInaccessibleFilesUnchanged) {
   Fixture f({"a", "b"});
   f.list.SetRenameName(1, "edited");
   f.files.Fail(test::FileCall::kStatus, "/m/a", {file_error::kAccess, "refused"});

@@ -92,7 +92,7 @@ TEST(mnuThisRename, InAutoModeATitleOfBlanksCountsAsEmpty) {
   EXPECT_EQ(CheckedRows(f.list), Indices());
 }
 
-TEST(mnuThisRename, InAutoModeATitleThatFailsIsNoNameToFallBackTo) {
+TEST(mnuThisRename, InAutoModeATitleThatFailsIsNotKeptAsTheLastAcceptedName) {
   EditingFixture f({"a.mid", "b.mid"});
   f.mode.automatic = true;
   f.SetTitle(1, "b");

@@ -24,7 +24,7 @@ struct Automatic : EditingFixture {
 
 // Names with invalid characters, which files may nevertheless have on Linux.
 
-TEST(RenameBoxChange, InAutoModeInvalidCharactersCanBeTakenOutOneAfterTheOther) {
+TEST(RenameBoxChange, InAutoModeInvalidCharactersCanBeRemovedOneByOne) {
   Automatic f({"a:b?.mid"});
   f.Type("a:b");
   EXPECT_EQ(f.Names(), Texts({"a:b.mid"}));
@@ -35,7 +35,7 @@ TEST(RenameBoxChange, InAutoModeInvalidCharactersCanBeTakenOutOneAfterTheOther) 
   EXPECT_TRUE(f.ports.log.StartingWith("box").empty());
 }
 
-TEST(LabelEdited, InAutoModeInvalidCharactersCanBeTakenOutOneAfterTheOther) {
+TEST(LabelEdited, InAutoModeInvalidCharactersCanBeRemovedOneByOne) {
   Automatic f({"a:b?.mid"});
   f.editing.LabelEdited(1, "a:b");
   EXPECT_EQ(f.Names(), Texts({"a:b.mid"}));
@@ -79,7 +79,7 @@ TEST(RenameEditing, RefreshFollowsTheSelectedRowsNameAndTheSelection) {
   EXPECT_FALSE(f.box.IsEnabled());
 }
 
-TEST(RenameEditing, BytesThatAreNoTextAreShownAsReplacementCharactersAndNotTakenForAnEdit) {
+TEST(RenameEditing, InvalidUtf8IsShownAsReplacementCharactersAndNotTakenAsAnEdit) {
   EditingFixture f({"x\x80.mid"});
   EXPECT_EQ(f.box.Text(), "x\uFFFD");
   f.editing.Changed();
@@ -151,7 +151,7 @@ TEST(RenameBoxChange, InAutoModeShortensALongPathInThePanel) {
   EXPECT_TRUE(f.ports.log.Has("panel player: 選択： /.../" + name + ".mid"));
 }
 
-TEST(RenameBoxChange, InAutoModeLeavesThePanelToAPlayerThatHasSomethingToSay) {
+TEST(RenameBoxChange, InAutoModeLeavesThePanelToAnActivePlayer) {
   Automatic f({"a.mid"});
   f.status.ShowPlayer(PlayerState::kPlaying, "x");
   f.Type("new");
@@ -352,7 +352,7 @@ TEST(RenameBoxFocus, AnEmptyBoxMayNotBeLeftInAutoMode) {
   EXPECT_FALSE(f.editing.NeedsName());
 }
 
-TEST(RenameBoxFocus, ARowThatCameWithoutANameMayBeLeft) {
+TEST(RenameBoxFocus, ARowLoadedWithoutANameMayBeLeft) {
   Automatic f({"README", "b.mid"});
   ASSERT_EQ(f.box.Text(), "");
   EXPECT_FALSE(f.editing.NeedsName());

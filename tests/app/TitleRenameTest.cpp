@@ -52,7 +52,7 @@ TEST(TitleRename, SetsEveryRenameNameToItsTitle) {
   EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", "pointer normal"})) << "and no summary is shown";
 }
 
-TEST(TitleRename, OrOnlyThoseOfTheCheckedRows) {
+TEST(TitleRename, SetsOnlyTheCheckedRowsNamesOnRequest) {
   Fixture f({"one", "two", "three"});
   f.list.SetChecked(1, true);
   f.list.SetChecked(3, true);
@@ -128,7 +128,7 @@ TEST(TitleRename, AppliesARuleAsOftenAsTheListHasRows) {
   EXPECT_EQ(RenameNames(f.list), Texts({"aaaaaaaa", "2", "3"}));
 }
 
-TEST(TitleRename, TitlesThatARuleWouldMakeEndlessAreToldOnceAtTheEnd) {
+TEST(TitleRename, TitlesThatARuleWouldMakeEndlessAreReportedOnceAtTheEnd) {
   Fixture f({"x:y", "fine", "p?q"});
   f.options.rename.applyRules = true;
   f.options.modify.replaceInvalid = true;
@@ -183,7 +183,7 @@ TEST(TitleRename, ShowsThePercentageOfTheCheckedRows) {
             Texts({"progress: 50% 完了しました | /m/2.mid", "progress: 100% 完了しました | /m/4.mid"}));
 }
 
-TEST(TitleRenameAutoApply, CancellingLeavesTheFilesThatWereNotDone) {
+TEST(TitleRenameAutoApply, CancellingLeavesTheRemainingFilesUnchanged) {
   Fixture f({"one", "two"});
   f.mode.automatic = true;
   f.options.rename.applyRules = true;

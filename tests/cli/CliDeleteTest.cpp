@@ -63,7 +63,7 @@ TEST(CliDeleteTest, JsonGivesOneObjectPerFileAndTheSummary) {
   EXPECT_EQ(JsonLines(result.output), (std::vector<Json>{{{"path", first}}, {{"path", second}}, summary}));
 }
 
-TEST(CliDeleteTest, AMissingPathIsToldAndTheOthersAreDeleted) {
+TEST(CliDeleteTest, AMissingPathIsReportedAndTheOthersAreDeleted) {
   const TempFolder folder;
   const std::string path = folder.Write("a.mid", "a");
   const ProcessResult result = Cli({"delete", "--for-good", "--apply", folder.At("missing"), path});

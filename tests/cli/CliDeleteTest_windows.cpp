@@ -11,7 +11,7 @@
 namespace quillon::test {
 namespace {
 
-TEST(CliDeleteTest, WhereNobodyCanAnswerTheSystemTheFileStays) {
+TEST(CliDeleteTest, TheFileStaysWhenNobodyCanAnswerTheSystemsQuestion) {
   if (!RunsUnderWine()) GTEST_SKIP() << "the files would go to the tester's own recycle bin";
   if (std::getenv("DISPLAY") != nullptr) GTEST_SKIP() << "Wine would ask in a dialog, and wait for an answer";
   const TempFolder folder;

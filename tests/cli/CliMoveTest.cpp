@@ -42,7 +42,7 @@ TEST(CliMoveTest, TheDryRunShowsEachFileAndChangesNothing) {
   EXPECT_FALSE(folder.Exists("to/荒城の月 1.mp3"));
 }
 
-TEST(CliMoveTest, ANamesakeIsToldOnItsRowAndTheOthersGoOn) {
+TEST(CliMoveTest, AnExistingTargetIsReportedForItsFileAndTheOthersAreMoved) {
   const TempFolder folder;
   folder.Write("from/b.mid", "mine");
   folder.Write("from/荒城の月 1.mp3", "moon");
@@ -151,7 +151,7 @@ TEST(CliMoveTest, NothingLoadedIsStatusThree) {
   EXPECT_NE(result.errors.find("ファイルが見つかりませんでした"), std::string::npos) << result.errors;
 }
 
-TEST(CliMoveTest, APathThatIsMissingIsToldAndTheOthersAreMoved) {
+TEST(CliMoveTest, AMissingPathIsReportedAndTheOthersAreMoved) {
   const TempFolder folder;
   folder.MakeFolder("to");
   const ProcessResult result = Move(folder.At("to"), {"--apply", folder.At("missing"), folder.Write("a.mid", "a")});

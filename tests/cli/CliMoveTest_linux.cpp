@@ -45,7 +45,7 @@ TEST(CliMoveTest, AFileIsItsOwnNamesakeBehindALinkToo) {
   }
 }
 
-TEST(CliMoveTest, ATargetThatMayNotBeLookedAtIsToldSo) {
+TEST(CliMoveTest, AnInaccessibleTargetIsReportedAsSuch) {
   const TempFolder folder;
   const std::string path = folder.Write("a.mid", "a");
   const std::string to = folder.At("locked/to");
@@ -61,7 +61,7 @@ TEST(CliMoveTest, ATargetThatMayNotBeLookedAtIsToldSo) {
   EXPECT_EQ(folder.Read("a.mid"), "a");
 }
 
-TEST(CliMoveTest, ATargetThatNoFolderCanHaveIsTold) {
+TEST(CliMoveTest, ATargetWithATooLongNameIsReported) {
   const TempFolder folder;
   const std::string to = folder.At(std::string(256, 'x'));
   const ProcessResult result = Cli({"move", "--to", to, "--apply", folder.Write("a.mid", "a")});
@@ -70,7 +70,7 @@ TEST(CliMoveTest, ATargetThatNoFolderCanHaveIsTold) {
   EXPECT_EQ(folder.Read("a.mid"), "a");
 }
 
-TEST(CliMoveTest, ANameThatIsNotUtf8IsToldWithItsBytesAndMovedWithoutDamage) {
+TEST(CliMoveTest, ANameThatIsNotUtf8IsReportedWithItsBytesAndMovedUnchanged) {
   const TempFolder folder;
   folder.Write("from/\xFF.mid", "mine");
   folder.Write("from/b\xFE.mid", "other");
@@ -93,7 +93,7 @@ TEST(CliMoveTest, ANameThatIsNotUtf8IsToldWithItsBytesAndMovedWithoutDamage) {
   EXPECT_EQ(folder.Read("to\xFD/b\xFE.mid"), "other");
 }
 
-TEST(CliDeleteTest, ANameThatIsNotUtf8IsToldWithItsBytesAndDeleted) {
+TEST(CliDeleteTest, ANameThatIsNotUtf8IsReportedWithItsBytesAndDeleted) {
   const TempFolder folder;
   folder.Write("a\xFF.mid");
   const ProcessResult result = Cli({"delete", "--for-good", "--json", "--apply", folder.Path()});
@@ -182,7 +182,7 @@ bool GiveAccessList(const std::string& path) {
   return setxattr(path.c_str(), "system.posix_acl_access", list.data(), list.size(), 0) == 0;
 }
 
-TEST(CliMoveTest, WhatTheOtherVolumeCannotKeepIsToldForEachFileAndInTheSummary) {
+TEST(CliMoveTest, WhatTheOtherVolumeCannotKeepIsReportedForEachFileAndInTheSummary) {
   const TempFolder folder;
   const std::string first = folder.Write("a.mid", "a");
   const std::string second = folder.Write("b.mid", "b");

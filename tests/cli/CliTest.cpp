@@ -345,7 +345,7 @@ TEST(CliRenameTest, NothingLoadedIsStatusThree) {
 
 // usage
 
-TEST(CliUsageTest, WrongUsageIsStatusTwoWithAWordAboutIt) {
+TEST(CliUsageTest, WrongUsageIsStatusTwoWithAMessage) {
   const TempFolder folder;
   const std::vector<std::string> kCases[] = {{},
                                              {"list"},
@@ -396,7 +396,7 @@ TEST(CliMciTest, EveryCommandIsAnsweredByALine) {
   EXPECT_EQ(lines[5], "error 263");
 }
 
-TEST(CliMciTest, EmptyLinesAndRemarksArePassedOver) {
+TEST(CliMciTest, EmptyLinesAndCommentsAreSkipped) {
   const ProcessResult result = Cli({"mci"}, "\n# Close X\n\r\n");
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_EQ(result.output, "");
@@ -436,7 +436,7 @@ TEST(CliMciTest, TwoHundredFilesAtOnceAreEachAnsweredAndTheProgramEnds) {
   EXPECT_TRUE(lines[201].starts_with("error ")) << lines[201];
 }
 
-TEST(CliMciTest, AwaitOfWhatIsNotOpenEndsAtOnce) {
+TEST(CliMciTest, AwaitOfAnAliasThatIsNotOpenEndsAtOnce) {
   EXPECT_EQ(Cli({"mci"}, "await X stopped 60000\n").output.rfind("error ", 0), 0U);
 }
 

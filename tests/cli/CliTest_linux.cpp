@@ -58,7 +58,7 @@ TEST(CliBytesTest, ALinkThatLeadsNowhereIsInTheWayInTheDryRunToo) {
   EXPECT_TRUE(folder.Exists("1.mp3"));
 }
 
-TEST(CliListTest, AFolderDeeperThanASearchGoesIsToldAndCountsAsFailed) {
+TEST(CliListTest, AFolderBelowTheDepthLimitIsReportedAndCountsAsFailed) {
   const TempFolder folder;
   folder.Write("a.wav");
   std::string deep;
@@ -72,7 +72,7 @@ TEST(CliListTest, AFolderDeeperThanASearchGoesIsToldAndCountsAsFailed) {
   EXPECT_EQ(Json::parse(result.output)["rename_name"], "a");
 }
 
-TEST(CliUsageTest, MemoryThatRunsOutIsSaidAndNoSuccess) {
+TEST(CliUsageTest, RunningOutOfMemoryIsReportedAsAFailure) {
 #ifdef __SANITIZE_ADDRESS__
   GTEST_SKIP() << "the sanitizer reserves more memory than the limit";
 #endif
@@ -91,7 +91,7 @@ TEST(CliPipeTest, AClosedPipeEndsTheProgramQuietly) {
   EXPECT_EQ(result.errors, "");
 }
 
-TEST(CliPipeTest, OutputThatCannotBeWrittenIsNoSuccess) {
+TEST(CliPipeTest, OutputThatCannotBeWrittenIsAFailure) {
   const TempFolder folder;
   folder.Write("a.wav");
   const ProcessResult result =

@@ -40,7 +40,7 @@ TEST(ListedFolders, FollowTheOrderOfTheRows) {
   EXPECT_THAT(ListedFolders(list, PathStyle::kLinux), ElementsAre("/a/", "/b/"));
 }
 
-TEST(ListedFolders, AFolderAndTheOneInItAreTwo) {
+TEST(ListedFolders, AFolderAndItsSubFolderAreListedSeparately) {
   FileList list(PathStyle::kWindows);
   Add(list, {"C:\\a.mid", "C:\\音楽\\b.mid", "C:\\音楽\\表\\c.mid", "\\\\server\\share\\d.mid"}, PathStyle::kWindows);
   EXPECT_THAT(ListedFolders(list, PathStyle::kWindows),
@@ -59,7 +59,7 @@ TEST(ListedFolders, DifferInLetterCase) {
   EXPECT_THAT(ListedFolders(list, PathStyle::kWindows), ElementsAre("C:\\Music\\", "C:\\music\\"));
 }
 
-TEST(ListedFolders, KeepBytesThatAreNoText) {
+TEST(ListedFolders, KeepBytesThatAreNotUtf8) {
   FileList list(PathStyle::kLinux);
   Add(list, {"/\xFF/a.mid", "/\xFE/b.mid"}, PathStyle::kLinux);
   EXPECT_THAT(ListedFolders(list, PathStyle::kLinux), ElementsAre("/\xFF/", "/\xFE/"));

@@ -14,7 +14,7 @@ std::string WhyNotFound(MemoryFileSystem& files, const std::string& from, const 
   return details.substr(details.rfind("\r\n") + 2);
 }
 
-TEST(FailureDetails, NameThePathsAndTheSystemsWords) {
+TEST(FailureDetails, NameThePathsAndTheSystemsMessage) {
   MemoryFileSystem files({PathStyle::kLinux, false});
   const FileError error{file_error::kAccess, "Permission denied"};
   EXPECT_EQ(FailureDetails(files, "/m/a", "/m/b", error, PathStyle::kLinux),
@@ -23,7 +23,7 @@ TEST(FailureDetails, NameThePathsAndTheSystemsWords) {
   EXPECT_EQ(FailureDetails(files, "/m/a", "", {}, PathStyle::kLinux), "ファイル： /m/a");
 }
 
-TEST(FailureDetails, SayWhatIsBehindANameThatIsNotValid) {
+TEST(FailureDetails, GiveTheCauseOfAnInvalidName) {
   MemoryFileSystem files({PathStyle::kLinux, false});
   files.AddFile("/m/a", "content");
   EXPECT_EQ(WhyNotFound(files, "/m/gone", "/m/b", PathStyle::kLinux),

@@ -158,7 +158,7 @@ TEST(FileListDuplicates, IgnoreLetterCaseInWindowsPathsOnly) {
   }
 }
 
-TEST(FileListDuplicates, AFolderIsThereOnlyWhenARowLiesDirectlyInIt) {
+TEST(FileListDuplicates, AFolderIsListedOnlyWhenARowLiesDirectlyInIt) {
   struct Case {
     const char* name;
     PathStyle style;
@@ -201,7 +201,7 @@ TEST(FileListDuplicates, AreForgottenWithTheLastRow) {
   EXPECT_FALSE(list.ContainsFolder("D:\\m\\"));
 }
 
-TEST(FileListDuplicates, TwoRowsOfOneLocationAreToldApart) {
+TEST(FileListDuplicates, TwoRowsWithOneLocationStayDistinct) {
   FileList list(kLin);
   AddFiles(list, {"a", "b"});
   list.SetLocation(2, "/f/a");
@@ -233,7 +233,7 @@ TEST(FileListReplace, KeepsTheSelectionAndTakesEverythingElse) {
   EXPECT_EQ(SelectedRows(list), Indices({1}));
 }
 
-TEST(FileListSort, TurnsTheOrderRoundOnEveryClickWhicheverColumnItNames) {
+TEST(FileListSort, ReversesTheOrderOnEveryClickWhicheverColumnItNames) {
   FileList list(kLin);
   AddFiles(list, {"b.x", "a.z", "c.y"});
   list.Sort(Column::kLocation, ByteOrder());
@@ -303,7 +303,7 @@ class ByLength final : public Collation {
   [[nodiscard]] std::string KeyOf(std::string_view text) const override { return std::string(text.size(), 'x'); }
 };
 
-TEST(FileListSort, FollowsTheOrderItIsGivenInWhichDifferentTextsMayBeTheSame) {
+TEST(FileListSort, UsesTheGivenCollationInWhichDifferentTextsMayBeEqual) {
   FileList list(kLin);
   AddFiles(list, {"ccc", "bb", "aaa", "d", "aa"});
   list.Sort(Column::kLocation, ByLength());

@@ -202,7 +202,7 @@ TEST(FolderSearch, AFolderThatIsNotThereIsUnreachable) {
   EXPECT_EQ(found.error->number, file_error::kUnreachable);
 }
 
-TEST(FolderSearch, PassesOverASubFolderThatMayNotBeReadAndSaysSo) {
+TEST(FolderSearch, SkipsAndReportsASubFolderThatMayNotBeRead) {
   Fixture f;
   f.Add({"/m/a.mid", "/m/locked/b.mid", "/m/open/c.mid"});
   f.files.Fail(FileCall::kReadFolder, "/m/locked/", {file_error::kAccess, "denied"});
@@ -212,7 +212,7 @@ TEST(FolderSearch, PassesOverASubFolderThatMayNotBeReadAndSaysSo) {
   EXPECT_EQ(found.passedOver, Passed({{"/m/locked/", Obstacle::kNoAccess}}));
 }
 
-TEST(FolderSearch, PassesOverASubFolderThatIsOutOfReachAsItMayHaveGoneMeanwhile) {
+TEST(FolderSearch, SkipsAnUnreachableSubFolderBecauseItMayHaveVanished) {
   Fixture f;
   f.Add({"/m/b/c.mid", "/m/d/e.mid"});
   f.files.Fail(FileCall::kReadFolder, "/m/b/", {file_error::kUnreachable, "gone"});
@@ -232,7 +232,7 @@ TEST(FolderSearch, AnyOtherErrorInASubFolderEndsIt) {
   EXPECT_EQ(f.files.CountOf(FileCall::kReadFolder), 2u);
 }
 
-TEST(FolderSearch, TellsOfEachFolder) {
+TEST(FolderSearch, ReportsEachFolder) {
   Fixture f;
   f.Add({"/m/a.mid"});
   (void)f.search.Search("/m", "", false);
@@ -324,7 +324,7 @@ TEST(FolderSearchLinks, AreResolvedOnWindowsToo) {
   EXPECT_EQ(f.search.Search("C:\\m\\", "", true).paths, Texts({"C:\\m\\a.mid", "C:\\m\\x\\b.mid"}));
 }
 
-TEST(FolderSearch, AFolderDeeperThanAnyRealOneIsPassedOverAndToldAsTooDeep) {
+TEST(FolderSearch, AFolderBelowTheDepthLimitIsSkippedAndReportedAsTooDeep) {
   Fixture f;
   std::string folder = "/m/";
   for (int i = 0; i < 1000; ++i) folder += "d/";

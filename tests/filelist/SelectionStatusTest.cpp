@@ -42,7 +42,7 @@ TEST(SelectionStatus, TellsWhatThePlayerDoesAndThePanelsTheMode) {
   }
 }
 
-TEST(SelectionStatus, NamesTheRowWhereThePlayerHasNothingToSay) {
+TEST(SelectionStatus, NamesTheRowWhileThePlayerIsInactive) {
   for (const PlayerState state :
        {PlayerState::kStopped, PlayerState::kCannotPlay, PlayerState::kCutShort, PlayerState::kIdle}) {
     Fixture f;
@@ -75,7 +75,7 @@ TEST(SelectionStatus, NamesOneRowAfterTheOther) {
                                    "panel player: 停止： b", "panel player: 選択： c"}));
 }
 
-TEST(SelectionStatus, TheModePanelIsAnother) {
+TEST(SelectionStatus, TheModeHasItsOwnPanel) {
   Fixture f;
   f.status.ShowPlayer(PlayerState::kPlaying, "x");
   f.status.SetModeText("選択： x");

@@ -5,13 +5,13 @@
 namespace quillon {
 namespace {
 
-TEST(DialogPattern, TakesLettersOfBothCasesAndNothingElseForLetters) {
+TEST(DialogPattern, MatchesLettersInEitherCaseOnly) {
   EXPECT_EQ(DialogPattern("*.mid;*.MP3"), "*.[mM][iI][dD];*.[mM][pP]3");
   EXPECT_EQ(DialogPattern("*.曲;*.é_1"), "*.曲;*.[éÉ]_1");
   EXPECT_EQ(DialogPattern(""), "");
 }
 
-TEST(DialogPattern, TakesNamesWithoutADotForAllFiles) {
+TEST(DialogPattern, MatchesNamesWithoutADotForAllFiles) {
   EXPECT_EQ(DialogPattern("*.*"), "*");
 }
 

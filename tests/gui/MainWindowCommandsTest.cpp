@@ -76,7 +76,7 @@ TEST_F(CommandsOfMainWindow, ACommandThatIsNotEnabledDoesNothing) {
   EXPECT_EQ(List().Count(), 3) << "and nothing was asked";
 }
 
-TEST_F(CommandsOfMainWindow, AlwaysOnTopIsAMarkOfItsMenuItem) {
+TEST_F(CommandsOfMainWindow, AlwaysOnTopIsMarkedInItsMenuItem) {
   Open(Options());
   const int id = frmMain::IdOf(mnuFront);
   EXPECT_FALSE(Frame().GetMenuBar()->IsChecked(id));
@@ -162,7 +162,7 @@ TEST_F(CommandsOfMainWindow, DeleteDeletesTheFileInTheListAndACharacterInTheBox)
   EXPECT_TRUE(folder.Exists("a.mid"));
 }
 
-TEST_F(CommandsOfMainWindow, ShiftDeleteTakesTheRowFromTheListOnly) {
+TEST_F(CommandsOfMainWindow, ShiftDeleteRemovesTheRowFromTheListOnly) {
   OpenFolder();
   SelectRow(2);
   Key(WXK_DELETE, wxMOD_SHIFT);
@@ -170,7 +170,7 @@ TEST_F(CommandsOfMainWindow, ShiftDeleteTakesTheRowFromTheListOnly) {
   EXPECT_TRUE(folder.Exists("b.mid"));
 }
 
-TEST_F(CommandsOfMainWindow, CtrlASelectsEveryRowAndSpaceTurnsTheirChecks) {
+TEST_F(CommandsOfMainWindow, CtrlASelectsEveryRowAndSpaceTogglesTheirChecks) {
   OpenFolder();
   SelectRow(2);
   Key(WXK_SPACE);
@@ -187,7 +187,7 @@ TEST_F(CommandsOfMainWindow, CtrlASelectsEveryRowAndSpaceTurnsTheirChecks) {
   EXPECT_EQ(SelectedRows(), (Rows{1, 2, 3}));
 }
 
-TEST_F(CommandsOfMainWindow, SortingTurnsTheOrderRound) {
+TEST_F(CommandsOfMainWindow, SortingReversesTheOrder) {
   OpenFolder();
   Run(mnuSortTitle);
   EXPECT_EQ(Names(), (std::vector<std::string>{"c", "b", "a"}));

@@ -93,7 +93,7 @@ TEST_F(DialogsOfMainWindow, RegularExpressionsCanBeChosenWhereTheLibraryIs) {
   Run(Command::mnuOption);
 }
 
-TEST_F(DialogsOfMainWindow, TheFolderListIsOneWindowThatTheCommandReadsAnew) {
+TEST_F(DialogsOfMainWindow, TheCommandReloadsTheFolderListInTheSameWindow) {
   folder.Write("a.txt", "a");
   folder.MakeFolder("inner");
   folder.Write("inner/b.txt", "b");
@@ -127,7 +127,7 @@ TEST_F(DialogsOfMainWindow, TheFolderListIsOnTopWithTheMainWindow) {
   }
 }
 
-TEST_F(DialogsOfMainWindow, AFolderThatIsGoneIsTold) {
+TEST_F(DialogsOfMainWindow, AMissingFolderIsReported) {
   folder.MakeFolder("gone");
   folder.Write("gone/a.txt", "a");
   opensForReal = true;

@@ -318,7 +318,7 @@ TEST_F(FilesInMainWindow, AMovedFileLeavesTheListWhenTheUserWantsThat) {
   ExpectEmptyPanel();
 }
 
-TEST_F(FilesInMainWindow, ANamesakeAtTheTargetStopsTheMove) {
+TEST_F(FilesInMainWindow, AFileWithThisNameAtTheTargetStopsTheMove) {
   const std::string target = folder.MakeFolder("moved");
   folder.Write("moved/a.mid", "other");
   OpenFolder();
@@ -356,7 +356,7 @@ TEST_F(FilesInMainWindow, TheSelectedFileIsDeletedForGoodOnceTheUserAgrees) {
   ExpectEmptyPanel();
 }
 
-TEST_F(FilesInMainWindow, ReloadingReadsTheFilesAnew) {
+TEST_F(FilesInMainWindow, ReloadingReadsTheFilesAgain) {
   OpenFolder();
   List().SetRenameName(1, "typed");
   WriteMidi("a.mid", "Another");

@@ -82,7 +82,7 @@ class LoadsInMainWindow : public MainWindowTest {
   inline static std::unique_ptr<TempFolder> many_;
 };
 
-TEST_F(LoadsInMainWindow, AreRefusedForWhateverElseIsOrderedMeanwhile) {
+TEST_F(LoadsInMainWindow, RefuseOtherCommandsMeanwhile) {
   WriteMidi("a.mid", "First");
   Open(WithSubfolders(), {folder.Path()});
   bool everAnswered = false;
@@ -165,7 +165,7 @@ TEST_F(LoadsInMainWindow, AreCancelledByTheSearchWindowsButton) {
   EXPECT_EQ(Status(kItemsPanel), "アイテム数：  1");
 }
 
-TEST_F(LoadsInMainWindow, AreSearchedForInAWindowThatIsOnTopWithTheMainWindow) {
+TEST_F(LoadsInMainWindow, ShowASearchWindowThatIsOnTopWithTheMainWindow) {
   for (const bool front : {false, true}) {
     OptionValues options = WithSubfolders();
     options.system.alwaysOnTop = front;
@@ -206,7 +206,7 @@ TEST_F(LoadsInMainWindow, ThatAreQuickShowNoWindow) {
   EXPECT_EQ(shown, 0);
 }
 
-TEST_F(LoadsInMainWindow, AreOverBeforeTheWindowCloses) {
+TEST_F(LoadsInMainWindow, EndBeforeTheWindowCloses) {
   Open(WithSubfolders());
   bool closed = false;
   Meanwhile meanwhile(Frame(), [&] {

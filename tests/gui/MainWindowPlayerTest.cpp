@@ -306,7 +306,7 @@ TEST_F(PlayerOfMainWindow, ClosingTheWindowClosesTheFileAtOnce) {
   EXPECT_TRUE(Until([this] { return !IsOpen(); }));
 }
 
-TEST_F(PlayerOfMainWindow, AskedForNoFileItSaysSo) {
+TEST_F(PlayerOfMainWindow, PlayingWithoutAFileShowsAMessage) {
   Open(Options());
   dialogs.Answer();
   ClickOn("cmdPlay");
@@ -314,7 +314,7 @@ TEST_F(PlayerOfMainWindow, AskedForNoFileItSaysSo) {
             std::vector<Message>({{"プレイヤー", "再生するファイルを指定してください", MessageIcon::kExclamation}}));
 }
 
-TEST_F(PlayerOfMainWindow, TheInformationTellsThePlayingTimeWhenTheSettingSaysSo) {
+TEST_F(PlayerOfMainWindow, TheInformationShowsThePlayingTimeWhenTheSettingSaysSo) {
   WriteWave("a.wav", 65000);
   OptionValues options = Options();
   options.system.readPlayTimes = true;

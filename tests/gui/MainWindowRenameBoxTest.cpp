@@ -163,7 +163,7 @@ TEST_F(RenameBoxInMainWindow, InAutomaticModeAnInvalidCharacterIsRefusedWhereItW
   EXPECT_TRUE(folder.Exists("xzy.mid"));
 }
 
-TEST_F(RenameBoxInMainWindow, InAutomaticModeATakenNameGoesBack) {
+TEST_F(RenameBoxInMainWindow, InAutomaticModeATakenNameIsReplacedWithTheFormerOne) {
   OpenAutomatic();
   FocusBox();
   dialogs.Answer();

@@ -118,7 +118,7 @@ TEST_F(SettingsOfMainWindow, AMinimisedWindowKeepsThePlaceItHadBefore) {
   EXPECT_EQ(Geometry(Saved()), Geometry(before));
 }
 
-TEST_F(SettingsOfMainWindow, APlaceOnNoScreenIsNotTaken) {
+TEST_F(SettingsOfMainWindow, APlaceOutsideAllScreensIsNotUsed) {
   OptionValues options = Options();
   options.window.left = 1000000;
   options.window.top = 1000000;
@@ -142,7 +142,7 @@ TEST_F(SettingsOfMainWindow, APlaceOnALargerScreenIsMovedIntoThisOne) {
   }
 }
 
-TEST_F(SettingsOfMainWindow, AWindowLargerThanTheScreenIsMadeAsLarge) {
+TEST_F(SettingsOfMainWindow, AWindowLargerThanTheScreenIsReducedToItsSize) {
   OptionValues options = Options();
   options.window.left = options.window.top = 1500;
   options.window.width = 100000;

@@ -123,7 +123,7 @@ TEST_F(WaitingInMainWindow, TheButtonEndsALongRunAndTheRowsDoneStay) {
   EXPECT_TRUE(Until([this] { return Frame().IsActive(); }));
 }
 
-TEST_F(WaitingInMainWindow, EscDoes) {
+TEST_F(WaitingInMainWindow, EscEndsALongRunAndTheRowsDoneStay) {
   OpenWithMuchToDo();
   User user(PressEscape);
   dialogs.Use(Execute);
@@ -133,7 +133,7 @@ TEST_F(WaitingInMainWindow, EscDoes) {
   EXPECT_TRUE(Until([this] { return Frame().IsActive(); }));
 }
 
-TEST_F(WaitingInMainWindow, BothDoWithTheDialogOpen) {
+TEST_F(WaitingInMainWindow, ButtonAndEscEndALongRunWithTheDialogOpen) {
   OpenWithMuchToDo();
   for (const auto act : {ClickCancel, PressEscape}) {
     for (int i = 1; i <= kRows; ++i) List().SetRenameName(i, "1");
@@ -151,7 +151,7 @@ TEST_F(WaitingInMainWindow, BothDoWithTheDialogOpen) {
   }
 }
 
-TEST_F(WaitingInMainWindow, ClosingTheMainWindowDoesAndItCloses) {
+TEST_F(WaitingInMainWindow, ClosingTheMainWindowEndsALongRunAndItCloses) {
   OpenWithMuchToDo();
   User user([this](wxWindow&) { return !Frame().Close(); });
   dialogs.Use(Execute);
@@ -160,7 +160,7 @@ TEST_F(WaitingInMainWindow, ClosingTheMainWindowDoesAndItCloses) {
   EXPECT_TRUE(Until([this] { return !IsOpen(); }));
 }
 
-TEST_F(WaitingInMainWindow, BothEndALongRunOfTitlesThatTheRulesEdit) {
+TEST_F(WaitingInMainWindow, ButtonAndEscEndALongRunOfTitlesThatTheRulesEdit) {
   OpenWithMuchToDo();
   for (const auto act : {ClickCancel, PressEscape}) {
     for (int i = 1; i <= kRows; ++i) List().SetRenameName(i, "1");
@@ -217,7 +217,7 @@ class MovingInMainWindow : public MainWindowTest {
   const std::string there_ = "/dev/shm/quillon-moving-" + std::to_string(wxGetProcessId()) + "/";
 };
 
-TEST_F(MovingInMainWindow, ACopyThatLastsIsShownAndCancelled) {
+TEST_F(MovingInMainWindow, ALongMoveOfSeveralFilesIsShownAndCancelled) {
   OpenFolder();
   Run(Command::mnuDirShow);
   wxWindow* const beside = wxWindow::FindWindowByName("frmDirShow");
@@ -252,7 +252,7 @@ TEST_F(MovingInMainWindow, ACopyThatLastsIsShownAndCancelled) {
   }
 }
 
-TEST_F(MovingInMainWindow, SoIsTheMoveOfOneFile) {
+TEST_F(MovingInMainWindow, ALongMoveOfOneFileIsShownAndCancelled) {
   OpenFolder();
   SelectRow(1);
   User user(ClickCancel);

@@ -48,7 +48,7 @@ TEST(MessageDialog, ShowsThePictureOfEveryKind) {
   }
 }
 
-TEST(MessageDialog, OffersNothingMoreOfItselfThanTheMessageAsksFor) {
+TEST(MessageDialog, HasNoControlsThatTheMessageDoesNotAskFor) {
   const MessageDialog plain(nullptr, {{"caption", "text"}});
   EXPECT_EQ(Find<wxCheckBox>(plain, "chkTellNoMore"), nullptr);
   EXPECT_EQ(Find<wxCollapsiblePane>(plain, "paneDetails"), nullptr);
@@ -109,7 +109,7 @@ class FailingBatch : public MainWindowTest {
   }
 };
 
-TEST_F(FailingBatch, StandsBesideItsRowAndCanBeSilenced) {
+TEST_F(FailingBatch, ShowsTheFailedRowAndCanBeSilenced) {
   dialogs.Use([this](wxDialog& dialog) {
     EXPECT_EQ(SelectedRows(), std::vector<int>{1}) << "before the box opens";
     auto* const details = Find<wxTextCtrl>(dialog, "txtDetails");

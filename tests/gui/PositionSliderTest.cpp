@@ -97,7 +97,7 @@ class SliderOfAPlayer : public testing::Test {
   wxUIActionSimulator hand;
 };
 
-TEST_F(SliderOfAPlayer, TellsOfAPressOfItsThumbThatMovesNothing) {
+TEST_F(SliderOfAPlayer, ReportsAPressOfItsThumbThatMovesNothing) {
   slider->SetValue(kLength / 2);
   Settle();
   Press(Thumb());
@@ -107,7 +107,7 @@ TEST_F(SliderOfAPlayer, TellsOfAPressOfItsThumbThatMovesNothing) {
   EXPECT_THAT(log, ElementsAre("pressed", std::to_string(kLength / 2)));
 }
 
-TEST_F(SliderOfAPlayer, IsDraggedAndToldOfOnce) {
+TEST_F(SliderOfAPlayer, IsDraggedAndReportsItOnce) {
   Press(Thumb());
   const int start = Thumb();
   for (int x = start; x < kWidth / 2; x += 10) MoveMouse(x);
@@ -199,7 +199,7 @@ TEST_F(SliderOfAPlayer, LeavesOtherKeysAlone) {
   EXPECT_THAT(log, IsEmpty());
 }
 
-TEST_F(SliderOfAPlayer, TellsOfAReleaseWhenTheFocusGoes) {
+TEST_F(SliderOfAPlayer, ReportsAReleaseWhenItLosesTheFocus) {
   hand.KeyDown(WXK_RIGHT);
   Settle();
   other->SetFocus();
@@ -211,7 +211,7 @@ TEST_F(SliderOfAPlayer, TellsOfAReleaseWhenTheFocusGoes) {
   EXPECT_EQ(Tip(), nullptr);
 }
 
-TEST_F(SliderOfAPlayer, IsNotToldOfWhenTheProgramMovesIt) {
+TEST_F(SliderOfAPlayer, ReportsNothingWhenTheProgramMovesIt) {
   slider->SetValue(1234);
   slider->SetLength(kLength * 2);
   Settle();

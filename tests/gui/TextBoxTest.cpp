@@ -68,7 +68,7 @@ TEST_F(TypedText, ComesBackAfterADeletion) {
   EXPECT_EQ(box->GetValue(), "abcdef");
 }
 
-TEST_F(TypedText, CannotBeUndoneBehindATextThatTheProgramSets) {
+TEST_F(TypedText, CannotBeUndoneAfterTheProgramSetsAnotherText) {
   Type("ab");
   box->ChangeValue("set");
   EXPECT_FALSE(box->CanUndo());

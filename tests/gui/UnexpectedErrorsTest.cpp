@@ -57,7 +57,7 @@ class UnexpectedErrors : public MainWindowTest {
   }
 };
 
-TEST_F(UnexpectedErrors, ACommandThatThrowsIsToldByItsNameAndTheEditsStay) {
+TEST_F(UnexpectedErrors, OfACommandAreReportedWithItsNameAndTheEditsStay) {
   OpenEdited();
   dialogs.AnswerAfter(RunOutOfMemory);
   dialogs.Answer();
@@ -66,7 +66,7 @@ TEST_F(UnexpectedErrors, ACommandThatThrowsIsToldByItsNameAndTheEditsStay) {
   EXPECT_EQ(dialogs.TakeShown().back(), Told("再読み込み", "メモリが足りません"));
 }
 
-TEST_F(UnexpectedErrors, OfEveryKindAreToldWithWhatIsKnownOfThem) {
+TEST_F(UnexpectedErrors, OfEveryKindAreReportedWithTheirDetails) {
   struct Case {
     std::function<void()> thrown;
     std::string known;
@@ -100,7 +100,7 @@ TEST_F(UnexpectedErrors, InTheMiddleOfApplyingLeaveTheWindowEnabledAndTheRowsBef
   EXPECT_TRUE(folder.Exists("c.mid")) << "the rest was not begun";
 }
 
-TEST_F(UnexpectedErrors, InADialogAreToldOverItAndItGoesOn) {
+TEST_F(UnexpectedErrors, InADialogAreReportedOverItAndItGoesOn) {
   OpenEdited();
   dialogs.Use([&](wxDialog& dialog) {
     dialogs.Answer();
@@ -119,7 +119,7 @@ TEST_F(UnexpectedErrors, InADialogAreToldOverItAndItGoesOn) {
   EXPECT_EQ(dialogs.TakeShown(), Boxes({Told("オプション", "it broke")}));
 }
 
-TEST_F(UnexpectedErrors, WithoutACommandAreToldUnderTheProgramsName) {
+TEST_F(UnexpectedErrors, WithoutACommandAreReportedUnderTheProgramsName) {
   OpenEdited();
   dialogs.Answer();
   Frame().CallAfter(&Break);
@@ -127,7 +127,7 @@ TEST_F(UnexpectedErrors, WithoutACommandAreToldUnderTheProgramsName) {
   EXPECT_EQ(dialogs.TakeShown(), Boxes({Told(FromWx(wxTheApp->GetAppDisplayName()), "it broke")}));
 }
 
-TEST_F(UnexpectedErrors, OfOneEventDoNotTakeTheOtherEventsWithThem) {
+TEST_F(UnexpectedErrors, OfOneEventDoNotDropTheOtherEvents) {
   OpenEdited();
   dialogs.Answer();
   bool behind = false;
@@ -137,7 +137,7 @@ TEST_F(UnexpectedErrors, OfOneEventDoNotTakeTheOtherEventsWithThem) {
   EXPECT_TRUE(behind);
 }
 
-TEST_F(UnexpectedErrors, OfATickAreToldOnceAndEndTheTicking) {
+TEST_F(UnexpectedErrors, OfATickAreReportedOnceAndStopTheTimer) {
   OpenEdited();
   int ticks = 0;
   const frmMainControls controls;
@@ -154,7 +154,7 @@ TEST_F(UnexpectedErrors, OfATickAreToldOnceAndEndTheTicking) {
   EXPECT_EQ(dialogs.TakeShown().size(), 1U);
 }
 
-TEST_F(UnexpectedErrors, WhileOneIsToldAreToldOnce) {
+TEST_F(UnexpectedErrors, WhileOneIsShownAreReportedOnce) {
   OpenEdited();
   dialogs.AnswerAfter([&] {
     for (int i = 0; i < 20; ++i) Frame().CallAfter(&Break);
@@ -165,7 +165,7 @@ TEST_F(UnexpectedErrors, WhileOneIsToldAreToldOnce) {
   EXPECT_EQ(dialogs.TakeShown().size(), 1U);
 }
 
-TEST_F(UnexpectedErrors, OfTheBoxThatTellsOneEndThere) {
+TEST_F(UnexpectedErrors, OfTheMessageBoxItselfAreNotReported) {
   OpenEdited();
   dialogs.AnswerAfter(RunOutOfMemory);
   Frame().CallAfter(&Break);

@@ -172,7 +172,7 @@ TEST_F(FolderList, ShowsChangesOnlyWhenAskedTo) {
   EXPECT_THAT(Shown(), ElementsAre(Folder("a"), Folder("b"), Folder("c")));
 }
 
-TEST_F(FolderList, KeepsTheSelectedFolderWhenReadAnew) {
+TEST_F(FolderList, KeepsTheSelectedFolderWhenReloaded) {
   for (const char* folder : {"a", "b", "c"}) Add(folder);
   Open();
   Box().SetSelection(2);
@@ -213,7 +213,7 @@ TEST_F(FolderList, EscapeAndTheMenuCloseIt) {
   EXPECT_TRUE(SettleUntil([this] { return !IsOpen(); }));
 }
 
-TEST_F(FolderList, OpensFoldersWhoseNamesAreNoText) {
+TEST_F(FolderList, OpensFoldersWhoseNamesAreNotUtf8) {
   Add("\xFF");
   Add("\xFE");
   Open();

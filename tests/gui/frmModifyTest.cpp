@@ -383,7 +383,7 @@ TEST_F(ModifyDialog, RefusesAnInvalidReplacementWithTheCaretBeforeIt) {
   EXPECT_EQ(runs, 0);
 }
 
-TEST_F(ModifyDialog, LeadsToTheCheckBoxOfARuleThatIsOff) {
+TEST_F(ModifyDialog, RefusingARuleThatIsOffFocusesItsCheckBox) {
   Open();
   Type("txtReplace4", "a:b");
   Click("cmdOK");

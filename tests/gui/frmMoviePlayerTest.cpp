@@ -246,7 +246,7 @@ TEST_F(MovieOfAPlayer, ShowsTheTimeOfTheMainWindow) {
   EXPECT_EQ(Time(), " 00:30 / 01:30");
 }
 
-TEST_F(MovieOfAPlayer, IsNoneForAFileWithoutAPicture) {
+TEST_F(MovieOfAPlayer, DoesNotOpenForAFileWithoutAPicture) {
   device.scripted["where mci source"] = "0 0 0 0";
   list.SelectOnly(1);
   player.Choose(list.Row(1).location);
@@ -328,7 +328,7 @@ TEST_F(MovieOfAPlayer, OpensBesideTheMainWindow) {
   EXPECT_TRUE(wxDisplay(main).GetGeometry().Contains(window->GetRect()));
 }
 
-TEST_F(MovieOfAPlayer, MarksItsSizeAndGreysWhatTheScreenHasNoRoomFor) {
+TEST_F(MovieOfAPlayer, ChecksItsSizeInTheMenuAndDisablesThoseLargerThanTheScreen) {
   Open();
   const auto items = [this] {
     std::string text;
@@ -416,7 +416,7 @@ TEST_F(MovieOfAPlayer, PausesAndStopsFromItsMenu) {
   EXPECT_EQ(device.OpenFile("mci"), "");
 }
 
-TEST_F(MovieOfAPlayer, LeavesWithItsMenuOpenWhenTheFilmEnds) {
+TEST_F(MovieOfAPlayer, ClosesWithItsMenuOpenWhenTheFilmEnds) {
   Open();
   const wxWeakRef<frmMoviePlayer> movie(window.get());
   whileMenuIsOpen = [this] { player.cmdStop(); };

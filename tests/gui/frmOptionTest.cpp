@@ -274,7 +274,7 @@ TEST_F(OptionDialog, OpensTheModificationRulesForSettings) {
   EXPECT_EQ(Names(), std::vector<std::string>({"a"})) << "and nothing has been executed";
 }
 
-TEST_F(OptionDialog, AnExtensionBoxTakesNoMoreThanSurvivesARestart) {
+TEST_F(OptionDialog, AnExtensionBoxLimitsItsTextToWhatSurvivesARestart) {
   Open(Options());
   Use([this] {
     Press("chkExtensionFilter");

@@ -138,7 +138,7 @@ TEST_F(WaitWindow, TheButtonCancels) {
   EXPECT_FALSE(wait.Cancelled());
 }
 
-TEST_F(WaitWindow, EscCancelsARunThatLasts) {
+TEST_F(WaitWindow, EscCancelsALongRun) {
   frmWait wait(main);
   wait.Begin("a\r\nb", "c");
   // Wine leaves it to the window manager which window becomes active.
@@ -224,7 +224,7 @@ TEST_F(WaitWindow, OpensOverTheDialogThatIsOpen) {
   EXPECT_EQ(parent, &dialog);
 }
 
-TEST_F(WaitWindow, GoesWithItsParent) {
+TEST_F(WaitWindow, IsDestroyedWithItsParent) {
   frmWait wait(main);
   wait.Begin("a\r\nb", "c");
   main->Destroy();

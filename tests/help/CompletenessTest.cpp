@@ -134,7 +134,7 @@ bool LooksLikeAMessage(const SourceText& text) {
   });
 }
 
-TEST(HelpCompleteness, QuotesEveryMessageThatAsksOrTellsOfAFailure) {
+TEST(HelpCompleteness, QuotesEveryMessageThatAsksOrReportsAFailure) {
   const std::set<std::string> quoted = QuotedLines();
   std::size_t count = 0;
   for (const SourceText& text : SourceTexts()) {

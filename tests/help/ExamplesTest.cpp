@@ -121,7 +121,7 @@ TEST(HelpExamples, AreThere) {
   for (const Example& example : Examples()) EXPECT_THAT(example.names, Not(IsEmpty())) << example.where;
 }
 
-TEST(HelpExamples, GiveWhatTheySay) {
+TEST(HelpExamples, GiveTheResultsThatTheyShow) {
   RegexLibrary regex;
   ASSERT_TRUE(regex.Available());
   PendingRecorder pending;
@@ -145,7 +145,7 @@ TEST(HelpExamples, CanBeTypedIntoTheDialog) {
 }
 
 // The settings file keeps no blanks around a text, except for a text of one blank.
-TEST(HelpExamples, OutliveARestart) {
+TEST(HelpExamples, SurviveARestart) {
   for (const Example& example : Examples()) {
     for (const ReplaceRule& rule : example.rules.rules) {
       for (const std::string& text : {rule.find, rule.replacement}) {

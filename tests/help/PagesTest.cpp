@@ -73,7 +73,7 @@ TEST(HelpPages, HaveLinksThatLeadSomewhere) {
   }
 }
 
-TEST(HelpPages, HaveAnchorsThatAreTheirOwn) {
+TEST(HelpPages, HaveUniqueAnchors) {
   for (const auto& [name, page] : Pages()) {
     const std::vector<std::string> ids = page.Texts("//@id");
     EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), ids.size()) << name;
@@ -148,7 +148,7 @@ std::vector<std::string> PartsOfSource(const std::string& source) {
   return {std::sregex_token_iterator(text.begin(), text.end(), kFilledIn, -1), {}};
 }
 
-TEST(HelpPages, SayAllThatTheirSourcesSay) {
+TEST(HelpPages, HoldAllTextsOfTheirSources) {
   for (const auto& [name, page] : Pages()) {
     const std::string text = WithoutBlanks(page.Text());
     std::size_t at = 0;

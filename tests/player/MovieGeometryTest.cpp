@@ -36,7 +36,7 @@ TEST(NaturalSize, IsThePicturesAtTheScreensResolution) {
   for (const auto& c : cases) EXPECT_EQ(NaturalSize(c.pixels, c.twipsPerPixel), c.size);
 }
 
-TEST(Allowance, GrowsWhereTheSystemTakesMore) {
+TEST(Allowance, GrowsWhereTheSystemNeedsMore) {
   const struct {
     MovieSurround surround;
     TwipsSize allowance;
@@ -75,7 +75,7 @@ TEST(MovieWindowSize, IsAMultipleOfThePictureWithItsAllowance) {
   }
 }
 
-TEST(MovieWindowSize, HasRoomForWhatTheSystemTakes) {
+TEST(MovieWindowSize, IncludesTheSystemsFrame) {
   EXPECT_EQ(MovieWindowSize({4800, 3600}, 2, {240, 1410}), (TwipsSize{9840, 8610}));
   EXPECT_NE(MovieWindowSize({32627, 100}, 1, {240, 1410}), std::nullopt)
       << "the sizes of a picture are the same everywhere";

@@ -237,7 +237,7 @@ TEST_F(MusicPlayerTest, ContinuousPlayEndsAfterARoundOfFilesThatCannotBePlayed) 
   }
 }
 
-TEST_F(MusicPlayerTest, StopOrAnotherFileEndsTheWayPastAFileThatCannotBePlayed) {
+TEST_F(MusicPlayerTest, StopOrAnotherFileEndsTheWaitAfterAFileThatCannotBePlayed) {
   options.player.continuous = true;
   ASSERT_FALSE(files.Remove("/m/b.mid"));
   Select(3);
@@ -402,7 +402,7 @@ TEST_F(MusicPlayerTest, ATickTouchesSliderAndLabelOnlyWhenTheyChange) {
   EXPECT_EQ(touched(1000), Counts({0, 0, 1, 1}));
 }
 
-TEST_F(MusicPlayerTest, ATickThatWaitedWhileThePauseCameDoesNothing) {
+TEST_F(MusicPlayerTest, ATickThatWasPendingDuringAPauseDoesNothing) {
   Start(1);
   Pass(1000);
   player.cmdPlay();
@@ -412,7 +412,7 @@ TEST_F(MusicPlayerTest, ATickThatWaitedWhileThePauseCameDoesNothing) {
   EXPECT_EQ(device.TakeSent(), Texts());
 }
 
-TEST_F(MusicPlayerTest, TheSliderIsTheUsersWhileItIsHeldAndTheLabelGoesOn) {
+TEST_F(MusicPlayerTest, ATickDoesNotMoveAHeldSliderButUpdatesTheLabel) {
   Start(1);
   Pass(1000);
   player.SliderPressed();
@@ -464,7 +464,7 @@ TEST_F(MusicPlayerTest, DoesNotRepeatWhileTheSliderIsHeld) {
 
 // Continuous play.
 
-TEST_F(MusicPlayerTest, PlaysTheNextPlayableRowAndStartsOverBehindTheLast) {
+TEST_F(MusicPlayerTest, PlaysTheNextPlayableRowAndStartsOverAfterTheLast) {
   options.player.continuous = true;
   Start(1);
   Pass(4000);
@@ -661,7 +661,7 @@ TEST_F(MusicPlayerTest, APictureOpensTheMovieWindowBeforeItPlays) {
   EXPECT_EQ(movie.time, " 00:01 / 00:09");
 }
 
-TEST_F(MusicPlayerTest, TheMovieWindowsSliderIsTheUsersWhileItIsHeld) {
+TEST_F(MusicPlayerTest, ATickDoesNotMoveTheMovieWindowsHeldSlider) {
   Start(4);
   Pass(1000);
   player.SliderPressed();
@@ -698,7 +698,7 @@ TEST_F(MusicPlayerTest, TheMovieWindowPausesAndGoesOn) {
   EXPECT_EQ(panel.interval, 50);
 }
 
-TEST_F(MusicPlayerTest, TheMovieWindowsButtonIsThatOfTheMainWindow) {
+TEST_F(MusicPlayerTest, TheMovieWindowsButtonShowsTheSameAsTheMainWindows) {
   Start(4);
   EXPECT_EQ(movie.button, PlayButton::kPause);
   player.cmdPlay();
@@ -761,7 +761,7 @@ TEST_F(MusicPlayerTest, AMovieWindowClosedWhileItsSliderIsHeldLeavesThePlayerIdl
 
 // What the list's commands need.
 
-TEST_F(MusicPlayerTest, LetsGoOfTheFileItPlaysOrHasPaused) {
+TEST_F(MusicPlayerTest, ReleasesTheFileThatItPlaysOrHasPaused) {
   for (const bool paused : {false, true}) {
     Start(4);
     Pass(1000);
@@ -779,7 +779,7 @@ TEST_F(MusicPlayerTest, LetsGoOfTheFileItPlaysOrHasPaused) {
   }
 }
 
-TEST_F(MusicPlayerTest, LetsGoOfAFileStoppedAtAPoint) {
+TEST_F(MusicPlayerTest, ReleasesAFileStoppedAtAPoint) {
   Start(1);
   player.cmdPlay();
   player.SliderPressed();
@@ -843,7 +843,7 @@ TEST_F(MusicPlayerTest, ClosesEverythingAtTheEndOfTheProgram) {
   EXPECT_EQ(sent.back(), "close all");
 }
 
-TEST_F(MusicPlayerTest, TellsHowLongTheChosenFilePlays) {
+TEST_F(MusicPlayerTest, KnowsTheLengthOfTheChosenFile) {
   Select(3);
   EXPECT_EQ(player.LengthOfChosenFile(), 185000);
 }

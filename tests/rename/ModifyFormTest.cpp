@@ -67,7 +67,7 @@ TEST(CheckModifyForm, NoReplacementMayHoldACharacterThatFileNamesCannot) {
   }
 }
 
-TEST(CheckModifyForm, TheCaretGoesBeforeTheFirstOfThem) {
+TEST(CheckModifyForm, TheCaretGoesBeforeTheFirstInvalidCharacter) {
   struct Row {
     std::string replacement;
     std::size_t caret;
@@ -77,7 +77,7 @@ TEST(CheckModifyForm, TheCaretGoesBeforeTheFirstOfThem) {
   for (const Row& row : rows) ExpectInvalidReplacement(WithRule(0, {1, "a", row.replacement}), 0, row.caret);
 }
 
-TEST(CheckModifyForm, RegularExpressionsAreNoExceptionButTheirPatternsAreFree) {
+TEST(CheckModifyForm, ReplacementsOfRegularExpressionsAreCheckedAndPatternsAreNot) {
   Modify form = WithRule(0, {1, "(.*)\\?|[\"<>:/]", "$1"});
   form.method = FindMethod::kRegex;
   EXPECT_EQ(CheckModifyForm(form), std::nullopt);

@@ -359,7 +359,7 @@ std::string OneByOne(std::string name, const ReplaceRule& rule, std::size_t time
   return name;
 }
 
-TEST(ModifyName, PlainRulesGiveWhatTheSlowWayGives) {
+TEST(ModifyName, PlainRulesGiveTheSameAsStepByStepApplication) {
   const std::string texts[] = {"", "a", "b", "ab", "ba", "aa", "bb", "aba", "bab", "aab", "abb"};
   const std::string names[] = {"a", "ab", "aab", "abab", "bbab", "aabba", "babaab", "aAbB"};
   for (const std::string& find : texts) {
@@ -433,7 +433,7 @@ std::string OneByOne(std::string name, const OptionValues::Modify& rules, std::s
   return name;
 }
 
-TEST(ModifyName, RegularExpressionsGiveWhatTheSlowWayGives) {
+TEST(ModifyName, RegularExpressionsGiveTheSameAsStepByStepApplication) {
   const std::string patterns[] = {"^",    "$",    "\\A",       "\\Z",   "\\z",  "(?m)^",  "(?m)$", "^|$",
                                   ".+",   "(.+)", "^(.+)$",    ".*",    "(.*)", "^(.*)",  "(.*)$", "(.+",
                                   "ab",   "曲",   "(?s)^(.+)", "\\G",   "()",   "",       "a/b",   "^(.)",
@@ -525,7 +525,7 @@ TEST(ModifyName, ARegularExpressionThatLetsANameGrowCostsAFewApplications) {
   }
 }
 
-TEST(ModifyName, ARegularExpressionThatMultipliesWhatItFindsIsSeenThrough) {
+TEST(ModifyName, ARegularExpressionThatMultipliesWhatItFindsIsRecognised) {
   for (const char* const pattern : {"(a)", "([a-z])", "(.)", "(.+)", "(\\w+)", "(a.)"}) {
     SCOPED_TRACE(pattern);
     CountingLibrary library;

@@ -164,7 +164,7 @@ TEST(PlannedChanges, ASecondFileWhoseNameDiffersInLetterCaseAloneIsInTheWay) {
   }
 }
 
-TEST(PlannedChanges, PassTheErrorsOfLookingOn) {
+TEST(PlannedChanges, PassOnErrorsOfQueries) {
   test::MemoryFileSystem files;
   const std::string top = OnWindows() ? "C:\\m\\" : "/m/";
   files.AddFile(top + "a.mid");

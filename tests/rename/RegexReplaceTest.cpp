@@ -47,7 +47,7 @@ TEST(RegexReplace, PassesTextsOnWithoutEscapingThem) {
   EXPECT_EQ(engine.commands, std::vector<std::string>{"s/a/b/\\/gk"});
 }
 
-TEST(RegexReplace, GoesOverToUtf8WhereCodePage932DoesNotReach) {
+TEST(RegexReplace, UsesUtf8ForTextsOutsideCodePage932) {
   struct Row {
     const char* name;
     std::string target, pattern, replacement, flags, command;
@@ -169,7 +169,7 @@ TEST(RegexLibrary, AnAnswerTooLongForANameStaysTooLong) {
   }
 }
 
-TEST(RegexLibrary, AnotherLibraryOfItsNameIsAsGoodAsAbsent) {
+TEST(RegexLibrary, AnotherLibraryWithItsNameCountsAsAbsent) {
   for (const char* name : {"bregexp-without-version", "bregexp-of-other-version"}) {
     SCOPED_TRACE(name);
     ASSERT_TRUE(FindLibrary(SharedLibraryFileName(name))) << "it does not stand beside the test program";

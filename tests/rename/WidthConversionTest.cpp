@@ -41,7 +41,7 @@ TEST(ToHalfWidth, ConvertsAndSplitsVoiceMarks) {
   for (const auto& [narrow, wide] : PairsOfBothWidths()) EXPECT_EQ(ToHalfWidth(wide), narrow);
 }
 
-TEST(ToHalfWidth, KnowsFormsThatDoNotComeBack) {
+TEST(ToHalfWidth, ConvertsCharactersWhoseHalfWidthFormsDoNotConvertBack) {
   EXPECT_EQ(ToHalfWidth("‘a’“b”"), "'a'\"b\"");
   EXPECT_EQ(ToHalfWidth("ハ\u3099ハ\u309A"), "ﾊﾞﾊﾟ");
 }

@@ -84,7 +84,7 @@ struct UpTo final : Progress {
   Texts asked;
 };
 
-TEST(RenameEngine, TellsOfEachRowWhereItsFileWasAndIs) {
+TEST(RenameEngine, ReportsEachFilesOldAndNewPlace) {
   Fixture f({"a.mid", "b.mid", "c.mid", "d.mid"});
   f.SetNames({"x", "", "z", "w"});
   f.list.CheckAll();
@@ -113,7 +113,7 @@ TEST(RenameEngine, ProgressEndsABatchAsIfTheListEnded) {
   EXPECT_FALSE(outcome.stopped);
 }
 
-TEST(RenameEngine, WhoeverFollowsTheRowsStopsABatch) {
+TEST(RenameEngine, RowDoneCanStopABatch) {
   Fixture f({"a.mid", "b.mid", "c.mid"});
   f.SetNames({"x", "y", "z"});
   UpTo progress(1000);
