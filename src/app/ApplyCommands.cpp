@@ -86,9 +86,9 @@ bool ApplyCommands::FinishRow(const RowOutcome& row, Batch& batch) {
     Uncheck(row.index);
     return true;
   }
-  if ((batch.tells && !session_.options.update.skipFailedRows) || row.code == ApplyCode::kUnexpected) {
+  if ((batch.showFailures && !session_.options.update.skipFailedRows) || row.code == ApplyCode::kUnexpected) {
     const FailureAnswer answer = Report(row, true);
-    batch.tells = batch.tells && answer != FailureAnswer::kTellNoMore;
+    batch.showFailures = batch.showFailures && answer != FailureAnswer::kTellNoMore;
     batch.abandoned = answer == FailureAnswer::kStop;
   }
   if (session_.options.update.checkFailedRows) session_.list.SetChecked(row.index, true);

@@ -27,7 +27,7 @@ class ApplyCommands {
   enum class Failures { kAsOptionsSay, kAlwaysTold };
   /// The user's answers to the message boxes of a batch.
   struct Batch {
-    bool tells = true;       ///< whether failing rows are reported
+    bool showFailures = true;
     bool abandoned = false;  ///< the user has closed the window
   };
 

@@ -95,7 +95,7 @@ bool FileCommands::MoveRow(int index, const std::string& folder, MoveProgress& p
       outcome ? session_.options.move.keepMovedRows : outcome.Failure().number == file_error::kStranded;
   if (follows && session_.list.SelectedIndex() == index)
     screen_.filePanel.ShowFileName(session_.list.Row(index).location);
-  if (!outcome && batch.tells) ReportMove(index, from, to, outcome.Failure(), batch);
+  if (!outcome && batch.showFailures) ReportMove(index, from, to, outcome.Failure(), batch);
   return outcome.Ok();
 }
 
@@ -111,7 +111,7 @@ void FileCommands::ReportMove(int index, const std::string& from, const std::str
                                   reason.empty() ? MessageIcon::kStop : MessageIcon::kExclamation},
                                  FailureDetails(disk_.files, from, to, error, session_.style),
                                  batch.several});
-  batch.tells = answer != FailureAnswer::kTellNoMore;
+  batch.showFailures = answer != FailureAnswer::kTellNoMore;
   batch.abandoned = answer == FailureAnswer::kStop;
 }
 

@@ -46,7 +46,7 @@ class FileCommands {
   struct Batch {
     NotKept notKept;
     bool several = false;
-    bool tells = true;                          ///< whether failures are shown
+    bool showFailures = true;
     bool abandoned = false;                     ///< the user has closed the window
     bool cancelled = false;                     ///< the user has cancelled in the wait window
     std::optional<std::vector<bool>> selected;  ///< each row's selection before a failing row was shown

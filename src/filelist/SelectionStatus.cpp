@@ -5,7 +5,7 @@
 namespace quillon {
 namespace {
 
-bool HasSomethingToSay(PlayerState player) {
+bool IsActive(PlayerState player) {
   return player == PlayerState::kLoading || player == PlayerState::kPlaying || player == PlayerState::kPaused;
 }
 
@@ -22,7 +22,7 @@ void SelectionStatus::ShowPlayer(PlayerState state, const std::string& file) {
 }
 
 void SelectionStatus::ShowSelection(const std::string& name) {
-  if (!HasSomethingToSay(player_)) Show("選択： " + name);
+  if (!IsActive(player_)) Show("選択： " + name);
 }
 
 }  // namespace quillon

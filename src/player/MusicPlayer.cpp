@@ -77,7 +77,7 @@ bool MusicPlayer::StartChosen() {
   }
   ShowStatus(PlayerState::kLoading, paths_.playFilePath);
   ports_.device.Open(paths_.playFilePath);
-  heard_ = false;
+  hasPlayed_ = false;
   paths_.playingFilePath = paths_.playFilePath;
   const std::optional<std::int32_t> length = ports_.device.Length();
   if (!length) return false;
@@ -104,7 +104,7 @@ void MusicPlayer::Recover() {
 }
 
 void MusicPlayer::cmdStop() {
-  if (ticks_ == Ticks::kGoPastFailed) return LeaveFailed();
+  if (ticks_ == Ticks::kSkipFailed) return LeaveFailed();
   const MediaMode mode = ports_.device.Mode();
   if (mode != MediaMode::kPlaying && mode != MediaMode::kPaused) return;
   CloseMovie();
@@ -134,10 +134,10 @@ void MusicPlayer::StopBeforeStart() {
 // Messages must not be processed here: a dialog opened by one of them would block the player.
 void MusicPlayer::timMCIChecker() {
   if (ticks_ == Ticks::kNone) return;
-  if (ticks_ == Ticks::kGoPastFailed) return GoPastFailed();
+  if (ticks_ == Ticks::kSkipFailed) return SkipFailed();
   const MediaMode mode = ports_.device.Mode();
   if (mode == MediaMode::kPlaying) {
-    heard_ = true;
+    hasPlayed_ = true;
     failedInARow_ = 0;
   }
   if (!sliderSeeking_) {
@@ -172,25 +172,25 @@ bool MusicPlayer::FileEnded() {
 }
 
 void MusicPlayer::Repeat() {
-  heard_ = false;
+  hasPlayed_ = false;
   ports_.device.SeekToStart();
   playRefused_ = !ports_.device.Play().Ok();
 }
 
 // Called when the device has nothing to play, or has given up.
 void MusicPlayer::FileFailed() {
-  if (heard_ && options_.player.repeat) return Repeat();
+  if (hasPlayed_ && options_.player.repeat) return Repeat();
   StopAndClose();
   CloseMovie();
   ShowIdle();
-  ShowStatus(heard_ ? PlayerState::kCutShort : PlayerState::kCannotPlay, paths_.playingFilePath);
+  ShowStatus(hasPlayed_ ? PlayerState::kCutShort : PlayerState::kCannotPlay, paths_.playingFilePath);
   ++failedInARow_;
-  if (!MayGoPast()) return LeaveFailed();
-  SetTicks(Ticks::kGoPastFailed);
+  if (!MaySkipFailed()) return LeaveFailed();
+  SetTicks(Ticks::kSkipFailed);
 }
 
 // Ends a series of failures, so that a list without anything playable is not tried for ever.
-bool MusicPlayer::MayGoPast() const {
+bool MusicPlayer::MaySkipFailed() const {
   if (!options_.player.continuous || options_.player.repeat) return false;
   int playable = 0;
   for (int row = 1; row <= list_.Count(); ++row) playable += IsPlayableType(list_.Row(row).type) ? 1 : 0;
@@ -203,7 +203,7 @@ void MusicPlayer::LeaveFailed() {
   paths_.playingFilePath.clear();
 }
 
-void MusicPlayer::GoPastFailed() {
+void MusicPlayer::SkipFailed() {
   SetTicks(Ticks::kNone);
   PlayNext();
   if (ticks_ == Ticks::kNone) LeaveFailed();  // the next row was opened with the shell, or nothing is left
@@ -339,7 +339,7 @@ void MusicPlayer::SetTicks(Ticks ticks) {
   switch (ticks) {
     case Ticks::kNone: return ports_.panel.SetTimer(0);
     case Ticks::kFollowPlaying: return ports_.panel.SetTimer(kTickInterval);
-    case Ticks::kGoPastFailed: return ports_.panel.SetTimer(kFailureInterval);
+    case Ticks::kSkipFailed: return ports_.panel.SetTimer(kFailureInterval);
   }
 }
 

@@ -94,7 +94,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   enum class Ticks {
     kNone,
     kFollowPlaying,
-    kGoPastFailed,  ///< a single one, once the failure has stood there for a while
+    kSkipFailed,  ///< a single one, once the failure has stood there for a while
   };
 
   [[nodiscard]] bool OpenedWithShell();
@@ -109,8 +109,8 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   [[nodiscard]] bool FileEnded();
   void FileFailed();
   void LeaveFailed();
-  void GoPastFailed();
-  [[nodiscard]] bool MayGoPast() const;
+  void SkipFailed();
+  [[nodiscard]] bool MaySkipFailed() const;
   void Repeat();
   void PlayNext();
   [[nodiscard]] int NextPlayableRow() const;
@@ -138,7 +138,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   bool sliderSeeking_ = false;
   bool movieShown_ = false;
   bool playRefused_ = false;
-  bool heard_ = false;  // the open file has been seen playing
+  bool hasPlayed_ = false;  // the open file has been seen playing
   int failedInARow_ = 0;
 };
 

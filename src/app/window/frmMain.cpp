@@ -39,7 +39,7 @@ constexpr int kNarrowestColumn = 20;  // DIP: the header of a narrower column ca
 
 /// Moves a remembered rectangle onto a screen that exists now: into the screen that shows the middle of its title bar,
 /// or to `centred` when there is none.
-wxRect OnItsScreen(wxRect window, int halfTitleBar, wxPoint centred) {
+wxRect MovedOntoScreen(wxRect window, int halfTitleBar, wxPoint centred) {
   const int screen = wxDisplay::GetFromPoint(window.GetTopLeft() + wxPoint(window.width / 2, halfTitleBar));
   if (screen == wxNOT_FOUND) return {centred, window.GetSize()};
   const wxRect area = wxDisplay(static_cast<unsigned>(screen)).GetClientArea();
@@ -51,7 +51,7 @@ wxRect OnItsScreen(wxRect window, int halfTitleBar, wxPoint centred) {
 /// Updates a stored length in twips only when it no longer gives these pixels, so that rounding errors do not add up
 /// over runs.
 template <class Twips>
-void Keep(const wxWindow& window, Twips& twips, int pixels) {
+void UpdateTwips(const wxWindow& window, Twips& twips, int pixels) {
   if (ToPixels(window, twips) != pixels) twips = ToTwips(window, pixels);
 }
 
@@ -240,7 +240,7 @@ void frmMain::Place(wxSize size) {
   wxPoint place = centred;
   if (window.left) place.x = ToPixels(*this, *window.left);
   if (window.top) place.y = ToPixels(*this, *window.top);
-  SetSize(OnItsScreen(wxRect(place, size), FromDIP(kTitleBar), centred));
+  SetSize(MovedOntoScreen(wxRect(place, size), FromDIP(kTitleBar), centred));
 }
 
 // A column of the usual width is widened when its heading needs more.
@@ -254,15 +254,15 @@ void frmMain::KeepSettings() {
   const wxRect rect = GetRect();
   options.window.left = options.window.left.value_or(ToTwips(*this, rect.x));
   options.window.top = options.window.top.value_or(ToTwips(*this, rect.y));
-  Keep(*this, *options.window.left, rect.x);
-  Keep(*this, *options.window.top, rect.y);
-  Keep(*this, options.window.width, rect.width);
-  if (rect.height != grownHeight_) Keep(*this, options.window.height, rect.height);
+  UpdateTwips(*this, *options.window.left, rect.x);
+  UpdateTwips(*this, *options.window.top, rect.y);
+  UpdateTwips(*this, options.window.width, rect.width);
+  if (rect.height != grownHeight_) UpdateTwips(*this, options.window.height, rect.height);
   for (int i = 0; i < kColumnCount; ++i) {
     const auto column = static_cast<Column>(i);
     std::int32_t& twips = options.window.columnWidths.at(static_cast<std::size_t>(i));
     const int width = lvwFiles_->ColumnWidth(column);
-    if (width != FirstWidth(column, twips)) Keep(*this, twips, width);
+    if (width != FirstWidth(column, twips)) UpdateTwips(*this, twips, width);
   }
 }
 
