@@ -97,7 +97,7 @@ void FileList::Unregister(FileItem& item) {
 }
 
 void FileList::Reserve(std::size_t more) {
-  if (more < rows_.size()) return;  // for few rows, the containers' own growth costs less than many small steps
+  if (more < rows_.size()) return;  // the containers' own growth costs less than many small steps
   rows_.reserve(rows_.size() + more);
   locations_.reserve(locations_.size() + more);
 }

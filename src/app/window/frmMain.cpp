@@ -185,8 +185,7 @@ void frmMain::ShowLaidOut() {
 // as the screen is tall enough.
 void frmMain::GrowSmallestSize() {
   BarHeights bars = Bars();
-  bars.toolBar =
-      std::max(bars.toolBar, GetToolBar()->GetBestSize().y);  // GTK's tool bar gets its height when it is shown
+  bars.toolBar = std::max(bars.toolBar, GetToolBar()->GetBestSize().y);  // GTK sets it when the bar is shown
   if (const std::optional<int> inside = HeightForTallControls(controls_, bars)) {
     const int frame = GetSize().y - controls_.panel->GetClientSize().y - bars.toolBar - bars.statusBar;
     const ScreenMetrics screen = QueryScreen();
