@@ -99,7 +99,7 @@ class Application : private FilePanel {
     std::function<int(const std::string& target)> openWithShell;
     std::uintptr_t ownerWindow = 0;  ///< the main window's native handle
   };
-  /// What the program stands on.
+  /// The interfaces through which the program reaches its surroundings.
   struct Ports {
     Window window;
     Dialogs dialogs;

@@ -37,7 +37,7 @@ class Session {
  public:
   explicit Session(OptionValues initial);
 
-  /// Loads the paths in their order; true when each path's rows were loaded, or it was listed already.
+  /// Loads the paths in their order; true when each path was loaded, or listed already.
   bool Load(const Selection& selection);
 
   FileList list;

@@ -32,8 +32,8 @@ struct MovieSurround {
 /// The size of a picture with this many pixels, on a screen with this many twips to a pixel.
 [[nodiscard]] TwipsSize NaturalSize(PictureSize pixels, double twipsPerPixel);
 
-/// The window's size for the picture at `factor` times its natural size; nullopt when its width or height is larger
-/// than a 16-bit number.
+/// The window's size for the picture at `factor` times its natural size; nullopt when its width or height is over
+/// 32,767.
 [[nodiscard]] std::optional<TwipsSize> MovieWindowSize(TwipsSize natural, int factor, TwipsSize allowance);
 
 /// The window's size when a picture is first shown: the picture has its natural size, is larger when the window may not

@@ -27,8 +27,8 @@ void MusicPlayer::cmdPlay() {
   if (!OpenedWithShell()) PlayOrPause();
 }
 
-// Opens a current row that is not playable with the shell, and returns true. Without a current row it returns false:
-// the file that plays, or was chosen last, is then meant.
+// Opens a current row that is not playable with the shell, and returns true. Without a current row it returns false,
+// because the command is then for the file that plays, or was chosen last.
 bool MusicPlayer::OpenedWithShell() {
   const int current = list_.SelectedIndex();
   if (current == 0 || IsPlayableType(list_.Row(current).type)) return false;

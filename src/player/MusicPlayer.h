@@ -94,7 +94,7 @@ class MusicPlayer final : public PlayerControl, public PlayTimes {
   enum class Ticks {
     kNone,
     kFollowPlaying,
-    kSkipFailed,  ///< a single one, once the failure has stood there for a while
+    kSkipFailed,  ///< a single tick, after the failure was shown for a while
   };
 
   [[nodiscard]] bool OpenedWithShell();

@@ -18,8 +18,8 @@ struct ModifyResult {
 
 /// Transforms the name by the rules: invalid characters are replaced, then the five replace rules are applied in order,
 /// each `listCount` times in a row (the number of rows in the list), then width and letter case are converted. Rules
-/// that are regular expressions do nothing without a library. A name that is left alone is returned unchanged by any
-/// rule.
+/// that are regular expressions do nothing without a library. A name that is left alone is returned as it was before
+/// the first rule.
 ///
 /// Cost: a rule that stops changing the name, returns to an earlier name, or adds the same texts to it once per row
 /// costs only as much as it takes to detect this, however long the list is. A regular expression that has multiplied a

@@ -129,7 +129,7 @@ wxWindow* frmOption::MakeControl(wxWindow* parent, const OptionControl& control,
   return made;
 }
 
-// Gets an accessible name, because the check box beside it is only visible.
+// The box gets an accessible name, because the check box beside it is only visible.
 wxWindow* frmOption::MakeTextBox(wxWindow* parent, const OptionControl& control) {
   auto* const box = new TextBox(parent);
   box->SetMaxLength(IniFile::kLongestValue);  // a longer text would be cut off at the next start
