@@ -318,7 +318,7 @@ TEST(LoadPaths, CancellingAmongFilesSkipsTheFoldersAfterThemToo) {
 TEST(LoadExceptions, LeaveNoProgressWindowAndNoChangedOption) {
   struct Case {
     const char* name;
-    std::size_t call;  // of PendingMessages::Process that throws
+    std::size_t call;  // the number of the Process call that throws
     Texts rows;
   };
   for (const Case& c : std::vector<Case>{{"in the search", 1, {}}, {"in the registration", 4, {"/m/a.mid"}}}) {
