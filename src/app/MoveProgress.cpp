@@ -25,7 +25,7 @@ bool MoveProgress::Next(const FileItem& row) {
   return Show(0);
 }
 
-bool MoveProgress::Continue(std::uint64_t copied) {
+bool MoveProgress::Continue(std::size_t copied, std::size_t /*total*/, const std::string& /*item*/) {
   return Show(copied);
 }
 

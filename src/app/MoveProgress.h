@@ -19,7 +19,7 @@ struct MoveTimes {
 
 /// The progress, in bytes, of a move of one or more files. A move that takes long shows it in the wait window; from
 /// then on the other windows accept no input. The user can cancel between two files and while one is copied.
-class MoveProgress final : public CopyProgress {
+class MoveProgress final : public Progress {
  public:
   /// `total` is the sum of SizeOf(row) over the rows that are to be moved.
   MoveProgress(ProgressDisplay& display, WindowState& window, std::uint64_t total, MoveTimes times = MoveTimes());
@@ -33,7 +33,9 @@ class MoveProgress final : public CopyProgress {
   /// Call it before moving the next row. Returns false when the user has cancelled.
   [[nodiscard]] bool Next(const FileItem& row);
 
-  bool Continue(std::uint64_t copied) override;
+  /// Bytes of the current file; `item` is not used.
+  bool Continue(std::size_t copied, std::size_t total, const std::string& item) override;
+  bool Continue() override { return !display_.Cancelled(); }
 
  private:
   using Clock = std::chrono::steady_clock;

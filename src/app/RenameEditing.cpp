@@ -4,6 +4,7 @@
 
 #include "base/Text.h"
 #include "paths/basFileControl.h"
+#include "rename/RestoreNames.h"
 
 namespace quillon {
 namespace {
@@ -183,28 +184,22 @@ std::string_view RenameEditing::PresentName(int index) const {
   return BaseName(session_.list.Row(index).location, session_.style);
 }
 
-void RenameEditing::GoBack(int index) {
-  session_.list.SetRenameName(index, std::string(PresentName(index)));
-}
-
 void RenameEditing::mnuThisUndo() {
   const int index = session_.list.SelectedIndex();
   if (index == 0) return;
-  GoBack(index);
+  RestoreName(session_.list, index, session_.style);
   Load(index);
 }
 
 void RenameEditing::mnuAllUndo() {
-  if (!Confirmed("元に戻す", "全アイテムのリネーム名を現在のファイル名に戻します", MessageIcon::kInformation)) return;
-  for (int index = 1; index <= session_.list.Count(); ++index) GoBack(index);
+  if (Confirmed("元に戻す", "全アイテムのリネーム名を現在のファイル名に戻します", MessageIcon::kInformation)) {
+    RestoreNames(session_.list, Rows::kAll, session_.style);
+  }
 }
 
 void RenameEditing::mnuUndo() {
-  if (!Confirmed("元に戻す", "チェックアイテムのリネーム名を現在のファイル名に戻します", MessageIcon::kInformation)) {
-    return;
-  }
-  for (int index = 1; index <= session_.list.Count(); ++index) {
-    if (session_.list.Row(index).checked) GoBack(index);
+  if (Confirmed("元に戻す", "チェックアイテムのリネーム名を現在のファイル名に戻します", MessageIcon::kInformation)) {
+    RestoreNames(session_.list, Rows::kChecked, session_.style);
   }
 }
 

@@ -70,7 +70,6 @@ class RenameEditing {
   bool Confirmed(const char* caption, const char* text, MessageIcon icon);
   void Tell(const char* text);
   [[nodiscard]] std::string_view PresentName(int index) const;
-  void GoBack(int index);
 
   Session session_;
   ApplyCommands& applying_;

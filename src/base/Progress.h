@@ -11,7 +11,8 @@ class Progress {
   virtual ~Progress() = default;
 
   /// Called before the first item and after each one; false ends the loop there. `done` of `total` items are finished;
-  /// `item` is the path of the last one. `total` is 0 while it is unknown.
+  /// `item` is the path of the last one. `total` is 0 while it is unknown. A file's copy counts its bytes, and
+  /// has no path.
   virtual bool Continue(std::size_t done, std::size_t total, const std::string& item) = 0;
 
   /// Called repeatedly during an item that may take long; false cancels the item and the loop.

@@ -46,12 +46,6 @@ std::string ReasonOf(const FileError& error) {
   return leftAt.empty() ? known : known + "。" + leftAt;
 }
 
-/// Lets an interruption (Ctrl-C and the like) also end the copying of a large file.
-class CopyUntilInterrupted final : public CopyProgress {
- public:
-  bool Continue(std::uint64_t) override { return !Interrupted(); }
-};
-
 void ReportFailure(BatchReport& report, const std::string& from, const std::string& to, const FileError& error) {
   Json paths;
   AddPath(paths, "old", from);
@@ -79,7 +73,7 @@ int RunMove(const MoveArguments& arguments) {
   CatchInterruption();
   BatchReport report(arguments.apply, arguments.json);
   NotKept notKept;
-  CopyUntilInterrupted progress;
+  UntilInterrupted progress;
   changes.RemoveLeftovers(folder);
   for (int index = 1; index <= session.list.Count() && report.Continue(); ++index) {
     const std::string from = session.list.Row(index).location;

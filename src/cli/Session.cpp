@@ -28,6 +28,14 @@ const char* ReasonOf(Obstacle obstacle) {
   return "アクセスできません";
 }
 
+// The window's options have no part in it.
+std::string FilterOf(const Selection& selection) {
+  OptionValues::Find find;
+  find.filterByExtension = !selection.all;
+  if (selection.ownExtensions) find.media.extensions = selection.extensions;
+  return SearchFilter(find);
+}
+
 }  // namespace
 
 void Complain(const std::string& caption, const std::string& text, const std::string& subject) {
@@ -46,30 +54,25 @@ bool UntilInterrupted::Continue() {
 Session::Session(OptionValues initial) : options(std::move(initial)) {}
 
 bool Session::Load(const Selection& selection) {
-  options.list.searchSubfolders = selection.subfolders;
-  options.find = {};
-  options.find.filterByExtension = !selection.all;
-  if (selection.ownExtensions) options.find.media.extensions = selection.extensions;
   bool complete = true;
-  for (const std::string& path : selection.paths) complete = LoadPath(FullPath(path)) && complete;
+  for (const std::string& path : selection.paths) complete = LoadPath(FullPath(path), selection) && complete;
   return complete;
 }
 
 // True when the path's rows were loaded, or its folder or file was listed already.
-bool Session::LoadPath(const std::string& path) {
+bool Session::LoadPath(const std::string& path, const Selection& selection) {
   UntilInterrupted progress;
   if (path.empty()) return false;  // it would be loaded as the root folder
-  return files->IsFile(path) ? Register({path}, path, progress) : LoadFolder(path, progress);
+  return files->IsFile(path) ? Register({path}, path, progress) : LoadFolder(path, selection, progress);
 }
 
-bool Session::LoadFolder(const std::string& path, UntilInterrupted& progress) {
+bool Session::LoadFolder(const std::string& path, const Selection& selection, UntilInterrupted& progress) {
   const std::string folder = WithTrailingSeparator(path);
   if (list.ContainsFolder(folder)) {
     Complain(kLoadCaption, FolderListedText(folder), path);
     return true;
   }
-  FoundFiles found =
-      FolderSearch(*files, progress).Search(folder, SearchFilter(options.find), options.list.searchSubfolders);
+  FoundFiles found = FolderSearch(*files, progress).Search(folder, FilterOf(selection), selection.subfolders);
   const bool complete = !ComplainAbout(found.passedOver);
   if (found.error) {
     Complain(kLoadCaption, LoadFailureText(*found.error), path);

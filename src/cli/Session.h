@@ -47,8 +47,8 @@ class Session {
   std::unique_ptr<FileReads> files = MakeFileReads();
 
  private:
-  bool LoadPath(const std::string& path);
-  bool LoadFolder(const std::string& path, UntilInterrupted& progress);
+  bool LoadPath(const std::string& path, const Selection& selection);
+  bool LoadFolder(const std::string& path, const Selection& selection, UntilInterrupted& progress);
   bool Register(std::vector<std::string> paths, const std::string& subject, UntilInterrupted& progress);
   bool ComplainAbout(const std::vector<PassedOver>& paths);
 };

@@ -100,6 +100,7 @@ void OptionForm::cmdOK() {
     if (kind == SettingKind::kApart) return;
     for (const OptionField* const field : FieldsOf(fields_, section, key)) Store(*field, setting);
   });
+  options_.storedByDialog = true;
 }
 
 void OptionForm::cmdCancel() {

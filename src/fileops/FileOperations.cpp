@@ -43,7 +43,7 @@ std::string FileMover::Target(int index, const std::string& folder) const {
   return folder + std::string(FileName(list_.Row(index).location, style_));
 }
 
-MoveOutcome FileMover::Move(int index, const std::string& folder, CopyProgress* progress) {
+MoveOutcome FileMover::Move(int index, const std::string& folder, Progress* progress) {
   const std::string from = list_.Row(index).location;
   player_.ReleaseFile(from);
   const std::string to = Target(index, folder);

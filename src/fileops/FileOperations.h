@@ -39,7 +39,7 @@ class FileMover {
   /// Moves the row's file into `folder` without renaming it; the player releases it first. The row keeps its old path,
   /// except when the file ended up somewhere else (file_error::kStranded): then the row points there. `progress` may be
   /// null.
-  MoveOutcome Move(int index, const std::string& folder, CopyProgress* progress = nullptr);
+  MoveOutcome Move(int index, const std::string& folder, Progress* progress = nullptr);
 
   /// Gives a row whose file was moved its new path.
   void Follow(int index, const std::string& path);

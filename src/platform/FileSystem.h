@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/ByteSource.h"
+#include "base/Progress.h"
 #include "base/Result.h"
 
 /// Files and folders. Paths are UTF-8; on Linux a path is the file system's bytes unchanged; on Windows unpaired
@@ -26,7 +27,7 @@ inline constexpr int kStranded = kOwn;
 /// The source of a move was changed or replaced while it was copied: it was kept, and so was the copy at
 /// FileError::fileAt.
 inline constexpr int kBothKept = kOwn - 1;
-/// CopyProgress cancelled the move: the file is still at its old place.
+/// Progress cancelled the move: the file is still at its old place.
 inline constexpr int kCancelled = kOwn - 2;
 }  // namespace file_error
 
@@ -115,14 +116,6 @@ class FileReads {
   virtual NameUnit NameUnitOf(const std::string& folder) = 0;
 };
 
-/// Receives the progress of copying a file.
-class CopyProgress {
- public:
-  virtual ~CopyProgress() = default;
-  /// Called before each piece with the number of bytes copied so far. Returning false cancels the copying.
-  virtual bool Continue(std::uint64_t copied) = 0;
-};
-
 /// Changes the disk. Each call succeeds completely or changes nothing; no call ever replaces an existing file.
 class FileChanges {
  public:
@@ -138,7 +131,7 @@ class FileChanges {
   /// permissions and extended attributes are kept as far as the target volume supports them. A link is moved, not its
   /// target. A folder is not moved to another volume. `progress` may be null; it is only called while a file is copied,
   /// and when it cancels, the copy is deleted (kCancelled).
-  virtual MoveOutcome Move(const std::string& from, const std::string& to, CopyProgress* progress) = 0;
+  virtual MoveOutcome Move(const std::string& from, const std::string& to, Progress* progress) = 0;
   MoveOutcome Move(const std::string& from, const std::string& to) { return Move(from, to, nullptr); }
 
   /// Deletes temporary files that killed moves into this folder left behind: files with this program's mark that are

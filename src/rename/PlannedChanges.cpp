@@ -43,7 +43,7 @@ FileOutcome PlannedChanges::Rename(const std::string& from, const std::string& t
   return std::nullopt;
 }
 
-MoveOutcome PlannedChanges::Move(const std::string& from, const std::string& to, CopyProgress*) {
+MoveOutcome PlannedChanges::Move(const std::string& from, const std::string& to, Progress*) {
   const Result<FileStatus, FileError> folder = files_.Status(std::string(FolderPart(to)));
   if (!folder) return folder.Failure();
   if (folder->kind != FileStatus::Kind::kFolder) return FileError{file_error::kNotFound, {}};

@@ -100,6 +100,10 @@ struct OptionValues {
   struct Move {
     bool keepMovedRows = true;
   } move;
+
+  /// The options dialog has stored its boxes. The settings file then gets 1 and 0, also where it holds another number
+  /// that means the same. Not in the file.
+  bool storedByDialog = false;
 };
 
 }  // namespace quillon

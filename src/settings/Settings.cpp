@@ -89,11 +89,14 @@ class SettingsReader {
   std::optional<SettingsError>& error_;
 };
 
+enum class Numbers { kKept, kOneAndZero };
+
 /// The text to write for an option. A number in the file that already has this meaning is kept, even if no dialog would
 /// write it.
-std::string OptionText(const IniFile& file, std::string_view section, std::string_view key, bool on, SettingKind kind) {
+std::string OptionText(const IniFile& file, std::string_view section, std::string_view key, bool on, SettingKind kind,
+                       Numbers numbers) {
   if (kind == SettingKind::kPlain) return on ? "True" : "False";
-  if (IsThere(file, section, key, kind)) {
+  if (numbers == Numbers::kKept && IsThere(file, section, key, kind)) {
     const std::optional<std::int16_t> number = NumberOf(file, section, key, kind);
     if (number && MeansOn(*number, kind) == on) return std::to_string(*number);
   }
@@ -102,7 +105,8 @@ std::string OptionText(const IniFile& file, std::string_view section, std::strin
 
 class SettingsWriter {
  public:
-  SettingsWriter(IniFile& file, WindowGeometry geometry) : file_(file), geometry_(geometry) {}
+  SettingsWriter(IniFile& file, WindowGeometry geometry, Numbers numbers)
+      : file_(file), geometry_(geometry), numbers_(numbers) {}
 
   template <class Value>
   void operator()(std::string_view section, std::string_view key, const Value& member, SettingKind kind) const {
@@ -127,7 +131,7 @@ class SettingsWriter {
   }
 
   void Write(std::string_view section, std::string_view key, bool on, SettingKind kind) const {
-    file_.WriteString(section, key, OptionText(file_, section, key, on, kind));
+    file_.WriteString(section, key, OptionText(file_, section, key, on, kind, numbers_));
   }
 
   void Write(std::string_view section, std::string_view key, FindMethod method, SettingKind kind) const {
@@ -140,6 +144,7 @@ class SettingsWriter {
 
   IniFile& file_;
   WindowGeometry geometry_;
+  Numbers numbers_;
 };
 
 constexpr std::string_view kUpdate = "Update";
@@ -163,13 +168,15 @@ std::optional<OptionValues> LoadOptionValues(const std::string& path) {
 }
 
 void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometry geometry) {
-  VisitSettings(options, SettingsWriter(file, geometry));
+  VisitSettings(options,
+                SettingsWriter(file, geometry, options.storedByDialog ? Numbers::kOneAndZero : Numbers::kKept));
 }
 
 bool WriteAutoUpdate(const std::string& path, bool automatic) {
   IniFile file(path);
   if (!file.Load()) return false;
-  file.WriteString(kUpdate, kAutoUpdate, OptionText(file, kUpdate, kAutoUpdate, automatic, SettingKind::kApart));
+  file.WriteString(kUpdate, kAutoUpdate,
+                   OptionText(file, kUpdate, kAutoUpdate, automatic, SettingKind::kApart, Numbers::kKept));
   return file.Save();
 }
 

@@ -292,7 +292,7 @@ TEST(ApplyRenameBatch, AnExceptionLeavesTheWindowEnabledAndWhatWasApplied) {
       if (++calls == 2) throw std::bad_alloc();
       return disk.Rename(from, to);
     }
-    MoveOutcome Move(const std::string&, const std::string&, CopyProgress*) override { return NotKept(); }
+    MoveOutcome Move(const std::string&, const std::string&, Progress*) override { return NotKept(); }
     void RemoveLeftovers(const std::string&) override {}
     FileOutcome Remove(const std::string&) override { return std::nullopt; }
     int Recycle(const std::string&, std::uintptr_t) override { return 0; }

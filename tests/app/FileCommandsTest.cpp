@@ -620,7 +620,7 @@ TEST(MoveProgress, AFileThatHasGrownCountsNoMoreThanItsListedSize) {
   {
     MoveProgress progress(ports.progress, ports.window, MoveProgress::SizeOf(row), kShownAtOnce);
     EXPECT_TRUE(progress.Next(row));
-    EXPECT_TRUE(progress.Continue(1'000'000));
+    EXPECT_TRUE(progress.Continue(1'000'000, 9, {}));
   }
   EXPECT_EQ(ports.log.StartingWith("progress: ").back(), "progress: 100% 完了しました | /m/a.mid");
 }

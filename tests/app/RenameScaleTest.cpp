@@ -18,7 +18,7 @@ namespace {
 /// A disk on which everything succeeds at once.
 struct WillingDisk final : FileChanges {
   FileOutcome Rename(const std::string&, const std::string&) override { return std::nullopt; }
-  MoveOutcome Move(const std::string&, const std::string&, CopyProgress*) override { return NotKept(); }
+  MoveOutcome Move(const std::string&, const std::string&, Progress*) override { return NotKept(); }
   void RemoveLeftovers(const std::string&) override {}
   FileOutcome Remove(const std::string&) override { return std::nullopt; }
   int Recycle(const std::string&, std::uintptr_t) override { return 0; }

@@ -111,6 +111,15 @@ TEST(OptionForm, ShowsEachSettingInItsOwnBox) {
   }
 }
 
+TEST(OptionForm, OkAloneMarksTheOptionsAsStoredByTheDialog) {
+  Fixture f;
+  OptionForm form = f.Form();
+  form.cmdCancel();
+  EXPECT_FALSE(f.options.storedByDialog);
+  form.cmdOK();
+  EXPECT_TRUE(f.options.storedByDialog);
+}
+
 TEST(OptionForm, OkStoresEachBoxInItsOwnSetting) {
   for (const FlagRow& row : kFlags) {
     Fixture f;

@@ -149,7 +149,8 @@ std::string Describe(const OptionValues& options) {
 OptionValues RandomOptionValues(unsigned seed) {
   OptionValues options;
   RandomValues random(seed);
-  auto& [system, window, player, modify, update, rename, list, find, move] = options;
+  auto& [system, window, player, modify, update, rename, list, find, move, storedByDialog] = options;
+  static_cast<void>(storedByDialog);
   random.All(system.loadFolder, system.moveFolder, system.readPlayTimes, system.suppressConfirmations,
              system.alwaysOnTop);
   random.All(window.top, window.left, window.height, window.width);

@@ -358,6 +358,16 @@ TEST_F(SettingsTest, SomeNumbersAreOnUnlessZero) {
   }
 }
 
+TEST_F(SettingsTest, WhatTheDialogHasStoredIsWrittenAsOneAndZero) {
+  const std::string before = "[Player]\r\nRepeat=-1\r\nAllPlay=7\r\n[List]\r\nLoadChk=True\r\nSubFolder=2\r\n";
+  OptionValues options = ReadValid(before);
+  EXPECT_FALSE(options.storedByDialog);
+  options.storedByDialog = true;
+  const std::string bytes = Written(options, WindowGeometry::kKeep, before);
+  EXPECT_NE(bytes.find("Repeat=1\r\nAllPlay=0\r\n"), std::string::npos) << bytes;
+  EXPECT_NE(bytes.find("LoadChk=0\r\nSubFolder=1\r\n"), std::string::npos) << bytes;
+}
+
 TEST_F(SettingsTest, AnUnusualNumberStaysWhileItMeansTheSame) {
   const std::string before = "[Player]\r\nRepeat=-1\r\nAllPlay=7\r\n[List]\r\nLoadChk=True\r\nSubFolder=2\r\n";
   OptionValues options = ReadValid(before);

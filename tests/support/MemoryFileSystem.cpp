@@ -338,11 +338,11 @@ FileOutcome MemoryFileSystem::Rename(const std::string& from, const std::string&
   return ChangeName(from, to);
 }
 
-MoveOutcome MemoryFileSystem::Move(const std::string& from, const std::string& to, CopyProgress* progress) {
+MoveOutcome MemoryFileSystem::Move(const std::string& from, const std::string& to, Progress* progress) {
   FileOutcome failure = Log(FileCall::kMove, from, to);
   if (!failure && copiesPieces > 0 && progress != nullptr && Exists(from)) {
     for (std::uint64_t copied = 0; copied <= BytesOf(from).size(); copied += copiesPieces) {
-      if (!progress->Continue(copied)) return FileError{file_error::kCancelled, "Cancelled"};
+      if (!progress->Continue(copied, BytesOf(from).size(), {})) return FileError{file_error::kCancelled, "Cancelled"};
     }
   }
   if (!failure) failure = ChangeName(from, to);

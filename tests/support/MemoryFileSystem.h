@@ -87,7 +87,7 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
 
   FileOutcome Rename(const std::string& from, const std::string& to) override;
   using FileChanges::Move;
-  MoveOutcome Move(const std::string& from, const std::string& to, CopyProgress* progress) override;
+  MoveOutcome Move(const std::string& from, const std::string& to, Progress* progress) override;
   void RemoveLeftovers(const std::string& folder) override;
   FileOutcome Remove(const std::string& path) override;
   int Recycle(const std::string& path, std::uintptr_t ownerWindow) override;

@@ -57,13 +57,14 @@ bool HasHoles(const struct stat& status) {
 }
 
 // Copies the content. Returns zero when exactly as many bytes were read as the status says, else an errno.
-int CopyContent(int from, int to, const struct stat& status, MadeCopy& made, CopyProgress* progress) {
+int CopyContent(int from, int to, const struct stat& status, MadeCopy& made, Progress* progress) {
   const bool sparse = HasHoles(status);
   std::vector<char> buffer(kBufferSize);
   off_t copied = 0;
   off_t flushed = 0;
   for (;;) {
-    if (progress != nullptr && !progress->Continue(static_cast<std::uint64_t>(copied))) {
+    if (progress != nullptr &&
+        !progress->Continue(static_cast<std::size_t>(copied), static_cast<std::size_t>(status.st_size), {})) {
       made.cancelled = true;
       return ECANCELED;
     }
@@ -85,7 +86,7 @@ int CopyContent(int from, int to, const struct stat& status, MadeCopy& made, Cop
 }
 
 // Returns zero, or the errno when the copy is incomplete.
-int FillCopy(const OpenedSource& source, Descriptor& copy, MadeCopy& made, CopyProgress* progress) {
+int FillCopy(const OpenedSource& source, Descriptor& copy, MadeCopy& made, Progress* progress) {
   struct stat status = {};
   if (::fstat(copy.Number(), &status) != 0) return errno;
   made.id = IdOf(status);
@@ -101,7 +102,7 @@ void Discard(const std::string& path, MadeCopy& made) {
   made.stays = ::unlink(path.c_str()) != 0 && errno != ENOENT;
 }
 
-int CopyRegularFile(const OpenedSource& source, const std::string& to, MadeCopy& made, CopyProgress* progress) {
+int CopyRegularFile(const OpenedSource& source, const std::string& to, MadeCopy& made, Progress* progress) {
   Descriptor copy(::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
   if (!copy.Open()) return errno;
   int failure = ENOMEM;
@@ -151,7 +152,7 @@ int OpenCopySource(const std::string& path, std::optional<OpenedSource>& opened)
   return 0;
 }
 
-int CopyWithAttributes(const OpenedSource& source, const std::string& to, MadeCopy& made, CopyProgress* progress) {
+int CopyWithAttributes(const OpenedSource& source, const std::string& to, MadeCopy& made, Progress* progress) {
   return S_ISLNK(source.status.st_mode) ? CopyLink(source, to, made) : CopyRegularFile(source, to, made, progress);
 }
 

@@ -33,6 +33,6 @@ struct MadeCopy {
 /// changed since it was opened is an error. Returns zero on success, else the errno; on failure nothing is left behind,
 /// unless `made.stays`. `progress` may be null.
 [[nodiscard]] int CopyWithAttributes(const OpenedSource& source, const std::string& to, MadeCopy& made,
-                                     CopyProgress* progress = nullptr);
+                                     Progress* progress = nullptr);
 
 }  // namespace quillon

@@ -13,7 +13,7 @@ namespace quillon {
 class LinuxCopySteps final : public CopySteps {
  public:
   /// `progress` may be null.
-  explicit LinuxCopySteps(CopyProgress* progress = nullptr) : progress_(progress) {}
+  explicit LinuxCopySteps(Progress* progress = nullptr) : progress_(progress) {}
 
   FileOutcome Look(const std::string& path) override;
   FileOutcome OpenSource(const std::string& from) override;
@@ -26,7 +26,7 @@ class LinuxCopySteps final : public CopySteps {
   FileOutcome RemoveCopy(const std::string& path) override;
 
  private:
-  CopyProgress* progress_;
+  Progress* progress_;
   std::string from_;
   std::optional<OpenedSource> source_;
   std::unique_ptr<TemporaryMark> mark_;

@@ -78,7 +78,7 @@ class LinuxFileChanges final : public FileChanges {
     return RenameEntry(entries, from, to, PathStyle::kLinux);
   }
 
-  MoveOutcome Move(const std::string& from, const std::string& to, CopyProgress* progress) override {
+  MoveOutcome Move(const std::string& from, const std::string& to, Progress* progress) override {
     const FileOutcome failed = Rename(from, to);
     if (!failed) return NotKept();
     if (failed->number != file_error::kOwn + EXDEV) return *failed;

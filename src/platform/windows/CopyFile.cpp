@@ -52,12 +52,12 @@ bool SetAttributes(const std::wstring& copy, const Status& source) {
 /// Calls the progress and stores its exceptions, which must not be thrown through the system's code.
 class Asking {
  public:
-  explicit Asking(CopyProgress* progress) : progress_(progress) {}
+  Asking(Progress* progress, std::uint64_t total) : progress_(progress), total_(static_cast<std::size_t>(total)) {}
 
   /// Returns false, with the last error set, when the copying must end.
   bool Continue(std::uint64_t copied) noexcept {
     try {
-      cancelled_ = progress_ != nullptr && !progress_->Continue(copied);
+      cancelled_ = progress_ != nullptr && !progress_->Continue(static_cast<std::size_t>(copied), total_, {});
     } catch (...) {
       thrown_ = std::current_exception();
     }
@@ -73,7 +73,8 @@ class Asking {
   }
 
  private:
-  CopyProgress* progress_;
+  Progress* progress_;
+  std::size_t total_;
   bool cancelled_ = false;
   std::exception_ptr thrown_;
 };
@@ -101,8 +102,8 @@ void TakeBack(const std::wstring& copy, MadeCopy& made) {
 }  // namespace
 
 bool CopyWithAttributes(const std::wstring& from, const Status& source, const std::wstring& to, MadeCopy& made,
-                        CopyProgress* progress) {
-  Asking asking(progress);
+                        Progress* progress) {
+  Asking asking(progress, SizeOf(source));
   if (!asking.Continue(0)) {
     made.cancelled = asking.Cancelled();
     return false;

@@ -19,6 +19,6 @@ struct MadeCopy {
 /// a handle that keeps writers out and must stay open during the copying. Returns false with the last error set on
 /// failure; then nothing is left behind, unless `made.stays`. `progress` may be null.
 [[nodiscard]] bool CopyWithAttributes(const std::wstring& from, const Status& source, const std::wstring& to,
-                                      MadeCopy& made, CopyProgress* progress = nullptr);
+                                      MadeCopy& made, Progress* progress = nullptr);
 
 }  // namespace quillon

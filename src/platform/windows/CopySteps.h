@@ -16,7 +16,7 @@ namespace quillon {
 class WindowsCopySteps final : public CopySteps {
  public:
   /// `progress` may be null.
-  explicit WindowsCopySteps(CopyProgress* progress = nullptr) : progress_(progress) {}
+  explicit WindowsCopySteps(Progress* progress = nullptr) : progress_(progress) {}
 
   FileOutcome Look(const std::string& path) override;
   FileOutcome OpenSource(const std::string& from) override;
@@ -29,7 +29,7 @@ class WindowsCopySteps final : public CopySteps {
   FileOutcome RemoveCopy(const std::string& path) override;
 
  private:
-  CopyProgress* progress_;
+  Progress* progress_;
   std::string from_;
   std::optional<Handle> source_;  // keeps writers out
   BY_HANDLE_FILE_INFORMATION opened_ = {};

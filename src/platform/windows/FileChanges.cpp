@@ -85,7 +85,7 @@ class WindowsFileChanges final : public FileChanges {
     return from == to ? LookAt(*source) : RenameSystem(*source, *target);
   }
 
-  MoveOutcome Move(const std::string& from, const std::string& to, CopyProgress* progress) override {
+  MoveOutcome Move(const std::string& from, const std::string& to, Progress* progress) override {
     const FileOutcome failed = Rename(from, to);
     if (!failed) return NotKept();
     if (failed->number != file_error::kOwn + ERROR_NOT_SAME_DEVICE) return *failed;

@@ -79,9 +79,10 @@ TEST_F(MoveAcrossVolumes, TheFileIsAtTheNewPathOnlyWithItsContent) {
 }
 
 /// Cancels the copying after this many bytes.
-struct Until final : CopyProgress {
+struct Until final : Progress {
   explicit Until(std::uint64_t bytes) : limit(bytes) {}
-  bool Continue(std::uint64_t copied) override {
+  bool Continue() override { return true; }
+  bool Continue(std::size_t copied, std::size_t, const std::string&) override {
     told.push_back(copied);
     return copied < limit;
   }
@@ -114,8 +115,9 @@ TEST_F(MoveAcrossVolumes, ACancelledCopyLeavesNothingBehind) {
 }
 
 TEST_F(MoveAcrossVolumes, AnExceptionInTheMiddleLeavesNothingBehind) {
-  struct Throwing final : CopyProgress {
-    bool Continue(std::uint64_t copied) override {
+  struct Throwing final : Progress {
+    bool Continue() override { return true; }
+    bool Continue(std::size_t copied, std::size_t, const std::string&) override {
       if (copied > 0) throw std::runtime_error("unexpected");
       return true;
     }

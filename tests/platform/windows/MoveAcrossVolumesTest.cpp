@@ -78,9 +78,10 @@ TEST_F(MoveAcrossVolumes, TheFileIsAtTheNewPathOnlyWithItsTimes) {
 }
 
 /// Cancels the copying, or throws, after this many bytes.
-struct Ending final : CopyProgress {
+struct Ending final : Progress {
   Ending(std::uint64_t bytes, bool byThrowing) : limit(bytes), throws(byThrowing) {}
-  bool Continue(std::uint64_t copied) override {
+  bool Continue() override { return true; }
+  bool Continue(std::size_t copied, std::size_t, const std::string&) override {
     if (copied < limit) return true;
     if (throws) throw std::runtime_error("unexpected");
     return false;
