@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/Progress.h"
 #include "filelist/FileList.h"
 #include "filelist/FolderSearch.h"
 #include "filelist/Registration.h"
@@ -15,13 +16,6 @@
 #include "settings/ApplyMode.h"
 
 namespace quillon::benchmarks {
-
-/// A progress that never cancels.
-class Unwatched final : public Progress {
- public:
-  bool Continue(std::size_t, std::size_t, const std::string&) override { return true; }
-  bool Continue() override { return true; }
-};
 
 /// No library for regular expressions.
 class NoRegex final : public RegexEngine {

@@ -24,7 +24,7 @@ keeper=$!
 
 # Linux programs and Wine use this variable first, whatever their runtime folder is.
 export PULSE_SERVER=unix:$QUILLON_SOUND_FOLDER/native
-for _ in $(seq 50); do
+for _ in $(seq 300); do
   [ -S "$QUILLON_SOUND_FOLDER/native" ] && break
   kill -0 "$keeper" 2>/dev/null || break
   sleep 0.1

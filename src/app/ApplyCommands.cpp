@@ -1,6 +1,5 @@
 #include "app/ApplyCommands.h"
 
-#include "app/ShownProgress.h"
 #include "base/Finally.h"
 #include "filelist/FailureDetails.h"
 

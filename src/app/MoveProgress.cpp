@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "app/ShownProgress.h"
+
 namespace quillon {
 
 MoveProgress::MoveProgress(ProgressDisplay& display, WindowState& window, std::uint64_t total, MoveTimes times)
@@ -40,7 +42,7 @@ bool MoveProgress::Show(std::uint64_t copied) {
     // A file may be longer now than it was when it was listed.
     const std::uint64_t done = std::min(done_ + std::min(copied, present_), total_);
     const auto percent = static_cast<int>(static_cast<double>(done) * 100 / static_cast<double>(total_));
-    display_.Update(percent, std::to_string(percent) + "% 完了しました", path_);
+    display_.Update(percent, PercentText(percent), path_);
   }
   return !display_.Cancelled();
 }

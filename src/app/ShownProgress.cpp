@@ -3,11 +3,10 @@
 #include <utility>
 
 namespace quillon {
-namespace {
 
-constexpr const char* kDone = "% 完了しました";
-
-}  // namespace
+std::string PercentText(int percent) {
+  return std::to_string(percent) + "% 完了しました";
+}
 
 ShownProgress::ShownProgress(PendingMessages& pending, ProgressDisplay& display, Look look, Cancelled cancelled,
                              std::chrono::milliseconds interval)
@@ -19,10 +18,10 @@ ShownProgress::ShownProgress(PendingMessages& pending, ProgressDisplay& display,
 
 bool ShownProgress::Continue(std::size_t done, std::size_t total, const std::string& item) {
   if (done == 0) {
-    if (look_.showsStart) display_.Update(0, std::string("0") + kDone, "");
+    if (look_.showsStart) display_.Update(0, PercentText(0), "");
   } else if (throttle_.Due() || done == total) {
     const auto percent = static_cast<int>(done * 100 / total);
-    display_.Update(percent, look_.indent + std::to_string(percent) + kDone, look_.showsItem ? item : "");
+    display_.Update(percent, look_.indent + PercentText(percent), look_.showsItem ? item : "");
   }
   return done == total || Continue();
 }

@@ -11,12 +11,8 @@
 
 namespace quillon {
 
-/// Progress of a loop that is not shown and cannot be cancelled.
-class Unwatched final : public Progress {
- public:
-  bool Continue(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*item*/) override { return true; }
-  bool Continue() override { return true; }
-};
+/// "50% 完了しました"
+[[nodiscard]] std::string PercentText(int percent);
 
 /// Processes messages between the items of a loop and shows its progress in percent.
 class ShownProgress final : public Progress {

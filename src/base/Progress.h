@@ -19,4 +19,11 @@ class Progress {
   virtual bool Continue() = 0;
 };
 
+/// Progress of a loop that is not shown and cannot be cancelled.
+class Unwatched final : public Progress {
+ public:
+  bool Continue(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*item*/) override { return true; }
+  bool Continue() override { return true; }
+};
+
 }  // namespace quillon

@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdint>
 #include <map>
 
 #include "base/Product.h"
@@ -12,6 +13,9 @@
 
 namespace quillon::cli {
 namespace {
+
+/// More rows than any list has.
+constexpr std::int64_t kMostRows = 1'000'000'000;
 
 // An empty word is a mistake, most likely a variable of a script that was never set.
 std::string RefuseEmptyPath(const std::string& path) {
@@ -40,7 +44,7 @@ struct Arguments {
   RenameArguments rename;
   MoveArguments move;
   DeleteArguments remove;
-  std::size_t listCount = 0;
+  std::int64_t listCount = 0;
   std::string readerName;
 };
 
@@ -74,7 +78,8 @@ void AddInfo(CLI::App& app, Arguments& arguments) {
 void AddModify(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("modify", Localized(texts::kModify));
   command->add_option("--settings", arguments.modify.settings, Localized(texts::kModifySettings))->required();
-  command->add_option("--list-count", arguments.listCount, Localized(texts::kListCount));
+  command->add_option("--list-count", arguments.listCount, Localized(texts::kListCount))
+      ->check(CLI::Range(std::int64_t{0}, kMostRows));
 }
 
 void AddRename(CLI::App& app, Arguments& arguments) {
@@ -127,7 +132,9 @@ int Run(CLI::App& app, Arguments& arguments) {
     return RunInfo(arguments.info);
   }
   if (app.got_subcommand("modify")) {
-    if (app.get_subcommand("modify")->count("--list-count") > 0) arguments.modify.listCount = arguments.listCount;
+    if (app.get_subcommand("modify")->count("--list-count") > 0) {
+      arguments.modify.listCount = static_cast<std::size_t>(arguments.listCount);
+    }
     return RunModify(arguments.modify);
   }
   if (app.got_subcommand("mci")) return RunMci();

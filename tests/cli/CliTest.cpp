@@ -211,6 +211,14 @@ TEST(CliModifyTest, TransformsEachLineByTheRulesOfTheSettings) {
   EXPECT_EQ(result.output, "a_b_c\nyy\n\nさくら\n");
 }
 
+TEST(CliModifyTest, AListCountThatIsNoCountIsWrongUsage) {
+  const TempFolder folder;
+  const std::string settings = folder.Write("q.ini", "[Modify]\n");
+  for (const char* const count : {"-1", "99999999999999999999", "abc", "1.5"}) {
+    EXPECT_EQ(Cli({"modify", "--settings", settings, "--list-count", count}, "a\n").exitCode, 2) << count;
+  }
+}
+
 TEST(CliModifyTest, ARuleIsAppliedOncePerRowOfTheList) {
   const TempFolder folder;
   const std::string settings = folder.Write("q.ini", "[Modify]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=aa\n");
