@@ -79,7 +79,7 @@ void AddModify(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("modify", Localized(texts::kModify));
   command->add_option("--settings", arguments.modify.settings, Localized(texts::kModifySettings))->required();
   command->add_option("--list-count", arguments.listCount, Localized(texts::kListCount))
-      ->check(CLI::Range(std::int64_t{0}, kMostRows));
+      ->check(CLI::Range(std::int64_t{0}, kMostRows).description(""));
 }
 
 void AddRename(CLI::App& app, Arguments& arguments) {
