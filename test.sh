@@ -90,15 +90,15 @@ failed_tests() {
 # once more and names them; a second failure counts.
 once_more() {
   local preset=$1 results=build/$1/results log=build/$1/Testing/Temporary/LastTestsFailed.log tests
-  grep -qv ':gui-[0-9]*$' "$log" && return 1
+  grep -qvE ':(gui-[0-9]+|desktop)$' "$log" && return 1
   for program in $(sed 's/.*://' "$log"); do [ -f "$results/$program.xml" ] || return 1; done
-  tests=$(failed_tests "$results"/gui-*.xml)
+  tests=$(failed_tests "$results"/gui-*.xml "$results/desktop.xml")
   [ -n "$tests" ] || return 1
   say "once more: $tests"
   rm -rf "$results/first"
   mkdir "$results/first"
-  mv "$results"/gui-*.xml "$results/first/"
-  GTEST_FILTER=$tests ctest --preset "$preset" -R '^gui-' || {
+  mv "$results"/gui-*.xml "$results/desktop.xml" "$results/first/"
+  GTEST_FILTER=$tests ctest --preset "$preset" -R '^(gui-|desktop$)' || {
     mv "$results"/first/*.xml "$results/"
     return 1
   }

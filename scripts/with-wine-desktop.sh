@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs a command in a fresh session of Wine in which a window is already open. Wine starts its desktop with the first
+# Runs a command in a fresh session of Wine in which a window is already open, minimised, so that it gets no focus. Wine starts its desktop with the first
 # window: programs that start at the same moment have no display, and X errors end those whose desktop is on another one.
 # The prefix must not be used by anything else meanwhile.
 set -eu
@@ -12,4 +12,6 @@ for _ in $(seq 300); do
   sleep 0.1
 done
 sleep 1  # the desktop is still setting itself up
+xdotool search --class notepad windowminimize %@ >/dev/null 2>&1 || true
+sleep 1
 "$@"
