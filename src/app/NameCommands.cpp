@@ -53,8 +53,10 @@ void NameCommands::RenameToTitles(Rows rows) {
     screen_.window.SetPointer(Pointer::kBusyArrow);
     const Finally normal([this] { screen_.window.SetPointer(Pointer::kNormal); });
     const OptionValues::Rename& options = session_.options.rename;
-    const TitleRules titles = {options.skipUntitledRows && !session_.mode.automatic,
-                               options.applyRules ? &session_.options.modify : nullptr};
+    const bool manual = !session_.mode.automatic;
+    const TitleRules titles = {.skipUntitled = options.skipUntitledRows && manual,
+                               .findInvalid = options.checkInvalidNames && manual,
+                               .rules = options.applyRules ? &session_.options.modify : nullptr};
     if (options.applyRules) {
       waiting_.Begin(kEditingHeadline, kEditingLine);
       const Finally ended([this] { waiting_.End(); });
@@ -66,7 +68,7 @@ void NameCommands::RenameToTitles(Rows rows) {
     }
     MarkFailed(outcome);
     if (options.checkSkippedRows) Check(outcome.untitled);
-    if (options.checkInvalidNames && !session_.mode.automatic) Check(outcome.invalid);
+    Check(outcome.invalid);
   }
   Tell(outcome);
 }

@@ -93,7 +93,8 @@ void EditNames(const RenameArguments& arguments, Session& session) {
   UntilInterrupted progress;
   const OptionValues& options = session.options;
   if (arguments.toTitle) {
-    const TitleRules titles = {options.rename.skipUntitledRows, options.rename.applyRules ? &options.modify : nullptr};
+    const TitleRules titles = {.skipUntitled = options.rename.skipUntitledRows,
+                               .rules = options.rename.applyRules ? &options.modify : nullptr};
     TellLeftAlone(RenameToTitles(session.list, Rows::kAll, titles, regex, {}, progress));
   }
   if (arguments.modify) {

@@ -16,10 +16,7 @@ RunOutcome ModifyRenameNames(FileList& list, Rows rows, const OptionValues::Modi
     if (result.cancelled) return RunEnd::kCancelled;
     if (result.leftAlone) ++outcome.leftAlone;
     if (result.name != before) list.SetRenameName(index, std::move(result.name));
-    if (!apply || apply(index)) return RunEnd::kComplete;
-    list.SetRenameName(index, before);
-    outcome.failedRow = index;
-    return RunEnd::kStopped;
+    return ApplyOrRestore(list, index, before, apply, outcome);
   });
   return outcome;
 }

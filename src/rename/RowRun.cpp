@@ -17,6 +17,14 @@ RunEnd RunOverRows(const FileList& list, Rows rows, Progress& progress, const Ed
   return RunEnd::kComplete;
 }
 
+RunEnd ApplyOrRestore(FileList& list, int index, const std::string& before, const ApplyRow& apply,
+                      RunOutcome& outcome) {
+  if (!apply || apply(index)) return RunEnd::kComplete;
+  list.SetRenameName(index, before);
+  outcome.failedRow = index;
+  return RunEnd::kStopped;
+}
+
 std::string LeftAloneText(int count) {
   return std::to_string(count) +
          " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした\r\n"

@@ -31,6 +31,10 @@ struct RunOutcome {
 };
 
 /// The message about this many names that stay unchanged: a rule would never end, or makes them longer than any name
+/// Applies an edited row, if `apply` is not empty. When that fails, the row gets its name from `before` back, and the
+/// run is stopped there.
+RunEnd ApplyOrRestore(FileList& list, int index, const std::string& before, const ApplyRow& apply, RunOutcome& outcome);
+
 /// may be.
 [[nodiscard]] std::string LeftAloneText(int count);
 

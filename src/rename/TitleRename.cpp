@@ -25,11 +25,8 @@ TitleOutcome RenameToTitles(FileList& list, Rows rows, const TitleRules& titles,
     if (result.leftAlone) ++outcome.leftAlone;
     const std::string before = row.renameName;
     list.SetRenameName(index, std::move(result.name));
-    if (InvalidCharacterPosition(row.renameName) != 0) outcome.invalid.push_back(index);
-    if (!apply || apply(index)) return RunEnd::kComplete;
-    list.SetRenameName(index, before);
-    outcome.failedRow = index;
-    return RunEnd::kStopped;
+    if (titles.findInvalid && InvalidCharacterPosition(row.renameName) != 0) outcome.invalid.push_back(index);
+    return ApplyOrRestore(list, index, before, apply, outcome);
   });
   return outcome;
 }

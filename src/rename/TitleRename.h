@@ -12,6 +12,7 @@ namespace quillon {
 
 struct TitleRules {
   bool skipUntitled = false;
+  bool findInvalid = false;                     ///< fills TitleOutcome::invalid
   const OptionValues::Modify* rules = nullptr;  ///< modification rules for the titles; null for none
 };
 

@@ -13,10 +13,6 @@ namespace quillon::test {
 
 /// Files in memory, rows for them, and the rename box, connected as in the window: showing a row loads it into the box.
 struct EditingFixture : RenameFixture {
-  struct NoRegex final : RegexEngine {
-    std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
-  };
-
   struct FollowingPanel final : FilePanel {
     FilePanel& recorder;
     RenameEditing& editing;

@@ -18,21 +18,14 @@ using test::RenameNames;
 using Indices = std::vector<int>;
 using Texts = std::vector<std::string>;
 
-const char* const kBegin =
-    "progress begin: リネーム名を編集中です...\\r\\nしばらくお待ちください |   ファイル名を編集中...";
-
 std::string LeftAlone(int count) {
   return "box [リネーム名の編集] " + std::to_string(count) +
          " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした\\r\\n"
          "置換する文字列に、検索する文字列や不正な文字が含まれていないか確認してください (exclamation, ok)";
 }
 
-struct NoRegex final : RegexEngine {
-  std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
-};
-
 struct Fixture : RenameFixture {
-  NoRegex regex;
+  test::NoRegex regex;
 
   explicit Fixture(const Texts& names) : RenameFixture(names) {}
 
@@ -52,9 +45,10 @@ TEST(ModifyRenameNames, ShowsEveryStepInItsOrder) {
   f.options.modify.upper = true;
   const RunOutcome outcome = f.Run(true);
   EXPECT_EQ(RenameNames(f.list), Texts({"A", "B", "C"}));
-  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/a.mid",
-                                         "progress: 66% 完了しました | /m/b.mid",
-                                         "progress: 100% 完了しました | /m/c.mid", "progress end", "pointer normal"}));
+  EXPECT_EQ(f.ports.log.Events(),
+            Texts({"pointer busy arrow", test::kModifyBegin, "progress: 33% 完了しました | /m/a.mid",
+                   "progress: 66% 完了しました | /m/b.mid", "progress: 100% 完了しました | /m/c.mid", "progress end",
+                   "pointer normal"}));
   EXPECT_EQ(outcome.leftAlone, 0);
   EXPECT_EQ(outcome.end, RunEnd::kComplete);
   EXPECT_EQ(f.Names(), Texts({"a.mid", "b.mid", "c.mid"})) << "nothing is written to the disk";
@@ -98,7 +92,7 @@ TEST(ModifyRenameNames, ShowsTheFirstAndTheLastPercentageHoweverSeldomProgressIs
 TEST(ModifyRenameNames, WithNothingInScopeOnlyOpensAndCloses) {
   Fixture f({"a.mid"});
   f.Run(false);
-  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress end", "pointer normal"}));
+  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", test::kModifyBegin, "progress end", "pointer normal"}));
 }
 
 TEST(ModifyRenameNames, AppliesARuleAsOftenAsTheListHasRows) {
@@ -140,8 +134,8 @@ TEST(ModifyRenameNames, CancellingKeepsTheRowsDoneSoFar) {
   const RunOutcome outcome = f.Run(true);
   EXPECT_EQ(outcome.end, RunEnd::kCancelled);
   EXPECT_EQ(RenameNames(f.list), Texts({"A", "b", "c"}));
-  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/a.mid",
-                                         "progress end", "pointer normal"}));
+  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", test::kModifyBegin,
+                                         "progress: 33% 完了しました | /m/a.mid", "progress end", "pointer normal"}));
   EXPECT_EQ(f.ports.pending.Count(), 4u);
 }
 

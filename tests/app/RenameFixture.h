@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -7,10 +8,20 @@
 
 #include "app/ApplyCommands.h"
 #include "app/CommandFixture.h"
+#include "rename/RegexReplace.h"
 #include "rename/basQuillon.h"
 #include "support/Rows.h"
 
 namespace quillon::test {
+
+/// What the wait window begins with while rules run.
+inline constexpr const char* kModifyBegin =
+    "progress begin: リネーム名を編集中です...\\r\\nしばらくお待ちください |   ファイル名を編集中...";
+
+/// No library for regular expressions.
+struct NoRegex final : RegexEngine {
+  std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
+};
 
 /// A list of files in memory and the commands that rename them. Every file's content is its first name.
 struct RenameFixture : CommandFixture {

@@ -17,15 +17,8 @@ using test::RenameNames;
 using Indices = std::vector<int>;
 using Texts = std::vector<std::string>;
 
-const char* const kBegin =
-    "progress begin: リネーム名を編集中です...\\r\\nしばらくお待ちください |   ファイル名を編集中...";
-
-struct NoRegex final : RegexEngine {
-  std::optional<std::string> Replace(std::string_view, std::string_view) override { return std::nullopt; }
-};
-
 struct Fixture : RenameFixture {
-  NoRegex regex;
+  test::NoRegex regex;
   NameCommands titles{session, applying, regex, ports.progress, screen, std::chrono::milliseconds(0)};
 
   /// One file for each title: "1.mid", "2.mid" and so on.
@@ -140,7 +133,7 @@ TEST(TitleRename, TitlesThatARuleWouldMakeEndlessAreReportedOnceAtTheEnd) {
     EXPECT_EQ(
         f.ports.log.Events(),
         Texts(
-            {"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/1.mid",
+            {"pointer busy arrow", test::kModifyBegin, "progress: 33% 完了しました | /m/1.mid",
              "progress: 66% 完了しました | /m/2.mid", "progress: 100% 完了しました | /m/3.mid", "progress end",
              "pointer normal",
              "box [リネーム名の編集] 2 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした"
@@ -157,8 +150,8 @@ TEST(TitleRename, CancellingKeepsTheRowsDoneSoFar) {
   f.ports.pending.At(4, [&] { f.ports.progress.cancelled = true; });  // while the rule works on the second row
   f.titles.RenameToTitles(Rows::kAll);
   EXPECT_EQ(RenameNames(f.list), Texts({"ONE", "2", "3"}));
-  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", kBegin, "progress: 33% 完了しました | /m/1.mid",
-                                         "progress end", "pointer normal"}));
+  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", test::kModifyBegin,
+                                         "progress: 33% 完了しました | /m/1.mid", "progress end", "pointer normal"}));
   EXPECT_EQ(f.ports.pending.Count(), 4u);
 }
 
