@@ -30,11 +30,11 @@ struct RunOutcome {
   int failedRow = 0;  ///< of a stopped run, 1-based; its rename name is unchanged
 };
 
-/// The message about this many names that stay unchanged: a rule would never end, or makes them longer than any name
 /// Applies an edited row, if `apply` is not empty. When that fails, the row gets its name from `before` back, and the
 /// run is stopped there.
 RunEnd ApplyOrRestore(FileList& list, int index, const std::string& before, const ApplyRow& apply, RunOutcome& outcome);
 
+/// The message about this many names that stay unchanged: a rule would never end, or makes them longer than any name
 /// may be.
 [[nodiscard]] std::string LeftAloneText(int count);
 

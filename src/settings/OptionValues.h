@@ -25,7 +25,11 @@ struct ExtensionGroup {
   std::string extensions;
 };
 
+/// What a name made from a pattern gets for a character that file names may not hold.
+enum class PatternInvalid { kKept, kRemoved, kReplaced, kWide };
+
 inline constexpr std::size_t kReplaceRuleCount = 5;
+inline constexpr std::size_t kPatternHistoryLength = 10;
 inline constexpr std::size_t kListColumnCount = 6;
 
 /// Every setting. The initial values are the defaults of a missing settings file; SettingsTable.h has the file's own
@@ -100,6 +104,17 @@ struct OptionValues {
   struct Move {
     bool keepMovedRows = true;
   } move;
+
+  /// What came after the file's other sections were fixed. A missing key means that the program does as it always did.
+  struct Extra {
+    bool readMoreTags = false;                                ///< the tags that the program's own readers leave out
+    std::array<std::string, kPatternHistoryLength> patterns;  ///< used last first; empty ones at the end
+    std::int32_t patternStart = 1;
+    std::int32_t patternStep = 1;
+    std::int32_t patternWidth = 1;  ///< digits of the counter, at least
+    PatternInvalid patternInvalid = PatternInvalid::kKept;
+    std::string patternReplacement;  ///< for PatternInvalid::kReplaced
+  } extra;
 
   /// The options dialog has stored its boxes. The settings file then gets 1 and 0, also where it holds another number
   /// that means the same. Not in the file.

@@ -12,6 +12,23 @@ namespace {
 
 constexpr std::string_view kStoredBlank = "[SPACE]";
 
+bool IsQuoted(std::string_view text) {
+  return text.size() >= 2 && text.starts_with('"') && text.ends_with('"');
+}
+
+// The file loses blanks around a value, so that a text that has some is stored in quotes, and so is one in quotes.
+std::string StoredText(const std::string& text, SettingKind kind) {
+  if (kind == SettingKind::kReplaceText && text == " ") return std::string(kStoredBlank);
+  const bool quoted = kind == SettingKind::kExtra && (text.starts_with(' ') || text.ends_with(' ') || IsQuoted(text));
+  return quoted ? "\"" + text + "\"" : text;
+}
+
+std::string TextFromStored(const std::string& text, SettingKind kind) {
+  if (kind == SettingKind::kReplaceText && text == kStoredBlank) return " ";
+  const bool quoted = kind == SettingKind::kExtra && IsQuoted(text);
+  return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
 /// True when the file has a value to convert. An empty number counts as missing; an empty text counts as present and is
 /// an error.
 bool IsThere(const IniFile& file, std::string_view section, std::string_view key, SettingKind kind) {
@@ -45,9 +62,8 @@ class SettingsReader {
   SettingsReader(const IniFile& file, std::optional<SettingsError>& error) : file_(file), error_(error) {}
 
   void operator()(std::string_view section, std::string_view key, std::string& member, SettingKind kind) const {
-    std::optional<std::string> text = file_.FindString(section, key);
-    if (!text) return;
-    member = kind == SettingKind::kReplaceText && *text == kStoredBlank ? " " : *std::move(text);
+    const std::optional<std::string> text = file_.FindString(section, key);
+    if (text) member = TextFromStored(*text, kind);
   }
 
   void operator()(std::string_view section, std::string_view key, std::int32_t& member, SettingKind /*kind*/) const {
@@ -63,7 +79,7 @@ class SettingsReader {
     if (!IsThere(file_, section, key, kind)) return;
     if (const std::optional<bool> on = IsOn(file_, section, key, kind)) {
       member = *on;
-    } else {
+    } else if (kind != SettingKind::kExtra) {
       Fail(section, key);
     }
   }
@@ -78,6 +94,12 @@ class SettingsReader {
     bool recycled = member == DeleteTo::kRecycleBin;
     (*this)(section, key, recycled, kind);
     member = recycled ? DeleteTo::kRecycleBin : DeleteTo::kNowhere;
+  }
+
+  void operator()(std::string_view section, std::string_view key, PatternInvalid& member, SettingKind /*kind*/) const {
+    const std::int32_t number = file_.ReadInteger(section, key, static_cast<std::int32_t>(member));
+    constexpr auto kLast = static_cast<std::int32_t>(PatternInvalid::kWide);
+    if (number >= 0 && number <= kLast) member = static_cast<PatternInvalid>(number);
   }
 
  private:
@@ -105,8 +127,9 @@ std::string OptionText(const IniFile& file, std::string_view section, std::strin
 
 class SettingsWriter {
  public:
-  SettingsWriter(IniFile& file, WindowGeometry geometry, Numbers numbers)
-      : file_(file), geometry_(geometry), numbers_(numbers) {}
+  /// `defaults` has the default of each setting that is written only where it differs; null: all are written.
+  SettingsWriter(IniFile& file, WindowGeometry geometry, Numbers numbers, const IniFile* defaults)
+      : file_(file), geometry_(geometry), numbers_(numbers), defaults_(defaults) {}
 
   template <class Value>
   void operator()(std::string_view section, std::string_view key, const Value& member, SettingKind kind) const {
@@ -117,12 +140,11 @@ class SettingsWriter {
 
  private:
   void Write(std::string_view section, std::string_view key, const std::string& text, SettingKind kind) const {
-    const bool blank = kind == SettingKind::kReplaceText && text == " ";
-    file_.WriteString(section, key, blank ? kStoredBlank : text);
+    Put(section, key, StoredText(text, kind), kind);
   }
 
-  void Write(std::string_view section, std::string_view key, std::int32_t number, SettingKind /*kind*/) const {
-    file_.WriteString(section, key, std::to_string(number));
+  void Write(std::string_view section, std::string_view key, std::int32_t number, SettingKind kind) const {
+    Put(section, key, std::to_string(number), kind);
   }
 
   void Write(std::string_view section, std::string_view key, const std::optional<std::int32_t>& number,
@@ -131,7 +153,7 @@ class SettingsWriter {
   }
 
   void Write(std::string_view section, std::string_view key, bool on, SettingKind kind) const {
-    file_.WriteString(section, key, OptionText(file_, section, key, on, kind, numbers_));
+    Put(section, key, OptionText(file_, section, key, on, kind, numbers_), kind);
   }
 
   void Write(std::string_view section, std::string_view key, FindMethod method, SettingKind kind) const {
@@ -142,9 +164,20 @@ class SettingsWriter {
     Write(section, key, place == DeleteTo::kRecycleBin, kind);
   }
 
+  void Write(std::string_view section, std::string_view key, PatternInvalid choice, SettingKind kind) const {
+    Write(section, key, static_cast<std::int32_t>(choice), kind);
+  }
+
+  void Put(std::string_view section, std::string_view key, const std::string& text, SettingKind kind) const {
+    const bool asMissing = kind == SettingKind::kExtra && defaults_ != nullptr && !file_.FindString(section, key) &&
+                           defaults_->FindString(section, key) == text;
+    if (!asMissing) file_.WriteString(section, key, text);
+  }
+
   IniFile& file_;
   WindowGeometry geometry_;
   Numbers numbers_;
+  const IniFile* defaults_;
 };
 
 constexpr std::string_view kUpdate = "Update";
@@ -168,8 +201,11 @@ std::optional<OptionValues> LoadOptionValues(const std::string& path) {
 }
 
 void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometry geometry) {
-  VisitSettings(options,
-                SettingsWriter(file, geometry, options.storedByDialog ? Numbers::kOneAndZero : Numbers::kKept));
+  const OptionValues initial;
+  IniFile defaults{std::string()};
+  VisitSettings(initial, SettingsWriter(defaults, geometry, Numbers::kOneAndZero, nullptr));
+  const Numbers numbers = options.storedByDialog ? Numbers::kOneAndZero : Numbers::kKept;
+  VisitSettings(options, SettingsWriter(file, geometry, numbers, &defaults));
 }
 
 bool WriteAutoUpdate(const std::string& path, bool automatic) {

@@ -17,6 +17,7 @@ enum class SettingKind {
   kGeometry,     ///< the main window's place and size: written in its normal state only
   kReplaceText,  ///< one blank alone is stored as "[SPACE]"
   kApart,        ///< as kIsOne; never written with the others
+  kExtra,  ///< written only where it is in the file or differs from its default; a text keeps the blanks around it
 };
 
 /// Calls `visit(section, key, member, kind)` for every setting, in the order in which they are read and written.
@@ -80,6 +81,15 @@ void VisitSettings(Options& options, Visitor visit) {
   visit("Move", "RemainList", options.move.keepMovedRows, kIsOne);
   visit("Player", "AllPlay", options.player.continuous, kIsOne);
   visit("System", "Front", options.system.alwaysOnTop, kPlain);
+  visit("Extra", "ReadMoreTags", options.extra.readMoreTags, kExtra);
+  for (std::size_t i = 0; i < kPatternHistoryLength; ++i) {
+    visit("Extra", "Pattern" + std::to_string(i), options.extra.patterns[i], kExtra);
+  }
+  visit("Extra", "PatternStart", options.extra.patternStart, kExtra);
+  visit("Extra", "PatternStep", options.extra.patternStep, kExtra);
+  visit("Extra", "PatternWidth", options.extra.patternWidth, kExtra);
+  visit("Extra", "PatternInvalid", options.extra.patternInvalid, kExtra);
+  visit("Extra", "PatternReplacement", options.extra.patternReplacement, kExtra);
 }
 
 }  // namespace quillon

@@ -83,7 +83,7 @@ struct Folder {
 constexpr std::string_view kWindowFolder = "/window/";
 
 /// A subfolder is listed before its parent. Logic includes no windows, and windows include none of another subsystem.
-constexpr std::array<Folder, 22> kFolders = {{{"base/", 0},
+constexpr std::array<Folder, 26> kFolders = {{{"base/", 0},
                                               {"platform/desktop/", 2},
                                               {"platform/multimedia/", 2},
                                               {"platform/", 1},
@@ -92,19 +92,23 @@ constexpr std::array<Folder, 22> kFolders = {{{"base/", 0},
                                               {"paths/", 2},
                                               {"bregexp/", 2},
                                               {"media/", 3},
-                                              {"filelist/window/", 7},
-                                              {"filelist/", 4},
-                                              {"rename/window/", 7},
-                                              {"rename/", 5},
-                                              {"fileops/", 5},
-                                              {"player/window/", 7},
-                                              {"player/", 5},
-                                              {"dialogs/window/", 7},
-                                              {"dialogs/", 5},
-                                              {"app/window/", 8},
-                                              {"app/", 6},
-                                              {"cli/", 6},
-                                              {"quillon/", 9}}};
+                                              {"tags/", 4},
+                                              {"filelist/window/", 9},
+                                              {"filelist/", 5},
+                                              {"rename/window/", 9},
+                                              {"rename/", 6},
+                                              {"fileops/", 6},
+                                              {"pattern/window/", 9},
+                                              {"pattern/", 7},
+                                              {"plan/", 6},
+                                              {"player/window/", 9},
+                                              {"player/", 6},
+                                              {"dialogs/window/", 9},
+                                              {"dialogs/", 6},
+                                              {"app/window/", 10},
+                                              {"app/", 8},
+                                              {"cli/", 8},
+                                              {"quillon/", 11}}};
 
 const Folder* FolderOf(std::string_view pathBelowSrc) {
   const auto* const found = std::find_if(kFolders.begin(), kFolders.end(), [pathBelowSrc](const Folder& folder) {

@@ -59,6 +59,16 @@ void DescribeWindow(Description& text, const OptionValues::Window& window) {
   for (const std::int32_t width : window.columnWidths) text.Add("column width", width);
 }
 
+void DescribeExtra(Description& text, const OptionValues::Extra& extra) {
+  text.Add("readMoreTags", extra.readMoreTags);
+  for (const std::string& pattern : extra.patterns) text.Add("pattern", pattern);
+  text.Add("patternStart", extra.patternStart);
+  text.Add("patternStep", extra.patternStep);
+  text.Add("patternWidth", extra.patternWidth);
+  text.Add("patternInvalid", static_cast<int>(extra.patternInvalid));
+  text.Add("patternReplacement", extra.patternReplacement);
+}
+
 void DescribeFind(Description& text, const OptionValues::Find& find) {
   text.Add("filterByExtension", find.filterByExtension);
   text.Add("other.on", find.other.on);
@@ -82,6 +92,7 @@ class RandomValues {
   void operator()(bool& value) { value = Number(0, 1) == 1; }
   void operator()(FindMethod& value) { value = Number(0, 1) == 1 ? FindMethod::kRegex : FindMethod::kText; }
   void operator()(DeleteTo& value) { value = Number(0, 1) == 1 ? DeleteTo::kRecycleBin : DeleteTo::kNowhere; }
+  void operator()(PatternInvalid& value) { value = static_cast<PatternInvalid>(Number(0, 3)); }
   void operator()(std::string& value) {
     static constexpr std::array<std::string_view, 24> kPieces = {"a",  "Z",  "0", " ",  "  ", "=", ";", "[",
                                                                  "]",  "\"", "'", "\\", "/",  "%", "#", "音",
@@ -143,13 +154,14 @@ std::string Describe(const OptionValues& options) {
   text.Add("searchSubfolders", options.list.searchSubfolders);
   DescribeFind(text, options.find);
   text.Add("keepMovedRows", options.move.keepMovedRows);
+  DescribeExtra(text, options.extra);
   return text.Text();
 }
 
 OptionValues RandomOptionValues(unsigned seed) {
   OptionValues options;
   RandomValues random(seed);
-  auto& [system, window, player, modify, update, rename, list, find, move, storedByDialog] = options;
+  auto& [system, window, player, modify, update, rename, list, find, move, extra, storedByDialog] = options;
   static_cast<void>(storedByDialog);
   random.All(system.loadFolder, system.moveFolder, system.readPlayTimes, system.suppressConfirmations,
              system.alwaysOnTop);
@@ -165,6 +177,9 @@ OptionValues RandomOptionValues(unsigned seed) {
   random.All(find.filterByExtension, find.other.on, find.html.on, find.media.on, find.text.on, find.other.extensions,
              find.html.extensions, find.media.extensions, find.text.extensions);
   random(move.keepMovedRows);
+  random.All(extra.readMoreTags, extra.patternStart, extra.patternStep, extra.patternWidth, extra.patternInvalid,
+             extra.patternReplacement);
+  for (std::string& pattern : extra.patterns) random(pattern);
   return options;
 }
 

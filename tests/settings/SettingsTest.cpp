@@ -165,6 +165,27 @@ TEST_F(SettingsTest, FreshFileHasEveryKeyInOrder) {
   EXPECT_EQ(Written(options, WindowGeometry::kWrite), kFreshFile);
 }
 
+TEST_F(SettingsTest, AnExtraSettingIsWrittenOnceItDiffersFromItsDefault) {
+  OptionValues options;
+  options.extra.readMoreTags = true;
+  options.extra.patterns[0] = " {n} ";
+  options.extra.patterns[1] = "\"{n}\"";
+  const std::string on = Written(options, WindowGeometry::kKeep);
+  const std::string extra = on.substr(on.find("[Extra]"));
+  EXPECT_EQ(extra, "[Extra]\r\nReadMoreTags=1\r\nPattern0=\" {n} \"\r\nPattern1=\"\"{n}\"\"\r\n");
+  EXPECT_EQ(test::Describe(ReadValid(on)), test::Describe(options));
+
+  const std::string off = Written(OptionValues(), WindowGeometry::kKeep, on);
+  EXPECT_EQ(off.substr(off.find("[Extra]")), "[Extra]\r\nReadMoreTags=0\r\nPattern0=\r\nPattern1=\r\n");
+}
+
+TEST_F(SettingsTest, AWrongExtraSettingIsTakenAsMissing) {
+  const char* const wrong[] = {"ReadMoreTags=40000", "ReadMoreTags=yes", "PatternInvalid=4", "PatternInvalid=-1"};
+  for (const std::string line : wrong) {
+    EXPECT_EQ(test::Describe(ReadValid("[Extra]\r\n" + line + "\r\n")), test::Describe(OptionValues())) << line;
+  }
+}
+
 TEST_F(SettingsTest, EveryKeyIsReadIntoItsOwnMember) {
   // Each row changes one key of an otherwise empty file; comparing the whole record shows that nothing else changed.
   const struct {
@@ -187,6 +208,14 @@ TEST_F(SettingsTest, EveryKeyIsReadIntoItsOwnMember) {
       {"[Window]\nCol5_Width=105", [](auto& o) { o.window.columnWidths[4] = 105; }},
       {"[Window]\nCol6_Width=106", [](auto& o) { o.window.columnWidths[5] = 106; }},
       {"[Player]\nRepeat=1", [](auto& o) { o.player.repeat = true; }},
+      {"[Extra]\nReadMoreTags=1", [](auto& o) { o.extra.readMoreTags = true; }},
+      {"[Extra]\nPattern0={n} {title}", [](auto& o) { o.extra.patterns[0] = "{n} {title}"; }},
+      {"[Extra]\nPattern9=\" {n} \"", [](auto& o) { o.extra.patterns[9] = " {n} "; }},
+      {"[Extra]\nPatternStart=-7", [](auto& o) { o.extra.patternStart = -7; }},
+      {"[Extra]\nPatternStep=70000", [](auto& o) { o.extra.patternStep = 70000; }},
+      {"[Extra]\nPatternWidth=3", [](auto& o) { o.extra.patternWidth = 3; }},
+      {"[Extra]\nPatternInvalid=3", [](auto& o) { o.extra.patternInvalid = PatternInvalid::kWide; }},
+      {"[Extra]\nPatternReplacement=_", [](auto& o) { o.extra.patternReplacement = "_"; }},
       {"[Player]\nAllPlay=1", [](auto& o) { o.player.continuous = true; }},
       {"[Modify]\nReviceFlag=1", [](auto& o) { o.modify.replaceInvalid = true; }},
       {"[Modify]\nReviceText=_", [](auto& o) { o.modify.invalidReplacement = "_"; }},
