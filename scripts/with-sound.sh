@@ -10,16 +10,16 @@ QUILLON_SOUND_FOLDER=$(mktemp -d)
 # shellcheck disable=SC2016
 setpriv --pdeathsig TERM bash -c '
   trap : TERM
-  exec >/dev/null 2>&1 </dev/null
+  exec >"$QUILLON_SOUND_FOLDER/log" 2>&1 </dev/null
   env -u DBUS_SESSION_BUS_ADDRESS -u PULSE_SERVER HOME="$QUILLON_SOUND_FOLDER" XDG_CONFIG_HOME="$QUILLON_SOUND_FOLDER" \
     XDG_RUNTIME_DIR="$QUILLON_SOUND_FOLDER" pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
     -L "module-native-protocol-unix socket=$QUILLON_SOUND_FOLDER/native auth-anonymous=1" \
     -L "module-null-sink sink_name=null norewinds=1" &
   server=$!
-  wait "$server"
+  wait "$server" || [ -S "$QUILLON_SOUND_FOLDER/native" ] || touch "$QUILLON_SOUND_FOLDER/failed"
   kill "$server"
   wait "$server"
-  rm -rf "$QUILLON_SOUND_FOLDER"' &
+  [ -e "$QUILLON_SOUND_FOLDER/failed" ] || rm -rf "$QUILLON_SOUND_FOLDER"' &
 keeper=$!
 
 # Linux programs and Wine use this variable first, whatever their runtime folder is.
@@ -31,6 +31,8 @@ for _ in $(seq 300); do
 done
 if [ ! -S "$QUILLON_SOUND_FOLDER/native" ]; then
   echo "with-sound.sh: pulseaudio does not start: there is no sound" >&2
+  tail -n 5 "$QUILLON_SOUND_FOLDER/log" >&2 || true
+  rm -rf "$QUILLON_SOUND_FOLDER"
   unset PULSE_SERVER
 fi
 exec "$@"
