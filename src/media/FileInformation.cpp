@@ -88,12 +88,12 @@ MediaRecord EmptyRecord(const FileType& type) {
   return std::monostate();
 }
 
-MediaRecord ReadRecord(ByteSource& file, const FileType& type) {
-  if (type.Media() == MediaType::kMidi) return ReadMidiInfo(file);
+MediaRecord ReadRecord(ByteSource& file, const FileType& type, StoredText stored) {
+  if (type.Media() == MediaType::kMidi) return ReadMidiInfo(file, stored);
   if (type.Media() != MediaType::kMp3) return std::monostate();
   BlockReader reader(file);
   switch (DetectTagKind(reader)) {
-    case tag_kind::kId3v1: return ReadId3v1(reader);
+    case tag_kind::kId3v1: return ReadId3v1(reader, TagFields::kAll, stored);
     case tag_kind::kId3v2: return ReadId3v2(reader);
     default: return ReadRiffInfo(reader);
   }
@@ -114,21 +114,23 @@ std::string DetailLine(const MediaRecord& record) {
 }
 
 FileInformation ReadFileInformation(ByteSource& file, const FileType& rowType, std::optional<std::int32_t> playTimeMs,
-                                    std::string_view furtherText) {
+                                    std::string_view furtherText, StoredText stored) {
   const auto lines = [&](const MediaRecord& record) {
     return FileInformation{SummaryLine(file.Size(), rowType, record, playTimeMs, furtherText), DetailLine(record)};
   };
   try {
-    return lines(ReadRecord(file, rowType));
+    return lines(ReadRecord(file, rowType, stored));
   } catch (const std::bad_alloc&) {
     return lines(EmptyRecord(rowType));
   }
 }
 
 FileInformation ReadFileInformation(const std::string& path, const FileType& rowType, std::uint64_t knownLength,
-                                    std::optional<std::int32_t> playTimeMs) {
+                                    std::optional<std::int32_t> playTimeMs, StoredText stored) {
   const std::string furtherText = rowType == "MIDI" || rowType == "MP3" ? std::string() : FurtherText(path);
-  if (const auto file = OpenSystemFile(path)) return ReadFileInformation(*file, rowType, playTimeMs, furtherText);
+  if (const auto file = OpenSystemFile(path)) {
+    return ReadFileInformation(*file, rowType, playTimeMs, furtherText, stored);
+  }
   return {SummaryLine(knownLength, rowType, std::monostate(), playTimeMs, furtherText), std::string(kNothing)};
 }
 

@@ -8,6 +8,7 @@
 
 #include "base/ByteSource.h"
 #include "media/MediaType.h"
+#include "media/StoredText.h"
 #include "media/basID3TAGControl.h"
 #include "media/basMIDIInfo.h"
 #include "media/basRIFFInfo.h"
@@ -43,10 +44,12 @@ struct FileInformation {
 /// those of a file without texts, tag and header.
 [[nodiscard]] FileInformation ReadFileInformation(ByteSource& file, const FileType& rowType,
                                                   std::optional<std::int32_t> playTimeMs,
-                                                  std::string_view furtherText = {});
+                                                  std::string_view furtherText = {},
+                                                  StoredText stored = StoredText::kAnsi);
 /// The same by path. For types without a reader `furtherText` is the desktop's description of the type, or, where it
 /// has none, the name of the file's folder. A file that cannot be opened is described by its type and `knownLength`.
 [[nodiscard]] FileInformation ReadFileInformation(const std::string& path, const FileType& rowType,
-                                                  std::uint64_t knownLength, std::optional<std::int32_t> playTimeMs);
+                                                  std::uint64_t knownLength, std::optional<std::int32_t> playTimeMs,
+                                                  StoredText stored = StoredText::kAnsi);
 
 }  // namespace quillon

@@ -17,14 +17,14 @@ namespace {
 
 constexpr std::uint64_t kId3v1Length = 128;
 
-MediaInfo ReadUntrimmed(ByteSource& file, const FileType& type) {
+MediaInfo ReadUntrimmed(ByteSource& file, const FileType& type, StoredText stored) {
   if (type.Media() == MediaType::kMidi) {
-    MidiInfo midi = ReadMidiInfo(file);
+    MidiInfo midi = ReadMidiInfo(file, stored);
     return {std::move(midi.title), std::move(midi.copyright)};
   }
   if (type.Media() == MediaType::kMp3) {
     BlockReader reader(file);
-    return ReadMp3Info(reader, DetectTagKind(reader));
+    return ReadMp3Info(reader, DetectTagKind(reader), stored);
   }
   if (type.Media() == MediaType::kPage) {
     auto title = ReadHtmlTitle(file);
@@ -56,21 +56,21 @@ std::uint8_t DetectTagKind(const std::string& path) {
   return file ? DetectTagKind(*file) : tag_kind::kNone;
 }
 
-MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind) {
+MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind, StoredText stored) {
   if (tagKind <= 1) {
-    Id3v1Info tag = ReadId3v1(file, TagFields::kTitleAndArtist);
+    Id3v1Info tag = ReadId3v1(file, TagFields::kTitleAndArtist, stored);
     return {std::move(tag.title), std::move(tag.artist)};
   }
   if (tagKind <= 3) {
     Id3v2Info tag = ReadId3v2(file, TagFields::kTitleAndArtist);
-    return {std::move(tag.title), std::move(tag.artist)};
+    return {std::move(tag.title), std::move(tag.artist), tag.majorVersion == kId3VersionWithoutFrames};
   }
   RiffInfo riff = ReadRiffInfo(file, TagFields::kTitleAndArtist);
   return {std::move(riff.name), std::move(riff.artist)};
 }
 
-MediaInfo ReadMediaInfo(ByteSource& file, const FileType& type) try {
-  MediaInfo info = ReadUntrimmed(file, type);
+MediaInfo ReadMediaInfo(ByteSource& file, const FileType& type, StoredText stored) try {
+  MediaInfo info = ReadUntrimmed(file, type, stored);
   CutToCell(info.title);
   CutToCell(info.copyright);
   return info;

@@ -7,6 +7,7 @@
 #include "base/ByteSource.h"
 #include "media/BlockReader.h"
 #include "media/MediaType.h"
+#include "media/StoredText.h"
 
 /// A file's media type, and the texts that its list row shows.
 namespace quillon {
@@ -27,6 +28,7 @@ inline constexpr std::uint8_t kNone = 4;   ///< neither; also for a file that ca
 struct MediaInfo {
   std::string title;
   std::string copyright;  ///< the copyright of a MIDI file, the artist of an MP3 file
+  bool newerTag = false;  ///< an MP3 file's tag is of version 2.4, which is not read
 
   bool operator==(const MediaInfo&) const = default;
 };
@@ -35,12 +37,12 @@ struct MediaInfo {
 inline constexpr std::string_view kNoMediaText = "---";
 
 /// Reads an MP3 file whose tag kind is known. Without a tag, reads the texts of a RIFF wrapper, if there is one.
-[[nodiscard]] MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind);
+[[nodiscard]] MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind, StoredText stored = StoredText::kAnsi);
 
 /// Reads an opened file according to its type. Missing texts are empty; a type without a reader gives
 /// kNoMediaText for both. Pages are read as MediaType::kPage only, which GetMediaType never gives: in the list, pages
 /// show kNoMediaText. When memory runs out, the texts are empty. Never reports errors.
-[[nodiscard]] MediaInfo ReadMediaInfo(ByteSource& file, const FileType& type);
+[[nodiscard]] MediaInfo ReadMediaInfo(ByteSource& file, const FileType& type, StoredText stored = StoredText::kAnsi);
 
 /// The same by path, its type decided by its extension. A type without a reader is not opened.
 [[nodiscard]] MediaInfo ReadMediaInfo(const std::string& path);

@@ -17,20 +17,12 @@ constexpr std::size_t kTrailerLength = 128;
 constexpr std::size_t kHeaderLength = 10;
 constexpr std::size_t kLongestVersion11Comment = 14;
 
-// The frames of version 2.4 are not read: as three-letter frames, "TALB" would match "TAL", and bytes of its size would
-// be read as text.
-constexpr std::uint8_t kVersionWithoutFrames = 4;
-
 std::uint32_t Byte(char c) {
   return static_cast<unsigned char>(c);
 }
 
 bool TestBit(std::uint32_t byte, unsigned number) {
   return (byte >> number & 1u) != 0;
-}
-
-std::string AnsiField(std::string_view bytes) {
-  return AnsiToUtf8(bytes.substr(0, bytes.find('\0')));
 }
 
 std::int16_t Year(std::string_view text) {
@@ -267,19 +259,19 @@ void ReadTexts(BlockReader& file, const FramePlaces& places, TagFields wanted, I
 
 }  // namespace
 
-Id3v1Info ReadId3v1(BlockReader& file, TagFields wanted) {
+Id3v1Info ReadId3v1(BlockReader& file, TagFields wanted, StoredText stored) {
   if (file.Size() < kTrailerLength) return {};
   const std::string_view trailer = file.View(file.Size() - kTrailerLength, kTrailerLength);
   if (trailer.size() < kTrailerLength) return {};
   Id3v1Info info;
-  info.title = AnsiField(trailer.substr(3, 30));
-  info.artist = AnsiField(trailer.substr(33, 30));
+  info.title = DecodeStoredField(trailer.substr(3, 30), stored);
+  info.artist = DecodeStoredField(trailer.substr(33, 30), stored);
   if (wanted == TagFields::kTitleAndArtist) return info;
-  info.album = AnsiField(trailer.substr(63, 30));
+  info.album = DecodeStoredField(trailer.substr(63, 30), stored);
   info.year = Year(trailer.substr(93, 4));
-  info.comment = AnsiField(trailer.substr(97, 30));
+  info.comment = DecodeStoredField(trailer.substr(97, 30), stored);
   info.genre = static_cast<std::uint8_t>(trailer[127]);
-  if (CharacterCount(info.comment) <= kLongestVersion11Comment) {
+  if (CharacterCount(DecodeStoredField(trailer.substr(97, 30), StoredText::kAnsi)) <= kLongestVersion11Comment) {
     info.version11 = 1;
     info.track = static_cast<std::uint8_t>(trailer[126]);
   }
@@ -301,7 +293,8 @@ Id3v2Info ReadId3v2(BlockReader& file, TagFields wanted) {
   ReadHeader(file, info);
   ExtendedHeader extended;
   if (info.majorVersion >= 3 && info.extendedHeader) extended = ReadExtendedHeader(file, info);
-  if (info.majorVersion != kVersionWithoutFrames) ReadTexts(file, FindFrames(file, extended, info), wanted, info);
+  // Read as three-letter frames, version 2.4's "TALB" would match "TAL", and bytes of its size would be read as text.
+  if (info.majorVersion != kId3VersionWithoutFrames) ReadTexts(file, FindFrames(file, extended, info), wanted, info);
   return info;
 }
 

@@ -5,6 +5,7 @@
 
 #include "base/ByteSource.h"
 #include "media/BlockReader.h"
+#include "media/StoredText.h"
 #include "media/TagFields.h"
 
 /// The two tag formats of MP3 files. Texts are UTF-8.
@@ -52,13 +53,17 @@ struct Id3v2Info {
 };
 
 /// Reads the last 128 bytes. The caller has checked that they begin with "TAG". A shorter file gives the empty record.
-/// A text ends at its first zero byte and is decoded from code page 932; blanks are kept.
-[[nodiscard]] Id3v1Info ReadId3v1(BlockReader& file, TagFields wanted = TagFields::kAll);
+/// A text ends at its first zero byte and is decoded as `stored` says; blanks are kept.
+[[nodiscard]] Id3v1Info ReadId3v1(BlockReader& file, TagFields wanted = TagFields::kAll,
+                                  StoredText stored = StoredText::kAnsi);
 [[nodiscard]] Id3v1Info ReadId3v1(ByteSource& file);
 [[nodiscard]] Id3v1Info ReadId3v1(const std::string& path);
 
 /// The largest number of frames read from a tag. Real tags have tens, with chapters and pictures hundreds.
 inline constexpr int kMostId3Frames = 10000;
+
+/// The major version of the tags whose frames are not read.
+inline constexpr std::uint8_t kId3VersionWithoutFrames = 4;
 
 /// Reads the tag of a file. The caller has checked that the file begins with "ID3".
 ///

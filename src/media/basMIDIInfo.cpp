@@ -8,7 +8,6 @@
 
 #include "base/ByteSearch.h"
 #include "media/WindowReader.h"
-#include "platform/Ansi.h"
 #include "platform/FileSystem.h"
 
 namespace quillon {
@@ -87,15 +86,15 @@ std::optional<std::int16_t> NumberAt(std::string_view bytes, std::size_t offset)
 }
 
 /// The text of the event at `place`, empty without an event; nullopt when the data ends before the length byte.
-std::optional<std::string> EventText(const Contents& contents, const Place& place) {
+std::optional<std::string> EventText(const Contents& contents, const Place& place, StoredText stored) {
   if (!place) return std::string();
   std::array<char, 1 + 255> copy;
   const std::string_view bytes = contents.At(*place + 2, copy);
   if (bytes.empty()) return std::nullopt;
-  return AnsiToUtf8(bytes.substr(1, static_cast<unsigned char>(bytes[0])));
+  return DecodeStoredText(bytes.substr(1, static_cast<unsigned char>(bytes[0])), stored);
 }
 
-MidiInfo Take(const Places& places, const Contents& contents) {
+MidiInfo Take(const Places& places, const Contents& contents, StoredText stored) {
   if (!places.Header() || !places.Track()) return {};
   std::array<char, 6> copy;
   const std::string_view numbers = contents.At(*places.Header() + 8, copy);
@@ -103,20 +102,20 @@ MidiInfo Take(const Places& places, const Contents& contents) {
   const auto trackCount = NumberAt(numbers, 2);
   const auto division = NumberAt(numbers, 4);
   if (!format || !trackCount || !division) return {};
-  auto title = EventText(contents, places.Title());
-  auto copyright = EventText(contents, places.Copyright());
+  auto title = EventText(contents, places.Title(), stored);
+  auto copyright = EventText(contents, places.Copyright(), stored);
   if (!title || !copyright) return {};
   return {*format, *trackCount, *division, *std::move(title), *std::move(copyright)};
 }
 
 }  // namespace
 
-MidiInfo ReadMidiInfo(ByteSource& file) {
+MidiInfo ReadMidiInfo(ByteSource& file, StoredText stored) {
   if (file.IsHiddenOrSystem() || file.Size() > kLargestFile) return {};
   WindowReader window(file, kOverlap);
   Places places;
   while (!places.Complete() && window.Next()) places.LookAt(window.Bytes(), window.Offset());
-  return Take(places, {file, window});
+  return Take(places, {file, window}, stored);
 }
 
 MidiInfo ReadMidiInfo(const std::string& path) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/ByteSource.h"
+#include "media/StoredText.h"
 
 namespace quillon {
 
@@ -13,7 +14,7 @@ struct MidiInfo {
   std::int16_t format = 0;      ///< 0, 1 or 2, as stored
   std::int16_t trackCount = 0;  ///< as stored
   std::int16_t division = 0;    ///< ticks per quarter note
-  std::string title;            ///< the first track's first text or name event; UTF-8, decoded from code page 932
+  std::string title;            ///< the first track's first text or name event; UTF-8
   std::string copyright;        ///< the first track's copyright event
 
   bool operator==(const MidiInfo&) const = default;
@@ -27,7 +28,7 @@ struct MidiInfo {
 /// Never reports errors: a hidden or system file, one of 2 GiB or more, one without "MThd" or "MTrk", one that ends
 /// inside a number, and one whose numbers do not fit (a division in SMPTE form) give the empty record. A text that the
 /// end of the file cuts off is kept up to there.
-[[nodiscard]] MidiInfo ReadMidiInfo(ByteSource& file);
+[[nodiscard]] MidiInfo ReadMidiInfo(ByteSource& file, StoredText stored = StoredText::kAnsi);
 [[nodiscard]] MidiInfo ReadMidiInfo(const std::string& path);
 
 }  // namespace quillon
