@@ -32,13 +32,13 @@ need_packages() {
 }
 
 linux_packages=(g++ cmake ninja-build pkg-config libutf8proc-dev libpcre2-dev libglib2.0-dev libcli11-dev nlohmann-json3-dev
-  libwxgtk3.2-dev libgtk-3-dev libicu-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev)
+  libtag1-dev libwxgtk3.2-dev libgtk-3-dev libicu-dev libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev)
 # Plug-ins to play MP3, MIDI, WAVE, MPEG and AVI, and the instruments for MIDI.
 play_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-libav
   gstreamer1.0-x gstreamer1.0-alsa gstreamer1.0-pulseaudio timgm6mb-soundfont)
 # Libraries of the test programs, which the preset builds.
 test_build_packages=(libgtest-dev libgmock-dev libxcb1-dev libxml2-dev libchm-dev)
-benchmark_packages=(libbenchmark-dev libtag1-dev)
+benchmark_packages=(libbenchmark-dev)
 test_packages=("${test_build_packages[@]}" gstreamer1.0-tools locales util-linux strace fp-utils-3.2.2)
 # Fonts and icons for the window, and a tool to check for a display.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
@@ -47,7 +47,7 @@ window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotoo
   python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0)
 # Inaudible sound for tests that need its time to pass; tools to make films and songs for them.
 sound_packages=(pulseaudio pulseaudio-utils util-linux gstreamer1.0-tools)
-windows_packages=("${sound_packages[@]}" fp-utils-3.2.2 g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64 ca-certificates)
+windows_packages=("${sound_packages[@]}" fp-utils-3.2.2 g++-mingw-w64-x86-64-posix dpkg-dev googletest libutfcpp-dev wine wine64 ca-certificates)
 # Tools to make the packages (package.sh) and to check them.
 package_packages=(file librsvg2-bin nsis fp-utils-3.2.2 lintian devscripts desktop-file-utils appstream debootstrap man-db)
 style_packages=(clang-format clang-tidy)

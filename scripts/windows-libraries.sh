@@ -76,6 +76,12 @@ if ! is_done utf8proc-2.8.0; then
   unpack utf8proc 2.8.0-1
   build utf8proc 2.8.0 "$work/utf8proc"
 fi
+if ! is_done taglib-1.13; then
+  unpack taglib 1.13-2+deb12u1
+  # utf8cpp, headers alone, is the host's. zlib would be for compressed frames only, which are not read.
+  build taglib 1.13 "$work/taglib" -DBUILD_TESTING=OFF -DBUILD_EXAMPLES=OFF -DBUILD_BINDINGS=OFF \
+    -DCMAKE_DISABLE_FIND_PACKAGE_ZLIB=ON "-DCMAKE_CXX_FLAGS=-isystem /usr/include/utf8cpp"
+fi
 if ! is_done wxwidgets-3.2.2; then
   unpack wxwidgets3.2 3.2.2+dfsg-2
   # SVG pictures are drawn by wxWidgets' own NanoSVG; wxUSE_SVG is for writing SVG files, which needs libpng.

@@ -5,8 +5,11 @@ configure_file(${SOURCE}/packaging/windows/README.txt.in ${OUTPUT}/README.txt @O
 # The programs hold their libraries, whose licenses have to come along: those of the Debian packages that the libraries,
 # or the same versions of them, are from.
 set(text "What Quillon's programs for Windows hold of others, and under which conditions.\n")
+# TagLib lets its users choose between two licenses.
+string(APPEND text "TagLib is used under the Mozilla Public License 1.1. Its source is Debian's source package taglib.\n")
 string(REPEAT "=" 78 rule)
-foreach(entry "wxWidgets=libwxgtk3.2-dev" "PCRE2=libpcre2-dev" "utf8proc=libutf8proc-dev" "CLI11=libcli11-dev"
+foreach(entry "wxWidgets=libwxgtk3.2-dev" "PCRE2=libpcre2-dev" "utf8proc=libutf8proc-dev" "TagLib=libtag1-dev"
+        "UTF8-CPP=libutfcpp-dev" "CLI11=libcli11-dev"
         "JSON for Modern C++=nlohmann-json3-dev" "MinGW-w64=mingw-w64-common"
         "the libraries of GCC=gcc-mingw-w64-base")
   string(REGEX REPLACE "=.*" "" library ${entry})

@@ -15,13 +15,13 @@ enum class TagSources {
 
 /// Texts are UTF-8, without blanks around them; empty, 0 and nullopt where nothing is known.
 struct SongDetails {
-  std::string title;
-  std::string artist;
-  std::string album;
-  std::string genre;  ///< its name, also where the tag has its number
+  std::string title = {};
+  std::string artist = {};
+  std::string album = {};
+  std::string genre = {};  ///< its name, also where the tag has its number
   int track = 0;
   int year = 0;
-  std::optional<std::int32_t> lengthMs;  ///< playing time
+  std::optional<std::int32_t> lengthMs = std::nullopt;  ///< playing time
 
   bool operator==(const SongDetails&) const = default;
 };

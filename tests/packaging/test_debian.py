@@ -82,7 +82,7 @@ class Debian(unittest.TestCase):
 
     def test_depends_on_linked_libraries_and_recommends_the_players_plugins(self):
         depends = re.findall(r"([a-z0-9.+-]+)(?: \([^)]*\))?(?:, |$)", self.field("Depends"))
-        for library in ("libc6", "libstdc++6", "libpcre2-8-0", "libutf8proc2"):
+        for library in ("libc6", "libstdc++6", "libpcre2-8-0", "libutf8proc2", "libtag1v5"):
             self.assertIn(library, depends)
         for library in ("libwxgtk3.2-1", "libgtk-3-0", "libgstreamer1.0-0"):
             self.assertTrue(any(name in (library, library + "t64") for name in depends), (library, depends))

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string_view>
+
+#include "base/ByteSource.h"
+#include "media/MediaType.h"
+#include "media/TagFields.h"
+#include "tags/SongDetails.h"
+
+/// Tags as TagLib reads them.
+namespace quillon {
+
+/// True for the types whose files TagLib can read.
+[[nodiscard]] bool HasMoreTags(const FileType& type);
+
+/// True for those whose files TagLib alone can read and which nearly always have tags: music of the usual kinds.
+[[nodiscard]] bool UsuallyHasMoreTags(const FileType& type);
+
+/// Reads an opened file according to its type, or, where it is no such file, according to its contents. Never reports
+/// errors: what is not known stays empty. TagFields::kTitleAndArtist leaves out the playing time, which may take longer
+/// to find than the texts.
+///
+/// Texts without a stated encoding are StoredText::kUtf8OrAnsi.
+[[nodiscard]] SongDetails ReadTagLibDetails(ByteSource& file, const FileType& type, TagFields wanted = TagFields::kAll);
+
+}  // namespace quillon
