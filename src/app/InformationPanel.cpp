@@ -1,8 +1,8 @@
 #include "app/InformationPanel.h"
 
-#include "media/FileInformation.h"
-#include "media/MediaInfo.h"
+#include "filelist/Registration.h"
 #include "paths/basFileControl.h"
+#include "tags/SongReader.h"
 
 namespace quillon {
 
@@ -21,7 +21,8 @@ void InformationPanel::ShowRow(int index) {
   const FileItem& row = list_.Row(index);
   std::optional<std::int32_t> playTime;
   if (options_.system.readPlayTimes && IsPlayableType(row.type)) playTime = playTimes_.LengthOfChosenFile();
-  const FileInformation information = ReadFileInformation(row.location, row.type, row.size, playTime);
+  const FileInformation information =
+      ReadInformation(row.location, row.type, row.size, playTime, TagSourcesOf(options_));
   boxes_.SetTitle(row.title);
   ShowFileName(row.location);
   boxes_.SetSummary(information.summary);

@@ -102,14 +102,18 @@ LoadOutcome LoadCommands::Register(std::vector<std::string> paths, Clearing clea
   return LoadOutcome::kLoaded;
 }
 
+RegisterOptions LoadCommands::RegisterAs(OnError onError) const {
+  return {.checked = session_.options.list.checkLoadedRows, .onError = onError, .tags = TagSourcesOf(session_.options)};
+}
+
 Registered LoadCommands::RegisterShown(std::vector<std::string> paths, OnError onError, bool showsStart) {
   windows_.progress.Begin("ファイル情報解析中...", "");
   const Finally ended([this] { windows_.progress.End(); });
   ShownProgress progress(
       screen_.pending, windows_.progress, {.indent = "  ", .showsStart = showsStart}, [this] { return cancelled_; },
       progressInterval_);
-  Registered registered = RegisterFiles(session_.list, files_, std::move(paths),
-                                        {session_.options.list.checkLoadedRows, onError}, progress, session_.style);
+  Registered registered =
+      RegisterFiles(session_.list, files_, std::move(paths), RegisterAs(onError), progress, session_.style);
   passedOver_.Add(registered.passedOver);
   return registered;
 }
@@ -124,8 +128,8 @@ LoadOutcome LoadCommands::Failed(const FileError& error) {
 
 LoadOutcome LoadCommands::AddFile(const std::string& path) {
   Unwatched progress;
-  const Registered registered = RegisterFiles(
-      session_.list, files_, {path}, {session_.options.list.checkLoadedRows, OnError::kEnd}, progress, session_.style);
+  const Registered registered =
+      RegisterFiles(session_.list, files_, {path}, RegisterAs(OnError::kEnd), progress, session_.style);
   if (registered.duplicates > 0) {
     TellDuplicates(1);
     return LoadOutcome::kDuplicate;
@@ -188,7 +192,7 @@ void LoadCommands::ReadAnew() {
   const Finally ended([this] { windows_.progress.End(); });
   ShownProgress progress(
       screen_.pending, windows_.progress, {}, [this] { return cancelled_; }, progressInterval_);
-  ReadRowsAnew(session_.list, files_, {session_.options.list.checkLoadedRows}, progress, session_.style);
+  ReadRowsAnew(session_.list, files_, RegisterAs(OnError::kEnd), progress, session_.style);
 }
 
 void LoadCommands::ShowFirstRow() {

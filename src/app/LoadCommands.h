@@ -68,6 +68,7 @@ class LoadCommands {
   LoadOutcome Load(std::string folder, Clearing clearing);
   LoadOutcome Register(std::vector<std::string> paths, Clearing clearing);
   FoundFiles Search(const std::string& folder);
+  [[nodiscard]] RegisterOptions RegisterAs(OnError onError) const;
   Registered RegisterShown(std::vector<std::string> paths, OnError onError, bool showsStart);
   LoadOutcome Failed(const FileError& error);
   void AddFiles(const std::vector<std::string>& paths);

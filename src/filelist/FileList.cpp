@@ -132,6 +132,12 @@ void FileList::SetRenameName(int index, std::string name) {
   RowTouched(index);
 }
 
+void FileList::SetTexts(int index, std::string title, std::string artist) {
+  MutableRow(index).title = std::move(title);
+  MutableRow(index).artist = std::move(artist);
+  RowTouched(index);
+}
+
 void FileList::SetLocation(int index, std::string location) {
   Relocate(MutableRow(index), std::move(location));
   RowTouched(index);

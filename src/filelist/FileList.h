@@ -74,6 +74,7 @@ class FileList {
 
   void SetRenameName(int index, std::string name);
   void SetLocation(int index, std::string location);
+  void SetTexts(int index, std::string title, std::string artist);
   void SetChecked(int index, bool checked);
   void SetSelected(int index, bool selected);
   /// Selects this row and no other.

@@ -7,6 +7,8 @@
 #include "base/Result.h"
 #include "media/MediaInfo.h"
 #include "paths/basFileControl.h"
+#include "tags/SongReader.h"
+#include "tags/TagLibReader.h"
 
 namespace quillon {
 namespace {
@@ -20,25 +22,35 @@ std::optional<Obstacle> ObstacleOf(const FileError& error) {
   }
 }
 
-Result<FileItem, FileError> ReadRow(FileReads& files, const std::string& path, PathStyle style) {
+struct ReadFile {
   FileItem row;
+  bool hasUnreadTag = false;  ///< one that TagSources::kAll reads
+};
+
+Result<ReadFile, FileError> ReadRow(FileReads& files, const std::string& path, TagSources tags, PathStyle style) {
+  ReadFile read;
+  FileItem& row = read.row;
   row.type = GetMediaType(Extension(path, style));
-  const std::unique_ptr<ByteSource> file = HasReader(row.type) ? files.OpenFile(path) : nullptr;
+  const bool isRead = IsReadForRow(row.type, tags);
+  const std::unique_ptr<ByteSource> file = isRead ? files.OpenFile(path) : nullptr;
   if (file) {
-    MediaInfo info = ReadMediaInfo(*file, row.type);
+    MediaInfo info = ReadRowTexts(*file, row.type, tags);
     row.size = file->Size();
     row.title = std::move(info.title);
     row.artist = std::move(info.copyright);
+    read.hasUnreadTag = tags == TagSources::kStandard && info.newerTag && HasNoTitle(row);
   } else {
     const Result<FileStatus, FileError> status = files.Status(path);
     if (!status) return status.Failure();
     if (status->kind != FileStatus::Kind::kFile) return FileError{file_error::kNotFound, {}};
     row.size = status->length;
+    // A file that has no reader of its own has these texts also when it cannot be opened.
     if (!HasReader(row.type)) row.title = row.artist = kNoMediaText;
+    read.hasUnreadTag = !isRead && UsuallyHasMoreTags(row.type);
   }
   row.renameName = BaseName(path, style);
   row.location = path;
-  return row;
+  return read;
 }
 
 /// Adds the type's icon number and the options' check mark to a row.
@@ -49,6 +61,10 @@ FileItem Listed(FileItem row, FileList& list, const RegisterOptions& options) {
 }
 
 }  // namespace
+
+TagSources TagSourcesOf(const OptionValues& options) {
+  return options.extra.readMoreTags ? TagSources::kAll : TagSources::kStandard;
+}
 
 Registered RegisterFiles(FileList& list, FileReads& files, std::vector<std::string> paths,
                          const RegisterOptions& options, Progress& progress, PathStyle style) {
@@ -63,13 +79,14 @@ Registered RegisterFiles(FileList& list, FileReads& files, std::vector<std::stri
     const std::string path = std::move(held);  // the row keeps it; a million paths are not held twice
     if (list.ContainsFile(path)) {
       ++registered.duplicates;
-    } else if (Result<FileItem, FileError> row = ReadRow(files, path, style)) {
-      list.Add(Listed(std::move(*row), list, options));
-    } else if (const std::optional<Obstacle> obstacle = ObstacleOf(row.Failure());
+    } else if (Result<ReadFile, FileError> read = ReadRow(files, path, options.tags, style)) {
+      if (read->hasUnreadTag) ++registered.unreadTags;
+      list.Add(Listed(std::move(read->row), list, options));
+    } else if (const std::optional<Obstacle> obstacle = ObstacleOf(read.Failure());
                obstacle || options.onError == OnError::kPassOver) {
       registered.passedOver.push_back({path, obstacle.value_or(Obstacle::kNoAccess)});
     } else {
-      registered.error = row.Failure();
+      registered.error = read.Failure();
       break;
     }
     goesOn = progress.Continue(++done, paths.size(), path);
@@ -87,15 +104,32 @@ void ReadRowsAnew(FileList& list, FileReads& files, const RegisterOptions& optio
   for (std::size_t done = 1; done <= count && goesOn; ++done) {
     const int index = static_cast<int>(done);
     const std::string path = list.Row(index).location;
-    Result<FileItem, FileError> row = ReadRow(files, path, style);
-    if (row) {
-      list.Replace(index, Listed(std::move(*row), list, options));
-    } else if (row.Failure().number == file_error::kNotFound) {
+    Result<ReadFile, FileError> read = ReadRow(files, path, options.tags, style);
+    if (read) {
+      list.Replace(index, Listed(std::move(read->row), list, options));
+    } else if (read.Failure().number == file_error::kNotFound) {
       missing[done] = true;
     }
     goesOn = progress.Continue(done, count, path);
   }
   list.RemoveWhere([&](int index, const FileItem&) { return missing[static_cast<std::size_t>(index)]; });
+}
+
+void ReadTitlesAnew(FileList& list, FileReads& files, Progress& progress) {
+  list.BeginChanges();
+  const Finally told([&list] { list.EndChanges(); });
+  const auto count = static_cast<std::size_t>(list.Count());
+  bool goesOn = progress.Continue(0, count, {});
+  for (std::size_t done = 1; done <= count && goesOn; ++done) {
+    const int index = static_cast<int>(done);
+    const FileItem& row = list.Row(index);
+    const bool isRead = HasNoTitle(row) && IsReadForRow(row.type, TagSources::kAll);
+    if (const std::unique_ptr<ByteSource> file = isRead ? files.OpenFile(row.location) : nullptr) {
+      MediaInfo info = ReadRowTexts(*file, row.type, TagSources::kAll);
+      list.SetTexts(index, std::move(info.title), std::move(info.copyright));
+    }
+    goesOn = progress.Continue(done, count, row.location);
+  }
 }
 
 }  // namespace quillon
