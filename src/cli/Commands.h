@@ -11,6 +11,7 @@ namespace quillon::cli {
 
 struct ListArguments {
   Selection selection;
+  TagSources tags = TagSources::kStandard;
   bool json = false;
 };
 [[nodiscard]] int RunList(const ListArguments& arguments);
@@ -20,6 +21,7 @@ enum class Reader { kByType, kMidi, kId3v1, kId3v2, kRiff, kHtml };
 struct InfoArguments {
   std::vector<std::string> paths;
   Reader reader = Reader::kByType;
+  TagSources tags = TagSources::kStandard;  ///< for Reader::kByType
   bool json = false;
 };
 [[nodiscard]] int RunInfo(const InfoArguments& arguments);
@@ -33,6 +35,7 @@ struct ModifyArguments {
 struct RenameArguments {
   Selection selection;
   std::string settings;
+  TagSources tags = TagSources::kStandard;
   bool toTitle = false;
   bool modify = false;
   bool apply = false;

@@ -32,6 +32,9 @@ inline constexpr HelpText kExtensions = {
     "Extensions to load from folders, separated by blanks (\"mid mp3\"); not together with --all",
     "フォルダから読み込む拡張子。空白で区切る（\"mid mp3\"）。--all とは一緒に使えない"};
 inline constexpr HelpText kAll = {"Load every file of the folders", "フォルダのすべてのファイルを読み込む"};
+inline constexpr HelpText kTags = {
+    "The tags that are read: those of MIDI and MP3 files, or also those of newer versions and other music files",
+    "読み取るタグ。standard は MIDI と MP3 のタグ、all は新しい版のタグや、ほかの音楽ファイルのタグも"};
 inline constexpr HelpText kJson = {"One JSON object per line", "一行に一つの JSON で出力する"};
 
 inline constexpr HelpText kList = {"Show the files' names, titles, artists, types and sizes",

@@ -4,10 +4,10 @@
 #include "cli/Json.h"
 #include "cli/Output.h"
 #include "cli/Table.h"
-#include "media/FileInformation.h"
 #include "media/MediaInfo.h"
 #include "media/basHTMLFile.h"
 #include "paths/basFileControl.h"
+#include "tags/SongReader.h"
 
 namespace quillon::cli {
 namespace {
@@ -83,14 +83,20 @@ void AddReader(Json& object, const std::string& path, Reader reader) {
   }
 }
 
-void AddRow(Json& object, const std::string& path) {
+void AddRow(Json& object, const std::string& path, TagSources tags) {
   const FileType type = GetMediaType(Extension(path));
   object["type"] = type.Text();
   if (type.Media() == MediaType::kMp3) object["tag_kind"] = DetectTagKind(path);
-  const MediaInfo texts = ReadMediaInfo(path);
+  const MediaInfo texts = ReadRowTexts(path, tags);
   object["title"] = texts.title;
   object["artist"] = texts.copyright;
-  const FileInformation lines = ReadFileInformation(path, type, 0, std::nullopt);
+  const SongDetails song = ReadSongDetails(path, tags);
+  object["album"] = song.album;
+  object["track"] = song.track;
+  object["year"] = song.year;
+  object["genre"] = song.genre;
+  object["length"] = song.lengthMs ? Json(*song.lengthMs) : Json();
+  const FileInformation lines = ReadInformation(path, type, 0, std::nullopt, tags);
   object["summary"] = lines.summary;
   object["detail"] = lines.detail;
 }
@@ -121,7 +127,7 @@ int RunInfo(const InfoArguments& arguments) {
     Json object;
     AddPath(object, "location", path);
     if (arguments.reader == Reader::kByType) {
-      AddRow(object, path);
+      AddRow(object, path, arguments.tags);
     } else {
       AddReader(object, path, arguments.reader);
     }

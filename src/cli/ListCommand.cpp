@@ -38,6 +38,7 @@ void WriteRows(const FileList& list, Output& output) {
 
 int RunList(const ListArguments& arguments) {
   Session session({});
+  session.tags = arguments.tags;
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
   Output output;

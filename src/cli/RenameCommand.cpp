@@ -108,6 +108,7 @@ int RunRename(const RenameArguments& arguments) {
   std::optional<OptionValues> options = LoadSettings(arguments.settings);
   if (!options) return kBadUsage;
   Session session(std::move(*options));
+  session.tags = arguments.tags;
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
 

@@ -88,7 +88,7 @@ bool Session::LoadFolder(const std::string& path, const Selection& selection, Un
 
 bool Session::Register(std::vector<std::string> paths, const std::string& subject, UntilInterrupted& progress) {
   const bool single = paths.size() == 1 && paths.front() == subject;
-  const Registered registered = RegisterFiles(list, *files, std::move(paths), {}, progress);
+  const Registered registered = RegisterFiles(list, *files, std::move(paths), {.tags = tags}, progress);
   if (single && registered.duplicates > 0) Complain(kLoadCaption, FilesListedText(1), subject);
   if (registered.error) Complain(kLoadCaption, LoadFailureText(*registered.error), subject);
   return !ComplainAbout(registered.passedOver) && !registered.error;

@@ -13,6 +13,7 @@
 #include "platform/FileSystem.h"
 #include "settings/ApplyMode.h"
 #include "settings/OptionValues.h"
+#include "tags/SongDetails.h"
 
 namespace quillon::cli {
 
@@ -42,6 +43,7 @@ class Session {
 
   FileList list;
   OptionValues options;
+  TagSources tags = TagSources::kStandard;
   ApplyMode mode;
   PlayerControl player;  ///< does nothing
   std::unique_ptr<FileReads> files = MakeFileReads();

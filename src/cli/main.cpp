@@ -45,6 +45,7 @@ struct Arguments {
   MoveArguments move;
   DeleteArguments remove;
   std::int64_t listCount = 0;
+  std::string tagsName;  ///< given to at most one command
   std::string readerName;
 };
 
@@ -54,16 +55,24 @@ const std::map<std::string, Reader> kReaders = {{"midi", Reader::kMidi},
                                                 {"riff", Reader::kRiff},
                                                 {"html", Reader::kHtml}};
 
-std::vector<std::string> Names(const std::map<std::string, Reader>& readers) {
+const std::map<std::string, TagSources> kTagSources = {{"standard", TagSources::kStandard}, {"all", TagSources::kAll}};
+
+template <class Value>
+std::vector<std::string> Names(const std::map<std::string, Value>& values) {
   std::vector<std::string> names;
-  names.reserve(readers.size());
-  for (const auto& [name, reader] : readers) names.push_back(name);
+  names.reserve(values.size());
+  for (const auto& [name, value] : values) names.push_back(name);
   return names;
+}
+
+void AddTags(CLI::App& command, Arguments& arguments) {
+  command.add_option("--tags", arguments.tagsName, Localized(texts::kTags))->check(CLI::IsMember(Names(kTagSources)));
 }
 
 void AddList(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("list", Localized(texts::kList));
   command->add_flag("--json", arguments.list.json, Localized(texts::kJson));
+  AddTags(*command, arguments);
   AddSelection(*command, arguments.list.selection);
 }
 
@@ -72,6 +81,7 @@ void AddInfo(CLI::App& app, Arguments& arguments) {
   command->add_flag("--json", arguments.info.json, Localized(texts::kJson));
   command->add_option("--reader", arguments.readerName, Localized(texts::kReader))
       ->check(CLI::IsMember(Names(kReaders)));
+  AddTags(*command, arguments);
   command->add_option("FILE", arguments.info.paths, Localized(texts::kFiles))->required();
 }
 
@@ -88,6 +98,7 @@ void AddRename(CLI::App& app, Arguments& arguments) {
   command->add_flag("--to-title", rename.toTitle, Localized(texts::kToTitle));
   command->add_flag("--modify", rename.modify, Localized(texts::kModifyNames));
   command->add_option("--settings", rename.settings, Localized(texts::kRenameSettings));
+  AddTags(*command, arguments);
   AddBatch(*command, rename, texts::kRenameApply);
 }
 
@@ -115,6 +126,8 @@ bool HasOwnExtensions(const CLI::App& app, const char* command) {
 }
 
 int Run(CLI::App& app, Arguments& arguments) {
+  const TagSources tags = arguments.tagsName.empty() ? TagSources::kStandard : kTagSources.at(arguments.tagsName);
+  arguments.list.tags = arguments.info.tags = arguments.rename.tags = tags;
   if (app.got_subcommand("list")) {
     arguments.list.selection.ownExtensions = HasOwnExtensions(app, "list");
     return RunList(arguments.list);
