@@ -17,7 +17,7 @@ music=/tmp/音楽
 made_music=false
 clean_up() {
   rm -rf "$work"
-  if $made_music; then rm -rf "$music"; fi
+  if $made_music; then rm -rf "$music" "$music.flac"; fi
 }
 trap clean_up EXIT
 
@@ -40,12 +40,12 @@ END
 { cat "$work/settings.ini" && echo FilterChk=1; } | sed '0,/FilterChk=0/{/FilterChk=0/d}' >"$work/filter.ini"
 
 # Each window: its name and the keys that open it from the main window, which has its third row selected.
-windows=(main playing modify message option-1 option-2 option-3 option-4 option-5 option-6 option-7 version folders
-  wait search)
+windows=(main playing modify message option-1 option-2 option-3 option-4 option-5 option-6 option-7 option-8 bar version
+  folders wait search)
 keys_of() {
   local first="Home Down Down"
   case $1 in
-    main) echo "$first" ;;
+    main | bar) echo "$first" ;;
     playing) echo "Home Down Down Down Down Down Down Return" ;;
     modify) echo "$first ctrl+shift+e" ;;
     message) echo "$first F5" ;;
@@ -78,6 +78,10 @@ picture() {
       playing=1.5
       ;;
     option-*) settings=$work/filter.ini ;;
+    bar)
+      pictured=
+      arguments=("$5" "$5.flac")
+      ;;
     wait | search)
       program=$3/quillon-gallery$4
       if [ "$window" = search ]; then pictured=; fi
@@ -120,6 +124,7 @@ look_wanted() {
 
 make_samples() {
   build/linux/bin/quillon-samples "$1"
+  printf fLaC >"$1.flac"  # for the bar: by its extension
   gst-launch-1.0 -q videotestsrc num-buffers=250 ! video/x-raw,width=320,height=240,framerate=25/1 ! jpegenc ! avimux ! \
     filesink location="$1/clip.avi"
 }

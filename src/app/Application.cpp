@@ -34,7 +34,8 @@ Application::Application(OptionValues options, Paths paths, Ports ports, PathSty
       names_(session_, applying_, regex_, ports_.dialogs.waiting, screen_),
       editing_(session_, applying_, names_, ports_.window.renameBox, screen_),
       fileCommands_(session_, listCommands_, {ports_.system.files, ports_.system.changes, ports_.system.ownerWindow},
-                    {ports_.dialogs.loading.folders, ports_.dialogs.waiting}, screen_) {}
+                    {ports_.dialogs.loading.folders, ports_.dialogs.waiting}, screen_),
+      tagsOffer_(session_, ports_.system.files, ports_.window.tagsBar, ports_.dialogs.loading.progress, screen_) {}
 
 void Application::Start() {
   ports_.window.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
@@ -65,6 +66,7 @@ void Application::RunExclusively(const std::function<void()>& action) {
     (void)editing_.MayLeaveRow();  // restores an emptied name before the action can use it
     action();
     loading_.TellPassedOver();
+    tagsOffer_.Offer(loading_.TakeUnreadTags());
   });
 }
 
@@ -84,6 +86,10 @@ void Application::Execute(Command command) {
 void Application::LoadPaths(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
   RunExclusively([&] { loading_.LoadPaths(paths); });
+}
+
+void Application::AcceptTagsOffer() {
+  RunExclusively([&] { tagsOffer_.Accept(); });
 }
 
 void Application::OpenFiles() {
@@ -131,7 +137,7 @@ void Application::SwitchMode() {
 }
 
 void Application::ShowOptions() {
-  OptionForm form(options_, modeSwitch_);
+  OptionForm form(options_, modeSwitch_, ports_.dialogs.boxes);
   ports_.window.main.ShowOptionDialog(form);
   status_.SetModeText(ApplyModeText(mode_));
 }

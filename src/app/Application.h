@@ -14,6 +14,7 @@
 #include "app/OpenFileFilters.h"
 #include "app/RenameEditing.h"
 #include "app/Screen.h"
+#include "app/TagsOffer.h"
 #include "base/Ports.h"
 #include "dialogs/OptionForm.h"
 #include "filelist/FileList.h"
@@ -80,6 +81,7 @@ class Application : private FilePanel {
     StatusPanels& panels;
     RenameBox& renameBox;
     InformationBoxes& information;
+    TagsBar& tagsBar;
   };
   struct Dialogs {
     MessageBoxes& boxes;
@@ -135,12 +137,19 @@ class Application : private FilePanel {
 
   /// Loads the command line's paths, or those dropped on the list.
   void LoadPaths(const std::vector<std::string>& paths);
-  void CancelLoad() { loading_.Cancel(); }
+  void CancelLoad() {
+    loading_.Cancel();
+    tagsOffer_.Cancel();
+  }
 
   /// Called by frmModify to change the rename names.
   void ModifyRows(Rows rows, const OptionValues::Modify& rules);
 
   void ModePanelClicked();
+
+  // The buttons of the bar over the list.
+  void AcceptTagsOffer();
+  void DeclineTagsOffer() { tagsOffer_.Decline(); }
 
   /// Also works in a dialog, while the command that opened it still runs.
   void ShowHelp();
@@ -206,6 +215,7 @@ class Application : private FilePanel {
   NameCommands names_;
   RenameEditing editing_;
   FileCommands fileCommands_;
+  TagsOffer tagsOffer_;
   bool running_ = false;
 };
 

@@ -112,9 +112,14 @@ Registered LoadCommands::RegisterShown(std::vector<std::string> paths, OnError o
   ShownProgress progress(
       screen_.pending, windows_.progress, {.indent = "  ", .showsStart = showsStart}, [this] { return cancelled_; },
       progressInterval_);
+  return Add(std::move(paths), onError, progress);
+}
+
+Registered LoadCommands::Add(std::vector<std::string> paths, OnError onError, Progress& progress) {
   Registered registered =
       RegisterFiles(session_.list, files_, std::move(paths), RegisterAs(onError), progress, session_.style);
   passedOver_.Add(registered.passedOver);
+  unreadTags_ += registered.unreadTags;
   return registered;
 }
 
@@ -128,14 +133,12 @@ LoadOutcome LoadCommands::Failed(const FileError& error) {
 
 LoadOutcome LoadCommands::AddFile(const std::string& path) {
   Unwatched progress;
-  const Registered registered =
-      RegisterFiles(session_.list, files_, {path}, RegisterAs(OnError::kEnd), progress, session_.style);
+  const Registered registered = Add({path}, OnError::kEnd, progress);
   if (registered.duplicates > 0) {
     TellDuplicates(1);
     return LoadOutcome::kDuplicate;
   }
   if (registered.error) return Failed(*registered.error);
-  passedOver_.Add(registered.passedOver);
   return registered.passedOver.empty() ? LoadOutcome::kLoaded : LoadOutcome::kNothing;
 }
 

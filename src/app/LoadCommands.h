@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/PassedOverPaths.h"
@@ -62,6 +64,9 @@ class LoadCommands {
   /// Reports the paths that were skipped since the last report.
   void TellPassedOver() { passedOver_.Tell(screen_.boxes); }
 
+  /// The number of files with tags that only OptionValues::Extra::readMoreTags reads, since the last call.
+  [[nodiscard]] std::size_t TakeUnreadTags() { return std::exchange(unreadTags_, 0); }
+
  private:
   enum class Clearing { kAsOptionsSay, kNever };
 
@@ -69,6 +74,7 @@ class LoadCommands {
   LoadOutcome Register(std::vector<std::string> paths, Clearing clearing);
   FoundFiles Search(const std::string& folder);
   [[nodiscard]] RegisterOptions RegisterAs(OnError onError) const;
+  Registered Add(std::vector<std::string> paths, OnError onError, Progress& progress);
   Registered RegisterShown(std::vector<std::string> paths, OnError onError, bool showsStart);
   LoadOutcome Failed(const FileError& error);
   void AddFiles(const std::vector<std::string>& paths);
@@ -83,6 +89,7 @@ class LoadCommands {
   Screen screen_;
   std::chrono::milliseconds progressInterval_;
   PassedOverPaths passedOver_;
+  std::size_t unreadTags_ = 0;
   bool cancelled_ = false;
 };
 

@@ -48,9 +48,6 @@ class PendingMessages {
   virtual ~PendingMessages() = default;
   /// Lets the window repaint and handle events; called between the items of long loops. Must not start another command.
   virtual void Process() = 0;
-
-  /// True once the user has asked to cancel the running operation.
-  [[nodiscard]] virtual bool Cancelled() const { return false; }
 };
 
 }  // namespace quillon

@@ -3,7 +3,10 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/Text.h"
 #include "settings/SettingsTable.h"
+#include "settings/basINIControl.h"
+#include "tags/TagLibReader.h"
 
 namespace quillon {
 namespace {
@@ -43,6 +46,17 @@ void Store(const OptionField& field, DeleteTo& setting) {
   setting = recycled ? DeleteTo::kRecycleBin : DeleteTo::kNowhere;
 }
 
+/// The extensions of further tagged files that this list of extensions lacks, separated by blanks.
+std::string MissingExtensions(std::string_view group) {
+  const std::string padded = " " + ToLower(group) + " ";
+  std::string missing;
+  for (const std::string_view extension : UsualMusicExtensions()) {
+    if (padded.find(" " + std::string(extension) + " ") != std::string::npos) continue;
+    missing += (missing.empty() ? "" : " ") + std::string(extension);
+  }
+  return missing;
+}
+
 // No control edits a window's place or width.
 template <class Setting>
 void Fill(OptionField&, const Setting&) {}
@@ -51,8 +65,12 @@ void Store(const OptionField&, Setting&) {}
 
 }  // namespace
 
-OptionForm::OptionForm(OptionValues& options, ApplyModeSwitch& modeSwitch)
-    : options_(options), modeSwitch_(modeSwitch), modeAtStart_(modeSwitch.Now()), manual_(!modeAtStart_.automatic) {
+OptionForm::OptionForm(OptionValues& options, ApplyModeSwitch& modeSwitch, MessageBoxes& boxes)
+    : options_(options),
+      modeSwitch_(modeSwitch),
+      boxes_(boxes),
+      modeAtStart_(modeSwitch.Now()),
+      manual_(!modeAtStart_.automatic) {
   for (const OptionPage& page : OptionPages()) {
     for (const OptionFrame& frame : page.frames) {
       for (const OptionControl& control : frame.controls) fields_[control.name] = {&control, false, {}};
@@ -86,6 +104,21 @@ void OptionForm::Click(std::string_view name, bool checked, const std::function<
   } else {
     show();
   }
+  if (name == "chkReadMoreTags" && checked) OfferExtensions(show);
+}
+
+void OptionForm::OfferExtensions(const std::function<void()>& show) {
+  std::string& group = fields_.at("txtExtensionMusic").text;
+  const std::string more = MissingExtensions(group);
+  const std::string joined = group.empty() ? more : group + " " + more;
+  if (more.empty() || CharacterCount(joined) > IniFile::kLongestValue) return;
+  const bool wanted =
+      options_.system.suppressConfirmations ||
+      boxes_.Show({"設定", "フォルダから読み込むメディアファイルの拡張子に、次のものも加えますか\r\n\r\n" + more,
+                   MessageIcon::kQuestion, MessageButtons::kYesNo});
+  if (!wanted) return;
+  group = joined;
+  show();
 }
 
 void OptionForm::ClickMode(bool automatic, const std::function<void()>& show) {

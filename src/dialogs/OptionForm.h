@@ -24,14 +24,15 @@ using OptionFields = std::map<std::string, OptionField>;
 class OptionForm {
  public:
   /// Shows the settings as they are now.
-  OptionForm(OptionValues& options, ApplyModeSwitch& modeSwitch);
+  OptionForm(OptionValues& options, ApplyModeSwitch& modeSwitch, MessageBoxes& boxes);
 
   [[nodiscard]] bool Checked(std::string_view name) const { return fields_.at(std::string(name)).checked; }
   [[nodiscard]] const std::string& Text(std::string_view name) const { return fields_.at(std::string(name)).text; }
   [[nodiscard]] bool Enabled(std::string_view name) const;
 
   /// Call it when the user has clicked a check box or an option button; `checked` is its new state. `show` is called
-  /// after the change. The apply mode switches at once; its message box opens after `show`.
+  /// after the change. The apply mode switches at once; its message box opens after `show`. Switching on the further
+  /// tags asks whether their files' extensions join the media group's, where these are not there yet.
   void Click(std::string_view name, bool checked, const std::function<void()>& show);
   void Type(std::string_view name, const std::string& text) { fields_.at(std::string(name)).text = text; }
 
@@ -42,9 +43,11 @@ class OptionForm {
 
  private:
   void ClickMode(bool automatic, const std::function<void()>& show);
+  void OfferExtensions(const std::function<void()>& show);
 
   OptionValues& options_;
   ApplyModeSwitch& modeSwitch_;
+  MessageBoxes& boxes_;
   OptionFields fields_;
   ApplyModeSwitch::State modeAtStart_;
   bool manual_;  // whether controls for applying by hand are enabled

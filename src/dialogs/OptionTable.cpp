@@ -108,10 +108,19 @@ constexpr std::array kReadingControls = {
 constexpr std::array kSystemPage = {OptionFrame{"確認メッセージ", kMessageControls},
                                     OptionFrame{"ファイルの読み込み", kReadingControls}};
 
+constexpr std::array kTagControls = {
+    Check("chkReadMoreTags", "新しい形式のタグも読む(&T)", "Extra", "ReadMoreTags"),
+    Note("lblReadMoreTags_Note",
+         "タイトルの読み取れなかったファイルについて、次のタグを読みます\n"
+         "ID3v2.4、UTF-8 や APE のタグを持つ MP3、FLAC、Ogg Vorbis、Opus、MP4、WMA、AIFF、WAVE など\n"
+         "次に読み込むファイルから有効になります"),
+};
+constexpr std::array kExtraPage = {OptionFrame{"ファイルの読み込み", kTagControls}};
+
 constexpr std::array kPages = {OptionPage{"フォルダ", kFolderPage}, OptionPage{"リスト", kListPage},
                                OptionPage{"リネーム", kRenamePage}, OptionPage{"適応", kUpdatePage},
                                OptionPage{"移動", kMovePage},       OptionPage{"プレイヤー", kPlayerPage},
-                               OptionPage{"システム", kSystemPage}};
+                               OptionPage{"システム", kSystemPage}, OptionPage{"拡張", kExtraPage}};
 
 }  // namespace
 

@@ -180,6 +180,14 @@ bool UsuallyHasMoreTags(const FileType& type) {
   return reader != nullptr && reader->usual == Usual::kYes;
 }
 
+std::vector<std::string_view> UsualMusicExtensions() {
+  std::vector<std::string_view> extensions;
+  for (const TypeReader& reader : kTypes) {
+    if (reader.usual == Usual::kYes) extensions.push_back(reader.type);
+  }
+  return extensions;
+}
+
 SongDetails ReadTagLibDetails(ByteSource& file, const FileType& type, TagFields wanted) {
   SongDetails song;
   const TypeReader* const reader = ReaderOf(type);

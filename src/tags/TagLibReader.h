@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "base/ByteSource.h"
 #include "media/MediaType.h"
@@ -15,6 +16,9 @@ namespace quillon {
 
 /// True for those whose files TagLib alone can read and which nearly always have tags: music of the usual kinds.
 [[nodiscard]] bool UsuallyHasMoreTags(const FileType& type);
+
+/// The extensions of those types, in lower case.
+[[nodiscard]] std::vector<std::string_view> UsualMusicExtensions();
 
 /// Reads an opened file according to its type, or, where it is no such file, according to its contents. Never reports
 /// errors: what is not known stays empty. TagFields::kTitleAndArtist leaves out the playing time, which may take longer

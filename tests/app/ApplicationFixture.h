@@ -56,6 +56,17 @@ class MainWindowRecorder final : public MainWindow {
   EventLog& log_;
 };
 
+class TagsBarRecorder final : public TagsBar {
+ public:
+  explicit TagsBarRecorder(EventLog& log) : log_(log) {}
+
+  void ShowTagsOffer(const std::string& text) override { log_.Add("tags bar: " + text); }
+  void HideTagsOffer() override { log_.Add("tags bar hidden"); }
+
+ private:
+  EventLog& log_;
+};
+
 /// An Application whose ports are recorders. Files are real ones in `folder`; the settings file's path is "Quillon.ini"
 /// in `home`.
 struct ApplicationFixture {
@@ -65,6 +76,7 @@ struct ApplicationFixture {
   MainWindowRecorder main{ports.log};
   RenameBoxRecorder box{ports.log};
   InformationBoxRecorder information;
+  TagsBarRecorder tagsBar{ports.log};
   FakeDevice device;
   PanelControls playerPanel;
   MovieControls movie;
@@ -76,7 +88,7 @@ struct ApplicationFixture {
 
   explicit ApplicationFixture(const OptionValues& options = Options(), std::string_view settingsName = "Quillon.ini")
       : app(options, {home.At(settingsName), home.At("Quillon.chm")},
-            {.window = {main, ports.window, ports.panels, box, information},
+            {.window = {main, ports.window, ports.panels, box, information, tagsBar},
              .dialogs = {ports.boxes, ports.pending, {ports.search, ports.progress, ports.folders}, ports.progress},
              .player = {mci, playerPanel, movie},
              .system = {*files, *disk, [this](const std::string& target) {

@@ -32,7 +32,7 @@ struct Fixture {
   test::BoxRecorder boxes{log};
   ApplyModeSwitch modeSwitch{folder.At("Quillon.ini"), options, mode, boxes, [this] { return rows; }};
 
-  OptionForm Form() { return OptionForm(options, modeSwitch); }
+  OptionForm Form() { return OptionForm(options, modeSwitch, boxes); }
 
   /// Clicks; what is shown before a box is in the log.
   void Click(OptionForm& form, const char* name, bool checked) {
@@ -72,6 +72,7 @@ const FlagRow kFlags[] = {
     {"chkLoadRemove", [](OptionValues& o) -> bool& { return o.list.clearBeforeLoading; }},
     {"chkLoadChk", [](OptionValues& o) -> bool& { return o.list.checkLoadedRows; }},
     {"chkDel", [](OptionValues& o) -> bool& { return o.list.confirmDeletion; }},
+    {"chkReadMoreTags", [](OptionValues& o) -> bool& { return o.extra.readMoreTags; }},
 };
 
 struct TextRow {
@@ -127,6 +128,7 @@ TEST(OptionForm, OkStoresEachBoxInItsOwnSetting) {
     std::set<std::string> expected = Set(f.options);
     const bool checked = !form.Checked(row.name);
     checked ? (void)expected.insert(row.name) : (void)expected.erase(row.name);
+    f.boxes.Answer(false);  // to the question about further extensions
     f.Click(form, row.name, checked);
     EXPECT_NE(Set(f.options), expected) << "not before OK";
     form.cmdOK();
@@ -321,6 +323,7 @@ TEST(OptionFormMode, CancelChangesNothingElse) {
   Fixture f;
   const std::set<std::string> before = Set(f.options);
   OptionForm form = f.Form();
+  f.boxes.Answer(true);  // to the question about further extensions
   for (const FlagRow& row : kFlags) f.Click(form, row.name, !form.Checked(row.name));
   f.Click(form, "optDel0", true);
   form.Type("txtExtensionEtc", "ogg");
@@ -376,6 +379,72 @@ TEST(OptionFormMode, OkLeavesTheStoredModeAlone) {
     form.cmdOK();
     EXPECT_EQ(f.options.update.automatic, !automatic);
   }
+}
+
+const char* const kExtensionsOffer =
+    "box [設定] フォルダから読み込むメディアファイルの拡張子に、次のものも加えますか\\r\\n\\r\\n"
+    "flac ogg oga opus spx m4a m4b wma aif aiff aifc ape wv mpc tta (question, yes/no)";
+
+TEST(OptionFormTags, SwitchingOnOffersToAddTheirExtensions) {
+  Fixture fixture;
+  OptionForm form = fixture.Form();
+  fixture.boxes.Answer(true);
+  fixture.Click(form, "chkReadMoreTags", true);
+  EXPECT_EQ(fixture.log.Events(), Texts({"shows manual", kExtensionsOffer, "shows manual"}));
+  EXPECT_EQ(form.Text("txtExtensionMusic"),
+            "mid midi wav mp3 mpg mpeg avi flac ogg oga opus spx m4a m4b wma aif aiff aifc ape wv mpc tta");
+  EXPECT_EQ(fixture.options.find.media.extensions, "mid midi wav mp3 mpg mpeg avi") << "before OK";
+  form.cmdOK();
+  EXPECT_EQ(fixture.options.find.media.extensions, form.Text("txtExtensionMusic"));
+}
+
+TEST(OptionFormTags, NoLeavesTheExtensionsAsTheyAre) {
+  Fixture fixture;
+  OptionForm form = fixture.Form();
+  fixture.boxes.Answer(false);
+  fixture.Click(form, "chkReadMoreTags", true);
+  EXPECT_EQ(form.Text("txtExtensionMusic"), "mid midi wav mp3 mpg mpeg avi");
+  EXPECT_TRUE(form.Checked("chkReadMoreTags"));
+}
+
+TEST(OptionFormTags, OnlyMissingExtensionsAreOffered) {
+  Fixture fixture;
+  OptionForm form = fixture.Form();
+  form.Type("txtExtensionMusic", "FLAC ogg oga opus spx m4b wma aif aiff aifc ape wv mpc tta");
+  fixture.boxes.Answer(true);
+  fixture.Click(form, "chkReadMoreTags", true);
+  EXPECT_EQ(form.Text("txtExtensionMusic"), "FLAC ogg oga opus spx m4b wma aif aiff aifc ape wv mpc tta m4a");
+  fixture.log.Clear();
+  fixture.Click(form, "chkReadMoreTags", false);
+  fixture.Click(form, "chkReadMoreTags", true);
+  EXPECT_EQ(fixture.log.Events(), Texts({"shows manual", "shows manual"})) << "all of them are there";
+}
+
+TEST(OptionFormTags, AnEmptyGroupGetsNoLeadingBlank) {
+  Fixture fixture;
+  OptionForm form = fixture.Form();
+  form.Type("txtExtensionMusic", "");
+  fixture.boxes.Answer(true);
+  fixture.Click(form, "chkReadMoreTags", true);
+  EXPECT_EQ(form.Text("txtExtensionMusic"), "flac ogg oga opus spx m4a m4b wma aif aiff aifc ape wv mpc tta");
+}
+
+TEST(OptionFormTags, WithoutConfirmationsTheyAreAdded) {
+  Fixture fixture;
+  fixture.options.system.suppressConfirmations = true;
+  OptionForm form = fixture.Form();
+  fixture.Click(form, "chkReadMoreTags", true);
+  EXPECT_EQ(fixture.log.Events(), Texts({"shows manual", "shows manual"}));
+  EXPECT_TRUE(form.Text("txtExtensionMusic").ends_with(" tta"));
+}
+
+TEST(OptionFormTags, NothingIsOfferedThatTheSettingCannotHold) {
+  Fixture fixture;
+  OptionForm form = fixture.Form();
+  const std::string full(127 - 61, 'x');
+  form.Type("txtExtensionMusic", full);
+  fixture.Click(form, "chkReadMoreTags", true);
+  EXPECT_EQ(form.Text("txtExtensionMusic"), full);
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ std::map<std::string, std::vector<std::string>> Pages() {
 TEST(OptionTable, HasThePagesInTheOrderInWhichAPersonWorks) {
   std::vector<std::string> captions;
   for (const OptionPage& page : OptionPages()) captions.emplace_back(page.caption);
-  EXPECT_THAT(captions, ElementsAre("フォルダ", "リスト", "リネーム", "適応", "移動", "プレイヤー", "システム"));
+  EXPECT_THAT(captions, ElementsAre("フォルダ", "リスト", "リネーム", "適応", "移動", "プレイヤー", "システム", "拡張"));
 }
 
 TEST(OptionTable, HasEveryControlInItsFrame) {
@@ -61,6 +61,7 @@ TEST(OptionTable, HasEveryControlInItsFrame) {
   EXPECT_THAT(pages["プレイヤー"], ElementsAre("全般: chkPlayerAllPlay"));
   EXPECT_THAT(pages["システム"],
               ElementsAre("確認メッセージ: chkMsgBox", "ファイルの読み込み: chkSysMCITime lblSystem_Note"));
+  EXPECT_THAT(pages["拡張"], ElementsAre("ファイルの読み込み: chkReadMoreTags lblReadMoreTags_Note"));
 }
 
 TEST(OptionTable, HasTheCaptionsToTheCharacter) {
@@ -98,6 +99,11 @@ TEST(OptionTable, HasTheCaptionsToTheCharacter) {
       {"optDel0", "ディスクから完全に削除(&D)"},
       {"optDel1", "ごみ箱へ削除(&R)"},
       {"chkDel", "確認する(&A)"},
+      {"chkReadMoreTags", "新しい形式のタグも読む(&T)"},
+      {"lblReadMoreTags_Note",
+       "タイトルの読み取れなかったファイルについて、次のタグを読みます\n"
+       "ID3v2.4、UTF-8 や APE のタグを持つ MP3、FLAC、Ogg Vorbis、Opus、MP4、WMA、AIFF、WAVE など\n"
+       "次に読み込むファイルから有効になります"},
   };
   std::map<std::string, std::string> captions;
   for (const OptionControl& control : AllControls()) captions[control.name] = control.caption;

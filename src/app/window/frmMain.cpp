@@ -77,8 +77,12 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
   MakeControls();
   pending_ = std::make_unique<YieldingMessages>([this] { BeforeYield(); });
   Application::Ports ports = {
-      .window =
-          {.main = *this, .state = *this, .panels = *this, .renameBox = *renameBox_, .information = *information_},
+      .window = {.main = *this,
+                 .state = *this,
+                 .panels = *this,
+                 .renameBox = *renameBox_,
+                 .information = *information_,
+                 .tagsBar = *tagsBar_},
       .dialogs = {.boxes = boxes_,
                   .pending = *pending_,
                   .loading = {.search = *frmFolderRef_, .progress = *loading_, .folders = *this},
@@ -115,6 +119,15 @@ void frmMain::MakeControls() {
                               [](std::int32_t value) { return MusicPlayer::SliderTip(value); }});
   loading_ = std::make_unique<LoadingLabel>(*controls_.panel, [this]() -> wxWindow& { return *controls_.list; });
   controls_.lblNowloading = &loading_->Window();
+  tagsBar_ =
+      std::make_unique<MoreTagsBar>(*controls_.panel, MoreTagsBar::Handlers{.read = [this] { app_->AcceptTagsOffer(); },
+                                                                            .close =
+                                                                                [this] {
+                                                                                  app_->DeclineTagsOffer();
+                                                                                  FocusList();
+                                                                                },
+                                                                            .layOut = [this] { OnPanelSize(); }});
+  controls_.tagsBar = tagsBar_.get();
   frmFolderRef_ = new frmFolderRef(this, [this] { app_->CancelLoad(); });
   renameBox_ = MakeRenameBox(*controls_.txtAlterTitle);
   information_ = MakeInformationBoxes(controls_);

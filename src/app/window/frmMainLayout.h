@@ -9,6 +9,7 @@
 #include <array>
 #include <optional>
 
+#include "app/window/frmMainTagsBar.h"
 #include "controls/PositionSlider.h"
 #include "player/PlayerPorts.h"
 
@@ -16,7 +17,8 @@ namespace quillon {
 
 /// The controls between tool bar and status bar. Owned by their parents.
 struct frmMainControls {
-  wxPanel* panel = nullptr;  ///< holds all others
+  wxPanel* panel = nullptr;        ///< holds all others
+  MoreTagsBar* tagsBar = nullptr;  ///< above the list
   wxWindow* list = nullptr;
   wxWindow* lblNowloading = nullptr;  ///< covers the list while files are read
 
