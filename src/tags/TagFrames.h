@@ -10,6 +10,9 @@ namespace quillon {
 /// have millions of entries. One object serves one file.
 class TagFrames final : public TagLib::ID3v2::FrameFactory {
  public:
+  static constexpr int kMostFrames = 10'000;
+  static constexpr int kMostTexts = 32;
+
   TagFrames() = default;
 
  private:
@@ -21,8 +24,8 @@ class TagFrames final : public TagLib::ID3v2::FrameFactory {
   bool updateFrame(FrameNames::FrameHeader* header) const override;
 
   // TagLib's function is const.
-  mutable int framesLeft_ = 10'000;
-  mutable int textsLeft_ = 32;
+  mutable int framesLeft_ = kMostFrames;
+  mutable int textsLeft_ = kMostTexts;
 };
 
 }  // namespace quillon

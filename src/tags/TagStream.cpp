@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::size_t kSmallRead = 1024;  // what TagLib searches with
 constexpr std::size_t kAtomHeader = 8;
+constexpr std::size_t kApeFooter = 32;
 
 // On Windows TagLib counts with 32 bits: what lies behind 2 GiB is not read there.
 long KnownLength(std::uint64_t size) {
@@ -22,27 +23,43 @@ bool IsContainer(std::string_view name) {
   return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
 }
 
+/// TagLib keeps every item of a tag, and a tag may hold millions.
+void LimitItems(TagLib::ByteVector& footer) {
+  constexpr unsigned kPlace = 16;
+  const std::uint32_t count = std::min(footer.toUInt(kPlace, false), TagStream::kMostItems);
+  const TagLib::ByteVector bytes = TagLib::ByteVector::fromUInt(count, false);
+  std::copy(bytes.begin(), bytes.end(), footer.begin() + kPlace);
+}
+
 }  // namespace
 
 TagStream::TagStream(ByteSource& file) : file_(file), blocks_(file), length_(KnownLength(file.Size())) {}
 
 TagLib::ByteVector TagStream::readBlock(unsigned long length) {
-  if (readsLeft_ == 0 || position_ >= length_) return {};
+  if (readsLeft_ == 0) return {};
   --readsLeft_;
-  const std::uint64_t there = static_cast<std::uint64_t>(length_ - position_);
-  const auto wanted = static_cast<unsigned>(std::min({std::uint64_t{length}, there, kLongestRead, bytesLeft_}));
+  if (position_ >= length_) return {};
   const auto from = static_cast<std::uint64_t>(position_);
-  TagLib::ByteVector bytes;
-  if (wanted <= kSmallRead) {
-    const std::string_view view = blocks_.View(from, wanted);
-    bytes = TagLib::ByteVector(view.data(), static_cast<unsigned>(view.size()));
-  } else {
-    bytes = TagLib::ByteVector(wanted, '\0');
-    bytes.resize(static_cast<unsigned>(file_.ReadAt(from, bytes.data(), wanted)));
-  }
-  bytesLeft_ -= bytes.size();
+  const std::uint64_t wanted = std::min<std::uint64_t>(length, static_cast<std::uint64_t>(length_ - position_));
+  TagLib::ByteVector bytes = wanted <= kSmallRead ? ReadSmall(from, wanted) : ReadLarge(from, wanted);
   if (limitsAtoms_ && length == kAtomHeader && bytes.size() == kAtomHeader) EnterAtom(position_, bytes);
   position_ += static_cast<long>(bytes.size());
+  return bytes;
+}
+
+TagLib::ByteVector TagStream::ReadSmall(std::uint64_t from, std::uint64_t wanted) {
+  const std::string_view view = blocks_.View(from, std::min(wanted, smallBytesLeft_));
+  smallBytesLeft_ -= view.size();
+  TagLib::ByteVector bytes(view.data(), static_cast<unsigned>(view.size()));
+  if (view.size() == kApeFooter && view.starts_with("APETAGEX")) LimitItems(bytes);
+  return bytes;
+}
+
+TagLib::ByteVector TagStream::ReadLarge(std::uint64_t from, std::uint64_t wanted) {
+  const auto count = static_cast<unsigned>(std::min({wanted, kLongestRead, bytesLeft_}));
+  TagLib::ByteVector bytes(count, '\0');
+  bytes.resize(static_cast<unsigned>(file_.ReadAt(from, bytes.data(), count)));
+  bytesLeft_ -= bytes.size();
   return bytes;
 }
 

@@ -17,8 +17,12 @@ class TagStream final : public TagLib::IOStream {
   static constexpr std::uint64_t kMostBytes = std::uint64_t{48} << 20u;
   /// The longest block of a FLAC file, which may be a picture in front of the texts.
   static constexpr std::uint64_t kLongestRead = std::uint64_t{16} << 20u;
-  static constexpr int kMostReads = 100'000;
+  /// TagLib searches in small reads: a file of the wrong contents is not searched to its end.
+  static constexpr std::uint64_t kMostSmallBytes = std::uint64_t{4} << 20u;
+  static constexpr int kMostReads = 50'000;
   static constexpr std::size_t kDeepestAtom = 32;
+  /// Items of an APE tag.
+  static constexpr std::uint32_t kMostItems = 1000;
 
   explicit TagStream(ByteSource& file);
 
@@ -44,13 +48,16 @@ class TagStream final : public TagLib::IOStream {
     std::uint64_t end = 0;
   };
 
+  TagLib::ByteVector ReadSmall(std::uint64_t from, std::uint64_t wanted);
+  TagLib::ByteVector ReadLarge(std::uint64_t from, std::uint64_t wanted);
   void EnterAtom(long start, const TagLib::ByteVector& header);
 
   ByteSource& file_;
   BlockReader blocks_;
   long length_;
   long position_ = 0;
-  std::uint64_t bytesLeft_ = kMostBytes;
+  std::uint64_t bytesLeft_ = kMostBytes;  // of large reads
+  std::uint64_t smallBytesLeft_ = kMostSmallBytes;
   int readsLeft_ = kMostReads;
   bool limitsAtoms_ = false;
   std::vector<Container> containers_;

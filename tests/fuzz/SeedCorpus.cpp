@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "support/MediaBuilders.h"
+#include "support/SongBuilders.h"
 
 namespace {
 
@@ -48,6 +49,39 @@ std::vector<std::string> HtmlSeeds() {
           HtmlPage("\x83\x65\x83\x58\x83\x67", "")};
 }
 
+/// In front of each file the byte that chooses its type in TagsFuzzer.
+std::vector<std::string> TagsSeeds() {
+  const TagTexts comments = {
+      {"TITLE", "Song"}, {"ARTIST", "A"}, {"TRACKNUMBER", "3"}, {"DATE", "2003"}, {"GENRE", "17"}};
+  const std::string tag = Id3v2Tag({.major = 4,
+                                    .frames = {{"TIT2", Utf8Text("Song")},
+                                               {"CHAP", std::string("a\0", 2) + std::string(16, '\0') + "TIT2" +
+                                                            BigEndian(5, 4) + BigEndian(0, 2) + Utf8Text("Part")},
+                                               {"TCON", Utf8Text("17")}}});
+  const std::string info = InfoList({{"INAM", "Song"}, {"IART", "A"}});
+  return {Bytes({0}) + tag + Mp3Audio(2),
+          Bytes({0}) + Mp3Audio(2) + ApeTag({{"Title", "Song"}, {"Year", "2003"}}),
+          Bytes({1}) + FlacFile(comments),
+          Bytes({1}) + tag + FlacFile(comments),
+          Bytes({2}) + OggVorbisFile(comments),
+          Bytes({3}) + OggFlacFile(comments),
+          Bytes({4}) + OggOpusFile(comments),
+          Bytes({5}) + OggSpeexFile(comments),
+          Bytes({6}) + M4aFile({{"\xA9nam", "Song"}, {"trkn", "3"}, {"covr", "x"}}),
+          Bytes({7}) + WmaFile(u"Song", u"A", {{u"WM/Year", u"2003"}, {u"WM/Picture", u"x"}}),
+          Bytes({8}) + AiffFile({AiffChunk("ID3 ", tag)}),
+          Bytes({9}) + RiffList("RIFF", "WAVE", {WaveFile(3).substr(12), info, RiffChunk("id3 ", tag)}),
+          Bytes({10}) + "MAC " + std::string(80, '\0') + ApeTag({{"Title", "Song"}}),
+          Bytes({11}) + "wvpk" + std::string(80, '\0') + ApeTag({{"Title", "Song"}}),
+          Bytes({12}) + "MPCK" + std::string(80, '\0') + ApeTag({{"Title", "Song"}}),
+          Bytes({13}) + tag + "TTA1" + std::string(80, '\0'),
+          Bytes({14}) + ModFile("Song"),
+          Bytes({15}) + S3mFile("Song", 2),
+          Bytes({16}) + ItFile("Song", 1, 1),
+          Bytes({17}) + XmFile("Song", 1, 1),
+          Bytes({20}) + SimpleMidiFile("Song", "A")};
+}
+
 bool WriteSeeds(const std::filesystem::path& folder, const std::vector<std::string>& seeds) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
@@ -69,6 +103,7 @@ int main(int argc, char** argv) {
   }
   const std::filesystem::path folder(argv[1]);
   const bool written = WriteSeeds(folder / "MidiFuzzer", MidiSeeds()) && WriteSeeds(folder / "Id3Fuzzer", Id3Seeds()) &&
-                       WriteSeeds(folder / "RiffFuzzer", RiffSeeds()) && WriteSeeds(folder / "HtmlFuzzer", HtmlSeeds());
+                       WriteSeeds(folder / "RiffFuzzer", RiffSeeds()) &&
+                       WriteSeeds(folder / "HtmlFuzzer", HtmlSeeds()) && WriteSeeds(folder / "TagsFuzzer", TagsSeeds());
   return written ? 0 : 1;
 }
