@@ -87,6 +87,15 @@ TEST(TagStream, ReadsAreCounted) {
   EXPECT_EQ(stream.readBlock(1).size(), 0u);
 }
 
+TEST(TagStream, ReadsBehindTheEndCountToo) {
+  MemorySource file("0123456789");
+  TagStream stream(file);
+  stream.seek(100, TagStream::Beginning);
+  for (int i = 0; i < TagStream::kMostReads; ++i) ASSERT_EQ(stream.readBlock(1).size(), 0u);
+  stream.seek(0, TagStream::Beginning);
+  EXPECT_EQ(stream.readBlock(1).size(), 0u);
+}
+
 /// Reads the headers of atoms that lie in each other; how many before the stream ends.
 int DepthRead(int depth, const std::string& name, bool open) {
   std::string atoms;
