@@ -11,6 +11,7 @@
 #include "platform/desktop/JapaneseCollation.h"
 #include "rename/ModifyName.h"
 #include "rename/TitleRename.h"
+#include "tags/SongReader.h"
 
 namespace quillon::benchmarks {
 namespace {
@@ -51,8 +52,19 @@ void Load(State& state, Files::Kind kind) {
   PerFile(state);
 }
 
-void LoadTagLib(State& state) {
-  const Files& files = SharedFiles(Files::Kind::kMp3, CountOf(state));
+/// The two texts of each row, with all tags.
+void Songs(State& state, Files::Kind kind) {
+  const Files& files = SharedFiles(kind, CountOf(state));
+  for ([[maybe_unused]] auto _ : state) {
+    for (const std::string& path : files.Paths()) {
+      Require(state, !ReadRowTexts(path, TagSources::kAll).title.empty(), "a file has no title");
+    }
+  }
+  PerFile(state);
+}
+
+void LoadTagLib(State& state, Files::Kind kind) {
+  const Files& files = SharedFiles(kind, CountOf(state));
   for ([[maybe_unused]] auto _ : state) {
     for (const std::string& path : files.Paths()) {
       const TagLib::FileRef file(path.c_str(), false);
@@ -182,7 +194,15 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
 BENCHMARK_CAPTURE(LoadFloor, mixed, Files::Kind::kMixed)->Apply(Sizes);
 BENCHMARK_CAPTURE(Load, mixed, Files::Kind::kMixed)->Apply(Sizes);
 BENCHMARK_CAPTURE(Load, mp3, Files::Kind::kMp3)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(LoadTagLib)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(LoadTagLib, mp3, Files::Kind::kMp3)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(LoadTagLib, newer, Files::Kind::kNewerMp3)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(LoadTagLib, flac, Files::Kind::kFlac)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(LoadTagLib, m4a, Files::Kind::kM4a)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(LoadTagLib, ogg, Files::Kind::kOgg)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(Songs, newer, Files::Kind::kNewerMp3)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(Songs, flac, Files::Kind::kFlac)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(Songs, m4a, Files::Kind::kM4a)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(Songs, ogg, Files::Kind::kOgg)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ApplyFloor)->Apply(Sizes);
 BENCHMARK(Apply)->Apply(Sizes);
 BENCHMARK(TitlesToNames)->Apply(Sizes);

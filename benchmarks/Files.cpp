@@ -15,6 +15,7 @@
 #include <memory>
 
 #include "support/MediaBuilders.h"
+#include "support/SongBuilders.h"
 
 namespace quillon::benchmarks {
 namespace {
@@ -39,6 +40,38 @@ std::string Mp3(int number) {
   }
   tag.padding = 512;
   return Id3v2Tag(tag) + Mp3Audio(10);
+}
+
+std::string NewerMp3(const std::string& title) {
+  return Id3v2Tag({.major = 4,
+                   .frames = {{"TIT2", test::Utf8Text(title)},
+                              {"TPE1", test::Utf8Text("Some artist")},
+                              {"TALB", test::Utf8Text("Some album")}},
+                   .padding = 512}) +
+         Mp3Audio(50);
+}
+
+/// What a file of this kind with this number is called and holds.
+std::pair<const char*, std::string> NameAndBytes(Files::Kind kind, int number) {
+  const std::string title = "Song number " + std::to_string(number);
+  const test::TagTexts comments = {{"TITLE", title}, {"ARTIST", "Some artist"}, {"ALBUM", "Some album"}};
+  const std::string sound(20000, 'x');
+  switch (kind) {
+    case Files::Kind::kMixed:
+      if (number % 2 == 0) return {".mid", SimpleMidiFile("Tune number " + std::to_string(number), "Somebody")};
+      break;
+    case Files::Kind::kNewerMp3: return {".mp3", NewerMp3(title)};
+    case Files::Kind::kFlac: return {".flac", test::FlacFile(comments) + sound};
+    case Files::Kind::kM4a:
+      return {".m4a", test::M4aFile({{"\xA9nam", title},
+                                     {"\xA9"
+                                      "ART",
+                                      "Some artist"}}) +
+                          test::Mp4Atom("free", sound)};
+    case Files::Kind::kOgg: return {".ogg", test::OggVorbisFile(comments) + sound};
+    case Files::Kind::kMp3: break;
+  }
+  return {".mp3", Mp3(number)};
 }
 
 std::string NewFolder() {
@@ -77,10 +110,9 @@ Files::Files(Kind kind, int count) : folder_(NewFolder()) {
   for (int i = 0; i < count; ++i) {
     const std::string folder = folder_ + std::to_string(1000 + i / kFilesPerFolder) + "/";
     if (i % kFilesPerFolder == 0) std::filesystem::create_directory(folder);
-    const bool midi = kind == Kind::kMixed && i % 2 == 0;
-    paths_.push_back(folder + "file" + std::to_string(100000 + i) + (midi ? ".mid" : ".mp3"));
-    std::ofstream(paths_.back(), std::ios::binary)
-        << (midi ? SimpleMidiFile("Tune number " + std::to_string(i), "Somebody") : Mp3(i));
+    const auto [extension, bytes] = NameAndBytes(kind, i);
+    paths_.push_back(folder + "file" + std::to_string(100000 + i) + extension);
+    std::ofstream(paths_.back(), std::ios::binary) << bytes;
   }
 }
 

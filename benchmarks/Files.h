@@ -8,7 +8,14 @@ namespace quillon::benchmarks {
 /// A folder of small media files, a thousand per subfolder, removed by the destructor.
 class Files {
  public:
-  enum class Kind { kMixed, kMp3 };  ///< alternating MIDI and MP3, or MP3 only
+  enum class Kind {
+    kMixed,     ///< alternating MIDI and MP3
+    kMp3,       ///< with tags that the program's own readers know
+    kNewerMp3,  ///< with ID3v2.4
+    kFlac,
+    kM4a,
+    kOgg,
+  };
 
   Files(Kind kind, int count);
   Files(const Files&) = delete;
