@@ -8,6 +8,7 @@
 #include "app/InformationRecorders.h"
 #include "support/MediaBuilders.h"
 #include "support/Rows.h"
+#include "support/SongBuilders.h"
 #include "support/TempFolder.h"
 
 namespace quillon {
@@ -50,6 +51,16 @@ TEST_F(InformationPanelTest, ShowsTitlePathAndBothLinesOfARow) {
   EXPECT_EQ(boxes.fileName, folder.At("a.mid"));
   EXPECT_EQ(boxes.summary, "サイズ： " + std::to_string(midi.size()) + " バイト / 種類： MIDI (SMF Format 0)");
   EXPECT_TRUE(boxes.detail.starts_with("著作権： me / 分解能： ")) << boxes.detail;
+}
+
+TEST_F(InformationPanelTest, ShowsTheTagsThatTheOptionsAskFor) {
+  const int index = Add("a.flac", test::FlacFile({{"TITLE", "題"}, {"ARTIST", "人"}}), "flac");
+  panel.ShowRow(index);
+  EXPECT_EQ(boxes.detail, "---");
+  options.extra.readMoreTags = true;
+  panel.ShowRow(index);
+  EXPECT_EQ(boxes.detail,
+            "アーティスト： 人 / アルバム： --- / トラック： --- / 年： --- / ジャンル： --- / 演奏時間： 0:03");
 }
 
 TEST_F(InformationPanelTest, ReadsTheFileEachTime) {

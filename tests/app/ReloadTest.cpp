@@ -10,6 +10,7 @@
 #include "support/MemoryFileSystem.h"
 #include "support/Recorders.h"
 #include "support/Rows.h"
+#include "support/SongBuilders.h"
 
 namespace quillon {
 namespace {
@@ -35,6 +36,22 @@ struct Fixture : test::CommandFixture {
     ports.log.Clear();
   }
 };
+
+TEST(mnuReload, ReadsTheTagsThatTheOptionsAskForLikeEveryLoad) {
+  Fixture f({"a.txt"});
+  const std::string song = test::FlacFile({{"TITLE", "歌"}});
+  for (const char* path : {"/n/a.flac", "/n/b.flac", "/o/c.flac"}) f.files.AddFile(path, song);
+  f.loader.LoadPath("/n/a.flac");
+  EXPECT_EQ(f.list.Row(2).title, "---");
+  f.options.extra.readMoreTags = true;
+  f.loader.LoadPath("/n/b.flac");
+  f.loader.LoadFolder("/o/");
+  EXPECT_EQ(f.list.Row(3).title, "歌");
+  EXPECT_EQ(f.list.Row(4).title, "歌");
+  EXPECT_EQ(f.list.Row(2).title, "---");
+  f.loader.mnuReload();
+  EXPECT_EQ(f.list.Row(2).title, "歌");
+}
 
 TEST(mnuReload, AsksAndStopsOnCancel) {
   Fixture f({"a.txt"});
