@@ -1,4 +1,4 @@
-#include "tags/TagTestShapes.h"
+#include "tags/HostileSongs.h"
 
 #include "support/MediaBuilders.h"
 #include "support/SongBuilders.h"
