@@ -81,7 +81,7 @@ Registered RegisterFiles(FileList& list, FileReads& files, std::vector<std::stri
       ++registered.duplicates;
     } else if (Result<ReadFile, FileError> read = ReadRow(files, path, options.tags, style)) {
       if (read->hasUnreadTag) ++registered.unreadTags;
-      list.Add(Listed(std::move(read->row), list, options));
+      list.Add(Listed(std::move((*read).row), list, options));
     } else if (const std::optional<Obstacle> obstacle = ObstacleOf(read.Failure());
                obstacle || options.onError == OnError::kPassOver) {
       registered.passedOver.push_back({path, obstacle.value_or(Obstacle::kNoAccess)});
@@ -106,7 +106,7 @@ void ReadRowsAnew(FileList& list, FileReads& files, const RegisterOptions& optio
     const std::string path = list.Row(index).location;
     Result<ReadFile, FileError> read = ReadRow(files, path, options.tags, style);
     if (read) {
-      list.Replace(index, Listed(std::move(read->row), list, options));
+      list.Replace(index, Listed(std::move((*read).row), list, options));
     } else if (read.Failure().number == file_error::kNotFound) {
       missing[done] = true;
     }

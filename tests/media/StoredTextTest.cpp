@@ -3,8 +3,8 @@
 #include <string>
 
 #include "media/MediaInfo.h"
-#include "media/basID3TAGControl.h"
 #include "media/StoredText.h"
+#include "media/basID3TAGControl.h"
 #include "support/MediaBuilders.h"
 
 namespace quillon {

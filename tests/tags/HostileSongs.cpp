@@ -79,8 +79,8 @@ std::string Id3Title() {
 void AddId3(std::vector<HostileSong>& songs) {
   const std::string chapter = "a\0"s + std::string(16, '\0');
   const std::string contents = "a\0"s + Bytes({0, 0});
-  const std::string compressed = Frame("TALB", SevenBits(100) + Bomb(4'000'000), 9);
-  const std::string unknown = Frame("XYZW", SevenBits(100) + Bomb(4'000'000), 9);
+  const std::string compressed = Frame("TALB", SevenBits(100) + Bomb(1'500'000), 9);
+  const std::string unknown = Frame("XYZW", SevenBits(100) + Bomb(1'500'000), 9);
   const std::string longText = Frame("TIT2", Utf8Text(std::string(65000, 'x')));
   const std::string split = Frame("TPE1", Utf8Text(Repeat("a\0"s, 32000)));
   const auto add = [&songs](const char* name, const std::string& frames, const char* title) {
@@ -94,8 +94,8 @@ void AddId3(std::vector<HostileSong>& songs) {
     const std::string wave = RiffList("RIFF", "WAVE", {RiffChunk("id3 ", tag)});
     songs.push_back({name, "WAVE", wave.size(), wave, "\0"s, title});
   };
-  add("nested chapters", Id3Title() + NestedFrames("CHAP", chapter, 300'000), "Song");
-  add("nested contents", Id3Title() + NestedFrames("CTOC", contents, 300'000), "Song");
+  add("nested chapters", Id3Title() + NestedFrames("CHAP", chapter, 100'000), "Song");
+  add("nested contents", Id3Title() + NestedFrames("CTOC", contents, 100'000), "Song");
   add("a compressed text", Id3Title() + compressed, "Song");
   add("a compressed frame without a meaning", Id3Title() + unknown, "Song");
   std::string small;
