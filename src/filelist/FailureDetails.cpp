@@ -19,6 +19,10 @@ std::size_t Utf16Units(std::string_view text) {
          static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xF8) == 0xF0; }));
 }
 
+std::size_t LengthIn(NameUnit unit, std::string_view name) {
+  return unit == NameUnit::kUtf16 ? Utf16Units(name) : name.size();
+}
+
 std::string TooLong(const char* what, std::size_t length, std::size_t limit, NameUnit counted) {
   const char* const unit = counted == NameUnit::kUtf16 ? " 文字" : " バイト";
   return std::string(what) + std::to_string(length) + unit + "、上限 " + std::to_string(limit) + unit + "）";
@@ -34,7 +38,7 @@ std::string WhyNotFound(FileReads& files, const std::string& from, const std::st
   if (there && there->kind == FileStatus::Kind::kAbsent) return "移動先のフォルダがありません";
   const std::string_view name = FileName(to, style);
   const NameUnit unit = files.NameUnitOf(folder);
-  const std::size_t length = unit == NameUnit::kUtf16 ? Utf16Units(name) : name.size();
+  const std::size_t length = LengthIn(unit, name);
   if (length > kLongestName) return TooLong("名前が長すぎます（", length, kLongestName, unit);
   if (style == PathStyle::kLinux && to.size() > kLongestLinuxPath)
     return TooLong("パスが長すぎます（", to.size(), kLongestLinuxPath, NameUnit::kByte);
@@ -42,6 +46,13 @@ std::string WhyNotFound(FileReads& files, const std::string& from, const std::st
 }
 
 }  // namespace
+
+bool IsNameTooLong(FileReads& files, const std::string& path, PathStyle style) {
+  const std::string_view name = FileName(path, style);
+  // No unit makes a name longer than its bytes.
+  return name.size() > kLongestName &&
+         LengthIn(files.NameUnitOf(std::string(FolderPart(path, style))), name) > kLongestName;
+}
 
 std::string FailureDetails(FileReads& files, const std::string& from, const std::string& to, const FileError& error,
                            PathStyle style) {

@@ -16,4 +16,7 @@ namespace quillon {
 /// The same for a rename name with a character that a file name may not hold, at this 1-based position in characters.
 [[nodiscard]] std::string InvalidCharacterDetails(const std::string& path, const std::string& renameName, int position);
 
+/// True when the file name of this path is longer than its volume holds.
+[[nodiscard]] bool IsNameTooLong(FileReads& files, const std::string& path, PathStyle style = SystemPathStyle());
+
 }  // namespace quillon

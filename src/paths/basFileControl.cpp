@@ -30,22 +30,6 @@ std::string_view RawExtension(std::string_view path, PathStyle style) {
   return path.substr(end + 1);
 }
 
-bool IsInvalidInName(char c) {
-  switch (c) {
-    case '"':
-    case '*':
-    case '/':
-    case ':':
-    case '<':
-    case '>':
-    case '?':
-    case '\\':
-    case '|':
-    case '\r': return true;
-    default: return false;
-  }
-}
-
 /// The text in the form from which UnquoteArgument recovers it.
 std::string QuotedArgument(std::string_view text) {
   std::string argument = " \"";
@@ -95,6 +79,22 @@ std::string WithTrailingSeparator(std::string_view folder, PathStyle style) {
   result = folder;
   if (result.empty() || result.back() != separator) result += separator;
   return result;
+}
+
+bool IsInvalidInName(char character) {
+  switch (character) {
+    case '"':
+    case '*':
+    case '/':
+    case ':':
+    case '<':
+    case '>':
+    case '?':
+    case '\\':
+    case '|':
+    case '\r': return true;
+    default: return false;
+  }
 }
 
 int InvalidCharacterPosition(std::string_view name) {

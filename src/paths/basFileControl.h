@@ -30,8 +30,10 @@ namespace quillon {
 /// The folder with one separator appended when it does not end with one. An empty folder gives the separator alone.
 [[nodiscard]] std::string WithTrailingSeparator(std::string_view folder, PathStyle style = SystemPathStyle());
 
-/// The 1-based position, in characters, of the first character that a file name may not hold: one of
-/// `" * / : < > ? \ |` and carriage return, on every system; 0 when there is none.
+/// True for a character that a file name may not hold: one of `" * / : < > ? \ |` and carriage return, on every system.
+[[nodiscard]] bool IsInvalidInName(char character);
+
+/// The 1-based position, in characters, of the first such character; 0 when there is none.
 [[nodiscard]] int InvalidCharacterPosition(std::string_view name);
 
 /// The position of the first such character that `name` contains more often, up to that position, than `present`, the

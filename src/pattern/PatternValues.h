@@ -14,8 +14,9 @@ struct PatternValues {
   std::string folder;         ///< the name of the folder that it lies in
   std::string type;           ///< as the list shows it
   std::uint64_t size = 0;     ///< bytes
-  std::int64_t modified = 0;  ///< seconds since 1970-01-01 00:00 UTC; shown in local time
+  std::int64_t modified = 0;  ///< seconds since 1970-01-01 00:00 UTC; shown in local time; 0 when unknown
   std::int64_t number = 0;    ///< the counter
+  int numberDigits = 1;       ///< of the counter, at least, where the pattern does not say
 };
 
 }  // namespace quillon

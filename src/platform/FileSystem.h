@@ -75,7 +75,8 @@ struct FolderEntry {
 struct FileStatus {
   enum class Kind { kAbsent, kFile, kFolder, kOther };
   Kind kind = Kind::kAbsent;
-  std::uint64_t length = 0;  ///< bytes; files only
+  std::uint64_t length = 0;   ///< bytes; files only
+  std::int64_t modified = 0;  ///< when it was last changed, in seconds since 1970-01-01 00:00 UTC; files only
 };
 
 /// The unit in which a volume limits the length of a name.

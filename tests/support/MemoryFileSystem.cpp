@@ -307,7 +307,7 @@ Result<FileStatus, FileError> MemoryFileSystem::Status(const std::string& path) 
   const NodePointer node = Walk(path, true);
   if (!node) return FileStatus{Walk(path, false) ? FileStatus::Kind::kOther : FileStatus::Kind::kAbsent, 0};
   switch (node->kind) {
-    case Node::Kind::kFile: return FileStatus{FileStatus::Kind::kFile, node->bytes.size()};
+    case Node::Kind::kFile: return FileStatus{FileStatus::Kind::kFile, node->bytes.size(), modified};
     case Node::Kind::kFolder: return FileStatus{FileStatus::Kind::kFolder, 0};
     default: return FileStatus{FileStatus::Kind::kOther, 0};
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -94,8 +95,9 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   [[nodiscard]] bool RecycleAsks() const override { return recycleAsks; }
 
   bool recycleAsks = true;
-  NameUnit nameUnit;  ///< initially that of the style
-  NotKept notKept;    ///< the result of successful moves
+  NameUnit nameUnit;          ///< initially that of the style
+  NotKept notKept;            ///< the result of successful moves
+  std::int64_t modified = 0;  ///< when every file was last changed
   /// If not zero, every move copies to another volume in pieces of this many bytes.
   std::uint64_t copiesPieces = 0;
 

@@ -56,7 +56,9 @@ void AddEntry(std::vector<FolderEntry>& entries, DIR* folder, const dirent& foun
 }
 
 FileStatus StatusOf(const struct stat& status) {
-  if (S_ISREG(status.st_mode)) return {FileStatus::Kind::kFile, static_cast<std::uint64_t>(status.st_size)};
+  if (S_ISREG(status.st_mode)) {
+    return {FileStatus::Kind::kFile, static_cast<std::uint64_t>(status.st_size), status.st_mtim.tv_sec};
+  }
   return {S_ISDIR(status.st_mode) ? FileStatus::Kind::kFolder : FileStatus::Kind::kOther, 0};
 }
 

@@ -58,9 +58,20 @@ std::string FinalPath(const Handle& file) {
   return PlainWindowsPath(FromWide(path));
 }
 
-Result<FileStatus, FileError> StatusOf(DWORD attributes, std::uint64_t high, std::uint64_t low) {
-  if (IsFolder(attributes)) return FileStatus{FileStatus::Kind::kFolder, 0};
-  return FileStatus{FileStatus::Kind::kFile, high << 32u | low};
+// The system counts steps of 100 ns since 1601.
+std::int64_t SecondsSince1970(const FILETIME& time) {
+  constexpr std::int64_t kStepsPerSecond = 10'000'000;
+  constexpr std::int64_t kSecondsTo1970 = 11'644'473'600;
+  const auto steps = static_cast<std::int64_t>(std::uint64_t{time.dwHighDateTime} << 32u | time.dwLowDateTime);
+  return steps / kStepsPerSecond - kSecondsTo1970;
+}
+
+// For both structures in which the system tells of a file.
+template <class Found>
+Result<FileStatus, FileError> StatusOf(const Found& found) {
+  if (IsFolder(found.dwFileAttributes)) return FileStatus{FileStatus::Kind::kFolder, 0};
+  return FileStatus{FileStatus::Kind::kFile, std::uint64_t{found.nFileSizeHigh} << 32u | found.nFileSizeLow,
+                    SecondsSince1970(found.ftLastWriteTime)};
 }
 
 Result<FileStatus, FileError> StatusError(DWORD number) {
@@ -74,7 +85,7 @@ Result<FileStatus, FileError> StatusBehindLink(const std::wstring& path) {
   const Handle file = OpenForQuestions(path);
   BY_HANDLE_FILE_INFORMATION found = {};
   if (file.Open() && ::GetFileInformationByHandle(file.Get(), &found)) {
-    return StatusOf(found.dwFileAttributes, found.nFileSizeHigh, found.nFileSizeLow);
+    return StatusOf(found);
   }
   const Result<FileStatus, FileError> status = StatusError(::GetLastError());
   // A dangling link is not absent: its name is taken.
@@ -122,7 +133,7 @@ class WindowsFileReads final : public FileReads {
     if (!::GetFileAttributesExW(systemPath->c_str(), GetFileExInfoStandard, &found))
       return StatusError(::GetLastError());
     if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return StatusBehindLink(*systemPath);
-    return StatusOf(found.dwFileAttributes, found.nFileSizeHigh, found.nFileSizeLow);
+    return StatusOf(found);
   }
 
   bool SameFile(const std::string& left, const std::string& right) override {

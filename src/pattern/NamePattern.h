@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Result.h"
+#include "pattern/PatternValues.h"
+
+namespace quillon {
+
+enum class PatternField {
+  kTitle,
+  kArtist,
+  kAlbum,
+  kTrack,
+  kYear,
+  kGenre,
+  kName,
+  kFolder,
+  kType,
+  kDate,
+  kSize,
+  kNumber,
+};
+
+/// Why a text is no pattern.
+struct PatternError {
+  std::size_t position = 0;  ///< 1-based, in characters
+  std::string reason;        ///< for the user
+
+  bool operator==(const PatternError&) const = default;
+};
+
+/// A part of a pattern: a text that stands for itself, or a field.
+struct PatternPiece {
+  std::string text;                   ///< where there is no field
+  std::optional<PatternField> field;  ///< {title}
+  int digits = 0;                     ///< {track:02}: at least so many; 0 where the pattern does not say
+  std::string dateForm;               ///< {date:YYMMDD}
+  std::vector<PatternPiece> instead;  ///< {title|...}: where the field is not there
+  std::vector<PatternPiece> then;     ///< {title?...}: follows the field where it is there
+  bool thenHoldsField = false;        ///< `then` says itself where the field goes
+};
+
+/// A form for file names with fields in braces:
+///   {title} {artist} {album} {track} {year} {genre} {name} {folder} {type} {date} {size} {n}
+///   {n:03} {track:02}    numbers with at least so many digits
+///   {date:YYYYMMDD}      YYYY YY MM DD hh mm ss; YYYY-MM-DD when it does not say
+///   {title|text}         the text where the field is not there
+///   {track?text}         where the field is there, the field and the text; the text alone if it holds the field itself
+///   {{                   a brace
+/// A format may stand before "|" or "?". These texts are patterns themselves. A "}" outside a field stands for itself.
+///
+/// Not there are empty and blank texts and "---", the track and the year 0, and an unknown date.
+class NamePattern {
+ public:
+  static Result<NamePattern, PatternError> Parse(std::string_view pattern);
+
+  /// The name for these values, without blanks around it and at most 32,767 characters long. Control characters of the
+  /// values are blanks in it; characters that a file name may not hold stay.
+  [[nodiscard]] std::string Text(const PatternValues& values) const;
+
+  /// True when a field says what a list row does not: album, track, year, genre or date.
+  [[nodiscard]] bool NeedsFile() const;
+
+ private:
+  explicit NamePattern(std::vector<PatternPiece> pieces);
+
+  std::vector<PatternPiece> pieces_;
+};
+
+}  // namespace quillon
