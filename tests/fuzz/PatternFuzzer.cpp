@@ -14,7 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string pattern = bytes.substr(0, data[0]);
   PatternValues values;
   values.name = values.folder = values.type = bytes.substr(pattern.size());
-  values.song = {.title = values.name, .artist = values.name, .album = values.name, .genre = values.name, .track = 1};
+  values.song.title = values.song.artist = values.song.album = values.song.genre = values.name;
+  values.song.track = 1;
   values.modified = static_cast<std::int64_t>(size) << (data[0] % 64u);
   const Result<NamePattern, PatternError> parsed = NamePattern::Parse(pattern);
   if (!parsed) {

@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "pattern/PatternRename.h"
+#include "support/Rows.h"
+
+namespace quillon {
+namespace {
+
+using test::RenameNames;
+using Texts = std::vector<std::string>;
+using Indices = std::vector<int>;
+
+PatternRules Rules(std::string_view pattern) {
+  return {.pattern = *NamePattern::Parse(pattern)};
+}
+
+struct Fixture {
+  FileList list{PathStyle::kLinux};
+  int reads = 0;
+  FileFacts facts;
+  ReadFacts read = [this](const FileItem&) {
+    ++reads;
+    return facts;
+  };
+
+  /// One file for each title: "/m/1.mid" and so on.
+  explicit Fixture(const Texts& titles) {
+    for (std::size_t i = 0; i < titles.size(); ++i) {
+      FileItem row = test::RowFor("/m/" + std::to_string(i + 1) + ".mid", PathStyle::kLinux);
+      row.title = titles[i];
+      list.Add(row);
+    }
+  }
+
+  PatternOutcome Rename(const PatternRules& rules, Rows rows = Rows::kAll, const ApplyRow& apply = {}) {
+    Unwatched progress;
+    return RenameByPattern(list, rows, rules, read, apply, progress, PathStyle::kLinux);
+  }
+};
+
+TEST(PatternRename, SetsEveryRenameName) {
+  Fixture f({"one", "two"});
+  const PatternOutcome outcome = f.Rename(Rules("{title} [{name}, {folder}, {type}]"));
+  EXPECT_EQ(RenameNames(f.list), Texts({"one [1, m, mid]", "two [2, m, mid]"}));
+  EXPECT_EQ(outcome.end, RunEnd::kComplete);
+  EXPECT_EQ(f.reads, 0) << "the row says it all";
+}
+
+TEST(PatternRename, ReadsTheFileWhenThePatternNeedsItButKeepsTheRowsTitle) {
+  Fixture f({"row's", "---"});
+  f.facts.song.title = f.facts.song.artist = "tag's";
+  f.facts.song.album = "Spring";
+  f.facts.song.track = 4;
+  f.Rename(Rules("{title|none} {artist|none} {album} {track:02}"));
+  EXPECT_EQ(RenameNames(f.list), Texts({"row's none Spring 04", "none none Spring 04"}));
+  EXPECT_EQ(f.reads, 2);
+}
+
+TEST(PatternRename, CountsTheNamesThatItGives) {
+  Fixture f({"one", "---", "three", "four"});
+  f.list.SetChecked(1, true);
+  f.list.SetChecked(2, true);
+  f.list.SetChecked(4, true);
+  PatternRules rules = Rules("{title?{title} {n}}");
+  rules.start = 5;
+  rules.step = -10;
+  rules.digits = 2;
+  rules.skipUnnamed = true;
+  const PatternOutcome outcome = f.Rename(rules, Rows::kChecked);
+  EXPECT_EQ(RenameNames(f.list), Texts({"one 05", "2", "3", "four -05"})) << "the skipped row takes no number";
+  EXPECT_EQ(outcome.unnamed, Indices({2}));
+}
+
+TEST(PatternRename, SetsNothingAsNameUnlessSuchRowsAreSkipped) {
+  Fixture f({"", "two"});
+  EXPECT_EQ(f.Rename(Rules("{title}")).unnamed, Indices());
+  EXPECT_EQ(RenameNames(f.list), Texts({"", "two"}));
+}
+
+TEST(PatternRename, TreatsInvalidCharactersOfTheWholeNameAsChosen) {
+  struct Case {
+    PatternInvalid invalid;
+    const char* name;
+  };
+  for (const auto& [invalid, name] : std::vector<Case>{{PatternInvalid::kKept, "AC/DC: x?"},
+                                                       {PatternInvalid::kRemoved, "ACDC x"},
+                                                       {PatternInvalid::kReplaced, "AC_-DC_- x_-"},
+                                                       {PatternInvalid::kWide, "AC／DC： x？"}}) {
+    Fixture f({"AC/DC"});
+    PatternRules rules = Rules("{title}: x?");
+    rules.invalid = invalid;
+    rules.replacement = "_-";
+    f.Rename(rules);
+    EXPECT_EQ(RenameNames(f.list), Texts({name}));
+  }
+}
+
+TEST(PatternRename, ANameOfInvalidCharactersOnlyIsNoneOnceTheyAreRemoved) {
+  Fixture f({"?? /", "b"});
+  PatternRules rules = Rules("{title}");
+  rules.invalid = PatternInvalid::kRemoved;
+  rules.skipUnnamed = true;
+  EXPECT_EQ(f.Rename(rules).unnamed, Indices({1}));
+  EXPECT_EQ(RenameNames(f.list), Texts({"1", "b"}));
+}
+
+TEST(PatternRename, FindsInvalidNamesOnRequest) {
+  Fixture f({"a?b", "fine", "a/b"});
+  PatternRules rules = Rules("{title}");
+  EXPECT_EQ(f.Rename(rules).invalid, Indices());
+  rules.findInvalid = true;
+  EXPECT_EQ(f.Rename(rules).invalid, Indices({1, 3}));
+}
+
+TEST(PatternRename, TheFirstFailureEndsTheRunAndRestoresTheName) {
+  Fixture f({"one", "two", "three"});
+  const PatternOutcome outcome = f.Rename(Rules("{title}"), Rows::kAll, [](int index) { return index != 2; });
+  EXPECT_EQ(RenameNames(f.list), Texts({"one", "2", "3"}));
+  EXPECT_EQ(outcome.end, RunEnd::kStopped);
+  EXPECT_EQ(outcome.failedRow, 2);
+}
+
+TEST(PatternRename, NamesFilesByWhatStandsBeforeTheirExtension) {
+  for (const auto& [location, name] : std::vector<std::pair<const char*, const char*>>{
+           {"/m/a.b.mid", "a.b [m]"}, {"/m/README", "README [m]"}, {"/m/.hidden", "[m]"}, {"/a.mid", "a []"}}) {
+    FileList list(PathStyle::kLinux);
+    list.Add(test::RowFor(location, PathStyle::kLinux));
+    Unwatched progress;
+    RenameByPattern(list, Rows::kAll, Rules("{name} [{folder}]"), {}, {}, progress, PathStyle::kLinux);
+    EXPECT_EQ(list.Row(1).renameName, name);
+  }
+  for (const auto& [location, name] : std::vector<std::pair<const char*, const char*>>{
+           {"C:\\曲\\a.mid", "a [曲]"}, {"C:\\a.mid", "a []"}, {"\\\\server\\share\\a.mid", "a [share]"}}) {
+    FileList list(PathStyle::kWindows);
+    list.Add(test::RowFor(location, PathStyle::kWindows));
+    Unwatched progress;
+    RenameByPattern(list, Rows::kAll, Rules("{name} [{folder}]"), {}, {}, progress, PathStyle::kWindows);
+    EXPECT_EQ(list.Row(1).renameName, name);
+  }
+}
+
+TEST(PatternRename, KeptFactsAreReadOncePerFile) {
+  Fixture f({"one", "two"});
+  f.read = KeptFacts(f.read);
+  f.Rename(Rules("{album|x}"));
+  f.Rename(Rules("{year|y}"));
+  EXPECT_EQ(f.reads, 2);
+}
+
+}  // namespace
+}  // namespace quillon
