@@ -29,6 +29,8 @@ Col5_Width=900
 Col6_Width=1500
 [Modify]
 ReviceText=-
+[Extra]
+Pattern0={n:02} {artist? - }{title|{name}}
 END
 
 # make_files FOLDER
@@ -41,11 +43,13 @@ make_files() {
 # picture SYSTEM NAME PROGRAM FOLDER [SHOWN]: what the window looks like after the picture's keys, in few colours. SHOWN
 # is how the program calls the folder.
 picture() {
-  local system=$1 name=$2 file=help/images/$1/$2.png
+  local system=$1 name=$2 file=help/images/$1/$2.png pictured=
+  # This dialog is wider than the main window.
+  if [ "$name" = pattern ]; then pictured=active; fi
   make_files "$4"
   # The user's own theme and fonts stay out of it.
   mkdir -p "$work/config" "help/images/$system"
-  KEYS=${keys[$name]} XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita \
+  KEYS=${keys[$name]} PICTURED=$pictured XDG_CONFIG_HOME=$work/config GTK_THEME=Adwaita \
     scripts/window-picture.sh "$work/$name.png" "$3" "$work/settings.ini" "${5:-$4}"
   if [ "$name" = window ]; then number_parts "$system"; fi
   convert "$work/$name.png" -dither None -colors 64 -strip -define png:compression-level=9 "PNG8:$file" ||
@@ -96,6 +100,7 @@ declare -A keys=(
   [loaded]='Home sleep 1'
   [window]='Home Down sleep 1'
   [titles]="Home $titles"
+  [pattern]="Home key ctrl+shift+p sleep 2 key Tab sleep 1"
   [modify]="Home $titles $revise"
   [confirm]="Home $titles $revise key Return sleep 2 key ctrl+s sleep 1"
   [applied]="Home $titles $revise key Return sleep 2 key ctrl+s sleep 1 key alt+y sleep 2"

@@ -38,16 +38,18 @@ SubFolder=1
 FilterChk=0
 END
 { cat "$work/settings.ini" && echo FilterChk=1; } | sed '0,/FilterChk=0/{/FilterChk=0/d}' >"$work/filter.ini"
+{ cat "$work/settings.ini" && printf '[Extra]\nPattern0={n:02} {artist? - }{title|{name}}\n'; } >"$work/pattern.ini"
 
 # Each window: its name and the keys that open it from the main window, which has its third row selected.
-windows=(main playing modify message option-1 option-2 option-3 option-4 option-5 option-6 option-7 option-8 bar version
-  folders wait search)
+windows=(main playing modify pattern message option-1 option-2 option-3 option-4 option-5 option-6 option-7 option-8
+  bar version folders wait search)
 keys_of() {
   local first="Home Down Down"
   case $1 in
     main | bar) echo "$first" ;;
     playing) echo "Home Down Down Down Down Down Down Return" ;;
     modify) echo "$first ctrl+shift+e" ;;
+    pattern) echo "$first ctrl+shift+p Tab" ;;  # no caret that blinks
     message) echo "$first F5" ;;
     option-*) echo "$first alt+f p$(for ((i = 1; i < ${1#option-}; ++i)); do printf ' ctrl+Next'; done)" ;;
     version) echo "$first alt+h a" ;;
@@ -77,6 +79,7 @@ picture() {
       pictured=
       playing=1.5
       ;;
+    pattern) settings=$work/pattern.ini ;;
     option-*) settings=$work/filter.ini ;;
     bar)
       pictured=

@@ -102,6 +102,11 @@ void Application::ModifyRows(Rows rows, const OptionValues::Modify& rules) {
   editing_.Refresh();
 }
 
+void Application::RenameByPattern(Rows rows, const PatternRules& rules, const ReadFacts& read) {
+  names_.RenameByPattern(rows, rules, read);
+  editing_.Refresh();
+}
+
 void Application::ResetAndEnd() {
   if (mnuOptionDefaultExit(paths_.settings, options_, ports_.dialogs.boxes)) ports_.window.main.EndAtOnce();
 }

@@ -41,6 +41,7 @@ class MainWindow {
                                                              const std::vector<FileDialogFilter>& filters,
                                                              const std::string& folder) = 0;
   virtual void ShowModifyDialog(Rows rows) = 0;
+  virtual void ShowPatternDialog(Rows rows) = 0;
   /// Modal; ends with the form's cmdOK or cmdCancel.
   virtual void ShowOptionDialog(OptionForm& form) = 0;
   virtual void ShowVersionDialog() = 0;
@@ -144,6 +145,9 @@ class Application : private FilePanel {
 
   /// Called by frmModify to change the rename names.
   void ModifyRows(Rows rows, const OptionValues::Modify& rules);
+
+  /// Called by frmPattern's owner when its OK was pressed.
+  void RenameByPattern(Rows rows, const PatternRules& rules, const ReadFacts& read);
 
   void ModePanelClicked();
 

@@ -32,6 +32,10 @@ constexpr std::array kEntries = {
                  [](To to) { to.editing.mnuRename(); }},
     CommandEntry{mnuAllRename, "すべてタイトルにリネーム(&R)", "Ctrl+Shift+T", Needs::kRows, InMode::kAny,
                  [](To to) { to.editing.mnuAllRename(); }},
+    CommandEntry{mnuPattern, "チェックアイテムを書式でリネーム(&F)...", "Ctrl+P", Needs::kCheckedRows, InMode::kAny,
+                 [](To to) { to.main.ShowPatternDialog(Rows::kChecked); }},
+    CommandEntry{mnuAllPattern, "すべて書式でリネーム(&P)...", "Ctrl+Shift+P", Needs::kRows, InMode::kAny,
+                 [](To to) { to.main.ShowPatternDialog(Rows::kAll); }},
     CommandEntry{mnuModify, "チェックアイテムのリネーム名を編集(&E)...", "Ctrl+E", Needs::kCheckedRows, InMode::kAny,
                  [](To to) { to.main.ShowModifyDialog(Rows::kChecked); }},
     CommandEntry{mnuAllModify, "すべてリネーム名を編集(&A)...", "Ctrl+Shift+E", Needs::kRows, InMode::kAny,
@@ -99,9 +103,10 @@ constexpr std::array kEntries = {
 constexpr std::array kFileMenu = {
     mnuFolderReference, mnuFileLoad, mnuReload, mnuAllClear, kSeparator,           mnuUpdate,
     mnuAllUpdate,       kSeparator,  mnuOption, kSeparator,  mnuOptionDefaultExit, mnuExit};
-constexpr std::array kEditMenu = {mnuRename, mnuAllRename, kSeparator, mnuModify,  mnuAllModify,   kSeparator,
-                                  mnuUndo,   mnuAllUndo,   kSeparator, mnuMove,    mnuAllMove,     kSeparator,
-                                  mnuAllChk, mnuChkRem,    mnuTurnChk, kSeparator, mnuUnChkListRem};
+constexpr std::array kEditMenu = {mnuRename,  mnuAllRename, mnuPattern, mnuAllPattern,  kSeparator,
+                                  mnuModify,  mnuAllModify, kSeparator, mnuUndo,        mnuAllUndo,
+                                  kSeparator, mnuMove,      mnuAllMove, kSeparator,     mnuAllChk,
+                                  mnuChkRem,  mnuTurnChk,   kSeparator, mnuUnChkListRem};
 constexpr std::array kPlayMenu = {mnuPlay, mnuPause, mnuStop, kSeparator, mnuRepeat};
 constexpr std::array kViewMenu = {mnuFront, mnuApplyMode, kSeparator, mnuSortRenameName, kSeparator, mnuDirShow};
 constexpr std::array kHelpMenu = {mnuShowHelp, kSeparator, mnuVarInfo};

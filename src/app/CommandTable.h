@@ -25,6 +25,8 @@ enum class Command {
   mnuExit,
   mnuRename,
   mnuAllRename,
+  mnuPattern,
+  mnuAllPattern,
   mnuModify,
   mnuAllModify,
   mnuUndo,

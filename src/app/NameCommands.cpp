@@ -73,6 +73,19 @@ void NameCommands::RenameToTitles(Rows rows) {
   Tell(outcome);
 }
 
+void NameCommands::RenameByPattern(Rows rows, const PatternRules& rules, const ReadFacts& read) {
+  screen_.window.SetPointer(Pointer::kBusyArrow);
+  const Finally normal([this] { screen_.window.SetPointer(Pointer::kNormal); });
+  waiting_.Begin(kEditingHeadline, kEditingLine);
+  const Finally ended([this] { waiting_.End(); });
+  ShownProgress progress = Shown();
+  const PatternOutcome outcome =
+      quillon::RenameByPattern(session_.list, rows, rules, read, ApplyAtOnce(), progress, session_.style);
+  MarkFailed(outcome);
+  if (session_.options.rename.checkSkippedRows) Check(outcome.unnamed);
+  Check(outcome.invalid);
+}
+
 void NameCommands::Check(const std::vector<int>& rows) {
   for (const int index : rows) session_.list.SetChecked(index, true);
 }

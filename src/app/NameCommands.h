@@ -6,14 +6,15 @@
 #include "app/ApplyCommands.h"
 #include "app/Screen.h"
 #include "app/ShownProgress.h"
+#include "pattern/PatternRename.h"
 #include "rename/RegexReplace.h"
 #include "rename/RowRun.h"
 
 namespace quillon {
 
-/// Changes the rename names of many rows: to their titles, and by the modification rules. In auto-apply mode each row
-/// is applied at once. Long runs show the wait window, where the user can cancel them; the rows done so far stay. Names
-/// that stay unchanged (ModifyResult::leftAlone) are reported once, at the end.
+/// Changes the rename names of many rows: to their titles, by a pattern, and by the modification rules. In auto-apply
+/// mode each row is applied at once. Long runs show the wait window, where the user can cancel them; the rows done so
+/// far stay. Names that stay unchanged (ModifyResult::leftAlone) are reported once, at the end.
 class NameCommands {
  public:
   NameCommands(const Session& session, ApplyCommands& applying, RegexEngine& regex, ProgressDisplay& waiting,
@@ -25,6 +26,9 @@ class NameCommands {
   /// Rows without a title are skipped as the options say. With `applyRules` the title passes through the modification
   /// rules first.
   void RenameToTitles(Rows rows);
+
+  /// Rows for which the pattern gives nothing are skipped, and checked, like rows without a title.
+  void RenameByPattern(Rows rows, const PatternRules& rules, const ReadFacts& read);
 
  private:
   [[nodiscard]] ApplyRow ApplyAtOnce();

@@ -14,12 +14,8 @@ namespace quillon {
 
 /// The rows are applied one by one to a disk that only plans.
 struct PatternPreview::DryRun {
-  DryRun(PatternRules given, const ReadFacts& read, FileReads& files, const ApplyMode& mode, PathStyle style)
-      : rules(std::move(given)),
-        names(rules, read, style),
-        disk(files),
-        row(style),
-        engine(row, mode, disk, none, style) {}
+  DryRun(PatternRules given, const ReadFacts& read, FileReads& files, const ApplyMode& mode)
+      : rules(std::move(given)), names(rules, read), disk(files), engine(row, mode, disk, none) {}
 
   PatternRules rules;
   PatternNames names;
@@ -30,9 +26,8 @@ struct PatternPreview::DryRun {
   std::unordered_map<std::string, int> takenBy;  ///< by the identity of a path; 1-based rows
 };
 
-PatternPreview::PatternPreview(const FileList& list, Rows rows, FileReads& files, const ApplyMode& mode, ReadFacts read,
-                               PathStyle style)
-    : list_(list), files_(files), mode_(mode), read_(std::move(read)), style_(style) {
+PatternPreview::PatternPreview(const FileList& list, Rows rows, FileReads& files, const ApplyMode& mode, ReadFacts read)
+    : list_(list), files_(files), mode_(mode), read_(std::move(read)) {
   indices_.reserve(static_cast<std::size_t>(list.CountOf(rows)));
   for (int index = 1; index <= list.Count(); ++index) {
     if (list.IsIn(rows, index)) indices_.push_back(index);
@@ -44,7 +39,7 @@ PatternPreview::~PatternPreview() = default;
 void PatternPreview::Restart(std::optional<PatternRules> rules) {
   results_.clear();
   changed_ = problems_ = 0;
-  run_ = rules ? std::make_unique<DryRun>(*std::move(rules), read_, files_, mode_, style_) : nullptr;
+  run_ = rules ? std::make_unique<DryRun>(*std::move(rules), read_, files_, mode_) : nullptr;
 }
 
 bool PatternPreview::Work(std::chrono::steady_clock::duration time) {
@@ -61,7 +56,7 @@ std::string PatternPreview::ProblemOf(const RowOutcome& failed, const std::strin
     case ApplyCode::kInvalidCharacter:
       return std::to_string(failed.invalidCharacter) + " 文字目の文字は、ファイル名に使えません";
     case ApplyCode::kTargetExists: {
-      const auto taken = run_->takenBy.find(PathIdentity(to, style_));
+      const auto taken = run_->takenBy.find(PathIdentity(to));
       if (taken == run_->takenBy.end()) return "同じ名前のファイルがあります";
       return std::to_string(taken->second) + " 行目と同じ名前になります";
     }
@@ -79,14 +74,14 @@ PatternPreview::Result PatternPreview::Next() {
     return {{}, run_->rules.skipUnnamed ? "名前になる文字がないため、変更しません" : "名前になる文字がありません"};
   }
   const std::string from = row.location;
-  const std::string to = AppliedPath(row, style_);
-  Result result = {std::string(FileName(to, style_)), {}};
+  const std::string to = AppliedPath(row);
+  Result result = {std::string(FileName(to)), {}};
   run_->row.Clear();
   run_->row.Add(std::move(row));
-  if (IsNameTooLong(files_, to, style_)) {
+  if (IsNameTooLong(files_, to)) {
     result.problem = "名前が長すぎます";
   } else if (const RowOutcome applied = run_->engine.Apply(1); applied.Ok()) {
-    run_->takenBy[PathIdentity(to, style_)] = index;
+    run_->takenBy[PathIdentity(to)] = index;
     if (to != from) ++changed_;
   } else {
     result.problem = ProblemOf(applied, to);
@@ -96,7 +91,7 @@ PatternPreview::Result PatternPreview::Next() {
 }
 
 std::string PatternPreview::OldName(std::size_t row) const {
-  return std::string(FileName(list_.Row(indices_[row]).location, style_));
+  return std::string(FileName(list_.Row(indices_[row]).location));
 }
 
 std::string PatternPreview::NewName(std::size_t row) const {

@@ -20,8 +20,7 @@ namespace quillon {
 /// may have to be read. Changes nothing. The list must stay as it is meanwhile.
 class PatternPreview {
  public:
-  PatternPreview(const FileList& list, Rows rows, FileReads& files, const ApplyMode& mode, ReadFacts read,
-                 PathStyle style = SystemPathStyle());
+  PatternPreview(const FileList& list, Rows rows, FileReads& files, const ApplyMode& mode, ReadFacts read);
   PatternPreview(const PatternPreview&) = delete;
   PatternPreview& operator=(const PatternPreview&) = delete;
   ~PatternPreview();
@@ -55,7 +54,6 @@ class PatternPreview {
   FileReads& files_;
   const ApplyMode& mode_;
   ReadFacts read_;
-  PathStyle style_;
   std::vector<int> indices_;
   std::unique_ptr<DryRun> run_;  // none without rules
   std::vector<Result> results_;

@@ -35,6 +35,10 @@ class MainWindowRecorder final : public MainWindow {
     log_.Add(rows == Rows::kAll ? "main modify dialog for all rows" : "main modify dialog for checked rows");
     if (modifyDialog) modifyDialog(rows);
   }
+  void ShowPatternDialog(Rows rows) override {
+    log_.Add(rows == Rows::kAll ? "main pattern dialog for all rows" : "main pattern dialog for checked rows");
+    if (patternDialog) patternDialog(rows);
+  }
   void ShowOptionDialog(OptionForm& form) override {
     log_.Add("main option dialog");
     if (optionDialog) optionDialog(form);
@@ -50,6 +54,7 @@ class MainWindowRecorder final : public MainWindow {
   std::vector<std::string> chosenFiles;
   std::vector<FileDialogFilter> shownFilters;
   std::function<void(Rows rows)> modifyDialog;
+  std::function<void(Rows rows)> patternDialog;
   std::function<void(OptionForm& form)> optionDialog;
 
  private:

@@ -315,6 +315,23 @@ TEST(Modifying, TheDialogsCommandRunsWhileTheDialogIsOpen) {
   }
 }
 
+TEST(RenamingByPattern, TheCommandsOpenTheDialogAndItsOwnerRunsTheRules) {
+  for (const bool all : {false, true}) {
+    ApplicationFixture f;
+    f.Load({"a.txt", "b.txt"});
+    f.Select({2});
+    f.app.List().SetChecked(2, true);
+    f.main.patternDialog = [&](Rows rows) {
+      EXPECT_EQ(rows == Rows::kAll, all);
+      f.app.RenameByPattern(rows, {.pattern = *NamePattern::Parse("{name}{n:02}")}, {});
+    };
+    f.app.Execute(all ? mnuAllPattern : mnuPattern);
+    EXPECT_EQ(f.Names(), all ? Texts({"a01", "b02"}) : Texts({"a", "b01"}));
+    EXPECT_EQ(f.box.Text(), all ? "b02" : "b01") << "the box follows";
+    EXPECT_TRUE(f.Log().StartingWith("box ").empty()) << "the dialog itself is the confirmation";
+  }
+}
+
 // Check marks, removing, deleting, moving.
 
 TEST(Checking, EachCommandChangesTheCheckMarks) {

@@ -99,6 +99,7 @@ const std::vector<EnablingRow>& EnablingTable() {
       {mnuAllClear, "0111 0111"},
       {mnuAllUpdate, "0111 0000"},
       {mnuAllRename, "0111 0111"},
+      {mnuAllPattern, "0111 0111"},
       {mnuAllModify, "0111 0111"},
       {mnuAllUndo, "0111 0000"},
       {mnuAllMove, "0111 0111"},
@@ -115,6 +116,7 @@ const std::vector<EnablingRow>& EnablingTable() {
       // for the checked rows
       {mnuUpdate, "0001 0000"},
       {mnuRename, "0001 0001"},
+      {mnuPattern, "0001 0001"},
       {mnuModify, "0001 0001"},
       {mnuUndo, "0001 0000"},
       {mnuMove, "0001 0001"},

@@ -132,6 +132,9 @@ TEST_F(AccessKeysOfWindows, AreUniqueInTheModifyDialogExceptForTwoThatAreGiven) 
 }
 
 TEST_F(AccessKeysOfWindows, AreUniqueInTheOtherWindows) {
+  const AccessKeys pattern = KeysOf(Command::mnuPattern);
+  EXPECT_EQ(pattern.Count(), 5u);
+  EXPECT_EQ(pattern.Shared(), kNone);
   EXPECT_EQ(KeysOf(Command::mnuVarInfo).Shared(), kNone);
   AccessKeys search;
   search.AddControls(Get<wxWindow>("frmFolderRef"));

@@ -107,5 +107,7 @@ inline constexpr const char* kAutomatic = "自動適応モード";
 [[nodiscard]] std::string NativeText(lvwFiles& list, int index, Column column);
 [[nodiscard]] int NativeCount(lvwFiles& list);
 [[nodiscard]] std::vector<int> NativeSelection(lvwFiles& list);
+/// A cell of a TextTable; both numbers are 0-based.
+[[nodiscard]] std::string NativeCell(wxWindow& table, int row, int column);
 
 }  // namespace quillon::test

@@ -43,4 +43,12 @@ std::vector<int> NativeSelection(lvwFiles& list) {
   return rows;
 }
 
+std::string NativeCell(wxWindow& table, int row, int column) {
+  const auto& view = dynamic_cast<wxDataViewCtrl&>(table);
+  wxVariant value;
+  dynamic_cast<const wxDataViewVirtualListModel&>(*view.GetModel())
+      .GetValueByRow(value, static_cast<unsigned>(row), static_cast<unsigned>(column));
+  return FromWx(value.GetString());
+}
+
 }  // namespace quillon::test

@@ -35,4 +35,8 @@ std::vector<int> NativeSelection(lvwFiles& list) {
   return rows;
 }
 
+std::string NativeCell(wxWindow& table, int row, int column) {
+  return FromWx(dynamic_cast<wxListCtrl&>(table).GetItemText(row, column));
+}
+
 }  // namespace quillon::test

@@ -126,9 +126,9 @@ TEST(HelpCompleteness, QuotesOnlyMessagesThatTheProgramHas) {
 bool LooksLikeAMessage(const SourceText& text) {
   static constexpr std::array<std::string_view, 8> kWords = {"ません", "ください", "します", "ですか",
                                                              "中断",   "既に",     "可能性", "エラーが"};
-  // The messages of quillon-cli and of --help appear in a terminal, and options have their own page.
-  const bool elsewhere =
-      text.file.starts_with("cli/") || text.file == "app/CommandLine.cpp" || text.file == "dialogs/OptionTable.cpp";
+  // The messages of quillon-cli and of --help appear in a terminal; options and patterns have their own pages.
+  const bool elsewhere = text.file.starts_with("cli/") || text.file.starts_with("pattern/") ||
+                         text.file == "app/CommandLine.cpp" || text.file == "dialogs/OptionTable.cpp";
   return !elsewhere && IsJapanese(text.line) && std::any_of(kWords.begin(), kWords.end(), [&](std::string_view word) {
     return text.line.find(word) != std::string::npos;
   });
@@ -152,6 +152,11 @@ struct Window {
 
 TEST(HelpCompleteness, NamesEveryCaptionOfTheOtherWindows) {
   constexpr std::array kWindows = {Window{"rename/window/frmModifyLayout.cpp", "modify.html"},
+                                   Window{"pattern/window/frmPatternLayout.cpp", "pattern.html"},
+                                   Window{"pattern/PatternFields.cpp", "pattern.html"},
+                                   Window{"pattern/PatternForm.cpp", "pattern.html"},
+                                   Window{"pattern/PatternParser.cpp", "pattern.html"},
+                                   Window{"pattern/PatternPreview.cpp", "pattern.html"},
                                    Window{"player/window/frmMoviePlayer.cpp", "player.html"},
                                    Window{"dialogs/window/frmDirShow.cpp", "list.html"}};
   for (const auto& [file, page] : kWindows) {

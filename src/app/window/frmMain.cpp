@@ -23,6 +23,7 @@
 #include "dialogs/ListedFolders.h"
 #include "dialogs/window/frmOption.h"
 #include "dialogs/window/frmVerInfo.h"
+#include "pattern/window/frmPattern.h"
 #include "platform/Shell.h"
 #include "platform/desktop/AccessibleName.h"
 #include "platform/desktop/ScreenMetrics.h"
@@ -339,6 +340,13 @@ void frmMain::ShowModifyDialog(Rows rows) {
   frmModify dialog(this, app_->Options().modify, OpenedFor::kExecute, app_->RegexAvailable(), boxes_,
                    [this, rows](const OptionValues::Modify& rules) { app_->ModifyRows(rows, rules); });
   dialog.ShowModal();
+}
+
+void frmMain::ShowPatternDialog(Rows rows) {
+  const ReadFacts facts = KeptFacts(FactsFrom(*files_));
+  PatternPreview preview(app_->List(), rows, *files_, app_->Mode(), facts);
+  frmPattern dialog(this, app_->Options(), app_->Mode(), preview, [this] { app_->ShowHelp(); });
+  if (dialog.ShowModal() == wxID_OK) app_->RenameByPattern(rows, dialog.Rules(), facts);
 }
 
 void frmMain::ShowOptionDialog(OptionForm& form) {

@@ -71,6 +71,7 @@ class frmMain final : public wxFrame,
                                                      const std::vector<FileDialogFilter>& filters,
                                                      const std::string& folder) override;
   void ShowModifyDialog(Rows rows) override;
+  void ShowPatternDialog(Rows rows) override;
   void ShowOptionDialog(OptionForm& form) override;
   void ShowVersionDialog() override;
   void ShowFolderList() override;
