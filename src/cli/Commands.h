@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,6 +38,9 @@ struct RenameArguments {
   std::string settings;
   TagSources tags = TagSources::kStandard;
   bool toTitle = false;
+  std::optional<std::string> format;  ///< a NamePattern
+  std::optional<std::int32_t> start;  ///< of its counter; empty: as the settings say
+  std::optional<std::int32_t> step;
   bool modify = false;
   bool apply = false;
   bool json = false;

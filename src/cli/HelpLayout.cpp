@@ -39,7 +39,8 @@ class HelpLayout final : public CLI::Formatter {
 
 const char* KindOf(const CLI::Error& error) {
   switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
-    case CLI::ExitCodes::RequiredError: return texts::kTooFewArguments;
+    case CLI::ExitCodes::RequiredError:
+    case CLI::ExitCodes::RequiresError: return texts::kTooFewArguments;
     case CLI::ExitCodes::ExtrasError: return texts::kUnknownArgument;
     case CLI::ExitCodes::ExcludesError: return texts::kNotTogether;
     case CLI::ExitCodes::ArgumentMismatch: return texts::kWrongNumberOfValues;

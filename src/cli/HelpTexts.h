@@ -49,6 +49,10 @@ inline constexpr HelpText kListCount = {"How many rows the list is taken to hold
 inline constexpr HelpText kRename = {"Show what would be renamed, or rename",
                                      "リネームの予告を表示する、またはリネームする"};
 inline constexpr HelpText kToTitle = {"Set the names to the titles", "タイトルを名前にする"};
+inline constexpr HelpText kFormat = {"Make the names by a pattern, \"{artist} - {title}\"",
+                                     "書式で名前を作る（\"{artist} - {title}\"）"};
+inline constexpr HelpText kStart = {"The first number of {n}", "{n} のはじめの数"};
+inline constexpr HelpText kStep = {"What {n} grows by", "{n} の増える数"};
 inline constexpr HelpText kModifyNames = {"Transform the names by the modification rules",
                                           "名前を編集の規則で変換する"};
 inline constexpr HelpText kRenameSettings = {"The settings file that holds rules and options",

@@ -6,6 +6,8 @@
 #include "cli/Table.h"
 #include "fileops/FileOperations.h"
 #include "paths/basFileControl.h"
+#include "pattern/PatternForm.h"
+#include "pattern/PatternRename.h"
 #include "platform/Program.h"
 #include "rename/ModifyRenameNames.h"
 #include "rename/PlannedChanges.h"
@@ -88,7 +90,19 @@ void TellLeftAlone(const RunOutcome& outcome) {
   if (outcome.leftAlone > 0) Complain("リネーム名の編集", LeftAloneText(outcome.leftAlone), {});
 }
 
-void EditNames(const RenameArguments& arguments, Session& session) {
+/// The rules of --format; nullopt, after a complaint, when they are wrong.
+std::optional<PatternRules> FormatRules(const RenameArguments& arguments, const OptionValues& options) {
+  PatternForm form = ShownPatternForm(options.extra);
+  form.pattern = *arguments.format;
+  form.start = arguments.start.value_or(form.start);
+  form.step = arguments.step.value_or(form.step);
+  const Result<PatternRules, PatternRefusal> rules = RulesOf(form, options.rename, false);
+  if (rules) return *rules;
+  Complain("--format", rules.Failure().reason, {});
+  return std::nullopt;
+}
+
+void EditNames(const RenameArguments& arguments, const std::optional<PatternRules>& format, Session& session) {
   RegexLibrary regex;
   UntilInterrupted progress;
   const OptionValues& options = session.options;
@@ -96,6 +110,9 @@ void EditNames(const RenameArguments& arguments, Session& session) {
     const TitleRules titles = {.skipUntitled = options.rename.skipUntitledRows,
                                .rules = options.rename.applyRules ? &options.modify : nullptr};
     TellLeftAlone(RenameToTitles(session.list, Rows::kAll, titles, regex, {}, progress));
+  }
+  if (format) {
+    TellLeftAlone(RenameByPattern(session.list, Rows::kAll, *format, FactsFrom(*session.files), {}, progress));
   }
   if (arguments.modify) {
     TellLeftAlone(ModifyRenameNames(session.list, Rows::kAll, options.modify, regex, {}, progress));
@@ -107,6 +124,8 @@ void EditNames(const RenameArguments& arguments, Session& session) {
 int RunRename(const RenameArguments& arguments) {
   std::optional<OptionValues> options = LoadSettings(arguments.settings);
   if (!options) return kBadUsage;
+  const std::optional<PatternRules> format = arguments.format ? FormatRules(arguments, *options) : std::nullopt;
+  if (arguments.format && !format) return kBadUsage;
   Session session(std::move(*options));
   session.tags = arguments.tags;
   const bool complete = session.Load(arguments.selection);
@@ -116,7 +135,7 @@ int RunRename(const RenameArguments& arguments) {
   PlannedChanges plan(*session.files);
   RenameEngine engine(session.list, session.mode, arguments.apply ? *disk : static_cast<FileChanges&>(plan),
                       session.player);
-  EditNames(arguments, session);
+  EditNames(arguments, format, session);
 
   CatchInterruption();
   Output output;

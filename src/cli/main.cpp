@@ -9,6 +9,7 @@
 #include "cli/HelpLayout.h"
 #include "cli/HelpTexts.h"
 #include "cli/Output.h"
+#include "pattern/PatternForm.h"
 #include "platform/Program.h"
 
 namespace quillon::cli {
@@ -95,7 +96,11 @@ void AddModify(CLI::App& app, Arguments& arguments) {
 void AddRename(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("rename", Localized(texts::kRename));
   RenameArguments& rename = arguments.rename;
-  command->add_flag("--to-title", rename.toTitle, Localized(texts::kToTitle));
+  CLI::Option* toTitle = command->add_flag("--to-title", rename.toTitle, Localized(texts::kToTitle));
+  CLI::Option* format = command->add_option("--format", rename.format, Localized(texts::kFormat))->excludes(toTitle);
+  const CLI::Validator countRange = CLI::Range(-kLargestCount, kLargestCount).description("");
+  command->add_option("--start", rename.start, Localized(texts::kStart))->needs(format)->check(countRange);
+  command->add_option("--step", rename.step, Localized(texts::kStep))->needs(format)->check(countRange);
   command->add_flag("--modify", rename.modify, Localized(texts::kModifyNames));
   command->add_option("--settings", rename.settings, Localized(texts::kRenameSettings));
   AddTags(*command, arguments);

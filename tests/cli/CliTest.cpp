@@ -380,6 +380,50 @@ TEST(CliRenameTest, ModifiesByTheSettings) {
   EXPECT_TRUE(folder.Exists("files/A.mp3"));
 }
 
+TEST(CliRenameTest, MakesNamesByAPattern) {
+  const TempFolder folder;
+  folder.Write("1.mp3", Mp3("One", "Taki"));
+  folder.Write("2.mp3", Mp3("Two", ""));
+  folder.Write("3.wav", WaveFile(10));
+  const ProcessResult plan = Cli({"rename", "--format", "{title?{n:02} {artist? - }{title}}", folder.Path()});
+  EXPECT_EQ(Lines(plan.output), (std::vector<std::string>{folder.At("1.mp3") + " -> " + folder.At("01 Taki - One.mp3"),
+                                                          folder.At("2.mp3") + " -> " + folder.At("02 Two.mp3")}))
+      << "the row without a title keeps its name";
+  EXPECT_EQ(plan.exitCode, 0) << plan.errors;
+  const ProcessResult done =
+      Cli({"rename", "--format", "{n}", "--start", "-10", "--step", "20", "--apply", folder.Path()});
+  EXPECT_EQ(done.exitCode, 0) << done.errors;
+  for (const char* name : {"-10.mp3", "10.mp3", "30.wav"}) EXPECT_TRUE(folder.Exists(name)) << name;
+}
+
+TEST(CliRenameTest, ThePatternsNamesArePassedToTheRulesAndTreatedAsTheSettingsSay) {
+  const TempFolder folder;
+  folder.Write("files/1.mp3", Mp3("AC/DC"));
+  folder.Write("files/2.wav", WaveFile(10));
+  const std::string settings = folder.Write(
+      "q.ini",
+      "[Modify]\nLower=1\n[Rename]\nNoTitleSkip=0\n[Extra]\nPatternInvalid=3\nPatternStart=7\nPatternWidth=3\n");
+  const ProcessResult result =
+      Cli({"rename", "--format", "{title?{title} {n}}", "--modify", "--settings", settings, folder.At("files")});
+  EXPECT_EQ(Lines(result.output),
+            (std::vector<std::string>{folder.At("files/1.mp3") + " -> " + folder.At("files/ac／dc 007.mp3"),
+                                      folder.At("files/2.wav") + ": リネーム名が存在しません"}));
+}
+
+TEST(CliRenameTest, AWrongPatternIsWrongUsage) {
+  const TempFolder folder;
+  folder.Write("1.mp3", Mp3("One"));
+  const ProcessResult wrong = Cli({"rename", "--format", "曲 {titel}", "--apply", folder.Path()});
+  EXPECT_EQ(wrong.exitCode, 2);
+  EXPECT_EQ(wrong.errors, "--format: 4 文字目： 「titel」というフィールドはありません\n");
+  EXPECT_EQ(Cli({"rename", "--format", "", folder.Path()}).exitCode, 2);
+  EXPECT_EQ(Cli({"rename", "--format", "{title}", "--to-title", folder.Path()}).exitCode, 2);
+  EXPECT_EQ(Cli({"rename", "--start", "1", folder.Path()}).exitCode, 2) << "there is nothing to count";
+  EXPECT_EQ(Cli({"rename", "--format", "{n}", "--step", "x", folder.Path()}).exitCode, 2);
+  EXPECT_EQ(Cli({"rename", "--format", "{n}", "--step", "1000000000", folder.Path()}).exitCode, 2);
+  EXPECT_TRUE(folder.Exists("1.mp3"));
+}
+
 TEST(CliRenameTest, TitlesAreSkippedAsTheSettingsSay) {
   const TempFolder folder;
   folder.Write("files/clip.wav", WaveFile(10));

@@ -156,6 +156,9 @@ TEST(CliLocaleTest, WrongUsageIsExplainedInTheLocalesLanguage) {
     const char* japanese;
   } kCases[] = {{{"list"}, "PATH is required", "必要な引数が足りません (PATH is required)"},
                 {{}, "A subcommand is required", "必要な引数が足りません (A subcommand is required)"},
+                {{"rename", "--start", "1", "x"},
+                 "--start requires --format",
+                 "必要な引数が足りません (--start requires --format)"},
                 {{"list", ""}, "PATH: an empty PATH names nothing", "値が正しくありません (PATH: PATH が空です)"},
                 {{"list", "--none", "x"},
                  "The following argument was not expected: --none",
