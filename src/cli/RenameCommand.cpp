@@ -112,7 +112,8 @@ void EditNames(const RenameArguments& arguments, const std::optional<PatternRule
     TellLeftAlone(RenameToTitles(session.list, Rows::kAll, titles, regex, {}, progress));
   }
   if (format) {
-    TellLeftAlone(RenameByPattern(session.list, Rows::kAll, *format, FactsFrom(*session.files), {}, progress));
+    TellLeftAlone(
+        RenameByPattern(session.list, Rows::kAll, *format, FactsFrom(*session.files, session.tags), {}, progress));
   }
   if (arguments.modify) {
     TellLeftAlone(ModifyRenameNames(session.list, Rows::kAll, options.modify, regex, {}, progress));

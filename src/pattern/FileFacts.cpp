@@ -2,12 +2,18 @@
 
 #include <utility>
 
+#include "tags/SongReader.h"
+
 namespace quillon {
 
-ReadFacts FactsFrom(FileReads& files) {
-  return [&files](const FileItem& row) {
-    const Result<FileStatus, FileError> status = files.Status(row.location);
-    return FileFacts{.song = {}, .modified = status ? status->modified : 0};
+ReadFacts FactsFrom(FileReads& files, TagSources tags) {
+  return [&files, tags](const FileItem& row) {
+    FileFacts facts;
+    if (const Result<FileStatus, FileError> status = files.Status(row.location)) facts.modified = status->modified;
+    if (const std::unique_ptr<ByteSource> file = files.OpenFile(row.location)) {
+      facts.song = ReadSongDetails(*file, row.type, tags);
+    }
+    return facts;
   };
 }
 

@@ -22,7 +22,7 @@ struct FileFacts {
 using ReadFacts = std::function<FileFacts(const FileItem& row)>;
 
 /// Reads the facts from the disk. `files` must outlive the result.
-[[nodiscard]] ReadFacts FactsFrom(FileReads& files);
+[[nodiscard]] ReadFacts FactsFrom(FileReads& files, TagSources tags);
 
 /// The same, but reads each file once. Copies of the result share what was read.
 [[nodiscard]] ReadFacts KeptFacts(ReadFacts read);

@@ -410,6 +410,13 @@ TEST(CliRenameTest, ThePatternsNamesArePassedToTheRulesAndTreatedAsTheSettingsSa
                                       folder.At("files/2.wav") + ": リネーム名が存在しません"}));
 }
 
+TEST(CliRenameTest, APatternReadsTagsThatNoRowShows) {
+  const TempFolder folder;
+  folder.Write("1.mp3", Id3v2Tag({.frames = {{"TIT2", AnsiText("One")}, {"TALB", AnsiText("Spring")}}}) + Mp3Audio(1));
+  const ProcessResult plan = Cli({"rename", "--format", "{album|none} {title}", folder.Path()});
+  EXPECT_EQ(Lines(plan.output), (std::vector<std::string>{folder.At("1.mp3") + " -> " + folder.At("Spring One.mp3")}));
+}
+
 TEST(CliRenameTest, AWrongPatternIsWrongUsage) {
   const TempFolder folder;
   folder.Write("1.mp3", Mp3("One"));

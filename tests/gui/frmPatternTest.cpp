@@ -55,7 +55,7 @@ class PatternDialog : public testing::Test {
 
   void Make() {
     dialog.reset();
-    preview = std::make_unique<PatternPreview>(list, Rows::kAll, files, mode, FactsFrom(files));
+    preview = std::make_unique<PatternPreview>(list, Rows::kAll, files, mode, FactsFrom(files, TagSources::kStandard));
     dialog = std::make_unique<frmPattern>(main, options, mode, *preview, [this] { ++helps; });
   }
 

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "pattern/PatternRename.h"
+#include "support/MediaBuilders.h"
+#include "support/MemoryFileSystem.h"
 #include "support/Rows.h"
 
 namespace quillon {
@@ -142,6 +144,23 @@ TEST(PatternRename, NamesFilesByWhatStandsBeforeTheirExtension) {
     RenameByPattern(list, Rows::kAll, Rules("{name} [{folder}]"), {}, {}, progress, PathStyle::kWindows);
     EXPECT_EQ(list.Row(1).renameName, name);
   }
+}
+
+TEST(FileFacts, AreWhatTheTagsAndTheDiskSay) {
+  test::MemoryFileSystem files({PathStyle::kLinux, false});
+  files.modified = 12345;
+  files.AddFile("/m/1.mp3", test::Id3v2Tag({.frames = {{"TIT2", test::AnsiText("Song")},
+                                                       {"TALB", test::AnsiText("Spring")},
+                                                       {"TRCK", test::AnsiText("3/12")}}}) +
+                                test::Mp3Audio(1));
+  FileItem mp3 = test::RowFor("/m/1.mp3", PathStyle::kLinux);
+  mp3.type = "MP3";
+  const FileFacts facts = FactsFrom(files, TagSources::kStandard)(mp3);
+  EXPECT_EQ(facts.modified, 12345);
+  EXPECT_EQ(facts.song.album, "Spring");
+  EXPECT_EQ(facts.song.track, 3);
+  mp3.location = "/m/gone.mp3";
+  EXPECT_EQ(FactsFrom(files, TagSources::kStandard)(mp3).modified, 0);
 }
 
 TEST(PatternRename, KeptFactsAreReadOncePerFile) {

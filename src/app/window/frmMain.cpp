@@ -343,7 +343,7 @@ void frmMain::ShowModifyDialog(Rows rows) {
 }
 
 void frmMain::ShowPatternDialog(Rows rows) {
-  const ReadFacts facts = KeptFacts(FactsFrom(*files_));
+  const ReadFacts facts = KeptFacts(FactsFrom(*files_, TagSourcesOf(app_->Options())));
   PatternPreview preview(app_->List(), rows, *files_, app_->Mode(), facts);
   frmPattern dialog(this, app_->Options(), app_->Mode(), preview, [this] { app_->ShowHelp(); });
   if (dialog.ShowModal() == wxID_OK) app_->RenameByPattern(rows, dialog.Rules(), facts);
