@@ -30,7 +30,7 @@ Col6_Width=1500
 [Modify]
 ReviceText=-
 [Extra]
-Pattern0={n:02} {artist? - }{title|{name}}
+Pattern0={n:02} {artist}{artist? - }{title|{name}}
 END
 
 # make_files FOLDER

@@ -109,14 +109,14 @@ void Append(std::string& name, const std::vector<PatternPiece>& pieces, const Pa
       continue;
     }
     const std::string value = ValueOf(piece, values);
-    if (!value.empty() && !piece.thenHoldsField) name += value;
-    Append(name, value.empty() ? piece.instead : piece.then, values);
+    if (!piece.isCondition) name += value;
+    if (value.empty() != piece.isCondition) Append(name, piece.inner, values);
   }
 }
 
 bool NeedFile(const std::vector<PatternPiece>& pieces) {
   return std::any_of(pieces.begin(), pieces.end(), [](const PatternPiece& piece) {
-    return piece.field && (EntryOf(*piece.field).needsFile || NeedFile(piece.instead) || NeedFile(piece.then));
+    return piece.field && (EntryOf(*piece.field).needsFile || NeedFile(piece.inner));
   });
 }
 

@@ -40,9 +40,8 @@ struct PatternPiece {
   std::optional<PatternField> field;  ///< {title}
   int digits = 0;                     ///< {track:02}: at least so many; 0 where the pattern does not say
   std::string dateForm;               ///< {date:YYMMDD}
-  std::vector<PatternPiece> instead;  ///< {title|...}: where the field is not there
-  std::vector<PatternPiece> then;     ///< {title?...}: follows the field where it is there
-  bool thenHoldsField = false;        ///< `then` says itself where the field goes
+  bool isCondition = false;           ///< {title?...}: the inner text where the field is there; else nothing
+  std::vector<PatternPiece> inner;    ///< {title|...}: where the field is not there
 };
 
 /// A form for file names with fields in braces:
@@ -50,9 +49,9 @@ struct PatternPiece {
 ///   {n:03} {track:02}    numbers with at least so many digits
 ///   {date:YYYYMMDD}      YYYY YY MM DD hh mm ss; YYYY-MM-DD when it does not say
 ///   {title|text}         the text where the field is not there
-///   {track?text}         where the field is there, the field and the text; the text alone if it holds the field itself
+///   {track?text}         the text where the field is there, nothing where it is not: {track?{track:02} - }
 ///   {{                   a brace
-/// A format may stand before "|" or "?". These texts are patterns themselves. A "}" outside a field stands for itself.
+/// A format may stand before "|". These texts are patterns themselves. A "}" outside a field stands for itself.
 ///
 /// Not there are empty and blank texts and "---", the track and the year 0, and an unknown date.
 class NamePattern {

@@ -16,12 +16,6 @@ bool IsLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-bool Holds(const std::vector<PatternPiece>& pieces, PatternField field) {
-  return std::any_of(pieces.begin(), pieces.end(), [field](const PatternPiece& piece) {
-    return piece.field == field || Holds(piece.instead, field) || Holds(piece.then, field);
-  });
-}
-
 /// Reads a pattern from left to right. Every reader returns false after the first error.
 class Parser {
  public:
@@ -131,13 +125,14 @@ bool Parser::ReadDateForm(std::string_view format, PatternPiece& piece) {
 }
 
 bool Parser::ReadInner(PatternPiece& piece, std::size_t open, int depth) {
-  const bool isThen = text_[at_++] == '?';
+  piece.isCondition = text_[at_] == '?';
+  const bool hasFormat = piece.digits > 0 || !piece.dateForm.empty();
+  if (piece.isCondition && hasFormat) return Fail(at_, "「:」と「?」は一緒に使えません");
+  ++at_;
   if (depth == kDeepestPattern) {
     return Fail(open, "フィールドの重なりが深すぎます。" + std::to_string(kDeepestPattern) + " 段まで使えます");
   }
-  if (!ReadPieces(isThen ? piece.then : piece.instead, depth + 1)) return false;
-  piece.thenHoldsField = Holds(piece.then, *piece.field);
-  return true;
+  return ReadPieces(piece.inner, depth + 1);
 }
 
 }  // namespace

@@ -385,7 +385,7 @@ TEST(CliRenameTest, MakesNamesByAPattern) {
   folder.Write("1.mp3", Mp3("One", "Taki"));
   folder.Write("2.mp3", Mp3("Two", ""));
   folder.Write("3.wav", WaveFile(10));
-  const ProcessResult plan = Cli({"rename", "--format", "{title?{n:02} {artist? - }{title}}", folder.Path()});
+  const ProcessResult plan = Cli({"rename", "--format", "{title?{n:02} {artist}{artist? - }{title}}", folder.Path()});
   EXPECT_EQ(Lines(plan.output), (std::vector<std::string>{folder.At("1.mp3") + " -> " + folder.At("01 Taki - One.mp3"),
                                                           folder.At("2.mp3") + " -> " + folder.At("02 Two.mp3")}))
       << "the row without a title keeps its name";

@@ -113,12 +113,12 @@ TEST(NamePattern, PutsOtherTextsWhereAFieldIsOrIsNotThere) {
        std::vector<Case>{{"{artist|不明}", "Taki", "不明"},
                          {"{title|{name}}", "さくら", "file"},
                          {"{title|{artist|{n:02}}}", "さくら", "07"},
-                         {"{artist? - }{title|{name}}", "Taki - さくら", "file"},
-                         {"{track:02? - }{name}", "03 - 01-sakura", "file"},
+                         {"{artist}{artist? - }{title|{name}}", "Taki - さくら", "file"},
+                         {"{track?{track:02} - }{name}", "03 - 01-sakura", "file"},
                          {"{track:02|00} {name}", "03 01-sakura", "00 file"},
                          {"{name}{year? ({year})}", "01-sakura (1999)", "file"},
-                         {"{name}{date:YYYY? [{date:MM}]}", "01-sakura [04]", "file"},
-                         {"{name}{album? {genre?, }}!", "01-sakuraSpring Folk, !", "file!"},
+                         {"{name}{date? [{date:MM}]}", "01-sakura [04]", "file"},
+                         {"{name}{album? {genre?, }}!", "01-sakura , !", "file!"},
                          {"{year|{date:YYYY|----}}", "1999", "----"},
                          {"{type|none}", "MP3", "none"},
                          {"{folder|root}", "Music", "root"},
@@ -146,9 +146,9 @@ TEST(NamePattern, ReadsBracesThatAreNoFields) {
                                                            {"}a}", "}a}"},
                                                            {"{{{{", "{{"},
                                                            {"{album|x}}", "Spring}"},
-                                                           {"{album?{{}", "Spring{"},
+                                                           {"{album?{{}", "{"},
                                                            {"a|b?c:d", "a|b?c:d"},
-                                                           {"{album?a|b:c?d}", "Springa|b:c?d"}}) {
+                                                           {"{album?a|b:c?d}", "a|b:c?d"}}) {
     EXPECT_EQ(TextOf(pattern, Song()), text) << pattern;
   }
 }
@@ -208,6 +208,8 @@ TEST(NamePattern, TellsWhereAPatternIsWrongAndWhy) {
                          {"{name:YYYY|x}", 6, kFormat},
                          {"{n:}", 4, kDigits},
                          {"{n:0}", 4, kDigits},
+                         {"{track:02? - }", 10, "「:」と「?」は一緒に使えません"},
+                         {"{date:YYYY?x}", 11, "「:」と「?」は一緒に使えません"},
                          {"{n:21}", 4, kDigits},
                          {"{n:99999999999999999999}", 4, kDigits},
                          {"{n:x}", 4, kDigits},
