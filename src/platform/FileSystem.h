@@ -79,6 +79,17 @@ struct FileStatus {
   std::int64_t modified = 0;  ///< when it was last changed, in seconds since 1970-01-01 00:00 UTC; files only
 };
 
+/// Tells whether a file is still the one that was there before: a file keeps its identity when it is renamed or moved
+/// within a volume. A new content changes size or time.
+struct FileIdentity {
+  std::uint64_t device = 0;   ///< the volume
+  std::uint64_t file = 0;     ///< the file's number there
+  std::uint64_t size = 0;     ///< bytes
+  std::int64_t modified = 0;  ///< nanoseconds since 1970, as exactly as the volume keeps them
+
+  bool operator==(const FileIdentity&) const = default;
+};
+
 /// The unit in which a volume limits the length of a name.
 enum class NameUnit { kByte, kUtf16 };
 
@@ -111,6 +122,10 @@ class FileReads {
 
   /// True when both paths name the same existing file.
   virtual bool SameFile(const std::string& left, const std::string& right) = 0;
+
+  /// The identity of the entry at this path; a link's own, not its target's. Errors are those of the system: an absent
+  /// entry is kNotFound.
+  virtual Result<FileIdentity, FileError> Identity(const std::string& path) = 0;
 
   /// The unit in which this folder's volume limits the length of a name. kUtf16 when that is unknown on Linux: a name
   /// that is too long in UTF-16 units is also too long in bytes.

@@ -37,6 +37,7 @@ class HugeFolder final : public FileReads {
   std::unique_ptr<ByteSource> OpenFile(const std::string&) override { return nullptr; }
   Result<FileStatus, FileError> Status(const std::string&) override { return FileStatus(); }
   bool SameFile(const std::string&, const std::string&) override { return false; }
+  Result<FileIdentity, FileError> Identity(const std::string&) override { return FileIdentity(); }
   NameUnit NameUnitOf(const std::string&) override { return NameUnit::kByte; }
 };
 

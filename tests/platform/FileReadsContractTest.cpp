@@ -199,6 +199,51 @@ TEST_P(FileReadsContract, AFileIsTheSameByEveryName) {
   EXPECT_EQ(reads.SameFile(world_->At("file.mid"), world_->At("FILE.mid")), world_->IgnoresCase());
 }
 
+TEST_P(FileReadsContract, AFileKeepsItsIdentityWhenItIsRenamed) {
+  world_->Write("one.mid", "content");
+  world_->Write("other.mid", "content");
+  world_->MakeFolder("folder");
+  FileReads& reads = world_->Reads();
+  const auto before = reads.Identity(world_->At("one.mid"));
+  const auto other = reads.Identity(world_->At("other.mid"));
+  ASSERT_TRUE(before.Ok());
+  ASSERT_TRUE(other.Ok());
+  EXPECT_EQ(before->size, 7U);
+  EXPECT_NE(before->file, other->file);
+  EXPECT_EQ(before->device, other->device);
+  ASSERT_TRUE(world_->Changes().Move(world_->At("one.mid"), world_->At("folder/new.mid")));
+  EXPECT_EQ(reads.Identity(world_->At("folder/new.mid")), before);
+}
+
+TEST_P(FileReadsContract, ANewContentChangesTheIdentity) {
+  world_->Write("one.mid", "content");
+  const auto before = world_->Reads().Identity(world_->At("one.mid"));
+  world_->Write("one.mid", "longer content");
+  EXPECT_NE(world_->Reads().Identity(world_->At("one.mid")), before);
+}
+
+TEST_P(FileReadsContract, ALinkHasAnIdentityOfItsOwn) {
+  world_->Write("file.mid", "content");
+  if (!world_->MakeLink("link", "file.mid", false)) GTEST_SKIP() << "no links can be made here";
+  ASSERT_TRUE(world_->MakeLink("dangling", "absent", false));
+  const auto link = world_->Reads().Identity(world_->At("link"));
+  const auto file = world_->Reads().Identity(world_->At("file.mid"));
+  ASSERT_TRUE(link.Ok());
+  ASSERT_TRUE(file.Ok());
+  EXPECT_NE(link->file, file->file);
+  EXPECT_TRUE(world_->Reads().Identity(world_->At("dangling")).Ok());
+}
+
+TEST_P(FileReadsContract, WhatIsAbsentHasNoIdentity) {
+  const std::vector<std::string> names = {"absent", "absent/file", std::string("a\0b", 3)};
+  for (const std::string& name : names) {
+    SCOPED_TRACE(name);
+    const auto identity = world_->Reads().Identity(world_->At(name));
+    ASSERT_FALSE(identity.Ok());
+    EXPECT_EQ(identity.Failure().number, file_error::kNotFound);
+  }
+}
+
 TEST_P(FileReadsContract, AFileIsTheSameBehindLinks) {
   world_->Write("file.mid", "content");
   if (!world_->MakeLink("link", "file.mid", false)) GTEST_SKIP() << "no links can be made here";

@@ -319,6 +319,13 @@ bool MemoryFileSystem::SameFile(const std::string& left, const std::string& righ
   return node && node == Walk(right, true);
 }
 
+Result<FileIdentity, FileError> MemoryFileSystem::Identity(const std::string& path) {
+  if (const FileOutcome failure = Log(FileCall::kIdentity, path)) return *failure;
+  const NodePointer node = Walk(path, false);
+  if (!node) return NotFound();
+  return FileIdentity{1, reinterpret_cast<std::uintptr_t>(node.get()), node->bytes.size(), 0};
+}
+
 FileOutcome MemoryFileSystem::CheckNames(const std::string& from, const std::string& to) const {
   const bool holdable =
       CanNameFile(SplitPath(from, options_.style).name) && CanHold(SplitPath(to, options_.style).name);

@@ -21,6 +21,7 @@ enum class FileCall {
   kOpenFile,
   kStatus,
   kSameFile,
+  kIdentity,
   kRename,
   kMove,
   kRemoveLeftovers,
@@ -84,6 +85,8 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   std::unique_ptr<ByteSource> OpenFile(const std::string& path) override;
   Result<FileStatus, FileError> Status(const std::string& path) override;
   bool SameFile(const std::string& left, const std::string& right) override;
+  /// The time is always the same.
+  Result<FileIdentity, FileError> Identity(const std::string& path) override;
   NameUnit NameUnitOf(const std::string& /*folder*/) override { return nameUnit; }
 
   FileOutcome Rename(const std::string& from, const std::string& to) override;

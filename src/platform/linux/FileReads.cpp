@@ -106,6 +106,18 @@ class LinuxFileReads final : public FileReads {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
   }
 
+  Result<FileIdentity, FileError> Identity(const std::string& path) override {
+    if (HoldsNul(path)) return InvalidNameError();
+    struct stat status = {};
+    if (::lstat(path.c_str(), &status) != 0) return ErrorOf(errno);
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    // Past the year 2262 the product would overflow; wrapped around, it still tells two times apart.
+    const auto seconds = static_cast<std::uint64_t>(status.st_mtim.tv_sec);
+    const std::uint64_t modified = seconds * kNanoseconds + static_cast<std::uint64_t>(status.st_mtim.tv_nsec);
+    return FileIdentity{status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+                        static_cast<std::int64_t>(modified)};
+  }
+
   NameUnit NameUnitOf(const std::string& folder) override {
     struct statfs volume = {};
     if (HoldsNul(folder) || ::statfs(folder.c_str(), &volume) != 0) return NameUnit::kUtf16;

@@ -6,6 +6,7 @@
 #include "platform/FileSystem.h"
 #include "platform/FolderOrder.h"
 #include "platform/WindowsPath.h"
+#include "platform/windows/FileId.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/SystemError.h"
 #include "platform/windows/SystemPath.h"
@@ -92,6 +93,13 @@ Result<FileStatus, FileError> StatusBehindLink(const std::wstring& path) {
   return status && status->kind == FileStatus::Kind::kAbsent ? FileStatus{FileStatus::Kind::kOther, 0} : status;
 }
 
+// In nanoseconds since 1970. Times that the type cannot hold wrap around, which still tells two times apart.
+std::int64_t SinceEpoch(const FILETIME& time) {
+  constexpr std::uint64_t kEpoch = 116'444'736'000'000'000;  // 1970 in units of 100 ns since 1601
+  const std::uint64_t units = std::uint64_t{time.dwHighDateTime} << 32u | time.dwLowDateTime;
+  return static_cast<std::int64_t>((units - kEpoch) * 100);
+}
+
 class WindowsFileReads final : public FileReads {
  public:
   Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) override {
@@ -150,6 +158,15 @@ class WindowsFileReads final : public FileReads {
     if (!::GetFileInformationByHandle(other.Get(), &second)) return false;
     return first.dwVolumeSerialNumber == second.dwVolumeSerialNumber && first.nFileIndexHigh == second.nFileIndexHigh &&
            first.nFileIndexLow == second.nFileIndexLow;
+  }
+
+  Result<FileIdentity, FileError> Identity(const std::string& path) override {
+    const std::optional<std::wstring> systemPath = ExistingPath(path);
+    if (!systemPath) return InvalidNameError();
+    const std::optional<quillon::Status> status = StatusAt(*systemPath);
+    if (!status) return ErrorOf(::GetLastError());
+    const FileId id = IdOf(*status);
+    return FileIdentity{id.volume, id.index, SizeOf(*status), SinceEpoch(status->ftLastWriteTime)};
   }
 
   NameUnit NameUnitOf(const std::string& /*folder*/) override { return NameUnit::kUtf16; }
