@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/Json.h"
 #include "cli/Output.h"
+#include "plan/Json.h"
 #include "platform/FileSystem.h"
 
 namespace quillon::cli {

@@ -42,6 +42,7 @@ struct RenameArguments {
   std::optional<std::int32_t> start;  ///< of its counter; empty: as the settings say
   std::optional<std::int32_t> step;
   bool modify = false;
+  std::string log;  ///< the file that renames are logged to; empty for none
   bool apply = false;
   bool json = false;
 };
@@ -49,11 +50,19 @@ struct RenameArguments {
 
 struct MoveArguments {
   Selection selection;
-  std::string to;  ///< the folder
+  std::string to;   ///< the folder
+  std::string log;  ///< as above
   bool apply = false;
   bool json = false;
 };
 [[nodiscard]] int RunMove(const MoveArguments& arguments);
+
+struct UndoArguments {
+  std::string log;
+  bool apply = false;
+  bool json = false;
+};
+[[nodiscard]] int RunUndo(const UndoArguments& arguments);
 
 struct DeleteArguments {
   Selection selection;

@@ -70,6 +70,15 @@ inline constexpr HelpText kForGood = {"Delete the files for good, not to the rec
                                       "ごみ箱に移動せず、完全に削除する"};
 inline constexpr HelpText kDeleteApply = {"Delete the files; without it nothing is changed",
                                           "ファイルを削除する。付けなければ何も変更しない"};
+inline constexpr HelpText kLog = {"Write each rename to this file, from which undo takes it back",
+                                  "undo で元に戻せるように、リネームをこのファイルに記録する"};
+inline constexpr HelpText kMoveLog = {"Write each move to this file, from which undo takes it back",
+                                      "undo で元に戻せるように、移動をこのファイルに記録する"};
+inline constexpr HelpText kUndo = {"Show what a log's renames and moves would be taken back to, or take them back",
+                                   "記録したリネームと移動を元に戻す予告を表示する、または元に戻す"};
+inline constexpr HelpText kUndoFile = {"The log that --log has written", "--log で記録したファイル"};
+inline constexpr HelpText kUndoApply = {"Take the renames back; without it nothing is changed",
+                                        "元に戻す。付けなければ何も変更しない"};
 inline constexpr HelpText kMci = {"Send the command strings from standard input to the multimedia device",
                                   "標準入力のコマンド文字列をマルチメディアデバイスに送る"};
 inline constexpr HelpText kMciFooter = {

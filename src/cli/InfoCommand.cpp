@@ -1,12 +1,12 @@
 #include <utility>
 
 #include "cli/Commands.h"
-#include "cli/Json.h"
 #include "cli/Output.h"
 #include "cli/Table.h"
 #include "media/MediaInfo.h"
 #include "media/basHTMLFile.h"
 #include "paths/basFileControl.h"
+#include "plan/Json.h"
 #include "tags/SongReader.h"
 
 namespace quillon::cli {

@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
-#include "cli/Json.h"
 #include "cli/Output.h"
 #include "cli/Table.h"
+#include "plan/Json.h"
 
 namespace quillon::cli {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "cli/BatchReport.h"
 #include "cli/Commands.h"
+#include "cli/LoggedDisk.h"
 #include "fileops/FileOperations.h"
 #include "paths/basFileControl.h"
 #include "platform/Program.h"
@@ -65,9 +66,10 @@ int RunMove(const MoveArguments& arguments) {
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
 
-  const std::unique_ptr<FileChanges> disk = MakeFileChanges();
+  LoggedDisk disk(*session.files);
+  if (!disk.LogTo(arguments.log, session.list)) return kBadUsage;
   PlannedChanges plan(*session.files);
-  FileChanges& changes = arguments.apply ? *disk : static_cast<FileChanges&>(plan);
+  FileChanges& changes = arguments.apply ? disk.Changes() : plan;
   FileMover mover(session.list, *session.files, changes, session.player);
   const std::string folder = WithTrailingSeparator(target);
   CatchInterruption();
@@ -75,18 +77,18 @@ int RunMove(const MoveArguments& arguments) {
   NotKept notKept;
   UntilInterrupted progress;
   changes.RemoveLeftovers(folder);
-  for (int index = 1; index <= session.list.Count() && report.Continue(); ++index) {
+  for (int index = 1; index <= session.list.Count() && report.Continue() && !disk.Broken(); ++index) {
     const std::string from = session.list.Row(index).location;
     const std::string to = mover.Target(index, folder);
     if (const MoveOutcome outcome = mover.Move(index, folder, &progress)) {
       notKept.Add(*outcome);
       report.Moved(from, to, outcome->Any() ? NotKeptFields(*outcome) : Json::object());
-    } else if (outcome.Failure().number != file_error::kCancelled) {
+    } else if (outcome.Failure().number != file_error::kCancelled && outcome.Failure().number != kNotLogged) {
       ReportFailure(report, from, to, outcome.Failure());
     }
   }
   report.Summary("moved", SummaryLines(report, notKept), NotKeptFields(notKept));
-  return report.Status(complete);
+  return report.Status(complete && !disk.Broken());
 }
 
 }  // namespace quillon::cli

@@ -1,13 +1,14 @@
 #include <utility>
 
 #include "cli/Commands.h"
-#include "cli/Json.h"
+#include "cli/LoggedDisk.h"
 #include "cli/Output.h"
 #include "cli/Table.h"
 #include "fileops/FileOperations.h"
 #include "paths/basFileControl.h"
 #include "pattern/PatternForm.h"
 #include "pattern/PatternRename.h"
+#include "plan/Json.h"
 #include "platform/Program.h"
 #include "rename/ModifyRenameNames.h"
 #include "rename/PlannedChanges.h"
@@ -132,10 +133,11 @@ int RunRename(const RenameArguments& arguments) {
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
 
-  const std::unique_ptr<FileChanges> disk = MakeFileChanges();
+  LoggedDisk disk(*session.files);
+  if (!disk.LogTo(arguments.log, session.list)) return kBadUsage;
   PlannedChanges plan(*session.files);
-  RenameEngine engine(session.list, session.mode, arguments.apply ? *disk : static_cast<FileChanges&>(plan),
-                      session.player);
+  FileChanges& changes = arguments.apply ? disk.Changes() : plan;
+  RenameEngine engine(session.list, session.mode, changes, session.player);
   EditNames(arguments, format, session);
 
   CatchInterruption();
@@ -145,9 +147,12 @@ int RunRename(const RenameArguments& arguments) {
     if (row.Ok()) reporter.Applied(row.from, session.list.Row(row.index).location);
     return true;
   });
-  for (const RowOutcome& failure : outcome.failures) reporter.Failed(session.list.Row(failure.index), failure);
+  for (const RowOutcome& failure : outcome.failures) {
+    if (failure.error.number != kNotLogged) reporter.Failed(session.list.Row(failure.index), failure);
+  }
   if (arguments.apply) WriteSummary(outcome, reporter.WasInterrupted(), arguments.json, output);
-  const bool done = output.Flush() && complete && outcome.failures.empty() && !reporter.WasInterrupted();
+  const bool done =
+      output.Flush() && complete && !disk.Broken() && outcome.failures.empty() && !reporter.WasInterrupted();
   return done ? kDone : kSomeFailed;
 }
 

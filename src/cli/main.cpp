@@ -30,12 +30,17 @@ void AddSelection(CLI::App& command, Selection& selection) {
   command.add_flag("--all", selection.all, Localized(texts::kAll))->excludes(extensions);
 }
 
-// The options of the commands that change files only with --apply.
+// The options of the commands that change files only with --apply. Returns that option.
 template <class BatchArguments>
-void AddBatch(CLI::App& command, BatchArguments& arguments, const HelpText& apply) {
+CLI::Option* AddBatch(CLI::App& command, BatchArguments& arguments, const HelpText& apply) {
   command.add_flag("--json", arguments.json, Localized(texts::kJson));
-  command.add_flag("--apply", arguments.apply, Localized(apply));
+  CLI::Option* const applies = command.add_flag("--apply", arguments.apply, Localized(apply));
   AddSelection(command, arguments.selection);
+  return applies;
+}
+
+void AddLog(CLI::App& command, std::string& log, const HelpText& text, CLI::Option* applies) {
+  command.add_option("--log", log, Localized(text))->type_name("FILE")->check(RefuseEmptyPath)->needs(applies);
 }
 
 struct Arguments {
@@ -44,6 +49,7 @@ struct Arguments {
   ModifyArguments modify;
   RenameArguments rename;
   MoveArguments move;
+  UndoArguments undo;
   DeleteArguments remove;
   std::int64_t listCount = 0;
   std::string tagsName;  ///< given to at most one command
@@ -104,14 +110,23 @@ void AddRename(CLI::App& app, Arguments& arguments) {
   command->add_flag("--modify", rename.modify, Localized(texts::kModifyNames));
   command->add_option("--settings", rename.settings, Localized(texts::kRenameSettings));
   AddTags(*command, arguments);
-  AddBatch(*command, rename, texts::kRenameApply);
+  CLI::Option* const applies = AddBatch(*command, rename, texts::kRenameApply);
+  AddLog(*command, rename.log, texts::kLog, applies);
 }
 
 void AddMove(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("move", Localized(texts::kMove));
   MoveArguments& move = arguments.move;
   command->add_option("--to", move.to, Localized(texts::kTo))->required();
-  AddBatch(*command, move, texts::kMoveApply);
+  CLI::Option* const applies = AddBatch(*command, move, texts::kMoveApply);
+  AddLog(*command, move.log, texts::kMoveLog, applies);
+}
+
+void AddUndo(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand("undo", Localized(texts::kUndo));
+  command->add_flag("--json", arguments.undo.json, Localized(texts::kJson));
+  command->add_flag("--apply", arguments.undo.apply, Localized(texts::kUndoApply));
+  command->add_option("FILE", arguments.undo.log, Localized(texts::kUndoFile))->required()->check(RefuseEmptyPath);
 }
 
 void AddDelete(CLI::App& app, Arguments& arguments) {
@@ -141,6 +156,7 @@ int Run(CLI::App& app, Arguments& arguments) {
     arguments.move.selection.ownExtensions = HasOwnExtensions(app, "move");
     return RunMove(arguments.move);
   }
+  if (app.got_subcommand("undo")) return RunUndo(arguments.undo);
   if (app.got_subcommand("delete")) {
     arguments.remove.selection.ownExtensions = HasOwnExtensions(app, "delete");
     return RunDelete(arguments.remove);
@@ -172,6 +188,7 @@ int Main(int argc, char** argv) {
   AddModify(app, arguments);
   AddRename(app, arguments);
   AddMove(app, arguments);
+  AddUndo(app, arguments);
   AddDelete(app, arguments);
   AddMci(app);
   std::vector<std::string> words = ProgramArguments(argc, argv);

@@ -55,6 +55,7 @@ struct MemoryFileSystem::Node {
   std::string bytes;  ///< a link's target
   bool hidden = false;
   std::map<std::string, Entry> entries;  ///< by Key
+  std::uint64_t number = 0;              ///< no other file's, also not that of a deleted one
 };
 
 // An entry's folder and its key there. The entry need not exist.
@@ -192,12 +193,13 @@ MemoryFileSystem::NodePointer MemoryFileSystem::MakeFolders(std::string_view fol
 MemoryFileSystem::NodePointer MemoryFileSystem::Put(const std::string& path, Node node) {
   const EntryPath split = SplitPath(path, options_.style);
   auto made = std::make_shared<Node>(std::move(node));
+  made->number = ++lastNumber_;
   MakeFolders(split.folder)->entries[Key(split.name)] = {std::string(split.name), made};
   return made;
 }
 
 void MemoryFileSystem::AddFile(const std::string& path, std::string_view bytes) {
-  Put(path, {Node::Kind::kFile, std::string(bytes), false, {}});
+  Put(path, {Node::Kind::kFile, std::string(bytes), false, {}, 0});
 }
 
 void MemoryFileSystem::AddFolder(const std::string& path) {
@@ -205,11 +207,11 @@ void MemoryFileSystem::AddFolder(const std::string& path) {
 }
 
 void MemoryFileSystem::AddLink(const std::string& path, const std::string& target) {
-  Put(path, {Node::Kind::kLink, target, false, {}});
+  Put(path, {Node::Kind::kLink, target, false, {}, 0});
 }
 
 void MemoryFileSystem::AddPipe(const std::string& path) {
-  Put(path, {Node::Kind::kPipe, {}, false, {}});
+  Put(path, {Node::Kind::kPipe, {}, false, {}, 0});
 }
 
 void MemoryFileSystem::AddHardLink(const std::string& path, const std::string& existing) {
@@ -323,7 +325,7 @@ Result<FileIdentity, FileError> MemoryFileSystem::Identity(const std::string& pa
   if (const FileOutcome failure = Log(FileCall::kIdentity, path)) return *failure;
   const NodePointer node = Walk(path, false);
   if (!node) return NotFound();
-  return FileIdentity{1, reinterpret_cast<std::uintptr_t>(node.get()), node->bytes.size(), 0};
+  return FileIdentity{1, node->number, node->bytes.size(), 0};
 }
 
 FileOutcome MemoryFileSystem::CheckNames(const std::string& from, const std::string& to) const {

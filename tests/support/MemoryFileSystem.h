@@ -129,6 +129,7 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   std::vector<LoggedCall> calls_;
   std::vector<std::string> recycled_;
   bool declineRecycling_ = false;
+  std::uint64_t lastNumber_ = 0;
 };
 
 }  // namespace quillon::test

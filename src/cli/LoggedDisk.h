@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "filelist/FileList.h"
+#include "plan/LoggedChanges.h"
+#include "platform/AppendedFile.h"
+#include "platform/FileSystem.h"
+
+namespace quillon::cli {
+
+/// The disk, with the log that --log names.
+class LoggedDisk {
+ public:
+  explicit LoggedDisk(FileReads& files) : files_(files) {}
+
+  /// From now on changes are logged to this file; an empty path is none. A file with other content than a log is left
+  /// alone, and so is one of the list's files: then it complains and returns false.
+  [[nodiscard]] bool LogTo(const std::string& path, const FileList& list);
+
+  [[nodiscard]] FileChanges& Changes() { return logged_ ? *logged_ : *disk_; }
+  [[nodiscard]] FileChanges& Unlogged() { return *disk_; }
+
+  /// True when the log cannot be written any more; it has complained then.
+  [[nodiscard]] bool Broken();
+
+ private:
+  FileReads& files_;
+  std::unique_ptr<FileChanges> disk_ = MakeFileChanges();
+  std::unique_ptr<AppendedFile> file_;
+  std::optional<LoggedChanges> logged_;
+  bool told_ = false;
+};
+
+}  // namespace quillon::cli
