@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/NormalForm.h"
 #include "cli/Session.h"
 
 /// The commands. Each returns the exit status.
@@ -42,16 +43,24 @@ struct RenameArguments {
   std::optional<std::int32_t> start;  ///< of its counter; empty: as the settings say
   std::optional<std::int32_t> step;
   bool modify = false;
-  std::string log;  ///< the file that renames are logged to; empty for none
+  std::string names;                     ///< the file with the names, "-" for standard input; empty for none
+  std::string plan;                      ///< the same for a plan, which takes the place of the selection
+  bool portable = false;                 ///< names that can be used on every system
+  std::optional<NormalForm> normalForm;  ///< of Unicode
+  std::string log;                       ///< the file that renames are logged to; empty for none
+  bool ask = false;                      ///< instead of `apply`: shows what would be done, and asks
   bool apply = false;
   bool json = false;
 };
 [[nodiscard]] int RunRename(const RenameArguments& arguments);
+/// The same by a plan.
+[[nodiscard]] int RunPlan(const RenameArguments& arguments);
 
 struct MoveArguments {
   Selection selection;
   std::string to;   ///< the folder
   std::string log;  ///< as above
+  bool ask = false;
   bool apply = false;
   bool json = false;
 };
@@ -67,6 +76,7 @@ struct UndoArguments {
 struct DeleteArguments {
   Selection selection;
   bool forGood = false;  ///< instead of moving them to the recycle bin
+  bool ask = false;
   bool apply = false;
   bool json = false;
 };

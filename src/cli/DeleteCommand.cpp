@@ -2,6 +2,8 @@
 
 #include "cli/BatchReport.h"
 #include "cli/Commands.h"
+#include "cli/Input.h"
+#include "cli/Messages.h"
 #include "fileops/FileOperations.h"
 #include "platform/Program.h"
 #include "rename/PlannedChanges.h"
@@ -10,12 +12,12 @@ namespace quillon::cli {
 namespace {
 
 // Why the file was not deleted; nullopt when it was.
-std::optional<FileError> DeleteFile(FileReads& files, FileChanges& disk, const std::string& path,
-                                    const DeleteArguments& arguments) {
-  if (arguments.forGood) return disk.Remove(path);
+std::optional<FileError> DeleteFile(FileReads& files, FileChanges& disk, const std::string& path, bool forGood,
+                                    bool apply) {
+  if (forGood) return disk.Remove(path);
   const int answer = RecycleFile(files, disk, path, 0);
   if (answer != 0) return FileError{answer, {}};
-  const bool declined = arguments.apply && files.IsFile(path);
+  const bool declined = apply && files.IsFile(path);
   return declined ? FileOutcome(FileError{kRecycleNotDone, {}}) : FileOutcome();
 }
 
@@ -32,21 +34,17 @@ std::vector<std::string> SummaryLines(const BatchReport& report, bool forGood) {
   return lines;
 }
 
-}  // namespace
+struct BatchResult {
+  int deleted = 0;
+  int status = kDone;
+};
 
-int RunDelete(const DeleteArguments& arguments) {
-  Session session({});
-  const bool complete = session.Load(arguments.selection);
-  if (session.list.Count() == 0) return kNothingLoaded;
-
-  const std::unique_ptr<FileChanges> disk = MakeFileChanges();
-  PlannedChanges plan(*session.files);
-  FileChanges& changes = arguments.apply ? *disk : static_cast<FileChanges&>(plan);
-  CatchInterruption();
-  BatchReport report(arguments.apply, arguments.json);
+// Deletes the files, or answers as if, depending on `changes`.
+BatchResult DeleteFiles(Session& session, FileChanges& changes, const DeleteArguments& arguments, bool apply) {
+  BatchReport report(apply, arguments.json);
   for (int index = 1; index <= session.list.Count() && report.Continue(); ++index) {
     const std::string& path = session.list.Row(index).location;
-    if (const FileOutcome error = DeleteFile(*session.files, changes, path, arguments)) {
+    if (const FileOutcome error = DeleteFile(*session.files, changes, path, arguments.forGood, apply)) {
       Json paths;
       AddPath(paths, "path", path);
       report.Failed(paths, path, *error, ReasonOf(*error, arguments.forGood));
@@ -55,7 +53,28 @@ int RunDelete(const DeleteArguments& arguments) {
     }
   }
   report.Summary("deleted", SummaryLines(report, arguments.forGood), Json::object());
-  return report.Status(complete);
+  return {report.Done(), report.Status(true)};
+}
+
+}  // namespace
+
+int RunDelete(const DeleteArguments& arguments) {
+  if (arguments.ask && !CanAsk()) return kBadUsage;
+  Session session({});
+  const bool complete = session.Load(arguments.selection);
+  if (session.list.Count() == 0) return kNothingLoaded;
+
+  CatchInterruption();
+  const Mode mode = ModeOf(arguments);
+  if (mode != Mode::kApply) {
+    PlannedChanges plan(*session.files);
+    const BatchResult shown = DeleteFiles(session, plan, arguments, false);
+    if (mode == Mode::kShow || shown.deleted == 0) return complete ? shown.status : kSomeFailed;
+    if (!Ask(messages::kAskDelete)) return kSomeFailed;
+  }
+  const std::unique_ptr<FileChanges> disk = MakeFileChanges();
+  const BatchResult result = DeleteFiles(session, *disk, arguments, true);
+  return complete ? result.status : kSomeFailed;
 }
 
 }  // namespace quillon::cli

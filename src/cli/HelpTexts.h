@@ -70,6 +70,20 @@ inline constexpr HelpText kForGood = {"Delete the files for good, not to the rec
                                       "ごみ箱に移動せず、完全に削除する"};
 inline constexpr HelpText kDeleteApply = {"Delete the files; without it nothing is changed",
                                           "ファイルを削除する。付けなければ何も変更しない"};
+inline constexpr HelpText kAsk = {"Show what would be done, then ask whether to do it",
+                                  "予告を表示してから、実行するかどうかを尋ねる"};
+inline constexpr HelpText kPathsOrPlan = {"Files and folders; needed without --plan",
+                                          "ファイルとフォルダ。--plan を付けなければ必須"};
+inline constexpr HelpText kNames = {
+    "Names from this file (- for standard input): one per line, or JSON with path and name",
+    "名前をこのファイル（- は標準入力）から読む。一行に一つの名前か、path と name の JSON"};
+inline constexpr HelpText kPortable = {"Change the names so that every system can hold them",
+                                       "どのシステムでも使える名前にする"};
+inline constexpr HelpText kNormalize = {"Write the names in this normal form of Unicode",
+                                        "名前を Unicode のこの正規化形式にする"};
+inline constexpr HelpText kPlan = {
+    "Rename by this file (- for standard input), JSON with old and new: names may change places",
+    "このファイル（- は標準入力）の old と new の JSON でリネームする。名前の入れ替えもできる"};
 inline constexpr HelpText kLog = {"Write each rename to this file, from which undo takes it back",
                                   "undo で元に戻せるように、リネームをこのファイルに記録する"};
 inline constexpr HelpText kMoveLog = {"Write each move to this file, from which undo takes it back",

@@ -1,5 +1,6 @@
 #include "cli/LoggedDisk.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -11,12 +12,9 @@
 namespace quillon::cli {
 namespace {
 
-bool IsListed(FileReads& files, const FileList& list, const std::string& path) {
-  if (!files.IsFile(path)) return false;
-  for (int index = 1; index <= list.Count(); ++index) {
-    if (files.SameFile(list.Row(index).location, path)) return true;
-  }
-  return false;
+bool IsOneOf(const std::vector<std::string>& paths, const std::string& path, FileReads& files) {
+  return files.IsFile(path) &&
+         std::any_of(paths.begin(), paths.end(), [&](const std::string& other) { return files.SameFile(other, path); });
 }
 
 // True for a log, an empty file, and no file at all.
@@ -29,10 +27,10 @@ bool CanBeLog(const std::string& path) {
 
 }  // namespace
 
-bool LoggedDisk::LogTo(const std::string& path, const FileList& list) {
+bool LoggedDisk::LogTo(const std::string& path, const std::vector<std::string>& files) {
   if (path.empty()) return true;
   const std::string fullPath = FullPath(path);
-  if (IsListed(files_, list, fullPath)) {
+  if (IsOneOf(files, fullPath, files_)) {
     Complain(Localized(messages::kLogIsListed) + fullPath);
     return false;
   }

@@ -3,8 +3,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
-#include "filelist/FileList.h"
 #include "plan/LoggedChanges.h"
 #include "platform/AppendedFile.h"
 #include "platform/FileSystem.h"
@@ -17,8 +17,8 @@ class LoggedDisk {
   explicit LoggedDisk(FileReads& files) : files_(files) {}
 
   /// From now on changes are logged to this file; an empty path is none. A file with other content than a log is left
-  /// alone, and so is one of the list's files: then it complains and returns false.
-  [[nodiscard]] bool LogTo(const std::string& path, const FileList& list);
+  /// alone, and so is one of the files that are to be changed: then it complains and returns false.
+  [[nodiscard]] bool LogTo(const std::string& path, const std::vector<std::string>& files);
 
   [[nodiscard]] FileChanges& Changes() { return logged_ ? *logged_ : *disk_; }
   [[nodiscard]] FileChanges& Unlogged() { return *disk_; }

@@ -25,4 +25,33 @@ inline constexpr HelpText kChanged = {"the file was changed since", "ファイ�
 inline constexpr HelpText kOldNameTaken = {"the old name is taken: ", "元の名前のファイルがあります: "};
 inline constexpr HelpText kNotTakenBack = {"the file could not be taken back", "ファイルを元に戻せませんでした"};
 
+// Names and plans that are read from a file.
+inline constexpr HelpText kFileUnread = {"the file cannot be read: ", "ファイルを読み込めません: "};
+inline constexpr HelpText kNoName = {"this line does not say which file gets which name",
+                                     "どのファイルの名前なのか分からない行です"};
+inline constexpr HelpText kNotListed = {"the file is not one of those given", "対象に含まれていないファイルです"};
+inline constexpr HelpText kNamedTwice = {"the file is named twice", "同じファイルが二度指定されています"};
+inline constexpr HelpText kCountDiffers = {"as many names as files are needed: ", "名前の数がファイルの数と違います: "};
+inline constexpr HelpText kPlanDamaged = {"this line does not say what is renamed to what",
+                                          "元の名前と新しい名前が分からない行です"};
+inline constexpr HelpText kPlanNoSource = {"there is no such file", "ファイルがありません"};
+inline constexpr HelpText kPlanSameTarget = {"another line gives the same name", "別の行と同じ名前になります"};
+inline constexpr HelpText kPlanTargetExists = {"a file of this name exists", "同名のファイルが存在します"};
+inline constexpr HelpText kPlanOtherFolder = {"this is another folder", "別のフォルダには移動できません"};
+inline constexpr HelpText kPlanInvalidCharacter = {"a file name cannot hold one of these characters",
+                                                   "名前に不正な文字が含まれています"};
+inline constexpr HelpText kPlanInvalidName = {"this is no name for a file, or it is too long",
+                                              "名前が無効 または 長すぎます"};
+inline constexpr HelpText kPlanNoAccess = {"the file cannot be accessed", "ファイルにアクセスできません"};
+inline constexpr HelpText kPlanFailed = {"the file could not be renamed", "リネームできませんでした"};
+inline constexpr HelpText kPlanTakenBack = {"all files have their old names again", "すべてのファイルを元に戻しました"};
+inline constexpr HelpText kPlanNotTakenBack = {"some files could not be taken back",
+                                               "元に戻せなかったファイルがあります"};
+
+// Asking.
+inline constexpr HelpText kNoTerminal = {"--ask needs a terminal to ask on", "--ask は端末でしか使えません"};
+inline constexpr HelpText kAskRename = {"Rename these files?", "リネームしますか？"};
+inline constexpr HelpText kAskMove = {"Move these files?", "移動しますか？"};
+inline constexpr HelpText kAskDelete = {"Delete these files?", "削除しますか？"};
+
 }  // namespace quillon::cli::messages

@@ -2,7 +2,9 @@
 
 #include "cli/BatchReport.h"
 #include "cli/Commands.h"
+#include "cli/Input.h"
 #include "cli/LoggedDisk.h"
+#include "cli/Messages.h"
 #include "fileops/FileOperations.h"
 #include "paths/basFileControl.h"
 #include "platform/Program.h"
@@ -54,9 +56,38 @@ void ReportFailure(BatchReport& report, const std::string& from, const std::stri
   report.Failed(paths, from, error, ReasonOf(error));
 }
 
+struct BatchResult {
+  int moved = 0;
+  int status = kDone;
+};
+
+// Moves the files, or answers as if, depending on `changes`.
+BatchResult MoveFiles(Session& session, FileChanges& changes, const std::string& folder, bool apply, bool json) {
+  FileMover mover(session.list, *session.files, changes, session.player);
+  BatchReport report(apply, json);
+  NotKept notKept;
+  UntilInterrupted progress;
+  bool logged = true;
+  for (int index = 1; index <= session.list.Count() && logged && report.Continue(); ++index) {
+    const std::string from = session.list.Row(index).location;
+    const std::string to = mover.Target(index, folder);
+    if (const MoveOutcome outcome = mover.Move(index, folder, &progress)) {
+      notKept.Add(*outcome);
+      report.Moved(from, to, outcome->Any() ? NotKeptFields(*outcome) : Json::object());
+    } else if (outcome.Failure().number == kNotLogged) {
+      logged = false;
+    } else if (outcome.Failure().number != file_error::kCancelled) {
+      ReportFailure(report, from, to, outcome.Failure());
+    }
+  }
+  report.Summary("moved", SummaryLines(report, notKept), NotKeptFields(notKept));
+  return {report.Done(), report.Status(logged)};
+}
+
 }  // namespace
 
 int RunMove(const MoveArguments& arguments) {
+  if (arguments.ask && !CanAsk()) return kBadUsage;
   Session session({});
   const std::string target = FullPath(arguments.to);
   if (const std::string complaint = ComplaintAboutTarget(*session.files, target); !complaint.empty()) {
@@ -65,30 +96,21 @@ int RunMove(const MoveArguments& arguments) {
   }
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
-
   LoggedDisk disk(*session.files);
-  if (!disk.LogTo(arguments.log, session.list)) return kBadUsage;
-  PlannedChanges plan(*session.files);
-  FileChanges& changes = arguments.apply ? disk.Changes() : plan;
-  FileMover mover(session.list, *session.files, changes, session.player);
-  const std::string folder = WithTrailingSeparator(target);
+  if (!disk.LogTo(arguments.log, session.Locations())) return kBadUsage;
+
   CatchInterruption();
-  BatchReport report(arguments.apply, arguments.json);
-  NotKept notKept;
-  UntilInterrupted progress;
-  changes.RemoveLeftovers(folder);
-  for (int index = 1; index <= session.list.Count() && report.Continue() && !disk.Broken(); ++index) {
-    const std::string from = session.list.Row(index).location;
-    const std::string to = mover.Target(index, folder);
-    if (const MoveOutcome outcome = mover.Move(index, folder, &progress)) {
-      notKept.Add(*outcome);
-      report.Moved(from, to, outcome->Any() ? NotKeptFields(*outcome) : Json::object());
-    } else if (outcome.Failure().number != file_error::kCancelled && outcome.Failure().number != kNotLogged) {
-      ReportFailure(report, from, to, outcome.Failure());
-    }
+  const std::string folder = WithTrailingSeparator(target);
+  const Mode mode = ModeOf(arguments);
+  if (mode != Mode::kApply) {
+    PlannedChanges plan(*session.files);
+    const BatchResult shown = MoveFiles(session, plan, folder, false, arguments.json);
+    if (mode == Mode::kShow || shown.moved == 0) return complete ? shown.status : kSomeFailed;
+    if (!Ask(messages::kAskMove)) return kSomeFailed;
   }
-  report.Summary("moved", SummaryLines(report, notKept), NotKeptFields(notKept));
-  return report.Status(complete && !disk.Broken());
+  disk.Changes().RemoveLeftovers(folder);
+  const BatchResult result = MoveFiles(session, disk.Changes(), folder, true, arguments.json);
+  return complete && !disk.Broken() ? result.status : kSomeFailed;
 }
 
 }  // namespace quillon::cli

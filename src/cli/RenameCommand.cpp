@@ -1,10 +1,15 @@
+#include <functional>
 #include <utility>
 
 #include "cli/Commands.h"
+#include "cli/GivenNames.h"
+#include "cli/Input.h"
 #include "cli/LoggedDisk.h"
+#include "cli/Messages.h"
 #include "cli/Output.h"
 #include "cli/Table.h"
 #include "fileops/FileOperations.h"
+#include "paths/PortableName.h"
 #include "paths/basFileControl.h"
 #include "pattern/PatternForm.h"
 #include "pattern/PatternRename.h"
@@ -21,7 +26,7 @@ namespace {
 /// Reports each row while the batch runs.
 class Reporter final : public Progress {
  public:
-  Reporter(const RenameArguments& arguments, Output& output) : arguments_(arguments), output_(output) {}
+  Reporter(bool apply, bool json, Output& output) : apply_(apply), json_(json), output_(output) {}
 
   bool Continue(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*item*/) override {
     return Continue();
@@ -33,9 +38,10 @@ class Reporter final : public Progress {
 
   void Applied(const std::string& from, const std::string& to) {
     if (from == to) return;
-    if (arguments_.json) {
+    ++renamed_;
+    if (json_) {
       output_.Line(OneLine(Renamed(from, to)));
-    } else if (!arguments_.apply) {
+    } else if (!apply_) {
       output_.Line(OnOneLine(from) + " -> " + OnOneLine(to));
     }
   }
@@ -43,7 +49,7 @@ class Reporter final : public Progress {
   void Failed(FileItem row, const RowOutcome& failure) {
     row.location = failure.from;
     const std::string& fileAt = failure.error.fileAt;
-    if (arguments_.json) {
+    if (json_) {
       Json object = Renamed(row.location, AppliedPath(row));
       object["code"] = static_cast<int>(failure.code);
       object["reason"] = ApplyReason(failure.code);
@@ -56,6 +62,7 @@ class Reporter final : public Progress {
   }
 
   [[nodiscard]] bool WasInterrupted() const { return interrupted_; }
+  [[nodiscard]] int RenamedCount() const { return renamed_; }
 
  private:
   static Json Renamed(const std::string& from, const std::string& to) {
@@ -65,9 +72,11 @@ class Reporter final : public Progress {
     return object;
   }
 
-  const RenameArguments& arguments_;
+  bool apply_;
+  bool json_;
   Output& output_;
   bool interrupted_ = false;
+  int renamed_ = 0;
 };
 
 void WriteSummary(const BatchOutcome& outcome, bool interrupted, bool json, Output& output) {
@@ -103,7 +112,15 @@ std::optional<PatternRules> FormatRules(const RenameArguments& arguments, const 
   return std::nullopt;
 }
 
-void EditNames(const RenameArguments& arguments, const std::optional<PatternRules>& format, Session& session) {
+void ChangeEach(FileList& list, const std::function<std::string(const std::string&)>& change) {
+  for (int index = 1; index <= list.Count(); ++index) {
+    std::string name = change(list.Row(index).renameName);
+    if (name != list.Row(index).renameName) list.SetRenameName(index, std::move(name));
+  }
+}
+
+// Returns false when the names cannot be had; it has complained then.
+bool EditNames(const RenameArguments& arguments, const std::optional<PatternRules>& format, Session& session) {
   RegexLibrary regex;
   UntilInterrupted progress;
   const OptionValues& options = session.options;
@@ -116,14 +133,52 @@ void EditNames(const RenameArguments& arguments, const std::optional<PatternRule
     TellLeftAlone(
         RenameByPattern(session.list, Rows::kAll, *format, FactsFrom(*session.files, session.tags), {}, progress));
   }
+  if (!arguments.names.empty() && !GiveNames(arguments.names, session)) return false;
   if (arguments.modify) {
     TellLeftAlone(ModifyRenameNames(session.list, Rows::kAll, options.modify, regex, {}, progress));
   }
+  if (arguments.portable) ChangeEach(session.list, PortableName);
+  if (arguments.normalForm) {
+    ChangeEach(session.list, [&](const std::string& name) { return Normalized(name, *arguments.normalForm); });
+  }
+  return true;
+}
+
+struct BatchResult {
+  int renamed = 0;
+  int status = kDone;
+};
+
+// Renames the files, or answers as if, depending on `disk`.
+BatchResult ApplyNames(Session& session, FileChanges& disk, bool apply, bool json) {
+  RenameEngine engine(session.list, session.mode, disk, session.player);
+  Output output;
+  Reporter reporter(apply, json, output);
+  const BatchOutcome outcome = engine.Apply(Rows::kAll, reporter, [&](const RowOutcome& row) {
+    if (row.Ok()) reporter.Applied(row.from, session.list.Row(row.index).location);
+    return true;
+  });
+  for (const RowOutcome& failure : outcome.failures) {
+    if (failure.error.number != kNotLogged) reporter.Failed(session.list.Row(failure.index), failure);
+  }
+  if (apply) WriteSummary(outcome, reporter.WasInterrupted(), json, output);
+  const bool done = output.Flush() && outcome.failures.empty() && !reporter.WasInterrupted();
+  return {reporter.RenamedCount(), done ? kDone : kSomeFailed};
+}
+
+BatchResult ShowNames(Session& session, bool json) {
+  std::vector<std::string> locations = session.Locations();
+  PlannedChanges plan(*session.files);
+  const BatchResult result = ApplyNames(session, plan, false, json);
+  session.SetLocations(std::move(locations));
+  return result;
 }
 
 }  // namespace
 
 int RunRename(const RenameArguments& arguments) {
+  if (arguments.ask && !CanAsk()) return kBadUsage;
+  if (!arguments.plan.empty()) return RunPlan(arguments);
   std::optional<OptionValues> options = LoadSettings(arguments.settings);
   if (!options) return kBadUsage;
   const std::optional<PatternRules> format = arguments.format ? FormatRules(arguments, *options) : std::nullopt;
@@ -132,28 +187,18 @@ int RunRename(const RenameArguments& arguments) {
   session.tags = arguments.tags;
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
-
   LoggedDisk disk(*session.files);
-  if (!disk.LogTo(arguments.log, session.list)) return kBadUsage;
-  PlannedChanges plan(*session.files);
-  FileChanges& changes = arguments.apply ? disk.Changes() : plan;
-  RenameEngine engine(session.list, session.mode, changes, session.player);
-  EditNames(arguments, format, session);
+  if (!EditNames(arguments, format, session) || !disk.LogTo(arguments.log, session.Locations())) return kBadUsage;
 
   CatchInterruption();
-  Output output;
-  Reporter reporter(arguments, output);
-  const BatchOutcome outcome = engine.Apply(Rows::kAll, reporter, [&](const RowOutcome& row) {
-    if (row.Ok()) reporter.Applied(row.from, session.list.Row(row.index).location);
-    return true;
-  });
-  for (const RowOutcome& failure : outcome.failures) {
-    if (failure.error.number != kNotLogged) reporter.Failed(session.list.Row(failure.index), failure);
+  const Mode mode = ModeOf(arguments);
+  if (mode != Mode::kApply) {
+    const BatchResult shown = ShowNames(session, arguments.json);
+    if (mode == Mode::kShow || shown.renamed == 0) return complete ? shown.status : kSomeFailed;
+    if (!Ask(messages::kAskRename)) return kSomeFailed;
   }
-  if (arguments.apply) WriteSummary(outcome, reporter.WasInterrupted(), arguments.json, output);
-  const bool done =
-      output.Flush() && complete && !disk.Broken() && outcome.failures.empty() && !reporter.WasInterrupted();
-  return done ? kDone : kSomeFailed;
+  const BatchResult result = ApplyNames(session, disk.Changes(), true, arguments.json);
+  return complete && !disk.Broken() ? result.status : kSomeFailed;
 }
 
 }  // namespace quillon::cli

@@ -41,6 +41,10 @@ class Session {
   /// Loads the paths in their order; true when each path was loaded, or listed already.
   bool Load(const Selection& selection);
 
+  /// Each row's location. SetLocations gives them back to the rows.
+  [[nodiscard]] std::vector<std::string> Locations() const;
+  void SetLocations(std::vector<std::string> locations);
+
   FileList list;
   OptionValues options;
   TagSources tags = TagSources::kStandard;

@@ -30,17 +30,40 @@ void AddSelection(CLI::App& command, Selection& selection) {
   command.add_flag("--all", selection.all, Localized(texts::kAll))->excludes(extensions);
 }
 
-// The options of the commands that change files only with --apply. Returns that option.
+// The options of the commands that change files only with --apply.
 template <class BatchArguments>
-CLI::Option* AddBatch(CLI::App& command, BatchArguments& arguments, const HelpText& apply) {
+void AddBatch(CLI::App& command, BatchArguments& arguments, const HelpText& apply) {
   command.add_flag("--json", arguments.json, Localized(texts::kJson));
   CLI::Option* const applies = command.add_flag("--apply", arguments.apply, Localized(apply));
+  command.add_flag("--ask", arguments.ask, Localized(texts::kAsk))->excludes(applies);
   AddSelection(command, arguments.selection);
-  return applies;
 }
 
-void AddLog(CLI::App& command, std::string& log, const HelpText& text, CLI::Option* applies) {
-  command.add_option("--log", log, Localized(text))->type_name("FILE")->check(RefuseEmptyPath)->needs(applies);
+CLI::Option* AddFile(CLI::App& command, const char* name, std::string& path, const HelpText& text) {
+  return command.add_option(name, path, Localized(text))->type_name("FILE")->check(RefuseEmptyPath);
+}
+
+// Only what really changes files is logged.
+template <class BatchArguments>
+void CheckLog(const BatchArguments& arguments) {
+  const bool changes = arguments.apply || arguments.ask;
+  if (!arguments.log.empty() && !changes) throw CLI::RequiresError("--log", "--apply");
+}
+
+// A plan names its files itself.
+void AddPlan(CLI::App& command, RenameArguments& rename) {
+  CLI::Option* const plan = AddFile(command, "--plan", rename.plan, texts::kPlan);
+  CLI::Option* const paths = command.get_option("PATH");
+  paths->required(false)->description(Localized(texts::kPathsOrPlan));
+  for (const char* const other :
+       {"PATH", "--to-title", "--format", "--start", "--step", "--names", "--modify", "--portable", "--normalize",
+        "--settings", "--tags", "--subfolders", "--ext", "--all"}) {
+    plan->excludes(command.get_option(other));
+  }
+  command.callback([&rename] {
+    if (rename.plan.empty() && rename.selection.paths.empty()) throw CLI::RequiredError("PATH");
+    CheckLog(rename);
+  });
 }
 
 struct Arguments {
@@ -54,6 +77,7 @@ struct Arguments {
   std::int64_t listCount = 0;
   std::string tagsName;  ///< given to at most one command
   std::string readerName;
+  std::string normalForm;
 };
 
 const std::map<std::string, Reader> kReaders = {{"midi", Reader::kMidi},
@@ -102,24 +126,31 @@ void AddModify(CLI::App& app, Arguments& arguments) {
 void AddRename(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("rename", Localized(texts::kRename));
   RenameArguments& rename = arguments.rename;
-  CLI::Option* toTitle = command->add_flag("--to-title", rename.toTitle, Localized(texts::kToTitle));
-  CLI::Option* format = command->add_option("--format", rename.format, Localized(texts::kFormat))->excludes(toTitle);
+  CLI::Option* const toTitle = command->add_flag("--to-title", rename.toTitle, Localized(texts::kToTitle));
+  CLI::Option* const format =
+      command->add_option("--format", rename.format, Localized(texts::kFormat))->excludes(toTitle);
   const CLI::Validator countRange = CLI::Range(-kLargestCount, kLargestCount).description("");
   command->add_option("--start", rename.start, Localized(texts::kStart))->needs(format)->check(countRange);
   command->add_option("--step", rename.step, Localized(texts::kStep))->needs(format)->check(countRange);
+  AddFile(*command, "--names", rename.names, texts::kNames)->excludes(toTitle)->excludes(format);
   command->add_flag("--modify", rename.modify, Localized(texts::kModifyNames));
   command->add_option("--settings", rename.settings, Localized(texts::kRenameSettings));
+  command->add_flag("--portable", rename.portable, Localized(texts::kPortable));
+  command->add_option("--normalize", arguments.normalForm, Localized(texts::kNormalize))
+      ->check(CLI::IsMember({"nfc", "nfd"}));
   AddTags(*command, arguments);
-  CLI::Option* const applies = AddBatch(*command, rename, texts::kRenameApply);
-  AddLog(*command, rename.log, texts::kLog, applies);
+  AddBatch(*command, rename, texts::kRenameApply);
+  AddFile(*command, "--log", rename.log, texts::kLog);
+  AddPlan(*command, rename);
 }
 
 void AddMove(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("move", Localized(texts::kMove));
   MoveArguments& move = arguments.move;
   command->add_option("--to", move.to, Localized(texts::kTo))->required();
-  CLI::Option* const applies = AddBatch(*command, move, texts::kMoveApply);
-  AddLog(*command, move.log, texts::kMoveLog, applies);
+  AddBatch(*command, move, texts::kMoveApply);
+  AddFile(*command, "--log", move.log, texts::kMoveLog);
+  command->callback([&move] { CheckLog(move); });
 }
 
 void AddUndo(CLI::App& app, Arguments& arguments) {
@@ -172,6 +203,9 @@ int Run(CLI::App& app, Arguments& arguments) {
     return RunModify(arguments.modify);
   }
   if (app.got_subcommand("mci")) return RunMci();
+  if (!arguments.normalForm.empty()) {
+    arguments.rename.normalForm = arguments.normalForm == "nfc" ? NormalForm::kComposed : NormalForm::kDecomposed;
+  }
   arguments.rename.selection.ownExtensions = HasOwnExtensions(app, "rename");
   return RunRename(arguments.rename);
 }

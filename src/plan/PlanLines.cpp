@@ -36,7 +36,7 @@ Result<std::vector<PlanLine>, std::size_t> ReadPlanLines(std::string_view text) 
     std::optional<std::string> from = PathOf(*object, "old");
     std::optional<std::string> to = PathOf(*object, "new");
     if (!from || from->empty() || !to || to->empty()) return number;
-    plan.push_back({*std::move(from), *std::move(to)});
+    plan.push_back({number, *std::move(from), *std::move(to)});
   }
   return plan;
 }

@@ -14,6 +14,7 @@ namespace quillon {
 
 /// A rename as a file gives it. Paths are relative or full; `to` may be a name alone.
 struct PlanLine {
+  std::size_t number = 0;  ///< 1-based
   std::string from;
   std::string to;
 

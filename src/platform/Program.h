@@ -48,6 +48,9 @@ enum class StreamResult {
 [[nodiscard]] StreamResult WriteStandardOutput(std::string_view bytes);
 [[nodiscard]] StreamResult WriteStandardError(std::string_view bytes);
 
+/// True when a person can answer a question: standard input is a terminal or console.
+[[nodiscard]] bool StandardInputIsTerminal();
+
 /// Waits for the next piece of standard input and returns it; empty at its end. Input from a Windows console is
 /// converted to UTF-8.
 [[nodiscard]] std::string ReadSomeStandardInput();

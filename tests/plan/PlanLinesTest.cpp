@@ -22,11 +22,12 @@ std::vector<NameLine> NamesIn(const std::string& text) {
 }
 
 TEST(PlanLines, ObjectsAreReadWithEveryLineEnd) {
-  const PlanLine first = {"/a", "b"};
-  const PlanLine second = {"/b", "\xFF"};
+  const PlanLine first = {1, "/a", "b"};
+  PlanLine second = {2, "/b", "\xFF"};
   const std::string one = R"({"old":"/a","new":"b"})";
   const std::string two = R"({"new":"?","new_bytes":"ff","old":"/b","code":3})";
   EXPECT_THAT(Plan(one + "\n" + two + "\n"), ElementsAre(first, second));
+  second.number = 4;
   EXPECT_THAT(Plan("\xEF\xBB\xBF" + one + "\r\n\r\n \t\n" + two), ElementsAre(first, second));
   EXPECT_THAT(Plan(""), IsEmpty());
 }

@@ -32,6 +32,10 @@ StreamResult WriteStandardError(std::string_view bytes) {
   return Write(STDERR_FILENO, bytes);
 }
 
+bool StandardInputIsTerminal() {
+  return ::isatty(STDIN_FILENO) != 0;
+}
+
 std::string ReadSomeStandardInput() {
   std::array<char, 65536> buffer = {};
   while (!Interrupted()) {

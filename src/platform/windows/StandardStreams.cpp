@@ -56,6 +56,10 @@ StreamResult WriteStandardError(std::string_view bytes) {
   return WriteAll(STD_ERROR_HANDLE, bytes);
 }
 
+bool StandardInputIsTerminal() {
+  return IsConsole(::GetStdHandle(STD_INPUT_HANDLE));
+}
+
 std::string ReadSomeStandardInput() {
   HANDLE stream = ::GetStdHandle(STD_INPUT_HANDLE);
   if (Interrupted()) return {};
