@@ -1,5 +1,6 @@
 #include "cli/BatchReport.h"
 
+#include "cli/Messages.h"
 #include "cli/Session.h"
 #include "cli/Table.h"
 #include "platform/Program.h"
@@ -62,7 +63,7 @@ void BatchReport::Summary(const char* counted, const std::vector<std::string>& l
     return;
   }
   for (const std::string& line : lines) output_.Line(line);
-  if (interrupted_) Complain("中断されました。残りのファイルは元のままです");
+  if (interrupted_) Complain(Localized(messages::kInterrupted));
 }
 
 int BatchReport::Status(bool complete) {

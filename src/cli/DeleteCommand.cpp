@@ -4,6 +4,7 @@
 #include "cli/Commands.h"
 #include "cli/Input.h"
 #include "cli/Messages.h"
+#include "cli/Reasons.h"
 #include "fileops/FileOperations.h"
 #include "platform/Program.h"
 #include "rename/PlannedChanges.h"
@@ -22,14 +23,14 @@ std::optional<FileError> DeleteFile(FileReads& files, FileChanges& disk, const s
 }
 
 std::string ReasonOf(const FileError& error, bool forGood) {
-  return forGood ? DeleteReason(error) : "ファイルが削除できません";
+  return forGood ? ReasonForDelete(error) : Localized(messages::kFileNotDeleted);
 }
 
 std::vector<std::string> SummaryLines(const BatchReport& report, bool forGood) {
-  const char* const done = forGood ? " 個のファイルを削除しました" : " 個のファイルをごみ箱に移動しました";
+  const std::string done = Localized(forGood ? messages::kDeleted : messages::kRecycled);
   std::vector<std::string> lines = {std::to_string(report.Done()) + done};
   if (report.FailureCount() > 0) {
-    lines.push_back(std::to_string(report.FailureCount()) + " 個のファイルが削除できませんでした");
+    lines.push_back(std::to_string(report.FailureCount()) + Localized(messages::kNotDeleted));
   }
   return lines;
 }

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "cli/Commands.h"
+#include "cli/Messages.h"
 #include "cli/Output.h"
 #include "cli/Table.h"
 #include "media/MediaInfo.h"
@@ -120,7 +121,7 @@ int RunInfo(const InfoArguments& arguments) {
     const bool readable = files->OpenFile(path) != nullptr;
     if (!readable) {
       ++unread;
-      Complain("ファイルを読み込めません: " + path);
+      Complain(Localized(messages::kFileUnread) + path);
     }
     // A single reader is run for any path; its record is empty for a file that cannot be read.
     if (!readable && arguments.reader == Reader::kByType) continue;

@@ -5,6 +5,40 @@
 /// What quillon-cli itself says while it works, in each language.
 namespace quillon::cli::messages {
 
+// Every batch.
+inline constexpr HelpText kInterrupted = {"Interrupted; the remaining files are as they were",
+                                          "中断されました。残りのファイルは元のままです"};
+inline constexpr HelpText kStopped = {"An error has ended the run", "エラーにより処理が中断されました"};
+inline constexpr HelpText kBeforeWhere = {". ", "。"};
+inline constexpr HelpText kMoved = {" files were moved", " 個のファイルの移動が完了しました"};
+inline constexpr HelpText kNotMoved = {" files could not be moved", " 個のファイルが移動できませんでした"};
+inline constexpr HelpText kFileNotMoved = {"the file could not be moved", "ファイルが移動できませんでした"};
+inline constexpr HelpText kDeleted = {" files were deleted", " 個のファイルを削除しました"};
+inline constexpr HelpText kRecycled = {" files were moved to the recycle bin", " 個のファイルをごみ箱に移動しました"};
+inline constexpr HelpText kNotDeleted = {" files could not be deleted", " 個のファイルが削除できませんでした"};
+inline constexpr HelpText kFileNotDeleted = {"the file could not be deleted", "ファイルが削除できません"};
+inline constexpr HelpText kNamesCaption = {"Changing the names", "リネーム名の編集"};
+inline constexpr HelpText kLeftAlone = {
+    " names were left as they are: replacing would not end, or make them longer than 32,767 characters",
+    " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした"};
+
+// The folder of a move.
+inline constexpr HelpText kNoFolder = {"name the folder that the files go to", "移動先のフォルダを指定してください"};
+inline constexpr HelpText kFolderForbidden = {"the folder cannot be accessed: ", "移動先にアクセスできません: "};
+inline constexpr HelpText kFolderAbsent = {"there is no such folder: ", "移動先のフォルダがありません: "};
+inline constexpr HelpText kIsNoFolder = {"this is no folder: ", "移動先がフォルダではありません: "};
+
+// Reading, writing, settings.
+inline constexpr HelpText kTooDeep = {"the folders lie too deep", "階層が深すぎます"};
+inline constexpr HelpText kVanished = {"the file has gone", "ファイルがなくなりました"};
+inline constexpr HelpText kNoAccess = {"it cannot be accessed", "アクセスできません"};
+inline constexpr HelpText kOutputFailed = {"standard output cannot be written", "標準出力に書き込めません"};
+inline constexpr HelpText kSettingsUnread = {"the settings file cannot be read: ", "設定ファイルを読み込めません: "};
+inline constexpr HelpText kSettingsDamaged = {"the settings file may be damaged",
+                                              "設定ファイルが壊れている可能性があります 再度起動してください "
+                                              "それでも初期化エラーが出る場合はヘルプを参照してください"};
+inline constexpr HelpText kUnexpected = {"an unexpected error has occurred", "予期しないエラーが発生しました"};
+
 // The log, and taking renames back.
 inline constexpr HelpText kLogIsListed = {"the log is one of the files: ", "記録のファイルが対象に含まれています: "};
 inline constexpr HelpText kLogIsNone = {"this file is no log of renames, or its last line is torn: ",

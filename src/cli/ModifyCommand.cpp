@@ -3,6 +3,7 @@
 
 #include "base/Text.h"
 #include "cli/Commands.h"
+#include "cli/Messages.h"
 #include "cli/Output.h"
 #include "platform/PathStyle.h"
 #include "platform/Program.h"
@@ -43,8 +44,7 @@ int RunModify(const ModifyArguments& arguments) {
     if (output.Closed()) break;
   }
   if (leftAlone > 0) {
-    Complain(std::to_string(leftAlone) +
-             " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした");
+    Complain(std::to_string(leftAlone) + Localized(messages::kLeftAlone));
   }
   return output.Flush() ? kDone : kSomeFailed;
 }

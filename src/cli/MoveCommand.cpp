@@ -5,6 +5,7 @@
 #include "cli/Input.h"
 #include "cli/LoggedDisk.h"
 #include "cli/Messages.h"
+#include "cli/Reasons.h"
 #include "fileops/FileOperations.h"
 #include "paths/basFileControl.h"
 #include "platform/Program.h"
@@ -14,11 +15,11 @@ namespace quillon::cli {
 namespace {
 
 std::vector<std::string> SummaryLines(const BatchReport& report, const NotKept& notKept) {
-  std::vector<std::string> lines = {std::to_string(report.Done()) + " 個のファイルの移動が完了しました"};
+  std::vector<std::string> lines = {std::to_string(report.Done()) + Localized(messages::kMoved)};
   if (report.FailureCount() > 0) {
-    lines.push_back(std::to_string(report.FailureCount()) + " 個のファイルが移動できませんでした");
+    lines.push_back(std::to_string(report.FailureCount()) + Localized(messages::kNotMoved));
   }
-  if (notKept.Any()) lines.push_back(NotKeptText(notKept));
+  if (notKept.Any()) lines.push_back(WhatWasNotKept(notKept));
   return lines;
 }
 
@@ -32,21 +33,21 @@ Json NotKeptFields(const NotKept& notKept) {
 
 // What is wrong with the target folder; empty when it can be used.
 std::string ComplaintAboutTarget(FileReads& files, const std::string& folder) {
-  if (folder.empty()) return "移動先のフォルダを指定してください";
+  if (folder.empty()) return Localized(messages::kNoFolder);
   const Result<FileStatus, FileError> target = files.Status(folder);
   const bool forbidden = !target && target.Failure().number == file_error::kAccess;
-  if (forbidden) return "移動先にアクセスできません: " + folder;
-  if (!target || target->kind == FileStatus::Kind::kAbsent) return "移動先のフォルダがありません: " + folder;
-  return target->kind == FileStatus::Kind::kFolder ? "" : "移動先がフォルダではありません: " + folder;
+  if (forbidden) return Localized(messages::kFolderForbidden) + folder;
+  if (!target || target->kind == FileStatus::Kind::kAbsent) return Localized(messages::kFolderAbsent) + folder;
+  return target->kind == FileStatus::Kind::kFolder ? "" : Localized(messages::kIsNoFolder) + folder;
 }
 
 // The message's reason, and where the file was left.
 std::string ReasonOf(const FileError& error) {
-  const std::string reason = MoveReason(error);
-  const std::string leftAt = LeftAtText(error);
+  const std::string reason = ReasonForMove(error);
+  const std::string leftAt = WhereLeft(error);
   const std::string words = error.description.empty() ? "" : " (" + error.description + ")";
-  const std::string known = reason.empty() ? "ファイルが移動できませんでした" + words : reason;
-  return leftAt.empty() ? known : known + "。" + leftAt;
+  const std::string known = reason.empty() ? Localized(messages::kFileNotMoved) + words : reason;
+  return leftAt.empty() ? known : known + Localized(messages::kBeforeWhere) + leftAt;
 }
 
 void ReportFailure(BatchReport& report, const std::string& from, const std::string& to, const FileError& error) {

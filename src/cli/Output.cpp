@@ -1,5 +1,6 @@
 #include "cli/Output.h"
 
+#include "cli/Messages.h"
 #include "platform/Program.h"
 
 namespace quillon::cli {
@@ -15,7 +16,7 @@ bool Output::Flush() {
   if (!buffer_.empty() && !closed_) {
     const StreamResult result = WriteStandardOutput(buffer_);
     closed_ = result != StreamResult::kWritten;
-    if (result == StreamResult::kFailed) Complain("標準出力に書き込めません");
+    if (result == StreamResult::kFailed) Complain(Localized(messages::kOutputFailed));
   }
   buffer_.clear();
   return !closed_;

@@ -6,13 +6,13 @@
 #include "cli/LoggedDisk.h"
 #include "cli/Messages.h"
 #include "cli/Output.h"
+#include "cli/Reasons.h"
 #include "cli/Table.h"
 #include "paths/basFileControl.h"
 #include "plan/Json.h"
 #include "plan/PlanLines.h"
 #include "plan/RenamePlan.h"
 #include "platform/Program.h"
-#include "rename/basQuillon.h"
 
 namespace quillon::cli {
 namespace {
@@ -161,7 +161,7 @@ class PlanRun {
   }
 
   void WriteSummary(int applied, const PlanOutcome& outcome) {
-    std::vector<std::string> lines = {AppliedLine(applied)};
+    std::vector<std::string> lines = {AppliedCount(applied)};
     const bool whole = outcome.notBack.empty();
     if (outcome.failedStep || outcome.cancelled) {
       lines.push_back(Localized(whole ? messages::kPlanTakenBack : messages::kPlanNotTakenBack));

@@ -7,6 +7,7 @@
 #include "cli/LoggedDisk.h"
 #include "cli/Messages.h"
 #include "cli/Output.h"
+#include "cli/Reasons.h"
 #include "cli/Table.h"
 #include "fileops/FileOperations.h"
 #include "paths/PortableName.h"
@@ -52,12 +53,12 @@ class Reporter final : public Progress {
     if (json_) {
       Json object = Renamed(row.location, AppliedPath(row));
       object["code"] = static_cast<int>(failure.code);
-      object["reason"] = ApplyReason(failure.code);
+      object["reason"] = ReasonFor(failure.code);
       if (!fileAt.empty()) AddPath(object, "file_at", fileAt);
       output_.Line(OneLine(object));
     } else {
-      output_.Line(OnOneLine(row.location) + ": " + ApplyReason(failure.code) +
-                   (fileAt.empty() ? "" : "。" + OnOneLine(LeftAtText(failure.error))));
+      output_.Line(OnOneLine(row.location) + ": " + ReasonFor(failure.code) +
+                   (fileAt.empty() ? "" : Localized(messages::kBeforeWhere) + OnOneLine(WhereLeft(failure.error))));
     }
   }
 
@@ -80,24 +81,24 @@ class Reporter final : public Progress {
 };
 
 void WriteSummary(const BatchOutcome& outcome, bool interrupted, bool json, Output& output) {
-  const std::string second = outcome.stopped ? "エラーにより処理が中断されました" : SkippedLine(outcome.skipped);
+  const std::string second = outcome.stopped ? Localized(messages::kStopped) : SkippedCount(outcome.skipped);
   if (json) {
     Json object;
     object["applied"] = outcome.applied;
     object["skipped"] = outcome.skipped;
     object["stopped"] = outcome.stopped;
     object["interrupted"] = interrupted;
-    object["summary"] = {AppliedLine(outcome.applied), second};
+    object["summary"] = {AppliedCount(outcome.applied), second};
     output.Line(OneLine(object));
   } else {
-    output.Line(AppliedLine(outcome.applied));
+    output.Line(AppliedCount(outcome.applied));
     output.Line(second);
-    if (interrupted) Complain("中断されました。残りのファイルは元のままです");
+    if (interrupted) Complain(Localized(messages::kInterrupted));
   }
 }
 
 void TellLeftAlone(const RunOutcome& outcome) {
-  if (outcome.leftAlone > 0) Complain("リネーム名の編集", LeftAloneText(outcome.leftAlone), {});
+  if (outcome.leftAlone > 0) Complain(Localized(messages::kNamesCaption), LeftAloneCount(outcome.leftAlone), {});
 }
 
 /// The rules of --format; nullopt, after a complaint, when they are wrong.

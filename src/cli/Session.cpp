@@ -2,9 +2,10 @@
 
 #include <utility>
 
+#include "cli/Messages.h"
 #include "cli/Output.h"
+#include "cli/Reasons.h"
 #include "filelist/FolderSearch.h"
-#include "filelist/LoadTexts.h"
 #include "filelist/Registration.h"
 #include "paths/basFileControl.h"
 #include "platform/Program.h"
@@ -17,15 +18,6 @@ namespace {
 std::string WithoutLineBreaks(std::string text) {
   for (std::size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n")) text.replace(at, 2, " ");
   return text;
-}
-
-const char* ReasonOf(Obstacle obstacle) {
-  switch (obstacle) {
-    case Obstacle::kTooDeep: return "階層が深すぎます";
-    case Obstacle::kGone: return "ファイルがなくなりました";
-    case Obstacle::kNoAccess: break;
-  }
-  return "アクセスできません";
 }
 
 // The window's options have no part in it.
@@ -81,18 +73,18 @@ bool Session::LoadPath(const std::string& path, const Selection& selection) {
 bool Session::LoadFolder(const std::string& path, const Selection& selection, UntilInterrupted& progress) {
   const std::string folder = WithTrailingSeparator(path);
   if (list.ContainsFolder(folder)) {
-    Complain(kLoadCaption, FolderListedText(folder), path);
+    Complain(LoadCaption(), FolderListed(folder), path);
     return true;
   }
   FoundFiles found = FolderSearch(*files, progress).Search(folder, FilterOf(selection), selection.subfolders);
   const bool complete = !ComplainAbout(found.passedOver);
   if (found.error) {
-    Complain(kLoadCaption, LoadFailureText(*found.error), path);
+    Complain(LoadCaption(), LoadFailure(*found.error), path);
     return false;
   }
   LeaveOutRecycleBin(found.paths);
   if (found.paths.empty()) {
-    Complain(kLoadCaption, kNothingFoundText, path);
+    Complain(LoadCaption(), NothingFound(), path);
     return false;
   }
   return Register(std::move(found.paths), path, progress) && complete;
@@ -101,15 +93,15 @@ bool Session::LoadFolder(const std::string& path, const Selection& selection, Un
 bool Session::Register(std::vector<std::string> paths, const std::string& subject, UntilInterrupted& progress) {
   const bool single = paths.size() == 1 && paths.front() == subject;
   const Registered registered = RegisterFiles(list, *files, std::move(paths), {.tags = tags}, progress);
-  if (single && registered.duplicates > 0) Complain(kLoadCaption, FilesListedText(1), subject);
-  if (registered.error) Complain(kLoadCaption, LoadFailureText(*registered.error), subject);
+  if (single && registered.duplicates > 0) Complain(LoadCaption(), FileListed(), subject);
+  if (registered.error) Complain(LoadCaption(), LoadFailure(*registered.error), subject);
   return !ComplainAbout(registered.passedOver) && !registered.error;
 }
 
 // Returns true when there were any.
 bool Session::ComplainAbout(const std::vector<PassedOver>& paths) {
   for (const PassedOver& passed : paths) {
-    Complain(std::string(kLoadCaption) + ": " + ReasonOf(passed.obstacle) + ": " + passed.path);
+    Complain(LoadCaption() + ": " + ReasonFor(passed.obstacle) + ": " + passed.path);
   }
   return !paths.empty();
 }
@@ -120,14 +112,13 @@ std::optional<OptionValues> LoadSettings(const std::string& path) {
   IniFile file(fullPath);
   // A settings file that the user names must exist.
   if (!MakeFileReads()->IsFile(fullPath) || !file.Load()) {
-    Complain("設定ファイルを読み込めません: " + fullPath);
+    Complain(Localized(messages::kSettingsUnread) + fullPath);
     return std::nullopt;
   }
   Result<OptionValues, SettingsError> options = ReadOptionValues(file);
   if (options) return std::move(*options);
   const SettingsError& error = options.Failure();
-  Complain(WithoutLineBreaks(InitialisationError().text) + " ([" + error.section + "] " + error.key + "=" + error.text +
-           ")");
+  Complain(Localized(messages::kSettingsDamaged) + " ([" + error.section + "] " + error.key + "=" + error.text + ")");
   return std::nullopt;
 }
 

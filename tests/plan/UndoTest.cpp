@@ -209,6 +209,25 @@ TEST_F(UndoTest, AMoveToAnotherVolumeIsTakenBackAlsoWhenTheFileWasRenamedBeforeA
   EXPECT_THAT(UndoBy(volumes, UndoMode::kApply), IsEmpty());
 }
 
+TEST_F(UndoTest, AMoveThatWasKilledBeforeItsCopyWasLoggedIsTakenBack) {
+  disk_.secondDevice = At("other");
+  OtherVolumes volumes(disk_, disk_);
+  LoggedChanges logged(volumes, disk_, log_);
+  EXPECT_EQ(logged.Rename(At("a"), At("x")), std::nullopt);
+  log_.linesLeft = 1;
+  ASSERT_TRUE(logged.Move(At("x"), At("other/x")));
+  EXPECT_EQ(log_.text.find("copied"), std::string::npos);
+  EXPECT_EQ(UndoBy(volumes, UndoMode::kApply), (std::vector<UndoStep>{Back("other/x", "x"), Back("x", "a")}));
+  ExpectAllBack();
+}
+
+TEST_F(UndoTest, AFileOfTheSameSizeOnTheSameVolumeIsNoCopy) {
+  log_.text = RenameLine(At("a"), At("other/a"), *disk_.Identity(At("a")));
+  EXPECT_EQ(disk_.Remove(At("a")), std::nullopt);
+  disk_.AddFile(At("other/a"), "content of x");
+  EXPECT_THAT(UndoAll(), ElementsAre(Kept("other/a", "a", UndoObstacle::kAnotherFile)));
+}
+
 TEST_F(UndoTest, AFileThatWasLeftHalfWayGoesBackFromThere) {
   disk_.Fail(FileCall::kRename, At("a"), {file_error::kStranded, "half-way", At(".quillon-x")});
   EXPECT_TRUE(logged_.Rename(At("a"), At("A")));

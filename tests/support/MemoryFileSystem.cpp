@@ -325,7 +325,8 @@ Result<FileIdentity, FileError> MemoryFileSystem::Identity(const std::string& pa
   if (const FileOutcome failure = Log(FileCall::kIdentity, path)) return *failure;
   const NodePointer node = Walk(path, false);
   if (!node) return NotFound();
-  return FileIdentity{1, node->number, node->bytes.size(), 0};
+  const bool second = !secondDevice.empty() && path.starts_with(secondDevice);
+  return FileIdentity{second ? 2U : 1U, node->number, node->bytes.size(), 0};
 }
 
 FileOutcome MemoryFileSystem::CheckNames(const std::string& from, const std::string& to) const {

@@ -98,9 +98,10 @@ class MemoryFileSystem final : public FileReads, public FileChanges {
   [[nodiscard]] bool RecycleAsks() const override { return recycleAsks; }
 
   bool recycleAsks = true;
-  NameUnit nameUnit;          ///< initially that of the style
-  NotKept notKept;            ///< the result of successful moves
-  std::int64_t modified = 0;  ///< when every file was last changed
+  NameUnit nameUnit;              ///< initially that of the style
+  NotKept notKept;                ///< the result of successful moves
+  std::int64_t modified = 0;      ///< when every file was last changed
+  std::string secondDevice = {};  ///< paths that begin with this are on a device of their own; empty for none
   /// If not zero, every move copies to another volume in pieces of this many bytes.
   std::uint64_t copiesPieces = 0;
 

@@ -1,0 +1,113 @@
+#include "cli/Reasons.h"
+
+#include "cli/Messages.h"
+#include "filelist/LoadTexts.h"
+#include "platform/Program.h"
+#include "rename/RowRun.h"
+
+namespace quillon::cli {
+namespace {
+
+std::string Counted(int count, const char* none, const char* some) {
+  return count == 0 ? none : std::to_string(count) + some;
+}
+
+const char* EnglishReason(ApplyCode code) {
+  switch (code) {
+    case ApplyCode::kNoName: return "there is no new name";
+    case ApplyCode::kInvalidCharacter: return "the new name holds a character that a file name cannot hold";
+    case ApplyCode::kTargetExists: return "a file of the new name exists";
+    case ApplyCode::kNoAccess: return "the file cannot be accessed";
+    case ApplyCode::kInvalidName: return "the new name is not valid, or too long";
+    default: return "the file could not be renamed";
+  }
+}
+
+}  // namespace
+
+std::string ReasonFor(ApplyCode code) {
+  return UserReadsJapanese() ? ApplyReason(code) : EnglishReason(code);
+}
+
+std::string ReasonFor(Obstacle obstacle) {
+  switch (obstacle) {
+    case Obstacle::kTooDeep: return Localized(messages::kTooDeep);
+    case Obstacle::kGone: return Localized(messages::kVanished);
+    case Obstacle::kNoAccess: break;
+  }
+  return Localized(messages::kNoAccess);
+}
+
+std::string ReasonForMove(const FileError& error) {
+  if (UserReadsJapanese()) return MoveReason(error);
+  switch (error.number) {
+    case file_error::kAlreadyExists: return "the folder holds a file of the same name";
+    case file_error::kAccess: return "the folder cannot be accessed";
+    case file_error::kBothKept:
+      return "the file was changed during the move, or could not be deleted; both files were kept";
+    default: return {};
+  }
+}
+
+std::string ReasonForDelete(const FileError& error) {
+  const bool access = !UserReadsJapanese() && error.number == file_error::kAccess;
+  return access ? "the file cannot be accessed" : DeleteReason(error);
+}
+
+std::string WhereLeft(const FileError& error) {
+  if (UserReadsJapanese() || error.fileAt.empty()) return LeftAtText(error);
+  const bool copy = error.number == file_error::kBothKept;
+  return (copy ? "the copy was kept: " : "the file is here now: ") + error.fileAt;
+}
+
+std::string WhatWasNotKept(const NotKept& notKept) {
+  if (UserReadsJapanese() || !notKept.Any()) return NotKeptText(notKept);
+  std::string what;
+  const auto add = [&what](bool lost, const char* name) {
+    if (lost) what += (what.empty() ? "" : ", ") + std::string(name);
+  };
+  add(notKept.times, "times");
+  add(notKept.accessRights, "access rights");
+  add(notKept.attributes, "extended attributes");
+  return "moved, but the target cannot keep everything: " + what;
+}
+
+std::string AppliedCount(int applied) {
+  return UserReadsJapanese() ? AppliedLine(applied) : Counted(applied, "No file was renamed", " files were renamed");
+}
+
+std::string SkippedCount(int skipped) {
+  return UserReadsJapanese() ? SkippedLine(skipped)
+                             : Counted(skipped, "No file was skipped", " files were skipped because of errors");
+}
+
+std::string LeftAloneCount(int count) {
+  if (UserReadsJapanese()) return LeftAloneText(count);
+  return std::to_string(count) +
+         " names were left as they are: replacing would not end, or make them longer than 32,767 characters\r\n"
+         "See that the replacement does not hold the text that is searched for, or characters that are not allowed";
+}
+
+std::string LoadCaption() {
+  return UserReadsJapanese() ? kLoadCaption : "Loading";
+}
+
+std::string NothingFound() {
+  return UserReadsJapanese() ? kNothingFoundText : "no files were found in the folder";
+}
+
+std::string FolderListed(const std::string& folder) {
+  return UserReadsJapanese() ? FolderListedText(folder) : folder + "\r\n\r\nthis folder is loaded already";
+}
+
+std::string FileListed() {
+  return UserReadsJapanese() ? FilesListedText(1) : "this file is loaded already";
+}
+
+std::string LoadFailure(const FileError& error) {
+  if (UserReadsJapanese()) return LoadFailureText(error);
+  if (error.number == file_error::kUnreachable) return "the path cannot be reached; nothing was loaded from it";
+  return "an error ended the search; not all files were loaded (" + std::to_string(error.number) + ")";
+}
+
+}  // namespace quillon::cli

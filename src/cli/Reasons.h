@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "filelist/PassedOver.h"
+#include "fileops/FileOperations.h"
+#include "platform/FileSystem.h"
+#include "rename/basQuillon.h"
+
+/// The texts that the windows show, too, in the user's language: in Japanese the windows' own, else an English form.
+namespace quillon::cli {
+
+[[nodiscard]] std::string ReasonFor(ApplyCode code);
+[[nodiscard]] std::string ReasonFor(Obstacle obstacle);
+/// Empty for errors without a specific text.
+[[nodiscard]] std::string ReasonForMove(const FileError& error);
+[[nodiscard]] std::string ReasonForDelete(const FileError& error);
+[[nodiscard]] std::string WhereLeft(const FileError& error);
+[[nodiscard]] std::string WhatWasNotKept(const NotKept& notKept);
+
+[[nodiscard]] std::string AppliedCount(int applied);
+[[nodiscard]] std::string SkippedCount(int skipped);
+[[nodiscard]] std::string LeftAloneCount(int count);
+
+/// The messages of a load, which name its subject or not.
+[[nodiscard]] std::string LoadCaption();
+[[nodiscard]] std::string NothingFound();
+[[nodiscard]] std::string FolderListed(const std::string& folder);
+[[nodiscard]] std::string FileListed();
+[[nodiscard]] std::string LoadFailure(const FileError& error);
+
+}  // namespace quillon::cli
