@@ -46,6 +46,15 @@ foreach(page quillon quillon-cli ja/quillon ja/quillon-cli)
   run(gzip --best --no-name ${page_file})
 endforeach()
 
+# In English, whoever makes the package.
+foreach(completion bash-completion/completions/quillon-cli zsh/vendor-completions/_quillon-cli
+        fish/vendor_completions.d/quillon-cli.fish)
+  string(REGEX MATCH "^[a-z]+" shell ${completion})
+  get_filename_component(folder ${share}/${completion} DIRECTORY)
+  file(MAKE_DIRECTORY ${folder})
+  run(${CMAKE_COMMAND} -E env LC_ALL=C.UTF-8 ${CLI} completion ${shell} OUTPUT_FILE ${share}/${completion})
+endforeach()
+
 configure_file(${templates}/lintian-overrides ${share}/lintian/overrides/quillon COPYONLY)
 
 # stanza OUTPUT TEXT: the text as the form of Debian's copyright files wants it.

@@ -107,6 +107,10 @@ inline constexpr HelpText kMciFooter = {
     "「await X MODE N」は、X が MODE の状態になるまで、長くても N ミリ秒待ち、そのときの状態を答えます。\n"
     "Linux では、同時に開けるファイルは 32 個までです。それを超えると「error 264」と答えます。"};
 
+inline constexpr HelpText kCompletion = {"Write a script with which a shell completes the commands and their options",
+                                         "シェルがコマンドとオプションを補完するためのスクリプトを出力する"};
+inline constexpr HelpText kShell = {"The shell", "シェル"};
+
 // Wrong usage.
 inline constexpr HelpText kEmptyPath = {"an empty PATH names nothing", "PATH が空です"};
 inline constexpr HelpText kSeeHelp = {"Run with --help for more information.", "使い方は --help で表示されます。"};

@@ -6,8 +6,10 @@
 #include "base/Product.h"
 #include "base/UnexpectedError.h"
 #include "cli/Commands.h"
+#include "cli/Completion.h"
 #include "cli/HelpLayout.h"
 #include "cli/HelpTexts.h"
+#include "cli/Messages.h"
 #include "cli/Output.h"
 #include "pattern/PatternForm.h"
 #include "platform/Program.h"
@@ -78,6 +80,7 @@ struct Arguments {
   std::string tagsName;  ///< given to at most one command
   std::string readerName;
   std::string normalForm;
+  std::string shell;
 };
 
 const std::map<std::string, Reader> kReaders = {{"midi", Reader::kMidi},
@@ -118,7 +121,9 @@ void AddInfo(CLI::App& app, Arguments& arguments) {
 
 void AddModify(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("modify", Localized(texts::kModify));
-  command->add_option("--settings", arguments.modify.settings, Localized(texts::kModifySettings))->required();
+  command->add_option("--settings", arguments.modify.settings, Localized(texts::kModifySettings))
+      ->type_name("FILE")
+      ->required();
   command->add_option("--list-count", arguments.listCount, Localized(texts::kListCount))
       ->check(CLI::Range(std::int64_t{0}, kMostRows).description(""));
 }
@@ -134,7 +139,7 @@ void AddRename(CLI::App& app, Arguments& arguments) {
   command->add_option("--step", rename.step, Localized(texts::kStep))->needs(format)->check(countRange);
   AddFile(*command, "--names", rename.names, texts::kNames)->excludes(toTitle)->excludes(format);
   command->add_flag("--modify", rename.modify, Localized(texts::kModifyNames));
-  command->add_option("--settings", rename.settings, Localized(texts::kRenameSettings));
+  command->add_option("--settings", rename.settings, Localized(texts::kRenameSettings))->type_name("FILE");
   command->add_flag("--portable", rename.portable, Localized(texts::kPortable));
   command->add_option("--normalize", arguments.normalForm, Localized(texts::kNormalize))
       ->check(CLI::IsMember({"nfc", "nfd"}));
@@ -147,7 +152,7 @@ void AddRename(CLI::App& app, Arguments& arguments) {
 void AddMove(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("move", Localized(texts::kMove));
   MoveArguments& move = arguments.move;
-  command->add_option("--to", move.to, Localized(texts::kTo))->required();
+  command->add_option("--to", move.to, Localized(texts::kTo))->type_name("FOLDER")->required();
   AddBatch(*command, move, texts::kMoveApply);
   AddFile(*command, "--log", move.log, texts::kMoveLog);
   command->callback([&move] { CheckLog(move); });
@@ -170,6 +175,13 @@ void AddDelete(CLI::App& app, Arguments& arguments) {
 void AddMci(CLI::App& app) {
   CLI::App* command = app.add_subcommand("mci", Localized(texts::kMci));
   command->footer(Localized(texts::kMciFooter));
+}
+
+void AddCompletion(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand("completion", Localized(texts::kCompletion));
+  command->add_option("SHELL", arguments.shell, Localized(texts::kShell))
+      ->required()
+      ->check(CLI::IsMember(CompletionShells()));
 }
 
 bool HasOwnExtensions(const CLI::App& app, const char* command) {
@@ -203,6 +215,11 @@ int Run(CLI::App& app, Arguments& arguments) {
     return RunModify(arguments.modify);
   }
   if (app.got_subcommand("mci")) return RunMci();
+  if (app.got_subcommand("completion")) {
+    Output output;
+    output.Line(CompletionScript(app, arguments.shell));
+    return output.Flush() ? kDone : kSomeFailed;
+  }
   if (!arguments.normalForm.empty()) {
     arguments.rename.normalForm = arguments.normalForm == "nfc" ? NormalForm::kComposed : NormalForm::kDecomposed;
   }
@@ -225,6 +242,7 @@ int Main(int argc, char** argv) {
   AddUndo(app, arguments);
   AddDelete(app, arguments);
   AddMci(app);
+  AddCompletion(app, arguments);
   std::vector<std::string> words = ProgramArguments(argc, argv);
   std::reverse(words.begin(), words.end());  // the parser takes them last word first
   try {
@@ -252,7 +270,8 @@ int main(int argc, char** argv) {
   try {
     return quillon::cli::Main(argc, argv);
   } catch (...) {
-    quillon::cli::Complain(std::string(quillon::kUnexpectedError) + ": " + quillon::DescribeException());
+    quillon::cli::Complain(quillon::cli::Localized(quillon::cli::messages::kUnexpected) + ": " +
+                           quillon::DescribeException());
     return quillon::cli::kSomeFailed;
   }
 }

@@ -135,7 +135,8 @@ TEST(CliLocaleTest, TheFirstVariableThatIsSetChoosesTheLanguage) {
 }
 
 TEST(CliLocaleTest, EveryLineOfTheHelpIsInTheLocalesLanguage) {
-  for (const char* const command : {"", "list", "info", "modify", "rename", "move", "delete", "mci"}) {
+  for (const char* const command :
+       {"", "list", "info", "modify", "rename", "move", "undo", "delete", "mci", "completion"}) {
     SCOPED_TRACE(command);
     std::vector<std::string> arguments = {"--help"};
     if (*command != '\0') arguments.insert(arguments.begin(), command);
@@ -146,6 +147,58 @@ TEST(CliLocaleTest, EveryLineOfTheHelpIsInTheLocalesLanguage) {
       const bool words = line.find_first_not_of(' ') != std::string::npos && line.find(":{") == std::string::npos;
       EXPECT_TRUE(!words || HasJapanese(line)) << line;
     }
+  }
+}
+
+// Each message is provoked in both languages, and so is every line of what is written to standard output.
+TEST(CliLocaleTest, EveryMessageIsInTheLocalesLanguage) {
+  const TempFolder folder;
+  folder.Write("A.MID", "a");
+  folder.Write("b.mid", "b");
+  folder.Write("other/b.mid", "c");
+  const std::string damaged = folder.Write("damaged.ini", "[Player]\nRepeat=32768\n");
+  const std::string names = folder.Write("names", "b\n");
+  const std::string plan = folder.Write("plan", "{\"old\":\"" + folder.At("absent") + "\",\"new\":\"x\"}\n{\"old\":\"" +
+                                                    folder.At("b.mid") + "\",\"new\":\"?\"}\n");
+  const std::string log = folder.Write("log",
+                                       "{\"old\":\"/x\",\"new\":\"/y\",\"device\":1,\"file\":2,\"size\":3,"
+                                       "\"mtime\":4}\n{");
+  const std::string empty = folder.MakeFolder("empty");
+  const std::string a = folder.At("A.MID");
+  const std::string b = folder.At("b.mid");
+  const std::vector<std::vector<std::string>> kCommands = {{"list", empty},
+                                                           {"list", folder.At("absent")},
+                                                           {"rename", a, a},
+                                                           {"info", folder.At("absent")},
+                                                           {"rename", "--settings", folder.At("absent.ini"), b},
+                                                           {"rename", "--settings", damaged, b},
+                                                           {"rename", "--names", names, a, b},
+                                                           {"rename", "--names", names, a},
+                                                           {"rename", "--names", folder.At("absent"), a},
+                                                           {"rename", "--apply", "--names", names, a},
+                                                           {"rename", "--apply", "--json", "--names", names, a},
+                                                           {"rename", "--apply", "--log", names, b},
+                                                           {"rename", "--apply", "--log", b, b},
+                                                           {"rename", "--apply", "--log", folder.At("absent/log"), b},
+                                                           {"rename", "--plan", plan},
+                                                           {"rename", "--plan", names},
+                                                           {"rename", "--ask", b},
+                                                           {"move", "--to", "", b},
+                                                           {"move", "--to", folder.At("absent"), b},
+                                                           {"move", "--to", b, b},
+                                                           {"move", "--to", folder.At("other"), "--apply", b},
+                                                           {"move", "--to", folder.At("other"), "--apply", "--json", b},
+                                                           {"delete", "--for-good", folder.At("absent"), a},
+                                                           {"undo", "--apply", log},
+                                                           {"undo", names},
+                                                           {"undo", folder.At("absent")}};
+  for (const std::vector<std::string>& command : kCommands) {
+    SCOPED_TRACE(testing::PrintToString(command));
+    const ProcessResult english = CliIn({"LC_ALL=C.UTF-8"}, command);
+    EXPECT_FALSE(HasJapanese(english.output + english.errors)) << english.output << english.errors;
+    const ProcessResult japanese = CliIn({"LC_ALL=ja_JP.UTF-8"}, command);
+    EXPECT_TRUE(HasJapanese(japanese.output + japanese.errors)) << japanese.output << japanese.errors;
+    EXPECT_EQ(english.exitCode, japanese.exitCode);
   }
 }
 

@@ -39,6 +39,9 @@ def expected_files(application):
         f"{_SHARE}/applications/{application}.desktop",
         f"{_SHARE}/metainfo/{application}.metainfo.xml",
         f"{_SHARE}/lintian/overrides/quillon",
+        f"{_SHARE}/bash-completion/completions/quillon-cli",
+        f"{_SHARE}/zsh/vendor-completions/_quillon-cli",
+        f"{_SHARE}/fish/vendor_completions.d/quillon-cli.fish",
         f"{_SHARE}/doc/quillon/copyright",
         f"{_SHARE}/doc/quillon/changelog.gz",
     }
