@@ -48,7 +48,7 @@ class LogReader {
     std::optional<std::string> from = PathOf(*object, "old");
     std::optional<std::string> to = PathOf(*object, "new");
     if (!from || !to || from->empty() || to->empty()) return false;
-    const std::string key = *from + '\0' + *to;
+    const std::string key = std::to_string(from->size()) + ':' + *from + *to;
     if (object->contains("failed")) return AddTo(key, [](LoggedRename& rename) { rename.failed = true; });
     const std::optional<FileIdentity> file = IdentityOf(*object);
     if (!file) return false;

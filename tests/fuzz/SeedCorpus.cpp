@@ -82,6 +82,16 @@ std::vector<std::string> TagsSeeds() {
           Bytes({20}) + SimpleMidiFile("Song", "A")};
 }
 
+std::vector<std::string> PlanSeeds() {
+  const std::string rename = R"({"old":"/a.mid","new":"/b.mid","device":1,"file":2,"size":3,"mtime":-4})";
+  return {rename + "\n" + R"({"old":"/a.mid","new":"/b.mid","device":5,"file":6,"size":3,"mtime":4,"copied":true})" +
+              "\n" + rename + "\n" + R"({"old":"/a.mid","new":"/b.mid","failed":75})" + "\n",
+          R"({"old":"?","old_bytes":"2fff","new":"b"})"
+          "\r\n\r\n"
+          R"({"new":"c","old":"b"})",
+          "\xEF\xBB\xBF{\"path\":\"/a\",\"name\":\"b\"}\n", "one\ntwo\n\n"};
+}
+
 bool WriteSeeds(const std::filesystem::path& folder, const std::vector<std::string>& seeds) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
@@ -104,6 +114,7 @@ int main(int argc, char** argv) {
   const std::filesystem::path folder(argv[1]);
   const bool written = WriteSeeds(folder / "MidiFuzzer", MidiSeeds()) && WriteSeeds(folder / "Id3Fuzzer", Id3Seeds()) &&
                        WriteSeeds(folder / "RiffFuzzer", RiffSeeds()) &&
-                       WriteSeeds(folder / "HtmlFuzzer", HtmlSeeds()) && WriteSeeds(folder / "TagsFuzzer", TagsSeeds());
+                       WriteSeeds(folder / "HtmlFuzzer", HtmlSeeds()) &&
+                       WriteSeeds(folder / "TagsFuzzer", TagsSeeds()) && WriteSeeds(folder / "PlanFuzzer", PlanSeeds());
   return written ? 0 : 1;
 }
