@@ -81,7 +81,7 @@ class Music {
     return contents;
   }
 
-  // The files' names are given back by hand, so that one folder serves many plans.
+  // What every name holds at first, and again when a plan was taken back: one folder serves many plans.
   [[nodiscard]] const Contents& First() const { return first_; }
   [[nodiscard]] std::string At(const std::string& name) const { return folder_.At(name); }
 
@@ -150,7 +150,7 @@ class RandomPlans : public testing::Test {
 };
 
 TEST_F(RandomPlans, AreAllTakenBackFromWhereverTheyWereStopped) {
-  constexpr int kPlans = 10'000;
+  const int plans = SystemPathStyle() == PathStyle::kLinux ? 10'000 : 700;  // Wine takes long for each
   const unsigned seed = std::random_device()();
   SCOPED_TRACE("seed " + std::to_string(seed));
   RecordProperty("seed", std::to_string(seed));
@@ -161,7 +161,7 @@ TEST_F(RandomPlans, AreAllTakenBackFromWhereverTheyWereStopped) {
   int withTemporary = 0;
   for (int count = 2; count <= 8; ++count) {
     const Music music(count);
-    for (int number = count; number < kPlans + 2; number += 7) {
+    for (int number = count; number < plans + 2; number += 7) {
       SCOPED_TRACE("plan " + std::to_string(number));
       Contents after;
       const std::vector<PlannedRename> lines = RandomPlan(music, count, random, after);
@@ -186,12 +186,12 @@ TEST_F(RandomPlans, AreAllTakenBackFromWhereverTheyWereStopped) {
       ASSERT_EQ(music.Now(), music.First());
     }
   }
-  std::cout << kPlans << " plans, seed " << seed << ": " << stopped << " stopped, " << whole << " whole, "
+  std::cout << plans << " plans, seed " << seed << ": " << stopped << " stopped, " << whole << " whole, "
             << withTemporary << " with temporary names, " << undoStopped << " undos stopped\n";
-  EXPECT_GT(stopped, kPlans * 3 / 4);
-  EXPECT_GT(whole, 100);
-  EXPECT_GT(withTemporary, kPlans / 10);
-  EXPECT_GT(undoStopped, kPlans / 10);
+  EXPECT_GT(stopped, plans * 3 / 4);
+  EXPECT_GT(whole, plans / 20);
+  EXPECT_GT(withTemporary, plans / 10);
+  EXPECT_GT(undoStopped, plans / 10);
 }
 
 TEST_F(RandomPlans, ThatFailAreTakenBackAtOnce) {

@@ -80,7 +80,7 @@ TEST_F(RenamePlanTest, ACycleGoesThroughATemporaryNameThatKeepsTheOldOneRecognis
   const std::vector<PlannedRename> steps = StepsOf({{"song.mp3", "other.mp3"}, {"other.mp3", "song.mp3"}});
   ASSERT_EQ(steps.size(), 3U);
   const std::string temporary = steps[0].to;
-  EXPECT_THAT(temporary, testing::MatchesRegex("/music/song\\.quillon-[0-9a-v]+\\.mp3"));
+  EXPECT_TRUE(temporary.starts_with(At("song.quillon-")) && temporary.ends_with(".mp3")) << temporary;
   EXPECT_EQ(steps,
             Lines({{"song.mp3", temporary.substr(7)}, {"other.mp3", "song.mp3"}, {temporary.substr(7), "other.mp3"}}));
   EXPECT_EQ(MarkedName(temporary.substr(7)), std::nullopt) << "it would be deleted as a leftover";
