@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -165,6 +166,59 @@ TEST_F(CliOtherVolumeTest, FilesAreMovedThereAndNothingElseIsLeftThere) {
   EXPECT_FALSE(here_.Exists("from/a.mid"));
   EXPECT_FALSE(here_.Exists("from/さくら 1.mid"));
   EXPECT_EQ(std::distance(fs::directory_iterator(there_), fs::directory_iterator()), 2);
+}
+
+TEST_F(CliOtherVolumeTest, MovesThereAreTakenBackAlsoTwice) {
+  here_.Write("from/a.mid", "a");
+  here_.Write("from/b\xFF.mid", "b");
+  const std::string log = here_.At("log");
+  EXPECT_EQ(Cli({"move", "--to", there_, "--apply", "--log", log, here_.At("from")}).exitCode, 0);
+  EXPECT_FALSE(here_.Exists("from/a.mid"));
+  const std::vector<Json> lines = JsonLines(here_.Read("log"));
+  ASSERT_EQ(lines.size(), 4U);
+  EXPECT_EQ(lines[1]["copied"], true);
+  EXPECT_NE(lines[1]["device"], lines[0]["device"]);
+  for (const int undone : {2, 0}) {
+    const ProcessResult result = Cli({"undo", "--apply", "--json", log});
+    EXPECT_EQ(result.exitCode, 0) << result.output;
+    EXPECT_EQ(JsonLines(result.output).back()["undone"], undone);
+    EXPECT_EQ(here_.Read("from/a.mid") + here_.Read("from/b\xFF.mid"), "ab");
+  }
+  EXPECT_EQ(std::distance(fs::directory_iterator(there_), fs::directory_iterator()), 0);
+}
+
+TEST_F(CliOtherVolumeTest, MovesThatAreKilledAreTakenBack) {
+  constexpr int kFiles = 40;
+  const auto name = [](int number) { return "from/" + std::to_string(number) + ".mid"; };
+  const auto content = [](int number) { return std::to_string(number) + std::string(100'000, 'x'); };
+  for (int i = 0; i < kFiles; ++i) here_.Write(name(i), content(i));
+  const std::string log = here_.At("log");
+  const unsigned seed = std::random_device()();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  int between = 0;
+  for (int round = 0; round < 30; ++round) {
+    here_.Write("log");
+    const pid_t child = fork();
+    if (child == 0) {
+      dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
+      execl(QUILLON_CLI, QUILLON_CLI, "move", "--to", there_.c_str(), "--apply", "--log", log.c_str(),
+            here_.At("from").c_str(), nullptr);
+      _exit(127);
+    }
+    usleep(static_cast<useconds_t>(4000 + random() % 30000));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const std::size_t logged = Lines(here_.Read("log")).size();
+    between += logged > 0 && logged < std::size_t{2} * kFiles ? 1 : 0;
+    // A file that was killed between its copy and the deletion of the source is at both places, and told.
+    const ProcessResult result = Cli({"undo", "--apply", "--json", log});
+    EXPECT_LE(JsonLines(result.output).back()["failed"], 1);
+    for (int i = 0; i < kFiles; ++i) ASSERT_EQ(here_.Read(name(i)), content(i)) << "round " << round;
+    fs::remove_all(there_);
+    fs::create_directory(there_);
+  }
+  EXPECT_GT(between, 3);
 }
 
 // An access list that lets another user read the file.

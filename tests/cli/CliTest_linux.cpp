@@ -38,6 +38,31 @@ TEST(CliBytesTest, ANameThatIsNotUtf8IsListedWithItsBytesAndRenamedWithoutDamage
   EXPECT_TRUE(folder.Exists("Song.mp3"));
 }
 
+TEST(CliBytesTest, NamesThatAreNotUtf8ChangePlacesAndComeBack) {
+  const TempFolder folder;
+  const TempFolder files;
+  folder.Write("a\xFF.mid", "a");
+  folder.Write("b.mid", "b");
+  const auto hexadecimal = [](const std::string& text) {
+    std::string digits;
+    for (const char c : text) {
+      constexpr std::string_view kDigits = "0123456789abcdef";
+      digits += kDigits[static_cast<unsigned char>(c) / 16];
+      digits += kDigits[static_cast<unsigned char>(c) % 16];
+    }
+    return digits;
+  };
+  const std::string bytes = hexadecimal(folder.At("a\xFF.mid"));
+  const std::string plan =
+      files.Write("plan", Json{{"old", "?"}, {"old_bytes", bytes}, {"new", "b.mid"}}.dump() + "\n" +
+                              Json{{"old", folder.At("b.mid")}, {"new", "?"}, {"new_bytes", bytes}}.dump() + "\n");
+  const ProcessResult done = RunProcess(QUILLON_CLI, {"rename", "--plan", plan, "--apply", "--log", files.At("log")});
+  EXPECT_EQ(done.exitCode, 0) << done.errors;
+  EXPECT_EQ(folder.Read("a\xFF.mid") + folder.Read("b.mid"), "ba");
+  EXPECT_EQ(RunProcess(QUILLON_CLI, {"undo", "--apply", files.At("log")}).exitCode, 0);
+  EXPECT_EQ(folder.Read("a\xFF.mid") + folder.Read("b.mid"), "ab");
+}
+
 TEST(CliBytesTest, EachFileHasOneLineWhateverItsTitleHolds) {
   const TempFolder folder;
   folder.Write("1.mp3", Mp3Audio(2) + Id3v1Trailer({.title = "one\ntwo"}));
