@@ -8,7 +8,9 @@
 #include <unordered_map>
 #include <utility>
 
+#include "base/Text.h"
 #include "paths/basFileControl.h"
+#include "platform/TemporaryName.h"
 
 namespace quillon {
 namespace {
@@ -59,6 +61,11 @@ class UndoRun {
     const Found found = IdentityAt(rename.to);
     if (IsAtNewName(rename, found)) return MoveBack(rename, *found);
     if (rename.failed || IsAtOldName(rename, IdentityAt(rename.from)) || IsFurtherBack(index)) return std::nullopt;
+    if (!found) {
+      if (const std::optional<std::string> place = HalfWay(rename)) {
+        return MoveBack({.from = rename.from, .to = *place, .file = rename.file}, rename.file);
+      }
+    }
     if (!told_.insert(FirstOf(rename)).second) return std::nullopt;  // its later rename was told
     return UndoStep{rename.to, rename.from, ObstacleOf(rename, found)};
   }
@@ -77,6 +84,20 @@ class UndoRun {
     step.obstacle = UndoObstacle::kRefused;
     step.error = outcome.Failure();
     return step;
+  }
+
+  // Where a change of letter case was killed that some volumes need a temporary name for.
+  std::optional<std::string> HalfWay(const LoggedRename& rename) {
+    if (!EqualIgnoringCase(rename.from, rename.to)) return std::nullopt;
+    const std::string folder(FolderPart(rename.from));
+    const Result<std::vector<FolderEntry>, FileError> entries = files_.ReadFolder(folder);
+    if (!entries) return std::nullopt;
+    for (const FolderEntry& entry : *entries) {
+      if (!entry.name.starts_with(kTemporaryPrefix)) continue;
+      const Found found = IdentityAt(folder + entry.name);
+      if (found && IsSame(*found, rename.file)) return folder + entry.name;
+    }
+    return std::nullopt;
   }
 
   static UndoObstacle ObstacleOf(const LoggedRename& rename, const Found& found) {

@@ -7,6 +7,9 @@
 /// Names for temporary files and for the marks beside them.
 namespace quillon {
 
+/// What every temporary name begins with.
+inline constexpr std::string_view kTemporaryPrefix = ".quillon-";
+
 /// Returns a short name that begins with a dot, a different one at every call. A file of that name may exist: create it
 /// exclusively, and get another name when that fails.
 [[nodiscard]] std::string TemporaryName();

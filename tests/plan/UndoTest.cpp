@@ -238,6 +238,17 @@ TEST_F(UndoTest, AFileThatWasLeftHalfWayGoesBackFromThere) {
   ExpectAllBack();
 }
 
+TEST_F(UndoTest, AChangeOfLetterCaseThatWasKilledHalfWayIsTakenBack) {
+  log_.text =
+      RenameLine(At("a"), At("A"), *disk_.Identity(At("a"))) + RenameLine(At("b"), At("B"), *disk_.Identity(At("b")));
+  EXPECT_EQ(disk_.Rename(At("a"), At(".quillon-0123456789ab")), std::nullopt);
+  EXPECT_EQ(disk_.Rename(At("b"), At(".quillon-a.mid")), std::nullopt);
+  const std::vector<UndoStep> expected = {Back(".quillon-a.mid", "b"), Back(".quillon-0123456789ab", "a")};
+  EXPECT_EQ(ShowAll(), expected);
+  EXPECT_EQ(UndoAll(), expected);
+  ExpectAllBack();
+}
+
 TEST_F(UndoTest, AFullDiskEndsTheChangesBeforeTheNextOne) {
   log_.linesLeft = 1;
   Rename("a", "x");
