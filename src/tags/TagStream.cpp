@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <new>
 #include <string_view>
 
 namespace quillon {
@@ -35,7 +36,8 @@ void LimitItems(TagLib::ByteVector& footer) {
 
 TagStream::TagStream(ByteSource& file) : file_(file), blocks_(file), length_(KnownLength(file.Size())) {}
 
-TagLib::ByteVector TagStream::readBlock(unsigned long length) {
+// What a file object of TagLib has allocated is lost when its constructor throws: lack of memory ends the file instead.
+TagLib::ByteVector TagStream::readBlock(unsigned long length) try {
   if (readsLeft_ == 0) return {};
   --readsLeft_;
   if (position_ >= length_) return {};
@@ -45,6 +47,9 @@ TagLib::ByteVector TagStream::readBlock(unsigned long length) {
   if (limitsAtoms_ && length == kAtomHeader && bytes.size() == kAtomHeader) EnterAtom(position_, bytes);
   position_ += static_cast<long>(bytes.size());
   return bytes;
+} catch (const std::bad_alloc&) {
+  readsLeft_ = 0;
+  return {};
 }
 
 TagLib::ByteVector TagStream::ReadSmall(std::uint64_t from, std::uint64_t wanted) {
