@@ -104,7 +104,6 @@ void Application::ModifyRows(Rows rows, const OptionValues::Modify& rules) {
 
 void Application::RenameByPattern(Rows rows, const PatternRules& rules, const ReadFacts& read) {
   names_.RenameByPattern(rows, rules, read);
-  editing_.Refresh();
 }
 
 void Application::ResetAndEnd() {
