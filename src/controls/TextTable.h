@@ -23,7 +23,7 @@ class TextTable {
 
   /// The window is a child of `parent`, which deletes it; use the table only until then.
   [[nodiscard]] static std::unique_ptr<TextTable> Make(wxWindow& parent, const std::vector<Column>& columns,
-                                                       std::size_t rows, CellText text);
+                                                       std::size_t rows, const CellText& text);
 
   TextTable() = default;
   TextTable(const TextTable&) = delete;

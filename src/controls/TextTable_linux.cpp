@@ -59,8 +59,8 @@ class GtkTextTable final : public TextTable {
 }  // namespace
 
 std::unique_ptr<TextTable> TextTable::Make(wxWindow& parent, const std::vector<Column>& columns, std::size_t rows,
-                                           CellText text) {
-  return std::make_unique<GtkTextTable>(parent, columns, rows, std::move(text));
+                                           const CellText& text) {
+  return std::make_unique<GtkTextTable>(parent, columns, rows, text);
 }
 
 }  // namespace quillon

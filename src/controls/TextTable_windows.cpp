@@ -49,8 +49,8 @@ class WindowsTextTable final : public TextTable {
 }  // namespace
 
 std::unique_ptr<TextTable> TextTable::Make(wxWindow& parent, const std::vector<Column>& columns, std::size_t rows,
-                                           CellText text) {
-  return std::make_unique<WindowsTextTable>(parent, columns, rows, std::move(text));
+                                           const CellText& text) {
+  return std::make_unique<WindowsTextTable>(parent, columns, rows, text);
 }
 
 }  // namespace quillon

@@ -72,7 +72,7 @@ TEST(PatternPreview, ShowsOldAndNewNames) {
   const Whole preview(f, Rules("{n:02} {title}"), Rows::kChecked);
   EXPECT_EQ(preview.Lines(), Texts({"a.MID -> 01 one.mid", "c.mid -> 02 three.mid"}));
   EXPECT_EQ(preview.Summary(), "2 個の名前が変わります");
-  EXPECT_EQ(f.files.NamesIn(f.At("")), Texts({"a.MID", "b.mid", "c.mid"})) << "nothing is renamed";
+  EXPECT_EQ(f.files.NamesIn(Fixture::At("")), Texts({"a.MID", "b.mid", "c.mid"})) << "nothing is renamed";
   EXPECT_EQ(test::RenameNames(f.list), Texts({"a", "b", "c"}));
 }
 
@@ -87,7 +87,7 @@ TEST(PatternPreview, TellsEveryProblem) {
   f.Add("7.mid", "7");
   f.Add("8.mid", "7");
   f.Add("9.mid", "fine");
-  f.files.AddFile(f.At("taken.mid"));
+  f.files.AddFile(Fixture::At("taken.mid"));
   const Whole preview(f, Rules("{title}"));
   EXPECT_EQ(preview.Problem(0), "名前になる文字がありません");
   EXPECT_EQ(preview.Problem(1), "2 文字目の文字は、ファイル名に使えません");
@@ -113,7 +113,7 @@ TEST(PatternPreview, TellsThatARowIsSkipped) {
 TEST(PatternPreview, TellsOfFilesThatAreGone) {
   Fixture f;
   f.Add("1.mid", "one");
-  f.files.Remove(f.At("1.mid"));
+  f.files.Remove(Fixture::At("1.mid"));
   EXPECT_EQ(Whole(f, Rules("{title}")).Problem(0), "ファイルがないか、使えない名前です");
 }
 
