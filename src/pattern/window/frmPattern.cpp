@@ -149,7 +149,6 @@ void frmPattern::Refuse(const PatternRefusal& refusal) {
   if (inPattern) {
     cboPattern_->SetFocus();
     cboPattern_->SetSelection(caret, caret);
-    from_ = to_ = caret;
   } else {
     txtReplacement_->SetFocus();
     txtReplacement_->SetSelection(caret, caret);
