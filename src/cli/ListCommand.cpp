@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 #include "cli/Output.h"
+#include "cli/Reasons.h"
 #include "cli/Table.h"
 #include "plan/Json.h"
 
@@ -22,7 +23,7 @@ void WriteRows(const FileList& list, Output& output) {
   rows.reserve(static_cast<std::size_t>(list.Count()) + 1);
   std::vector<std::string> cells;
   cells.reserve(kColumnCount);
-  for (int column = 0; column < kColumnCount; ++column) cells.emplace_back(ColumnCaption(static_cast<Column>(column)));
+  for (int column = 0; column < kColumnCount; ++column) cells.push_back(Heading(static_cast<Column>(column)));
   rows.push_back(cells);
   for (int index = 1; index <= list.Count(); ++index) {
     cells.clear();

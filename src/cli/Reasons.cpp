@@ -23,7 +23,50 @@ const char* EnglishReason(ApplyCode code) {
   }
 }
 
+std::string EnglishReason(const PatternError& error) {
+  switch (error.mistake) {
+    case PatternMistake::kUnclosed: return "this \"{\" has no \"}\"";
+    case PatternMistake::kBraceWithin: return "no \"{\" can stand here in a field";
+    case PatternMistake::kNoField: return "the field has no name";
+    case PatternMistake::kUnknownField: return "there is no field \"" + error.field + "\"";
+    case PatternMistake::kNoFormatHere: return "this field takes no \":\"";
+    case PatternMistake::kDigits: return "the digits are a number from 1 to 20";
+    case PatternMistake::kNoDateForm: return "the date has no form";
+    case PatternMistake::kUnknownDatePart: return "a date is made of YYYY YY MM DD hh mm ss";
+    case PatternMistake::kFormatWithChoice: return "a field takes \":\" or \"?\", not both";
+    case PatternMistake::kTooDeep: return "more than 16 fields lie in one another";
+  }
+  return {};
+}
+
+const char* EnglishHeading(Column column) {
+  switch (column) {
+    case Column::kRenameName: return "New name";
+    case Column::kTitle: return "Title";
+    case Column::kArtist: return "Copyright/artist";
+    case Column::kType: return "Type";
+    case Column::kSize: return "Size";
+    case Column::kLocation: return "Location";
+  }
+  return "";
+}
+
 }  // namespace
+
+std::string ReasonFor(const PatternError& error) {
+  if (UserReadsJapanese()) return ErrorText(error);
+  return "character " + std::to_string(error.position) + ": " + EnglishReason(error);
+}
+
+std::string ReasonFor(const PatternRefusal& refusal) {
+  if (UserReadsJapanese()) return refusal.reason;
+  return refusal.box == PatternBox::kPattern ? "the pattern is empty"
+                                             : "the text for invalid characters in the settings file holds one itself";
+}
+
+std::string Heading(Column column) {
+  return UserReadsJapanese() ? ColumnCaption(column) : EnglishHeading(column);
+}
 
 std::string ReasonFor(ApplyCode code) {
   return UserReadsJapanese() ? ApplyReason(code) : EnglishReason(code);

@@ -2,8 +2,10 @@
 
 #include <string>
 
+#include "filelist/FileItem.h"
 #include "filelist/PassedOver.h"
 #include "fileops/FileOperations.h"
+#include "pattern/PatternForm.h"
 #include "platform/FileSystem.h"
 #include "rename/basQuillon.h"
 
@@ -15,6 +17,10 @@ namespace quillon::cli {
 /// Empty for errors without a specific text.
 [[nodiscard]] std::string ReasonForMove(const FileError& error);
 [[nodiscard]] std::string ReasonForDelete(const FileError& error);
+/// With the place in the pattern.
+[[nodiscard]] std::string ReasonFor(const PatternError& error);
+[[nodiscard]] std::string ReasonFor(const PatternRefusal& refusal);
+[[nodiscard]] std::string Heading(Column column);
 [[nodiscard]] std::string WhereLeft(const FileError& error);
 [[nodiscard]] std::string WhatWasNotKept(const NotKept& notKept);
 

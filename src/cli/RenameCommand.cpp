@@ -103,13 +103,18 @@ void TellLeftAlone(const RunOutcome& outcome) {
 
 /// The rules of --format; nullopt, after a complaint, when they are wrong.
 std::optional<PatternRules> FormatRules(const RenameArguments& arguments, const OptionValues& options) {
+  const Result<NamePattern, PatternError> pattern = NamePattern::Parse(*arguments.format);
+  if (!pattern) {
+    Complain("--format", ReasonFor(pattern.Failure()), {});
+    return std::nullopt;
+  }
   PatternForm form = ShownPatternForm(options.extra);
   form.pattern = *arguments.format;
   form.start = arguments.start.value_or(form.start);
   form.step = arguments.step.value_or(form.step);
   const Result<PatternRules, PatternRefusal> rules = RulesOf(form, options.rename, false);
   if (rules) return *rules;
-  Complain("--format", rules.Failure().reason, {});
+  Complain("--format", ReasonFor(rules.Failure()), {});
   return std::nullopt;
 }
 

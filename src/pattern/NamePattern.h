@@ -26,10 +26,24 @@ enum class PatternField {
   kNumber,
 };
 
+enum class PatternMistake {
+  kUnclosed,          ///< a "{" without its "}"
+  kBraceWithin,       ///< a "{" where a field's name or format stands
+  kNoField,           ///< no name behind "{"
+  kUnknownField,      ///< see PatternError::field
+  kNoFormatHere,      ///< ":" behind a field that has no formats
+  kDigits,            ///< not a number from 1 to 20
+  kNoDateForm,        ///< nothing behind ":"
+  kUnknownDatePart,   ///< another letter than YYYY YY MM DD hh mm ss
+  kFormatWithChoice,  ///< ":" and "?" in one field
+  kTooDeep,           ///< more fields in one another than kDeepestPattern
+};
+
 /// Why a text is no pattern.
 struct PatternError {
   std::size_t position = 0;  ///< 1-based, in characters
-  std::string reason;        ///< for the user
+  PatternMistake mistake = PatternMistake::kUnclosed;
+  std::string field = {};  ///< the unknown name
 
   bool operator==(const PatternError&) const = default;
 };

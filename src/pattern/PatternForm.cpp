@@ -30,8 +30,24 @@ void StorePatternForm(const PatternForm& form, OptionValues::Extra& stored) {
   stored.patternReplacement = form.replacement;
 }
 
+std::string ReasonOf(const PatternError& error) {
+  switch (error.mistake) {
+    case PatternMistake::kUnclosed: return "この「{」を閉じる「}」がありません";
+    case PatternMistake::kBraceWithin: return "フィールドの中のここに「{」は書けません";
+    case PatternMistake::kNoField: return "フィールドの名前がありません";
+    case PatternMistake::kUnknownField: return "「" + error.field + "」というフィールドはありません";
+    case PatternMistake::kNoFormatHere: return "このフィールドに「:」は使えません";
+    case PatternMistake::kDigits: return "桁数は 1 から 20 の数で書きます";
+    case PatternMistake::kNoDateForm: return "日付の書式がありません";
+    case PatternMistake::kUnknownDatePart: return "日付に使えるのは YYYY YY MM DD hh mm ss です";
+    case PatternMistake::kFormatWithChoice: return "「:」と「?」は一緒に使えません";
+    case PatternMistake::kTooDeep: return "フィールドの重なりが深すぎます。16 段まで使えます";
+  }
+  return {};
+}
+
 std::string ErrorText(const PatternError& error) {
-  return std::to_string(error.position) + " 文字目： " + error.reason;
+  return std::to_string(error.position) + " 文字目： " + ReasonOf(error);
 }
 
 Result<PatternRules, PatternRefusal> RulesOf(const PatternForm& form, const OptionValues::Rename& options,

@@ -51,7 +51,8 @@ struct PatternRefusal {
 [[nodiscard]] Result<PatternRules, PatternRefusal> RulesOf(const PatternForm& form, const OptionValues::Rename& options,
                                                            bool automatic);
 
-/// An error of a pattern as the user reads it.
+/// An error of a pattern as the user reads it: the reason alone, and with its place.
+[[nodiscard]] std::string ReasonOf(const PatternError& error);
 [[nodiscard]] std::string ErrorText(const PatternError& error);
 
 }  // namespace quillon

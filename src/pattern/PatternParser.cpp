@@ -31,9 +31,9 @@ class Parser {
   bool ReadDigits(std::string_view format, PatternPiece& piece);
   bool ReadDateForm(std::string_view format, PatternPiece& piece);
   bool ReadInner(PatternPiece& piece, std::size_t open, int depth);
-  bool Fail(std::size_t offset, std::string reason);
-  bool Unclosed(std::size_t open) { return Fail(open, "この「{」を閉じる「}」がありません"); }
-  bool BraceWithin() { return Fail(at_, "フィールドの中のここに「{」は書けません"); }
+  bool Fail(std::size_t offset, PatternMistake mistake, std::string_view field = {});
+  bool Unclosed(std::size_t open) { return Fail(open, PatternMistake::kUnclosed); }
+  bool BraceWithin() { return Fail(at_, PatternMistake::kBraceWithin); }
 
   [[nodiscard]] bool AtEnd() const { return at_ == text_.size(); }
   /// What comes before one of these characters.
@@ -48,8 +48,8 @@ class Parser {
   PatternError error_;
 };
 
-bool Parser::Fail(std::size_t offset, std::string reason) {
-  error_ = {CharacterCount(text_.substr(0, offset)) + 1, std::move(reason)};
+bool Parser::Fail(std::size_t offset, PatternMistake mistake, std::string_view field) {
+  error_ = {CharacterCount(text_.substr(0, offset)) + 1, mistake, std::string(field)};
   return false;
 }
 
@@ -84,9 +84,9 @@ bool Parser::ReadName(PatternPiece& piece) {
   const std::size_t start = at_;
   const std::string_view name = TakeUpTo("{}:|?");
   if (AtEnd()) return Unclosed(start - 1);
-  if (name.empty()) return Fail(start, "フィールドの名前がありません");
+  if (name.empty()) return Fail(start, PatternMistake::kNoField);
   piece.field = FieldNamed(name);
-  return piece.field || Fail(start, "「" + std::string(name) + "」というフィールドはありません");
+  return piece.field || Fail(start, PatternMistake::kUnknownField, name);
 }
 
 bool Parser::ReadFormat(PatternPiece& piece, std::size_t open) {
@@ -95,11 +95,11 @@ bool Parser::ReadFormat(PatternPiece& piece, std::size_t open) {
   if (AtEnd()) return Unclosed(open);
   if (text_[at_] == '{') return BraceWithin();
   switch (EntryOf(*piece.field).format) {
-    case FieldFormat::kDigits: return ReadDigits(format, piece) || Fail(colon + 1, "桁数は 1 から 20 の数で書きます");
+    case FieldFormat::kDigits: return ReadDigits(format, piece) || Fail(colon + 1, PatternMistake::kDigits);
     case FieldFormat::kDate: return ReadDateForm(format, piece);
     case FieldFormat::kNone: break;
   }
-  return Fail(colon, "このフィールドに「:」は使えません");
+  return Fail(colon, PatternMistake::kNoFormatHere);
 }
 
 bool Parser::ReadDigits(std::string_view format, PatternPiece& piece) {
@@ -112,11 +112,11 @@ bool Parser::ReadDigits(std::string_view format, PatternPiece& piece) {
 
 bool Parser::ReadDateForm(std::string_view format, PatternPiece& piece) {
   const std::size_t start = at_ - format.size();
-  if (format.empty()) return Fail(start, "日付の書式がありません");
+  if (format.empty()) return Fail(start, PatternMistake::kNoDateForm);
   for (std::size_t i = 0; i < format.size();) {
     const DatePart part = DatePartAt(format.substr(i));
     if (part.kind == DatePart::Kind::kText && IsLetter(format[i])) {
-      return Fail(start + i, "日付に使えるのは YYYY YY MM DD hh mm ss です");
+      return Fail(start + i, PatternMistake::kUnknownDatePart);
     }
     i += part.length;
   }
@@ -127,11 +127,9 @@ bool Parser::ReadDateForm(std::string_view format, PatternPiece& piece) {
 bool Parser::ReadInner(PatternPiece& piece, std::size_t open, int depth) {
   piece.isCondition = text_[at_] == '?';
   const bool hasFormat = piece.digits > 0 || !piece.dateForm.empty();
-  if (piece.isCondition && hasFormat) return Fail(at_, "「:」と「?」は一緒に使えません");
+  if (piece.isCondition && hasFormat) return Fail(at_, PatternMistake::kFormatWithChoice);
   ++at_;
-  if (depth == kDeepestPattern) {
-    return Fail(open, "フィールドの重なりが深すぎます。" + std::to_string(kDeepestPattern) + " 段まで使えます");
-  }
+  if (depth == kDeepestPattern) return Fail(open, PatternMistake::kTooDeep);
   return ReadPieces(piece.inner, depth + 1);
 }
 

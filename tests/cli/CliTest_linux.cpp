@@ -191,33 +191,42 @@ TEST(CliLocaleTest, EveryMessageIsInTheLocalesLanguage) {
   const std::string empty = folder.MakeFolder("empty");
   const std::string a = folder.At("A.MID");
   const std::string b = folder.At("b.mid");
-  const std::vector<std::vector<std::string>> kCommands = {{"list", empty},
-                                                           {"list", folder.At("absent")},
-                                                           {"rename", a, a},
-                                                           {"info", folder.At("absent")},
-                                                           {"rename", "--settings", folder.At("absent.ini"), b},
-                                                           {"rename", "--settings", damaged, b},
-                                                           {"rename", "--names", names, a, b},
-                                                           {"rename", "--names", names, a},
-                                                           {"rename", "--names", folder.At("absent"), a},
-                                                           {"rename", "--apply", "--names", names, a},
-                                                           {"rename", "--apply", "--json", "--names", names, a},
-                                                           {"rename", "--apply", "--log", names, b},
-                                                           {"rename", "--apply", "--log", b, b},
-                                                           {"rename", "--apply", "--log", folder.At("absent/log"), b},
-                                                           {"rename", "--plan", plan},
-                                                           {"rename", "--plan", names},
-                                                           {"rename", "--ask", b},
-                                                           {"move", "--to", "", b},
-                                                           {"move", "--to", folder.At("absent"), b},
-                                                           {"move", "--to", b, b},
-                                                           {"move", "--to", folder.At("other"), "--apply", b},
-                                                           {"move", "--to", folder.At("other"), "--apply", "--json", b},
-                                                           {"delete", "--for-good", folder.At("absent"), a},
-                                                           {"undo", "--apply", log},
-                                                           {"undo", names},
-                                                           {"undo", folder.At("absent")}};
-  for (const std::vector<std::string>& command : kCommands) {
+  std::vector<std::vector<std::string>> commands = {{"list", b},
+                                                    {"list", empty},
+                                                    {"list", folder.At("absent")},
+                                                    {"rename", a, a},
+                                                    {"info", folder.At("absent")},
+                                                    {"rename", "--settings", folder.At("absent.ini"), b},
+                                                    {"rename", "--settings", damaged, b},
+                                                    {"rename", "--names", names, a, b},
+                                                    {"rename", "--names", names, a},
+                                                    {"rename", "--names", folder.At("absent"), a},
+                                                    {"rename", "--apply", "--names", names, a},
+                                                    {"rename", "--apply", "--json", "--names", names, a},
+                                                    {"rename", "--apply", "--log", names, b},
+                                                    {"rename", "--apply", "--log", b, b},
+                                                    {"rename", "--apply", "--log", folder.At("absent/log"), b},
+                                                    {"rename", "--plan", plan},
+                                                    {"rename", "--plan", names},
+                                                    {"rename", "--ask", b},
+                                                    {"move", "--to", "", b},
+                                                    {"move", "--to", folder.At("absent"), b},
+                                                    {"move", "--to", b, b},
+                                                    {"move", "--to", folder.At("other"), "--apply", b},
+                                                    {"move", "--to", folder.At("other"), "--apply", "--json", b},
+                                                    {"delete", "--for-good", folder.At("absent"), a},
+                                                    {"undo", "--apply", log},
+                                                    {"undo", names},
+                                                    {"undo", folder.At("absent")}};
+  std::string deep = "x";
+  for (int i = 0; i < 17; ++i) deep.insert(0, "{n|").append("}");
+  for (const std::string& pattern :
+       {std::string("{titel}"), std::string("{}"), std::string("{title"), std::string("{title{n}}"),
+        std::string("{title:02}"), std::string("{n:x}"), std::string("{date:}"), std::string("{date:yyyy}"),
+        std::string("{n:02?x}"), std::string(" "), deep}) {
+    commands.push_back({"rename", "--format", pattern, b});
+  }
+  for (const std::vector<std::string>& command : commands) {
     SCOPED_TRACE(testing::PrintToString(command));
     const ProcessResult english = CliIn({"LC_ALL=C.UTF-8"}, command);
     EXPECT_FALSE(HasJapanese(english.output + english.errors)) << english.output << english.errors;

@@ -155,7 +155,6 @@ TEST(HelpCompleteness, NamesEveryCaptionOfTheOtherWindows) {
                                    Window{"pattern/window/frmPatternLayout.cpp", "pattern.html"},
                                    Window{"pattern/PatternFields.cpp", "pattern.html"},
                                    Window{"pattern/PatternForm.cpp", "pattern.html"},
-                                   Window{"pattern/PatternParser.cpp", "pattern.html"},
                                    Window{"pattern/PatternPreview.cpp", "pattern.html"},
                                    Window{"player/window/frmMoviePlayer.cpp", "player.html"},
                                    Window{"dialogs/window/frmDirShow.cpp", "list.html"}};

@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "pattern/NamePattern.h"
 #include "pattern/PatternFields.h"
+#include "pattern/PatternForm.h"
 
 namespace quillon {
 namespace {
@@ -224,7 +225,7 @@ TEST(NamePattern, TellsWhereAPatternIsWrongAndWhy) {
     const Result<NamePattern, PatternError> parsed = NamePattern::Parse(pattern);
     ASSERT_FALSE(parsed) << pattern;
     EXPECT_EQ(parsed.Failure().position, position) << pattern;
-    EXPECT_EQ(parsed.Failure().reason, reason) << pattern;
+    EXPECT_EQ(ReasonOf(parsed.Failure()), reason) << pattern;
   }
 }
 
@@ -239,7 +240,7 @@ TEST(NamePattern, PatternsLieInOneAnotherSixteenTimesAtMost) {
   EXPECT_EQ(TextOf(Nested(15) + Nested(16), {}), "xx") << "one beside another does not count";
   const Result<NamePattern, PatternError> deep = NamePattern::Parse(Nested(17));
   ASSERT_FALSE(deep);
-  EXPECT_EQ(deep.Failure(), (PatternError{16 * 7 + 1, "フィールドの重なりが深すぎます。16 段まで使えます"}));
+  EXPECT_EQ(deep.Failure(), (PatternError{16 * 7 + 1, PatternMistake::kTooDeep}));
   EXPECT_FALSE(NamePattern::Parse(Nested(3000)));
 }
 
