@@ -206,9 +206,17 @@ TEST_F(CliOtherVolumeTest, MovesThatAreKilledAreTakenBack) {
             here_.At("from").c_str(), nullptr);
       _exit(127);
     }
-    usleep(static_cast<useconds_t>(4000 + random() % 30000));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
+    const std::size_t moment = 1 + random() % (std::size_t{2} * kFiles - 2);  // in lines of the log
+    bool ended = false;
+    while (!ended && Lines(here_.Read("log")).size() < moment) {
+      usleep(200);
+      ended = waitpid(child, nullptr, WNOHANG) == child;
+    }
+    if (!ended) {
+      usleep(static_cast<useconds_t>(random() % 1000));
+      kill(child, SIGKILL);
+      waitpid(child, nullptr, 0);
+    }
     const std::size_t logged = Lines(here_.Read("log")).size();
     between += logged > 0 && logged < std::size_t{2} * kFiles ? 1 : 0;
     // A file that was killed between its copy and the deletion of the source is at both places, and told.
