@@ -18,6 +18,10 @@ void TagsOffer::Offer(std::size_t files) {
     if (state_ == State::kShown) Decline();
     return;
   }
+  if (session_.options.extra.readMoreTags) {
+    if (state_ == State::kShown) Accept();  // switched on in the options
+    return;
+  }
   if (files == 0) return;
   count_ += files;
   state_ = State::kShown;

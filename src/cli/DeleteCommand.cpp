@@ -27,11 +27,8 @@ std::string ReasonOf(const FileError& error, bool forGood) {
 }
 
 std::vector<std::string> SummaryLines(const BatchReport& report, bool forGood) {
-  const std::string done = Localized(forGood ? messages::kDeleted : messages::kRecycled);
-  std::vector<std::string> lines = {std::to_string(report.Done()) + done};
-  if (report.FailureCount() > 0) {
-    lines.push_back(std::to_string(report.FailureCount()) + Localized(messages::kNotDeleted));
-  }
+  std::vector<std::string> lines = {Counting(forGood ? messages::kDeleted : messages::kRecycled, report.Done())};
+  if (report.FailureCount() > 0) lines.push_back(Counting(messages::kNotDeleted, report.FailureCount()));
   return lines;
 }
 

@@ -8,7 +8,9 @@
 #include "media/basHTMLFile.h"
 #include "paths/basFileControl.h"
 #include "plan/Json.h"
+#include "platform/FileSystem.h"
 #include "tags/SongReader.h"
+#include "tags/TagLibReader.h"
 
 namespace quillon::cli {
 namespace {
@@ -84,6 +86,14 @@ void AddReader(Json& object, const std::string& path, Reader reader) {
   }
 }
 
+// Also of a song whose title the program's own reader has found, which tells no length.
+std::optional<std::int32_t> LengthOf(const SongDetails& song, const std::string& path, const FileType& type,
+                                     TagSources tags) {
+  if (song.lengthMs || tags == TagSources::kStandard || !HasMoreTags(type)) return song.lengthMs;
+  const auto file = OpenSystemFile(path);
+  return file ? ReadTagLibDetails(*file, type).lengthMs : std::nullopt;
+}
+
 void AddRow(Json& object, const std::string& path, TagSources tags) {
   const FileType type = GetMediaType(Extension(path));
   object["type"] = type.Text();
@@ -96,7 +106,8 @@ void AddRow(Json& object, const std::string& path, TagSources tags) {
   object["track"] = song.track;
   object["year"] = song.year;
   object["genre"] = song.genre;
-  object["length"] = song.lengthMs ? Json(*song.lengthMs) : Json();
+  const std::optional<std::int32_t> length = LengthOf(song, path, type, tags);
+  object["length"] = length ? Json(*length) : Json();
   const FileInformation lines = ReadInformation(path, type, 0, std::nullopt, tags);
   object["summary"] = lines.summary;
   object["detail"] = lines.detail;

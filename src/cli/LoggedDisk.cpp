@@ -17,30 +17,29 @@ bool IsOneOf(const std::vector<std::string>& paths, const std::string& path, Fil
          std::any_of(paths.begin(), paths.end(), [&](const std::string& other) { return files.SameFile(other, path); });
 }
 
-// True for a log, an empty file, and no file at all.
-bool CanBeLog(const std::string& path) {
+// Why this file cannot be the log; nullptr for a log, an empty file, and no file at all.
+const HelpText* ComplaintAbout(const std::string& path) {
   const auto text = ReadWholeFile(path, std::numeric_limits<std::uint64_t>::max());
-  if (!text) return text.Failure() == ReadFailure::kAbsent;
+  if (!text) return text.Failure() == ReadFailure::kAbsent ? nullptr : &messages::kLogUnread;
   const Result<RenameLog, std::size_t> log = ReadRenameLog(*text);
-  return log && !log->torn;
+  return log && !log->torn ? nullptr : &messages::kLogIsNone;
 }
 
 }  // namespace
 
-bool LoggedDisk::LogTo(const std::string& path, const std::vector<std::string>& files) {
+bool LoggedDisk::MayLogTo(const std::string& path, const std::vector<std::string>& files) {
   if (path.empty()) return true;
-  const std::string fullPath = FullPath(path);
-  if (IsOneOf(files, fullPath, files_)) {
-    Complain(Localized(messages::kLogIsListed) + fullPath);
-    return false;
-  }
-  if (!CanBeLog(fullPath)) {
-    Complain(Localized(messages::kLogIsNone) + fullPath);
-    return false;
-  }
-  Result<std::unique_ptr<AppendedFile>, FileError> file = OpenAppendedFile(fullPath);
+  path_ = FullPath(path);
+  const HelpText* const complaint = IsOneOf(files, path_, files_) ? &messages::kLogIsListed : ComplaintAbout(path_);
+  if (complaint != nullptr) Complain(Localized(*complaint) + path_);
+  return complaint == nullptr;
+}
+
+bool LoggedDisk::OpenLog() {
+  if (path_.empty()) return true;
+  Result<std::unique_ptr<AppendedFile>, FileError> file = OpenAppendedFile(path_);
   if (!file) {
-    Complain(Localized(messages::kLogNotOpened) + fullPath + " (" + file.Failure().description + ")");
+    Complain(Localized(messages::kLogNotOpened) + path_ + " (" + file.Failure().description + ")");
     return false;
   }
   file_ = std::move(*file);

@@ -16,9 +16,12 @@ class LoggedDisk {
  public:
   explicit LoggedDisk(FileReads& files) : files_(files) {}
 
-  /// From now on changes are logged to this file; an empty path is none. A file with other content than a log is left
-  /// alone, and so is one of the files that are to be changed: then it complains and returns false.
-  [[nodiscard]] bool LogTo(const std::string& path, const std::vector<std::string>& files);
+  /// Looks whether changes can be logged to this file; an empty path is none. A file with other content than a log is
+  /// left alone, and so is one of the files that are to be changed: then it complains and returns false.
+  [[nodiscard]] bool MayLogTo(const std::string& path, const std::vector<std::string>& files);
+
+  /// From now on changes are logged to the file of MayLogTo. On failure it complains and returns false.
+  [[nodiscard]] bool OpenLog();
 
   [[nodiscard]] FileChanges& Changes() { return logged_ ? *logged_ : *disk_; }
   [[nodiscard]] FileChanges& Unlogged() { return *disk_; }
@@ -28,6 +31,7 @@ class LoggedDisk {
 
  private:
   FileReads& files_;
+  std::string path_;
   std::unique_ptr<FileChanges> disk_ = MakeFileChanges();
   std::unique_ptr<AppendedFile> file_;
   std::optional<LoggedChanges> logged_;

@@ -5,21 +5,21 @@
 /// What quillon-cli itself says while it works, in each language.
 namespace quillon::cli::messages {
 
-// Every batch.
+// Every batch. Texts with a number: see Counting.
 inline constexpr HelpText kInterrupted = {"Interrupted; the remaining files are as they were",
                                           "中断されました。残りのファイルは元のままです"};
 inline constexpr HelpText kStopped = {"An error has ended the run", "エラーにより処理が中断されました"};
 inline constexpr HelpText kBeforeWhere = {". ", "。"};
-inline constexpr HelpText kMoved = {" files were moved", " 個のファイルの移動が完了しました"};
-inline constexpr HelpText kNotMoved = {" files could not be moved", " 個のファイルが移動できませんでした"};
+inline constexpr HelpText kMoved = {"Files moved", " 個のファイルの移動が完了しました"};
+inline constexpr HelpText kNotMoved = {"Files not moved", " 個のファイルが移動できませんでした"};
 inline constexpr HelpText kFileNotMoved = {"the file could not be moved", "ファイルが移動できませんでした"};
-inline constexpr HelpText kDeleted = {" files were deleted", " 個のファイルを削除しました"};
-inline constexpr HelpText kRecycled = {" files were moved to the recycle bin", " 個のファイルをごみ箱に移動しました"};
-inline constexpr HelpText kNotDeleted = {" files could not be deleted", " 個のファイルが削除できませんでした"};
+inline constexpr HelpText kDeleted = {"Files deleted", " 個のファイルを削除しました"};
+inline constexpr HelpText kRecycled = {"Files moved to the recycle bin", " 個のファイルをごみ箱に移動しました"};
+inline constexpr HelpText kNotDeleted = {"Files not deleted", " 個のファイルが削除できませんでした"};
 inline constexpr HelpText kFileNotDeleted = {"the file could not be deleted", "ファイルが削除できません"};
 inline constexpr HelpText kNamesCaption = {"Changing the names", "リネーム名の編集"};
 inline constexpr HelpText kLeftAlone = {
-    " names were left as they are: replacing would not end, or make them longer than 32,767 characters",
+    "Names left as they are, because replacing would not end or make them longer than 32,767 characters",
     " 個のリネーム名は、置換が終わらないか 32,767 文字を超えるため編集されませんでした"};
 
 // The folder of a move.
@@ -51,8 +51,8 @@ inline constexpr HelpText kLogDamaged = {"this line is none of a log of renames:
                                          "リネームの記録ではない行があります: "};
 inline constexpr HelpText kLogTorn = {"the last line is torn and passed over: ",
                                       "最後の行が途切れているため、読み飛ばします: "};
-inline constexpr HelpText kUndone = {" files have their old names again", " 個のファイルを元に戻しました"};
-inline constexpr HelpText kNotUndone = {" files could not be taken back", " 個のファイルを元に戻せませんでした"};
+inline constexpr HelpText kUndone = {"Files taken back", " 個のファイルを元に戻しました"};
+inline constexpr HelpText kNotUndone = {"Files not taken back", " 個のファイルを元に戻せませんでした"};
 inline constexpr HelpText kGone = {"the file is not there any more", "ファイルがなくなっています"};
 inline constexpr HelpText kAnotherFile = {"another file has this name now", "別のファイルになっています"};
 inline constexpr HelpText kChanged = {"the file was changed since", "ファイルが変更されています"};
@@ -61,11 +61,12 @@ inline constexpr HelpText kNotTakenBack = {"the file could not be taken back", "
 
 // Names and plans that are read from a file.
 inline constexpr HelpText kFileUnread = {"the file cannot be read: ", "ファイルを読み込めません: "};
-inline constexpr HelpText kNoName = {"this line does not say which file gets which name",
-                                     "どのファイルの名前なのか分からない行です"};
+inline constexpr HelpText kNoName = {"this line gives no name, or is not valid UTF-8",
+                                     "名前として読み取れない行です（UTF-8 で書いてください）"};
 inline constexpr HelpText kNotListed = {"the file is not one of those given", "対象に含まれていないファイルです"};
 inline constexpr HelpText kNamedTwice = {"the file is named twice", "同じファイルが二度指定されています"};
-inline constexpr HelpText kCountDiffers = {"as many names as files are needed: ", "名前の数がファイルの数と違います: "};
+inline constexpr HelpText kCountDiffers = {"the number of names is not that of the files (names / files): ",
+                                           "名前の数がファイルの数と違います: "};
 inline constexpr HelpText kPlanDamaged = {"this line does not say what is renamed to what",
                                           "元の名前と新しい名前が分からない行です"};
 inline constexpr HelpText kPlanNoSource = {"there is no such file", "ファイルがありません"};

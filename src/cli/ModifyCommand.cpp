@@ -5,6 +5,7 @@
 #include "cli/Commands.h"
 #include "cli/Messages.h"
 #include "cli/Output.h"
+#include "cli/Reasons.h"
 #include "platform/PathStyle.h"
 #include "platform/Program.h"
 #include "rename/ModifyName.h"
@@ -43,9 +44,7 @@ int RunModify(const ModifyArguments& arguments) {
     output.Line(result.name);
     if (output.Closed()) break;
   }
-  if (leftAlone > 0) {
-    Complain(std::to_string(leftAlone) + Localized(messages::kLeftAlone));
-  }
+  if (leftAlone > 0) Complain(Counting(messages::kLeftAlone, leftAlone));
   return output.Flush() ? kDone : kSomeFailed;
 }
 

@@ -15,9 +15,9 @@ namespace quillon::cli {
 namespace {
 
 std::vector<std::string> SummaryLines(const BatchReport& report, const NotKept& notKept) {
-  std::vector<std::string> lines = {std::to_string(report.Done()) + Localized(messages::kMoved)};
+  std::vector<std::string> lines = {Counting(messages::kMoved, report.Done())};
   if (report.FailureCount() > 0) {
-    lines.push_back(std::to_string(report.FailureCount()) + Localized(messages::kNotMoved));
+    lines.push_back(Counting(messages::kNotMoved, report.FailureCount()));
   }
   if (notKept.Any()) lines.push_back(WhatWasNotKept(notKept));
   return lines;
@@ -98,7 +98,7 @@ int RunMove(const MoveArguments& arguments) {
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
   LoggedDisk disk(*session.files);
-  if (!disk.LogTo(arguments.log, session.Locations())) return kBadUsage;
+  if (!disk.MayLogTo(arguments.log, session.Locations())) return kBadUsage;
 
   CatchInterruption();
   const std::string folder = WithTrailingSeparator(target);
@@ -109,6 +109,7 @@ int RunMove(const MoveArguments& arguments) {
     if (mode == Mode::kShow || shown.moved == 0) return complete ? shown.status : kSomeFailed;
     if (!Ask(messages::kAskMove)) return kSomeFailed;
   }
+  if (!disk.OpenLog()) return kBadUsage;
   disk.Changes().RemoveLeftovers(folder);
   const BatchResult result = MoveFiles(session, disk.Changes(), folder, true, arguments.json);
   return complete && !disk.Broken() ? result.status : kSomeFailed;

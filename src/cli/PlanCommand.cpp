@@ -45,14 +45,14 @@ class PlanRun {
   int Run() {
     if (!ReadPlan() || !Arrange()) return kBadUsage;
     LoggedDisk disk(*files_);
-    if (!disk.LogTo(arguments_.log, Sources())) return kBadUsage;
+    if (!disk.MayLogTo(arguments_.log, Sources())) return kBadUsage;
     CatchInterruption();
     const Mode mode = ModeOf(arguments_);
     if (mode != Mode::kApply) ShowRenames();
     const bool written = output_.Flush();
-    if (mode == Mode::kShow || steps_.empty()) return written ? kDone : kSomeFailed;
+    if (mode == Mode::kShow || (mode == Mode::kAsk && steps_.empty())) return written ? kDone : kSomeFailed;
     if (mode == Mode::kAsk && !(written && Ask(messages::kAskRename))) return kSomeFailed;
-    return Apply(disk);
+    return disk.OpenLog() ? Apply(disk) : kBadUsage;
   }
 
  private:

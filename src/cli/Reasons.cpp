@@ -9,7 +9,7 @@ namespace quillon::cli {
 namespace {
 
 std::string Counted(int count, const char* none, const char* some) {
-  return count == 0 ? none : std::to_string(count) + some;
+  return count == 0 ? none : std::string(some) + ": " + std::to_string(count);
 }
 
 const char* EnglishReason(ApplyCode code) {
@@ -115,19 +115,24 @@ std::string WhatWasNotKept(const NotKept& notKept) {
   return "moved, but the target cannot keep everything: " + what;
 }
 
+std::string Counting(const HelpText& text, int count) {
+  return UserReadsJapanese() ? std::to_string(count) + text.japanese : text.english + (": " + std::to_string(count));
+}
+
 std::string AppliedCount(int applied) {
-  return UserReadsJapanese() ? AppliedLine(applied) : Counted(applied, "No file was renamed", " files were renamed");
+  return UserReadsJapanese() ? AppliedLine(applied) : Counted(applied, "No file was renamed", "Files renamed");
 }
 
 std::string SkippedCount(int skipped) {
   return UserReadsJapanese() ? SkippedLine(skipped)
-                             : Counted(skipped, "No file was skipped", " files were skipped because of errors");
+                             : Counted(skipped, "No file was skipped", "Files skipped because of errors");
 }
 
 std::string LeftAloneCount(int count) {
   if (UserReadsJapanese()) return LeftAloneText(count);
-  return std::to_string(count) +
-         " names were left as they are: replacing would not end, or make them longer than 32,767 characters\r\n"
+  return "Names left as they are, because replacing would not end or make them longer than 32,767 characters: " +
+         std::to_string(count) +
+         "\r\n"
          "See that the replacement does not hold the text that is searched for, or characters that are not allowed";
 }
 

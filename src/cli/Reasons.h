@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "cli/HelpTexts.h"
 #include "filelist/FileItem.h"
 #include "filelist/PassedOver.h"
 #include "fileops/FileOperations.h"
@@ -23,6 +24,9 @@ namespace quillon::cli {
 [[nodiscard]] std::string Heading(Column column);
 [[nodiscard]] std::string WhereLeft(const FileError& error);
 [[nodiscard]] std::string WhatWasNotKept(const NotKept& notKept);
+
+/// "3 個の..." or "...: 3".
+[[nodiscard]] std::string Counting(const HelpText& text, int count);
 
 [[nodiscard]] std::string AppliedCount(int applied);
 [[nodiscard]] std::string SkippedCount(int skipped);

@@ -118,10 +118,14 @@ std::optional<PatternRules> FormatRules(const RenameArguments& arguments, const 
   return std::nullopt;
 }
 
+// A file without an extension has no rename name at first: its own name is changed then.
 void ChangeEach(FileList& list, const std::function<std::string(const std::string&)>& change) {
   for (int index = 1; index <= list.Count(); ++index) {
-    std::string name = change(list.Row(index).renameName);
-    if (name != list.Row(index).renameName) list.SetRenameName(index, std::move(name));
+    const FileItem& row = list.Row(index);
+    const std::string present =
+        row.renameName.empty() ? std::string(NameWithoutExtension(row.location)) : row.renameName;
+    std::string name = change(present);
+    if (name != row.renameName) list.SetRenameName(index, std::move(name));
   }
 }
 
@@ -194,7 +198,7 @@ int RunRename(const RenameArguments& arguments) {
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
   LoggedDisk disk(*session.files);
-  if (!EditNames(arguments, format, session) || !disk.LogTo(arguments.log, session.Locations())) return kBadUsage;
+  if (!EditNames(arguments, format, session) || !disk.MayLogTo(arguments.log, session.Locations())) return kBadUsage;
 
   CatchInterruption();
   const Mode mode = ModeOf(arguments);
@@ -203,6 +207,7 @@ int RunRename(const RenameArguments& arguments) {
     if (mode == Mode::kShow || shown.renamed == 0) return complete ? shown.status : kSomeFailed;
     if (!Ask(messages::kAskRename)) return kSomeFailed;
   }
+  if (!disk.OpenLog()) return kBadUsage;
   const BatchResult result = ApplyNames(session, disk.Changes(), true, arguments.json);
   return complete && !disk.Broken() ? result.status : kSomeFailed;
 }

@@ -1,9 +1,15 @@
+#include <cstddef>
 #include <limits>
 #include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "cli/BatchReport.h"
 #include "cli/Commands.h"
 #include "cli/Messages.h"
+#include "cli/Reasons.h"
+#include "paths/basFileControl.h"
 #include "plan/Undo.h"
 #include "platform/Program.h"
 #include "platform/WholeFile.h"
@@ -46,10 +52,33 @@ void Report(BatchReport& report, const UndoStep& step) {
   report.Failed(paths, step.from, step.error, ReasonOf(step));
 }
 
+/// The steps, those that follow one another for one file joined into one: a plan's temporary names are no result.
+class JoinedSteps {
+ public:
+  void Add(const UndoStep& step) {
+    const auto earlier = step.obstacle ? ending_.end() : ending_.find(PathIdentity(step.from));
+    if (earlier == ending_.end()) {
+      steps_.push_back(step);
+      if (!step.obstacle) ending_[PathIdentity(step.to)] = steps_.size() - 1;
+      return;
+    }
+    const std::size_t index = earlier->second;
+    ending_.erase(earlier);
+    steps_[index].to = step.to;
+    ending_[PathIdentity(step.to)] = index;
+  }
+
+  [[nodiscard]] const std::vector<UndoStep>& Steps() const { return steps_; }
+
+ private:
+  std::vector<UndoStep> steps_;
+  std::unordered_map<std::string, std::size_t> ending_;  ///< by the path that the step ends at
+};
+
 std::vector<std::string> SummaryLines(const BatchReport& report) {
-  std::vector<std::string> lines = {std::to_string(report.Done()) + Localized(messages::kUndone)};
+  std::vector<std::string> lines = {Counting(messages::kUndone, report.Done())};
   if (report.FailureCount() > 0) {
-    lines.push_back(std::to_string(report.FailureCount()) + Localized(messages::kNotUndone));
+    lines.push_back(Counting(messages::kNotUndone, report.FailureCount()));
   }
   return lines;
 }
@@ -83,11 +112,13 @@ int RunUndo(const UndoArguments& arguments) {
   BatchReport report(arguments.apply, arguments.json);
   UntilInterrupted progress;
   const UndoMode mode = arguments.apply ? UndoMode::kApply : UndoMode::kShow;
+  JoinedSteps steps;
   Undo(log->renames, *files, changes, mode, progress, [&](const UndoStep& step) {
-    Report(report, step);
+    steps.Add(step);
     return report.Continue();
   });
   static_cast<void>(report.Continue());  // a cancelled copy ends the run without a step
+  for (const UndoStep& step : steps.Steps()) Report(report, step);
   report.Summary("undone", SummaryLines(report), Json::object());
   return report.Status(true);
 }

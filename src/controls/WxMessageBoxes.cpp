@@ -5,16 +5,27 @@
 #include "controls/TopmostDialog.h"
 
 namespace quillon {
+namespace {
+
+// A box over the main window would open behind the wait window, which is over it, too, but not modal.
+wxWindow* OwnerOfBoxes(wxWindow* parent) {
+  for (wxWindow* window : wxTopLevelWindows) {
+    if (window->GetName() == kWaitWindow && window->IsShown()) return window;
+  }
+  return TopmostDialog(parent);
+}
+
+}  // namespace
 
 bool WxMessageBoxes::Show(const Message& message) {
-  wxWindow* const owner = TopmostDialog(parent_);
+  wxWindow* const owner = OwnerOfBoxes(parent_);
   MessageDialog dialog(owner, {message});
   const int answer = Ask(dialog, owner);
   return answer == wxID_YES || answer == wxID_OK;
 }
 
 FailureAnswer WxMessageBoxes::ShowFailure(const FailureMessage& failure) {
-  wxWindow* const owner = TopmostDialog(parent_);
+  wxWindow* const owner = OwnerOfBoxes(parent_);
   MessageDialog dialog(owner, failure);
   failure_ = failure.inBatch ? &dialog : nullptr;
   const Finally closed([this] { failure_ = nullptr; });

@@ -68,6 +68,11 @@ std::string_view BaseName(std::string_view path, PathStyle style) {
   return dot == std::string_view::npos ? std::string_view() : name.substr(0, dot);
 }
 
+std::string_view NameWithoutExtension(std::string_view path, PathStyle style) {
+  const std::string_view name = FileName(path, style);
+  return name.find('.') == std::string_view::npos ? name : BaseName(path, style);
+}
+
 std::string_view FolderPart(std::string_view path, PathStyle style) {
   return path.substr(0, FileNameOffset(path, style));
 }

@@ -23,6 +23,9 @@ namespace quillon {
 /// The file name up to its last "."; empty for a name without a dot and for a path without a separator.
 [[nodiscard]] std::string_view BaseName(std::string_view path, PathStyle style = SystemPathStyle());
 
+/// The same, but for a name without a dot the whole name.
+[[nodiscard]] std::string_view NameWithoutExtension(std::string_view path, PathStyle style = SystemPathStyle());
+
 /// The path without its file name, with the trailing separator. A path without a separator has no file name and is
 /// returned whole.
 [[nodiscard]] std::string_view FolderPart(std::string_view path, PathStyle style = SystemPathStyle());

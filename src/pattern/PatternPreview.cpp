@@ -76,13 +76,13 @@ PatternPreview::Result PatternPreview::Next() {
   const std::string from = row.location;
   const std::string to = AppliedPath(row);
   Result result = {std::string(FileName(to)), {}};
+  if (to != from) ++changed_;
   run_->row.Clear();
   run_->row.Add(std::move(row));
   if (IsNameTooLong(files_, to)) {
     result.problem = "名前が長すぎます";
   } else if (const RowOutcome applied = run_->engine.Apply(1); applied.Ok()) {
     run_->takenBy[PathIdentity(to)] = index;
-    if (to != from) ++changed_;
   } else {
     result.problem = ProblemOf(applied, to);
   }

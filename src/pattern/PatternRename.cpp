@@ -39,12 +39,6 @@ std::string_view FolderName(const std::string& location, PathStyle style) {
   return FileName(folder, style);
 }
 
-// A file without an extension is named by its whole name, as when it is applied.
-std::string_view PresentName(const std::string& location, PathStyle style) {
-  const std::string_view name = FileName(location, style);
-  return name.find('.') == std::string_view::npos ? name : BaseName(location, style);
-}
-
 }  // namespace
 
 PatternNames::PatternNames(const PatternRules& rules, ReadFacts read, PathStyle style)
@@ -63,7 +57,7 @@ PatternValues PatternNames::ValuesOf(const FileItem& row) const {
   }
   values.song.title = row.title;
   values.song.artist = row.artist;
-  values.name = PresentName(row.location, style_);
+  values.name = NameWithoutExtension(row.location, style_);
   values.folder = FolderName(row.location, style_);
   values.type = row.type.Text();
   values.size = row.size;

@@ -1,7 +1,9 @@
 #include "plan/PlanLines.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "base/Text.h"
 #include "plan/Json.h"
 
 namespace quillon {
@@ -19,7 +21,7 @@ std::optional<NameLine> ObjectLine(std::string_view line, std::size_t number) {
   if (!object) return std::nullopt;
   std::optional<std::string> path = PathOf(*object, "path");
   std::optional<std::string> name = PathOf(*object, "name");
-  if (!path || path->empty() || !name) return std::nullopt;
+  if (!path || path->empty() || !name || IsBlank(*name)) return std::nullopt;
   return NameLine{number, std::move(path), *std::move(name)};
 }
 
@@ -42,11 +44,14 @@ Result<std::vector<PlanLine>, std::size_t> ReadPlanLines(std::string_view text) 
 }
 
 Result<std::vector<NameLine>, std::size_t> ReadNameLines(std::string_view text) {
-  const std::vector<std::string_view> lines = TextLines(text);
-  const bool objects = !lines.empty() && BeginsAsObject(lines.front());
+  std::vector<std::string_view> lines = TextLines(text);
+  while (!lines.empty() && IsBlank(lines.back())) lines.pop_back();
+  const auto first = std::find_if_not(lines.begin(), lines.end(), IsBlank);
+  const bool objects = first != lines.end() && BeginsAsObject(*first);
   std::vector<NameLine> names;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (!objects) {
+      if (IsBlank(lines[i]) || !IsValidUtf8(lines[i])) return i + 1;
       names.push_back({i + 1, std::nullopt, std::string(lines[i])});
     } else if (!IsBlank(lines[i])) {
       std::optional<NameLine> name = ObjectLine(lines[i], i + 1);

@@ -32,8 +32,9 @@ struct NameLine {
   bool operator==(const NameLine&) const = default;
 };
 
-/// Reads names, one per line, or objects with "path" and "name", when the first line begins as an object: no file name
-/// can begin so. Blank lines are names without characters, between objects they are passed over.
+/// Reads names, one per line, or objects with "path" and "name", when the first line that is not blank begins as an
+/// object: no file name can begin so. A blank name is an error, and so is a plain one that is not valid
+/// UTF-8; blank lines at the end and between objects are passed over.
 [[nodiscard]] Result<std::vector<NameLine>, std::size_t> ReadNameLines(std::string_view text);
 
 }  // namespace quillon

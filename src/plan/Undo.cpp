@@ -59,14 +59,17 @@ class UndoRun {
   std::optional<UndoStep> TakeBack(std::size_t index) {
     const LoggedRename& rename = renames_[index];
     const Found found = IdentityAt(rename.to);
-    if (IsAtNewName(rename, found)) return MoveBack(rename, *found);
+    const bool wasNotRenamed = rename.failed && IsAtOldName(rename, IdentityAt(rename.from));
+    if (!wasNotRenamed && IsAtNewName(rename, found)) return MoveBack(rename, *found);
     if (rename.failed || IsAtOldName(rename, IdentityAt(rename.from)) || IsFurtherBack(index)) return std::nullopt;
     if (!found) {
       if (const std::optional<std::string> place = HalfWay(rename)) {
         return MoveBack({.from = rename.from, .to = *place, .file = rename.file}, rename.file);
       }
     }
-    if (!told_.insert(FirstOf(rename)).second) return std::nullopt;  // its later rename was told
+    const bool laterWasTold = told_.erase(PathIdentity(rename.to)) > 0;
+    told_.insert(PathIdentity(rename.from));
+    if (laterWasTold) return std::nullopt;
     return UndoStep{rename.to, rename.from, ObstacleOf(rename, found)};
   }
 
@@ -76,11 +79,12 @@ class UndoRun {
     if (outcome) {
       if (!IsSame(rename.file, file)) copies_[FirstOf(rename)].push_back(file);
       if (mode_ == UndoMode::kShow) Plan(rename, file);
+      if (const Found now = IdentityAt(rename.from)) takenBack_[FirstOf(rename)] = *now;
       return step;
     }
     cancelled_ = outcome.Failure().number == file_error::kCancelled;
     if (cancelled_) return std::nullopt;
-    told_.insert(FirstOf(rename));
+    told_.insert(PathIdentity(rename.from));
     step.obstacle = UndoObstacle::kRefused;
     step.error = outcome.Failure();
     return step;
@@ -123,6 +127,9 @@ class UndoRun {
 
   bool IsAtNewName(const LoggedRename& rename, const Found& found) const {
     if (!found) return false;
+    // Taken back from another volume, the file has become another one.
+    const auto back = takenBack_.find(FirstOf(rename));
+    if (back != takenBack_.end() && IsSame(back->second, *found)) return true;
     if (rename.copy) return IsSame(*rename.copy, *found);
     const bool unlogged = IsMove(rename) && rename.file.device != found->device && LooksLike(rename.file, *found);
     return unlogged || IsItself(rename, *found);
@@ -161,7 +168,8 @@ class UndoRun {
   std::map<FileKey, std::vector<std::size_t>> ofFile_;   ///< each file's renames
   std::map<FileKey, std::vector<FileIdentity>> copies_;  ///< that moves to other volumes have made of a file
   std::map<FileKey, FileKey> originals_;                 ///< a copy's key to its original's
-  std::set<FileKey> told_;                               ///< files that cannot go back
+  std::map<FileKey, FileIdentity> takenBack_;            ///< what a file is after its last step
+  std::set<std::string> told_;                           ///< old names of files that cannot go back to them
   std::unordered_map<std::string, Found> planned_;       ///< what taking back has changed, with kShow
 };
 

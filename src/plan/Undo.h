@@ -31,9 +31,13 @@ struct UndoStep {
 enum class UndoMode { kApply, kShow };
 
 /// Takes logged renames and moves back, the newest first, and calls `done` for each that was taken back or cannot be.
-/// Nothing is said of a file that has its old name already. A file counts as the one that was renamed when its number,
-/// size and time are the same; that of a move to another volume, which may have been killed before its copy was logged,
-/// also when size and time are. The device is not compared otherwise: systems number devices anew when they start.
+/// Nothing is said of a file that has its old name already.
+///
+/// A file counts as the one that was renamed when its number, size and time are the same. The device is not compared,
+/// because systems number devices anew when they start. A move to another volume makes a new file: that is known from
+/// the log, or, where the move was killed before its copy was logged, by size and time on another device. A file that
+/// this run itself has copied back is known, too.
+///
 /// With kShow, `changes` only answers as the disk would (PlannedChanges). `done` may end the run by returning false,
 /// `progress` may cancel a copy, which ends it, too.
 void Undo(const std::vector<LoggedRename>& renames, FileReads& files, FileChanges& changes, UndoMode mode,

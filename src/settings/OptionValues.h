@@ -105,7 +105,7 @@ struct OptionValues {
     bool keepMovedRows = true;
   } move;
 
-  /// What came after the file's other sections were fixed. A missing key means that the program does as it always did.
+  /// The additions to the program, section [Extra] of the file. With the defaults it does what it did without them.
   struct Extra {
     bool readMoreTags = false;                                ///< the tags that the program's own readers leave out
     std::array<std::string, kPatternHistoryLength> patterns;  ///< used last first; empty ones at the end

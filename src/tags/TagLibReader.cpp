@@ -99,9 +99,10 @@ struct TypeReader {
   Usual usual;
 };
 
-constexpr std::array<TypeReader, 32> kTypes = {{
+constexpr std::array<TypeReader, 34> kTypes = {{
     {"MP3", ReadWithFrames<TagLib::MPEG::File>, Usual::kNo},
     {"mp2", ReadWithFrames<TagLib::MPEG::File>, Usual::kNo},
+    {"aac", ReadWithFrames<TagLib::MPEG::File>, Usual::kNo},
     {"flac", ReadWithFrames<TagLib::FLAC::File>, Usual::kYes},
     {"ogg", Read<TagLib::Ogg::Vorbis::File>, Usual::kYes},
     {"oga", Read<TagLib::Ogg::FLAC::File>, Usual::kYes},
@@ -116,6 +117,7 @@ constexpr std::array<TypeReader, 32> kTypes = {{
     {"3g2", ReadMp4, Usual::kNo},
     {"wma", Read<TagLib::ASF::File>, Usual::kYes},
     {"asf", Read<TagLib::ASF::File>, Usual::kNo},
+    {"wmv", Read<TagLib::ASF::File>, Usual::kNo},
     {"aif", ReadAiff, Usual::kYes},
     {"aiff", ReadAiff, Usual::kYes},
     {"aifc", ReadAiff, Usual::kYes},

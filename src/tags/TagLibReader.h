@@ -20,9 +20,9 @@ namespace quillon {
 /// The extensions of those types, in lower case.
 [[nodiscard]] std::vector<std::string_view> UsualMusicExtensions();
 
-/// Reads an opened file according to its type, or, where it is no such file, according to its contents. Never reports
-/// errors: what is not known stays empty. TagFields::kTitleAndArtist leaves out the playing time, which may take longer
-/// to find than the texts.
+/// Reads an opened file according to its type, or, where TagLib finds that it is no such file, according to its
+/// contents (it takes any file for an MP3 file). Never reports errors: what is not known stays empty.
+/// TagFields::kTitleAndArtist leaves out the playing time, which may take longer to find than the texts.
 ///
 /// Texts without a stated encoding are StoredText::kUtf8OrAnsi.
 [[nodiscard]] SongDetails ReadTagLibDetails(ByteSource& file, const FileType& type, TagFields wanted = TagFields::kAll);

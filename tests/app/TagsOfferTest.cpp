@@ -82,6 +82,19 @@ TEST(TagsOffer, ReadsTheRowsWithoutATitleAndKeepsWhatWasEdited) {
   EXPECT_EQ(fixture.information.title, "昼") << "the shown row is shown again";
 }
 
+TEST(TagsOffer, IsAcceptedByTheOptionsDialog) {
+  Fixture fixture;
+  fixture.app.LoadPaths({fixture.WriteSong("a.flac", "朝")});
+  fixture.main.optionDialog = [&](OptionForm& form) {
+    fixture.ports.boxes.Answer(false);
+    form.Click("chkReadMoreTags", true, [] {});
+    form.cmdOK();
+  };
+  fixture.app.Execute(Command::mnuOption);
+  EXPECT_EQ(fixture.app.List().Row(1).title, "朝");
+  EXPECT_EQ(BarEvents(fixture).back(), "tags bar hidden");
+}
+
 TEST(TagsOffer, IsMadeOncePerStart) {
   Fixture fixture;
   fixture.app.LoadPaths({fixture.WriteSong("a.flac", "朝")});

@@ -71,6 +71,11 @@ TEST_F(CliAsk, EveryOtherAnswerChangesNothing) {
   }
 }
 
+TEST_F(CliAsk, WithoutAYesNoLogIsMade) {
+  EXPECT_EQ(Run({"rename", "--ask", "--log", output_.At("log"), folder_.Path()}, "n\n"), 1) << shown_;
+  EXPECT_FALSE(output_.Exists("log"));
+}
+
 TEST_F(CliAsk, YesMovesAndLogs) {
   EXPECT_EQ(Run({"move", "--ask", "--log", output_.At("log"), "--to", output_.Path(), folder_.Path()}, "YES\n"), 0);
   EXPECT_TRUE(output_.Exists("ONE.MID"));

@@ -229,6 +229,46 @@ TEST_F(CliOtherVolumeTest, MovesThatAreKilledAreTakenBack) {
   EXPECT_GT(between, 3);
 }
 
+TEST_F(CliOtherVolumeTest, AFileThatWentThereAndBackComesBackToItsName) {
+  here_.Write("from/a.mid", "a");
+  here_.MakeFolder("to");
+  const std::string log = here_.At("log");
+  EXPECT_EQ(Cli({"move", "--to", there_, "--apply", "--log", log, here_.At("from/a.mid")}).exitCode, 0);
+  EXPECT_EQ(Cli({"move", "--to", here_.At("to"), "--apply", "--log", log, there_ + "/a.mid"}).exitCode, 0);
+  const ProcessResult shown = Cli({"undo", log});
+  EXPECT_EQ(shown.output, here_.At("to/a.mid") + " -> " + here_.At("from/a.mid") + "\n") << shown.errors;
+  EXPECT_EQ(Cli({"undo", "--apply", log}).exitCode, 0);
+  EXPECT_EQ(here_.Read("from/a.mid"), "a");
+  EXPECT_FALSE(here_.Exists("to/a.mid"));
+}
+
+TEST(CliUndoTest, ARefusedRenameOfAHardLinkNeedsNoWayBack) {
+  const TempFolder folder;
+  const std::string a = folder.Write("a.mid", "a");
+  ASSERT_EQ(link(a.c_str(), folder.At("b.mid").c_str()), 0);
+  const TempFolder other;
+  const std::string names = other.Write("names", "b\n");
+  const std::string log = other.At("log");
+  EXPECT_EQ(Cli({"rename", "--names", names, "--apply", "--log", log, a}).exitCode, 1);
+  const ProcessResult undone = Cli({"undo", "--apply", log});
+  EXPECT_EQ(undone.exitCode, 0) << undone.output;
+  EXPECT_TRUE(folder.Exists("a.mid") && folder.Exists("b.mid"));
+}
+
+TEST(CliUndoTest, EachHardLinkThatCannotGoBackIsTold) {
+  const TempFolder folder;
+  const std::string a = folder.Write("a.mid", "a");
+  ASSERT_EQ(link(a.c_str(), folder.At("b.mid").c_str()), 0);
+  const TempFolder other;
+  const std::string names = other.Write("names", "c\nd\n");
+  const std::string log = other.At("log");
+  EXPECT_EQ(Cli({"rename", "--names", names, "--apply", "--log", log, a, folder.At("b.mid")}).exitCode, 0);
+  ASSERT_EQ(unlink(folder.At("c.mid").c_str()) + unlink(folder.At("d.mid").c_str()), 0);
+  const ProcessResult undone = Cli({"undo", "--apply", "--json", log});
+  EXPECT_EQ(undone.exitCode, 1);
+  EXPECT_EQ(JsonLines(undone.output).back()["failed"], 2) << undone.output;
+}
+
 // An access list that lets another user read the file.
 bool GiveAccessList(const std::string& path) {
   // Version 2; then kind, permissions and user of the owner's, the other user's, the group's, the mask's and the rest's

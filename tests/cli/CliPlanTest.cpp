@@ -55,6 +55,22 @@ TEST_F(CliPlan, NamesChangePlacesAndComeBack) {
   ExpectUnchanged();
 }
 
+TEST_F(CliPlan, TakingASwapBackCountsItsFilesAndShowsNoTemporaryNames) {
+  const std::string log = files_.At("log");
+  EXPECT_EQ(Run(swap_, {"--apply", "--log", log}).exitCode, 0);
+  const ProcessResult shown = Cli({"undo", log});
+  EXPECT_EQ(Lines(shown.output).size(), 3U) << shown.output;
+  EXPECT_EQ(shown.output.find(".quillon-"), std::string::npos) << shown.output;
+  EXPECT_EQ(JsonLines(Cli({"undo", "--apply", "--json", log}).output).back()["undone"], 3);
+  ExpectUnchanged();
+}
+
+TEST_F(CliPlan, APlanThatChangesNothingSaysSo) {
+  const ProcessResult result = Run(Line(folder_.At("a.mid"), "a.mid"), {"--apply", "--json"});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(JsonLines(result.output).back()["applied"], 0) << result.output;
+}
+
 TEST_F(CliPlan, APlanIsReadFromStandardInputAndItsOwnJsonOutputIsOne) {
   const ProcessResult shown = Run(swap_, {"--json"});
   EXPECT_EQ(Cli({"rename", "--plan", "-", "--apply"}, "\xEF\xBB\xBF" + shown.output).exitCode, 0);
@@ -118,7 +134,7 @@ TEST_F(CliNames, NamesComeFromStandardInputToo) {
 }
 
 TEST_F(CliNames, AWrongCountIsAnErrorBeforeAnythingHappens) {
-  for (const char* const names : {"", "1\n2\n", "1\n2\n3\n4\n", "1\n2\n3\n\n"}) {
+  for (const char* const names : {"", "1\n2\n", "1\n2\n3\n4\n"}) {
     const ProcessResult result = RunNames(names);
     EXPECT_EQ(result.exitCode, 2) << names;
     EXPECT_THAT(result.errors, HasSubstr("/ 3"));
@@ -153,6 +169,15 @@ TEST_F(CliNames, PortableNamesAreMadeOfWhatTheOtherOptionsGive) {
   EXPECT_EQ(folder_.Read("con_.mid"), "a.mid");
   EXPECT_EQ(folder_.Read("が： b？.mid"), "b.mid");
   EXPECT_EQ(folder_.Read("end.mid"), "c.mid");
+}
+
+TEST(CliPortable, AFileWithoutAnExtensionGetsItToo) {
+  const TempFolder folder;
+  folder.Write("end...");
+  folder.Write("plain");
+  const ProcessResult result = Cli({"rename", "--portable", "--all", folder.Path()});
+  EXPECT_EQ(result.output, folder.At("end...") + " -> " + folder.At("end") + "\n") << "plain is no mistake";
+  EXPECT_EQ(result.exitCode, 0) << result.output;
 }
 
 TEST_F(CliNames, NamesAreTakenApartWhenAskedFor) {

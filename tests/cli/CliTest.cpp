@@ -155,6 +155,10 @@ TEST(CliInfoTest, GivesWhatTheTagsAskedForSay) {
   EXPECT_EQ(standard["album"], "");
   EXPECT_EQ(standard["track"], 0);
   EXPECT_TRUE(standard["length"].is_null());
+  const std::string older = folder.Write("b.mp3", Mp3Audio(116) + Mp3("Song", "Someone"));
+  const Json own = Json::parse(Cli({"info", "--json", "--tags", "all", older}).output);
+  EXPECT_EQ(own["title"], "Song");
+  EXPECT_TRUE(own["length"].is_number()) << "also where the title is not TagLib's";
   const std::string text = Cli({"info", "--tags", "all", path}).output;
   EXPECT_NE(text.find("album: アルバム\ntrack: 3\nyear: 2003\ngenre: Rock\nlength: 3023\n"), std::string::npos) << text;
 }

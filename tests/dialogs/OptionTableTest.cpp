@@ -41,7 +41,8 @@ std::map<std::string, std::vector<std::string>> Pages() {
 TEST(OptionTable, HasThePagesInTheOrderInWhichAPersonWorks) {
   std::vector<std::string> captions;
   for (const OptionPage& page : OptionPages()) captions.emplace_back(page.caption);
-  EXPECT_THAT(captions, ElementsAre("フォルダ", "リスト", "リネーム", "適応", "移動", "プレイヤー", "システム", "拡張"));
+  EXPECT_THAT(captions,
+              ElementsAre("フォルダ", "リスト", "リネーム", "適応", "移動", "プレイヤー", "システム", "拡張"));
 }
 
 TEST(OptionTable, HasEveryControlInItsFrame) {

@@ -237,5 +237,25 @@ TEST_F(CommandsOfMainWindow, ShiftF10OpensTheRowMenu) {
   EXPECT_EQ(keys.items, expected);
 }
 
+// Native lists have keys of their own: Ctrl+P goes up in GTK's.
+TEST_F(MainWindowTest, KeysOfTheMenusWorkInTheList) {
+  folder.Write("a.txt", "");
+  folder.Write("b.txt", "");
+  OpenFolder();
+  Frame().List().Window().SetFocus();
+  Drain();
+  for (const int modifiers : {int{wxMOD_CONTROL}, wxMOD_CONTROL | wxMOD_SHIFT}) {
+    bool patternOpened = false;
+    dialogs.Use([&](wxDialog& dialog) {
+      patternOpened = dialog.GetName() == "frmPattern";
+      dialog.EndModal(wxID_CANCEL);
+    });
+    wxUIActionSimulator().Char('P', modifiers);
+    EXPECT_TRUE(Until([&] { return patternOpened; })) << modifiers;
+    Drain();
+  }
+  EXPECT_EQ(List().SelectedIndex(), 1);
+}
+
 }  // namespace
 }  // namespace quillon::test

@@ -265,5 +265,24 @@ TEST_F(MovingInMainWindow, ALongMoveOfOneFileIsShownAndCancelled) {
   ExpectNothingMoved();
 }
 
+// A box of the main window would lie behind the wait window.
+TEST_F(MainWindowTest, AFailureOfARunOpensOverTheWaitWindow) {
+  folder.Write("a.txt", "");
+  folder.Write("b.txt", "");
+  OptionValues options = Options();
+  options.update.automatic = true;
+  OpenFolder(options);
+  bool overWaitWindow = false;
+  dialogs.Use([&](wxDialog& box) {
+    overWaitWindow = box.GetParent() != nullptr && box.GetParent() == WaitWindow();
+    box.EndModal(wxID_OK);
+  });
+  OptionValues::Modify rules;
+  rules.rules[0] = {.active = true, .find = "b", .replacement = "a"};
+  App().ModifyRows(Rows::kAll, rules);
+  EXPECT_TRUE(overWaitWindow);
+  EXPECT_TRUE(folder.Exists("b.txt"));
+}
+
 }  // namespace
 }  // namespace quillon::test

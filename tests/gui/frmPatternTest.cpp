@@ -107,7 +107,7 @@ class PatternDialog : public testing::Test {
 TEST_F(PatternDialog, ShowsThePreviewWithItsProblems) {
   Open();
   EXPECT_EQ(PatternText(), "{title}");
-  EXPECT_TRUE(Summary("1 個の名前が変わります、2 個に問題があります")) << Label("lblSummary");
+  EXPECT_TRUE(Summary("2 個の名前が変わります、2 個に問題があります")) << Label("lblSummary");
   EXPECT_EQ(Cell(0, 0), "1.mid");
   EXPECT_EQ(Cell(0, 1), "さくら.mid");
   EXPECT_EQ(Cell(0, 2), "");
@@ -120,7 +120,7 @@ TEST_F(PatternDialog, ShowsThePreviewWithItsProblems) {
 TEST_F(PatternDialog, ThePreviewFollowsEveryControl) {
   Open();
   Pattern().SetValue(ToWx("{n}x{title|none}"));
-  EXPECT_TRUE(Summary("2 個の名前が変わります、1 個に問題があります")) << Label("lblSummary");
+  EXPECT_TRUE(Summary("3 個の名前が変わります、1 個に問題があります")) << Label("lblSummary");
   EXPECT_EQ(Cell(1, 1), "2xnone.mid");
   const auto spin = [this](const char* name, int value) {
     auto& control = Get<wxSpinCtrl>(name);

@@ -10,9 +10,12 @@
 #include <vector>
 
 #include "app/CommandTable.h"
+#include "base/Text.h"
 #include "dialogs/OptionTable.h"
 #include "help/HelpFolder.h"
 #include "help/SourceTexts.h"
+#include "media/MediaType.h"
+#include "tags/TagLibReader.h"
 
 /// The help describes everything that the program has, and nothing else.
 namespace quillon::test {
@@ -143,6 +146,21 @@ TEST(HelpCompleteness, QuotesEveryMessageThatAsksOrReportsAFailure) {
     EXPECT_TRUE(quoted.contains(text.line)) << text.file << ": " << text.line;
   }
   EXPECT_GE(count, 40u);
+}
+
+TEST(HelpCompleteness, NamesTheTypesWhoseTagsAreRead) {
+  const std::vector<Node> codes = PageOf("tags.html").Find("//h2[@id='formats']/following-sibling::table[1]//code");
+  std::size_t count = 0;
+  for (const Node& code : codes) {
+    std::istringstream extensions(code.Text());
+    for (std::string extension; extensions >> extension; ++count) {
+      EXPECT_TRUE(HasMoreTags(GetMediaType(ToUpper(extension)))) << extension;
+    }
+  }
+  EXPECT_GE(count, 30u);
+  for (const std::string_view extension : UsualMusicExtensions()) {
+    EXPECT_THAT(TextOf("tags.html"), HasSubstr(std::string(extension)));
+  }
 }
 
 struct Window {

@@ -99,7 +99,7 @@ TEST(PatternPreview, TellsEveryProblem) {
   EXPECT_EQ(preview.Problem(7), "7 行目と同じ名前になります") << "also of a row that keeps it";
   EXPECT_EQ(preview.Problem(8), "");
   EXPECT_EQ(preview.NewName(1), "a?b.mid");
-  EXPECT_EQ(preview.Summary(), "2 個の名前が変わります、6 個に問題があります");
+  EXPECT_EQ(preview.Summary(), "7 個の名前が変わります、6 個に問題があります");
 }
 
 TEST(PatternPreview, TellsThatARowIsSkipped) {

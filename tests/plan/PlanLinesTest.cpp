@@ -43,11 +43,11 @@ TEST(PlanLines, ADamagedLineIsToldWithItsNumber) {
 }
 
 TEST(NameLines, OneNamePerLine) {
-  const std::vector<NameLine> expected = {{1, std::nullopt, "一"}, {2, std::nullopt, ""}, {3, std::nullopt, " {two} "}};
-  EXPECT_EQ(NamesIn("一\n\n {two} \n"), expected);
-  EXPECT_EQ(NamesIn("\xEF\xBB\xBF一\r\n\r\n {two} "), expected);
+  const std::vector<NameLine> expected = {{1, std::nullopt, "一"}, {2, std::nullopt, " {two} "}};
+  EXPECT_EQ(NamesIn("一\n {two} \n"), expected);
+  EXPECT_EQ(NamesIn("\xEF\xBB\xBF一\r\n {two} "), expected);
+  EXPECT_EQ(NamesIn("一\n {two} \n\n \r\n"), expected) << "blank lines at the end";
   EXPECT_THAT(NamesIn(""), IsEmpty());
-  EXPECT_EQ(NamesIn("\n").size(), 1U);
 }
 
 TEST(NameLines, OrObjectsThatSayWhichFile) {
@@ -55,8 +55,21 @@ TEST(NameLines, OrObjectsThatSayWhichFile) {
               ElementsAre(NameLine{1, "/a.mid", "一"}, NameLine{3, "b", "two"}));
 }
 
+TEST(NameLines, ABlankNameAndOneThatIsNotUtf8AreToldWithTheirNumber) {
+  for (const char* const line : {"", " ", "\t ", "\x82\xA0"}) {
+    const auto names = ReadNameLines(std::string("一\n") + line + "\n二\n");
+    ASSERT_FALSE(names.Ok()) << line;
+    EXPECT_EQ(names.Failure(), 2U);
+  }
+}
+
+TEST(NameLines, BlankLinesMayStandBeforeObjects) {
+  EXPECT_THAT(NamesIn("\n \r\n{\"path\":\"b\",\"name\":\"two\"}\n"), ElementsAre(NameLine{3, "b", "two"}));
+}
+
 TEST(NameLines, ADamagedObjectIsToldWithItsNumber) {
-  for (const char* const line : {"x", "{}", R"({"path":"","name":"x"})", R"({"path":"/a"})", R"({"name":"x"})"}) {
+  for (const char* const line :
+       {R"({"path":"/a","name":" "})", "x", "{}", R"({"path":"","name":"x"})", R"({"path":"/a"})", R"({"name":"x"})"}) {
     const auto names = ReadNameLines(std::string("{\"path\":\"/a\",\"name\":\"x\"}\n") + line);
     ASSERT_FALSE(names.Ok()) << line;
     EXPECT_EQ(names.Failure(), 2U);

@@ -209,6 +209,20 @@ TEST_F(UndoTest, AMoveToAnotherVolumeIsTakenBackAlsoWhenTheFileWasRenamedBeforeA
   EXPECT_THAT(UndoBy(volumes, UndoMode::kApply), IsEmpty());
 }
 
+TEST_F(UndoTest, AFileThatWentToOtherVolumesSeveralTimesComesBack) {
+  OtherVolumes volumes(disk_, disk_);
+  LoggedChanges logged(volumes, disk_, log_);
+  ASSERT_TRUE(logged.Move(At("a"), At("other/a")));
+  EXPECT_EQ(logged.Rename(At("other/a"), At("other/y")), std::nullopt);
+  ASSERT_TRUE(logged.Move(At("other/y"), At("y")));
+  ASSERT_TRUE(logged.Move(At("y"), At("other/z")));
+  const std::vector<UndoStep> expected = {Back("other/z", "y"), Back("y", "other/y"), Back("other/y", "other/a"),
+                                          Back("other/a", "a")};
+  EXPECT_EQ(UndoBy(volumes, UndoMode::kApply), expected);
+  ExpectAllBack();
+  EXPECT_THAT(UndoBy(volumes, UndoMode::kApply), IsEmpty());
+}
+
 TEST_F(UndoTest, AMoveThatWasKilledBeforeItsCopyWasLoggedIsTakenBack) {
   disk_.secondDevice = At("other");
   OtherVolumes volumes(disk_, disk_);

@@ -50,7 +50,7 @@ ProcessResult RunProcess(const std::string& program, const std::vector<std::stri
   DWORD exitCode = 127;
   const bool started =
       CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process) != 0;
-  EXPECT_TRUE(started) << program;
+  EXPECT_TRUE(started) << program << ", error " << GetLastError();
   if (started) {
     WaitForSingleObject(process.hProcess, INFINITE);
     GetExitCodeProcess(process.hProcess, &exitCode);

@@ -242,19 +242,29 @@ void frmMain::ShowRowMenu(wxPoint screen) {
   PopupMenu(menu.get(), ScreenToClient(screen));
 }
 
-// Handles the row menu's keys while the list has the focus.
+// Handles the row menu's keys while the list has the focus, and the menu bar's, some of which the native list would use
+// itself (Ctrl+P goes up in GTK's).
 bool frmMain::UseListKey(const wxKeyEvent& event) {
-  wxAcceleratorEntry pressed(event.GetModifiers() == wxMOD_SHIFT ? wxACCEL_SHIFT : wxACCEL_NORMAL, event.GetKeyCode());
-  if (event.GetModifiers() != wxMOD_NONE && event.GetModifiers() != wxMOD_SHIFT) return false;
-  for (const Command command : RowMenuCommands()) {
+  int modifiers = wxACCEL_NORMAL;
+  if (event.ControlDown()) modifiers |= wxACCEL_CTRL;
+  if (event.ShiftDown()) modifiers |= wxACCEL_SHIFT;
+  if (event.AltDown()) modifiers |= wxACCEL_ALT;
+  const auto isPressed = [&](Command command) {
     const CommandEntry& entry = EntryOf(command);
     wxAcceleratorEntry key;
-    if (*entry.shortcut == '\0' || !key.FromString(wxString('\t') + entry.shortcut)) continue;
-    if (key.GetFlags() != pressed.GetFlags() || key.GetKeyCode() != pressed.GetKeyCode()) continue;
-    CallAfter([this, command] { Run(command); });
+    return *entry.shortcut != '\0' && key.FromString(wxString('\t') + entry.shortcut) && key.GetFlags() == modifiers &&
+           key.GetKeyCode() == event.GetKeyCode();
+  };
+  const auto runs = [&](std::span<const Command> commands) {
+    const auto found = std::find_if(commands.begin(), commands.end(), isPressed);
+    if (found == commands.end()) return false;
+    CallAfter([this, command = *found] { Run(command); });
     return true;
-  }
-  return false;
+  };
+  if (runs(RowMenuCommands())) return true;
+  if (modifiers == wxACCEL_NORMAL) return false;
+  const std::span<const MenuEntries> menus = MenuBarEntries();
+  return std::any_of(menus.begin(), menus.end(), [&](const MenuEntries& menu) { return runs(menu.commands); });
 }
 
 void frmMain::OnStatusBarClick(wxMouseEvent& event) {

@@ -26,8 +26,9 @@ void frmPattern::Build() {
   column->AddSpacer(FromDIP(kGap));
   column->Add(MakePatternRow(), line);
   lblError_ = MakeLine("lblError");
-  column->Add(lblError_,
-              wxSizerFlags().Expand().Border(wxALL, FromDIP(kSmallGap)).Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
+  column->AddSpacer(FromDIP(kSmallGap));
+  column->Add(lblError_, line);
+  column->AddSpacer(FromDIP(kSmallGap));
   column->Add(MakeFieldButtons(), group);
   auto* below = new wxBoxSizer(wxHORIZONTAL);
   below->Add(MakeCounterBox(), wxSizerFlags().Expand());

@@ -66,7 +66,7 @@ frmWait::Window::Window(wxWindow* parent, const std::string& headline, const std
                         std::function<void()> cancel)
     : wxDialog(parent, wxID_ANY, wxTheApp->GetAppDisplayName(), wxDefaultPosition, wxDefaultSize, StyleOver(parent)),
       cancel_(std::move(cancel)) {
-  SetName("frmWait");
+  SetName(kWaitWindow);
   auto* column = new wxBoxSizer(wxVERTICAL);
   lblHeadline_ = AddLabel(*column, "lblHeadline", 0);
   column->AddSpacer(FromDIP(kGap));
