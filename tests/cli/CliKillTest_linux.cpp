@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <functional>
 #include <random>
 #include <string>
 #include <thread>
@@ -38,8 +39,8 @@ std::string PlanFor(const TempFolder& folder) {
   return plan;
 }
 
-/// Runs the program and kills it after this time; true when it was still running.
-bool KilledAfter(microseconds time, std::vector<std::string> words) {
+/// Runs the program and kills it once `isDue`; true when it was still running.
+bool Killed(const std::function<bool()>& isDue, std::vector<std::string> words) {
   words.insert(words.begin(), CliPath());
   std::vector<char*> pointers;
   for (std::string& word : words) pointers.push_back(word.data());
@@ -52,11 +53,19 @@ bool KilledAfter(microseconds time, std::vector<std::string> words) {
     execv(pointers[0], pointers.data());
     _exit(127);
   }
-  std::this_thread::sleep_for(time);
-  kill(child, SIGKILL);
   int status = 0;
+  while (!isDue()) {
+    if (waitpid(child, &status, WNOHANG) == child) return false;
+    std::this_thread::sleep_for(microseconds(50));
+  }
+  kill(child, SIGKILL);
   EXPECT_EQ(waitpid(child, &status, 0), child);
   return WIFSIGNALED(status);
+}
+
+bool KilledAfter(microseconds time, const std::vector<std::string>& words) {
+  const auto end = Clock::now() + time;
+  return Killed([end] { return Clock::now() >= end; }, words);
 }
 
 TEST(CliKill, APlanThatIsKilledAtAnyMomentIsTakenBackWhole) {
@@ -80,9 +89,10 @@ TEST(CliKill, APlanThatIsKilledAtAnyMomentIsTakenBackWhole) {
   for (int round = 0; round <= 60; ++round) {
     if (round > 0) {
       files.Write("log");
-      const microseconds time(random() % static_cast<unsigned>(whole.count()));
-      killed += KilledAfter(time, words) ? 1 : 0;
-      const std::size_t logged = Lines(files.Read("log")).size();
+      const std::size_t moment = random() % steps;  // in lines of the log
+      const auto logLines = [&] { return Lines(files.Read("log")).size(); };
+      killed += Killed([&] { return logLines() >= moment; }, words) ? 1 : 0;
+      const std::size_t logged = logLines();
       between += logged > 0 && logged < steps ? 1 : 0;
       // The way back is killed, too.
       KilledAfter(microseconds(random() % static_cast<unsigned>(whole.count())), {"undo", "--apply", log});

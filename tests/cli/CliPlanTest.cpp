@@ -171,15 +171,6 @@ TEST_F(CliNames, PortableNamesAreMadeOfWhatTheOtherOptionsGive) {
   EXPECT_EQ(folder_.Read("end.mid"), "c.mid");
 }
 
-TEST(CliPortable, AFileWithoutAnExtensionGetsItToo) {
-  const TempFolder folder;
-  folder.Write("end...");
-  folder.Write("plain");
-  const ProcessResult result = Cli({"rename", "--portable", "--all", folder.Path()});
-  EXPECT_EQ(result.output, folder.At("end...") + " -> " + folder.At("end") + "\n") << "plain is no mistake";
-  EXPECT_EQ(result.exitCode, 0) << result.output;
-}
-
 TEST_F(CliNames, NamesAreTakenApartWhenAskedFor) {
   EXPECT_EQ(RunNames("が\nb\nc\n", {"--apply", "--normalize", "nfd"}).exitCode, 0);
   EXPECT_TRUE(folder_.Exists("か\u3099.mid"));

@@ -138,6 +138,15 @@ bool HasJapanese(const std::string& text) {
   return std::any_of(text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
 }
 
+TEST(CliPortable, AFileWithoutAnExtensionGetsItToo) {
+  const TempFolder folder;
+  folder.Write("end...");
+  folder.Write("plain");
+  const ProcessResult result = CliIn({"LC_ALL=ja_JP.UTF-8"}, {"rename", "--portable", "--all", folder.Path()});
+  EXPECT_EQ(result.output, folder.At("end...") + " -> " + folder.At("end") + "\n") << "plain is no mistake";
+  EXPECT_EQ(result.exitCode, 0) << result.output;
+}
+
 TEST(CliLocaleTest, TheFirstVariableThatIsSetChoosesTheLanguage) {
   const struct {
     std::vector<std::string> locale;
