@@ -6,12 +6,14 @@ set -eu
 export QUILLON_SOUND_FOLDER
 QUILLON_SOUND_FOLDER=$(mktemp -d)
 
-# Ends with this process, also after exec, however that ends.
+# Ends with this process, also after exec, however that ends. A session bus, which is found by the display, too, takes
+# one server only; programs with a server each run beside one another.
 # shellcheck disable=SC2016
 setpriv --pdeathsig TERM bash -c '
   trap : TERM
   exec >"$QUILLON_SOUND_FOLDER/log" 2>&1 </dev/null
-  env -u DBUS_SESSION_BUS_ADDRESS -u PULSE_SERVER HOME="$QUILLON_SOUND_FOLDER" XDG_CONFIG_HOME="$QUILLON_SOUND_FOLDER" \
+  env -u DBUS_SESSION_BUS_ADDRESS -u DISPLAY -u PULSE_SERVER HOME="$QUILLON_SOUND_FOLDER" \
+    XDG_CONFIG_HOME="$QUILLON_SOUND_FOLDER" \
     XDG_RUNTIME_DIR="$QUILLON_SOUND_FOLDER" pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
     -L "module-native-protocol-unix socket=$QUILLON_SOUND_FOLDER/native auth-anonymous=1" \
     -L "module-null-sink sink_name=null norewinds=1" &
