@@ -14,7 +14,6 @@ TagsOffer::TagsOffer(const Session& session, FileReads& files, TagsBar& bar, Pro
 void TagsOffer::Offer(std::size_t files) {
   if (state_ == State::kAnswered) return;
   if (session_.list.Count() == 0) {
-    count_ = 0;
     if (state_ == State::kShown) Decline();
     return;
   }

@@ -23,8 +23,8 @@ class TagsOffer {
   TagsOffer(const Session& session, FileReads& files, TagsBar& bar, ProgressDisplay& progress, const Screen& screen);
 
   /// Call it after each command, with the number of files with such tags that the command has added. The bar appears at
-  /// the first one; while it shows, it counts on. It disappears with the last row, and when the option is
-  /// switched on elsewhere, which reads the rows as Accept does.
+  /// the first one; while it shows, it counts on. It disappears with the last row. When the option is switched on
+  /// elsewhere, the rows are read as by Accept.
   void Offer(std::size_t files);
 
   /// Switches the option on and reads the listed rows that have no title once more. Their rename names stay.

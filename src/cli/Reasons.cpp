@@ -130,8 +130,7 @@ std::string SkippedCount(int skipped) {
 
 std::string LeftAloneCount(int count) {
   if (UserReadsJapanese()) return LeftAloneText(count);
-  return "Names left as they are, because replacing would not end or make them longer than 32,767 characters: " +
-         std::to_string(count) +
+  return Counting(messages::kLeftAlone, count) +
          "\r\n"
          "See that the replacement does not hold the text that is searched for, or characters that are not allowed";
 }

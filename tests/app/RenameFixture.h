@@ -47,4 +47,23 @@ struct RenameFixture : CommandFixture {
   }
 };
 
+/// One file for each title: "1.mid", "2.mid" and so on.
+struct TitledFixture : RenameFixture {
+  NoRegex regex;
+
+  explicit TitledFixture(const std::vector<std::string>& titles) : RenameFixture(FileNames(titles.size())) {
+    for (std::size_t i = 0; i < titles.size(); ++i) {
+      FileItem row = list.Row(static_cast<int>(i) + 1);
+      row.title = titles[i];
+      list.Replace(static_cast<int>(i) + 1, row);
+    }
+  }
+
+  static std::vector<std::string> FileNames(std::size_t count) {
+    std::vector<std::string> names;
+    for (std::size_t i = 1; i <= count; ++i) names.push_back(std::to_string(i) + ".mid");
+    return names;
+  }
+};
+
 }  // namespace quillon::test

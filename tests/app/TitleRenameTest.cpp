@@ -12,29 +12,15 @@ namespace quillon {
 namespace {
 
 using test::CheckedRows;
-using test::RenameFixture;
 using test::RenameNames;
+using test::TitledFixture;
 using Indices = std::vector<int>;
 using Texts = std::vector<std::string>;
 
-struct Fixture : RenameFixture {
-  test::NoRegex regex;
+struct Fixture : TitledFixture {
   NameCommands titles{session, applying, regex, ports.progress, screen, std::chrono::milliseconds(0)};
 
-  /// One file for each title: "1.mid", "2.mid" and so on.
-  explicit Fixture(const Texts& rowTitles) : RenameFixture(FileNames(rowTitles.size())) {
-    for (std::size_t i = 0; i < rowTitles.size(); ++i) {
-      FileItem row = list.Row(static_cast<int>(i) + 1);
-      row.title = rowTitles[i];
-      list.Replace(static_cast<int>(i) + 1, row);
-    }
-  }
-
-  static Texts FileNames(std::size_t count) {
-    Texts names;
-    for (std::size_t i = 1; i <= count; ++i) names.push_back(std::to_string(i) + ".mid");
-    return names;
-  }
+  using TitledFixture::TitledFixture;
 };
 
 TEST(TitleRename, SetsEveryRenameNameToItsTitle) {
