@@ -114,6 +114,10 @@ struct OptionValues {
     std::int32_t patternWidth = 1;  ///< digits of the counter, at least
     PatternInvalid patternInvalid = PatternInvalid::kKept;
     std::string patternReplacement;  ///< for PatternInvalid::kReplaced
+    bool runRulesOnce = false;       ///< a replace rule is applied once, not once per row of the list
+    bool confirmPending = false;     ///< asks at the end while rename names are not applied
+    bool toolBarLabels = false;      ///< the tool bar shows its buttons' labels
+    bool maximized = false;          ///< the main window
   } extra;
 
   /// The options dialog has stored its boxes. The settings file then gets 1 and 0, also where it holds another number

@@ -90,6 +90,10 @@ void VisitSettings(Options& options, Visitor visit) {
   visit("Extra", "PatternWidth", options.extra.patternWidth, kExtra);
   visit("Extra", "PatternInvalid", options.extra.patternInvalid, kExtra);
   visit("Extra", "PatternReplacement", options.extra.patternReplacement, kExtra);
+  visit("Extra", "RunRulesOnce", options.extra.runRulesOnce, kExtra);
+  visit("Extra", "ConfirmPending", options.extra.confirmPending, kExtra);
+  visit("Extra", "ToolBarLabels", options.extra.toolBarLabels, kExtra);
+  visit("Extra", "Maximized", options.extra.maximized, kExtra);
 }
 
 }  // namespace quillon

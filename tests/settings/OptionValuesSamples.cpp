@@ -67,6 +67,10 @@ void DescribeExtra(Description& text, const OptionValues::Extra& extra) {
   text.Add("patternWidth", extra.patternWidth);
   text.Add("patternInvalid", static_cast<int>(extra.patternInvalid));
   text.Add("patternReplacement", extra.patternReplacement);
+  text.Add("runRulesOnce", extra.runRulesOnce);
+  text.Add("confirmPending", extra.confirmPending);
+  text.Add("toolBarLabels", extra.toolBarLabels);
+  text.Add("maximized", extra.maximized);
 }
 
 void DescribeFind(Description& text, const OptionValues::Find& find) {
@@ -178,7 +182,7 @@ OptionValues RandomOptionValues(unsigned seed) {
              find.html.extensions, find.media.extensions, find.text.extensions);
   random(move.keepMovedRows);
   random.All(extra.readMoreTags, extra.patternStart, extra.patternStep, extra.patternWidth, extra.patternInvalid,
-             extra.patternReplacement);
+             extra.patternReplacement, extra.runRulesOnce, extra.confirmPending, extra.toolBarLabels, extra.maximized);
   for (std::string& pattern : extra.patterns) random(pattern);
   return options;
 }
