@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/Finally.h"
+#include "base/Text.h"
 #include "media/MediaInfo.h"
 #include "paths/basFileControl.h"
 #include "platform/Shell.h"
@@ -33,6 +34,7 @@ Application::Application(OptionValues options, Paths paths, Ports ports, PathSty
       applying_(session_, engine_, ports_.system.files, screen_),
       names_(session_, applying_, regex_, ports_.dialogs.waiting, screen_),
       editing_(session_, applying_, names_, ports_.window.renameBox, screen_),
+      edits_(session_, screen_),
       fileCommands_(session_, listCommands_, {ports_.system.files, ports_.system.changes, ports_.system.ownerWindow},
                     {ports_.dialogs.loading.folders, ports_.dialogs.waiting}, screen_),
       tagsOffer_(session_, ports_.system.files, ports_.window.tagsBar, ports_.dialogs.loading.progress, screen_) {}
@@ -42,13 +44,18 @@ void Application::Start() {
   SetRepeat(options_.player.repeat);
   status_.SetModeText(ApplyModeText(mode_));
   status_.ShowPlayerIdle();
+  if (options_.extra.toolBarLabels) ports_.window.main.ShowToolBarLabels(true);
   Reset();
 }
 
-void Application::Run(const std::function<void()>& action) {
+// Edits are not recorded in auto-apply mode: they are on the disk at once.
+void Application::Run(const std::function<void()>& action, EditHistory::Merging merging) {
   if (running_) return;
   running_ = true;
   const Finally done([this] { running_ = false; });
+  status_.EndResult();
+  if (!mode_.automatic) list_.Edits().Begin(merging);
+  const Finally recorded([this] { list_.Edits().End(); });
   try {
     action();
   } catch (...) {
@@ -77,8 +84,8 @@ bool Application::IsEnabled(Command command) const {
 void Application::Execute(Command command) {
   if (!IsEnabled(command)) return;
   const CommandEntry& entry = EntryOf(command);
-  const CommandTargets targets = {*this,     ports_.window.main, loading_,      listCommands_,
-                                  applying_, editing_,           fileCommands_, player_};
+  const CommandTargets targets = {*this,  ports_.window.main, loading_, listCommands_, applying_, editing_,
+                                  edits_, fileCommands_,      player_};
   if (entry.runs == Runs::kAsEvent) return entry.action(targets);
   RunExclusively([&] { entry.action(targets); });
 }
@@ -97,7 +104,10 @@ void Application::OpenFiles() {
       ports_.window.main.ChooseFiles(kOpenFileTitle, OpenFileFilters(options_.find), options_.system.loadFolder));
 }
 
+// The dialog may stay open and run rules several times within its command: each run is a step of its own.
 void Application::ModifyRows(Rows rows, const OptionValues::Modify& rules) {
+  list_.Edits().End();
+  if (!mode_.automatic) list_.Edits().Begin(EditHistory::Merging::kNever);
   names_.ModifyRows(rows, rules);
   editing_.Refresh();
 }
@@ -118,6 +128,11 @@ void Application::EditLabel() {
 void Application::ToggleAlwaysOnTop() {
   options_.system.alwaysOnTop = !options_.system.alwaysOnTop;
   ports_.window.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
+}
+
+void Application::ToggleToolBarLabels() {
+  options_.extra.toolBarLabels = !options_.extra.toolBarLabels;
+  ports_.window.main.ShowToolBarLabels(options_.extra.toolBarLabels);
 }
 
 void Application::SetRepeat(bool repeat) {
@@ -199,7 +214,7 @@ void Application::LabelEdited(int index, const std::string& name) {
 }
 
 void Application::RenameBoxChanged() {
-  Run([&] { editing_.Changed(); });
+  Run([&] { editing_.Changed(); }, EditHistory::Merging::kTyping);
 }
 
 void Application::RenameBoxEntered() {
@@ -216,6 +231,19 @@ void Application::RenameBoxFocused() {
 
 void Application::RenameBoxClicked() {
   Run([&] { editing_.Clicked(); });
+}
+
+bool Application::MayEnd() {
+  if (!options_.extra.confirmPending || options_.system.suppressConfirmations || list_.PendingCount() == 0) return true;
+  bool ends = false;
+  Run([&] {
+    ends = ports_.dialogs.boxes.Show({"終了",
+                                      "適応していないリネーム名が " +
+                                          FormatThousands(static_cast<std::uint64_t>(list_.PendingCount())) +
+                                          " 個あります\r\n終了すると失われます。終了しますか",
+                                      MessageIcon::kQuestion, MessageButtons::kYesNo});
+  });
+  return ends;
 }
 
 bool Application::SaveSettings(WindowGeometry geometry) {

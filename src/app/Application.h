@@ -6,6 +6,7 @@
 
 #include "app/ApplyCommands.h"
 #include "app/CommandTable.h"
+#include "app/EditCommands.h"
 #include "app/FileCommands.h"
 #include "app/InformationPanel.h"
 #include "app/ListCommands.h"
@@ -48,6 +49,7 @@ class MainWindow {
   /// Stays open beside the main window.
   virtual void ShowFolderList() = 0;
   virtual void SetAlwaysOnTop(bool front) = 0;
+  virtual void ShowToolBarLabels(bool shown) = 0;
   /// Updates the check mark of mnuRepeat, and chkRepeat.
   virtual void SetRepeat(bool repeat) = 0;
   /// Whether the window accepts commands; off while one runs.
@@ -68,6 +70,7 @@ struct CommandTargets {
   ListCommands& list;
   ApplyCommands& applying;
   RenameEditing& editing;
+  EditCommands& edits;
   FileCommands& files;
   MusicPlayer& player;
 };
@@ -168,6 +171,7 @@ class Application : private FilePanel {
   void SwitchMode();
   void ToggleRepeat() { SetRepeat(!options_.player.repeat); }
   void ToggleAlwaysOnTop();
+  void ToggleToolBarLabels();
   void EditLabel();
 
   // Events of the list. The rows' selected flags must already match the screen.
@@ -187,6 +191,9 @@ class Application : private FilePanel {
 
   void WindowResized() { information_.RefillFileName(); }
 
+  /// Asks whether the program may end while rename names are not applied, if the options say so.
+  [[nodiscard]] bool MayEnd();
+
   /// Writes every setting but the stored apply mode. False when the file cannot be read or written.
   bool SaveSettings(WindowGeometry geometry);
 
@@ -196,7 +203,7 @@ class Application : private FilePanel {
   void ShowRow(int index) override;
   void ShowFileName(const std::string& path) override;
 
-  void Run(const std::function<void()>& action);
+  void Run(const std::function<void()>& action, EditHistory::Merging merging = EditHistory::Merging::kNever);
   void RunExclusively(const std::function<void()>& action);
 
   Ports ports_;
@@ -218,6 +225,7 @@ class Application : private FilePanel {
   ApplyCommands applying_;
   NameCommands names_;
   RenameEditing editing_;
+  EditCommands edits_;
   FileCommands fileCommands_;
   TagsOffer tagsOffer_;
   bool running_ = false;

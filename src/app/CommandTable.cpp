@@ -56,9 +56,15 @@ constexpr std::array kEntries = {
                  [](To to) { to.list.mnuTurnChk(); }},
     CommandEntry{mnuUnChkListRem, "チェックのないアイテムをリストから削除(&D)", "", Needs::kRows, InMode::kAny,
                  [](To to) { to.list.mnuUnChkListRem(); }},
+    CommandEntry{mnuEditUndo, "直前の編集を取り消す(&Z)", "Ctrl+Z", Needs::kUndo, InMode::kManual,
+                 [](To to) { to.edits.mnuEditUndo(); }},
+    CommandEntry{mnuEditRedo, "取り消した編集をやり直す(&Y)", "Ctrl+Y", Needs::kRedo, InMode::kManual,
+                 [](To to) { to.edits.mnuEditRedo(); }},
+    CommandEntry{mnuNextPending, "次の未適応へ(&N)", "F8", Needs::kPendingRows, InMode::kAny,
+                 [](To to) { to.edits.mnuNextPending(); }},
     CommandEntry{mnuPlay, "再生(&P)", "", Needs::kSelectedRow, InMode::kAny, [](To to) { to.player.mnuPlay(); }},
     CommandEntry{mnuPause, "一時停止(&U)", "F7", Needs::kNothing, InMode::kAny, [](To to) { to.player.PauseOrGoOn(); }},
-    CommandEntry{mnuStop, "停止(&S)", "F8", Needs::kNothing, InMode::kAny, [](To to) { to.player.cmdStop(); }},
+    CommandEntry{mnuStop, "停止(&S)", "Shift+F7", Needs::kNothing, InMode::kAny, [](To to) { to.player.cmdStop(); }},
     CommandEntry{mnuRepeat, "リピート(&R)", "F9", Needs::kNothing, InMode::kAny, [](To to) { to.app.ToggleRepeat(); },
                  Runs::kExclusively, [](const OptionValues& options) { return options.player.repeat; }},
     CommandEntry{mnuFront, "常に手前に表示(&F)", "", Needs::kNothing, InMode::kAny,
@@ -66,6 +72,9 @@ constexpr std::array kEntries = {
                  [](const OptionValues& options) { return options.system.alwaysOnTop; }},
     CommandEntry{mnuApplyMode, "適応モードの切り替え(&M)", "", Needs::kNothing, InMode::kAny,
                  [](To to) { to.app.SwitchMode(); }},
+    CommandEntry{mnuToolLabels, "ツールバーの文字を表示(&L)", "", Needs::kNothing, InMode::kAny,
+                 [](To to) { to.app.ToggleToolBarLabels(); }, Runs::kExclusively,
+                 [](const OptionValues& options) { return options.extra.toolBarLabels; }},
     CommandEntry{mnuDirShow, "フォルダ一覧(&D)", "Ctrl+D", Needs::kNothing, InMode::kAny,
                  [](To to) { to.main.ShowFolderList(); }},
     CommandEntry{mnuSortRenameName, "リネーム名(&R)", "", Needs::kRows, InMode::kAny,
@@ -103,12 +112,13 @@ constexpr std::array kEntries = {
 constexpr std::array kFileMenu = {
     mnuFolderReference, mnuFileLoad, mnuReload, mnuAllClear, kSeparator,           mnuUpdate,
     mnuAllUpdate,       kSeparator,  mnuOption, kSeparator,  mnuOptionDefaultExit, mnuExit};
-constexpr std::array kEditMenu = {mnuRename,  mnuAllRename, mnuPattern, mnuAllPattern,  kSeparator,
-                                  mnuModify,  mnuAllModify, kSeparator, mnuUndo,        mnuAllUndo,
-                                  kSeparator, mnuMove,      mnuAllMove, kSeparator,     mnuAllChk,
-                                  mnuChkRem,  mnuTurnChk,   kSeparator, mnuUnChkListRem};
+constexpr std::array kEditMenu = {
+    mnuEditUndo, mnuEditRedo,  kSeparator, mnuRename,  mnuAllRename, mnuPattern,      mnuAllPattern, kSeparator,
+    mnuModify,   mnuAllModify, kSeparator, mnuUndo,    mnuAllUndo,   kSeparator,      mnuMove,       mnuAllMove,
+    kSeparator,  mnuAllChk,    mnuChkRem,  mnuTurnChk, kSeparator,   mnuUnChkListRem, kSeparator,    mnuNextPending};
 constexpr std::array kPlayMenu = {mnuPlay, mnuPause, mnuStop, kSeparator, mnuRepeat};
-constexpr std::array kViewMenu = {mnuFront, mnuApplyMode, kSeparator, mnuSortRenameName, kSeparator, mnuDirShow};
+constexpr std::array kViewMenu = {mnuFront,          mnuApplyMode, mnuToolLabels, kSeparator,
+                                  mnuSortRenameName, kSeparator,   mnuDirShow};
 constexpr std::array kHelpMenu = {mnuShowHelp, kSeparator, mnuVarInfo};
 constexpr std::array kSortMenu = {mnuSortRenameName, mnuSortTitle, mnuSortArtist,
                                   mnuSortType,       mnuSortSize,  mnuSortLocation};
@@ -120,21 +130,27 @@ constexpr std::array kMenuBar = {MenuEntries{"ファイル(&F)", kFileMenu}, Men
                                  MenuEntries{"ヘルプ(&H)", kHelpMenu}};
 
 constexpr std::array kToolBar = {
-    ToolBarButton{mnuFolderReference, "フォルダ参照", "open-folder"},
-    ToolBarButton{mnuReload, "再読み込み", "reload"},
-    ToolBarButton{mnuUpdate, "ファイルに適応", "apply", mnuAllUpdate, "すべてファイルに適応(&A)"},
+    ToolBarButton{mnuFolderReference, "フォルダ参照", "open-folder", kSeparator, "", "フォルダ"},
+    ToolBarButton{mnuReload, "再読み込み", "reload", kSeparator, "", "再読み込み"},
+    ToolBarButton{mnuUpdate, "ファイルに適応", "apply", mnuAllUpdate, "すべてファイルに適応(&A)", "適応"},
     ToolBarButton{},
-    ToolBarButton{mnuRename, "タイトルにリネーム", "title", mnuAllRename, "すべてタイトルにリネーム(&R)"},
-    ToolBarButton{mnuModify, "リネーム名を編集", "modify", mnuAllModify, "すべてリネーム名を編集(&A)"},
-    ToolBarButton{mnuMove, "ファイルを移動", "move", mnuAllMove, "すべてファイルを移動(&A)"},
+    ToolBarButton{mnuRename, "タイトルにリネーム", "title", mnuAllRename, "すべてタイトルにリネーム(&R)", "タイトル"},
+    ToolBarButton{mnuModify, "リネーム名を編集", "modify", mnuAllModify, "すべてリネーム名を編集(&A)", "編集"},
+    ToolBarButton{mnuMove, "ファイルを移動", "move", mnuAllMove, "すべてファイルを移動(&A)", "移動"},
     ToolBarButton{},
-    ToolBarButton{mnuOption, "オプション", "options"},
+    ToolBarButton{mnuOption, "オプション", "options", kSeparator, "", "オプション"},
 };
 
 }  // namespace
 
 CommandState StateOf(const FileList& list, const ApplyMode& mode) {
-  return {list.Count(), list.CheckedCount(), list.SelectedCount() > 0, mode.automatic};
+  return {.rows = list.Count(),
+          .checked = list.CheckedCount(),
+          .selected = list.SelectedCount() > 0,
+          .automatic = mode.automatic,
+          .pending = list.PendingCount(),
+          .canUndo = list.Edits().CanUndo(),
+          .canRedo = list.Edits().CanRedo()};
 }
 
 const CommandEntry& EntryOf(Command command) {
@@ -157,6 +173,9 @@ bool IsEnabled(Command command, const CommandState& state) {
     case Needs::kRows: return state.rows > 0;
     case Needs::kCheckedRows: return state.checked > 0;
     case Needs::kSelectedRow: return state.selected;
+    case Needs::kPendingRows: return state.pending > 0;
+    case Needs::kUndo: return state.canUndo;
+    case Needs::kRedo: return state.canRedo;
   }
   return false;
 }

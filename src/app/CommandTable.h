@@ -37,12 +37,16 @@ enum class Command {
   mnuChkRem,
   mnuTurnChk,
   mnuUnChkListRem,
+  mnuEditUndo,
+  mnuEditRedo,
+  mnuNextPending,
   mnuPlay,
   mnuPause,
   mnuStop,
   mnuRepeat,
   mnuFront,
   mnuApplyMode,
+  mnuToolLabels,
   mnuDirShow,
   mnuSortRenameName,
   mnuSortTitle,
@@ -64,7 +68,7 @@ enum class Command {
 inline constexpr int kLastCommand = static_cast<int>(Command::mnuThisListDel);
 
 /// What a command needs to be enabled.
-enum class Needs { kNothing, kRows, kCheckedRows, kSelectedRow };
+enum class Needs { kNothing, kRows, kCheckedRows, kSelectedRow, kPendingRows, kUndo, kRedo };
 
 /// The apply mode in which a command is enabled.
 enum class InMode { kAny, kManual };
@@ -94,6 +98,9 @@ struct CommandState {
   int checked = 0;
   bool selected = false;
   bool automatic = false;
+  int pending = 0;
+  bool canUndo = false;
+  bool canRedo = false;
 };
 [[nodiscard]] CommandState StateOf(const FileList& list, const ApplyMode& mode);
 
@@ -123,6 +130,7 @@ struct ToolBarButton {
   const char* picture = "";           ///< a name in resources/icons
   Command all = Command::kSeparator;  ///< in its drop-down menu: the same for all rows; kSeparator: no menu
   const char* allCaption = "";
+  const char* shortLabel = "";  ///< below its picture, while labels are shown
 };
 
 /// Buttons 1 to 9.

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/Finally.h"
+#include "base/Text.h"
 #include "rename/ModifyRenameNames.h"
 #include "rename/TitleRename.h"
 
@@ -43,6 +44,7 @@ RunOutcome NameCommands::ModifyRows(Rows rows, const OptionValues::Modify& rules
     outcome = ModifyRenameNames(session_.list, rows, rules, regex_, ApplyAtOnce(), progress);
     MarkFailed(outcome);
   }
+  ShowChanged(outcome);
   Tell(outcome);
   return outcome;
 }
@@ -84,6 +86,11 @@ void NameCommands::RenameByPattern(Rows rows, const PatternRules& rules, const R
   MarkFailed(outcome);
   if (session_.options.rename.checkSkippedRows) Check(outcome.unnamed);
   Check(outcome.invalid);
+  ShowChanged(outcome);
+}
+
+void NameCommands::ShowChanged(const RunOutcome& outcome) {
+  screen_.status.ShowResult(FormatThousands(static_cast<std::uint64_t>(outcome.changed)) + " 個の名前を変更しました");
 }
 
 void NameCommands::Check(const std::vector<int>& rows) {

@@ -35,6 +35,7 @@ class NameCommands {
   [[nodiscard]] ShownProgress Shown() const;
   void Check(const std::vector<int>& rows);
   void MarkFailed(const RunOutcome& outcome);
+  void ShowChanged(const RunOutcome& outcome);
   void Tell(const RunOutcome& outcome);
 
   Session session_;

@@ -5,6 +5,7 @@
 #include <wx/icon.h>
 #include <wx/image.h>
 
+#include <regex>
 #include <string>
 #include <utility>
 
@@ -16,8 +17,12 @@ namespace {
 
 constexpr std::string_view kInk = "#000000";
 
+std::string ColourText(const wxColour& colour) {
+  return FromWx(wxString::Format("#%02x%02x%02x", colour.Red(), colour.Green(), colour.Blue()));
+}
+
 std::string InInk(std::string text, const wxColour& ink) {
-  const std::string colour = FromWx(wxString::Format("#%02x%02x%02x", ink.Red(), ink.Green(), ink.Blue()));
+  const std::string colour = ColourText(ink);
   for (std::size_t at = text.find(kInk); at != std::string::npos; at = text.find(kInk, at + colour.size())) {
     text.replace(at, kInk.size(), colour);
   }
@@ -45,6 +50,13 @@ wxBitmapBundle Picture(std::string_view name, int dip, const wxColour& ink) {
   if (text.empty()) return {};
   if (ink.IsOk()) text = InInk(std::move(text), ink);
   return wxBitmapBundle::FromSVG(text.data(), wxSize(dip, dip));
+}
+
+wxBitmapBundle GreyPicture(std::string_view name, int dip, const wxColour& grey) {
+  static const std::regex kColour("#[0-9a-fA-F]{6}");
+  const std::string text = std::regex_replace(std::string(PictureData(name)), kColour, ColourText(grey));
+  if (text.empty()) return {};
+  return wxBitmapBundle::FromSVG(text.c_str(), wxSize(dip, dip));
 }
 
 wxIconBundle ProgramIcons() {

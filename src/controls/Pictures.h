@@ -17,6 +17,9 @@ namespace quillon {
 /// SVG's black (#000000) is replaced with `ink`; its other colours stay. An unknown name gives an empty bundle.
 [[nodiscard]] wxBitmapBundle Picture(std::string_view name, int dip, const wxColour& ink);
 
+/// The same with every colour replaced by `grey`: the picture of a tool that cannot be used.
+[[nodiscard]] wxBitmapBundle GreyPicture(std::string_view name, int dip, const wxColour& grey);
+
 /// The program's icon in the sizes used by window frames and task bars.
 [[nodiscard]] wxIconBundle ProgramIcons();
 

@@ -32,11 +32,21 @@ void TextBox::Undo() {
     wxTextCtrl::Undo();
   } else if (other_) {
     const wxString before = GetValue();
+    const bool undone = undone_;
     wxTextCtrl::DoSetValue(*other_, SetValue_SendEvent);
     SetInsertionPointEnd();
     text_ = GetValue();
     other_ = before;
     typedUpTo_ = 0;
+    undone_ = !undone;
+  }
+}
+
+void TextBox::Redo() {
+  if (native_) {
+    wxTextCtrl::Redo();
+  } else if (undone_) {
+    Undo();
   }
 }
 
@@ -45,12 +55,14 @@ void TextBox::DoSetValue(const wxString& value, int flags) {
   text_ = GetValue();
   other_.reset();
   typedUpTo_ = 0;
+  undone_ = false;
 }
 
 void TextBox::Changed() {
   const wxString now = GetValue();
   if (now == text_) return;
   if (!ContinuesTyping(now)) other_ = text_;
+  undone_ = false;
   typedUpTo_ = now.length() == text_.length() + 1 ? FirstDifference(text_, now) + 1 : 0;
   text_ = now;
 }
@@ -62,6 +74,8 @@ bool TextBox::ContinuesTyping(const wxString& now) const {
 void TextBox::OnKeyDown(wxKeyEvent& event) {
   if (event.GetKeyCode() == 'Z' && event.GetModifiers() == wxMOD_CONTROL) {
     Undo();
+  } else if (event.GetKeyCode() == 'Y' && event.GetModifiers() == wxMOD_CONTROL) {
+    Redo();
   } else {
     event.Skip();
   }

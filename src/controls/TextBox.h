@@ -18,6 +18,7 @@ class TextBox final : public wxTextCtrl {
 
   bool CanUndo() const override;
   void Undo() override;
+  void Redo() override;
 
  protected:
   void DoSetValue(const wxString& value, int flags) override;
@@ -31,6 +32,7 @@ class TextBox final : public wxTextCtrl {
   bool native_;
   wxString text_;                  ///< the current text
   std::optional<wxString> other_;  ///< the text that Undo restores
+  bool undone_ = false;            ///< the last step was Undo: Redo reverts it
   std::size_t typedUpTo_ = 0;      ///< the index behind the character just typed; 0 when the last change was not typing
 };
 

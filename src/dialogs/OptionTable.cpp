@@ -115,7 +115,10 @@ constexpr std::array kTagControls = {
          "ID3v2.4、UTF-8 や APE のタグを持つ MP3、FLAC、Ogg Vorbis、Opus、MP4、WMA、AIFF、WAVE など\n"
          "次に読み込むファイルから有効になります"),
 };
-constexpr std::array kExtraPage = {OptionFrame{"ファイルの読み込み", kTagControls}};
+constexpr std::array kEndControls = {
+    Check("chkConfirmPending", "終了時に未適応の名前を確認する(&P)", "Extra", "ConfirmPending"),
+};
+constexpr std::array kExtraPage = {OptionFrame{"ファイルの読み込み", kTagControls}, OptionFrame{"終了", kEndControls}};
 
 constexpr std::array kPages = {OptionPage{"フォルダ", kFolderPage}, OptionPage{"リスト", kListPage},
                                OptionPage{"リネーム", kRenamePage}, OptionPage{"適応", kUpdatePage},

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/Text.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 
@@ -22,6 +23,13 @@ std::string ColumnText(const FileItem& item, Column column) {
     case Column::kLocation: return item.location;
   }
   return {};
+}
+
+bool IsPendingName(const FileItem& item, PathStyle style) {
+  const std::string_view present = BaseName(item.location, style);
+  if (item.renameName == present) return false;
+  const std::string_view name = TrimRight(item.renameName);
+  return name.empty() || (name != present && name != NameWithoutExtension(item.location, style));
 }
 
 bool HasNoTitle(const FileItem& item) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "media/MediaType.h"
+#include "platform/PathStyle.h"
 
 namespace quillon {
 
@@ -18,6 +19,7 @@ struct FileItem {
   std::uint32_t iconNumber = 0;  ///< of the small icon, see FileList::IconKey
   bool checked = false;
   bool selected = false;
+  bool pending = false;  ///< applying would rename the file; FileList keeps it up to date
 };
 
 /// The columns in the order in which the list shows them.
@@ -29,6 +31,10 @@ inline constexpr int kColumnCount = 6;
 
 /// The cell's text as the list shows it.
 [[nodiscard]] std::string ColumnText(const FileItem& item, Column column);
+
+/// True when the rename name is another one than the file's own name. Blanks at its end make no difference, because
+/// applying drops them; a file without extension is named by its whole name, too.
+[[nodiscard]] bool IsPendingName(const FileItem& item, PathStyle style = SystemPathStyle());
 
 /// True when the title is "" or "---", ignoring blanks around it.
 [[nodiscard]] bool HasNoTitle(const FileItem& item);

@@ -84,6 +84,8 @@ void FileList::Register(FileItem& item) {
   }
   if (item.checked) ++checkedCount_;
   if (item.selected) ++selectedCount_;
+  item.pending = IsPendingName(item, style_);
+  if (item.pending) ++pendingCount_;
 }
 
 void FileList::Unregister(FileItem& item) {
@@ -94,6 +96,8 @@ void FileList::Unregister(FileItem& item) {
   locations_.erase(place);
   if (item.checked) --checkedCount_;
   if (item.selected) --selectedCount_;
+  if (item.pending) --pendingCount_;
+  edits_.Forget(item);
 }
 
 void FileList::Reserve(std::size_t more) {
@@ -118,7 +122,10 @@ void FileList::Replace(int index, FileItem item) {
   if (row.location != item.location) Relocate(row, item.location);
   checkedCount_ += static_cast<int>(item.checked) - static_cast<int>(row.checked);
   item.selected = row.selected;
+  item.pending = row.pending;
   row = std::move(item);
+  UpdatePending(row);
+  edits_.Forget(row);
   firstChecked_.reset();
   RowTouched(index);
 }
@@ -128,8 +135,39 @@ void FileList::EndChanges() {
 }
 
 void FileList::SetRenameName(int index, std::string name) {
-  MutableRow(index).renameName = std::move(name);
+  FileItem& row = MutableRow(index);
+  edits_.Record(row);
+  row.renameName = std::move(name);
+  UpdatePending(row);
   RowTouched(index);
+}
+
+void FileList::UpdatePending(FileItem& row) {
+  const bool pending = IsPendingName(row, style_);
+  pendingCount_ += static_cast<int>(pending) - static_cast<int>(row.pending);
+  row.pending = pending;
+}
+
+std::vector<int> FileList::Restored(const std::vector<FileItem*>& changed) {
+  for (FileItem* row : changed) UpdatePending(*row);
+  std::vector<int> indices;
+  if (changed.empty()) return indices;
+  indices.reserve(changed.size());
+  const std::unordered_set<const FileItem*> wanted(changed.begin(), changed.end());
+  for (int index = 1; indices.size() < changed.size(); ++index) {
+    if (wanted.contains(&Row(index))) indices.push_back(index);
+  }
+  RowsTouched();
+  return indices;
+}
+
+int FileList::NextPending(int after) const {
+  if (pendingCount_ == 0) return 0;
+  int index = after;
+  do {
+    index = index % Count() + 1;
+  } while (!Row(index).pending);
+  return index;
 }
 
 void FileList::SetTexts(int index, std::string title, std::string artist) {
@@ -154,6 +192,7 @@ void FileList::Relocate(FileItem& row, std::string location) {
   auto node = locations_.extract(place);
   row.location = std::move(location);
   locations_.insert(std::move(node));
+  UpdatePending(row);
 }
 
 void FileList::SetChecked(int index, bool checked) {
@@ -214,6 +253,7 @@ void FileList::RemoveWhere(const std::function<bool(int index, const FileItem&)>
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     if (leaves[i]) Unregister(*rows_[i]);
   }
+  edits_.Purge();  // a later row may get the address of one that goes
   std::size_t i = 0;
   std::erase_if(rows_, [&](const auto&) { return leaves[i++]; });
   RowsTouched();
@@ -225,6 +265,8 @@ void FileList::Clear() {
   rows_.clear();
   checkedCount_ = 0;
   selectedCount_ = 0;
+  pendingCount_ = 0;
+  edits_.Clear();
   RowsTouched();
 }
 
@@ -273,6 +315,10 @@ std::string CheckCountText(const FileList& list) {
 
 std::string ItemCountText(const FileList& list) {
   return "アイテム数：  " + std::to_string(list.Count());
+}
+
+std::string PendingCountText(const FileList& list) {
+  return "未適応： " + std::to_string(list.PendingCount());
 }
 
 }  // namespace quillon

@@ -10,6 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "filelist/EditHistory.h"
 #include "filelist/FileItem.h"
 #include "platform/Collation.h"
 #include "platform/PathStyle.h"
@@ -47,6 +48,8 @@ class FileList {
   [[nodiscard]] int CountOf(Rows rows) const { return rows == Rows::kAll ? Count() : CheckedCount(); }
   [[nodiscard]] bool IsIn(Rows rows, int index) const { return rows == Rows::kAll || Row(index).checked; }
   [[nodiscard]] int SelectedCount() const { return selectedCount_; }
+  /// The number of rows whose rename name is not their file's name.
+  [[nodiscard]] int PendingCount() const { return pendingCount_; }
   [[nodiscard]] const FileItem& Row(int index) const { return *rows_[static_cast<std::size_t>(index - 1)]; }
 
   /// The first selected row from the top, 0 when none is selected.
@@ -55,6 +58,8 @@ class FileList {
   [[nodiscard]] std::vector<int> SelectedRows() const;
   /// The first checked row from the top, 0 when none is checked.
   [[nodiscard]] int FirstCheckedIndex() const;
+  /// The first pending row after this one, else from the top; 0 when none is pending.
+  [[nodiscard]] int NextPending(int after) const;
   /// The first row from the top with this location, 0 when there is none.
   [[nodiscard]] int IndexOf(std::string_view location) const;
 
@@ -72,6 +77,7 @@ class FileList {
   void BeginChanges() { ++quiet_; }
   void EndChanges();
 
+  /// Recorded in Edits() while a step is open there.
   void SetRenameName(int index, std::string name);
   void SetLocation(int index, std::string location);
   void SetTexts(int index, std::string title, std::string artist);
@@ -84,6 +90,15 @@ class FileList {
   void CheckAll();
   void UncheckAll();
   void InvertChecks();
+
+  /// The steps of edits that can be taken back. Rows that are removed or replaced leave it.
+  [[nodiscard]] EditHistory& Edits() { return edits_; }
+  [[nodiscard]] const EditHistory& Edits() const { return edits_; }
+  /// This row's edits can no longer be taken back, because they are on the disk.
+  void ForgetEdits(int index) { edits_.Forget(MutableRow(index)); }
+  /// Takes the last step of edits back, or does it again. Returns the changed rows in rising order.
+  std::vector<int> UndoEdits() { return Restored(edits_.Undo()); }
+  std::vector<int> RedoEdits() { return Restored(edits_.Redo()); }
 
   /// Removes every row for which `unwanted` holds.
   void RemoveWhere(const std::function<bool(int index, const FileItem&)>& unwanted);
@@ -128,6 +143,8 @@ class FileList {
   void Relocate(FileItem& row, std::string location);
   void CountFolder(std::string_view location, int change);
   void SetAllChecked(const std::function<bool(const FileItem&)>& wanted);
+  void UpdatePending(FileItem& row);
+  std::vector<int> Restored(const std::vector<FileItem*>& changed);
   void RowTouched(int index) const;
   void RowsTouched();
 
@@ -142,14 +159,17 @@ class FileList {
   std::unordered_map<std::string, std::uint32_t, TextHash, std::equal_to<>> iconNumbers_;  // by type
   int checkedCount_ = 0;
   int selectedCount_ = 0;
+  int pendingCount_ = 0;
+  EditHistory edits_;
   bool descending_ = false;
   // Found on demand, forgotten when the rows before them may have changed.
   mutable std::optional<int> firstSelected_;
   mutable std::optional<int> firstChecked_;
 };
 
-/// The two counts as the status bar shows them.
+/// The counts as the status bar shows them.
 [[nodiscard]] std::string CheckCountText(const FileList& list);
 [[nodiscard]] std::string ItemCountText(const FileList& list);
+[[nodiscard]] std::string PendingCountText(const FileList& list);
 
 }  // namespace quillon

@@ -13,6 +13,7 @@ bool IsActive(PlayerState player) {
 
 void SelectionStatus::Show(std::string text) {
   text_ = std::move(text);
+  showsResult_ = false;
   panels_.SetPlayerText(text_);
 }
 
@@ -23,6 +24,15 @@ void SelectionStatus::ShowPlayer(PlayerState state, const std::string& file) {
 
 void SelectionStatus::ShowSelection(const std::string& name) {
   if (!IsActive(player_)) Show("選択： " + name);
+}
+
+void SelectionStatus::ShowResult(const std::string& text) {
+  showsResult_ = true;
+  panels_.SetPlayerText(text);
+}
+
+void SelectionStatus::EndResult() {
+  if (std::exchange(showsResult_, false)) ShowAgain();
 }
 
 }  // namespace quillon

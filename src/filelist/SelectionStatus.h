@@ -18,6 +18,10 @@ class SelectionStatus final : public PlayerStatus {
   /// "選択： " and the name, or the shortened path, of the selected row's file.
   void ShowSelection(const std::string& name);
 
+  /// What a command has done. It stays until the next text, or until EndResult restores the text before it.
+  void ShowResult(const std::string& text);
+  void EndResult();
+
   /// Shows a temporary text; ShowAgain restores the one before it.
   void ShowForNow(const std::string& text) { panels_.SetPlayerText(text); }
   void ShowAgain() { panels_.SetPlayerText(text_); }
@@ -26,6 +30,7 @@ class SelectionStatus final : public PlayerStatus {
   void Show(std::string text);
 
   StatusPanels& panels_;
+  bool showsResult_ = false;
   PlayerState player_ = PlayerState::kIdle;
   std::string text_ = PlayerText(PlayerState::kIdle, {});
 };

@@ -19,7 +19,10 @@ RunEnd RunOverRows(const FileList& list, Rows rows, Progress& progress, const Ed
 
 RunEnd ApplyOrRestore(FileList& list, int index, const std::string& before, const ApplyRow& apply,
                       RunOutcome& outcome) {
-  if (!apply || apply(index)) return RunEnd::kComplete;
+  if (!apply || apply(index)) {
+    if (list.Row(index).renameName != before) ++outcome.changed;
+    return RunEnd::kComplete;
+  }
   list.SetRenameName(index, before);
   outcome.failedRow = index;
   return RunEnd::kStopped;

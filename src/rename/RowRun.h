@@ -26,12 +26,13 @@ using ApplyRow = std::function<bool(int index)>;
 /// The result of a run over rows.
 struct RunOutcome {
   RunEnd end = RunEnd::kComplete;
+  int changed = 0;    ///< names that are others than before
   int leftAlone = 0;  ///< unchanged names; see ModifyResult::leftAlone
   int failedRow = 0;  ///< of a stopped run, 1-based; its rename name is unchanged
 };
 
-/// Applies an edited row, if `apply` is not empty. When that fails, the row gets its name from `before` back, and the
-/// run is stopped there.
+/// Ends the edit of a row: applies it, if `apply` is not empty, and counts it if it changed. When applying fails, the
+/// row gets its name from `before` back, and the run is stopped there.
 RunEnd ApplyOrRestore(FileList& list, int index, const std::string& before, const ApplyRow& apply, RunOutcome& outcome);
 
 /// The message about this many names that stay unchanged: a rule would never end, or makes them longer than any name

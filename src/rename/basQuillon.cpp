@@ -85,6 +85,7 @@ RowOutcome RenameEngine::Apply(int index) {
   } else if (path != row.location) {
     Follow(index, std::move(path));
   }
+  if (outcome.Ok()) list_.ForgetEdits(index);
   return outcome;
 }
 

@@ -46,6 +46,7 @@ class MainWindowRecorder final : public MainWindow {
   void ShowVersionDialog() override { log_.Add("main version dialog"); }
   void ShowFolderList() override { log_.Add("main folder list"); }
   void SetAlwaysOnTop(bool front) override { log_.Add(front ? "main on top" : "main not on top"); }
+  void ShowToolBarLabels(bool shown) override { log_.Add(shown ? "main tool labels" : "main no tool labels"); }
   void SetRepeat(bool repeat) override { log_.Add(repeat ? "main repeats" : "main does not repeat"); }
   void SetInputEnabled(bool enabled) override { log_.Add(enabled ? "main input on" : "main input off"); }
   void Quit() override { log_.Add("main quits"); }

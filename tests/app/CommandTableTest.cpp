@@ -87,6 +87,7 @@ const std::vector<EnablingRow>& EnablingTable() {
       {mnuExit, "1111 1111"},
       {mnuFront, "1111 1111"},
       {mnuApplyMode, "1111 1111"},
+      {mnuToolLabels, "1111 1111"},
       {mnuDirShow, "1111 1111"},
       {mnuOption, "1111 1111"},
       {mnuShowHelp, "1111 1111"},
@@ -120,6 +121,10 @@ const std::vector<EnablingRow>& EnablingTable() {
       {mnuModify, "0001 0001"},
       {mnuUndo, "0001 0000"},
       {mnuMove, "0001 0001"},
+      // for pending rows and recorded edits: tested below
+      {mnuEditUndo, "0000 0000"},
+      {mnuEditRedo, "0000 0000"},
+      {mnuNextPending, "0000 0000"},
       // for the selected row
       {mnuPlay, "0010 0010"},
       {mnuThisUpdate, "0010 0000"},
@@ -148,6 +153,21 @@ std::string EnabledIn(Command command) {
 TEST(CommandTable, EnablesEachCommandAsTheListAndTheModeSay) {
   for (const EnablingRow& row : EnablingTable())
     EXPECT_EQ(EnabledIn(row.command), row.enabled) << CaptionOf(row.command);
+}
+
+TEST(CommandTable, EditsAreTakenBackInManualModeOnly) {
+  EXPECT_TRUE(IsEnabled(mnuEditUndo, {.rows = 3, .canUndo = true}));
+  EXPECT_FALSE(IsEnabled(mnuEditUndo, {.rows = 3, .canRedo = true}));
+  EXPECT_FALSE(IsEnabled(mnuEditUndo, {.rows = 3, .automatic = true, .canUndo = true}));
+  EXPECT_TRUE(IsEnabled(mnuEditRedo, {.rows = 3, .canRedo = true}));
+  EXPECT_FALSE(IsEnabled(mnuEditRedo, {.rows = 3, .canUndo = true}));
+  EXPECT_FALSE(IsEnabled(mnuEditRedo, {.rows = 3, .automatic = true, .canRedo = true}));
+}
+
+TEST(CommandTable, TheNextPendingRowIsOfferedWhileThereIsOne) {
+  EXPECT_TRUE(IsEnabled(mnuNextPending, {.rows = 3, .pending = 1}));
+  EXPECT_TRUE(IsEnabled(mnuNextPending, {.rows = 3, .automatic = true, .pending = 1}));
+  EXPECT_FALSE(IsEnabled(mnuNextPending, {.rows = 3, .canUndo = true}));
 }
 
 TEST(CommandTable, ASeparatorIsNeverEnabled) {
@@ -269,14 +289,14 @@ TEST(CommandTable, NoShortcutIsUsedTwice) {
   for (const std::string& shortcut : ShortcutsOf(AllCommands())) EXPECT_TRUE(seen.insert(shortcut).second) << shortcut;
 }
 
+// Ctrl+Z and Ctrl+Y do in a text box what the box does with them: the main window sees to that.
 TEST(CommandTable, TheMenuBarTakesNoKeyThatTheListOrATextBoxUses) {
   const std::set<std::string> taken = {
-      "Ctrl+A",  "Ctrl+C",    "Ctrl+V",    "Ctrl+X",       "Ctrl+Z",      "Ctrl+Y",     "Ctrl+Insert",
-      "Del",     "Shift+Del", "Delete",    "Shift+Insert", "Ctrl+Del",    "Shift+Home", "Shift+End",
-      "Back",    "Ctrl+Back", "Space",     "Ctrl+Space",   "Shift+Space", "Enter",      "Return",
-      "Ctrl+Up", "Ctrl+Down", "Ctrl+Left", "Ctrl+Right",   "Ctrl+Home",   "Ctrl+End",   "Home",
-      "End",     "Tab",       "Shift+Tab", "Esc",          "Shift+Up",    "Shift+Down", "F2",
-      "Up",      "Down",      "Left",      "Right",        "PgUp",        "PgDn",       "F10"};
+      "Ctrl+A",       "Ctrl+C",   "Ctrl+V",     "Ctrl+X",    "Ctrl+Insert", "Del",       "Shift+Del",  "Delete",
+      "Shift+Insert", "Ctrl+Del", "Shift+Home", "Shift+End", "Back",        "Ctrl+Back", "Space",      "Ctrl+Space",
+      "Shift+Space",  "Enter",    "Return",     "Ctrl+Up",   "Ctrl+Down",   "Ctrl+Left", "Ctrl+Right", "Ctrl+Home",
+      "Ctrl+End",     "Home",     "End",        "Tab",       "Shift+Tab",   "Esc",       "Shift+Up",   "Shift+Down",
+      "F2",           "Up",       "Down",       "Left",      "Right",       "PgUp",      "PgDn",       "F10"};
   const Texts shortcuts = ShortcutsOf(MenuBarCommands());
   EXPECT_GT(shortcuts.size(), 10u);
   for (const std::string& shortcut : shortcuts) EXPECT_FALSE(taken.contains(shortcut)) << shortcut;
@@ -284,7 +304,8 @@ TEST(CommandTable, TheMenuBarTakesNoKeyThatTheListOrATextBoxUses) {
 
 TEST(CommandTable, KeysWithoutAModifierAreFunctionKeysInTheMenuBar) {
   for (const std::string& shortcut : ShortcutsOf(MenuBarCommands())) {
-    EXPECT_TRUE(shortcut.starts_with("Ctrl+") || shortcut.starts_with("F")) << shortcut;
+    EXPECT_TRUE(shortcut.starts_with("Ctrl+") || shortcut.starts_with("F") || shortcut.starts_with("Shift+F"))
+        << shortcut;
   }
 }
 

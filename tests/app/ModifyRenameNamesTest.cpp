@@ -48,7 +48,7 @@ TEST(ModifyRenameNames, ShowsEveryStepInItsOrder) {
   EXPECT_EQ(f.ports.log.Events(),
             Texts({"pointer busy arrow", test::kModifyBegin, "progress: 33% 完了しました | /m/a.mid",
                    "progress: 66% 完了しました | /m/b.mid", "progress: 100% 完了しました | /m/c.mid", "progress end",
-                   "pointer normal"}));
+                   "pointer normal", "panel player: 3 個の名前を変更しました"}));
   EXPECT_EQ(outcome.leftAlone, 0);
   EXPECT_EQ(outcome.end, RunEnd::kComplete);
   EXPECT_EQ(f.Names(), Texts({"a.mid", "b.mid", "c.mid"})) << "nothing is written to the disk";
@@ -92,7 +92,8 @@ TEST(ModifyRenameNames, ShowsTheFirstAndTheLastPercentageHoweverSeldomProgressIs
 TEST(ModifyRenameNames, WithNothingInScopeOnlyOpensAndCloses) {
   Fixture f({"a.mid"});
   f.Run(false);
-  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", test::kModifyBegin, "progress end", "pointer normal"}));
+  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", test::kModifyBegin, "progress end", "pointer normal",
+                                         "panel player: 0 個の名前を変更しました"}));
 }
 
 TEST(ModifyRenameNames, AppliesARuleAsOftenAsTheListHasRows) {
@@ -123,7 +124,8 @@ TEST(ModifyRenameNames, NamesThatARuleWouldMakeEndlessAreReportedOnceAtTheEnd) {
   EXPECT_EQ(RenameNames(f.list), Texts({"x:y", "FINE", "p?q:r"})) << "a name that is left alone stays whole";
   EXPECT_EQ(outcome.leftAlone, 2);
   const Texts& events = f.ports.log.Events();
-  EXPECT_EQ(Texts(events.end() - 3, events.end()), Texts({"progress end", "pointer normal", LeftAlone(2)}));
+  EXPECT_EQ(Texts(events.end() - 4, events.end()),
+            Texts({"progress end", "pointer normal", "panel player: 1 個の名前を変更しました", LeftAlone(2)}));
 }
 
 TEST(ModifyRenameNames, CancellingKeepsTheRowsDoneSoFar) {
@@ -134,8 +136,9 @@ TEST(ModifyRenameNames, CancellingKeepsTheRowsDoneSoFar) {
   const RunOutcome outcome = f.Run(true);
   EXPECT_EQ(outcome.end, RunEnd::kCancelled);
   EXPECT_EQ(RenameNames(f.list), Texts({"A", "b", "c"}));
-  EXPECT_EQ(f.ports.log.Events(), Texts({"pointer busy arrow", test::kModifyBegin,
-                                         "progress: 33% 完了しました | /m/a.mid", "progress end", "pointer normal"}));
+  EXPECT_EQ(f.ports.log.Events(),
+            Texts({"pointer busy arrow", test::kModifyBegin, "progress: 33% 完了しました | /m/a.mid", "progress end",
+                   "pointer normal", "panel player: 1 個の名前を変更しました"}));
   EXPECT_EQ(f.ports.pending.Count(), 4u);
 }
 
@@ -202,7 +205,8 @@ TEST(ModifyRenameNamesAutoApply, EndsAtTheFirstFailureAndPutsThatRenameNameBack)
     EXPECT_EQ(f.list.SelectedIndex(), 2) << "the failing row is shown";
     EXPECT_EQ(f.ports.boxes.Shown().size(), 1u);
     const Texts& events = f.ports.log.Events();
-    EXPECT_EQ(Texts(events.end() - 2, events.end()), Texts({"progress end", "pointer normal"}));
+    EXPECT_EQ(Texts(events.end() - 3, events.end()),
+              Texts({"progress end", "pointer normal", "panel player: 1 個の名前を変更しました"}));
   }
 }
 

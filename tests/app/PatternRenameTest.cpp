@@ -36,7 +36,8 @@ TEST(PatternCommand, SetsTheNamesUnderTheWaitWindow) {
   EXPECT_EQ(f.Names(), Texts({"1.mid", "2.mid"})) << "nothing is written to the disk";
   EXPECT_EQ(f.ports.log.Events(),
             Texts({"pointer busy arrow", test::kModifyBegin, "progress: 50% 完了しました | /m/1.mid",
-                   "progress: 100% 完了しました | /m/2.mid", "progress end", "pointer normal"}));
+                   "progress: 100% 完了しました | /m/2.mid", "panel player: 2 個の名前を変更しました", "progress end",
+                   "pointer normal"}));
 }
 
 TEST(PatternCommand, SkippedRowsAreCheckedWhenTheOptionSaysSo) {

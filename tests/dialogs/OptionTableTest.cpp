@@ -62,7 +62,8 @@ TEST(OptionTable, HasEveryControlInItsFrame) {
   EXPECT_THAT(pages["プレイヤー"], ElementsAre("全般: chkPlayerAllPlay"));
   EXPECT_THAT(pages["システム"],
               ElementsAre("確認メッセージ: chkMsgBox", "ファイルの読み込み: chkSysMCITime lblSystem_Note"));
-  EXPECT_THAT(pages["拡張"], ElementsAre("ファイルの読み込み: chkReadMoreTags lblReadMoreTags_Note"));
+  EXPECT_THAT(pages["拡張"],
+              ElementsAre("ファイルの読み込み: chkReadMoreTags lblReadMoreTags_Note", "終了: chkConfirmPending"));
 }
 
 TEST(OptionTable, HasTheCaptionsToTheCharacter) {
@@ -100,6 +101,7 @@ TEST(OptionTable, HasTheCaptionsToTheCharacter) {
       {"optDel0", "ディスクから完全に削除(&D)"},
       {"optDel1", "ごみ箱へ削除(&R)"},
       {"chkDel", "確認する(&A)"},
+      {"chkConfirmPending", "終了時に未適応の名前を確認する(&P)"},
       {"chkReadMoreTags", "新しい形式のタグも読む(&T)"},
       {"lblReadMoreTags_Note",
        "タイトルの読み取れなかったファイルについて、次のタグを読みます\n"

@@ -73,7 +73,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
   SetName("frmMain");
   SetIcons(ProgramIcons());
   MakeMenus();
-  MakeToolBar();
+  MakeToolBar(false);
   MakeStatusBar();
   MakeControls();
   pending_ = std::make_unique<YieldingMessages>([this] { BeforeYield(); });
@@ -97,6 +97,8 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
   lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
   controls_.list = &lvwFiles_->Window();
   controls_.list->MoveBeforeInTabOrder(controls_.fraFileInfo);
+  hint_ = std::make_unique<ListHint>(*controls_.panel, [this] { return lvwFiles_->MakeDropTarget(); });
+  controls_.hint = hint_.get();
   controls_.list->SetSize(FromDIP(wxSize(kFirstListSize, kFirstListSize)));  // GTK warns about smaller sizes
   NameControls();
   app_->List().SetObserver(this);
@@ -154,13 +156,6 @@ void frmMain::NameControls() {
     SetAccessibleName(control->GetHandle(), name);
   }
   SetAccessibleHeaders(controls_.list->GetHandle(), {"チェック", "アイコン"});
-  std::vector<std::string> arrows;
-  for (const ToolBarButton& button : ToolBarButtons()) {
-    if (button.command != Command::kSeparator && button.all != Command::kSeparator) {
-      arrows.push_back(std::string(button.label) + "のメニュー");
-    }
-  }
-  SetAccessibleArrows(GetToolBar()->GetHandle(), arrows);
 }
 
 void frmMain::Start(const std::vector<std::string>& paths) {
@@ -296,7 +291,7 @@ void frmMain::OnClose(wxCloseEvent& event) {
 // While a command runs, the window closes after it and after the dialog that it has open. While a dialog is open
 // without a command, closing is refused: the user answers it first and then closes again.
 bool frmMain::StaysOpen() {
-  if (!app_->IsRunning()) return TopmostDialog(nullptr) != nullptr;
+  if (!app_->IsRunning()) return TopmostDialog(nullptr) != nullptr || !app_->MayEnd();
   closeWanted_ = boxes_.StopBatch() || !inputEnabled_;
   app_->CancelLoad();
   frmWait_.Cancel();

@@ -4,6 +4,7 @@
 #include <wx/utils.h>
 #include <wx/weakref.h>
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -14,6 +15,7 @@
 #include "app/window/frmMainBoxes.h"
 #include "app/window/frmMainLayout.h"
 #include "app/window/frmMainLoading.h"
+#include "app/window/frmMainModeWarning.h"
 #include "app/window/frmMainPlayer.h"
 #include "controls/WxMessageBoxes.h"
 #include "dialogs/window/frmDirShow.h"
@@ -76,6 +78,7 @@ class frmMain final : public wxFrame,
   void ShowVersionDialog() override;
   void ShowFolderList() override;
   void SetAlwaysOnTop(bool front) override;
+  void ShowToolBarLabels(bool shown) override;
   void SetRepeat(bool repeat) override;
   void SetInputEnabled(bool enabled) override;
   void Quit() override;
@@ -97,12 +100,15 @@ class frmMain final : public wxFrame,
   void MakeControls();
   void NameControls();
   void MakeMenus();
-  void MakeToolBar();
+  void MakeToolBar(bool labels);
+  void NameToolBarArrows();
   void MakeStatusBar();
+  void ShowCounts(const std::array<std::string, 3>& counts);
   [[nodiscard]] int StatusBarWidth() const;
   void RefreshPictures();
   [[nodiscard]] lvwFiles::Handlers ListHandlers();
   void BindEvents();
+  void KeepBoxKeys(wxKeyEvent& event);
   void BindRenameBox();
   void BindPlayer();
   [[nodiscard]] BarHeights Bars() const;
@@ -114,6 +120,7 @@ class frmMain final : public wxFrame,
   void OnStatusBarClick(wxMouseEvent& event);
   void OnClose(wxCloseEvent& event);
   [[nodiscard]] bool StaysOpen();
+  void SwitchMode();
   void ShowStatus(const std::string& text, int panel);
   void ScheduleUpdate();
   void UpdateCounts();
@@ -146,6 +153,8 @@ class frmMain final : public wxFrame,
   std::unique_ptr<PendingMessages> pending_;
   std::unique_ptr<Application> app_;
   std::unique_ptr<lvwFiles> lvwFiles_;
+  std::unique_ptr<ListHint> hint_;
+  std::unique_ptr<ModeWarning> modeWarning_;
   std::chrono::steady_clock::time_point started_;
   wxWindow* focused_ = nullptr;                 // the child that last had the focus
   std::unique_ptr<wxWindowDisabler> disabled_;  // disables this window and those beside it
@@ -153,6 +162,7 @@ class frmMain final : public wxFrame,
   bool updateScheduled_ = false;
   bool closeWanted_ = false;  // asked for while a command runs
   bool saves_ = true;
+  std::array<int, 5> panelWidths_{};
   int grownHeight_ = 0;  // the window's height for taller controls, which is not the user's choice
 };
 

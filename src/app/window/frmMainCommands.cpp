@@ -5,6 +5,8 @@
 #include <wx/toolbar.h>
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 #include <utility>
 
 #include "app/window/frmMain.h"
@@ -24,13 +26,10 @@ constexpr int kToolPicture = 24;  // DIP
 
 constexpr int kModePanel = 0;
 constexpr int kPlayerPanel = 1;
-constexpr int kCheckPanel = 2;
-constexpr int kItemPanel = 3;
+constexpr int kFirstCountPanel = 2;
+constexpr int kPanels = 5;
 
 constexpr int kPanelMargin = 20;  // DIP
-
-// The widest count that a panel has to show.
-constexpr const char* kWidestCount = "アイテム数：  0000000";
 
 wxString MenuText(const CommandEntry& entry) {
   const wxString caption = ToWx(entry.caption);
@@ -76,8 +75,32 @@ void frmMain::MakeMenus() {
   SetMenuBar(bar);
 }
 
-void frmMain::MakeToolBar() {
-  wxToolBar* bar = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT);
+// The keys that a text box undoes and redoes with are its own, not the menu's.
+void frmMain::KeepBoxKeys(wxKeyEvent& event) {
+  const bool undoes = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'Z';
+  const bool redoes = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'Y';
+  auto* const box = dynamic_cast<wxTextCtrl*>(FindFocus());
+  if (box == nullptr || !box->IsEditable() || (!undoes && !redoes)) {
+    event.Skip();
+  } else if (undoes) {
+    box->Undo();
+  } else {
+    box->Redo();
+  }
+}
+
+void frmMain::ShowToolBarLabels(bool shown) {
+  GetMenuBar()->Check(IdOf(Command::mnuToolLabels), shown);
+  wxToolBar* const old = GetToolBar();
+  SetToolBar(nullptr);
+  old->Destroy();
+  MakeToolBar(shown);
+  UpdateCommands();
+  OnPanelSize();
+}
+
+void frmMain::MakeToolBar(bool labels) {
+  wxToolBar* bar = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | (labels ? wxTB_TEXT : 0));
   bar->SetName("Toolbar");
   const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
   const wxColour grey = wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT);
@@ -88,8 +111,8 @@ void frmMain::MakeToolBar() {
     }
     const bool dropDown = button.all != Command::kSeparator;
     const int id = IdOf(button.command);
-    bar->AddTool(id, ToWx(button.label), Picture(button.picture, kToolPicture, ink),
-                 Picture(button.picture, kToolPicture, grey), dropDown ? wxITEM_DROPDOWN : wxITEM_NORMAL,
+    bar->AddTool(id, ToWx(labels ? button.shortLabel : button.label), Picture(button.picture, kToolPicture, ink),
+                 GreyPicture(button.picture, kToolPicture, grey), dropDown ? wxITEM_DROPDOWN : wxITEM_NORMAL,
                  ToWx(button.label));
     if (!dropDown) continue;
     auto* menu = new wxMenu;
@@ -97,6 +120,17 @@ void frmMain::MakeToolBar() {
     bar->SetDropdownMenu(id, menu);
   }
   bar->Realize();
+  NameToolBarArrows();
+}
+
+void frmMain::NameToolBarArrows() {
+  std::vector<std::string> arrows;
+  for (const ToolBarButton& button : ToolBarButtons()) {
+    if (button.command != Command::kSeparator && button.all != Command::kSeparator) {
+      arrows.push_back(std::string(button.label) + "のメニュー");
+    }
+  }
+  SetAccessibleArrows(GetToolBar()->GetHandle(), arrows);
 }
 
 // Draws the pictures again in the text colours of the desktop's new theme.
@@ -106,7 +140,7 @@ void frmMain::RefreshPictures() {
   for (const ToolBarButton& button : ToolBarButtons()) {
     if (button.command == Command::kSeparator) continue;
     GetToolBar()->SetToolNormalBitmap(IdOf(button.command), Picture(button.picture, kToolPicture, ink));
-    GetToolBar()->SetToolDisabledBitmap(IdOf(button.command), Picture(button.picture, kToolPicture, grey));
+    GetToolBar()->SetToolDisabledBitmap(IdOf(button.command), GreyPicture(button.picture, kToolPicture, grey));
   }
   playerPanel_->RefreshPictures();
 }
@@ -114,15 +148,27 @@ void frmMain::RefreshPictures() {
 void frmMain::MakeStatusBar() {
   // Texts are shortened in the middle, because a path's end names the file. No wxSTB_SHOW_TIPS: the bar has its own
   // tool tip.
-  wxStatusBar* bar = CreateStatusBar(4, wxSTB_SIZEGRIP | wxSTB_ELLIPSIZE_MIDDLE);
+  wxStatusBar* bar = CreateStatusBar(kPanels, wxSTB_SIZEGRIP | wxSTB_ELLIPSIZE_MIDDLE);
   bar->SetName("StatusBar");
-  const int margin = bar->FromDIP(kPanelMargin);
-  const int mode = bar->GetTextExtent(ToWx(kAutoApplyText)).x + margin;
-  const int count = bar->GetTextExtent(ToWx(kWidestCount)).x + margin;
-  const int widths[] = {mode, -1, count, count};  // the player's panel takes the rest
-  bar->SetStatusWidths(4, widths);
   bar->SetToolTip(ToWx("適応モードの表示をクリックすると、モードが切り替わります"));
   SetStatusBarPane(-1);  // menu help would overwrite a panel
+  modeWarning_ = std::make_unique<ModeWarning>(*bar, kModePanel, [this] { SwitchMode(); });
+}
+
+// The player's panel takes what the others leave. The counts' panels are as wide as their texts.
+void frmMain::ShowCounts(const std::array<std::string, 3>& counts) {
+  wxStatusBar& bar = *GetStatusBar();
+  const int margin = bar.FromDIP(kPanelMargin);  // also the room for the grip
+  const auto widthOf = [&](std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }, '0');
+    return bar.GetTextExtent(ToWx(text)).x + margin;
+  };
+  const std::array<int, kPanels> widths = {modeWarning_->WidthFor(ToWx(kAutoApplyText)), -1, widthOf(counts[0]),
+                                           widthOf(counts[1]), widthOf(counts[2]) + margin};
+  if (widths != panelWidths_) bar.SetStatusWidths(kPanels, widths.data());
+  panelWidths_ = widths;
+  for (std::size_t i = 0; i < counts.size(); ++i) ShowStatus(counts[i], kFirstCountPanel + static_cast<int>(i));
 }
 
 // The width at which every panel shows its whole text while no file is selected.
@@ -130,7 +176,7 @@ int frmMain::StatusBarWidth() const {
   const wxStatusBar& bar = *GetStatusBar();
   int width =
       bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + 2 * bar.FromDIP(kPanelMargin);  // and the grip
-  for (int i = 0; i <= kItemPanel; ++i) width += std::max(bar.GetStatusWidth(i), 0);
+  for (int i = 0; i < kPanels; ++i) width += std::max(bar.GetStatusWidth(i), 0);
   return width;
 }
 
@@ -143,6 +189,7 @@ lvwFiles::Handlers frmMain::ListHandlers() {
   handlers.menuWanted = [this](wxPoint screen) { ShowRowMenu(screen); };
   handlers.keyPressed = [this](wxKeyEvent& event) { return UseListKey(event); };
   handlers.dropped = [this](const wxArrayString& paths) { app_->LoadPaths(PathsFromWx(paths)); };
+  handlers.dragged = [this](bool over) { hint_->ShowFrame(over); };
   handlers.iconOf = [](const FileItem& row, int pixels) { return LoadFileIcon(row.location, row.type.Text(), pixels); };
   return handlers;
 }
@@ -156,6 +203,7 @@ void frmMain::BindEvents() {
     UpdateCommands();
     event.Skip();
   });
+  Bind(wxEVT_CHAR_HOOK, &frmMain::KeepBoxKeys, this);
   Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
     RefreshPictures();
@@ -216,7 +264,9 @@ void frmMain::OnPanelSize() {
 }
 
 void frmMain::Run(Command command) {
-  if (lvwFiles_->IsEditing()) {  // the command runs after the typed name has been accepted
+  const bool ofBox = command == Command::mnuEditUndo || command == Command::mnuEditRedo;
+  if (lvwFiles_->IsEditing() && ofBox) return;  // the keys of the edited name
+  if (lvwFiles_->IsEditing()) {                 // the command runs after the typed name has been accepted
     FocusList();
     CallAfter([this, command] { CallAfter([this, command] { RunNow(command); }); });
   } else {
@@ -270,19 +320,23 @@ bool frmMain::UseListKey(const wxKeyEvent& event) {
 void frmMain::OnStatusBarClick(wxMouseEvent& event) {
   wxRect panel;
   if (GetStatusBar()->GetFieldRect(kModePanel, panel) && panel.Contains(event.GetPosition())) {
-    CallAfter([this] {
-      const RunningCommand running(PlainCaption(Command::mnuApplyMode));
-      app_->ModePanelClicked();
-    });
+    SwitchMode();
   }
   event.Skip();
+}
+
+void frmMain::SwitchMode() {
+  CallAfter([this] {
+    const RunningCommand running(PlainCaption(Command::mnuApplyMode));
+    app_->ModePanelClicked();
+  });
 }
 
 void frmMain::ShowStatus(const std::string& text, int panel) {
   if (FromWx(GetStatusBar()->GetStatusText(panel)) == text) return;
   SetStatusText(ToWx(text), panel);
   std::string all;
-  for (int i = 0; i <= kItemPanel; ++i) all += (i == 0 ? "" : " / ") + FromWx(GetStatusBar()->GetStatusText(i));
+  for (int i = 0; i < kPanels; ++i) all += (i == 0 ? "" : " / ") + FromWx(GetStatusBar()->GetStatusText(i));
   SetAccessibleStatus(GetStatusBar()->GetHandle(), all);
 }
 
@@ -292,6 +346,7 @@ void frmMain::SetPlayerText(const std::string& text) {
 
 void frmMain::SetModeText(const std::string& text) {
   ShowStatus(text, kModePanel);
+  modeWarning_->Show(text == kAutoApplyText ? ToWx(text) : wxString());
   ScheduleUpdate();  // the mode enables and disables commands
 }
 
@@ -316,8 +371,8 @@ void frmMain::ScheduleUpdate() {
 }
 
 void frmMain::UpdateCounts() {
-  ShowStatus(CheckCountText(app_->List()), kCheckPanel);
-  ShowStatus(ItemCountText(app_->List()), kItemPanel);
+  hint_->Show(app_->List().Count() == 0 && !controls_.lblNowloading->IsShown());
+  ShowCounts({PendingCountText(app_->List()), CheckCountText(app_->List()), ItemCountText(app_->List())});
 }
 
 void frmMain::UpdateCommands() {

@@ -200,6 +200,7 @@ void LayOut(const frmMainControls& controls, BarHeights bars) {
     controls.fraFileInfo->SetSize(left, listHeight, width, playerTop - listHeight);
     controls.fraMusicPlayer->SetSize(left, playerTop, width, innerHeight - bars.toolBar - bars.statusBar - playerTop);
   }
+  controls.hint->Place(controls.list->GetRect());
   LayOutInfo(controls);
   LayOutPlayer(controls);
 }

@@ -9,6 +9,7 @@
 #include <array>
 #include <optional>
 
+#include "app/window/frmMainListHint.h"
 #include "app/window/frmMainTagsBar.h"
 #include "controls/PositionSlider.h"
 #include "player/PlayerPorts.h"
@@ -20,6 +21,7 @@ struct frmMainControls {
   wxPanel* panel = nullptr;        ///< holds all others
   MoreTagsBar* tagsBar = nullptr;  ///< above the list
   wxWindow* list = nullptr;
+  ListHint* hint = nullptr;           ///< over the list
   wxWindow* lblNowloading = nullptr;  ///< covers the list while files are read
 
   wxPanel* fraFileInfo = nullptr;

@@ -8,6 +8,7 @@
 
 #include "controls/WxText.h"
 #include "filelist/window/lvwFilesBase.h"
+#include "paths/basFileControl.h"
 
 namespace quillon {
 namespace {
@@ -38,11 +39,19 @@ class lvwFilesBase::DropTarget : public wxFileDropTarget {
  public:
   explicit DropTarget(lvwFilesBase& owner) : owner_(owner) {}
 
+  wxDragResult OnEnter(wxCoord x, wxCoord y, wxDragResult proposed) override {
+    Tell(owner_.inputEnabled_);
+    return OnDragOver(x, y, proposed);
+  }
+
   wxDragResult OnDragOver(wxCoord, wxCoord, wxDragResult proposed) override {
     return owner_.inputEnabled_ ? proposed : wxDragNone;
   }
 
+  void OnLeave() override { Tell(false); }
+
   bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& paths) override {
+    Tell(false);
     if (!owner_.inputEnabled_ || !owner_.handlers_.dropped) return false;
     owner_.window_->CallAfter([&owner = owner_, paths] {
       if (owner.inputEnabled_) owner.handlers_.dropped(paths);
@@ -51,6 +60,10 @@ class lvwFilesBase::DropTarget : public wxFileDropTarget {
   }
 
  private:
+  void Tell(bool over) const {
+    if (owner_.handlers_.dragged) owner_.handlers_.dragged(over);
+  }
+
   lvwFilesBase& owner_;
 };
 
@@ -64,8 +77,12 @@ int lvwFilesBase::FirstWidth(Column column) {
 void lvwFilesBase::Start(wxWindow& window) {
   window_ = &window;
   window.SetName("lvwFiles");
-  window.SetDropTarget(new DropTarget(*this));
+  window.SetDropTarget(MakeDropTarget());
   RowsChanged();
+}
+
+wxDropTarget* lvwFilesBase::MakeDropTarget() {
+  return new DropTarget(*this);
 }
 
 void lvwFilesBase::Stop() {
@@ -243,6 +260,34 @@ void lvwFilesBase::EndEdit(const wxString& text) {
 
 wxString lvwFilesBase::CellText(int index, Column column) const {
   return IsRow(index) ? OnOneLine(ToWx(ColumnText(list_.Row(index), column))) : wxString();
+}
+
+wxString lvwFilesBase::SpokenText(int index, Column column) const {
+  const bool marked = column == Column::kRenameName && IsPending(index);
+  return marked ? CellText(index, column) + ToWx(kPendingSpoken) : CellText(index, column);
+}
+
+void lvwFilesBase::PointAt(int index, Column column, int pixels) {
+  const wxString tip = IsRow(index) ? TipOf(index, column, pixels) : wxString();
+  if (tip == tip_) return;
+  tip_ = tip;
+  window_->UnsetToolTip();  // a tip that is only changed stays where it is
+  if (!tip.empty()) window_->SetToolTip(tip);
+}
+
+wxString lvwFilesBase::TipOf(int index, Column column, int pixels) const {
+  constexpr int kAround = 10;  // DIP: the space around a cell's text
+  const FileItem& row = list_.Row(index);
+  const wxString text = CellText(index, column);
+  const bool bold = row.pending && column == Column::kRenameName;
+  const wxFont font = bold ? window_->GetFont().Bold() : window_->GetFont();
+  wxCoord width = 0;
+  wxCoord height = 0;
+  window_->GetTextExtent(text, &width, &height, nullptr, nullptr, &font);
+  const wxString cut = width + window_->FromDIP(kAround) > pixels ? text : wxString();
+  if (!row.pending) return cut;
+  const wxString change = OnOneLine(ToWx(std::string(NameWithoutExtension(row.location)) + " → " + row.renameName));
+  return cut.empty() || bold ? change : cut + "\n" + change;
 }
 
 wxBitmap lvwFilesBase::IconOf(int index, int pixels) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <wx/dnd.h>
 #include <wx/window.h>
 
 #include <functional>
@@ -9,6 +10,9 @@
 #include "filelist/FileList.h"
 
 namespace quillon {
+
+/// Follows a pending rename name where assistive technology reads it; on the screen such a name is bold.
+inline constexpr const char* kPendingSpoken = "（未適応）";
 
 /// The list of files on the screen: rows with check box, small icon and six columns, which it reads from the FileList
 /// when it shows them. There are two implementations: the system's virtual list view on Windows, a tree view with a
@@ -26,6 +30,7 @@ class lvwFiles : public FileListObserver {
     std::function<void(wxPoint screen)> menuWanted;                   ///< right button, menu key, Shift+F10
     std::function<bool(wxKeyEvent& event)> keyPressed;                ///< true when it was used; not while editing
     std::function<void(const wxArrayString& paths)> dropped;          ///< files and folders
+    std::function<void(bool over)> dragged;                           ///< files are dragged over the list, or no longer
     std::function<wxBitmap(const FileItem& row, int pixels)> iconOf;  ///< asked once per icon number and size
   };
 
@@ -34,6 +39,9 @@ class lvwFiles : public FileListObserver {
   [[nodiscard]] static std::unique_ptr<lvwFiles> Make(wxWindow& parent, FileList& list, Handlers handlers);
 
   [[nodiscard]] virtual wxWindow& Window() = 0;
+
+  /// A drop target for a window over the list: what is dropped there is dropped on the list.
+  [[nodiscard]] virtual wxDropTarget* MakeDropTarget() = 0;
 
   /// The width of one of FileItem.h's six columns, in pixels of the window.
   [[nodiscard]] virtual int ColumnWidth(Column column) const = 0;

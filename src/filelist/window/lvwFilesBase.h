@@ -17,6 +17,7 @@ class lvwFilesBase : public lvwFiles {
  public:
   void RowChanged(int index) final;
   void RowsChanged() final;
+  [[nodiscard]] wxDropTarget* MakeDropTarget() final;
   void SetInputEnabled(bool enabled) final { inputEnabled_ = enabled; }
   [[nodiscard]] bool IsEditing() const final { return editedRow_ != 0; }
 
@@ -84,12 +85,19 @@ class lvwFilesBase : public lvwFiles {
   [[nodiscard]] const FileList& List() const { return list_; }
   /// The text on one line; empty for a row that is gone.
   [[nodiscard]] wxString CellText(int index, Column column) const;
+  /// The text for assistive technology: it also says whether the rename name is pending.
+  [[nodiscard]] wxString SpokenText(int index, Column column) const;
+  [[nodiscard]] bool IsPending(int index) const { return IsRow(index) && list_.Row(index).pending; }
+  /// Call it when the mouse is over this cell, `pixels` wide; index 0 for none. Its tool tip is the text, if it is cut
+  /// off, and what a pending row's file is going to be called.
+  void PointAt(int index, Column column, int pixels);
   /// The row's icon in exactly this size, or an invalid bitmap.
   [[nodiscard]] wxBitmap IconOf(int index, int pixels) const;
 
  private:
   class DropTarget;
 
+  [[nodiscard]] wxString TipOf(int index, Column column, int pixels) const;
   void ShowSoon();
   void ShowSelection(bool kept, const Changes& changes);
   void PutSelection(const std::vector<int>& rows);
@@ -107,6 +115,7 @@ class lvwFilesBase : public lvwFiles {
   bool announcing_ = false;
   bool inputEnabled_ = true;
   int editedRow_ = 0;
+  wxString tip_;
 };
 
 }  // namespace quillon

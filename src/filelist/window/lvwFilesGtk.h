@@ -15,6 +15,8 @@ class CellSource {
  public:
   virtual ~CellSource() = default;
   virtual void GetCell(wxVariant& value, int index, unsigned column) = 0;
+  /// True when this row's rename name is shown in bold.
+  [[nodiscard]] virtual bool IsBold(int index) const = 0;
   virtual void CheckClicked(int index, bool checked) = 0;
 };
 
@@ -24,6 +26,12 @@ class RowModel : public wxDataViewVirtualListModel {
 
   void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override {
     source_.GetCell(value, static_cast<int>(row) + 1, column);
+  }
+
+  bool GetAttrByRow(unsigned row, unsigned column, wxDataViewItemAttr& attributes) const override {
+    const bool bold = column == kFirstTextColumn && source_.IsBold(static_cast<int>(row) + 1);
+    if (bold) attributes.SetBold(true);
+    return bold;
   }
 
   // The view only calls this after a click on the check box; an edited name is handled before.

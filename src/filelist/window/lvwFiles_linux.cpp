@@ -13,6 +13,7 @@
 #include "filelist/window/lvwFilesGtk.h"
 #include "platform/desktop/CellEditor.h"
 #include "platform/desktop/RowPress.h"
+#include "platform/desktop/TreeDrawing.h"
 
 namespace quillon {
 namespace {
@@ -40,6 +41,7 @@ class GtkFileList : public lvwFilesBase, private CellSource {
 
  private:
   void GetCell(wxVariant& value, int index, unsigned column) override;
+  bool IsBold(int index) const override { return IsPending(index); }
   void CheckClicked(int index, bool checked) override { SetChecked(index, checked); }
 
   void AddColumns();
@@ -47,6 +49,7 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   void BindEditing();
   void BindInput();
   void BeginOrRefuse(wxDataViewEvent& event);
+  void OnMotion(wxMouseEvent& event);
   void OnKeyDown(wxKeyEvent& event);
   void OnMenuKey(wxContextMenuEvent& event);
   bool AdaptCount();
@@ -70,6 +73,7 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   // The rows that were painted or read aloud since they last changed. The others need no refresh, because the view has
   // not asked for their contents.
   std::unordered_set<int> asked_;
+  bool seen_ = false;  // the cells that are asked for are drawn or edited, not read aloud
 };
 
 GtkFileList::GtkFileList(wxWindow& parent, FileList& list, Handlers handlers)
@@ -166,10 +170,22 @@ void GtkFileList::BindInput() {
   for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN}) {
     view_->Bind(type, ignoreWhileBusy);
   }
+  view_->Bind(wxEVT_MOTION, &GtkFileList::OnMotion, this);
+  OnTreeDrawing(view_->GtkGetTreeView(), [this](bool drawing) { seen_ = drawing; });
   OnRowPress(view_->GtkGetTreeView(), [this](int index) {
     TakeClick(index);
     AnnounceSoon();
   });
+}
+
+void GtkFileList::OnMotion(wxMouseEvent& event) {
+  event.Skip();
+  wxDataViewItem item;
+  wxDataViewColumn* column = nullptr;
+  view_->HitTest(event.GetPosition(), item, column);
+  const bool isText = item.IsOk() && column != nullptr && column->GetModelColumn() >= kFirstTextColumn;
+  if (!isText) return PointAt(0, Column::kRenameName, 0);
+  PointAt(RowOf(item), static_cast<Column>(column->GetModelColumn() - kFirstTextColumn), column->GetWidth());
 }
 
 void GtkFileList::OnKeyDown(wxKeyEvent& event) {
@@ -230,7 +246,9 @@ void GtkFileList::EditLabel(int index) {
   ShowPending();
   if (!IsRow(index)) return;
   nameRenderer_->SetMode(wxDATAVIEW_CELL_EDITABLE);
+  seen_ = true;
   view_->EditItem(ItemOf(index), ViewColumn(Column::kRenameName));
+  seen_ = false;
   if (!IsEditing()) nameRenderer_->SetMode(wxDATAVIEW_CELL_INERT);
 }
 
@@ -308,7 +326,8 @@ void GtkFileList::GetCell(wxVariant& value, int index, unsigned column) {
   } else if (column == kIconColumn) {
     value = Icon(index);
   } else {
-    value = CellText(index, static_cast<Column>(column - kFirstTextColumn));
+    const auto text = static_cast<Column>(column - kFirstTextColumn);
+    value = seen_ ? CellText(index, text) : SpokenText(index, text);
   }
 }
 

@@ -15,7 +15,10 @@ namespace {
 class CellSource {
  public:
   virtual ~CellSource() = default;
-  [[nodiscard]] virtual wxString GetText(int index, Column column) const = 0;
+  enum class For { kEyes, kReading };
+  [[nodiscard]] virtual wxString GetText(int index, Column column, For purpose) const = 0;
+  /// True when this row's rename name is shown in bold.
+  [[nodiscard]] virtual bool IsBold(int index) const = 0;
   [[nodiscard]] virtual int GetIcon(int index) = 0;
   [[nodiscard]] virtual bool GetCheck(int index) const = 0;
 };
@@ -24,18 +27,49 @@ class RowView : public wxListCtrl {
  public:
   RowView(wxWindow& parent, CellSource& source)
       : wxListCtrl(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS),
-        source_(source) {}
+        source_(source) {
+    bold_.SetFont(GetFont().Bold());
+    Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
+      event.Skip();
+      CallAfter([this] { bold_.SetFont(GetFont().Bold()); });
+    });
+  }
 
+  // Texts that are not painted or edited are asked for by assistive technology.
   wxString OnGetItemText(long row, long column) const override {
-    return source_.GetText(static_cast<int>(row) + 1, static_cast<Column>(column));
+    return source_.GetText(static_cast<int>(row) + 1, static_cast<Column>(column),
+                           seen_ ? CellSource::For::kEyes : CellSource::For::kReading);
+  }
+  wxItemAttr* OnGetItemColumnAttr(long row, long column) const override {
+    return column == 0 && source_.IsBold(static_cast<int>(row) + 1) ? &bold_ : nullptr;
   }
   int OnGetItemColumnImage(long row, long column) const override {
     return column == 0 ? source_.GetIcon(static_cast<int>(row) + 1) : -1;
   }
   bool OnGetItemIsChecked(long row) const override { return source_.GetCheck(static_cast<int>(row) + 1); }
 
+  /// Starts editing with the text that is seen.
+  void StartEditing(long row) {
+    seen_ = true;
+    EditLabel(row);
+    seen_ = false;
+  }
+  [[nodiscard]] bool IsStartingEdit() const { return seen_; }
+
+ protected:
+  WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM first, WXLPARAM second) override {
+    constexpr WXUINT kPaint = 0x000F;
+    if (message != kPaint) return wxListCtrl::MSWWindowProc(message, first, second);
+    seen_ = true;
+    const WXLRESULT result = wxListCtrl::MSWWindowProc(message, first, second);
+    seen_ = false;
+    return result;
+  }
+
  private:
   CellSource& source_;
+  mutable wxItemAttr bold_;
+  bool seen_ = false;
 };
 
 class WindowsFileList : public lvwFilesBase, private CellSource {
@@ -63,7 +97,10 @@ class WindowsFileList : public lvwFilesBase, private CellSource {
   }
 
  private:
-  wxString GetText(int index, Column column) const override { return CellText(index, column); }
+  wxString GetText(int index, Column column, For purpose) const override {
+    return purpose == For::kEyes ? CellText(index, column) : SpokenText(index, column);
+  }
+  bool IsBold(int index) const override { return IsPending(index); }
   int GetIcon(int index) override;
   bool GetCheck(int index) const override { return IsRow(index) && List().Row(index).checked; }
 
@@ -76,6 +113,7 @@ class WindowsFileList : public lvwFilesBase, private CellSource {
   [[nodiscard]] int RowAt(wxPoint place) const;
   void OnActivated(wxListEvent& event);
   void OnMenu(wxContextMenuEvent& event);
+  void OnMotion(wxMouseEvent& event);
   void TakeSoon();
 
   RowView* view_;
@@ -147,11 +185,12 @@ void WindowsFileList::OnActivated(wxListEvent& event) {
 void WindowsFileList::BindEditing() {
   view_->Bind(wxEVT_LIST_BEGIN_LABEL_EDIT, [this](wxListEvent& event) {
     const int index = static_cast<int>(event.GetIndex()) + 1;
-    if (InputEnabled() && IsRow(index)) {
+    if (InputEnabled() && IsRow(index) && view_->IsStartingEdit()) {
       BeginEdit(index);
-    } else {
-      event.Veto();
+      return;
     }
+    event.Veto();
+    view_->CallAfter([this, index] { EditLabel(index); });  // a click on the selected name
   });
   view_->Bind(wxEVT_LIST_END_LABEL_EDIT, [this](wxListEvent& event) {
     if (event.IsEditCancelled()) {
@@ -210,10 +249,20 @@ void WindowsFileList::BindInput() {
     event.Skip();
   });
   view_->Bind(wxEVT_CONTEXT_MENU, &WindowsFileList::OnMenu, this);
+  view_->Bind(wxEVT_MOTION, &WindowsFileList::OnMotion, this);
   view_->Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
     NewIcons();
     event.Skip();
   });
+}
+
+void WindowsFileList::OnMotion(wxMouseEvent& event) {
+  event.Skip();
+  int part = 0;
+  long column = -1;
+  const int index = static_cast<int>(view_->HitTest(event.GetPosition(), part, &column)) + 1;
+  if (index == 0 || column < 0 || column >= kColumnCount) return PointAt(0, Column::kRenameName, 0);
+  PointAt(index, static_cast<Column>(column), view_->GetColumnWidth(static_cast<int>(column)));
 }
 
 void WindowsFileList::OnMenu(wxContextMenuEvent& event) {
@@ -238,7 +287,7 @@ void WindowsFileList::ShowRow(int index) {
 void WindowsFileList::EditLabel(int index) {
   if (!InputEnabled() || IsEditing()) return;
   ShowRow(index);
-  if (IsRow(index)) view_->EditLabel(index - 1);
+  if (IsRow(index)) view_->StartEditing(index - 1);
 }
 
 bool WindowsFileList::ShowRows(const Changes& changes) {

@@ -11,12 +11,14 @@ namespace {
 ///
 /// wxWidgets measures a text box too low, by half a line minus its padding. With this minimum height the text still
 /// fits: down to 23 pixels at 10 points, the text box only loses empty space.
+/// GTK draws a disabled tool's picture like an enabled one unless the picture is one of the theme's icons.
 constexpr const char* kStyle = R"(
 widget > entry, widget > combobox entry, widget > spinbutton {
   min-height: 1.5em; padding: 0.15em 5px; transition: none;
 }
 widget > spinbutton > entry { min-height: 0; }
 widget > spinbutton > button { min-height: 0; padding: 0 2px; }
+toolbar button:disabled image { opacity: 0.35; }
 widget > button, widget > combobox button { min-height: 1.5em; padding: 1px 6px; transition: none; }
 )";
 

@@ -1,0 +1,36 @@
+#include "app/EditCommands.h"
+
+#include <string>
+
+#include "base/Text.h"
+
+namespace quillon {
+
+void EditCommands::mnuEditUndo() {
+  Show(session_.list.UndoEdits(), " 個のリネーム名の編集を取り消しました");
+}
+
+void EditCommands::mnuEditRedo() {
+  Show(session_.list.RedoEdits(), " 個のリネーム名の編集をやり直しました");
+}
+
+// A single row is selected, so that the user sees what has changed. Several may be anywhere: the first is scrolled to.
+void EditCommands::Show(const std::vector<int>& changed, const char* what) {
+  if (changed.empty()) return;
+  if (changed.size() == 1) {
+    session_.list.SelectOnly(changed.front());
+    screen_.filePanel.ShowRow(changed.front());
+  }
+  screen_.window.ScrollToRow(changed.front());
+  screen_.status.ShowResult(FormatThousands(changed.size()) + what);
+}
+
+void EditCommands::mnuNextPending() {
+  const int row = session_.list.NextPending(session_.list.SelectedIndex());
+  if (row == 0) return;
+  session_.list.SelectOnly(row);
+  screen_.filePanel.ShowRow(row);
+  screen_.window.FocusList();
+}
+
+}  // namespace quillon

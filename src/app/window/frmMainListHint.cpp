@@ -1,0 +1,77 @@
+#include "app/window/frmMainListHint.h"
+
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/statbmp.h>
+#include <wx/stattext.h>
+
+#include "controls/Pictures.h"
+#include "controls/WxText.h"
+
+namespace quillon {
+namespace {
+
+constexpr int kPicture = 32;   // DIP
+constexpr int kGap = 6;        // DIP
+constexpr int kEdge = 3;       // DIP
+constexpr int kHeadings = 28;  // DIP: the height of the list's headings, about
+
+constexpr const char* kLines[] = {"ここにファイルやフォルダーをドロップ", "フォルダ参照： Ctrl+O",
+                                  "ファイルを開く： Ctrl+Shift+O"};
+
+}  // namespace
+
+ListHint::ListHint(wxWindow& parent, const std::function<wxDropTarget*()>& dropTarget)
+    : panel_(new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE)) {
+  panel_->Hide();
+  panel_->SetName("listHint");
+  const wxColour background = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
+  const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOXTEXT);
+  panel_->SetBackgroundColour(background);
+  auto* column = new wxBoxSizer(wxVERTICAL);
+  column->Add(new wxStaticBitmap(panel_, wxID_ANY, Picture("drop", kPicture, ink)), wxSizerFlags().Centre());
+  for (const char* line : kLines) {
+    auto* text = new wxStaticText(panel_, wxID_ANY, ToWx(line));
+    text->SetForegroundColour(ink);
+    text->SetBackgroundColour(background);
+    column->Add(text, wxSizerFlags().Centre().Border(wxTOP, panel_->FromDIP(kGap)));
+  }
+  panel_->SetSizerAndFit(column);
+  panel_->SetDropTarget(dropTarget());
+  for (wxPanel*& edge : edges_) {
+    edge = new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
+    edge->Hide();
+    edge->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
+    edge->Disable();
+  }
+}
+
+void ListHint::ShowFrame(bool shown) {
+  for (wxPanel* edge : edges_) {
+    edge->Show(shown);
+    if (shown) edge->Raise();
+  }
+}
+
+void ListHint::Show(bool shown) {
+  wanted_ = shown;
+  if (panel_->IsShown() == (wanted_ && fits_)) return;
+  panel_->Show(wanted_ && fits_);
+  if (panel_->IsShown()) panel_->Raise();
+}
+
+void ListHint::Place(const wxRect& list) {
+  const int headings = panel_->FromDIP(kHeadings);
+  const wxSize size = panel_->GetBestSize();
+  fits_ = size.x <= list.width && size.y <= list.height - 2 * headings;
+  panel_->SetSize(list.x + (list.width - size.x) / 2, list.y + headings + (list.height - headings - size.y) / 2, size.x,
+                  size.y);
+  const int edge = panel_->FromDIP(kEdge);
+  edges_[0]->SetSize(list.x, list.y, list.width, edge);
+  edges_[1]->SetSize(list.x, list.y + list.height - edge, list.width, edge);
+  edges_[2]->SetSize(list.x, list.y, edge, list.height);
+  edges_[3]->SetSize(list.x + list.width - edge, list.y, edge, list.height);
+  Show(wanted_);
+}
+
+}  // namespace quillon

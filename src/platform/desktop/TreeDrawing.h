@@ -1,0 +1,12 @@
+#pragma once
+
+#include <functional>
+
+namespace quillon {
+
+/// Calls `told` with true before a GTK tree view draws itself, and with false afterwards; in between it asks for the
+/// cells that are seen, at other times for those that assistive technology reads. It is kept as long as the view
+/// exists. Only on systems with GTK.
+void OnTreeDrawing(void* treeView, std::function<void(bool drawing)> told);
+
+}  // namespace quillon

@@ -1,0 +1,37 @@
+#include "platform/desktop/TreeDrawing.h"
+
+#include <gtk/gtk.h>
+
+#include <memory>
+#include <utility>
+
+namespace quillon {
+namespace {
+
+using Told = std::function<void(bool drawing)>;
+
+gboolean Begin(GtkWidget* /*view*/, cairo_t* /*context*/, const Told* told) {
+  (*told)(true);
+  return FALSE;
+}
+
+gboolean End(GtkWidget* /*view*/, cairo_t* /*context*/, const Told* told) {
+  (*told)(false);
+  return FALSE;
+}
+
+void Forget(gpointer told, GClosure* /*closure*/) {
+  const std::unique_ptr<Told> gone(static_cast<Told*>(told));
+}
+
+}  // namespace
+
+void OnTreeDrawing(void* treeView, std::function<void(bool drawing)> told) {
+  const auto connect = [treeView](GCallback handler, Told given, GConnectFlags when) {
+    g_signal_connect_data(treeView, "draw", handler, std::make_unique<Told>(std::move(given)).release(), Forget, when);
+  };
+  connect(G_CALLBACK(Begin), told, GConnectFlags{});
+  connect(G_CALLBACK(End), std::move(told), G_CONNECT_AFTER);
+}
+
+}  // namespace quillon
