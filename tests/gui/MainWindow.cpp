@@ -113,6 +113,13 @@ void MainWindowTest::Run(Command command) const {
   Drain();
 }
 
+std::string NativeText(lvwFiles& list, int index, Column column) {
+  std::string text = SpokenText(list, index, column);
+  const std::string_view mark = kPendingSpoken;
+  if (text.ends_with(mark)) text.resize(text.size() - mark.size());
+  return text;
+}
+
 std::string MainWindowTest::Text(const std::string& name) const {
   return FromWx(Get<wxTextCtrl>(name).GetValue());
 }

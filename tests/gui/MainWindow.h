@@ -95,8 +95,9 @@ class MainWindowTest : public testing::Test {
 /// The panels of the status bar.
 inline constexpr int kModePanel = 0;
 inline constexpr int kSelectionPanel = 1;
-inline constexpr int kChecksPanel = 2;
-inline constexpr int kItemsPanel = 3;
+inline constexpr int kPendingPanel = 2;
+inline constexpr int kChecksPanel = 3;
+inline constexpr int kItemsPanel = 4;
 
 inline constexpr const char* kManual = "手動適応モード";
 inline constexpr const char* kAutomatic = "自動適応モード";
@@ -105,6 +106,10 @@ inline constexpr const char* kAutomatic = "自動適応モード";
 /// The place of a row's rename name on the screen.
 [[nodiscard]] wxRect NativeRowRect(lvwFiles& list, int index);
 [[nodiscard]] std::string NativeText(lvwFiles& list, int index, Column column);
+/// The same as assistive technology reads it: a pending rename name says that it is one.
+[[nodiscard]] std::string SpokenText(lvwFiles& list, int index, Column column);
+/// Whether the row's rename name is bold.
+[[nodiscard]] bool IsBold(lvwFiles& list, int index);
 [[nodiscard]] int NativeCount(lvwFiles& list);
 [[nodiscard]] std::vector<int> NativeSelection(lvwFiles& list);
 /// A cell of a TextTable; both numbers are 0-based.

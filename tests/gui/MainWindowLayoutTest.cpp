@@ -139,7 +139,8 @@ TEST_F(LayoutOfMainWindow, ShowsEveryLabelInFull) {
 }
 
 TEST_F(LayoutOfMainWindow, StatusPanelsHoldTheirTexts) {
-  Open(Options());
+  WriteMidi("a.mid", "First");
+  OpenFolder();
   if (!IsExact()) Resize(Frame().GetMinSize());  // enlarged for tall controls
   const wxStatusBar& bar = *Frame().GetStatusBar();
   const auto expectFits = [&](int panel, const char* text) {
@@ -150,8 +151,9 @@ TEST_F(LayoutOfMainWindow, StatusPanelsHoldTheirTexts) {
   expectFits(kModePanel, kAutomatic);
   expectFits(kModePanel, kManual);
   expectFits(kSelectionPanel, "プレイヤー待機中...");
-  expectFits(kChecksPanel, "チェック数： 100000");
-  expectFits(kItemsPanel, "アイテム数：  100000");
+  expectFits(kPendingPanel, "未適応： 0");
+  expectFits(kChecksPanel, "チェック数： 0");
+  expectFits(kItemsPanel, "アイテム数：  1");
 }
 
 TEST_F(LayoutOfMainWindow, TheFileNameIsShortenedToItsBox) {

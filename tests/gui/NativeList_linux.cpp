@@ -25,10 +25,16 @@ wxRect NativeRowRect(lvwFiles& list, int index) {
   return {view.ClientToScreen(rect.GetTopLeft()), rect.GetSize()};
 }
 
-std::string NativeText(lvwFiles& list, int index, Column column) {
+std::string SpokenText(lvwFiles& list, int index, Column column) {
   wxVariant value;
   Model(list).GetValueByRow(value, static_cast<unsigned>(index - 1), kFirstTextColumn + static_cast<unsigned>(column));
   return FromWx(value.GetString());
+}
+
+bool IsBold(lvwFiles& list, int index) {
+  wxDataViewItemAttr attributes;
+  return Model(list).GetAttrByRow(static_cast<unsigned>(index - 1), kFirstTextColumn, attributes) &&
+         attributes.GetBold();
 }
 
 int NativeCount(lvwFiles& list) {

@@ -18,8 +18,16 @@ wxRect NativeRowRect(lvwFiles& list, int index) {
   return {View(list).ClientToScreen(rect.GetTopLeft()), rect.GetSize()};
 }
 
-std::string NativeText(lvwFiles& list, int index, Column column) {
+std::string SpokenText(lvwFiles& list, int index, Column column) {
   return FromWx(View(list).GetItemText(index - 1, static_cast<int>(column)));
+}
+
+bool IsBold(lvwFiles& list, int index) {
+  struct Access : wxListCtrl {
+    using wxListCtrl::OnGetItemColumnAttr;
+  };
+  const wxItemAttr* attributes = (View(list).*&Access::OnGetItemColumnAttr)(index - 1, 0);
+  return attributes != nullptr && attributes->HasFont() && attributes->GetFont().GetWeight() == wxFONTWEIGHT_BOLD;
 }
 
 int NativeCount(lvwFiles& list) {

@@ -220,7 +220,10 @@ void frmMain::BindEvents() {
 
 void frmMain::BindRenameBox() {
   wxTextCtrl& box = *controls_.txtAlterTitle;
-  box.Bind(wxEVT_TEXT, [this](wxCommandEvent&) { app_->RenameBoxChanged(); });
+  box.Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
+    event.Skip();  // the box itself keeps what it can undo
+    app_->RenameBoxChanged();
+  });
   box.Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { app_->RenameBoxEntered(); });
   // The text is selected when the focus comes from another control, but not when it comes back from another window:
   // typing then goes on at the caret.

@@ -41,6 +41,7 @@ ListHint::ListHint(wxWindow& parent, const std::function<wxDropTarget*()>& dropT
   for (wxPanel*& edge : edges_) {
     edge = new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
     edge->Hide();
+    edge->SetName("dropEdge");
     edge->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
     edge->Disable();
   }
