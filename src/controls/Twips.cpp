@@ -26,4 +26,8 @@ std::int32_t ToTwips(const wxWindow& window, int pixels) {
   return static_cast<std::int32_t>(std::lround(pixels * TwipsPerPixel(window)));
 }
 
+void UpdateTwips(const wxWindow& window, std::int32_t& twips, int pixels) {
+  if (ToPixels(window, twips) != pixels) twips = ToTwips(window, pixels);
+}
+
 }  // namespace quillon

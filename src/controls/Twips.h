@@ -11,4 +11,8 @@ namespace quillon {
 [[nodiscard]] int ToPixels(const wxWindow& window, std::int32_t twips);
 [[nodiscard]] std::int32_t ToTwips(const wxWindow& window, int pixels);
 
+/// Updates a stored length in twips only when it no longer gives these pixels, so that rounding errors do not add up
+/// over runs.
+void UpdateTwips(const wxWindow& window, std::int32_t& twips, int pixels);
+
 }  // namespace quillon

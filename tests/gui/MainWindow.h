@@ -112,6 +112,8 @@ inline constexpr const char* kAutomatic = "自動適応モード";
 [[nodiscard]] bool IsBold(lvwFiles& list, int index);
 [[nodiscard]] int NativeCount(lvwFiles& list);
 [[nodiscard]] std::vector<int> NativeSelection(lvwFiles& list);
+/// Whether the list has a horizontal scroll bar.
+[[nodiscard]] bool NativeScrollsSideways(lvwFiles& list);
 /// A cell of a TextTable; both numbers are 0-based.
 [[nodiscard]] std::string NativeCell(wxWindow& table, int row, int column);
 

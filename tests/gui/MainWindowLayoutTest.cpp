@@ -4,10 +4,12 @@
 #include <wx/toolbar.h>
 
 #include <cmath>
+#include <utility>
 
 #include "controls/Twips.h"
 #include "controls/WxText.h"
 #include "gui/MainWindow.h"
+#include "gui/ScreenPixel.h"
 #include "gui/Settle.h"
 #include "paths/basFileControl.h"
 
@@ -31,6 +33,31 @@ class LayoutOfMainWindow : public MainWindowTest {
     Frame().SetSize(size);
     ASSERT_TRUE(Until([&] { return Frame().GetSize() == size; }));
     Settle();
+  }
+
+  [[nodiscard]] int AllColumns() const {
+    int all = 0;
+    for (int i = 0; i < kColumnCount; ++i) all += Frame().List().ColumnWidth(static_cast<Column>(i));
+    return all;
+  }
+
+  /// The first and the last row of the screen that the first character of a status panel touches.
+  [[nodiscard]] std::pair<int, int> InkOfFirstCharacter(int panel) const {
+    const wxStatusBar& bar = *Frame().GetStatusBar();
+    wxRect field;
+    EXPECT_TRUE(bar.GetFieldRect(panel, field));
+    const wxPoint corner = bar.ClientToScreen(field.GetTopLeft());
+    const int right = bar.GetTextExtent(ToWx("手")).x + 1;
+    const wxColour paper = ScreenPixel(corner + wxPoint(4, 3));
+    std::pair<int, int> rows = {0, 0};
+    for (int y = 2; y < field.height - 1; ++y) {
+      for (int x = 4; x < right; ++x) {
+        if (ScreenPixel(corner + wxPoint(x, y)) == paper) continue;
+        if (rows.first == 0) rows.first = corner.y + y;
+        rows.second = corner.y + y;
+      }
+    }
+    return rows;
   }
 
   /// On Windows the controls fit into the given measures; GTK's may need more room.
@@ -154,6 +181,64 @@ TEST_F(LayoutOfMainWindow, StatusPanelsHoldTheirTexts) {
   expectFits(kPendingPanel, "未適応： 0");
   expectFits(kChecksPanel, "チェック数： 0");
   expectFits(kItemsPanel, "アイテム数：  1");
+}
+
+TEST_F(LayoutOfMainWindow, ColumnsFillAWidenedWindowWithoutAScrollBar) {
+  for (int i = 0; i < 60; ++i) folder.Write("file " + std::to_string(i) + ".txt");
+  OpenFolder();
+  Settle();
+  for (const int width : {760, 901, 1100}) {
+    Resize({width, 600});
+    EXPECT_FALSE(NativeScrollsSideways(Frame().List())) << width;
+    const wxRect list = RectOf("lvwFiles");
+    EXPECT_LT(Frame().List().RoomForColumns(), list.width);
+    EXPECT_GT(Frame().List().RoomForColumns(), list.width - Frame().FromDIP(110));
+    EXPECT_EQ(AllColumns(), Frame().List().RoomForColumns()) << width;
+  }
+}
+
+TEST_F(LayoutOfMainWindow, ADraggedColumnStaysWhenTheWindowGrows) {
+  Open(Options());
+  Resize({800, 600});
+  const int title = Frame().List().ColumnWidth(Column::kTitle);
+  Frame().List().SetColumnWidth(Column::kRenameName, 90);
+  Settle();
+  EXPECT_EQ(Frame().List().ColumnWidth(Column::kTitle), title) << "at once";
+  Resize({900, 600});
+  EXPECT_EQ(Frame().List().ColumnWidth(Column::kRenameName), 90);
+  EXPECT_GT(Frame().List().ColumnWidth(Column::kTitle), title);
+  EXPECT_EQ(AllColumns(), Frame().List().RoomForColumns());
+}
+
+TEST_F(LayoutOfMainWindow, UsualColumnsShowTheirHeadingsAndTypes) {
+  Open(Options());
+  const lvwFiles& list = Frame().List();
+  const wxWindow& window = Get<wxWindow>("lvwFiles");
+  const wxFont heading = IsExact() ? window.GetFont() : window.GetFont().Bold();
+  for (const Column column : {Column::kArtist, Column::kType}) {
+    wxCoord width = 0;
+    wxCoord height = 0;
+    window.GetTextExtent(ToWx(ColumnCaption(column)), &width, &height, nullptr, nullptr, &heading);
+    EXPECT_GE(list.ColumnWidth(column), width + 12) << ColumnCaption(column);
+  }
+  for (const char* type : {"MPEG", "HTML", "MIDI", "WAVE"}) {
+    EXPECT_GE(list.ColumnWidth(Column::kType), window.GetTextExtent(type).x + 8) << type;
+  }
+}
+
+TEST_F(LayoutOfMainWindow, StatusTextsStandOnOneBaseline) {
+  Open(Options());
+  wxStatusBar& bar = *Frame().GetStatusBar();
+  bar.SetStatusText(ToWx("手"), kModePanel);
+  bar.SetStatusText(ToWx("手 a"), kSelectionPanel);
+  bar.SetStatusText(ToWx("手： 15"), kChecksPanel);
+  bar.SetStatusText(ToWx("手"), kItemsPanel);
+  Settle();
+  const std::pair<int, int> ink = InkOfFirstCharacter(kModePanel);
+  EXPECT_LT(ink.first, ink.second);
+  for (const int panel : {kSelectionPanel, kChecksPanel, kItemsPanel}) {
+    EXPECT_EQ(InkOfFirstCharacter(panel), ink) << panel;
+  }
 }
 
 TEST_F(LayoutOfMainWindow, TheFileNameIsShortenedToItsBox) {

@@ -34,6 +34,13 @@ class SettingsOfMainWindow : public MainWindowTest {
     CloseWindow();
   }
 
+  void Resize(int width) const {
+    const wxSize size(width, Frame().GetSize().y);
+    Frame().SetSize(size);
+    ASSERT_TRUE(Until([&] { return Frame().GetSize() == size; }));
+    Settle();
+  }
+
   static std::vector<std::int32_t> Geometry(const OptionValues& options) {
     const OptionValues::Window& window = options.window;
     return {window.left.value_or(-1), window.top.value_or(-1), window.width, window.height};
@@ -54,7 +61,7 @@ TEST_F(SettingsOfMainWindow, AFirstStartIsCentredWithTheUsualMeasures) {
   for (const int twips : {1800, 1800, 1800, 660, 900, 2300}) {
     const auto column = static_cast<Column>(widths.size());
     // A column whose heading needs more room is wider.
-    widths.push_back(std::max(ToPixels(Frame(), twips), Frame().List().HeadingWidth(column)));
+    widths.push_back(std::max(ToPixels(Frame(), twips), Frame().List().NeededWidth(column)));
   }
   EXPECT_EQ(ColumnWidths(), widths);
 }
@@ -101,8 +108,82 @@ TEST_F(SettingsOfMainWindow, AMaximisedWindowKeepsThePlaceItHadBefore) {
   Settle();
   CloseWindow();
   EXPECT_EQ(Geometry(Saved()), Geometry(before));
-  Open(Saved());
+  OptionValues saved = Saved();
+  saved.extra.maximized = false;
+  Open(saved);
   EXPECT_EQ(Frame().List().ColumnWidth(Column::kTitle), 99) << "column widths are written always";
+}
+
+TEST_F(SettingsOfMainWindow, AStartAndAnEndLeaveTheFileAsItWas) {
+  Open(Options());
+  CloseWindow();
+  const std::string first = home.Read("Quillon.ini");
+  for (const std::int32_t width : {9520, 12000, 15000}) {
+    OptionValues options = Saved();
+    options.window.width = width;
+    Open(options);
+    Settle();
+    CloseWindow();
+    EXPECT_EQ(Saved().window.columnWidths, OptionValues().window.columnWidths) << width;
+    EXPECT_EQ(Saved().window.width, width);
+  }
+  EXPECT_EQ(first.find("Maximized"), std::string::npos);
+}
+
+TEST_F(SettingsOfMainWindow, AWidenedWindowComesBackWithItsColumns) {
+  Open(Options());
+  Settle();
+  const std::vector<int> before = ColumnWidths();
+  Resize(900);
+  const std::vector<int> wide = ColumnWidths();
+  for (const int i : {0, 1, 5}) EXPECT_GT(wide.at(i), before.at(i)) << i;
+  for (const int i : {2, 3, 4}) EXPECT_EQ(wide.at(i), before.at(i)) << i;
+  CloseWindow();
+  const OptionValues saved = Saved();
+  for (int run = 0; run < 2; ++run) {
+    Open(Saved());
+    Settle();
+    EXPECT_EQ(ColumnWidths(), wide) << run;
+    CloseWindow();
+    EXPECT_EQ(Saved().window.columnWidths, saved.window.columnWidths) << run;
+  }
+  Open(Saved());
+  Settle();
+  Resize(ToPixels(Frame(), 9520));
+  EXPECT_EQ(ColumnWidths(), before);
+}
+
+TEST_F(SettingsOfMainWindow, AMaximisedWindowComesBackMaximised) {
+  SaveOnce();
+  const OptionValues before = Saved();
+  ASSERT_FALSE(before.extra.maximized);
+  Open(before);
+  Settle();
+  const std::vector<int> normal = ColumnWidths();
+  Frame().Maximize();
+  ASSERT_TRUE(Until([this] { return Frame().IsMaximized() && Frame().GetSize().x > 1000; }));
+  Settle();
+  const std::vector<int> wide = ColumnWidths();
+  EXPECT_GT(wide.at(0), normal.at(0));
+  CloseWindow();
+  for (int run = 0; run < 2; ++run) {
+    EXPECT_TRUE(Saved().extra.maximized);
+    EXPECT_EQ(Geometry(Saved()), Geometry(before));
+    EXPECT_EQ(Saved().window.columnWidths, before.window.columnWidths) << "those of the normal window";
+    Open(Saved());
+    ASSERT_TRUE(Until([this] { return Frame().IsMaximized() && Frame().GetSize().x > 1000; })) << run;
+    Settle();
+    EXPECT_GT(ColumnWidths().at(0), normal.at(0));
+    if (run == 0) CloseWindow();
+  }
+  Frame().Maximize(false);
+  EXPECT_TRUE(Until([this] { return Frame().GetRect() == wxRect(60, 70, 700, 560); }))
+      << Frame().GetRect().x << ", " << Frame().GetRect().y << ", " << Frame().GetRect().width << " x "
+      << Frame().GetRect().height;
+  Settle();
+  EXPECT_EQ(ColumnWidths(), normal);
+  CloseWindow();
+  EXPECT_FALSE(Saved().extra.maximized);
 }
 
 TEST_F(SettingsOfMainWindow, AMinimisedWindowKeepsThePlaceItHadBefore) {

@@ -1,3 +1,4 @@
+#include <gtk/gtk.h>
 #include <wx/dataview.h>
 
 #include "controls/WxText.h"
@@ -47,6 +48,12 @@ std::vector<int> NativeSelection(lvwFiles& list) {
   std::vector<int> rows;
   for (const wxDataViewItem& item : items) rows.push_back(static_cast<int>(Model(list).GetRow(item)) + 1);
   return rows;
+}
+
+bool NativeScrollsSideways(lvwFiles& list) {
+  auto* const view = reinterpret_cast<GtkScrollable*>(View(list).GtkGetTreeView());
+  GtkAdjustment* const range = gtk_scrollable_get_hadjustment(view);
+  return gtk_adjustment_get_upper(range) > gtk_adjustment_get_page_size(range);
 }
 
 std::string NativeCell(wxWindow& table, int row, int column) {

@@ -43,6 +43,10 @@ std::vector<int> NativeSelection(lvwFiles& list) {
   return rows;
 }
 
+bool NativeScrollsSideways(lvwFiles& list) {
+  return View(list).HasScrollbar(wxHORIZONTAL);
+}
+
 std::string NativeCell(wxWindow& table, int row, int column) {
   return FromWx(dynamic_cast<wxListCtrl&>(table).GetItemText(row, column));
 }

@@ -33,10 +33,8 @@ namespace quillon {
 namespace {
 
 constexpr std::chrono::milliseconds kShowDuringLoadAfter(500);
-constexpr int kTitleBar = 12;         // DIP: half of its height
-constexpr int kFirstListSize = 200;   // DIP
-constexpr int kWidestColumn = 4000;   // DIP
-constexpr int kNarrowestColumn = 20;  // DIP: the header of a narrower column cannot be seen or dragged
+constexpr int kTitleBar = 12;        // DIP: half of its height
+constexpr int kFirstListSize = 200;  // DIP
 
 /// Moves a remembered rectangle onto a screen that exists now: into the screen that shows the middle of its title bar,
 /// or to `centred` when there is none.
@@ -47,13 +45,6 @@ wxRect MovedOntoScreen(wxRect window, int halfTitleBar, wxPoint centred) {
   window.x = std::max(area.x, std::min(window.x, area.x + area.width - window.width));
   window.y = std::max(area.y, std::min(window.y, area.y + area.height - window.height));
   return window;
-}
-
-/// Updates a stored length in twips only when it no longer gives these pixels, so that rounding errors do not add up
-/// over runs.
-template <class Twips>
-void UpdateTwips(const wxWindow& window, Twips& twips, int pixels) {
-  if (ToPixels(window, twips) != pixels) twips = ToTwips(window, pixels);
 }
 
 }  // namespace
@@ -95,6 +86,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
                  .ownerWindow = reinterpret_cast<std::uintptr_t>(GetHandle())}};
   app_ = std::make_unique<Application>(std::move(options), std::move(paths), std::move(ports));
   lvwFiles_ = lvwFiles::Make(*controls_.panel, app_->List(), ListHandlers());
+  columns_ = std::make_unique<frmMainColumns>(*lvwFiles_);
   controls_.list = &lvwFiles_->Window();
   controls_.list->MoveBeforeInTabOrder(controls_.fraFileInfo);
   hint_ = std::make_unique<ListHint>(*controls_.panel, [this] { return lvwFiles_->MakeDropTarget(); });
@@ -183,6 +175,7 @@ void frmMain::ShowLaidOut() {
   OnPanelSize();
   GrowSmallestSize();
   const wxRect place = GetRect();
+  if (app_->Options().extra.maximized) Maximize();
   Show();
   controls_.panel->Bind(wxEVT_PAINT, [this, place, first = true](wxPaintEvent& event) mutable {
     if (std::exchange(first, false)) CallAfter([this, place] { SettleAt(place); });
@@ -231,11 +224,7 @@ void frmMain::ApplySettings() {
   smallest.DecTo(screen);
   SetMinSize(smallest);
   Place(wxSize(ToPixels(*this, window.width), ToPixels(*this, window.height)));
-  for (int i = 0; i < kColumnCount; ++i) {
-    const auto column = static_cast<Column>(i);
-    const int width = FirstWidth(column, window.columnWidths.at(static_cast<std::size_t>(i)));
-    lvwFiles_->SetColumnWidth(column, std::clamp(width, FromDIP(kNarrowestColumn), FromDIP(kWidestColumn)));
-  }
+  columns_->Show(window);
 }
 
 // Places the window where the settings say, or in the middle of the screen.
@@ -244,17 +233,12 @@ void frmMain::Place(wxSize size) {
   const ScreenMetrics metrics = QueryScreen();
   const wxSize screen(metrics.width, metrics.height);
   size.DecTo(screen);
+  givenSize_ = size;
   const wxPoint centred(screen.x / 2 - size.x / 2, screen.y / 2 - size.y / 2);
   wxPoint place = centred;
   if (window.left) place.x = ToPixels(*this, *window.left);
   if (window.top) place.y = ToPixels(*this, *window.top);
   SetSize(MovedOntoScreen(wxRect(place, size), FromDIP(kTitleBar), centred));
-}
-
-// A column of the usual width is widened when its heading needs more.
-int frmMain::FirstWidth(Column column, std::int32_t twips) const {
-  const bool usual = twips == OptionValues().window.columnWidths.at(static_cast<std::size_t>(column));
-  return std::max(ToPixels(*this, twips), usual ? lvwFiles_->HeadingWidth(column) : 0);
 }
 
 void frmMain::KeepSettings() {
@@ -266,12 +250,6 @@ void frmMain::KeepSettings() {
   UpdateTwips(*this, *options.window.top, rect.y);
   UpdateTwips(*this, options.window.width, rect.width);
   if (rect.height != grownHeight_) UpdateTwips(*this, options.window.height, rect.height);
-  for (int i = 0; i < kColumnCount; ++i) {
-    const auto column = static_cast<Column>(i);
-    std::int32_t& twips = options.window.columnWidths.at(static_cast<std::size_t>(i));
-    const int width = lvwFiles_->ColumnWidth(column);
-    if (width != FirstWidth(column, twips)) UpdateTwips(*this, twips, width);
-  }
 }
 
 void frmMain::OnClose(wxCloseEvent& event) {
@@ -281,8 +259,10 @@ void frmMain::OnClose(wxCloseEvent& event) {
   }
   app_->Player().Shutdown();
   if (saves_) {
-    KeepSettings();
     const bool normal = !IsIconized() && !IsMaximized() && !IsFullScreen();
+    KeepSettings();
+    columns_->Keep(app_->Options().window, normal);
+    app_->Options().extra.maximized = IsIconized() ? maximized_ : IsMaximized();
     (void)app_->SaveSettings(normal ? WindowGeometry::kWrite : WindowGeometry::kKeep);  // a failure is not reported
   }
   Destroy();

@@ -13,6 +13,7 @@
 
 #include "app/Application.h"
 #include "app/window/frmMainBoxes.h"
+#include "app/window/frmMainColumns.h"
 #include "app/window/frmMainLayout.h"
 #include "app/window/frmMainLoading.h"
 #include "app/window/frmMainModeWarning.h"
@@ -104,6 +105,7 @@ class frmMain final : public wxFrame,
   void NameToolBarArrows();
   void MakeStatusBar();
   void ShowCounts(const std::array<std::string, 3>& counts);
+  wxStatusBar* OnCreateStatusBar(int number, long style, wxWindowID id, const wxString& name) override;
   [[nodiscard]] int StatusBarWidth() const;
   void RefreshPictures();
   [[nodiscard]] lvwFiles::Handlers ListHandlers();
@@ -127,7 +129,6 @@ class frmMain final : public wxFrame,
   void UpdateCommands();
   void ApplySettings();
   void Place(wxSize size);
-  [[nodiscard]] int FirstWidth(Column column, std::int32_t twips) const;
   void KeepSettings();
   void BeforeYield();
   void ShowLaidOut();
@@ -155,6 +156,7 @@ class frmMain final : public wxFrame,
   std::unique_ptr<lvwFiles> lvwFiles_;
   std::unique_ptr<ListHint> hint_;
   std::unique_ptr<ModeWarning> modeWarning_;
+  std::unique_ptr<frmMainColumns> columns_;
   std::chrono::steady_clock::time_point started_;
   wxWindow* focused_ = nullptr;                 // the child that last had the focus
   std::unique_ptr<wxWindowDisabler> disabled_;  // disables this window and those beside it
@@ -163,7 +165,9 @@ class frmMain final : public wxFrame,
   bool closeWanted_ = false;  // asked for while a command runs
   bool saves_ = true;
   std::array<int, 5> panelWidths_{};
-  int grownHeight_ = 0;  // the window's height for taller controls, which is not the user's choice
+  wxSize givenSize_;        // the window's size, while nobody has resized it
+  bool maximized_ = false;  // before the window was minimised
+  int grownHeight_ = 0;     // the window's height for taller controls, which is not the user's choice
 };
 
 }  // namespace quillon

@@ -13,6 +13,7 @@
 #include "controls/AccessKeys.h"
 #include "controls/GuardedApp.h"
 #include "controls/Pictures.h"
+#include "controls/StatusBar.h"
 #include "controls/WxText.h"
 #include "controls/basLoadFileIcon.h"
 #include "platform/desktop/AccessibleName.h"
@@ -171,6 +172,12 @@ void frmMain::ShowCounts(const std::array<std::string, 3>& counts) {
   for (std::size_t i = 0; i < counts.size(); ++i) ShowStatus(counts[i], kFirstCountPanel + static_cast<int>(i));
 }
 
+wxStatusBar* frmMain::OnCreateStatusBar(int number, long style, wxWindowID /*id*/, const wxString& /*name*/) {
+  wxStatusBar* const bar = MakeStatusBarOnBaseline(*this, style);
+  bar->SetFieldsCount(number);
+  return bar;
+}
+
 // The width at which every panel shows its whole text while no file is selected.
 int frmMain::StatusBarWidth() const {
   const wxStatusBar& bar = *GetStatusBar();
@@ -263,6 +270,8 @@ void frmMain::OnPanelSize() {
   const wxSize smallest = SmallestSize(*this);
   if (IsIconized() || size.x < smallest.x / 2 || size.y < smallest.y * 2 / 3) return;
   LayOut(controls_, Bars());
+  columns_->Follow(GetSize() == givenSize_);
+  maximized_ = IsMaximized();
   app_->WindowResized();
 }
 

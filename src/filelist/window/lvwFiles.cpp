@@ -74,6 +74,13 @@ int lvwFilesBase::FirstWidth(Column column) {
   return kWidths.at(static_cast<std::size_t>(column));
 }
 
+int lvwFilesBase::CellTextWidth(const wxWindow& window, Column column) {
+  if (column != Column::kType) return 0;
+  int widest = 0;
+  for (const char* type : {"MIDI", "MPEG", "WAVE", "HTML"}) widest = std::max(widest, window.GetTextExtent(type).x);
+  return widest;
+}
+
 void lvwFilesBase::Start(wxWindow& window) {
   window_ = &window;
   window.SetName("lvwFiles");

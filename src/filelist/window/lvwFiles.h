@@ -46,8 +46,10 @@ class lvwFiles : public FileListObserver {
   /// The width of one of FileItem.h's six columns, in pixels of the window.
   [[nodiscard]] virtual int ColumnWidth(Column column) const = 0;
   virtual void SetColumnWidth(Column column, int pixels) = 0;
-  /// The width that shows the whole heading; 0 where the system itself shortens headings.
-  [[nodiscard]] virtual int HeadingWidth(Column column) const = 0;
+  /// The width that shows the whole heading, and in the column of types every type of four letters.
+  [[nodiscard]] virtual int NeededWidth(Column column) const = 0;
+  /// The widths that the six columns together may have without a horizontal scroll bar, however many rows there are.
+  [[nodiscard]] virtual int RoomForColumns() const = 0;
 
   /// Scrolls the row into view and makes it the keyboard's current row; the selection stays.
   virtual void ShowRow(int index) = 0;

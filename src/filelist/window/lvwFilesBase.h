@@ -37,6 +37,9 @@ class lvwFilesBase : public lvwFiles {
   /// The column's initial width, in DIP.
   [[nodiscard]] static int FirstWidth(Column column);
 
+  /// The width of the widest text that NeededWidth counts for the column's cells, in this window's font.
+  [[nodiscard]] static int CellTextWidth(const wxWindow& window, Column column);
+
   /// Call it at the end of the derived constructor, when `window` is complete. The list's rows are shown soon.
   void Start(wxWindow& window);
   /// Call it in the derived destructor. Deletes the window if its parent has not.

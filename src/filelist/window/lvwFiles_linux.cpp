@@ -1,7 +1,7 @@
 #include <wx/bmpbndl.h>
+#include <wx/settings.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <optional>
 #include <unordered_map>
@@ -13,6 +13,7 @@
 #include "filelist/window/lvwFilesGtk.h"
 #include "platform/desktop/CellEditor.h"
 #include "platform/desktop/RowPress.h"
+#include "platform/desktop/TreeColumn.h"
 #include "platform/desktop/TreeDrawing.h"
 
 namespace quillon {
@@ -28,7 +29,8 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   wxWindow& Window() override { return *view_; }
   int ColumnWidth(Column column) const override;
   void SetColumnWidth(Column column, int pixels) override;
-  int HeadingWidth(Column column) const override;
+  int NeededWidth(Column column) const override;
+  int RoomForColumns() const override;
   void ShowRow(int index) override;
   void EditLabel(int index) override;
 
@@ -68,7 +70,6 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   RowView* view_;
   wxDataViewTextRenderer* nameRenderer_ = nullptr;
   std::optional<CellEditor> editor_;  // of nameRenderer_
-  std::array<int, kColumnCount> widths_{};
   std::unordered_map<std::uint32_t, wxVariant> icons_;
   // The rows that were painted or read aloud since they last changed. The others need no refresh, because the view has
   // not asked for their contents.
@@ -103,11 +104,9 @@ void GtkFileList::AddColumns() {
     text->SetMode(wxDATAVIEW_CELL_INERT);
     text->EnableEllipsize(wxELLIPSIZE_END);
     if (isName) nameRenderer_ = text;
-    const auto number = static_cast<std::size_t>(i);
-    widths_[number] = view_->FromDIP(FirstWidth(column));
-    view_->AppendColumn(new wxDataViewColumn(ToWx(ColumnCaption(column)), text,
-                                             kFirstTextColumn + static_cast<unsigned>(i), widths_[number],
-                                             isNumber ? wxALIGN_RIGHT : wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE));
+    view_->AppendColumn(new wxDataViewColumn(
+        ToWx(ColumnCaption(column)), text, kFirstTextColumn + static_cast<unsigned>(i),
+        view_->FromDIP(FirstWidth(column)), isNumber ? wxALIGN_RIGHT : wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE));
   }
 }
 
@@ -209,29 +208,29 @@ void GtkFileList::OnMenuKey(wxContextMenuEvent& event) {
 }
 
 int GtkFileList::ColumnWidth(Column column) const {
-  const int set = widths_[static_cast<std::size_t>(column)];
-  const int shown = ViewColumn(column)->GetWidth();
-  if (shown <= 0) return set;  // not on the screen yet
-  if (column != Column::kLocation || shown <= set) return shown;
-  // GTK gives the last column the remaining width of the window.
-  int all = 0;
-  for (unsigned i = 0; i < view_->GetColumnCount(); ++i) all += view_->GetColumn(i)->GetWidth();
-  return all <= view_->GetClientSize().x ? set : shown;
+  return SetWidthOfColumn(view_->GtkGetTreeView(), static_cast<int>(kFirstTextColumn) + static_cast<int>(column));
 }
 
 void GtkFileList::SetColumnWidth(Column column, int pixels) {
-  widths_[static_cast<std::size_t>(column)] = pixels;
   ViewColumn(column)->SetWidth(pixels);
 }
 
 // GTK's themes write headings in bold.
-int GtkFileList::HeadingWidth(Column column) const {
-  constexpr int kAround = 16;  // DIP
+int GtkFileList::NeededWidth(Column column) const {
+  constexpr int kAround = 16;     // DIP
+  constexpr int kAroundCell = 8;  // DIP
   wxCoord width = 0;
   wxCoord height = 0;
   const wxFont bold = view_->GetFont().Bold();
   view_->GetTextExtent(ViewColumn(column)->GetTitle(), &width, &height, nullptr, nullptr, &bold);
-  return width + view_->FromDIP(kAround);
+  const int cell = CellTextWidth(*view_, column);
+  return std::max(width + view_->FromDIP(kAround), cell > 0 ? cell + view_->FromDIP(kAroundCell) : 0);
+}
+
+int GtkFileList::RoomForColumns() const {
+  const int around = view_->GetWindowBorderSize().x + std::max(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, view_), 0);
+  return view_->GetSize().x - around - view_->GetColumn(kCheckColumn)->GetWidth() -
+         view_->GetColumn(kIconColumn)->GetWidth();
 }
 
 void GtkFileList::ShowRow(int index) {

@@ -1,7 +1,9 @@
 #include <wx/imaglist.h>
 #include <wx/listctrl.h>
+#include <wx/settings.h>
 #include <wx/wupdlock.h>
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
@@ -82,7 +84,8 @@ class WindowsFileList : public lvwFilesBase, private CellSource {
   wxWindow& Window() override { return *view_; }
   int ColumnWidth(Column column) const override { return view_->GetColumnWidth(static_cast<int>(column)); }
   void SetColumnWidth(Column column, int pixels) override { view_->SetColumnWidth(static_cast<int>(column), pixels); }
-  int HeadingWidth(Column) const override { return 0; }
+  int NeededWidth(Column column) const override;
+  int RoomForColumns() const override;
   void ShowRow(int index) override;
   void EditLabel(int index) override;
 
@@ -275,6 +278,16 @@ void WindowsFileList::OnMenu(wxContextMenuEvent& event) {
   const bool known = focused >= 1 && view_->GetItemRect(focused - 1, row, wxLIST_RECT_LABEL);
   const bool visible = known && row.GetTop() >= 0 && row.GetBottom() < view_->GetClientSize().y;
   WantMenu(view_->ClientToScreen(visible ? row.GetBottomLeft() : wxPoint()));
+}
+
+int WindowsFileList::NeededWidth(Column column) const {
+  constexpr int kAround = 12;  // DIP
+  const int text = std::max(view_->GetTextExtent(ToWx(ColumnCaption(column))).x, CellTextWidth(*view_, column));
+  return text + view_->FromDIP(kAround);
+}
+
+int WindowsFileList::RoomForColumns() const {
+  return view_->GetSize().x - view_->GetWindowBorderSize().x - wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, view_);
 }
 
 void WindowsFileList::ShowRow(int index) {
