@@ -128,6 +128,7 @@ class Application : private FilePanel {
   [[nodiscard]] OptionValues& Options() { return options_; }
   [[nodiscard]] const ApplyMode& Mode() const { return mode_; }
   [[nodiscard]] bool RegexAvailable() const { return regex_.Available(); }
+  [[nodiscard]] RegexEngine& Regex() { return regex_; }
 
   /// True while a command or an event is being handled.
   [[nodiscard]] bool IsRunning() const { return running_; }

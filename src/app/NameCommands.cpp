@@ -41,7 +41,8 @@ RunOutcome NameCommands::ModifyRows(Rows rows, const OptionValues::Modify& rules
     waiting_.Begin(kEditingHeadline, kEditingLine);
     const Finally ended([this] { waiting_.End(); });
     ShownProgress progress = Shown();
-    outcome = ModifyRenameNames(session_.list, rows, rules, regex_, ApplyAtOnce(), progress);
+    outcome =
+        ModifyRenameNames(session_.list, rows, rules, RepetitionOf(session_.options), regex_, ApplyAtOnce(), progress);
     MarkFailed(outcome);
   }
   ShowChanged(outcome);
@@ -58,7 +59,8 @@ void NameCommands::RenameToTitles(Rows rows) {
     const bool manual = !session_.mode.automatic;
     const TitleRules titles = {.skipUntitled = options.skipUntitledRows && manual,
                                .findInvalid = options.checkInvalidNames && manual,
-                               .rules = options.applyRules ? &session_.options.modify : nullptr};
+                               .rules = options.applyRules ? &session_.options.modify : nullptr,
+                               .repetition = RepetitionOf(session_.options)};
     if (options.applyRules) {
       waiting_.Begin(kEditingHeadline, kEditingLine);
       const Finally ended([this] { waiting_.End(); });

@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <utility>
 
+#include "base/Text.h"
 #include "bregexp/WorkingText.h"
+#include "bregexp/bregexp.h"
 
 namespace quillon::bregexp {
 namespace {
@@ -32,14 +34,15 @@ std::uint32_t CompileOptions(Encoding encoding, bool ignoreCase) {
   return options | (encoding == Encoding::kBytes ? PCRE2_NEVER_UTF : PCRE2_UTF);
 }
 
-std::string_view ErrorText(int compileError) {
-  switch (compileError) {
-    case PCRE2_ERROR_MISSING_CLOSING_PARENTHESIS:
-    case PCRE2_ERROR_UNMATCHED_CLOSING_PARENTHESIS:
-    case PCRE2_ERROR_MISSING_COMMENT_CLOSING: return kUnmatchedParentheses;
-    case PCRE2_ERROR_MISSING_SQUARE_BRACKET: return kUnmatchedBrackets;
-    default: return kInvalid;
-  }
+/// The characters of the pattern in the command before this byte of the pattern that PCRE2 was given.
+std::size_t OffsetInCommand(std::string_view pattern, std::size_t byte, Encoding encoding) {
+  // PCRE2 can point into a character.
+  const bool utf8 = encoding != Encoding::kBytes;
+  while (utf8 && byte < pattern.size() && (static_cast<unsigned char>(pattern[byte]) & 0xC0u) == 0x80) --byte;
+  const std::string_view before = pattern.substr(0, byte);
+  // Every "/" was written as "\/".
+  const auto slashes = static_cast<std::size_t>(std::count(before.begin(), before.end(), '/'));
+  return (utf8 ? CharacterCount(before) : before.size()) + slashes;
 }
 
 // PCRE2 expects unsigned bytes.
@@ -50,31 +53,43 @@ PCRE2_SPTR Units(std::string_view text) {
 
 }  // namespace
 
-Result<Substitution, std::string_view> Substitution::Compile(std::string_view command) {
+std::string_view ErrorText(const Defect& defect) {
+  switch (defect.number) {
+    case PCRE2_ERROR_MISSING_CLOSING_PARENTHESIS:
+    case PCRE2_ERROR_UNMATCHED_CLOSING_PARENTHESIS:
+    case PCRE2_ERROR_MISSING_COMMENT_CLOSING: return kUnmatchedParentheses;
+    case PCRE2_ERROR_MISSING_SQUARE_BRACKET: return kUnmatchedBrackets;
+    default: return kInvalid;
+  }
+}
+
+Result<Substitution, Defect> Substitution::Compile(std::string_view command) {
   std::optional<Command> parsed = ParseCommand(command);
-  if (!parsed) return kInvalid;
+  if (!parsed) return Defect{kBregexpBadCommand};
   Substitution made;
   made.encoding_ = parsed->encoding;
   made.global_ = parsed->global;
   if (const auto error = made.CompilePattern(parsed->pattern, parsed->ignoreCase)) return *error;
   std::optional<std::vector<ReplacementPart>> replacement = ParseReplacement(parsed->replacement, parsed->encoding);
-  if (!replacement || !made.PrepareMatching()) return kInvalid;
+  if (!replacement) return Defect{kBregexpBadReplacement};
+  if (!made.PrepareMatching()) return Defect{kBregexpOutOfMemory};
   made.replacement_ = *std::move(replacement);
   return made;
 }
 
-std::optional<std::string_view> Substitution::CompilePattern(std::string_view pattern, bool ignoreCase) {
+std::optional<Defect> Substitution::CompilePattern(std::string_view pattern, bool ignoreCase) {
   struct FreeContext {
     void operator()(pcre2_compile_context* context) const { pcre2_compile_context_free(context); }
   };
   const std::unique_ptr<pcre2_compile_context, FreeContext> context(pcre2_compile_context_create(nullptr));
-  if (!context) return kInvalid;
+  if (!context) return Defect{kBregexpOutOfMemory};
   pcre2_set_newline(context.get(), PCRE2_NEWLINE_LF);
   int error = 0;
   PCRE2_SIZE offset = 0;
   code_.reset(pcre2_compile(Units(pattern), pattern.size(), CompileOptions(encoding_, ignoreCase), &error, &offset,
                             context.get()));
-  return code_ ? std::nullopt : std::optional(ErrorText(error));
+  if (code_) return std::nullopt;
+  return Defect{error, OffsetInCommand(pattern, offset, encoding_)};
 }
 
 bool Substitution::PrepareMatching() {

@@ -3,6 +3,7 @@
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <pcre2.h>
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,11 +20,19 @@ inline constexpr std::string_view kInvalid = "invalid target parameter";
 inline constexpr std::string_view kUnmatchedParentheses = "unmatched () in regexp";
 inline constexpr std::string_view kUnmatchedBrackets = "unmatched [] in regexp";
 
+/// Why a command cannot be compiled, as `QuillonRegexCheck` answers it.
+struct Defect {
+  int number = 0;
+  std::size_t offset = 0;
+};
+
+/// One of the texts above.
+[[nodiscard]] std::string_view ErrorText(const Defect& defect);
+
 /// A compiled command, ready for any number of targets.
 class Substitution {
  public:
-  /// The error is one of the texts above.
-  static Result<Substitution, std::string_view> Compile(std::string_view command);
+  static Result<Substitution, Defect> Compile(std::string_view command);
 
   /// Returns the target with its matches replaced, in the command's encoding, or one of the error texts on failure.
   [[nodiscard]] std::string Apply(std::string_view target);
@@ -42,7 +51,7 @@ class Substitution {
 
   Substitution() = default;
 
-  [[nodiscard]] std::optional<std::string_view> CompilePattern(std::string_view pattern, bool ignoreCase);
+  [[nodiscard]] std::optional<Defect> CompilePattern(std::string_view pattern, bool ignoreCase);
   [[nodiscard]] bool PrepareMatching();
   [[nodiscard]] std::optional<std::string> ReplaceMatches(std::string_view text);
   [[nodiscard]] int Find(std::string_view text, std::size_t from, bool allowEmpty);

@@ -19,11 +19,11 @@ struct Compiled {
   explicit Compiled(std::string_view text) : command(text), outcome(Substitution::Compile(text)) {}
 
   std::string command;
-  Result<Substitution, std::string_view> outcome;
+  Result<Substitution, Defect> outcome;
 };
 
 std::string Run(Compiled& compiled, std::string_view target) {
-  return compiled.outcome.Ok() ? (*compiled.outcome).Apply(target) : std::string(compiled.outcome.Failure());
+  return compiled.outcome.Ok() ? (*compiled.outcome).Apply(target) : std::string(ErrorText(compiled.outcome.Failure()));
 }
 
 void FreeSlot(void** slot) {
@@ -54,10 +54,24 @@ std::size_t Copy(std::string_view text, char* result, std::size_t capacity) {
 }  // namespace quillon::bregexp
 
 extern "C" QUILLON_EXPORTED BregexpReplace Replace;
+extern "C" QUILLON_EXPORTED BregexpCheck QuillonRegexCheck;
 extern "C" QUILLON_EXPORTED BregexpVersion QuillonRegexVersion;
 
 int QuillonRegexVersion() {
   return kBregexpVersion;
+}
+
+int QuillonRegexCheck(const char* command, std::size_t commandLength, std::size_t* offset) {
+  using namespace quillon::bregexp;
+  *offset = 0;
+  try {
+    const auto outcome = Substitution::Compile({command, commandLength});
+    if (outcome.Ok()) return 0;
+    *offset = outcome.Failure().offset;
+    return outcome.Failure().number;
+  } catch (const std::bad_alloc&) {
+    return kBregexpOutOfMemory;
+  }
 }
 
 std::size_t Replace(const char* command, std::size_t commandLength, const char* target, std::size_t targetLength,

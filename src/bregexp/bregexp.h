@@ -2,8 +2,9 @@
 
 #include <cstddef>
 
-/// The interface of the loadable regular-expression library (BREGEXP.DLL, libbregexp.so). It exports `Replace` and
-/// `QuillonRegexVersion`; the latter distinguishes it from libraries of the same name with another interface.
+/// The interface of the loadable regular-expression library (BREGEXP.DLL, libbregexp.so). It exports `Replace`,
+/// `QuillonRegexCheck` and `QuillonRegexVersion`; the last one distinguishes it from libraries of the same name with
+/// another interface.
 ///
 /// A command is `s/` pattern `/` replacement `/` flags, parsed as in Perl: the first "/" without a backslash ends the
 /// pattern, the next one the replacement, and "\/" is a "/".
@@ -41,10 +42,21 @@ extern "C" {
 using BregexpReplace = std::size_t(const char* command, std::size_t commandLength, const char* target,
                                    std::size_t targetLength, char* result, std::size_t capacity, void** compiled);
 
+/// Says why `Replace` answers every target with an error. Returns 0 when the command is usable, the number of PCRE2's
+/// compile error (above 100; pcre2.h) for a defect of the pattern, else one of the numbers below. A defect of the
+/// pattern sets `*offset` to the number of the pattern's characters, as the command has them, before the place where
+/// the defect was noticed; otherwise it is 0.
+using BregexpCheck = int(const char* command, std::size_t commandLength, std::size_t* offset);
+
 /// Returns the library's interface version: the `kBregexpVersion` that it was built with.
 using BregexpVersion = int();
 
 }  // extern "C"
 
+/// The command is not of the form above.
+inline constexpr int kBregexpBadCommand = -1;
+inline constexpr int kBregexpBadReplacement = -2;
+inline constexpr int kBregexpOutOfMemory = -3;
+
 /// The current interface version. It changes with every change that an older caller would not expect.
-inline constexpr int kBregexpVersion = 1;
+inline constexpr int kBregexpVersion = 2;

@@ -31,6 +31,7 @@ struct InfoArguments {
 struct ModifyArguments {
   std::string settings;
   std::optional<std::size_t> listCount;  ///< empty: the number of names read
+  bool once = false;                     ///< each rule is applied once
 };
 [[nodiscard]] int RunModify(const ModifyArguments& arguments);
 
@@ -43,6 +44,7 @@ struct RenameArguments {
   std::optional<std::int32_t> start;  ///< of its counter; empty: as the settings say
   std::optional<std::int32_t> step;
   bool modify = false;
+  bool once = false;                     ///< each modification rule is applied once
   std::string names;                     ///< the file with the names, "-" for standard input; empty for none
   std::string plan;                      ///< the same for a plan, which takes the place of the selection
   bool portable = false;                 ///< names that can be used on every system

@@ -46,6 +46,8 @@ inline constexpr HelpText kModify = {"Transform names from standard input by the
                                      "標準入力の名前を編集の規則で変換する"};
 inline constexpr HelpText kModifySettings = {"The settings file that holds the rules", "規則を読む設定ファイル"};
 inline constexpr HelpText kListCount = {"How many rows the list is taken to hold", "リストにあるとみなす行の数"};
+inline constexpr HelpText kOnce = {"Apply each modification rule once, not once per row",
+                                   "編集の規則を、行の数だけ繰り返さず一度だけ実行する"};
 inline constexpr HelpText kRename = {"Show what would be renamed, or rename",
                                      "リネームの予告を表示する、またはリネームする"};
 inline constexpr HelpText kToTitle = {"Set the names to the titles", "タイトルを名前にする"};

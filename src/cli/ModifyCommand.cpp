@@ -33,13 +33,14 @@ int RunModify(const ModifyArguments& arguments) {
   if (!options) return kBadUsage;
   const std::string input = ReadStandardInput();
   const std::vector<std::string_view> names = Lines(input);
-  const std::size_t listCount = arguments.listCount.value_or(names.size());
+  const Repetition repetition = arguments.once ? Repetition::kOnce : RepetitionOf(*options);
+  const std::size_t applications = Applications(repetition, arguments.listCount.value_or(names.size()));
   RegexLibrary regex;
   UntilInterrupted progress;
   Output output;
   int leftAlone = 0;
   for (const std::string_view name : names) {
-    const ModifyResult result = ModifyName(name, options->modify, listCount, regex, progress);
+    const ModifyResult result = ModifyName(name, options->modify, applications, regex, progress);
     if (result.leftAlone) ++leftAlone;
     output.Line(result.name);
     if (output.Closed()) break;

@@ -134,9 +134,11 @@ bool EditNames(const RenameArguments& arguments, const std::optional<PatternRule
   RegexLibrary regex;
   UntilInterrupted progress;
   const OptionValues& options = session.options;
+  const Repetition repetition = arguments.once ? Repetition::kOnce : RepetitionOf(options);
   if (arguments.toTitle) {
     const TitleRules titles = {.skipUntitled = options.rename.skipUntitledRows,
-                               .rules = options.rename.applyRules ? &options.modify : nullptr};
+                               .rules = options.rename.applyRules ? &options.modify : nullptr,
+                               .repetition = repetition};
     TellLeftAlone(RenameToTitles(session.list, Rows::kAll, titles, regex, {}, progress));
   }
   if (format) {
@@ -145,7 +147,7 @@ bool EditNames(const RenameArguments& arguments, const std::optional<PatternRule
   }
   if (!arguments.names.empty() && !GiveNames(arguments.names, session)) return false;
   if (arguments.modify) {
-    TellLeftAlone(ModifyRenameNames(session.list, Rows::kAll, options.modify, regex, {}, progress));
+    TellLeftAlone(ModifyRenameNames(session.list, Rows::kAll, options.modify, repetition, regex, {}, progress));
   }
   if (arguments.portable) ChangeEach(session.list, PortableName);
   if (arguments.normalForm) {

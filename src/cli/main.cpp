@@ -58,8 +58,8 @@ void AddPlan(CLI::App& command, RenameArguments& rename) {
   CLI::Option* const paths = command.get_option("PATH");
   paths->required(false)->description(Localized(texts::kPathsOrPlan));
   for (const char* const other :
-       {"PATH", "--to-title", "--format", "--start", "--step", "--names", "--modify", "--portable", "--normalize",
-        "--settings", "--tags", "--subfolders", "--ext", "--all"}) {
+       {"PATH", "--to-title", "--format", "--start", "--step", "--names", "--modify", "--once", "--portable",
+        "--normalize", "--settings", "--tags", "--subfolders", "--ext", "--all"}) {
     plan->excludes(command.get_option(other));
   }
   command.callback([&rename] {
@@ -126,6 +126,7 @@ void AddModify(CLI::App& app, Arguments& arguments) {
       ->required();
   command->add_option("--list-count", arguments.listCount, Localized(texts::kListCount))
       ->check(CLI::Range(std::int64_t{0}, kMostRows).description(""));
+  command->add_flag("--once", arguments.modify.once, Localized(texts::kOnce))->excludes("--list-count");
 }
 
 void AddRename(CLI::App& app, Arguments& arguments) {
@@ -139,6 +140,7 @@ void AddRename(CLI::App& app, Arguments& arguments) {
   command->add_option("--step", rename.step, Localized(texts::kStep))->needs(format)->check(countRange);
   AddFile(*command, "--names", rename.names, texts::kNames)->excludes(toTitle)->excludes(format);
   command->add_flag("--modify", rename.modify, Localized(texts::kModifyNames));
+  command->add_flag("--once", rename.once, Localized(texts::kOnce));
   command->add_option("--settings", rename.settings, Localized(texts::kRenameSettings))->type_name("FILE");
   command->add_flag("--portable", rename.portable, Localized(texts::kPortable));
   command->add_option("--normalize", arguments.normalForm, Localized(texts::kNormalize))

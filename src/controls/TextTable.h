@@ -31,6 +31,8 @@ class TextTable {
   virtual ~TextTable() = default;
 
   [[nodiscard]] virtual wxWindow& Window() = 0;
+  /// Sets the number of rows. Rows are added and removed at the end.
+  virtual void SetCount(std::size_t rows) = 0;
   /// Asks again for the texts that are shown.
   virtual void Refresh() = 0;
 

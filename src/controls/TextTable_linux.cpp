@@ -22,6 +22,14 @@ class Model final : public wxDataViewVirtualListModel {
   }
   bool SetValueByRow(const wxVariant&, unsigned, unsigned) override { return false; }
 
+  void SetCount(unsigned rows) {
+    while (GetCount() < rows) RowAppended();
+    for (unsigned last = GetCount(); last > rows; --last) {
+      RowDeleted(last - 1);
+      asked_.erase(last - 1);
+    }
+  }
+
   void RefreshAsked() {
     for (const unsigned row : std::exchange(asked_, {})) RowChanged(row);
   }
@@ -49,6 +57,7 @@ class GtkTextTable final : public TextTable {
   }
 
   wxWindow& Window() override { return *view_; }
+  void SetCount(std::size_t rows) override { model_->SetCount(static_cast<unsigned>(rows)); }
   void Refresh() override { model_->RefreshAsked(); }
 
  private:

@@ -36,6 +36,7 @@ class WindowsTextTable final : public TextTable {
   }
 
   wxWindow& Window() override { return *view_; }
+  void SetCount(std::size_t rows) override { view_->SetItemCount(static_cast<long>(rows)); }
   void Refresh() override {
     const long top = view_->GetTopItem();
     const long last = std::min(top + view_->GetCountPerPage(), static_cast<long>(view_->GetItemCount()) - 1);

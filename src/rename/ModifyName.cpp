@@ -51,8 +51,8 @@ std::optional<std::string> ReplaceInvalidCharacters(std::string name, const std:
   }
 }
 
-std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode compareMode, const NameFunction& apply,
-                                          std::string name, std::size_t times, Progress& progress) {
+RepeatedResult ApplyPlainRule(const ReplaceRule& rule, CompareMode compareMode, const NameFunction& apply,
+                              std::string name, std::size_t times, Progress& progress) {
   SelfGrowth growth(rule.find, rule.replacement, compareMode);
   RepeatedRule repeated;
   repeated.apply = apply;
@@ -67,8 +67,8 @@ std::optional<std::string> ApplyPlainRule(const ReplaceRule& rule, CompareMode c
   return ApplyRepeatedly(repeated, std::move(name), times, progress);
 }
 
-std::optional<std::string> ApplyRegexRule(const ReplaceRule& rule, const NameFunction& apply, std::string name,
-                                          std::size_t times, Progress& progress) {
+RepeatedResult ApplyRegexRule(const ReplaceRule& rule, const NameFunction& apply, std::string name, std::size_t times,
+                              Progress& progress) {
   RegexGrowth growth(rule.find, apply, name);
   RepeatedRule repeated;
   repeated.apply = apply;
@@ -77,8 +77,8 @@ std::optional<std::string> ApplyRegexRule(const ReplaceRule& rule, const NameFun
   return ApplyRepeatedly(repeated, std::move(name), times, progress);
 }
 
-std::optional<std::string> ApplyRule(const ReplaceRule& rule, const OptionValues::Modify& rules, std::string name,
-                                     std::size_t times, RegexEngine& regex, Progress& progress) {
+RepeatedResult ApplyRule(const ReplaceRule& rule, const OptionValues::Modify& rules, std::string name,
+                         std::size_t times, RegexEngine& regex, Progress& progress) {
   const bool ignoreCase = rules.ignoreCase;
   const CompareMode compareMode = ignoreCase ? CompareMode::kText : CompareMode::kBinary;
   if (rules.method != FindMethod::kRegex) {
@@ -98,12 +98,13 @@ std::optional<std::string> ApplyRule(const ReplaceRule& rule, const OptionValues
 }
 
 std::optional<std::string> ApplyRules(const OptionValues::Modify& rules, std::string name, std::size_t listCount,
-                                      RegexEngine& regex, Progress& progress) {
-  for (const ReplaceRule& rule : rules.rules) {
-    if (!rule.active) continue;
-    std::optional<std::string> result = ApplyRule(rule, rules, std::move(name), listCount, regex, progress);
-    if (!result) return std::nullopt;
-    name = *std::move(result);
+                                      RegexEngine& regex, Progress& progress, ModifyResult& result) {
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
+    if (!rules.rules[i].active) continue;
+    RepeatedResult repeated = ApplyRule(rules.rules[i], rules, std::move(name), listCount, regex, progress);
+    result.growing[i] = repeated.growing;
+    if (!repeated.name) return std::nullopt;
+    name = *std::move(repeated.name);
   }
   return name;
 }
@@ -122,14 +123,16 @@ std::string ConvertWidthAndCase(const OptionValues::Modify& rules, std::string n
 ModifyResult ModifyName(std::string_view name, const OptionValues::Modify& rules, std::size_t listCount,
                         RegexEngine& regex, Progress& progress) {
   RememberedEnd watch(progress);
-  std::optional<std::string> modified = std::string(name);
+  ModifyResult result = {std::string(name)};
+  std::optional<std::string> modified = result.name;
   if (rules.replaceInvalid) {
     modified = ReplaceInvalidCharacters(*std::move(modified), rules.invalidReplacement, watch);
   }
-  if (modified) modified = ApplyRules(rules, *std::move(modified), listCount, regex, watch);
-  if (watch.Ended()) return {std::string(name), false, true};
-  if (!modified) return {std::string(name), true};
-  return {ConvertWidthAndCase(rules, *std::move(modified))};
+  if (modified) modified = ApplyRules(rules, *std::move(modified), listCount, regex, watch, result);
+  result.cancelled = watch.Ended();
+  result.leftAlone = !modified && !result.cancelled;
+  if (modified && !result.cancelled) result.name = ConvertWidthAndCase(rules, *std::move(modified));
+  return result;
 }
 
 }  // namespace quillon

@@ -3,16 +3,15 @@
 #include <string>
 #include <utility>
 
-#include "rename/ModifyName.h"
-
 namespace quillon {
 
-RunOutcome ModifyRenameNames(FileList& list, Rows rows, const OptionValues::Modify& rules, RegexEngine& regex,
-                             const ApplyRow& apply, Progress& progress) {
+RunOutcome ModifyRenameNames(FileList& list, Rows rows, const OptionValues::Modify& rules, Repetition repetition,
+                             RegexEngine& regex, const ApplyRow& apply, Progress& progress) {
+  const std::size_t applications = Applications(repetition, static_cast<std::size_t>(list.Count()));
   RunOutcome outcome;
   outcome.end = RunOverRows(list, rows, progress, [&](int index) {
     const std::string before = list.Row(index).renameName;
-    ModifyResult result = ModifyName(before, rules, static_cast<std::size_t>(list.Count()), regex, progress);
+    ModifyResult result = ModifyName(before, rules, applications, regex, progress);
     if (result.cancelled) return RunEnd::kCancelled;
     if (result.leftAlone) ++outcome.leftAlone;
     if (result.name != before) list.SetRenameName(index, std::move(result.name));

@@ -11,18 +11,6 @@ namespace {
 // 32,768 characters of four bytes: an answer that does not fit has more characters than any name may have.
 constexpr std::size_t kAnswerCapacity = std::size_t{4} * 32'768;
 
-std::string Command(std::string_view pattern, std::string_view replacement, std::string_view flags) {
-  std::string command;
-  command.reserve(pattern.size() + replacement.size() + flags.size() + 4);
-  command += "s/";
-  command += pattern;
-  command += '/';
-  command += replacement;
-  command += '/';
-  command += flags;
-  return command;
-}
-
 bool IsErrorText(std::string_view answer) {
   const std::string lower = ToLower(FirstCharacters(answer, 25));
   return lower == "invalidtargetparameter" || lower == "invalid target parameter" || lower.starts_with("unmatched");
@@ -46,6 +34,18 @@ std::string Utf8Flags(std::string_view flags) {
 
 }  // namespace
 
+std::string RegexCommand(std::string_view pattern, std::string_view replacement, std::string_view flags) {
+  std::string command;
+  command.reserve(pattern.size() + replacement.size() + flags.size() + 4);
+  command += "s/";
+  command += pattern;
+  command += '/';
+  command += replacement;
+  command += '/';
+  command += flags;
+  return command;
+}
+
 RegexLibrary::RegexLibrary(const std::string& name) {
   library_ = SharedLibrary::Find(SharedLibraryFileName(name));
   if (!HasOurInterface(library_)) {
@@ -53,6 +53,7 @@ RegexLibrary::RegexLibrary(const std::string& name) {
     return;
   }
   replace_ = reinterpret_cast<BregexpReplace*>(library_.Symbol("Replace"));
+  check_ = reinterpret_cast<BregexpCheck*>(library_.Symbol("QuillonRegexCheck"));
   if (replace_ != nullptr) buffer_.resize(kAnswerCapacity);
 }
 
@@ -69,6 +70,13 @@ std::optional<std::string> RegexLibrary::Replace(std::string_view command, std::
   return buffer_.substr(0, std::min(length, buffer_.size()));
 }
 
+std::optional<RegexDefect> RegexLibrary::Check(std::string_view command) {
+  if (check_ == nullptr) return std::nullopt;
+  RegexDefect defect;
+  defect.number = check_(command.data(), command.size(), &defect.offset);
+  return defect.number == 0 ? std::nullopt : std::optional(defect);
+}
+
 RegexLibrary::Slot& RegexLibrary::SlotOf(std::string_view command) {
   const auto known =
       std::find_if(slots_.begin(), slots_.end(), [&](const Slot& slot) { return slot.command == command; });
@@ -83,14 +91,14 @@ std::optional<std::string> RegexReplace(std::string_view target, std::string_vie
                                         std::string_view flags, RegexEngine& engine) {
   const std::optional<std::string> ansiTarget = Utf8ToAnsi(target);
   const std::optional<std::string> ansiCommand =
-      ansiTarget ? Utf8ToAnsi(Command(pattern, replacement, flags)) : std::nullopt;
+      ansiTarget ? Utf8ToAnsi(RegexCommand(pattern, replacement, flags)) : std::nullopt;
   if (ansiCommand) {
     std::optional<std::string> answer = engine.Replace(*ansiCommand, *ansiTarget);
     if (!answer) return std::nullopt;
     if (std::optional<std::string> name = NameFromAnswer(AnsiToUtf8(*answer))) return name;
     // The error may only mean that code page 932 cannot hold the result ("\x{e9}").
   }
-  return NameFromAnswer(engine.Replace(Command(pattern, replacement, Utf8Flags(flags)), target));
+  return NameFromAnswer(engine.Replace(RegexCommand(pattern, replacement, Utf8Flags(flags)), target));
 }
 
 }  // namespace quillon

@@ -68,10 +68,12 @@ bool GrewPastEveryName(const std::string& before, const std::string& after) {
   return length > kLongestName && length > CharacterCount(before);
 }
 
-std::optional<std::string> ApplyRepeatedly(const RepeatedRule& rule, std::string name, std::size_t times,
-                                           Progress& progress) {
-  if (times == 0) return name;
-  GrowthWatch growth(CharacterCount(name), rule.steadyApplications);
+RepeatedResult ApplyRepeatedly(const RepeatedRule& rule, std::string name, std::size_t times, Progress& progress) {
+  if (times == 0) return {std::move(name)};
+  std::size_t length = CharacterCount(name);
+  bool first = true;
+  bool growing = false;
+  GrowthWatch growth(length, rule.steadyApplications);
   CycleWatch cycle(name);
   for (std::size_t remaining = times; remaining > 0;) {
     if (!progress.Continue()) break;
@@ -79,12 +81,15 @@ std::optional<std::string> ApplyRepeatedly(const RepeatedRule& rule, std::string
     --remaining;
     if (next == name) break;
     name = std::move(next);
-    if (growth.PassesLimit(CharacterCount(name), remaining)) return std::nullopt;
+    const std::size_t before = std::exchange(length, CharacterCount(name));
+    growing = growing || (length > before && !first);
+    first = false;
+    if (growth.PassesLimit(length, remaining)) return {std::nullopt, times > 1};
     if (const auto period = cycle.Period(name)) remaining %= *period;
     if (!rule.shortcut) continue;
-    if (std::optional<Forecast> forecast = rule.shortcut(name, remaining)) return std::move(forecast->name);
+    if (std::optional<Forecast> forecast = rule.shortcut(name, remaining)) return {std::move(forecast->name), growing};
   }
-  return name;
+  return {std::move(name), growing};
 }
 
 }  // namespace quillon

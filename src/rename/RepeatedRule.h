@@ -37,11 +37,17 @@ struct RepeatedRule {
   std::function<std::optional<Forecast>(const std::string& name, std::size_t remaining)> shortcut;
 };
 
+/// The result of repeated applications.
+struct RepeatedResult {
+  std::optional<std::string> name;  ///< nullopt when it grows past kLongestName
+  bool growing = false;             ///< the name became longer again after the first application, or would
+};
+
 /// The name after `times` applications. An application that changes nothing ends the work; when an earlier name
-/// returns, the remaining whole cycles are skipped. Nullopt when the name grows past kLongestName, or is predicted to:
-/// it grew in each of `steadyApplications` applications in a row, and going on by the smallest of these growths would
-/// pass the limit. `progress` is asked before every application; once it says no, the name so far is returned.
-[[nodiscard]] std::optional<std::string> ApplyRepeatedly(const RepeatedRule& rule, std::string name, std::size_t times,
-                                                         Progress& progress);
+/// returns, the remaining whole cycles are skipped. There is no name when it grows past kLongestName, or is predicted
+/// to: it grew in each of `steadyApplications` applications in a row, and going on by the smallest of these growths
+/// would pass the limit. `progress` is asked before every application; once it says no, the name so far is returned.
+[[nodiscard]] RepeatedResult ApplyRepeatedly(const RepeatedRule& rule, std::string name, std::size_t times,
+                                             Progress& progress);
 
 }  // namespace quillon

@@ -4,12 +4,12 @@
 #include <utility>
 
 #include "paths/basFileControl.h"
-#include "rename/ModifyName.h"
 
 namespace quillon {
 
 TitleOutcome RenameToTitles(FileList& list, Rows rows, const TitleRules& titles, RegexEngine& regex,
                             const ApplyRow& apply, Progress& progress) {
+  const std::size_t applications = Applications(titles.repetition, static_cast<std::size_t>(list.Count()));
   TitleOutcome outcome;
   outcome.end = RunOverRows(list, rows, progress, [&](int index) {
     const FileItem& row = list.Row(index);
@@ -19,7 +19,7 @@ TitleOutcome RenameToTitles(FileList& list, Rows rows, const TitleRules& titles,
     }
     ModifyResult result = {row.title};
     if (titles.rules != nullptr) {
-      result = ModifyName(row.title, *titles.rules, static_cast<std::size_t>(list.Count()), regex, progress);
+      result = ModifyName(row.title, *titles.rules, applications, regex, progress);
     }
     if (result.cancelled) return RunEnd::kCancelled;
     if (result.leftAlone) ++outcome.leftAlone;

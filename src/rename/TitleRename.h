@@ -4,6 +4,7 @@
 
 #include "base/Progress.h"
 #include "filelist/FileList.h"
+#include "rename/ModifyName.h"
 #include "rename/RegexReplace.h"
 #include "rename/RowRun.h"
 #include "settings/OptionValues.h"
@@ -14,6 +15,7 @@ struct TitleRules {
   bool skipUntitled = false;
   bool findInvalid = false;                     ///< fills TitleOutcome::invalid
   const OptionValues::Modify* rules = nullptr;  ///< modification rules for the titles; null for none
+  Repetition repetition = Repetition::kPerRow;  ///< of these rules
 };
 
 struct TitleOutcome : RunOutcome {

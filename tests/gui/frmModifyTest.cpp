@@ -50,12 +50,16 @@ class ModifyDialog : public testing::Test {
   }
 
   void Make(OpenedFor purpose = OpenedFor::kExecute, bool regexAvailable = true) {
-    dialog = std::make_unique<frmModify>(main, rules, purpose, regexAvailable, boxes,
-                                         [this](const OptionValues::Modify& given) {
-                                           ++runs;
-                                           ran = given;
-                                           if (duringRun) duringRun();
-                                         });
+    dialog.reset();
+    preview = std::make_unique<ModifyPreview>(list, rows, regex);
+    dialog = std::make_unique<frmModify>(
+        main, options, purpose, regexAvailable ? &regex : nullptr, boxes,
+        [this](const OptionValues::Modify& given) {
+          ++runs;
+          ran = given;
+          if (duringRun) duringRun();
+        },
+        purpose == OpenedFor::kExecute ? preview.get() : nullptr);
   }
 
   void Open(OpenedFor purpose = OpenedFor::kExecute, bool regexAvailable = true) {
@@ -120,12 +124,17 @@ class ModifyDialog : public testing::Test {
     dialog->ProcessWindowEvent(event);
   }
 
-  OptionValues::Modify rules;
+  FileList list;
+  Rows rows = Rows::kAll;
+  RegexLibrary regex;
+  OptionValues options;
+  OptionValues::Modify& rules = options.modify;
   Boxes boxes;
   int runs = 0;
   OptionValues::Modify ran;  ///< in the last run
   std::function<void()> duringRun;
   wxFrame* main = nullptr;
+  std::unique_ptr<ModifyPreview> preview;
   std::unique_ptr<frmModify> dialog;
 };
 

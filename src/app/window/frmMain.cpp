@@ -312,8 +312,10 @@ std::string frmMain::Choose(const std::string& prompt, const std::string& start,
 }
 
 void frmMain::ShowModifyDialog(Rows rows) {
-  frmModify dialog(this, app_->Options().modify, OpenedFor::kExecute, app_->RegexAvailable(), boxes_,
-                   [this, rows](const OptionValues::Modify& rules) { app_->ModifyRows(rows, rules); });
+  ModifyPreview preview(app_->List(), rows, app_->Regex());
+  frmModify dialog(
+      this, app_->Options(), OpenedFor::kExecute, app_->RegexAvailable() ? &app_->Regex() : nullptr, boxes_,
+      [this, rows](const OptionValues::Modify& rules) { app_->ModifyRows(rows, rules); }, &preview);
   dialog.ShowModal();
 }
 
@@ -326,7 +328,9 @@ void frmMain::ShowPatternDialog(Rows rows) {
 
 void frmMain::ShowOptionDialog(OptionForm& form) {
   const auto modifyOption = [this](wxWindow& owner) {
-    frmModify(&owner, app_->Options().modify, OpenedFor::kSettings, app_->RegexAvailable(), boxes_, {}).ShowModal();
+    frmModify(&owner, app_->Options(), OpenedFor::kSettings, app_->RegexAvailable() ? &app_->Regex() : nullptr, boxes_,
+              {}, nullptr)
+        .ShowModal();
   };
   frmOption dialog(this, form, modifyOption, [this] { app_->ShowHelp(); });
   dialog.ShowModal();

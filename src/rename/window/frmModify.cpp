@@ -1,5 +1,8 @@
 #include "rename/window/frmModify.h"
 
+#include <wx/app.h>
+
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,10 +12,15 @@
 #include "base/Text.h"
 #include "controls/Pictures.h"
 #include "controls/WxText.h"
+#include "platform/desktop/AccessibleName.h"
+#include "rename/RegexProblem.h"
 #include "rename/window/frmModifyMenus.h"
 
 namespace quillon {
 namespace {
+
+constexpr int kAfterTypingMs = 100;
+constexpr std::chrono::milliseconds kSlice(15);
 
 std::int16_t Flag(const wxCheckBox& box) {
   return box.GetValue() ? 1 : 0;
@@ -28,19 +36,21 @@ void ForEachDescendant(wxWindow& window, const Handle& handle) {
 
 }  // namespace
 
-frmModify::frmModify(wxWindow* parent, OptionValues::Modify& rules, OpenedFor purpose, bool regexAvailable,
-                     MessageBoxes& boxes, RunRules run)
+frmModify::frmModify(wxWindow* parent, OptionValues& options, OpenedFor purpose, RegexEngine* regex,
+                     MessageBoxes& boxes, RunRules run, ModifyPreview* preview)
     : wxDialog(parent, wxID_ANY, ToWx("リネーム名の編集"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
-      rules_(rules),
+      options_(options),
       purpose_(purpose),
-      regexAvailable_(regexAvailable),
+      regex_(regex),
       boxes_(boxes),
-      run_(std::move(run)) {
+      run_(std::move(run)),
+      preview_(preview) {
   SetName("frmModify");
   SetIcons(ProgramIcons());
   Build();
-  ShowForm(ShownForm(rules_, regexAvailable_));
+  ShowForm(ShownForm(options_.modify, regex_ != nullptr));
+  chkRunOnce_->SetValue(options_.extra.runRulesOnce);
   UpdateEnabling();
   BindEvents();
   CentreOnParent();
@@ -48,10 +58,21 @@ frmModify::frmModify(wxWindow* parent, OptionValues::Modify& rules, OpenedFor pu
 }
 
 void frmModify::BindEvents() {
-  chkInjustice_->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateEnabling(); });
-  for (const RuleControls& rule : ruleControls_) {
-    rule.chkReplace->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateEnabling(); });
-  }
+  const auto changed = [this](wxCommandEvent& event) {
+    event.Skip();
+    UpdateEnabling();
+    Changed();
+  };
+  Bind(wxEVT_CHECKBOX, changed);
+  Bind(wxEVT_RADIOBUTTON, changed);
+  Bind(wxEVT_TEXT, changed);
+  timRestart_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Restart(); });
+  Bind(wxEVT_IDLE, &frmModify::OnIdle, this);
+  // The list of files may change while the dialog is hidden.
+  Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+    event.Skip();
+    event.IsShown() ? Restart() : PausePreview();
+  });
   ForEachDescendant(*this, [this](wxWindow& child) { child.Bind(wxEVT_SET_FOCUS, &frmModify::OnFocus, this); });
   mnuEdit_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenMenu(*mnuEdit_, *MakeEditMenu(editedBox_)); });
   mnuHelp_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenMenu(*mnuHelp_, *MakeHelpMenu()); });
@@ -101,7 +122,7 @@ OptionValues::Modify frmModify::Form() const {
 
 // The system draws a disabled text box in the colours of a button's face, an enabled one in those of a window.
 void frmModify::UpdateEnabling() {
-  const ModifyEnabling enabling = EnabledBoxes(Form(), regexAvailable_);
+  const ModifyEnabling enabling = EnabledBoxes(Form(), regex_ != nullptr);
   txtRevice_->Enable(enabling.invalidReplacement);
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
     ruleControls_[i].txtObject->Enable(enabling.ruleTexts[i]);
@@ -172,7 +193,8 @@ void frmModify::OnOk(wxCommandEvent&) {
     Refuse(*refusal);
     return;
   }
-  rules_ = StoredForm(form, rules_, regexAvailable_);
+  options_.modify = StoredForm(form, options_.modify, regex_ != nullptr);
+  options_.extra.runRulesOnce = chkRunOnce_->GetValue();
   const bool execute = purpose_ == OpenedFor::kExecute;
   if (!form.keepDialogOpen) {
     runWhenClosed_ = execute;
@@ -185,19 +207,84 @@ void frmModify::OnOk(wxCommandEvent&) {
 int frmModify::ShowModal() {
   runWhenClosed_ = false;
   const int answer = wxDialog::ShowModal();
-  if (std::exchange(runWhenClosed_, false)) run_(ShownForm(rules_, regexAvailable_));
+  if (std::exchange(runWhenClosed_, false)) run_(ShownForm(options_.modify, regex_ != nullptr));
   return answer;
 }
 
 /// Disables the dialog meanwhile: the run processes messages, and another one must not be started.
 void frmModify::RunWithDialogOpen() {
   wxWindow* const focused = focused_;
+  PausePreview();
   Disable();
   const Finally usable([&] {
     Enable();
     if (focused != nullptr) FocusKeepingSelection(focused);
+    Changed();
   });
-  run_(ShownForm(rules_, regexAvailable_));
+  run_(ShownForm(options_.modify, regex_ != nullptr));
+}
+
+void frmModify::Changed() {
+  timRestart_.StartOnce(kAfterTypingMs);
+}
+
+void frmModify::Restart() {
+  const OptionValues::Modify form = Form();
+  ShowProblems(form);
+  if (preview_ == nullptr) return;
+  preview_->Restart(form, chkRunOnce_->GetValue() ? Repetition::kOnce : Repetition::kPerRow);
+  // At once, so that short lists never look empty in between.
+  working_ = preview_->Work(kSlice);
+  ShowPreview();
+  wxWakeUpIdle();
+}
+
+void frmModify::PausePreview() {
+  timRestart_.Stop();
+  working_ = false;
+}
+
+void frmModify::OnIdle(wxIdleEvent& event) {
+  event.Skip();
+  if (!working_) return;
+  working_ = preview_->Work(kSlice);
+  if (working_) event.RequestMore();
+  if (!working_ || shown_.Due()) ShowPreview();
+}
+
+void frmModify::ShowPreview() {
+  lvwPreview_->SetCount(preview_->ShownCount());
+  lvwPreview_->Refresh();
+  lblSummary_->SetLabelText(ToWx(preview_->Summary()));
+  ShowGrowth(preview_->GrowthNote());
+}
+
+void frmModify::ShowProblems(const OptionValues::Modify& form) {
+  std::string first;
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
+    const ReplaceRule& rule = form.rules[i];
+    const bool checked = regex_ != nullptr && form.method == FindMethod::kRegex && rule.active && !rule.find.empty();
+    const std::string problem =
+        checked ? RegexProblem(rule.find, rule.replacement, form.ignoreCase, *regex_).value_or("") : "";
+    ShowProblem(i, problem);
+    if (first.empty() && !problem.empty()) first = "規則 " + std::to_string(i + 1) + ": " + problem;
+  }
+  if (FromWx(lblProblem_->GetLabelText()) != first) lblProblem_->SetLabelText(ToWx(first));
+}
+
+// Boxes are named with what is shown elsewhere about them, so that it is read aloud.
+void frmModify::ShowProblem(std::size_t rule, const std::string& problem) {
+  RuleControls& controls = ruleControls_.at(rule);
+  if (std::exchange(controls.problem, problem) == problem) return;
+  const std::string name = "検索する文字列 " + std::to_string(rule + 1);
+  SetAccessibleName(controls.txtObject->GetHandle(), problem.empty() ? name : name + " " + problem);
+}
+
+void frmModify::ShowGrowth(const std::string& note) {
+  if (FromWx(lblGrowth_->GetLabelText()) == note) return;
+  lblGrowth_->SetLabelText(ToWx(note));
+  const std::string name = "一度だけ実行する";
+  SetAccessibleName(chkRunOnce_->GetHandle(), note.empty() ? name : name + " " + note);
 }
 
 }  // namespace quillon

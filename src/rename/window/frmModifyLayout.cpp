@@ -1,3 +1,4 @@
+#include <wx/settings.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
@@ -10,9 +11,10 @@
 namespace quillon {
 namespace {
 
-constexpr int kGap = 8;          // DIP
-constexpr int kSmallGap = 4;     // DIP
-constexpr int kTextWidth = 200;  // DIP, at least
+constexpr int kGap = 8;           // DIP
+constexpr int kSmallGap = 4;      // DIP
+constexpr int kTextWidth = 200;   // DIP, at least
+constexpr int kPreviewLines = 9;  // of text; rows are somewhat higher
 
 wxStaticBoxSizer* MakeGroup(wxWindow* parent, int orientation, const char* caption) {
   return new wxStaticBoxSizer(orientation, parent, ToWx(caption));
@@ -31,7 +33,11 @@ void frmModify::Build() {
   below->AddSpacer(FromDIP(kGap));
   below->Add(MakeConversionBox(), wxSizerFlags(1).Expand());
   column->Add(below, wide);
-  column->AddStretchSpacer();
+  if (preview_ == nullptr) {
+    column->AddStretchSpacer();
+  } else {
+    AddPreview(*column);
+  }
   column->Add(MakeButtonRow(), wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM, FromDIP(kGap)));
   SetSizerAndFit(column);
   ReachByAccessKeys(*this);
@@ -88,7 +94,47 @@ wxSizer* frmModify::MakeRulesBox() {
   grid->Add(new wxStaticText(parent, wxID_ANY, ToWx("置換する文字列")));
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) AddRule(*grid, parent, i);
   group->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kSmallGap)));
+  const wxSizerFlags line = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kSmallGap));
+  lblProblem_ = MakeLine(parent, "lblProblem");
+  group->Add(lblProblem_, line);
+  auto* repetition = new wxBoxSizer(wxHORIZONTAL);
+  chkRunOnce_ = MakeCheckBox(parent, "一度だけ実行する(&K)", "chkRunOnce");
+  lblGrowth_ = MakeLine(parent, "lblGrowth");
+  repetition->Add(chkRunOnce_, wxSizerFlags().CenterVertical());
+  repetition->AddSpacer(FromDIP(kGap));
+  repetition->Add(lblGrowth_, wxSizerFlags(1).CenterVertical());
+  group->Add(repetition, line);
   return group;
+}
+
+wxStaticText* frmModify::MakeLine(wxWindow* parent, const char* name) {
+  // A blank gives the label the height of one line.
+  auto* label = new wxStaticText(parent, wxID_ANY, " ", wxDefaultPosition, wxDefaultSize,
+                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
+  label->SetName(name);
+  return label;
+}
+
+void frmModify::AddPreview(wxSizer& column) {
+  const wxSizerFlags line = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(kGap));
+  column.Add(new wxStaticText(this, wxID_ANY, ToWx("プレビュー(&V)")), line);
+  column.AddSpacer(FromDIP(kSmallGap));
+  lvwPreview_ = TextTable::Make(*this, {{"現在のリネーム名", 17}, {"新しいリネーム名", 17}, {"備考", 12}}, 0,
+                                [this](std::size_t row, std::size_t cell) {
+                                  const ModifyPreview::Row& shown = preview_->Shown(row);
+                                  if (cell == 0) return shown.oldName;
+                                  return cell == 1 ? shown.newName : shown.note;
+                                });
+  wxWindow& list = lvwPreview_->Window();
+  list.SetName("lvwPreview");
+  // With room for the scroll bar, which would otherwise cover the last column.
+  list.SetMinSize(wxSize(list.GetBestSize().x + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this),
+                         kPreviewLines * GetCharHeight()));
+  SetAccessibleName(list.GetHandle(), "プレビュー");
+  column.Add(&list, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
+  column.AddSpacer(FromDIP(kSmallGap));
+  lblSummary_ = MakeLine(this, "lblSummary");
+  column.Add(lblSummary_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap)));
 }
 
 void frmModify::AddRule(wxFlexGridSizer& grid, wxWindow* parent, std::size_t index) {
