@@ -63,6 +63,7 @@ class frmModify final : public wxDialog {
   wxTextCtrl* MakeTextBox(wxWindow* parent, const std::string& name);
   wxStaticText* MakeLine(wxWindow* parent, const char* name);
   void AddPreview(wxSizer& column);
+  void GiveRoomToPreview();
   void BindEvents();
 
   void ShowForm(const OptionValues::Modify& form);

@@ -1,6 +1,9 @@
+#include <wx/display.h>
 #include <wx/settings.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
+
+#include <algorithm>
 
 #include "controls/AccessKeys.h"
 #include "controls/TextBox.h"
@@ -11,10 +14,13 @@
 namespace quillon {
 namespace {
 
-constexpr int kGap = 8;           // DIP
-constexpr int kSmallGap = 4;      // DIP
-constexpr int kTextWidth = 200;   // DIP, at least
-constexpr int kPreviewLines = 9;  // of text; rows are somewhat higher
+constexpr int kGap = 8;          // DIP
+constexpr int kSmallGap = 4;     // DIP
+constexpr int kTextWidth = 200;  // DIP, at least
+constexpr int kTitleBar = 40;    // DIP, about
+// Of text; rows are somewhat higher.
+constexpr int kPreviewLines = 10;
+constexpr int kFewestPreviewLines = 5;
 
 wxStaticBoxSizer* MakeGroup(wxWindow* parent, int orientation, const char* caption) {
   return new wxStaticBoxSizer(orientation, parent, ToWx(caption));
@@ -40,6 +46,7 @@ void frmModify::Build() {
   }
   column->Add(MakeButtonRow(), wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM, FromDIP(kGap)));
   SetSizerAndFit(column);
+  if (preview_ != nullptr) GiveRoomToPreview();
   ReachByAccessKeys(*this);
 }
 
@@ -116,25 +123,33 @@ wxStaticText* frmModify::MakeLine(wxWindow* parent, const char* name) {
 }
 
 void frmModify::AddPreview(wxSizer& column) {
-  const wxSizerFlags line = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(kGap));
-  column.Add(new wxStaticText(this, wxID_ANY, ToWx("プレビュー(&V)")), line);
+  auto* heading = new wxBoxSizer(wxHORIZONTAL);
+  heading->Add(new wxStaticText(this, wxID_ANY, ToWx("プレビュー(&V)")));
+  heading->AddSpacer(FromDIP(kGap));
+  lblSummary_ = MakeLine(this, "lblSummary");
+  heading->Add(lblSummary_, wxSizerFlags(1));
+  column.Add(heading, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
   column.AddSpacer(FromDIP(kSmallGap));
-  lvwPreview_ = TextTable::Make(*this, {{"現在のリネーム名", 17}, {"新しいリネーム名", 17}, {"備考", 12}}, 0,
+  lvwPreview_ = TextTable::Make(*this, {{"現在のリネーム名", 18}, {"新しいリネーム名", 23}}, 0,
                                 [this](std::size_t row, std::size_t cell) {
                                   const ModifyPreview::Row& shown = preview_->Shown(row);
                                   if (cell == 0) return shown.oldName;
-                                  return cell == 1 ? shown.newName : shown.note;
+                                  return shown.note.empty() ? shown.newName : "（" + shown.note + "）";
                                 });
   wxWindow& list = lvwPreview_->Window();
   list.SetName("lvwPreview");
   // With room for the scroll bar, which would otherwise cover the last column.
   list.SetMinSize(wxSize(list.GetBestSize().x + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this),
-                         kPreviewLines * GetCharHeight()));
+                         kFewestPreviewLines * GetCharHeight()));
   SetAccessibleName(list.GetHandle(), "プレビュー");
-  column.Add(&list, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
-  column.AddSpacer(FromDIP(kSmallGap));
-  lblSummary_ = MakeLine(this, "lblSummary");
-  column.Add(lblSummary_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap)));
+  column.Add(&list, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap)));
+}
+
+/// Large text leaves little room for the list on small screens.
+void frmModify::GiveRoomToPreview() {
+  const int room = wxDisplay(GetParent()).GetClientArea().height - GetSize().y - FromDIP(kTitleBar);
+  const int wanted = (kPreviewLines - kFewestPreviewLines) * GetCharHeight();
+  if (room > 0) SetSize(GetSize() + wxSize(0, std::min(room, wanted)));
 }
 
 void frmModify::AddRule(wxFlexGridSizer& grid, wxWindow* parent, std::size_t index) {
