@@ -117,6 +117,12 @@ TEST_F(PatternDialog, ShowsThePreviewWithItsProblems) {
   EXPECT_EQ(Cell(2, 2), "2 文字目の文字は、ファイル名に使えません");
 }
 
+TEST_F(PatternDialog, AccessKeysReachThePreview) {
+  Open();
+  wxUIActionSimulator().Char('V', wxMOD_ALT);
+  EXPECT_TRUE(SettleUntil([this] { return Get<wxWindow>("lvwPreview").HasFocus(); }));
+}
+
 TEST_F(PatternDialog, ThePreviewFollowsEveryControl) {
   Open();
   Pattern().SetValue(ToWx("{n}x{title|none}"));
