@@ -54,6 +54,16 @@ TEST(ModifyRenameNames, ShowsEveryStepInItsOrder) {
   EXPECT_EQ(f.Names(), Texts({"a.mid", "b.mid", "c.mid"})) << "nothing is written to the disk";
 }
 
+TEST(ModifyRenameNames, ARuleIsAppliedOncePerRowOrByTheOptionOnce) {
+  for (const auto& [once, expected] : {std::pair{false, "bbbbbbbb"}, std::pair{true, "bb"}}) {
+    Fixture f({"a.mid", "b.mid", "c.mid"});
+    f.options.extra.runRulesOnce = once;
+    f.options.modify.rules[2] = {true, "b", "bb"};
+    (void)f.Run(true);
+    EXPECT_EQ(RenameNames(f.list), Texts({"a", expected, "c"}));
+  }
+}
+
 TEST(ModifyRenameNames, AnExceptionLeavesNeitherTheWaitWindowNorTheBusyPointer) {
   struct OutOfMemory final : RegexEngine {
     std::optional<std::string> Replace(std::string_view, std::string_view text) override {

@@ -81,6 +81,17 @@ TEST(TitleRename, ChecksInvalidNamesWhenTheOptionSaysSoAndReportsNothing) {
   EXPECT_EQ(f.ports.boxes.Shown().size(), 0u);
 }
 
+TEST(TitleRename, AppliesARuleOncePerRowOrByTheOptionOnce) {
+  Fixture f({"a", "cat"});
+  f.options.rename.applyRules = true;
+  f.options.modify.rules[0] = {true, "a", "aa"};
+  f.titles.RenameToTitles(Rows::kAll);
+  EXPECT_EQ(RenameNames(f.list), Texts({"aaaa", "caaaat"}));
+  f.options.extra.runRulesOnce = true;
+  f.titles.RenameToTitles(Rows::kAll);
+  EXPECT_EQ(RenameNames(f.list), Texts({"aa", "caat"}));
+}
+
 TEST(TitleRename, PassesTitlesThroughTheModificationRulesWhenTheOptionSaysSo) {
   Fixture f({"a:b", "cat"});
   f.options.rename.checkInvalidNames = true;

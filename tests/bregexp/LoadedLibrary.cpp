@@ -11,6 +11,13 @@ LoadedLibrary::~LoadedLibrary() {
   if (replace_ != nullptr) replace_(nullptr, 0, nullptr, 0, nullptr, 0, &slot_);
 }
 
+LoadedLibrary::Defect LoadedLibrary::Check(std::string_view command) {
+  Defect defect = {0, 12345};
+  defect.number =
+      reinterpret_cast<BregexpCheck*>(Symbol("QuillonRegexCheck"))(command.data(), command.size(), &defect.offset);
+  return defect;
+}
+
 std::string LoadedLibrary::Replace(std::string_view command, std::string_view target) {
   std::string result(256, '\0');
   for (;;) {

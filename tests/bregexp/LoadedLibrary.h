@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,13 @@ class LoadedLibrary {
   [[nodiscard]] BregexpReplace* Function() const { return replace_; }
 
   std::string Replace(std::string_view command, std::string_view target);
+
+  struct Defect {
+    int number = 0;
+    std::size_t offset = 0;
+    bool operator==(const Defect&) const = default;
+  };
+  Defect Check(std::string_view command);
 
  private:
   SharedLibrary library_;

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "LoadedLibrary.h"
@@ -120,6 +121,37 @@ TEST_F(Bregexp, ReturnsTheErrorTextsForDefects) {
       row("single byte of UTF-8", "s/\\C/x/gu", kInvalid),
       row("mode that would change \\w", "s/(*UCP)a/x/gu", kInvalid),
   });
+}
+
+TEST_F(Bregexp, TheCheckNamesTheDefectAndItsPlace) {
+  ASSERT_NE(library_.Symbol("QuillonRegexCheck"), nullptr);
+  using Defect = LoadedLibrary::Defect;
+  const std::pair<std::string, Defect> rows[] = {
+      {"s/a(b)/$1/gu", {0, 0}},
+      {"s/あ/い/gu", {0, 0}},
+      {Ansi("s/表/ソ/gk"), {0, 0}},
+      {"s/ab)/x/gu", {122, 2}},
+      {"s/あい)/x/gu", {122, 2}},
+      {Ansi("s/表表)/x/gk"), {122, 2}},
+      {"s/\x82\xA0)/x/g", {122, 2}},
+      {"s/\xFF)/x/gu", {122, 1}},
+      {"s/\\/a\\/)/x/gu", {122, 5}},
+      {"s/[い-あ]/x/gu", {108, 3}},
+      {"s/(a/x/gu", {114, 2}},
+      {"s/[a/x/gu", {106, 2}},
+      {"s/*/x/gu", {109, 0}},
+      {"s/a/\\x{41/gu", {kBregexpBadReplacement, 0}},
+      {"s/a/b/c/gu", {kBregexpBadCommand, 0}},
+      {"s/a/b/gku", {kBregexpBadCommand, 0}},
+      {"", {kBregexpBadCommand, 0}},
+  };
+  for (const auto& [command, defect] : rows) {
+    const Defect found = library_.Check(command);
+    EXPECT_EQ(found.number, defect.number) << command;
+    EXPECT_EQ(found.offset, defect.offset) << command;
+    const std::string answer = library_.Replace(command, "target");
+    EXPECT_EQ(defect.number != 0, answer == kInvalid || answer == kParentheses || answer == kBrackets) << command;
+  }
 }
 
 TEST_F(Bregexp, BuildsReplacementsAsPerlDoes) {

@@ -287,6 +287,16 @@ TEST(CliModifyTest, ARuleIsAppliedOncePerRowOfTheList) {
   EXPECT_EQ(Cli({"modify", "--settings", settings}, "a\nb\n").output, "aaaa\nb\n");
 }
 
+TEST(CliModifyTest, ARuleIsAppliedOnceOnDemand) {
+  const TempFolder folder;
+  const std::string rules = "[Modify]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=aa\n";
+  const std::string settings = folder.Write("q.ini", rules);
+  EXPECT_EQ(Cli({"modify", "--settings", settings, "--once"}, "a\nb\n").output, "aa\nb\n");
+  const std::string once = folder.Write("once.ini", rules + "[Extra]\nRunRulesOnce=1\n");
+  EXPECT_EQ(Cli({"modify", "--settings", once}, "a\nb\n").output, "aa\nb\n");
+  EXPECT_EQ(Cli({"modify", "--settings", once, "--list-count", "3"}, "a\n").output, "aa\n");
+}
+
 TEST(CliModifyTest, RegularExpressionsGoThroughTheLoadedLibrary) {
   const TempFolder folder;
   const std::string settings =
@@ -382,6 +392,30 @@ TEST(CliRenameTest, ModifiesByTheSettings) {
   const ProcessResult result = Cli({"rename", "--modify", "--settings", settings, "--apply", folder.At("files")});
   EXPECT_EQ(result.exitCode, 0) << result.output << result.errors;
   EXPECT_TRUE(folder.Exists("files/A.mp3"));
+}
+
+TEST(CliRenameTest, AppliesARuleOnceOnDemand) {
+  const TempFolder folder;
+  folder.Write("files/a.mp3", Mp3("x"));
+  folder.Write("files/b.mp3", Mp3("ax"));
+  const std::string rules = "[Modify]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=aa\n[Rename]\nRenameModify=1\n";
+  const std::string settings = folder.Write("q.ini", rules);
+  const std::string once = folder.Write("once.ini", rules + "[Extra]\nRunRulesOnce=1\n");
+  const auto names = [&](std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "rename");
+    arguments.push_back(folder.At("files"));
+    return Cli(arguments).output;
+  };
+  EXPECT_THAT(names({"--modify", "--settings", settings}), testing::HasSubstr("aaaa.mp3"));
+  for (const auto& how : {std::vector<std::string>{"--settings", settings, "--once"}, {"--settings", once}}) {
+    for (const auto& [command, expected] : {std::pair{"--modify", "aa.mp3"}, std::pair{"--to-title", "aax.mp3"}}) {
+      std::vector<std::string> arguments = how;
+      arguments.insert(arguments.begin(), command);
+      const std::string output = names(arguments);
+      EXPECT_THAT(output, testing::HasSubstr(expected)) << command;
+      EXPECT_THAT(output, testing::Not(testing::HasSubstr("aaa"))) << command;
+    }
+  }
 }
 
 TEST(CliRenameTest, MakesNamesByAPattern) {
@@ -489,7 +523,9 @@ TEST(CliUsageTest, WrongUsageIsStatusTwoWithAMessage) {
                                              {"move", "--tags", "all", "--to", "x", folder.Path()},
                                              {"modify"},
                                              {"list", "--all", "--ext", "mid", folder.Path()},
-                                             {"modify", "--settings", "x", "--list-count", "-1"}};
+                                             {"modify", "--settings", "x", "--list-count", "-1"},
+                                             {"modify", "--settings", "x", "--list-count", "3", "--once"},
+                                             {"rename", "--plan", "x", "--once"}};
   for (const std::vector<std::string>& arguments : kCases) ExpectWrongUsage(arguments);
 }
 

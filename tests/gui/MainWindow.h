@@ -114,6 +114,7 @@ inline constexpr const char* kAutomatic = "自動適応モード";
 [[nodiscard]] std::vector<int> NativeSelection(lvwFiles& list);
 /// Whether the list has a horizontal scroll bar.
 [[nodiscard]] bool NativeScrollsSideways(lvwFiles& list);
+[[nodiscard]] int NativeRowCount(wxWindow& table);
 /// A cell of a TextTable; both numbers are 0-based.
 [[nodiscard]] std::string NativeCell(wxWindow& table, int row, int column);
 

@@ -56,6 +56,11 @@ bool NativeScrollsSideways(lvwFiles& list) {
   return gtk_adjustment_get_upper(range) > gtk_adjustment_get_page_size(range);
 }
 
+int NativeRowCount(wxWindow& table) {
+  const auto& view = dynamic_cast<wxDataViewCtrl&>(table);
+  return static_cast<int>(dynamic_cast<const wxDataViewVirtualListModel&>(*view.GetModel()).GetCount());
+}
+
 std::string NativeCell(wxWindow& table, int row, int column) {
   const auto& view = dynamic_cast<wxDataViewCtrl&>(table);
   wxVariant value;

@@ -47,6 +47,10 @@ bool NativeScrollsSideways(lvwFiles& list) {
   return View(list).HasScrollbar(wxHORIZONTAL);
 }
 
+int NativeRowCount(wxWindow& table) {
+  return dynamic_cast<wxListCtrl&>(table).GetItemCount();
+}
+
 std::string NativeCell(wxWindow& table, int row, int column) {
   return FromWx(dynamic_cast<wxListCtrl&>(table).GetItemText(row, column));
 }

@@ -5,6 +5,7 @@
 #include <wx/window.h>
 
 #include <functional>
+#include <string>
 
 /// What the window system knows, whatever the toolkit believes.
 namespace quillon::test {
@@ -14,6 +15,9 @@ namespace quillon::test {
 
 /// Whether the mouse pointer is this one over the top-level window. GTK's hourglass and busy arrow are the same.
 [[nodiscard]] bool ShowsPointer(const wxWindow& window, wxStockCursor pointer);
+
+/// The name that assistive technology reads for the control.
+[[nodiscard]] std::string AccessibleName(const wxWindow& control);
 
 /// Calls `told` whenever the system enables or disables the window.
 class EnablingWatch {

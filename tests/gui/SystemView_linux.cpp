@@ -63,6 +63,11 @@ bool ShowsPointer(const wxWindow& window, wxStockCursor pointer) {
          gdk_cursor_get_cursor_type(shown) == gdk_cursor_get_cursor_type(wxCursor(pointer).GetCursor());
 }
 
+std::string AccessibleName(const wxWindow& control) {
+  const char* const name = atk_object_get_name(gtk_widget_get_accessible(static_cast<GtkWidget*>(control.GetHandle())));
+  return name == nullptr ? std::string() : name;
+}
+
 EnablingWatch::EnablingWatch(wxWindow& window, std::function<void(bool enabled)> told)
     : window_(window), told_(std::move(told)) {
   g_signal_connect(window_.GetHandle(), "notify::sensitive", G_CALLBACK(TellEnabling), &told_);

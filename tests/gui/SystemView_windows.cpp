@@ -2,10 +2,13 @@
 // clang-format off
 #include <windows.h>
 #include <commctrl.h>
+#include <initguid.h>
+#include <oleacc.h>
 // clang-format on
 
 #include <utility>
 
+#include "controls/WxText.h"
 #include "gui/SystemView.h"
 
 namespace quillon::test {
@@ -25,6 +28,23 @@ bool IsAboveOthers(const wxWindow& window) {
 // One pointer for the whole program.
 bool ShowsPointer(const wxWindow& /*window*/, wxStockCursor pointer) {
   return static_cast<const void*>(GetCursor()) == wxCursor(pointer).GetHCURSOR();
+}
+
+std::string AccessibleName(const wxWindow& control) {
+  IAccessible* object = nullptr;
+  if (FAILED(AccessibleObjectFromWindow(control.GetHandle(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                                        reinterpret_cast<void**>(&object)))) {
+    return {};
+  }
+  VARIANT self = {};
+  self.vt = VT_I4;
+  self.lVal = CHILDID_SELF;
+  BSTR name = nullptr;
+  object->get_accName(self, &name);
+  const wxString text = name == nullptr ? wxString() : wxString(name);
+  SysFreeString(name);
+  object->Release();
+  return FromWx(text);
 }
 
 EnablingWatch::EnablingWatch(wxWindow& window, std::function<void(bool enabled)> told)

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/uiaction.h>
 
@@ -12,10 +13,13 @@
 
 #include "controls/WxText.h"
 #include "gui/Dialogs.h"
+#include "gui/MainWindow.h"
 #include "gui/MenuKeys.h"
 #include "gui/Settle.h"
+#include "gui/SystemView.h"
 #include "rename/window/frmModify.h"
 #include "rename/window/frmModifyMenus.h"
+#include "support/Rows.h"
 
 namespace quillon {
 namespace {
@@ -116,6 +120,39 @@ class ModifyDialog : public testing::Test {
     Get<wxWindow>(name).SetFocus();
     EXPECT_TRUE(FocusGoesTo(name)) << name << ", not " << FocusName();
     Settle();
+  }
+
+  void Add(const std::string& name, bool checked = false) {
+    FileItem row = test::RowFor((SystemPathStyle() == PathStyle::kWindows ? "C:\\m\\" : "/m/") +
+                                std::to_string(list.Count()) + ".mid");
+    row.renameName = name;
+    row.checked = checked;
+    list.Add(std::move(row));
+  }
+
+  std::string Label(const std::string& name) { return FromWx(Get<wxStaticText>(name).GetLabelText()); }
+  bool LabelBecomes(const std::string& name, const std::string& text) {
+    return SettleUntil([&] { return Label(name) == text; });
+  }
+  /// The rows of the preview: "old > new".
+  std::vector<std::string> Preview() {
+    auto& table = Get<wxWindow>("lvwPreview");
+    std::vector<std::string> lines;
+    for (int row = 0; row < test::NativeRowCount(table); ++row) {
+      lines.push_back(test::NativeCell(table, row, 0) + " > " + test::NativeCell(table, row, 1));
+    }
+    return lines;
+  }
+  bool PreviewBecomes(const std::vector<std::string>& lines) {
+    return SettleUntil([&] { return Preview() == lines; });
+  }
+
+  void Choose(const std::string& name) {
+    auto& button = Get<wxRadioButton>(name);
+    button.SetValue(true);
+    wxCommandEvent event(wxEVT_RADIOBUTTON, button.GetId());
+    event.SetEventObject(&button);
+    button.ProcessWindowEvent(event);
   }
 
   void ChooseEntry(int entry) {
@@ -592,6 +629,224 @@ TEST_F(ModifyDialog, ARunThatThrowsLeavesItUsable) {
   duringRun = {};
   Click("cmdOK");
   EXPECT_EQ(runs, 2);
+}
+
+TEST_F(ModifyDialog, ThePreviewShowsChangedRowsFirst) {
+  for (const char* name : {"x", "a", "y", "ba"}) Add(name);
+  rules.rules[0] = {true, "a", "c"};
+  Open();
+  EXPECT_TRUE(PreviewBecomes({"a > c", "ba > bc", "x > x", "y > y"}));
+  EXPECT_EQ(Label("lblSummary"), "2 個の名前が変わります");
+  EXPECT_EQ(list.Row(2).renameName, "a") << "nothing is changed";
+}
+
+TEST_F(ModifyDialog, ThePreviewIsForTheRowsOfTheCommand) {
+  Add("a1");
+  Add("a2", true);
+  rows = Rows::kChecked;
+  rules.rules[0] = {true, "a", "b"};
+  Open();
+  EXPECT_TRUE(PreviewBecomes({"a2 > b2"}));
+}
+
+TEST_F(ModifyDialog, ThePreviewFollowsEveryControl) {
+  Add("Ａ?b");
+  Open();
+  EXPECT_TRUE(PreviewBecomes({"Ａ?b > Ａ?b"}));
+  Check("chkInjustice");
+  Type("txtRevice", "_");
+  EXPECT_TRUE(PreviewBecomes({"Ａ?b > Ａ_b"}));
+  Check("chkReplace2");
+  Type("txtObject2", "B");
+  Type("txtReplace2", "c");
+  Check("chkIgnoreCase");
+  EXPECT_TRUE(PreviewBecomes({"Ａ?b > Ａ_c"}));
+  Type("txtObject2", "[bc]");
+  EXPECT_TRUE(PreviewBecomes({"Ａ?b > Ａ_b"}));
+  Choose("optFindCtrl_S");
+  EXPECT_TRUE(PreviewBecomes({"Ａ?b > Ａ_c"}));
+  Choose("optFindCtrl_No");
+  EXPECT_TRUE(PreviewBecomes({"Ａ?b > Ａ_b"}));
+  const std::pair<const char*, const char*> conversions[] = {
+      {"chkNarrow", "A_b"}, {"chkWide", "Ａ＿ｂ"}, {"chkLower", "ａ_b"}, {"chkUpper", "Ａ_B"}, {"chkProper", "Ａ_b"}};
+  for (const auto& [name, expected] : conversions) {
+    Check(name);
+    EXPECT_TRUE(PreviewBecomes({std::string("Ａ?b > ") + expected})) << name << ": " << Preview().at(0);
+    Check(name, false);
+  }
+  EXPECT_EQ(runs, 0);
+}
+
+TEST_F(ModifyDialog, ThePreviewFollowsTheKeyboard) {
+  Add("abc");
+  Open();
+  Focus("chkReplace0");
+  wxUIActionSimulator keys;
+  keys.Char(WXK_SPACE);
+  EXPECT_TRUE(SettleUntil([this] { return Enabled("txtObject0"); }));
+  keys.Char(WXK_TAB);
+  EXPECT_TRUE(FocusGoesTo("txtObject0")) << FocusName();
+  Settle();
+  keys.Text("b");
+  EXPECT_TRUE(PreviewBecomes({"abc > ac"}));
+  keys.Char(WXK_TAB);
+  EXPECT_TRUE(FocusGoesTo("txtReplace0")) << FocusName();
+  Settle();
+  keys.Text("x");
+  EXPECT_TRUE(PreviewBecomes({"abc > axc"}));
+}
+
+TEST_F(ModifyDialog, AListOfManyRowsIsShownShortAndShrinksAgain) {
+  for (int i = 0; i < 300; ++i) Add("a" + std::to_string(i));
+  rules.rules[0] = {true, "a", "b"};
+  Open();
+  EXPECT_TRUE(LabelBecomes("lblSummary", "300 個の名前が変わります"));
+  EXPECT_EQ(Preview().size(), 200u);
+  EXPECT_EQ(Preview().back(), "a199 > b199");
+  while (list.Count() > 2) list.RemoveWhere([](int index, const FileItem&) { return index > 2; });
+  Type("txtReplace0", "c");
+  EXPECT_TRUE(PreviewBecomes({"a0 > c0", "a1 > c1"}));
+  Add("z");
+  Type("txtReplace0", "d");
+  EXPECT_TRUE(PreviewBecomes({"a0 > d0", "a1 > d1", "z > z"}));
+}
+
+TEST_F(ModifyDialog, NamesThatAreLeftAloneSaySoInThePreview) {
+  for (int i = 0; i < 30; ++i) Add("a");
+  rules.rules[0] = {true, "a", "aa"};
+  Open();
+  EXPECT_TRUE(LabelBecomes("lblSummary", "0 個の名前が変わります、30 個は編集されません"));
+  EXPECT_EQ(Preview().at(0), "a > （終わらないか長すぎるため、編集されません）");
+}
+
+TEST_F(ModifyDialog, ARuleThatGrowsSaysSoAndOnceEndsIt) {
+  for (int i = 0; i < 3; ++i) Add("a");
+  rules.rules[1] = {true, "a", "aa"};
+  Open();
+  EXPECT_TRUE(LabelBecomes("lblGrowth", "規則 2 はリストの行数 (3) だけ繰り返されます"));
+  EXPECT_EQ(Preview().at(0), "a > aaaaaaaa");
+  EXPECT_EQ(test::AccessibleName(Get<wxWindow>("chkRunOnce")),
+            "一度だけ実行する 規則 2 はリストの行数 (3) だけ繰り返されます");
+  EXPECT_FALSE(Checked("chkRunOnce"));
+  Check("chkRunOnce");
+  EXPECT_TRUE(LabelBecomes("lblGrowth", ""));
+  EXPECT_EQ(Preview().at(0), "a > aa");
+  EXPECT_EQ(test::AccessibleName(Get<wxWindow>("chkRunOnce")), "一度だけ実行する");
+  EXPECT_FALSE(options.extra.runRulesOnce) << "not before OK";
+  Check("chkNonUnload");
+  Click("cmdOK");
+  EXPECT_TRUE(options.extra.runRulesOnce);
+  Check("chkRunOnce", false);
+  Click("cmdOK");
+  EXPECT_FALSE(options.extra.runRulesOnce);
+}
+
+TEST_F(ModifyDialog, OnceIsShownAndStoredOnlyByOk) {
+  options.extra.runRulesOnce = true;
+  for (const OpenedFor purpose : {OpenedFor::kExecute, OpenedFor::kSettings}) {
+    Make(purpose);
+    EXPECT_TRUE(Checked("chkRunOnce"));
+    ShowModalAnd([this] {
+      Check("chkRunOnce", false);
+      Click("cmdCancel");
+    });
+    EXPECT_TRUE(options.extra.runRulesOnce);
+  }
+  Make(OpenedFor::kSettings);
+  ShowModalAnd([this] {
+    Check("chkRunOnce", false);
+    Click("cmdOK");
+  });
+  EXPECT_FALSE(options.extra.runRulesOnce);
+}
+
+TEST_F(ModifyDialog, AnInvalidPatternSaysWhyAndRunsAsBefore) {
+  Add("abc");
+  rules.method = FindMethod::kRegex;
+  rules.rules[1] = {true, "あ)", "x"};
+  rules.rules[3] = {true, "*", "x"};
+  Open();
+  EXPECT_TRUE(LabelBecomes("lblProblem", "規則 2: 「)」に対する「(」がありません（2 文字目）")) << Label("lblProblem");
+  EXPECT_EQ(test::AccessibleName(Text("txtObject1")), "検索する文字列 2 「)」に対する「(」がありません（2 文字目）");
+  EXPECT_EQ(test::AccessibleName(Text("txtObject3")),
+            "検索する文字列 4 「*」「+」「?」「{ }」の前に、繰り返すものがありません（1 文字目）");
+  EXPECT_EQ(Preview(), std::vector<std::string>({"abc > abc"}));
+  Check("chkNonUnload");
+  Click("cmdOK");
+  EXPECT_EQ(runs, 1);
+  EXPECT_TRUE(boxes.shown.empty());
+  Type("txtObject1", "(あ)");
+  EXPECT_TRUE(SettleUntil([this] { return Label("lblProblem").starts_with("規則 4: "); }));
+  EXPECT_EQ(test::AccessibleName(Text("txtObject1")), "検索する文字列 2");
+  Check("chkReplace3", false);
+  EXPECT_TRUE(LabelBecomes("lblProblem", "")) << "only active rules count";
+}
+
+TEST_F(ModifyDialog, PatternsAreOnlyCheckedForRegularExpressions) {
+  rules.rules[0] = {true, "(", "x"};
+  Open();
+  Settle();
+  EXPECT_EQ(Label("lblProblem"), "");
+  Choose("optFindCtrl_S");
+  EXPECT_TRUE(LabelBecomes("lblProblem", "規則 1: 「(」に対する「)」がありません"));
+  Choose("optFindCtrl_No");
+  EXPECT_TRUE(LabelBecomes("lblProblem", ""));
+}
+
+TEST_F(ModifyDialog, ForTheSettingsPatternsAreCheckedWithoutAPreview) {
+  rules.method = FindMethod::kRegex;
+  rules.rules[0] = {true, "[", "x"};
+  Open(OpenedFor::kSettings);
+  EXPECT_TRUE(LabelBecomes("lblProblem", "規則 1: 「[」に対する「]」がありません"));
+  EXPECT_EQ(wxWindow::FindWindowByName("lvwPreview", dialog.get()), nullptr);
+  EXPECT_EQ(wxWindow::FindWindowByName("lblSummary", dialog.get()), nullptr);
+}
+
+TEST_F(ModifyDialog, ThePreviewRestsDuringARunAndShowsWhatItLeft) {
+  for (int i = 0; i < 30000; ++i) Add("a" + std::to_string(i));
+  rules.method = FindMethod::kRegex;
+  rules.rules[0] = {true, "^", "x"};  // names of 30,000 characters take long
+  Open();
+  Check("chkNonUnload");
+  duringRun = [this] {
+    const std::string summary = Label("lblSummary");
+    EXPECT_TRUE(summary.starts_with("名前を調べています...")) << summary;
+    test::Settle();
+    EXPECT_EQ(Label("lblSummary"), summary);
+    list.Clear();
+    Add("a!");
+  };
+  EXPECT_TRUE(SettleUntil([this] { return Label("lblSummary").starts_with("名前を調べています..."); }));
+  dialog->CallAfter([this] { Click("cmdOK"); });
+  EXPECT_TRUE(SettleUntil([this] { return runs == 1; }));
+  EXPECT_TRUE(PreviewBecomes({"a! > xa!"}));
+}
+
+TEST_F(ModifyDialog, AccessKeysReachThePreviewAndTheOption) {
+  Add("a");
+  Open();
+  wxUIActionSimulator keys;
+  const auto press = [&](int key) {
+    Focus("txtRevice");
+    keys.Char(key, wxMOD_ALT);
+  };
+  Check("chkInjustice");
+  press('K');
+  EXPECT_TRUE(SettleUntil([this] { return Checked("chkRunOnce"); }));
+  press('V');
+  EXPECT_TRUE(SettleUntil([this] { return Get<wxWindow>("lvwPreview").HasFocus(); })) << FocusName();
+}
+
+TEST_F(ModifyDialog, ThePreviewTakesTheRoomAndTheScreenHoldsTheDialog) {
+  Open();
+  const wxRect screen = wxDisplay(dialog.get()).GetClientArea();
+  EXPECT_LE(dialog->GetSize().y, 740) << "a screen of 1024 x 768";
+  EXPECT_LE(dialog->GetSize().y, screen.height);
+  const int before = Get<wxWindow>("lvwPreview").GetSize().y;
+  const int rule = Text("txtObject0").GetSize().y;
+  dialog->SetSize(dialog->GetSize() + wxSize(0, 60));
+  EXPECT_TRUE(SettleUntil([&] { return Get<wxWindow>("lvwPreview").GetSize().y == before + 60; }));
+  EXPECT_EQ(Text("txtObject0").GetSize().y, rule);
 }
 
 }  // namespace

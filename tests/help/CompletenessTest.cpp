@@ -129,8 +129,10 @@ TEST(HelpCompleteness, QuotesOnlyMessagesThatTheProgramHas) {
 bool LooksLikeAMessage(const SourceText& text) {
   static constexpr std::array<std::string_view, 8> kWords = {"ません", "ください", "します", "ですか",
                                                              "中断",   "既に",     "可能性", "エラーが"};
-  // The messages of quillon-cli and of --help appear in a terminal; options and patterns have their own pages.
+  // The messages of quillon-cli and of --help appear in a terminal; options, patterns and the preview of rules have
+  // their own pages.
   const bool elsewhere = text.file.starts_with("cli/") || text.file.starts_with("pattern/") ||
+                         text.file == "rename/ModifyPreview.cpp" || text.file == "rename/RegexProblem.cpp" ||
                          text.file == "app/CommandLine.cpp" || text.file == "dialogs/OptionTable.cpp";
   return !elsewhere && IsJapanese(text.line) && std::any_of(kWords.begin(), kWords.end(), [&](std::string_view word) {
     return text.line.find(word) != std::string::npos;
@@ -170,6 +172,8 @@ struct Window {
 
 TEST(HelpCompleteness, NamesEveryCaptionOfTheOtherWindows) {
   constexpr std::array kWindows = {Window{"rename/window/frmModifyLayout.cpp", "modify.html"},
+                                   Window{"rename/ModifyPreview.cpp", "modify.html"},
+                                   Window{"rename/RegexProblem.cpp", "regex.html"},
                                    Window{"pattern/window/frmPatternLayout.cpp", "pattern.html"},
                                    Window{"pattern/PatternFields.cpp", "pattern.html"},
                                    Window{"pattern/PatternForm.cpp", "pattern.html"},

@@ -123,13 +123,7 @@ wxStaticText* frmModify::MakeLine(wxWindow* parent, const char* name) {
 }
 
 void frmModify::AddPreview(wxSizer& column) {
-  auto* heading = new wxBoxSizer(wxHORIZONTAL);
-  heading->Add(new wxStaticText(this, wxID_ANY, ToWx("プレビュー(&V)")));
-  heading->AddSpacer(FromDIP(kGap));
-  lblSummary_ = MakeLine(this, "lblSummary");
-  heading->Add(lblSummary_, wxSizerFlags(1));
-  column.Add(heading, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
-  column.AddSpacer(FromDIP(kSmallGap));
+  auto* label = new wxStaticText(this, wxID_ANY, ToWx("プレビュー(&V)"));
   lvwPreview_ = TextTable::Make(*this, {{"現在のリネーム名", 18}, {"新しいリネーム名", 23}}, 0,
                                 [this](std::size_t row, std::size_t cell) {
                                   const ModifyPreview::Row& shown = preview_->Shown(row);
@@ -142,6 +136,13 @@ void frmModify::AddPreview(wxSizer& column) {
   list.SetMinSize(wxSize(list.GetBestSize().x + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this),
                          kFewestPreviewLines * GetCharHeight()));
   SetAccessibleName(list.GetHandle(), "プレビュー");
+  lblSummary_ = MakeLine(this, "lblSummary");  // after the list, which the label has to come before
+  auto* heading = new wxBoxSizer(wxHORIZONTAL);
+  heading->Add(label);
+  heading->AddSpacer(FromDIP(kGap));
+  heading->Add(lblSummary_, wxSizerFlags(1));
+  column.Add(heading, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
+  column.AddSpacer(FromDIP(kSmallGap));
   column.Add(&list, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap)));
 }
 
