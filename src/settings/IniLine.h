@@ -6,7 +6,7 @@
 #include <vector>
 
 /// The lines of an INI file, as bytes. The functions work for code page 932 as well as for UTF-8, because no byte that
-/// they search for can be mistaken for the second byte of a character.
+/// they search for can be mistaken for the second byte of a character, except for the one that ends a section's name.
 namespace quillon {
 
 struct IniEntry {
@@ -22,7 +22,9 @@ struct IniEntry {
 
 [[nodiscard]] bool IsBlankIniLine(std::string_view line);
 
-/// The name between the brackets without surrounding blanks; nullopt for a line that starts no section.
+/// The name between the brackets without surrounding blanks; nullopt for a line that starts no section. In code page
+/// 932 the second byte of a character can be taken for the closing bracket; so decode the line before, if the name
+/// matters.
 [[nodiscard]] std::optional<std::string_view> IniSectionName(std::string_view line);
 
 /// Returns nullopt for comments, section lines, and lines without a key before a "=".

@@ -12,6 +12,7 @@ struct ReplaceRule {
   bool active = false;
   std::string find;
   std::string replacement;
+  bool operator==(const ReplaceRule&) const = default;
 };
 
 enum class FindMethod { kText, kRegex };
@@ -69,6 +70,7 @@ struct OptionValues {
     bool wide = false;
     bool narrow = false;
     bool keepDialogOpen = false;  ///< the dialog stays open after applying its rules
+    bool operator==(const Modify&) const = default;
   } modify;
 
   struct Update {

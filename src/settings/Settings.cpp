@@ -193,6 +193,15 @@ Result<OptionValues, SettingsError> ReadOptionValues(const IniFile& file) {
   return options;
 }
 
+Result<OptionValues::Modify, SettingsError> ReadRules(const IniFile& file, std::string_view section) {
+  OptionValues::Modify rules;
+  std::optional<SettingsError> error;
+  SettingsReader reader(file, error);
+  VisitRules(section, rules, reader);
+  if (error) return *std::move(error);
+  return rules;
+}
+
 std::optional<OptionValues> LoadOptionValues(const std::string& path) {
   IniFile file(path);
   if (!file.Load()) return std::nullopt;
@@ -206,6 +215,11 @@ void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometr
   VisitSettings(initial, SettingsWriter(defaults, geometry, Numbers::kOneAndZero, nullptr));
   const Numbers numbers = options.storedByDialog ? Numbers::kOneAndZero : Numbers::kKept;
   VisitSettings(options, SettingsWriter(file, geometry, numbers, &defaults));
+}
+
+void WriteRules(IniFile& file, std::string_view section, const OptionValues::Modify& rules) {
+  SettingsWriter writer(file, WindowGeometry::kKeep, Numbers::kOneAndZero, nullptr);
+  VisitRules(section, rules, writer);
 }
 
 bool WriteAutoUpdate(const std::string& path, bool automatic) {

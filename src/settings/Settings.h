@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/Ports.h"
 #include "base/Result.h"
@@ -34,6 +35,12 @@ enum class WindowGeometry { kWrite, kKeep };
 
 /// Writes every setting but AutoUpdate into the file in memory; the caller saves it.
 void WriteOptionValues(IniFile& file, const OptionValues& options, WindowGeometry geometry);
+
+/// Reads the modification rules of a section that has the keys of [Modify]; keepDialogOpen keeps its default.
+[[nodiscard]] Result<OptionValues::Modify, SettingsError> ReadRules(const IniFile& file, std::string_view section);
+
+/// Writes them, without keepDialogOpen, into the file in memory.
+void WriteRules(IniFile& file, std::string_view section, const OptionValues::Modify& rules);
 
 /// Writes the setting AutoUpdate to the file at once. Returns false when the file cannot be read or written.
 [[nodiscard]] bool WriteAutoUpdate(const std::string& path, bool automatic);

@@ -20,6 +20,28 @@ enum class SettingKind {
   kExtra,  ///< written only where it is in the file or differs from its default; a text keeps the blanks around it
 };
 
+/// Calls `visit(section, key, member, kind)` for every setting of a rule set. NonUnload, which stands among them in
+/// [Modify], is a habit of the dialog.
+template <class Modify, class Visitor>
+void VisitRules(std::string_view section, Modify& rules, Visitor& visit) {
+  using enum SettingKind;
+  visit(section, "ReviceFlag", rules.replaceInvalid, kIsOne);
+  visit(section, "ReviceText", rules.invalidReplacement, kPlain);
+  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
+    const std::string number = std::to_string(i);
+    visit(section, number + "ReplaceFlag", rules.rules[i].active, kIsOne);
+    visit(section, number + "ReplaceObject", rules.rules[i].find, kReplaceText);
+    visit(section, number + "ReplaceRepace", rules.rules[i].replacement, kReplaceText);
+  }
+  visit(section, "FindCtrl", rules.method, kIsOne);
+  visit(section, "IgnoreCase", rules.ignoreCase, kIsOne);
+  visit(section, "Upper", rules.upper, kIsOne);
+  visit(section, "Lower", rules.lower, kIsOne);
+  visit(section, "Proper", rules.proper, kIsOne);
+  visit(section, "Wide", rules.wide, kIsOne);
+  visit(section, "Narrow", rules.narrow, kIsOne);
+}
+
 /// Calls `visit(section, key, member, kind)` for every setting, in the order in which they are read and written.
 /// `Options` is OptionValues or const OptionValues. The sections, the order and the odd spellings are fixed by the
 /// file's format.
@@ -38,21 +60,7 @@ void VisitSettings(Options& options, Visitor visit) {
     visit("Window", kWidthKeys[i], options.window.columnWidths[i], kPlain);
   }
   visit("Player", "Repeat", options.player.repeat, kIsNotZero);
-  visit("Modify", "ReviceFlag", options.modify.replaceInvalid, kIsOne);
-  visit("Modify", "ReviceText", options.modify.invalidReplacement, kPlain);
-  for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
-    const std::string number = std::to_string(i);
-    visit("Modify", number + "ReplaceFlag", options.modify.rules[i].active, kIsOne);
-    visit("Modify", number + "ReplaceObject", options.modify.rules[i].find, kReplaceText);
-    visit("Modify", number + "ReplaceRepace", options.modify.rules[i].replacement, kReplaceText);
-  }
-  visit("Modify", "FindCtrl", options.modify.method, kIsOne);
-  visit("Modify", "IgnoreCase", options.modify.ignoreCase, kIsOne);
-  visit("Modify", "Upper", options.modify.upper, kIsOne);
-  visit("Modify", "Lower", options.modify.lower, kIsOne);
-  visit("Modify", "Proper", options.modify.proper, kIsOne);
-  visit("Modify", "Wide", options.modify.wide, kIsOne);
-  visit("Modify", "Narrow", options.modify.narrow, kIsOne);
+  VisitRules("Modify", options.modify, visit);
   visit("Modify", "NonUnload", options.modify.keepDialogOpen, kIsOne);
   visit("Update", "ErrSkip", options.update.skipFailedRows, kIsNotZero);
   visit("Update", "UpdateErrChk", options.update.checkFailedRows, kIsOne);

@@ -1,6 +1,7 @@
 #include "settings/basINIControl.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "base/Text.h"
 #include "platform/Ansi.h"
@@ -60,6 +61,8 @@ std::optional<std::string> IniFile::FindString(std::string_view section, std::st
 void IniFile::WriteString(std::string_view section, std::string_view key, std::string_view value) {
   value = value.substr(0, value.find_first_of(std::string_view("\r\n\0", 3)));
   if (FindWholeString(section, key) == value) return;  // keep the line as it is: it may be hand-written
+  MakeEncodable(section);
+  MakeEncodable(value);
   const std::string encoded = Encoded(value);
   if (const std::optional<std::size_t> line = FindLine(section, key)) {
     std::string& text = lines_[*line];
@@ -71,6 +74,40 @@ void IniFile::WriteString(std::string_view section, std::string_view key, std::s
   InsertLine(SectionEnd(section), std::string(key) + "=" + encoded);
 }
 
+std::vector<IniFile::Section> IniFile::Sections() const {
+  std::vector<Section> sections;
+  std::unordered_map<std::string, std::size_t> places;
+  std::optional<std::size_t> current;
+  for (const std::string& line : lines_) {
+    if (const std::optional<std::string> name = SectionStarting(line)) {
+      current = places.try_emplace(ToLower(*name), sections.size()).first->second;
+      if (*current == sections.size()) {
+        sections.push_back({*name, IniFile(std::string())});
+        sections.back().content.utf8_ = utf8_;
+      }
+    }
+    if (current) sections[*current].content.lines_.push_back(line);
+  }
+  return sections;
+}
+
+void IniFile::RenameSection(std::string_view section, std::string_view name) {
+  MakeEncodable(name);
+  for (std::string& line : lines_) {
+    const std::optional<std::string> present = SectionStarting(line);
+    if (!present || !EqualIgnoringCase(*present, section)) continue;
+    line = "[" + Encoded(name) + "]" + std::string(IniLineEnd(line));
+  }
+}
+
+void IniFile::RemoveSection(std::string_view section) {
+  bool inside = false;
+  std::erase_if(lines_, [&](const std::string& line) {
+    if (const std::optional<std::string> name = SectionStarting(line)) inside = EqualIgnoringCase(*name, section);
+    return inside;
+  });
+}
+
 bool IniFile::Save() const {
   if (unreadable_) return false;
   std::string content(utf8_ ? kByteOrderMark : std::string_view());
@@ -78,10 +115,18 @@ bool IniFile::Save() const {
   return content.size() <= kLargestFile && !ReplaceWholeFile(path_, content);
 }
 
+/// As IniSectionName, decoded.
+std::optional<std::string> IniFile::SectionStarting(const std::string& line) const {
+  if (line.find('[') == std::string::npos) return std::nullopt;  // most lines
+  const std::string decoded = Decoded(line);
+  const std::optional<std::string_view> name = IniSectionName(decoded);
+  return name ? std::optional(std::string(*name)) : std::nullopt;
+}
+
 std::optional<std::size_t> IniFile::FindLine(std::string_view section, std::string_view key) const {
   bool inside = false;
   for (std::size_t i = 0; i < lines_.size(); ++i) {
-    if (const std::optional<std::string_view> name = IniSectionName(lines_[i])) {
+    if (const std::optional<std::string> name = SectionStarting(lines_[i])) {
       inside = EqualIgnoringCase(*name, section);
     } else if (inside) {
       const std::optional<IniEntry> entry = ParseIniEntry(lines_[i]);
@@ -101,13 +146,16 @@ std::string IniFile::Decoded(std::string_view bytes) const {
   return utf8_ ? std::string(bytes) : AnsiToUtf8(bytes);
 }
 
-std::string IniFile::Encoded(std::string_view value) {
-  if (!utf8_) {
-    if (std::optional<std::string> bytes = Utf8ToAnsi(value)) return *std::move(bytes);
-    utf8_ = true;
-    for (std::string& line : lines_) line = AnsiToUtf8KeepingBytes(line);
-  }
-  return std::string(value);
+/// Converts the file to UTF-8 when code page 932 cannot represent the text.
+void IniFile::MakeEncodable(std::string_view text) {
+  if (utf8_ || Utf8ToAnsi(text)) return;
+  utf8_ = true;
+  for (std::string& line : lines_) line = AnsiToUtf8KeepingBytes(line);
+}
+
+/// Precondition: the text can be encoded.
+std::string IniFile::Encoded(std::string_view text) const {
+  return utf8_ ? std::string(text) : Utf8ToAnsi(text).value_or(std::string());
 }
 
 /// The line end that the file already uses.
@@ -126,14 +174,14 @@ void IniFile::InsertLine(std::size_t index, std::string_view text) {
 std::size_t IniFile::SectionEnd(std::string_view section) {
   std::optional<std::size_t> end;
   for (std::size_t i = 0; i < lines_.size(); ++i) {
-    const std::optional<std::string_view> name = IniSectionName(lines_[i]);
+    const std::optional<std::string> name = SectionStarting(lines_[i]);
     if (name && end) break;
     const bool starts = name && EqualIgnoringCase(*name, section);
     const bool belongs = end && !IsBlankIniLine(lines_[i]);
     if (starts || belongs) end = i + 1;
   }
   if (end) return *end;
-  InsertLine(lines_.size(), "[" + std::string(section) + "]");
+  InsertLine(lines_.size(), "[" + Encoded(section) + "]");
   return lines_.size();
 }
 
