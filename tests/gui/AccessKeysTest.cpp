@@ -125,7 +125,7 @@ TEST_F(AccessKeysOfWindows, AreUniqueOnEachPageOfTheOptions) {
 
 TEST_F(AccessKeysOfWindows, AreUniqueInTheModifyDialogExceptForTwoThatAreGiven) {
   const AccessKeys keys = KeysOf(Command::mnuModify);
-  EXPECT_EQ(keys.Count(), 18u);
+  EXPECT_EQ(keys.Count(), 19u);
   EXPECT_EQ(keys.Shared(), (std::map<std::string, Texts>{{"N", {"通常検索(&N)", "全角を半角へ変換(&N)"}}}));
   ExpectUnique(*MakeEditMenu(nullptr), "mnuEdit");
   ExpectUnique(*MakeHelpMenu(), "mnuHelp");

@@ -20,6 +20,7 @@
 #include "rename/window/frmModify.h"
 #include "rename/window/frmModifyMenus.h"
 #include "support/Rows.h"
+#include "support/TempFolder.h"
 
 namespace quillon {
 namespace {
@@ -63,7 +64,7 @@ class ModifyDialog : public testing::Test {
           ran = given;
           if (duringRun) duringRun();
         },
-        purpose == OpenedFor::kExecute ? preview.get() : nullptr);
+        PresetUse{presets}, purpose == OpenedFor::kExecute ? preview.get() : nullptr);
   }
 
   void Open(OpenedFor purpose = OpenedFor::kExecute, bool regexAvailable = true) {
@@ -166,6 +167,8 @@ class ModifyDialog : public testing::Test {
   RegexLibrary regex;
   OptionValues options;
   OptionValues::Modify& rules = options.modify;
+  test::TempFolder folder;
+  Presets presets{folder.At("q.ini")};
   Boxes boxes;
   int runs = 0;
   OptionValues::Modify ran;  ///< in the last run

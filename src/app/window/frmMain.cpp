@@ -60,7 +60,8 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
       device_(MakeMediaDevice()),
       files_(MakeFileReads()),
       disk_(MakeFileChanges()),
-      frmWait_(this) {
+      frmWait_(this),
+      presets_(paths.settings) {
   SetName("frmMain");
   SetIcons(ProgramIcons());
   MakeMenus();
@@ -315,8 +316,12 @@ void frmMain::ShowModifyDialog(Rows rows) {
   ModifyPreview preview(app_->List(), rows, app_->Regex());
   frmModify dialog(
       this, app_->Options(), OpenedFor::kExecute, app_->RegexAvailable() ? &app_->Regex() : nullptr, boxes_,
-      [this, rows](const OptionValues::Modify& rules) { app_->ModifyRows(rows, rules); }, &preview);
+      [this, rows](const OptionValues::Modify& rules) { app_->ModifyRows(rows, rules); }, PresetsInUse(), &preview);
   dialog.ShowModal();
+}
+
+PresetUse frmMain::PresetsInUse() const {
+  return {.presets = presets_, .confirms = !app_->Options().system.suppressConfirmations};
 }
 
 void frmMain::ShowPatternDialog(Rows rows) {
@@ -329,7 +334,7 @@ void frmMain::ShowPatternDialog(Rows rows) {
 void frmMain::ShowOptionDialog(OptionForm& form) {
   const auto modifyOption = [this](wxWindow& owner) {
     frmModify(&owner, app_->Options(), OpenedFor::kSettings, app_->RegexAvailable() ? &app_->Regex() : nullptr, boxes_,
-              {}, nullptr)
+              {}, PresetsInUse(), nullptr)
         .ShowModal();
   };
   frmOption dialog(this, form, modifyOption, [this] { app_->ShowHelp(); });

@@ -22,6 +22,7 @@
 #include "dialogs/window/frmDirShow.h"
 #include "filelist/window/frmFolderRef.h"
 #include "filelist/window/lvwFiles.h"
+#include "rename/window/frmModifyPresets.h"
 #include "rename/window/frmWait.h"
 #include "settings/OptionValues.h"
 
@@ -130,6 +131,7 @@ class frmMain final : public wxFrame,
   void ApplySettings();
   void Place(wxSize size);
   void KeepSettings();
+  [[nodiscard]] PresetUse PresetsInUse() const;
   void BeforeYield();
   void ShowLaidOut();
   void GrowSmallestSize();
@@ -141,6 +143,7 @@ class frmMain final : public wxFrame,
   std::unique_ptr<FileReads> files_;
   std::unique_ptr<FileChanges> disk_;
   frmWait frmWait_;
+  Presets presets_;
   // Owned by the window, like every wx child:
   frmMainControls controls_;
   frmFolderRef* frmFolderRef_ = nullptr;

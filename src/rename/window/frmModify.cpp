@@ -37,7 +37,7 @@ void ForEachDescendant(wxWindow& window, const Handle& handle) {
 }  // namespace
 
 frmModify::frmModify(wxWindow* parent, OptionValues& options, OpenedFor purpose, RegexEngine* regex,
-                     MessageBoxes& boxes, RunRules run, ModifyPreview* preview)
+                     MessageBoxes& boxes, RunRules run, const PresetUse& presets, ModifyPreview* preview)
     : wxDialog(parent, wxID_ANY, ToWx("リネーム名の編集"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       options_(options),
@@ -45,6 +45,7 @@ frmModify::frmModify(wxWindow* parent, OptionValues& options, OpenedFor purpose,
       regex_(regex),
       boxes_(boxes),
       run_(std::move(run)),
+      presets_(*this, presets, regex != nullptr, boxes, PresetForm()),
       preview_(preview) {
   SetName("frmModify");
   SetIcons(ProgramIcons());
@@ -75,6 +76,7 @@ void frmModify::BindEvents() {
   });
   ForEachDescendant(*this, [this](wxWindow& child) { child.Bind(wxEVT_SET_FOCUS, &frmModify::OnFocus, this); });
   mnuEdit_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenMenu(*mnuEdit_, *MakeEditMenu(editedBox_)); });
+  mnuPreset_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenPresets(); });
   mnuHelp_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OpenMenu(*mnuHelp_, *MakeHelpMenu()); });
   for (const int entry : {kMnuUndo, kMnuCut, kMnuCopy, kMnuPaste, kMnuDelete}) {
     Bind(wxEVT_MENU, &frmModify::OnEdit, this, entry);
@@ -136,7 +138,7 @@ void frmModify::OnFocus(wxFocusEvent& event) {
   auto* const control = dynamic_cast<wxWindow*>(event.GetEventObject());
   if (control == focused_) return;
   focused_ = control;
-  if (control == mnuEdit_ || control == mnuHelp_) return;
+  if (control == mnuEdit_ || control == mnuPreset_ || control == mnuHelp_) return;
   editedBox_ = dynamic_cast<wxTextCtrl*>(control);
   if (editedBox_ == nullptr || editedBox_ == txtRevice_) return;
   // A click sets its caret after this event, so the selection is postponed.
@@ -169,6 +171,32 @@ void frmModify::OpenMenu(wxButton& button, wxMenu& menu) {
   const wxPoint below = ScreenToClient(button.ClientToScreen(wxPoint(0, button.GetSize().y)));
   PopupMenu(&menu, below);
   if (editedBox_ != nullptr) FocusKeepingSelection(editedBox_);
+}
+
+frmModifyPresets::Form frmModify::PresetForm() {
+  return {.rules = [this] { return Form(); },
+          .checkedRules = [this]() -> std::optional<OptionValues::Modify> {
+            OptionValues::Modify form = Form();
+            const std::optional<ModifyRefusal> refusal = CheckModifyForm(form);
+            if (!refusal) return form;
+            Refuse(*refusal);
+            return std::nullopt;
+          },
+          .show =
+              [this](const OptionValues::Modify& rules) {
+                OptionValues::Modify form = rules;
+                form.keepDialogOpen = chkNonUnload_->GetValue();
+                ShowForm(form);
+                UpdateEnabling();
+                Changed();
+              }};
+}
+
+void frmModify::OpenPresets() {
+  presets_.Open(*mnuPreset_);
+  if (editedBox_ == nullptr) return;
+  // The rules that were loaded may have disabled the box.
+  FocusKeepingSelection(editedBox_->IsEnabled() ? static_cast<wxWindow*>(editedBox_) : mnuPreset_);
 }
 
 void frmModify::Refuse(const ModifyRefusal& refusal) {

@@ -20,6 +20,7 @@
 #include "rename/ModifyForm.h"
 #include "rename/ModifyPreview.h"
 #include "rename/RegexReplace.h"
+#include "rename/window/frmModifyPresets.h"
 #include "settings/OptionValues.h"
 
 namespace quillon {
@@ -37,7 +38,7 @@ class frmModify final : public wxDialog {
  public:
   /// `regex` is null without the library. `preview` is null when there are no rows: then none is shown.
   frmModify(wxWindow* parent, OptionValues& options, OpenedFor purpose, RegexEngine* regex, MessageBoxes& boxes,
-            RunRules run, ModifyPreview* preview);
+            RunRules run, const PresetUse& presets, ModifyPreview* preview);
 
   int ShowModal() override;
 
@@ -84,6 +85,8 @@ class frmModify final : public wxDialog {
   void OnFocus(wxFocusEvent& event);
   void OnEdit(wxCommandEvent& event);
   void OpenMenu(wxButton& button, wxMenu& menu);
+  [[nodiscard]] frmModifyPresets::Form PresetForm();
+  void OpenPresets();
   void Refuse(const ModifyRefusal& refusal);
   void FocusKeepingSelection(wxWindow* control);
   void RunWithDialogOpen();
@@ -93,6 +96,7 @@ class frmModify final : public wxDialog {
   RegexEngine* regex_;
   MessageBoxes& boxes_;
   RunRules run_;
+  frmModifyPresets presets_;
   ModifyPreview* preview_;
   bool runWhenClosed_ = false;
   bool working_ = false;  // on the preview
@@ -104,6 +108,7 @@ class frmModify final : public wxDialog {
 
   // Children, owned by the dialog.
   wxButton* mnuEdit_ = nullptr;
+  wxButton* mnuPreset_ = nullptr;
   wxButton* mnuHelp_ = nullptr;
   wxCheckBox* chkInjustice_ = nullptr;
   wxTextCtrl* txtRevice_ = nullptr;

@@ -74,8 +74,10 @@ wxTextCtrl* frmModify::MakeTextBox(wxWindow* parent, const std::string& name) {
 wxSizer* frmModify::MakeMenuRow() {
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   mnuEdit_ = MakeMenuButton("編集(&E)", "mnuEdit");
+  mnuPreset_ = MakeMenuButton("プリセット(&T)", "mnuPreset");
   mnuHelp_ = MakeMenuButton("ヘルプ(&H)", "mnuHelp");
   row->Add(mnuEdit_);
+  row->Add(mnuPreset_);
   row->Add(mnuHelp_);
   return row;
 }
