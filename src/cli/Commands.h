@@ -30,6 +30,7 @@ struct InfoArguments {
 
 struct ModifyArguments {
   std::string settings;
+  std::optional<std::string> preset;     ///< see UsePreset
   std::optional<std::size_t> listCount;  ///< empty: the number of names read
   bool once = false;                     ///< each rule is applied once
 };
@@ -45,6 +46,7 @@ struct RenameArguments {
   std::optional<std::int32_t> step;
   bool modify = false;
   bool once = false;                     ///< each modification rule is applied once
+  std::optional<std::string> preset;     ///< see UsePreset; with it `modify` is set
   std::string names;                     ///< the file with the names, "-" for standard input; empty for none
   std::string plan;                      ///< the same for a plan, which takes the place of the selection
   bool portable = false;                 ///< names that can be used on every system

@@ -44,7 +44,11 @@ inline constexpr HelpText kReader = {"Show the record of this reader", "この�
 inline constexpr HelpText kFiles = {"Files", "ファイル"};
 inline constexpr HelpText kModify = {"Transform names from standard input by the modification rules",
                                      "標準入力の名前を編集の規則で変換する"};
-inline constexpr HelpText kModifySettings = {"The settings file that holds the rules", "規則を読む設定ファイル"};
+inline constexpr HelpText kModifySettings = {"The settings file that holds the rules; needed without --preset",
+                                             "規則を読む設定ファイル。--preset を付けなければ必須"};
+inline constexpr HelpText kModifyPreset = {
+    "Use this preset's rules: one of the settings file, or one that comes with the program",
+    "このプリセットの規則を使う。設定ファイルのプリセットか、標準のプリセット"};
 inline constexpr HelpText kListCount = {"How many rows the list is taken to hold", "リストにあるとみなす行の数"};
 inline constexpr HelpText kOnce = {"Apply each modification rule once, not once per row",
                                    "編集の規則を、行の数だけ繰り返さず一度だけ実行する"};
@@ -57,6 +61,9 @@ inline constexpr HelpText kStart = {"The first number of {n}", "{n} のはじめ
 inline constexpr HelpText kStep = {"What {n} grows by", "{n} の増える数"};
 inline constexpr HelpText kModifyNames = {"Transform the names by the modification rules",
                                           "名前を編集の規則で変換する"};
+inline constexpr HelpText kRenamePreset = {
+    "The same by this preset: one of the settings file, or one that comes with the program",
+    "このプリセットの規則で名前を変換する。設定ファイルのプリセットか、標準のプリセット"};
 inline constexpr HelpText kRenameSettings = {"The settings file that holds rules and options",
                                              "規則とオプションを読む設定ファイル"};
 inline constexpr HelpText kRenameApply = {"Rename the files; without it nothing is changed",

@@ -37,6 +37,10 @@ inline constexpr HelpText kSettingsUnread = {"the settings file cannot be read: 
 inline constexpr HelpText kSettingsDamaged = {"the settings file may be damaged",
                                               "設定ファイルが壊れている可能性があります 再度起動してください "
                                               "それでも初期化エラーが出る場合はヘルプを参照してください"};
+inline constexpr HelpText kPresetDamaged = {"the preset holds a value that does not fit",
+                                            "プリセットに正しくない値があります"};
+inline constexpr HelpText kNoPreset = {"there is no such preset, only those below: ",
+                                       "プリセットがありません。使えるのは下のものです: "};
 inline constexpr HelpText kUnexpected = {"an unexpected error has occurred", "予期しないエラーが発生しました"};
 
 // The log, and taking renames back.

@@ -29,8 +29,9 @@ std::vector<std::string_view> Lines(std::string_view text) {
 }  // namespace
 
 int RunModify(const ModifyArguments& arguments) {
-  const std::optional<OptionValues> options = LoadSettings(arguments.settings);
+  std::optional<OptionValues> options = LoadSettings(arguments.settings);
   if (!options) return kBadUsage;
+  if (arguments.preset && !UsePreset(*arguments.preset, arguments.settings, *options)) return kBadUsage;
   const std::string input = ReadStandardInput();
   const std::vector<std::string_view> names = Lines(input);
   const Repetition repetition = arguments.once ? Repetition::kOnce : RepetitionOf(*options);

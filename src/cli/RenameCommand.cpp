@@ -193,6 +193,7 @@ int RunRename(const RenameArguments& arguments) {
   if (!arguments.plan.empty()) return RunPlan(arguments);
   std::optional<OptionValues> options = LoadSettings(arguments.settings);
   if (!options) return kBadUsage;
+  if (arguments.preset && !UsePreset(*arguments.preset, arguments.settings, *options)) return kBadUsage;
   const std::optional<PatternRules> format = arguments.format ? FormatRules(arguments, *options) : std::nullopt;
   if (arguments.format && !format) return kBadUsage;
   Session session(std::move(*options));

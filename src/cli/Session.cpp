@@ -5,10 +5,13 @@
 #include "cli/Messages.h"
 #include "cli/Output.h"
 #include "cli/Reasons.h"
+#include "cli/Table.h"
 #include "filelist/FolderSearch.h"
 #include "filelist/Registration.h"
 #include "paths/basFileControl.h"
 #include "platform/Program.h"
+#include "rename/BuiltInPresets.h"
+#include "settings/Presets.h"
 #include "settings/Settings.h"
 
 namespace quillon::cli {
@@ -120,6 +123,31 @@ std::optional<OptionValues> LoadSettings(const std::string& path) {
   const SettingsError& error = options.Failure();
   Complain(Localized(messages::kSettingsDamaged) + " ([" + error.section + "] " + error.key + "=" + error.text + ")");
   return std::nullopt;
+}
+
+bool UsePreset(const std::string& name, const std::string& settings, OptionValues& options) {
+  std::vector<std::string> names;
+  if (!settings.empty()) {
+    const Presets presets(FullPath(settings));
+    const Result<OptionValues::Modify, PresetError> rules = presets.Load(name);
+    if (rules) {
+      options.modify = *rules;
+      return true;
+    }
+    if (rules.Failure().problem != PresetProblem::kAbsent) {
+      Complain(Localized(messages::kPresetDamaged) + " (" + rules.Failure().where + ")");
+      return false;
+    }
+    names = presets.Names();
+  }
+  if (const Preset* const preset = FindBuiltInPreset(name)) {
+    options.modify = preset->rules;
+    return true;
+  }
+  for (const Preset& preset : BuiltInPresets()) names.push_back(preset.name);
+  Complain(Localized(messages::kNoPreset) + OnOneLine(name));
+  for (const std::string& known : names) Complain("  " + OnOneLine(known));
+  return false;
 }
 
 }  // namespace quillon::cli

@@ -73,4 +73,8 @@ inline constexpr int kNothingLoaded = 3;
 /// nullopt.
 [[nodiscard]] std::optional<OptionValues> LoadSettings(const std::string& path);
 
+/// Makes the rules of this preset the options' own: one of the settings file, unless its path is empty, or else one of
+/// those that come with the program. On failure it complains, names the presets there are, and returns false.
+[[nodiscard]] bool UsePreset(const std::string& name, const std::string& settings, OptionValues& options);
+
 }  // namespace quillon::cli

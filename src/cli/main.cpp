@@ -45,6 +45,10 @@ CLI::Option* AddFile(CLI::App& command, const char* name, std::string& path, con
   return command.add_option(name, path, Localized(text))->type_name("FILE")->check(RefuseEmptyPath);
 }
 
+void AddPreset(CLI::App& command, std::optional<std::string>& preset, const HelpText& text) {
+  command.add_option("--preset", preset, Localized(text))->type_name("NAME");
+}
+
 // Only what really changes files is logged.
 template <class BatchArguments>
 void CheckLog(const BatchArguments& arguments) {
@@ -58,8 +62,8 @@ void AddPlan(CLI::App& command, RenameArguments& rename) {
   CLI::Option* const paths = command.get_option("PATH");
   paths->required(false)->description(Localized(texts::kPathsOrPlan));
   for (const char* const other :
-       {"PATH", "--to-title", "--format", "--start", "--step", "--names", "--modify", "--once", "--portable",
-        "--normalize", "--settings", "--tags", "--subfolders", "--ext", "--all"}) {
+       {"PATH", "--to-title", "--format", "--start", "--step", "--names", "--modify", "--preset", "--once",
+        "--portable", "--normalize", "--settings", "--tags", "--subfolders", "--ext", "--all"}) {
     plan->excludes(command.get_option(other));
   }
   command.callback([&rename] {
@@ -121,12 +125,15 @@ void AddInfo(CLI::App& app, Arguments& arguments) {
 
 void AddModify(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("modify", Localized(texts::kModify));
-  command->add_option("--settings", arguments.modify.settings, Localized(texts::kModifySettings))
-      ->type_name("FILE")
-      ->required();
+  ModifyArguments& modify = arguments.modify;
+  command->add_option("--settings", modify.settings, Localized(texts::kModifySettings))->type_name("FILE");
+  AddPreset(*command, modify.preset, texts::kModifyPreset);
   command->add_option("--list-count", arguments.listCount, Localized(texts::kListCount))
       ->check(CLI::Range(std::int64_t{0}, kMostRows).description(""));
   command->add_flag("--once", arguments.modify.once, Localized(texts::kOnce))->excludes("--list-count");
+  command->callback([&modify] {
+    if (modify.settings.empty() && !modify.preset) throw CLI::RequiredError("--settings");
+  });
 }
 
 void AddRename(CLI::App& app, Arguments& arguments) {
@@ -141,6 +148,7 @@ void AddRename(CLI::App& app, Arguments& arguments) {
   AddFile(*command, "--names", rename.names, texts::kNames)->excludes(toTitle)->excludes(format);
   command->add_flag("--modify", rename.modify, Localized(texts::kModifyNames));
   command->add_flag("--once", rename.once, Localized(texts::kOnce));
+  AddPreset(*command, rename.preset, texts::kRenamePreset);
   command->add_option("--settings", rename.settings, Localized(texts::kRenameSettings))->type_name("FILE");
   command->add_flag("--portable", rename.portable, Localized(texts::kPortable));
   command->add_option("--normalize", arguments.normalForm, Localized(texts::kNormalize))
@@ -225,6 +233,7 @@ int Run(CLI::App& app, Arguments& arguments) {
   if (!arguments.normalForm.empty()) {
     arguments.rename.normalForm = arguments.normalForm == "nfc" ? NormalForm::kComposed : NormalForm::kDecomposed;
   }
+  if (arguments.rename.preset) arguments.rename.modify = true;
   arguments.rename.selection.ownExtensions = HasOwnExtensions(app, "rename");
   return RunRename(arguments.rename);
 }

@@ -23,23 +23,23 @@ enum class SettingKind {
 /// Calls `visit(section, key, member, kind)` for every setting of a rule set. NonUnload, which stands among them in
 /// [Modify], is a habit of the dialog.
 template <class Modify, class Visitor>
-void VisitRules(std::string_view section, Modify& rules, Visitor& visit) {
+void VisitRules(std::string_view section, Modify& modify, Visitor& visit) {
   using enum SettingKind;
-  visit(section, "ReviceFlag", rules.replaceInvalid, kIsOne);
-  visit(section, "ReviceText", rules.invalidReplacement, kPlain);
+  visit(section, "ReviceFlag", modify.replaceInvalid, kIsOne);
+  visit(section, "ReviceText", modify.invalidReplacement, kPlain);
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
     const std::string number = std::to_string(i);
-    visit(section, number + "ReplaceFlag", rules.rules[i].active, kIsOne);
-    visit(section, number + "ReplaceObject", rules.rules[i].find, kReplaceText);
-    visit(section, number + "ReplaceRepace", rules.rules[i].replacement, kReplaceText);
+    visit(section, number + "ReplaceFlag", modify.rules[i].active, kIsOne);
+    visit(section, number + "ReplaceObject", modify.rules[i].find, kReplaceText);
+    visit(section, number + "ReplaceRepace", modify.rules[i].replacement, kReplaceText);
   }
-  visit(section, "FindCtrl", rules.method, kIsOne);
-  visit(section, "IgnoreCase", rules.ignoreCase, kIsOne);
-  visit(section, "Upper", rules.upper, kIsOne);
-  visit(section, "Lower", rules.lower, kIsOne);
-  visit(section, "Proper", rules.proper, kIsOne);
-  visit(section, "Wide", rules.wide, kIsOne);
-  visit(section, "Narrow", rules.narrow, kIsOne);
+  visit(section, "FindCtrl", modify.method, kIsOne);
+  visit(section, "IgnoreCase", modify.ignoreCase, kIsOne);
+  visit(section, "Upper", modify.upper, kIsOne);
+  visit(section, "Lower", modify.lower, kIsOne);
+  visit(section, "Proper", modify.proper, kIsOne);
+  visit(section, "Wide", modify.wide, kIsOne);
+  visit(section, "Narrow", modify.narrow, kIsOne);
 }
 
 /// Calls `visit(section, key, member, kind)` for every setting, in the order in which they are read and written.

@@ -10,6 +10,7 @@
 #include "cli/CliProgram.h"
 #include "platform/Ansi.h"
 #include "platform/Program.h"
+#include "settings/Presets.h"
 #include "support/MediaBuilders.h"
 #include "support/SongBuilders.h"
 #include "support/TempFolder.h"
@@ -335,7 +336,62 @@ TEST(CliModifyTest, ASettingsFileThatCannotBeReadIsAnError) {
   }
 }
 
+TEST(CliModifyTest, APresetOfTheSettingsOrOfTheProgramGivesTheRules) {
+  const TempFolder folder;
+  const std::string settings =
+      folder.Write("q.ini", "[Modify]\nUpper=1\n[Preset mine]\n0ReplaceFlag=1\n0ReplaceObject=a\n0ReplaceRepace=b\n");
+  EXPECT_EQ(Cli({"modify", "--settings", settings, "--preset", "Mine"}, "aA\n").output, "bA\n");
+  EXPECT_EQ(Cli({"modify", "--settings", settings, "--preset", "全角を半角にする"}, "Ａ１\n").output, "A1\n");
+  EXPECT_EQ(Cli({"modify", "--preset", "全角を半角にする"}, "Ａ１\n").output, "A1\n") << "without a settings file";
+  const std::string own = folder.Write("own.ini", "\xEF\xBB\xBF[Preset 全角を半角にする]\nLower=1\n");
+  EXPECT_EQ(Cli({"modify", "--settings", own, "--preset", "全角を半角にする"}, "Ａ１\n").output, "ａ１\n")
+      << "one's own comes first";
+}
+
+TEST(CliModifyTest, AWrongPresetIsWrongUsageThatNamesThoseThereAre) {
+  const TempFolder folder;
+  const std::string settings = folder.Write("q.ini", "[Preset mine]\n[Preset bad]\nUpper=40000\n");
+  const ProcessResult wrong = Cli({"modify", "--settings", settings, "--preset", "min"}, "a\n");
+  EXPECT_EQ(wrong.exitCode, 2);
+  EXPECT_EQ(wrong.output, "");
+  const std::vector<std::string> lines = Lines(wrong.errors);
+  ASSERT_EQ(lines.size(), 13u) << wrong.errors;
+  EXPECT_NE(lines[0].find("min"), std::string::npos);
+  EXPECT_EQ(lines[1], "  mine");
+  EXPECT_EQ(lines[3], "  先頭のトラック番号を取り除く");
+  const ProcessResult bad = Cli({"modify", "--settings", settings, "--preset", "bad"}, "a\n");
+  EXPECT_EQ(bad.exitCode, 2);
+  EXPECT_NE(bad.errors.find("[Preset bad] Upper=40000"), std::string::npos) << bad.errors;
+  ExpectWrongUsage({"modify", "--preset", ""});
+  ExpectWrongUsage({"modify", "--preset", "mine"});
+}
+
+TEST(CliModifyTest, AnExportedPresetIsASettingsFile) {
+  const TempFolder folder;
+  OptionValues::Modify rules;
+  rules.rules[0] = {true, "a", "音"};
+  const std::string path = folder.At("out.ini");
+  ASSERT_EQ(WritePresetFile(path, {"私の規則", rules}), std::nullopt);
+  EXPECT_EQ(Cli({"modify", "--settings", path}, "aa\n").output, "音音\n");
+  EXPECT_EQ(Cli({"modify", "--settings", path, "--preset", "私の規則"}, "aa\n").output, "音音\n");
+  folder.Write("files/a.mid");
+  const ProcessResult result = Cli({"rename", "--modify", "--settings", path, "--apply", folder.At("files")});
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  EXPECT_TRUE(folder.Exists("files/音.mid"));
+}
+
 // rename
+
+TEST(CliRenameTest, APresetEditsTheNamesByItself) {
+  const TempFolder folder;
+  folder.Write("files/01 - song.mid");
+  const ProcessResult result =
+      Cli({"rename", "--preset", "先頭のトラック番号を取り除く", "--apply", folder.At("files")});
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  EXPECT_TRUE(folder.Exists("files/song.mid"));
+  ExpectWrongUsage({"rename", "--preset", "none", folder.At("files")});
+  ExpectWrongUsage({"rename", "--preset", "全角を半角にする", "--plan", "x"});
+}
 
 TEST(CliRenameTest, TheDryRunShowsExactlyWhatApplyingThenDoes) {
   const TempFolder folder;

@@ -174,6 +174,7 @@ TEST(HelpCompleteness, NamesEveryCaptionOfTheOtherWindows) {
   constexpr std::array kWindows = {Window{"rename/window/frmModifyLayout.cpp", "modify.html"},
                                    Window{"rename/ModifyPreview.cpp", "modify.html"},
                                    Window{"rename/RegexProblem.cpp", "regex.html"},
+                                   Window{"rename/window/frmModifyPresets.cpp", "modify.html"},
                                    Window{"pattern/window/frmPatternLayout.cpp", "pattern.html"},
                                    Window{"pattern/PatternFields.cpp", "pattern.html"},
                                    Window{"pattern/PatternForm.cpp", "pattern.html"},

@@ -88,7 +88,7 @@ TEST(Architecture, GlossaryNamesKeysOfTheSettingsFile) {
     }
     for (const Groups& option : Matches(row[2], "`([a-z]+\\.[a-zA-Z]+)[`\\[]")) {
       ++found;
-      EXPECT_NE(code.find("options." + option[1]), std::string::npos) << option[1];
+      EXPECT_NE(code.find(option[1]), std::string::npos) << option[1];
     }
   }
   EXPECT_GT(found, 60);

@@ -141,16 +141,17 @@ std::optional<std::string> frmModifyPresets::AskName(const std::string& title, c
 }
 
 std::string frmModifyPresets::FileToImport() {
-  return ChooseFile("プリセットの読み込み", "", wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  return ChooseFile("読み込み（インポート）", "", wxFD_OPEN | wxFD_FILE_MUST_EXIST);
 }
 
 std::string frmModifyPresets::FileToExport(const std::string& suggestion) {
-  return ChooseFile("プリセットの書き出し", suggestion, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+  return ChooseFile("書き出し（エクスポート）", suggestion, wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
 }
 
 std::string frmModifyPresets::ChooseFile(const char* title, const std::string& suggestion, long style) {
-  const std::string files = "設定ファイル|" + DialogPattern("*.ini") + "|すべてのファイル|" + DialogPattern("*.*");
-  wxFileDialog dialog(&dialog_, ToWx(title), "", ToWx(suggestion), ToWx(files), style);
+  const std::string filters = std::string("設定ファイル") + "|" + DialogPattern("*.ini") + "|" + "すべてのファイル" +
+                              "|" + DialogPattern("*.*");
+  wxFileDialog dialog(&dialog_, ToWx(title), "", ToWx(suggestion), ToWx(filters), style);
   return dialog.ShowModal() == wxID_OK ? PathFromWx(dialog.GetPath()) : std::string();
 }
 
