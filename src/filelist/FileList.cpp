@@ -107,6 +107,7 @@ void FileList::Reserve(std::size_t more) {
 }
 
 void FileList::Add(FileItem item) {
+  ++revision_;
   rows_.push_back(std::make_unique<FileItem>(std::move(item)));
   try {
     Register(*rows_.back());
@@ -118,6 +119,7 @@ void FileList::Add(FileItem item) {
 }
 
 void FileList::Replace(int index, FileItem item) {
+  ++revision_;
   FileItem& row = MutableRow(index);
   if (row.location != item.location) Relocate(row, item.location);
   checkedCount_ += static_cast<int>(item.checked) - static_cast<int>(row.checked);
@@ -135,6 +137,7 @@ void FileList::EndChanges() {
 }
 
 void FileList::SetRenameName(int index, std::string name) {
+  ++revision_;
   FileItem& row = MutableRow(index);
   edits_.Record(row);
   row.renameName = std::move(name);
@@ -171,12 +174,14 @@ int FileList::NextPending(int after) const {
 }
 
 void FileList::SetTexts(int index, std::string title, std::string artist) {
+  ++revision_;
   MutableRow(index).title = std::move(title);
   MutableRow(index).artist = std::move(artist);
   RowTouched(index);
 }
 
 void FileList::SetLocation(int index, std::string location) {
+  ++revision_;
   Relocate(MutableRow(index), std::move(location));
   RowTouched(index);
 }
@@ -250,6 +255,7 @@ void FileList::RemoveWhere(const std::function<bool(int index, const FileItem&)>
   std::vector<bool> leaves(rows_.size());
   for (std::size_t i = 0; i < rows_.size(); ++i) leaves[i] = unwanted(static_cast<int>(i) + 1, *rows_[i]);
   if (std::find(leaves.begin(), leaves.end(), true) == leaves.end()) return;
+  ++revision_;
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     if (leaves[i]) Unregister(*rows_[i]);
   }
@@ -260,6 +266,7 @@ void FileList::RemoveWhere(const std::function<bool(int index, const FileItem&)>
 }
 
 void FileList::Clear() {
+  ++revision_;
   locations_.clear();
   folders_.clear();
   rows_.clear();
@@ -271,6 +278,7 @@ void FileList::Clear() {
 }
 
 void FileList::Sort(Column column, const Collation& order) {
+  ++revision_;
   struct Keyed {
     std::string key;
     FileItem* row = nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -43,6 +44,9 @@ class FileList {
   void SetObserver(FileListObserver* observer) { observer_ = observer; }
 
   [[nodiscard]] int Count() const { return static_cast<int>(rows_.size()); }
+  /// Another number after every change of the rows, their order or their texts; the same after changes of check marks
+  /// and selection.
+  [[nodiscard]] std::uint64_t Revision() const { return revision_; }
   [[nodiscard]] int CheckedCount() const { return checkedCount_; }
   /// The number of rows that a command for `rows` works on, and whether this row is one of them.
   [[nodiscard]] int CountOf(Rows rows) const { return rows == Rows::kAll ? Count() : CheckedCount(); }
@@ -151,6 +155,7 @@ class FileList {
   PathStyle style_;
   FileListObserver* observer_ = nullptr;
   int quiet_ = 0;
+  std::uint64_t revision_ = 0;
   // Rows are on the heap, so that their addresses, which are the keys of locations_, survive a sort.
   std::vector<std::unique_ptr<FileItem>> rows_;
   // A multiset: a rename may give a row the location of a listed file that is no longer on disk.
