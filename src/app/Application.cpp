@@ -37,7 +37,8 @@ Application::Application(OptionValues options, Paths paths, Ports ports, PathSty
       edits_(session_, screen_),
       fileCommands_(session_, listCommands_, {ports_.system.files, ports_.system.changes, ports_.system.ownerWindow},
                     {ports_.dialogs.loading.folders, ports_.dialogs.waiting}, screen_),
-      tagsOffer_(session_, ports_.system.files, ports_.window.tagsBar, ports_.dialogs.loading.progress, screen_) {}
+      tagsOffer_(session_, ports_.system.files, ports_.window.tagsBar, ports_.dialogs.loading.progress, screen_),
+      find_(session_, editing_, ports_.window.findLine, screen_) {}
 
 void Application::Start() {
   ports_.window.main.SetAlwaysOnTop(options_.system.alwaysOnTop);
@@ -97,6 +98,30 @@ void Application::LoadPaths(const std::vector<std::string>& paths) {
 
 void Application::AcceptTagsOffer() {
   RunExclusively([&] { tagsOffer_.Accept(); });
+}
+
+void Application::Find() {
+  Run([&] { find_.mnuFind(); });
+}
+
+void Application::FindNext() {
+  Run([&] { find_.mnuFindNext(); });
+}
+
+void Application::FindPrevious() {
+  Run([&] { find_.mnuFindPrevious(); });
+}
+
+void Application::FindText(const std::string& text) {
+  Run([&] { find_.TextChanged(text); });
+}
+
+void Application::RefreshFindLine() {
+  if (!running_) find_.Refresh();
+}
+
+void Application::RowTyped(int index) {
+  Run([&] { find_.GoTo(index); });
 }
 
 void Application::OpenFiles() {

@@ -8,6 +8,7 @@
 #include "app/CommandTable.h"
 #include "app/EditCommands.h"
 #include "app/FileCommands.h"
+#include "app/FindCommands.h"
 #include "app/InformationPanel.h"
 #include "app/ListCommands.h"
 #include "app/LoadCommands.h"
@@ -86,6 +87,7 @@ class Application : private FilePanel {
     RenameBox& renameBox;
     InformationBoxes& information;
     TagsBar& tagsBar;
+    FindLine& findLine;
   };
   struct Dialogs {
     MessageBoxes& boxes;
@@ -159,6 +161,15 @@ class Application : private FilePanel {
   void AcceptTagsOffer();
   void DeclineTagsOffer() { tagsOffer_.Decline(); }
 
+  // Commands and events of the find line.
+  void Find();
+  void FindNext();
+  void FindPrevious();
+  void FindText(const std::string& text);
+  void CloseFindLine() { find_.Close(); }
+  /// Shows the number of rows found anew if it may have changed. While a command runs it stays.
+  void RefreshFindLine();
+
   /// Also works in a dialog, while the command that opened it still runs.
   void ShowHelp();
 
@@ -177,6 +188,8 @@ class Application : private FilePanel {
 
   // Events of the list. The rows' selected flags must already match the screen.
   void SelectionChanged();
+  /// Selects this row, which was typed for.
+  void RowTyped(int index);
   void RowActivated(int index);
   void HeaderClicked(Column column);
   void SetRepeat(bool repeat);
@@ -229,6 +242,7 @@ class Application : private FilePanel {
   EditCommands edits_;
   FileCommands fileCommands_;
   TagsOffer tagsOffer_;
+  FindCommands find_;
   bool running_ = false;
 };
 

@@ -62,6 +62,12 @@ constexpr std::array kEntries = {
                  [](To to) { to.edits.mnuEditRedo(); }},
     CommandEntry{mnuNextPending, "次の未適応へ(&N)", "F8", Needs::kPendingRows, InMode::kAny,
                  [](To to) { to.edits.mnuNextPending(); }},
+    CommandEntry{mnuFind, "検索(&S)...", "Ctrl+F", Needs::kRows, InMode::kAny, [](To to) { to.app.Find(); },
+                 Runs::kAsEvent},
+    CommandEntry{mnuFindNext, "次を検索(&G)", "F3", Needs::kRows, InMode::kAny, [](To to) { to.app.FindNext(); },
+                 Runs::kAsEvent},
+    CommandEntry{mnuFindPrevious, "前を検索(&H)", "Shift+F3", Needs::kRows, InMode::kAny,
+                 [](To to) { to.app.FindPrevious(); }, Runs::kAsEvent},
     CommandEntry{mnuPlay, "再生(&P)", "", Needs::kSelectedRow, InMode::kAny, [](To to) { to.player.mnuPlay(); }},
     CommandEntry{mnuPause, "一時停止(&U)", "F7", Needs::kNothing, InMode::kAny, [](To to) { to.player.PauseOrGoOn(); }},
     CommandEntry{mnuStop, "停止(&S)", "Shift+F7", Needs::kNothing, InMode::kAny, [](To to) { to.player.cmdStop(); }},
@@ -113,9 +119,10 @@ constexpr std::array kFileMenu = {
     mnuFolderReference, mnuFileLoad, mnuReload, mnuAllClear, kSeparator,           mnuUpdate,
     mnuAllUpdate,       kSeparator,  mnuOption, kSeparator,  mnuOptionDefaultExit, mnuExit};
 constexpr std::array kEditMenu = {
-    mnuEditUndo, mnuEditRedo,  kSeparator, mnuRename,  mnuAllRename, mnuPattern,      mnuAllPattern, kSeparator,
-    mnuModify,   mnuAllModify, kSeparator, mnuUndo,    mnuAllUndo,   kSeparator,      mnuMove,       mnuAllMove,
-    kSeparator,  mnuAllChk,    mnuChkRem,  mnuTurnChk, kSeparator,   mnuUnChkListRem, kSeparator,    mnuNextPending};
+    mnuEditUndo,     mnuEditRedo, kSeparator,   mnuRename,   mnuAllRename,    mnuPattern,    mnuAllPattern,
+    kSeparator,      mnuModify,   mnuAllModify, kSeparator,  mnuUndo,         mnuAllUndo,    kSeparator,
+    mnuMove,         mnuAllMove,  kSeparator,   mnuAllChk,   mnuChkRem,       mnuTurnChk,    kSeparator,
+    mnuUnChkListRem, kSeparator,  mnuFind,      mnuFindNext, mnuFindPrevious, mnuNextPending};
 constexpr std::array kPlayMenu = {mnuPlay, mnuPause, mnuStop, kSeparator, mnuRepeat};
 constexpr std::array kViewMenu = {mnuFront,          mnuApplyMode, mnuToolLabels, kSeparator,
                                   mnuSortRenameName, kSeparator,   mnuDirShow};

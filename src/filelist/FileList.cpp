@@ -152,6 +152,7 @@ void FileList::UpdatePending(FileItem& row) {
 }
 
 std::vector<int> FileList::Restored(const std::vector<FileItem*>& changed) {
+  ++revision_;
   for (FileItem* row : changed) UpdatePending(*row);
   std::vector<int> indices;
   if (changed.empty()) return indices;

@@ -73,6 +73,28 @@ class TagsBarRecorder final : public TagsBar {
   EventLog& log_;
 };
 
+class FindLineRecorder final : public FindLine {
+ public:
+  explicit FindLineRecorder(EventLog& log) : log_(log) {}
+
+  void OpenFindLine() override {
+    log_.Add("find line opened");
+    open_ = true;
+  }
+  void CloseFindLine() override {
+    log_.Add("find line closed");
+    open_ = false;
+  }
+  [[nodiscard]] bool IsFindLineOpen() const override { return open_; }
+  void ShowFound(const std::string& text) override { found = text; }
+
+  std::string found;
+
+ private:
+  EventLog& log_;
+  bool open_ = false;
+};
+
 /// An Application whose ports are recorders. Files are real ones in `folder`; the settings file's path is "Quillon.ini"
 /// in `home`.
 struct ApplicationFixture {
@@ -83,6 +105,7 @@ struct ApplicationFixture {
   RenameBoxRecorder box{ports.log};
   InformationBoxRecorder information;
   TagsBarRecorder tagsBar{ports.log};
+  FindLineRecorder findLine{ports.log};
   FakeDevice device;
   PanelControls playerPanel;
   MovieControls movie;
@@ -94,7 +117,7 @@ struct ApplicationFixture {
 
   explicit ApplicationFixture(const OptionValues& options = Options(), std::string_view settingsName = "Quillon.ini")
       : app(options, {home.At(settingsName), home.At("Quillon.chm")},
-            {.window = {main, ports.window, ports.panels, box, information, tagsBar},
+            {.window = {main, ports.window, ports.panels, box, information, tagsBar, findLine},
              .dialogs = {ports.boxes, ports.pending, {ports.search, ports.progress, ports.folders}, ports.progress},
              .player = {mci, playerPanel, movie},
              .system = {*files, *disk, [this](const std::string& target) {

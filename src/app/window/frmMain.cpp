@@ -75,7 +75,8 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
                  .panels = *this,
                  .renameBox = *renameBox_,
                  .information = *information_,
-                 .tagsBar = *tagsBar_},
+                 .tagsBar = *tagsBar_,
+                 .findLine = *findLine_},
       .dialogs = {.boxes = boxes_,
                   .pending = *pending_,
                   .loading = {.search = *frmFolderRef_, .progress = *loading_, .folders = *this},
@@ -124,6 +125,14 @@ void frmMain::MakeControls() {
                                                                                 },
                                                                             .layOut = [this] { OnPanelSize(); }});
   controls_.tagsBar = tagsBar_.get();
+  findLine_ = std::make_unique<FraFind>(
+      *controls_.panel, [this]() -> wxWindow& { return *controls_.list; },
+      FraFind::Handlers{.typed = [this](const std::string& text) { app_->FindText(text); },
+                        .next = [this] { app_->FindNext(); },
+                        .previous = [this] { app_->FindPrevious(); },
+                        .close = [this] { app_->CloseFindLine(); },
+                        .layOut = [this] { OnPanelSize(); }});
+  controls_.findLine = findLine_.get();
   frmFolderRef_ = new frmFolderRef(this, [this] { app_->CancelLoad(); });
   renameBox_ = MakeRenameBox(*controls_.txtAlterTitle);
   information_ = MakeInformationBoxes(controls_);
@@ -375,6 +384,8 @@ void frmMain::SetInputEnabled(bool enabled) {
   inputEnabled_ = enabled;
   lvwFiles_->SetInputEnabled(enabled);
   controls_.txtAlterTitle->SetEditable(enabled);
+  findLine_->SetInputEnabled(enabled);
+  if (enabled) ScheduleUpdate();  // the find line's number stays while a command runs
   if (enabled && std::exchange(closeWanted_, false)) Quit();
 }
 

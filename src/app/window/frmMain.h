@@ -154,6 +154,7 @@ class frmMain final : public wxFrame,
   std::unique_ptr<FloatingMovie> movie_;
   std::unique_ptr<LoadingLabel> loading_;
   std::unique_ptr<MoreTagsBar> tagsBar_;
+  std::unique_ptr<FraFind> findLine_;
   std::unique_ptr<PendingMessages> pending_;
   std::unique_ptr<Application> app_;
   std::unique_ptr<lvwFiles> lvwFiles_;

@@ -190,6 +190,7 @@ int frmMain::StatusBarWidth() const {
 lvwFiles::Handlers frmMain::ListHandlers() {
   lvwFiles::Handlers handlers;
   handlers.selectionChanged = [this] { app_->SelectionChanged(); };
+  handlers.typed = [this](int index) { app_->RowTyped(index); };
   handlers.activated = [this](int index) { app_->RowActivated(index); };
   handlers.headerClicked = [this](Column column) { app_->HeaderClicked(column); };
   handlers.renamed = [this](int index, const std::string& name) { app_->LabelEdited(index, name); };
@@ -379,6 +380,7 @@ void frmMain::ScheduleUpdate() {
     updateScheduled_ = false;
     UpdateCounts();
     UpdateCommands();
+    app_->RefreshFindLine();
   });
 }
 

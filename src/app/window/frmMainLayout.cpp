@@ -190,11 +190,13 @@ void LayOut(const frmMainControls& controls, BarHeights bars) {
   const int playerAndStatus = PlayerAndStatusHeight(controls, bars);
   const int listHeight = std::max(innerHeight - HeightBelowList(controls, bars), 1);
   const int playerTop = innerHeight - playerAndStatus - bars.toolBar;
-  const int listTop = std::min(controls.tagsBar->Height(), listHeight - 1);
+  const int findTop = controls.tagsBar->Height();
+  const int listTop = std::min(findTop + controls.findLine->Height(), listHeight - 1);
   {
     // Moves all controls at once; moved one by one, overlapping controls would leave traces.
     const wxWindow::ChildrenRepositioningGuard atOnce(controls.panel);
     controls.tagsBar->Place(left, width);
+    controls.findLine->Place(left, findTop, width);
     controls.list->SetSize(left, listTop, width, listHeight - listTop);
     controls.lblNowloading->SetSize(left, listTop, width, listHeight - listTop - ToPixels(window, kNowloadingShorter));
     controls.fraFileInfo->SetSize(left, listHeight, width, playerTop - listHeight);

@@ -9,6 +9,7 @@
 #include <array>
 #include <optional>
 
+#include "app/window/frmMainFindLine.h"
 #include "app/window/frmMainListHint.h"
 #include "app/window/frmMainTagsBar.h"
 #include "controls/PositionSlider.h"
@@ -20,6 +21,7 @@ namespace quillon {
 struct frmMainControls {
   wxPanel* panel = nullptr;        ///< holds all others
   MoreTagsBar* tagsBar = nullptr;  ///< above the list
+  FraFind* findLine = nullptr;     ///< below it
   wxWindow* list = nullptr;
   ListHint* hint = nullptr;           ///< over the list
   wxWindow* lblNowloading = nullptr;  ///< covers the list while files are read

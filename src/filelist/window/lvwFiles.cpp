@@ -190,7 +190,11 @@ bool lvwFilesBase::UseKey(wxKeyEvent& event) {
   Announce();
   const int key = event.GetKeyCode();
   if (event.GetModifiers() == wxMOD_NONE && key == WXK_SPACE) {
-    ToggleChecks();
+    if (typeAhead_.IsGoingOn(TypeAhead::Clock::now())) {
+      TypeAheadBy(" ");
+    } else {
+      ToggleChecks();
+    }
     return true;
   }
   if (event.GetModifiers() == wxMOD_NONE && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
@@ -202,6 +206,19 @@ bool lvwFilesBase::UseKey(wxKeyEvent& event) {
     return true;
   }
   return handlers_.keyPressed && handlers_.keyPressed(event);
+}
+
+bool lvwFilesBase::UseCharacter(const wxKeyEvent& event) {
+  const wxChar character = event.GetUnicodeKey();
+  const bool typed = character > WXK_SPACE && character != WXK_DELETE && (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
+  if (!typed || IsEditing()) return false;
+  if (inputEnabled_) TypeAheadBy(wxString(character));
+  return true;
+}
+
+void lvwFilesBase::TypeAheadBy(const wxString& character) {
+  const int index = typeAhead_.Type(list_, FromWx(character), FocusedRow(), TypeAhead::Clock::now());
+  if (index != 0 && handlers_.typed) handlers_.typed(index);
 }
 
 void lvwFilesBase::SelectAll() {

@@ -24,6 +24,7 @@ class lvwFiles : public FileListObserver {
  public:
   struct Handlers {
     std::function<void()> selectionChanged;    ///< once for many rows; also when a selected row is clicked again
+    std::function<void(int index)> typed;      ///< the row that typing leads to; see TypeAhead
     std::function<void(int index)> activated;  ///< a double click, or Enter
     std::function<void(Column column)> headerClicked;
     std::function<void(int index, const std::string& name)> renamed;  ///< a label edit ended with this text

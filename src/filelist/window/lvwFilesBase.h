@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "filelist/TypeAhead.h"
 #include "filelist/window/lvwFiles.h"
 
 namespace quillon {
@@ -72,6 +73,8 @@ class lvwFilesBase : public lvwFiles {
 
   /// Returns true when the key was used.
   bool UseKey(wxKeyEvent& event);
+  /// The same for a character, whose key was not used.
+  bool UseCharacter(const wxKeyEvent& event);
   void Activate(int index);
   void ClickHeader(int column) const;
   void WantMenu(wxPoint screen);
@@ -106,9 +109,11 @@ class lvwFilesBase : public lvwFiles {
   void PutSelection(const std::vector<int>& rows);
   void SelectAll();
   void ToggleChecks();
+  void TypeAheadBy(const wxString& character);
 
   FileList& list_;
   Handlers handlers_;
+  TypeAhead typeAhead_;
   wxWeakRef<wxWindow> window_;
   Changes pending_;
   std::vector<int> shown_;  // the rows that the control had selected when they were last read or set

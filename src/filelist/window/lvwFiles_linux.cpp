@@ -164,6 +164,7 @@ void GtkFileList::BeginOrRefuse(wxDataViewEvent& event) {
 
 void GtkFileList::BindInput() {
   view_->Bind(wxEVT_KEY_DOWN, &GtkFileList::OnKeyDown, this);
+  view_->Bind(wxEVT_CHAR, [this](wxKeyEvent& event) { event.Skip(!UseCharacter(event)); });
   view_->Bind(wxEVT_CONTEXT_MENU, &GtkFileList::OnMenuKey, this);
   const auto ignoreWhileBusy = [this](wxMouseEvent& event) { event.Skip(InputEnabled()); };
   for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN}) {
@@ -187,13 +188,11 @@ void GtkFileList::OnMotion(wxMouseEvent& event) {
   PointAt(RowOf(item), static_cast<Column>(column->GetModelColumn() - kFirstTextColumn), column->GetWidth());
 }
 
+// The tree view's own search box looks through every row's first column. Characters would open it; they are used before
+// it gets them.
 void GtkFileList::OnKeyDown(wxKeyEvent& event) {
   if (UseKey(event)) return;
-  // A letter would open the tree view's own search box, which looks through every row's first column.
-  const bool isCharacter = event.GetUnicodeKey() >= WXK_SPACE && event.GetUnicodeKey() != WXK_DELETE;
-  const bool opensSearch =
-      (isCharacter && !event.HasModifiers()) || (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'F');
-  event.Skip(IsEditing() || !opensSearch);
+  event.Skip(IsEditing() || event.GetModifiers() != wxMOD_CONTROL || event.GetKeyCode() != 'F');
 }
 
 void GtkFileList::OnMenuKey(wxContextMenuEvent& event) {

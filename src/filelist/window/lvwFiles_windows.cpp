@@ -251,6 +251,8 @@ void WindowsFileList::BindInput() {
     TakeSoon();
     event.Skip();
   });
+  // Used here, a character does not get to the list view's own search.
+  view_->Bind(wxEVT_CHAR, [this](wxKeyEvent& event) { event.Skip(!UseCharacter(event)); });
   view_->Bind(wxEVT_CONTEXT_MENU, &WindowsFileList::OnMenu, this);
   view_->Bind(wxEVT_MOTION, &WindowsFileList::OnMotion, this);
   view_->Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
