@@ -54,6 +54,7 @@ LoadOutcome LoadCommands::LoadFolder(std::string folder) {
 }
 
 LoadOutcome LoadCommands::Load(std::string folder, Clearing clearing) {
+  bool subfolders = session_.options.list.searchSubfolders;
   for (;;) {
     folder = WithTrailingSeparator(folder, session_.style);
     session_.options.system.loadFolder = folder;
@@ -61,22 +62,35 @@ LoadOutcome LoadCommands::Load(std::string folder, Clearing clearing) {
       screen_.boxes.Show({kLoadCaption, FolderListedText(folder), MessageIcon::kExclamation});
       return LoadOutcome::kDuplicate;
     }
-    FoundFiles found = Search(folder);
+    FoundFiles found = Search(folder, subfolders);
     passedOver_.Add(found.passedOver);
     if (found.error) return Failed(*found.error);
     if (found.cancelled) return LoadOutcome::kCancelled;
-    LeaveOutRecycleBin(found.paths, session_.style);
+    LeaveOutRecycleBin(found, session_.style);
     if (!found.paths.empty()) return Register(std::move(found.paths), clearing);
-    if (!screen_.boxes.Show({kLoadCaption, std::string(kNothingFoundText) + "\r\n別のフォルダを参照しますか",
-                             MessageIcon::kQuestion, MessageButtons::kYesNo})) {
-      return LoadOutcome::kNothing;
+    switch (AskAfterNothing(folder, found)) {
+      case QuestionAnswer::kNo: return LoadOutcome::kNothing;
+      case QuestionAnswer::kFurther: subfolders = true; break;
+      case QuestionAnswer::kYes:
+        folder = ChooseFolder();
+        if (folder.empty()) return LoadOutcome::kCancelled;
+        subfolders = session_.options.list.searchSubfolders;
     }
-    folder = ChooseFolder();
-    if (folder.empty()) return LoadOutcome::kCancelled;
   }
 }
 
-FoundFiles LoadCommands::Search(const std::string& folder) {
+QuestionAnswer LoadCommands::AskAfterNothing(const std::string& folder, const FoundFiles& found) {
+  std::string details = "フォルダ： " + folder;
+  for (const std::string& fact : NothingFoundFacts(SearchFilter(session_.options.find), found))
+    details += "\r\n" + fact;
+  return screen_.boxes.AskQuestion(
+      {.message = {kLoadCaption, std::string(kNothingFoundText) + "\r\n" + kOtherFolderQuestion, MessageIcon::kQuestion,
+                   MessageButtons::kYesNo},
+       .details = std::move(details),
+       .further = found.unsearchedFolders > 0 ? "サブフォルダも検索する(&S)" : ""});
+}
+
+FoundFiles LoadCommands::Search(const std::string& folder, bool subfolders) {
   const std::string status = "フォルダ内を検索しています...";
   screen_.status.ShowForNow(status);
   windows_.search.Begin(status, "検索対象 : " + folder);
@@ -85,8 +99,7 @@ FoundFiles LoadCommands::Search(const std::string& folder) {
     screen_.status.ShowAgain();
   });
   SearchProgress progress(screen_.pending, windows_.search, cancelled_);
-  return FolderSearch(files_, progress, session_.style)
-      .Search(folder, SearchFilter(session_.options.find), session_.options.list.searchSubfolders);
+  return FolderSearch(files_, progress, session_.style).Search(folder, SearchFilter(session_.options.find), subfolders);
 }
 
 LoadOutcome LoadCommands::Register(std::vector<std::string> paths, Clearing clearing) {

@@ -31,6 +31,15 @@ enum class FailureAnswer {
   kStop,        ///< end the batch: the user has closed the window
 };
 
+/// A question that explains itself, and may have one more answer.
+struct QuestionMessage {
+  Message message;           ///< with the buttons Yes and No
+  std::string details = {};  ///< shown on demand; lines end with "\r\n"
+  std::string further = {};  ///< the caption of a third button, with its access key; empty for none
+};
+
+enum class QuestionAnswer { kYes, kNo, kFurther };
+
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;
@@ -40,6 +49,10 @@ class MessageBoxes {
   virtual FailureAnswer ShowFailure(const FailureMessage& failure) {
     Show(failure.message);
     return FailureAnswer::kTold;
+  }
+  /// The same for a question. By default it is shown like any other message, without the third button.
+  virtual QuestionAnswer AskQuestion(const QuestionMessage& question) {
+    return Show(question.message) ? QuestionAnswer::kYes : QuestionAnswer::kNo;
   }
 };
 

@@ -1,5 +1,7 @@
 #include "cli/Reasons.h"
 
+#include <vector>
+
 #include "cli/Messages.h"
 #include "filelist/LoadTexts.h"
 #include "platform/Program.h"
@@ -49,6 +51,17 @@ const char* EnglishHeading(Column column) {
     case Column::kLocation: return "Location";
   }
   return "";
+}
+
+std::vector<std::string> EnglishFacts(const std::string& filter, const FoundFiles& found) {
+  std::vector<std::string> facts = {"extensions searched for: " + (filter.empty() ? "all" : filter)};
+  const auto add = [&facts](const char* what, std::size_t count) {
+    if (count > 0) facts.push_back(std::string(what) + ": " + std::to_string(count));
+  };
+  add("files with other extensions", found.otherFiles);
+  add("subfolders not searched", found.unsearchedFolders);
+  add("files in the recycle bin", found.inRecycleBin);
+  return facts;
 }
 
 }  // namespace
@@ -139,8 +152,12 @@ std::string LoadCaption() {
   return UserReadsJapanese() ? kLoadCaption : "Loading";
 }
 
-std::string NothingFound() {
-  return UserReadsJapanese() ? kNothingFoundText : "no files were found in the folder";
+std::string NothingFound(const std::string& filter, const FoundFiles& found) {
+  const bool japanese = UserReadsJapanese();
+  const std::vector<std::string> facts = japanese ? NothingFoundFacts(filter, found) : EnglishFacts(filter, found);
+  std::string text = japanese ? std::string(kNothingFoundText) + "（" : "no files were found in the folder (";
+  for (const std::string& fact : facts) text += (&fact == &facts.front() ? "" : japanese ? "、" : "; ") + fact;
+  return text + (japanese ? "）" : ")");
 }
 
 std::string FolderListed(const std::string& folder) {

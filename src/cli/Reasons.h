@@ -4,6 +4,7 @@
 
 #include "cli/HelpTexts.h"
 #include "filelist/FileItem.h"
+#include "filelist/FolderSearch.h"
 #include "filelist/PassedOver.h"
 #include "fileops/FileOperations.h"
 #include "pattern/PatternForm.h"
@@ -34,7 +35,7 @@ namespace quillon::cli {
 
 /// The messages of a load, which name its subject or not.
 [[nodiscard]] std::string LoadCaption();
-[[nodiscard]] std::string NothingFound();
+[[nodiscard]] std::string NothingFound(const std::string& filter, const FoundFiles& found);
 [[nodiscard]] std::string FolderListed(const std::string& folder);
 [[nodiscard]] std::string FileListed();
 [[nodiscard]] std::string LoadFailure(const FileError& error);

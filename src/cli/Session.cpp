@@ -79,15 +79,16 @@ bool Session::LoadFolder(const std::string& path, const Selection& selection, Un
     Complain(LoadCaption(), FolderListed(folder), path);
     return true;
   }
-  FoundFiles found = FolderSearch(*files, progress).Search(folder, FilterOf(selection), selection.subfolders);
+  const std::string filter = FilterOf(selection);
+  FoundFiles found = FolderSearch(*files, progress).Search(folder, filter, selection.subfolders);
   const bool complete = !ComplainAbout(found.passedOver);
   if (found.error) {
     Complain(LoadCaption(), LoadFailure(*found.error), path);
     return false;
   }
-  LeaveOutRecycleBin(found.paths);
+  LeaveOutRecycleBin(found);
   if (found.paths.empty()) {
-    Complain(LoadCaption(), NothingFound(), path);
+    Complain(LoadCaption(), NothingFound(filter, found), path);
     return false;
   }
   return Register(std::move(found.paths), path, progress) && complete;

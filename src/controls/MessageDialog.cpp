@@ -11,6 +11,7 @@
 #include <wx/textctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/AccessKeys.h"
 #include "controls/Pictures.h"
@@ -64,10 +65,11 @@ wxString Lines(const std::string& text) {
 
 }  // namespace
 
-MessageDialog::MessageDialog(wxWindow* owner, const FailureMessage& content)
+MessageDialog::MessageDialog(wxWindow* owner, const FailureMessage& content, std::string further)
     : wxMessageDialogBase(owner, Lines(content.message.text), ToWx(content.message.caption),
                           wxCENTRE | IconStyle(content.message.icon) | ButtonStyle(content.message.buttons)),
-      content_(content) {
+      content_(content),
+      further_(std::move(further)) {
   wxDialog::Create(m_parent, wxID_ANY, m_caption);
   SetName("MessageDialog");
   SetIcons(ProgramIcons());
@@ -127,6 +129,7 @@ void MessageDialog::AddButtons(wxSizer& column) {
     row->Add(button, wxSizerFlags().Border(wxLEFT, row->IsEmpty() ? 0 : FromDIP(kGap)));
     return button;
   };
+  if (!further_.empty()) add(wxID_MORE, "cmdFurther", further_.c_str());
   const bool yesNo = content_.message.buttons == MessageButtons::kYesNo;
   wxButton* const first = yesNo ? add(wxID_YES, "cmdYes", "はい(&Y)") : add(wxID_OK, "cmdOK", "OK");
   const wxButton* last = first;

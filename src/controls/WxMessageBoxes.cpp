@@ -33,6 +33,16 @@ FailureAnswer WxMessageBoxes::ShowFailure(const FailureMessage& failure) {
   return dialog.TellsNoMore() ? FailureAnswer::kTellNoMore : FailureAnswer::kTold;
 }
 
+QuestionAnswer WxMessageBoxes::AskQuestion(const QuestionMessage& question) {
+  wxWindow* const owner = OwnerOfBoxes(parent_);
+  MessageDialog dialog(owner, {question.message, question.details}, question.further);
+  switch (Ask(dialog, owner)) {
+    case wxID_YES: return QuestionAnswer::kYes;
+    case wxID_MORE: return QuestionAnswer::kFurther;
+    default: return QuestionAnswer::kNo;
+  }
+}
+
 bool WxMessageBoxes::StopBatch() {
   if (failure_ == nullptr || !failure_->IsModal()) return false;
   failure_->EndModal(wxID_ABORT);

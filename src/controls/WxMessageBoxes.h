@@ -15,6 +15,7 @@ class WxMessageBoxes final : public MessageBoxes {
   explicit WxMessageBoxes(wxWindow* parent) : parent_(parent) {}
   bool Show(const Message& message) override;
   FailureAnswer ShowFailure(const FailureMessage& failure) override;
+  QuestionAnswer AskQuestion(const QuestionMessage& question) override;
 
   /// Closes the box about a batch's failure, if one is open, which ends the batch.
   bool StopBatch();

@@ -48,9 +48,10 @@ bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle
   return std::any_of(components.begin(), components.end(), IsOneOfTrashFolders);
 }
 
-void LeaveOutRecycleBin(std::vector<std::string>& paths, PathStyle style) {
+void LeaveOutRecycleBin(FoundFiles& found, PathStyle style) {
   const std::string trash = UserTrashFolder();
-  std::erase_if(paths, [&](const std::string& path) { return IsInRecycleBin(path, trash, style); });
+  found.inRecycleBin =
+      std::erase_if(found.paths, [&](const std::string& path) { return IsInRecycleBin(path, trash, style); });
 }
 
 FolderSearch::FolderSearch(FileReads& files, Progress& progress, PathStyle style)
@@ -90,12 +91,20 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
       return false;
     }
     if (entry.isFolder) {
-      if (subfolders_) below.push_back(std::move(entry));
+      if (subfolders_) {
+        below.push_back(std::move(entry));
+      } else {
+        ++found_.unsearchedFolders;
+      }
       continue;
     }
     // There may be a million files, so no name is kept beside its path.
     const std::string name = std::move(entry.name);
-    if (MatchesExtensionFilter(name, filter_, style_)) found_.paths.push_back(folder + name);
+    if (MatchesExtensionFilter(name, filter_, style_)) {
+      found_.paths.push_back(folder + name);
+    } else {
+      ++found_.otherFiles;
+    }
   }
   *entries = {};
   return std::all_of(below.begin(), below.end(),

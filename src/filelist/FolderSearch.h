@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,16 +21,19 @@ namespace quillon {
 /// trash folders of the desktop standard and `userTrash` on Linux.
 [[nodiscard]] bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle style);
 
-/// Removes the paths inside a recycle bin.
-void LeaveOutRecycleBin(std::vector<std::string>& paths, PathStyle style = SystemPathStyle());
-
 struct FoundFiles {
   std::vector<std::string>
       paths;  ///< folder by folder: a folder's own files, then its subfolders', each sorted by name
   std::vector<PassedOver> passedOver;
-  bool cancelled = false;          ///< `progress` ended the search
-  std::optional<FileError> error;  ///< the error that ended the search
+  std::size_t otherFiles = 0;         ///< files that do not pass the filter
+  std::size_t unsearchedFolders = 0;  ///< folders that were not entered because subfolders were not wanted
+  std::size_t inRecycleBin = 0;       ///< files that LeaveOutRecycleBin has removed
+  bool cancelled = false;             ///< `progress` ended the search
+  std::optional<FileError> error;     ///< the error that ended the search
 };
+
+/// Removes the paths inside a recycle bin.
+void LeaveOutRecycleBin(FoundFiles& found, PathStyle style = SystemPathStyle());
 
 /// Searches a folder. A link to a folder is followed, unless its target is searched anyway (inside the searched folder,
 /// or inside the target of an earlier link) or contains the folder that the search is in.

@@ -1,6 +1,19 @@
 #include "filelist/LoadTexts.h"
 
+#include "base/Text.h"
+
 namespace quillon {
+
+std::vector<std::string> NothingFoundFacts(const std::string& filter, const FoundFiles& found) {
+  std::vector<std::string> facts = {"検索した拡張子： " + (filter.empty() ? "すべて" : filter)};
+  const auto add = [&facts](const char* what, std::size_t count) {
+    if (count > 0) facts.push_back(std::string(what) + "： " + FormatThousands(count) + " 個");
+  };
+  add("ほかの拡張子のファイル", found.otherFiles);
+  add("検索しなかったサブフォルダ", found.unsearchedFolders);
+  add("ごみ箱の中のファイル", found.inRecycleBin);
+  return facts;
+}
 
 std::string FolderListedText(const std::string& folder) {
   return folder + "\r\n\r\n既にこのフォルダは読み込まれています";

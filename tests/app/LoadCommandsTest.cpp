@@ -204,6 +204,64 @@ TEST(LoadFolder, AFolderWithOnlySubFoldersHoldsNoFileUnlessTheyAreWanted) {
   EXPECT_EQ(Locations(f.list), Texts({"/m/x/a.mid"}));
 }
 
+TEST(LoadFolder, NothingFoundIsExplained) {
+  Fixture f({"/m/a.txt", "/m/b.doc", "/m/x/c.mid", "/m/y/d.mid", "/m/z/e.txt"});
+  f.options.find.filterByExtension = true;
+  f.ports.boxes.Answer(false);
+  EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kNothing);
+  ASSERT_EQ(f.ports.boxes.Questions().size(), 1u);
+  const QuestionMessage& question = f.ports.boxes.Questions().front();
+  EXPECT_EQ(question.details,
+            "フォルダ： /m/\r\n検索した拡張子： mid midi wav mp3 mpg mpeg avi\r\nほかの拡張子のファイル： 2 個\r\n"
+            "検索しなかったサブフォルダ： 3 個");
+  EXPECT_EQ(question.further, "サブフォルダも検索する(&S)");
+}
+
+TEST(LoadFolder, NothingFoundInAnEmptyFolderOffersNoSubfolders) {
+  Fixture f({});
+  f.files.AddFolder("/empty");
+  f.ports.boxes.Answer(false);
+  EXPECT_EQ(f.loader.LoadFolder("/empty"), LoadOutcome::kNothing);
+  EXPECT_EQ(f.ports.boxes.Questions().back().details, "フォルダ： /empty/\r\n検索した拡張子： すべて");
+  EXPECT_EQ(f.ports.boxes.Questions().back().further, "");
+}
+
+TEST(LoadFolder, NothingFoundInSearchedSubfoldersDoesNotOfferThemAgain) {
+  Fixture f({"/m/x/a.txt", "/m/.Trash/b.mid"});
+  f.options.find.filterByExtension = true;
+  f.options.list.searchSubfolders = true;
+  f.ports.boxes.Answer(false);
+  EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kNothing);
+  EXPECT_EQ(f.ports.boxes.Questions().back().details,
+            "フォルダ： /m/\r\n検索した拡張子： mid midi wav mp3 mpg mpeg avi\r\nほかの拡張子のファイル： 1 個\r\n"
+            "ごみ箱の中のファイル： 1 個");
+  EXPECT_EQ(f.ports.boxes.Questions().back().further, "");
+}
+
+TEST(LoadFolder, SubfoldersAreSearchedOnceWhenTheUserAsksForThem) {
+  Fixture f({"/m/x/a.mid", "/m/y/b.mid"});
+  f.ports.boxes.AnswerFurther();
+  EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kLoaded);
+  EXPECT_EQ(Locations(f.list), Texts({"/m/x/a.mid", "/m/y/b.mid"}));
+  EXPECT_EQ(f.ports.log.StartingWith("folder dialog"), Texts());
+  EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({kNothingFound}));
+  EXPECT_FALSE(f.options.list.searchSubfolders) << "the option stays";
+}
+
+TEST(LoadFolder, AnotherFolderIsSearchedAsTheOptionSaysAgain) {
+  Fixture f({"/m/x/a.txt", "/n/x/a.mid", "/n/y/b.mid"});
+  f.options.find.filterByExtension = true;
+  f.ports.boxes.AnswerFurther();
+  f.ports.boxes.Answer(true);
+  f.ports.folders.Answer("/n");
+  f.ports.boxes.Answer(false);
+  EXPECT_EQ(f.loader.LoadFolder("/m/"), LoadOutcome::kNothing);
+  ASSERT_EQ(f.ports.boxes.Questions().size(), 3u);
+  EXPECT_EQ(f.ports.boxes.Questions()[1].further, "");
+  EXPECT_EQ(f.ports.boxes.Questions()[2].further, "サブフォルダも検索する(&S)");
+  EXPECT_EQ(f.list.Count(), 0);
+}
+
 TEST(LoadFolder, YesToAnotherFolderAsksAgainFromTheFolderJustSearched) {
   Fixture f({"/full/a.mid"});
   f.files.AddFolder("/empty");

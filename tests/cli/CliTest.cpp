@@ -100,6 +100,13 @@ TEST(CliListTest, NothingLoadedIsStatusThreeWithTheReason) {
   EXPECT_EQ(empty.output, "");
   EXPECT_NE(empty.errors.find("指定されたフォルダ内にファイルが見つかりませんでした"), std::string::npos)
       << empty.errors;
+  folder.Write("a.xyz", "");
+  folder.MakeFolder("below");
+  const ProcessResult leftOut = Cli({"list", folder.Path()});
+  EXPECT_EQ(leftOut.exitCode, 3);
+  EXPECT_NE(leftOut.errors.find("ほかの拡張子のファイル： 1 個、検索しなかったサブフォルダ： 1 個）"),
+            std::string::npos)
+      << leftOut.errors;
   const ProcessResult missing = Cli({"list", folder.At("missing")});
   EXPECT_EQ(missing.exitCode, 3);
   EXPECT_NE(missing.errors.find("指定されたパスにアクセスできません"), std::string::npos) << missing.errors;

@@ -143,6 +143,25 @@ TEST(FolderSearch, TakesWhatPassesTheFilter) {
   }
 }
 
+TEST(FolderSearch, CountsWhatItLeavesOut) {
+  Fixture f;
+  f.Add({"/m/a.mid", "/m/b.txt", "/m/x/c.mid", "/m/x/d.txt", "/m/x/y/e.txt", "/m/z/f.mid"});
+  const FoundFiles own = f.search.Search("/m/", "mid", false);
+  EXPECT_EQ(own.otherFiles, 1u);
+  EXPECT_EQ(own.unsearchedFolders, 2u);
+  const FoundFiles all = f.search.Search("/m/", "mid", true);
+  EXPECT_EQ(all.otherFiles, 3u);
+  EXPECT_EQ(all.unsearchedFolders, 0u);
+}
+
+TEST(LeaveOutRecycleBin, CountsTheFilesThere) {
+  FoundFiles found;
+  found.paths = {"/m/a", "/m/.Trash/b", "/m/.Trash-1000/files/c"};
+  LeaveOutRecycleBin(found, kLin);
+  EXPECT_EQ(found.paths, Texts({"/m/a"}));
+  EXPECT_EQ(found.inRecycleBin, 2u);
+}
+
 TEST(FolderSearch, AFolderNameIsNotFiltered) {
   Fixture f;
   f.Add({"/m/x.mp3/a.mid", "/m/y.mid/b.mp3"});

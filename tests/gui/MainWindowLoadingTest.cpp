@@ -235,6 +235,27 @@ TEST_F(LoadsInMainWindow, WithoutAFileOfferAnotherFolder) {
   EXPECT_EQ(Names(), std::vector<std::string>{"a"});
 }
 
+TEST_F(LoadsInMainWindow, WithoutAFileExplainWhyAndOfferTheSubfolders) {
+  WriteMidi("below/a.mid", "First");
+  Open(Options());
+  dialogs.ChooseFolder(folder.Path());
+  dialogs.Use([this](wxDialog& dialog) {
+    const auto named = [&](const char* name) { return wxWindow::FindWindowByName(name, &dialog); };
+    auto* const details = dynamic_cast<wxTextCtrl*>(named("txtDetails"));
+    ASSERT_NE(details, nullptr);
+    EXPECT_EQ(FromWx(details->GetValue()),
+              "フォルダ： " + folder.At("") + "\n検索した拡張子： すべて\n検索しなかったサブフォルダ： 1 個");
+    auto* const further = dynamic_cast<wxButton*>(named("cmdFurther"));
+    ASSERT_NE(further, nullptr);
+    EXPECT_EQ(FromWx(further->GetLabelText()), "サブフォルダも検索する(S)");
+    wxCommandEvent event(wxEVT_BUTTON, further->GetId());
+    further->ProcessWindowEvent(event);
+  });
+  Run(Command::mnuFolderReference);
+  EXPECT_EQ(Names(), std::vector<std::string>{"a"});
+  EXPECT_FALSE(App().Options().list.searchSubfolders);
+}
+
 TEST_F(LoadsInMainWindow, TakeDroppedFilesAndFolders) {
   OptionValues options = Options();
   options.list.clearBeforeLoading = true;

@@ -12,9 +12,12 @@
 #include "gui/Dialogs.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
+#include "gui/SystemView.h"
 
 namespace quillon::test {
 namespace {
+
+const Message kYesNoQuestion = {"caption", "text", MessageIcon::kQuestion, MessageButtons::kYesNo};
 
 template <class Control>
 Control* Find(const wxWindow& dialog, const char* name) {
@@ -96,6 +99,45 @@ TEST(MessageDialog, ItsAccessKeysWork) {
     Press(dialog, "cmdOK");
   });
   EXPECT_EQ(WxMessageBoxes(nullptr).ShowFailure({{"caption", "text"}, "details", true}), FailureAnswer::kTellNoMore);
+}
+
+TEST(MessageDialog, AQuestionMayHaveAThirdAnswer) {
+  struct Row {
+    const char* pressed;  ///< null for Esc
+    QuestionAnswer expected;
+  };
+  for (const Row& row : {Row{"cmdYes", QuestionAnswer::kYes}, Row{"cmdNo", QuestionAnswer::kNo},
+                         Row{"cmdFurther", QuestionAnswer::kFurther}, Row{nullptr, QuestionAnswer::kNo}}) {
+    Dialogs dialogs;
+    dialogs.Use([&](wxDialog& dialog) {
+      if (row.pressed != nullptr) return Press(dialog, row.pressed);
+      dialog.Close();
+    });
+    EXPECT_EQ(WxMessageBoxes(nullptr).AskQuestion({kYesNoQuestion, "details", "third(&S)"}), row.expected);
+  }
+  const MessageDialog plain(nullptr, {kYesNoQuestion});
+  EXPECT_EQ(Find<wxButton>(plain, "cmdFurther"), nullptr);
+}
+
+TEST(MessageDialog, TheThirdAnswerIsReachedByKeys) {
+  for (const bool byAccessKey : {true, false}) {
+    Dialogs dialogs;
+    dialogs.Use([&](wxDialog& dialog) {
+      EXPECT_TRUE(SettleUntil([&] { return dialog.IsActive(); }));
+      auto* const button = Find<wxButton>(dialog, "cmdFurther");
+      ASSERT_NE(button, nullptr);
+      EXPECT_TRUE(SettleUntil([&] { return Find<wxButton>(dialog, "cmdYes")->HasFocus(); })) << "Enter means Yes";
+      EXPECT_EQ(AccessibleName(*button).substr(0, 5), "third");
+      if (byAccessKey) {
+        wxUIActionSimulator().Char('S', wxMOD_ALT);
+      } else {
+        wxUIActionSimulator().Char(WXK_TAB, wxMOD_SHIFT);
+        EXPECT_TRUE(SettleUntil([&] { return button->HasFocus(); }));
+        wxUIActionSimulator().Char(WXK_SPACE);
+      }
+    });
+    EXPECT_EQ(WxMessageBoxes(nullptr).AskQuestion({kYesNoQuestion, "", "third(&S)"}), QuestionAnswer::kFurther);
+  }
 }
 
 class FailingBatch : public MainWindowTest {

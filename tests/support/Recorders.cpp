@@ -84,6 +84,13 @@ FailureAnswer BoxRecorder::ShowFailure(const FailureMessage& failure) {
   return answer;
 }
 
+QuestionAnswer BoxRecorder::AskQuestion(const QuestionMessage& question) {
+  questions_.push_back(question);
+  if (question.further.empty() || !std::exchange(answersFurther_, false)) return MessageBoxes::AskQuestion(question);
+  log_.Add(BoxEvent(question.message));
+  return QuestionAnswer::kFurther;
+}
+
 void WindowRecorder::SetPointer(Pointer pointer) {
   switch (pointer) {
     case Pointer::kNormal: log_.Add("pointer normal"); break;

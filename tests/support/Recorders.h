@@ -39,6 +39,13 @@ class BoxRecorder final : public MessageBoxes {
 
   FailureAnswer ShowFailure(const FailureMessage& failure) override;
 
+  QuestionAnswer AskQuestion(const QuestionMessage& question) override;
+
+  /// The third button of the next question that has one.
+  void AnswerFurther() { answersFurther_ = true; }
+  /// The questions with details.
+  [[nodiscard]] const std::vector<QuestionMessage>& Questions() const { return questions_; }
+
   void Answer(bool yes) { answers_.push_back(yes); }
   void AnswerFailure(FailureAnswer answer) { failureAnswers_.push_back(answer); }
   [[nodiscard]] const std::vector<Message>& Shown() const { return shown_; }
@@ -50,6 +57,8 @@ class BoxRecorder final : public MessageBoxes {
   std::deque<bool> answers_;
   std::deque<FailureAnswer> failureAnswers_;
   std::vector<FailureMessage> failures_;
+  std::vector<QuestionMessage> questions_;
+  bool answersFurther_ = false;
   std::vector<Message> shown_;
 };
 
