@@ -180,7 +180,8 @@ TEST(HelpCompleteness, NamesEveryCaptionOfTheOtherWindows) {
                                    Window{"pattern/PatternForm.cpp", "pattern.html"},
                                    Window{"pattern/PatternPreview.cpp", "pattern.html"},
                                    Window{"player/window/frmMoviePlayer.cpp", "player.html"},
-                                   Window{"dialogs/window/frmDirShow.cpp", "list.html"}};
+                                   Window{"dialogs/window/frmDirShow.cpp", "list.html"},
+                                   Window{"app/window/frmMainFindLine.cpp", "list.html"}};
   for (const auto& [file, page] : kWindows) {
     std::size_t count = 0;
     for (const SourceText& text : SourceTexts()) {

@@ -1,5 +1,6 @@
 #include "app/window/frmMainFindLine.h"
 
+#include "app/CommandTable.h"
 #include "controls/WxText.h"
 #include "platform/desktop/AccessibleName.h"
 
@@ -11,6 +12,10 @@ constexpr int kGap = 4;
 constexpr int kNarrowestBox = 60;
 
 constexpr const char* kWidestUsualText = "見つかりません";
+
+std::string TipOf(Command command) {
+  return PlainCaption(command) + " (" + EntryOf(command).shortcut + ")";
+}
 
 }  // namespace
 
@@ -39,12 +44,12 @@ void FraFind::AddControls(wxSizer& row) {
   txtFind_->SetName("txtFind");
   txtFind_->SetMinSize(wxSize(fraFind_->FromDIP(kNarrowestBox), -1));
   SetAccessibleName(txtFind_->GetHandle(), "検索する文字");
-  wxButton* const previous = MakeButton("cmdFindPrevious", "前へ", "前を検索 (Shift+F3)", handlers_.previous);
-  wxButton* const next = MakeButton("cmdFindNext", "次へ", "次を検索 (F3)", handlers_.next);
+  wxButton* const previous = MakeButton("cmdFindPrevious", "前へ", TipOf(Command::mnuFindPrevious), handlers_.previous);
+  wxButton* const next = MakeButton("cmdFindNext", "次へ", TipOf(Command::mnuFindNext), handlers_.next);
   lblFound_ = new wxStaticText(fraFind_, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE);
   lblFound_->SetName("lblFound");
   lblFound_->SetMinSize(wxSize(lblFound_->GetTextExtent(ToWx(kWidestUsualText)).x, -1));
-  wxButton* const close = MakeButton("cmdFindClose", "閉じる", "閉じる (Esc)", handlers_.close);
+  wxButton* const close = MakeButton("cmdFindClose", "閉じる", "Esc", handlers_.close);
   const wxSizerFlags after = wxSizerFlags().Centre().Border(wxLEFT, fraFind_->FromDIP(kGap));
   row.Add(label, after);
   row.Add(txtFind_, wxSizerFlags(after).Proportion(2));
@@ -54,7 +59,7 @@ void FraFind::AddControls(wxSizer& row) {
   row.Add(close, after);
 }
 
-wxButton* FraFind::MakeButton(const char* name, const char* label, const char* tip,
+wxButton* FraFind::MakeButton(const char* name, const char* label, const std::string& tip,
                               const std::function<void()>& pressed) {
   auto* button = new wxButton(fraFind_, wxID_ANY, ToWx(label), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
   button->SetName(name);

@@ -45,7 +45,8 @@ class FraFind final : public FindLine {
  private:
   void Make();
   void AddControls(wxSizer& row);
-  wxButton* MakeButton(const char* name, const char* label, const char* tip, const std::function<void()>& pressed);
+  wxButton* MakeButton(const char* name, const char* label, const std::string& tip,
+                       const std::function<void()>& pressed);
   void OnBoxKey(wxKeyEvent& event);
   void OnButtonKey(wxKeyEvent& event);
 
