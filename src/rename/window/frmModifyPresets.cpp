@@ -149,9 +149,10 @@ std::string frmModifyPresets::FileToExport(const std::string& suggestion) {
 }
 
 std::string frmModifyPresets::ChooseFile(const char* title, const std::string& suggestion, long style) {
-  const std::string filters = std::string("設定ファイル") + "|" + DialogPattern("*.ini") + "|" + "すべてのファイル" +
-                              "|" + DialogPattern("*.*");
-  wxFileDialog dialog(&dialog_, ToWx(title), "", ToWx(suggestion), ToWx(filters), style);
+  wxString filters;
+  filters << ToWx("設定ファイル") << '|' << ToWx(DialogPattern("*.ini")) << '|';
+  filters << ToWx("すべてのファイル") << '|' << ToWx(DialogPattern("*.*"));
+  wxFileDialog dialog(&dialog_, ToWx(title), "", ToWx(suggestion), filters, style);
   return dialog.ShowModal() == wxID_OK ? PathFromWx(dialog.GetPath()) : std::string();
 }
 
