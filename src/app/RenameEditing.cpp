@@ -167,17 +167,21 @@ void RenameEditing::mnuThisRename() {
 }
 
 void RenameEditing::mnuAllRename() {
-  if (Confirmed("タイトルにリネーム", "全アイテムのリネーム名を、それぞれのタイトルに変更します",
-                MessageIcon::kQuestion)) {
-    names_.RenameToTitles(Rows::kAll);
-  }
+  if (TitlesConfirmed("全アイテムのリネーム名を、それぞれのタイトルに変更します")) names_.RenameToTitles(Rows::kAll);
 }
 
 void RenameEditing::mnuRename() {
-  if (Confirmed("タイトルにリネーム", "チェックアイテムのリネーム名を、それぞれのタイトルに変更します",
-                MessageIcon::kQuestion)) {
+  if (TitlesConfirmed("チェックアイテムのリネーム名を、それぞれのタイトルに変更します")) {
     names_.RenameToTitles(Rows::kChecked);
   }
+}
+
+bool RenameEditing::TitlesConfirmed(const char* text) {
+  constexpr const char* kCaption = "タイトルにリネーム";
+  if (!session_.mode.automatic) return Confirmed(kCaption, text, MessageIcon::kQuestion);
+  return session_.options.system.suppressConfirmations ||
+         screen_.boxes.AskQuestion({.message = {kCaption, text, MessageIcon::kQuestion, MessageButtons::kOkCancel},
+                                    .details = kAppliesAtOnceText}) == QuestionAnswer::kYes;
 }
 
 std::string_view RenameEditing::PresentName(int index) const {

@@ -67,6 +67,7 @@ class RenameEditing {
   void WriteTo(const std::vector<int>& rows, const std::string& name);
   void ApplyTyped();
   bool ApplyOrCheck(int index);
+  bool TitlesConfirmed(const char* text);
   bool Confirmed(const char* caption, const char* text, MessageIcon icon);
   void Tell(const char* text);
   [[nodiscard]] std::string_view PresentName(int index) const;

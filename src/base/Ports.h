@@ -33,11 +33,12 @@ enum class FailureAnswer {
 
 /// A question that explains itself, and may have one more answer.
 struct QuestionMessage {
-  Message message;           ///< with the buttons Yes and No
+  Message message;           ///< with two buttons
   std::string details = {};  ///< shown on demand; lines end with "\r\n"
   std::string further = {};  ///< the caption of a third button, with its access key; empty for none
 };
 
+/// kYes is also OK, kNo also Cancel.
 enum class QuestionAnswer { kYes, kNo, kFurther };
 
 class MessageBoxes {

@@ -37,6 +37,7 @@ QuestionAnswer WxMessageBoxes::AskQuestion(const QuestionMessage& question) {
   wxWindow* const owner = OwnerOfBoxes(parent_);
   MessageDialog dialog(owner, {question.message, question.details}, question.further);
   switch (Ask(dialog, owner)) {
+    case wxID_OK:
     case wxID_YES: return QuestionAnswer::kYes;
     case wxID_MORE: return QuestionAnswer::kFurther;
     default: return QuestionAnswer::kNo;

@@ -16,6 +16,9 @@ struct ApplyMode {
   bool automatic = false;
 };
 
+/// Warns before a command that changes many rename names in auto-apply mode.
+inline constexpr const char* kAppliesAtOnceText = "自動適応モードのため、実行するとすぐにファイル名が変わります";
+
 /// The text of the mode panel.
 [[nodiscard]] const char* ApplyModeText(const ApplyMode& mode);
 

@@ -203,6 +203,24 @@ TEST(RenameBatches, AskFirstAndCancelChangesNothing) {
   }
 }
 
+TEST(RenameBatches, InAutoModeTheTitlesQuestionSaysThatFilesAreRenamedAtOnce) {
+  for (const bool automatic : {true, false}) {
+    ThreeRows f;
+    f.mode.automatic = automatic;
+    f.ports.boxes.Answer(false);
+    f.editing.mnuAllRename();
+    f.ports.boxes.Answer(false);
+    f.editing.mnuRename();
+    ASSERT_EQ(f.ports.boxes.Shown().size(), 2u);
+    ASSERT_EQ(f.ports.boxes.Questions().size(), automatic ? 2u : 0u);
+    for (const QuestionMessage& question : f.ports.boxes.Questions()) {
+      EXPECT_EQ(question.details, "自動適応モードのため、実行するとすぐにファイル名が変わります");
+      EXPECT_EQ(question.message.buttons, MessageButtons::kOkCancel);
+    }
+    EXPECT_EQ(RenameNames(f.list), kBefore);
+  }
+}
+
 TEST(RenameBatches, RunWhenConfirmed) {
   for (const Question& question : Questions()) {
     ThreeRows f;

@@ -135,7 +135,7 @@ void frmPattern::AddPreview(wxSizer& column) {
   column.Add(lblSummary_, line);
   if (!mode_.automatic) return;
   auto* note = MakeLine("lblAutomatic");
-  note->SetLabelText(ToWx("自動適応モードのため、実行するとすぐにファイル名が変わります"));
+  note->SetLabelText(ToWx(kAppliesAtOnceText));
   column.Add(note, line);
 }
 
