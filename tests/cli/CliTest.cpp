@@ -397,7 +397,10 @@ TEST(CliRenameTest, APresetEditsTheNamesByItself) {
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_TRUE(folder.Exists("files/song.mid"));
   ExpectWrongUsage({"rename", "--preset", "none", folder.At("files")});
-  ExpectWrongUsage({"rename", "--preset", "全角を半角にする", "--plan", "x"});
+  const std::string plan =
+      folder.Write("plan", Json({{"old", folder.At("files/song.mid")}, {"new", folder.At("files/other.mid")}}).dump());
+  EXPECT_EQ(Cli({"rename", "--plan", plan}).exitCode, 0);
+  ExpectWrongUsage({"rename", "--preset", "全角を半角にする", "--plan", plan});
 }
 
 TEST(CliRenameTest, TheDryRunShowsExactlyWhatApplyingThenDoes) {

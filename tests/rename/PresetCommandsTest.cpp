@@ -156,6 +156,7 @@ TEST_F(PresetCommandsTest, ACancelledNameSavesNothing) {
   dialog_.refuses = true;
   dialog_.typed = {"a"};
   commands_.Save();
+  EXPECT_THAT(TakeShown(), IsEmpty());
   EXPECT_EQ(dialog_.asked.size(), 1u) << "rules that OK refuses are not saved either";
   EXPECT_FALSE(folder_.Exists("q.ini"));
 }

@@ -120,6 +120,20 @@ TEST_F(PresetsTest, ANameThatNeedsItConvertsTheFileToUtf8) {
   EXPECT_NE(File().find("[Preset é]\r\nReviceFlag=0\r\nReviceText=\r\n0ReplaceFlag=1\r\n0ReplaceObject=音\r\n"),
             std::string::npos);
   EXPECT_EQ(Loaded("音"), Rules("音"));
+
+  folder_.Write("q.ini", "[Preset a]\r\n0ReplaceObject=\x89\xB9\r\n");
+  EXPECT_EQ(presets_.Rename("a", "😀"), std::nullopt);
+  EXPECT_EQ(File(), "\xEF\xBB\xBF[Preset 😀]\r\n0ReplaceObject=音\r\n");
+}
+
+TEST_F(PresetsTest, ASectionThatComesTwiceIsOnePreset) {
+  folder_.Write("q.ini", "[Preset a]\nUpper=1\n[System]\nMsgbox=1\n[PRESET A]\nLower=1\nUpper=0\n");
+  EXPECT_THAT(presets_.Names(), ElementsAre("a"));
+  EXPECT_TRUE(Loaded("a").upper && Loaded("a").lower);
+  EXPECT_EQ(presets_.Rename("a", "b"), std::nullopt);
+  EXPECT_THAT(presets_.Names(), ElementsAre("b"));
+  EXPECT_EQ(presets_.Remove("b"), std::nullopt);
+  EXPECT_EQ(File(), "[System]\nMsgbox=1\n");
 }
 
 TEST_F(PresetsTest, SectionsThatOnlyLookAlikeAreNone) {
