@@ -14,7 +14,6 @@
 #include "controls/WxMessageBoxes.h"
 #include "platform/Program.h"
 #include "platform/desktop/DesktopStyle.h"
-#include "platform/desktop/NativeWindow.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/desktop/Termination.h"
 #include "settings/Settings.h"
@@ -40,7 +39,6 @@ class QuillonApp final : public GuardedApp {
     KeepToOwnAndSystemLibraries();
     request_ = ReadCommandLine(RawCommandLine(), ProgramArguments(0, nullptr), *MakeFileReads());
     if (request_.kind != CommandLineRequest::Kind::kOpen && Write(request_)) std::exit(ExitStatusOf(request_));
-    PreferNumberedWindows();  // a film's picture is drawn into one
     instance_ = MakeSingleInstance(kMainTitle, kMainWindowClass);
     return GuardedApp::Initialize(count, arguments);
   }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/PictureCanvas.h"
 #include "platform/multimedia/MediaStatus.h"
 #include "platform/multimedia/PictureSize.h"
 
@@ -49,6 +50,8 @@ class MediaDevice {
   [[nodiscard]] virtual std::optional<PictureSize> Picture() = 0;
   /// Draws the picture into this native window.
   virtual MediaStatus SetWindow(std::uintptr_t handle) = 0;
+  /// Passes the pictures to this canvas instead; only on systems where a window may have no handle.
+  virtual MediaStatus SetCanvas(std::shared_ptr<PictureCanvas> canvas) = 0;
   /// Stretches the picture to this many pixels of the window, from its corner.
   virtual MediaStatus PutPicture(PictureSize destination) = 0;
 

@@ -118,6 +118,10 @@ MediaStatus basMCIControl::SetWindow(std::uintptr_t handle) {
   return Send(command_text::SetWindow(kAlias, handle));
 }
 
+MediaStatus basMCIControl::SetCanvas(std::shared_ptr<PictureCanvas> /*canvas*/) {
+  return MediaError::kNoPicture;  // command strings name windows only
+}
+
 MediaStatus basMCIControl::PutPicture(PictureSize destination) {
   return Send(command_text::PutPicture(kAlias, destination));
 }

@@ -32,6 +32,7 @@ class basMCIControl : public MediaDevice {
   [[nodiscard]] std::int32_t LengthOf(const std::string& path) override;
   [[nodiscard]] std::optional<PictureSize> Picture() override;
   MediaStatus SetWindow(std::uintptr_t handle) override;
+  MediaStatus SetCanvas(std::shared_ptr<PictureCanvas> canvas) override;
   MediaStatus PutPicture(PictureSize destination) override;
   MediaStatus CloseAll() override;
 

@@ -152,7 +152,11 @@ void frmMoviePlayer::BindEvents() {
 
 bool frmMoviePlayer::Load() {
   MusicPlayer& player = surroundings_.player;
-  player.Device().SetWindow(MakeNumberedWindow(picMovie_->GetHandle()));
+  if (const std::uintptr_t window = MakeNumberedWindow(picMovie_->GetHandle())) {
+    player.Device().SetWindow(window);
+  } else {
+    player.Device().SetCanvas(MakePictureCanvas(picMovie_->GetHandle()));
+  }
   const std::optional<PictureSize> picture = player.Device().Picture();
   if (!picture || picture->width <= 0 || picture->height <= 0) return false;
   natural_ = NaturalSize(*picture, TwipsPerScreenPixel());

@@ -4,9 +4,6 @@
 #include <gtk/gtk.h>
 
 namespace quillon {
-void PreferNumberedWindows() {
-  gdk_set_allowed_backends("x11,*");
-}
 
 std::uintptr_t MakeNumberedWindow(void* control) {
   auto* const widget = static_cast<GtkWidget*>(control);

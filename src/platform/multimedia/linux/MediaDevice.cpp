@@ -86,6 +86,10 @@ class GstMediaDevice final : public MediaDevice {
     return With([handle](Medium& medium) { return medium.SetWindow(handle); });
   }
 
+  MediaStatus SetCanvas(std::shared_ptr<PictureCanvas> canvas) override {
+    return With([&canvas](Medium& medium) { return medium.SetCanvas(std::move(canvas)); });
+  }
+
   MediaStatus PutPicture(PictureSize destination) override {
     const PictureRectangle rectangle = {0, 0, destination.width, destination.height};
     return With([&rectangle](Medium& medium) { return medium.Put(rectangle); });

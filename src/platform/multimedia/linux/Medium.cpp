@@ -74,14 +74,17 @@ void Medium::End() {
   position_ = *length_;
 }
 
+GstElement* Medium::MakeSinkForPictures() const {
+  return window_ ? MakePictureSink(window_->Handle()) : MakeCanvasSink(canvas_);
+}
+
 /// Restarts the pipeline with the devices that are available, paused at `position_`.
 bool Medium::Connect() {
   const Deadline deadline(kOpeningLimit);
   for (;;) {
-    const bool shows = window_ && !pictureLost_;
+    const bool shows = (window_ || canvas_) && !pictureLost_;
     const bool sounds = hasSound_ && !soundLost_;
-    pipeline_.UseSinks(sounds ? MakeSoundSink() : MakeSilentSink(),
-                       shows ? MakePictureSink(window_->Handle()) : MakeSilentSink());
+    pipeline_.UseSinks(sounds ? MakeSoundSink() : MakeSilentSink(), shows ? MakeSinkForPictures() : MakeSilentSink());
     const Pipeline::Event event = pipeline_.Prepare(deadline.Left());
     connected_ = event == Pipeline::Event::kNone;
     failed_ = !connected_;
@@ -155,9 +158,19 @@ MediaStatus Medium::SetWindow(std::uint64_t owner) {
     window = PictureWindow::Make(owner, destination_);
     if (!window) return MediaError::kNoPicture;
   }
+  return ShowIn(std::move(window), nullptr);
+}
+
+MediaStatus Medium::SetCanvas(std::shared_ptr<PictureCanvas> canvas) {
+  if (!picture_) return MediaError::kNoPicture;
+  return ShowIn(nullptr, std::move(canvas));
+}
+
+MediaStatus Medium::ShowIn(std::unique_ptr<PictureWindow> window, std::shared_ptr<PictureCanvas> canvas) {
   position_ = Position();
   pictureLost_ = false;
   std::swap(window_, window);
+  canvas_ = std::move(canvas);
   if (!Connect()) return MediaError::kNotReady;
   if (mode_ == Mode::kPlaying) pipeline_.Run();
   return {};

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/Result.h"
+#include "platform/PictureCanvas.h"
 #include "platform/multimedia/CommandString.h"
 #include "platform/multimedia/MediaStatus.h"
 #include "platform/multimedia/linux/Deadline.h"
@@ -42,6 +43,8 @@ class Medium {
   MediaStatus Seek(std::int32_t milliseconds);
   /// 0 removes the window.
   MediaStatus SetWindow(std::uint64_t owner);
+  /// Passes the pictures to the canvas instead of drawing them into a window.
+  MediaStatus SetCanvas(std::shared_ptr<PictureCanvas> canvas);
   /// Sets the part of the window in which the picture is drawn; without a rectangle the whole window.
   MediaStatus Put(const std::optional<PictureRectangle>& rectangle);
 
@@ -59,6 +62,8 @@ class Medium {
   explicit Medium(MediumSource source) : source_(std::move(source)), pipeline_(source_.path) {}
 
   MediaStatus Load(const Deadline& deadline);
+  MediaStatus ShowIn(std::unique_ptr<PictureWindow> window, std::shared_ptr<PictureCanvas> canvas);
+  [[nodiscard]] GstElement* MakeSinkForPictures() const;
   bool Connect();
   void On(Pipeline::Event event);
   void ShowStill();
@@ -67,6 +72,7 @@ class Medium {
   // The order matters: the pipeline must be destroyed before its source and before the window that it draws into.
   MediumSource source_;
   std::unique_ptr<PictureWindow> window_;
+  std::shared_ptr<PictureCanvas> canvas_;
   Pipeline pipeline_;
   std::optional<PictureRectangle> destination_;
   std::optional<PictureSize> picture_;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
+#include "platform/PictureCanvas.h"
 #include "platform/multimedia/linux/GstObjects.h"
 
 /// Sinks for sound and pictures. The returned references are floating: the first user takes ownership.
@@ -15,5 +17,8 @@ namespace quillon {
 
 /// A sink that fills the whole window; one that discards pictures when the X server cannot show them.
 [[nodiscard]] GstElement* MakePictureSink(std::uint64_t window);
+
+/// A sink that passes every picture to the canvas when it is due.
+[[nodiscard]] GstElement* MakeCanvasSink(std::shared_ptr<PictureCanvas> canvas);
 
 }  // namespace quillon
