@@ -27,6 +27,7 @@
 #include "platform/Shell.h"
 #include "platform/desktop/AccessibleName.h"
 #include "platform/desktop/ScreenMetrics.h"
+#include "platform/desktop/WindowFrame.h"
 #include "rename/window/frmModify.h"
 
 namespace quillon {
@@ -202,7 +203,8 @@ void frmMain::GrowSmallestSize() {
     const int frame = GetSize().y - controls_.panel->GetClientSize().y - bars.toolBar - bars.statusBar;
     const ScreenMetrics screen = QueryScreen();
     wxSize smallest = GetMinSize();
-    smallest.IncTo(wxSize(std::min(StatusBarWidth(), screen.width), std::min(*inside + frame, screen.height)));
+    smallest.IncTo(
+        wxSize(std::min(StatusBarWidth() + shadow_, screen.width), std::min(*inside + frame, screen.height)));
     SetMinSize(smallest);
   }
   wxSize size = GetSize();
@@ -216,8 +218,22 @@ void frmMain::GrowSmallestSize() {
 // place while asking for them.
 void frmMain::SettleAt(const wxRect& place) {
   if (GetRect() != place && !IsMaximized()) SetSize(place);
+  AddShadow();
   OnPanelSize();
   GrowSmallestSize();
+  settled_ = true;
+}
+
+// A shadow that counts as part of the window is only known when it is shown. The window is enlarged by it, once.
+void frmMain::AddShadow() {
+  if (shadow_ != 0 || IsMaximized()) return;
+  shadow_ = ShadowAround(GetHandle());
+  if (shadow_ == 0) return;
+  const wxSize more(shadow_, shadow_);
+  SetMinSize(GetMinSize() + more);
+  givenSize_ += more;
+  if (grownHeight_ != 0) grownHeight_ += shadow_;
+  SetSize(GetSize() + more);
 }
 
 void frmMain::ComeForward() {
@@ -254,12 +270,14 @@ void frmMain::Place(wxSize size) {
 void frmMain::KeepSettings() {
   OptionValues& options = app_->Options();
   const wxRect rect = GetRect();
-  options.window.left = options.window.left.value_or(ToTwips(*this, rect.x));
-  options.window.top = options.window.top.value_or(ToTwips(*this, rect.y));
-  UpdateTwips(*this, *options.window.left, rect.x);
-  UpdateTwips(*this, *options.window.top, rect.y);
-  UpdateTwips(*this, options.window.width, rect.width);
-  if (rect.height != grownHeight_) UpdateTwips(*this, options.window.height, rect.height);
+  if (WindowsHavePlaces()) {
+    options.window.left = options.window.left.value_or(ToTwips(*this, rect.x));
+    options.window.top = options.window.top.value_or(ToTwips(*this, rect.y));
+    UpdateTwips(*this, *options.window.left, rect.x);
+    UpdateTwips(*this, *options.window.top, rect.y);
+  }
+  UpdateTwips(*this, options.window.width, rect.width - shadow_);
+  if (rect.height != grownHeight_) UpdateTwips(*this, options.window.height, rect.height - shadow_);
 }
 
 void frmMain::OnClose(wxCloseEvent& event) {

@@ -136,6 +136,7 @@ class frmMain final : public wxFrame,
   void ShowLaidOut();
   void GrowSmallestSize();
   void SettleAt(const wxRect& place);
+  void AddShadow();
 
   Opener open_;
   WxMessageBoxes boxes_;
@@ -170,6 +171,8 @@ class frmMain final : public wxFrame,
   bool saves_ = true;
   std::array<int, 5> panelWidths_{};
   wxSize givenSize_;        // the window's size, while nobody has resized it
+  bool settled_ = false;    // the window is on the screen with its first size
+  int shadow_ = 0;          // the part of the window's width, and of its height, that is only a shadow
   bool maximized_ = false;  // before the window was minimised
   int grownHeight_ = 0;     // the window's height for taller controls, which is not the user's choice
 };

@@ -273,6 +273,7 @@ void frmMain::OnPanelSize() {
   LayOut(controls_, Bars());
   columns_->Follow(GetSize() == givenSize_);
   maximized_ = IsMaximized();
+  if (settled_ && shadow_ == 0) CallAfter(&frmMain::AddShadow);  // it was maximised from the start
   app_->WindowResized();
 }
 

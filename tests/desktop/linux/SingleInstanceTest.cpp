@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -217,6 +219,38 @@ TEST_F(SingleInstanceWithoutABus, TheFirstIsRaisedOnceWithoutWaiting) {
   EXPECT_EQ(raised, 0) << "it is busy";
   HandleMessages();
   EXPECT_EQ(raised, 1);
+}
+
+/// What a later instance sends; received in place of the first one.
+std::string SentToTheFirst(const std::string& runtimeFolder) {
+  const auto first = Start();
+  const std::string path = FileWith(runtimeFolder, ".socket");
+  ::unlink(path.c_str());
+  sockaddr_un address = {};
+  address.sun_family = AF_UNIX;
+  path.copy(address.sun_path, sizeof(address.sun_path) - 1);
+  const int receiver = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_NONBLOCK, 0);
+  EXPECT_EQ(::bind(receiver, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+  Start()->BringFirstForward();
+  std::string sent(100, '\0');
+  const ssize_t length = ::recv(receiver, sent.data(), sent.size(), 0);
+  ::close(receiver);
+  EXPECT_GE(length, 0);
+  sent.resize(length < 0 ? 0 : static_cast<std::size_t>(length));
+  return sent;
+}
+
+TEST_F(SingleInstanceWithoutABus, ALaterOnePassesOnItsPermissionToComeForward) {
+  const test::ScopedVariable id("DESKTOP_STARTUP_ID", "id_TIME7");
+  const test::ScopedVariable token("XDG_ACTIVATION_TOKEN", "token");
+  {
+    const test::ScopedVariable x11("WAYLAND_DISPLAY", std::nullopt);
+    EXPECT_EQ(SentToTheFirst(runtime_), "id_TIME7");
+  }
+  const test::ScopedVariable wayland("WAYLAND_DISPLAY", "wayland-0");
+  EXPECT_EQ(SentToTheFirst(runtime_), "token");
+  const test::ScopedVariable none("XDG_ACTIVATION_TOKEN", std::nullopt);
+  EXPECT_EQ(SentToTheFirst(runtime_), "id_TIME7");
 }
 
 TEST_F(SingleInstanceWithoutABus, AFirstWithoutARaiseHandlerIsAllowed) {

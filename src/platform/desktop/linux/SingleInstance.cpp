@@ -23,6 +23,7 @@ constexpr const char* kDescription =
     "<method name='Activate'><arg name='platform_data' type='a{sv}' direction='in'/></method>"
     "</interface></node>";
 constexpr const char* kStartupKey = "desktop-startup-id";
+constexpr const char* kTokenKey = "activation-token";  // Wayland's
 
 std::string BusName(const std::string& title) {
   const std::string display = DisplayName(EnvironmentText("DISPLAY"), EnvironmentText("WAYLAND_DISPLAY"));
@@ -32,9 +33,17 @@ std::string BusName(const std::string& title) {
 std::string StartupIdIn(GVariant* parameters) {
   GVariant* const data = g_variant_get_child_value(parameters, 0);
   const char* id = nullptr;
-  std::string found = g_variant_lookup(data, kStartupKey, "&s", &id) != FALSE ? id : "";
+  const bool known =
+      g_variant_lookup(data, kTokenKey, "&s", &id) != FALSE || g_variant_lookup(data, kStartupKey, "&s", &id) != FALSE;
+  std::string found = known ? id : "";
   g_variant_unref(data);
   return found;
+}
+
+/// The desktop's permission to come to the front, as it gave it to this process.
+std::string StartupIdOfThisStart() {
+  std::string token = EnvironmentText("WAYLAND_DISPLAY").empty() ? "" : EnvironmentText("XDG_ACTIVATION_TOKEN");
+  return token.empty() ? EnvironmentText("DESKTOP_STARTUP_ID") : token;
 }
 
 class BusInstance final : public SingleInstance {
@@ -133,7 +142,7 @@ std::string LockPath(const std::string& name) {
 
 std::unique_ptr<SingleInstance> MakeSingleInstance(const std::string& title, const std::string& /*windowClass*/) {
   const std::string name = BusName(title);
-  std::string startupId = EnvironmentText("DESKTOP_STARTUP_ID");
+  std::string startupId = StartupIdOfThisStart();
   BusConnection bus = ConnectToSessionBus();
   if (bus == nullptr) return MakeLockedInstance(LockPath(name), std::move(startupId));
   auto instance = std::make_unique<BusInstance>(name, startupId, std::move(bus));

@@ -1,0 +1,13 @@
+#include "platform/desktop/WindowFrame.h"
+
+namespace quillon {
+
+bool WindowsHavePlaces() {
+  return true;
+}
+
+int ShadowAround(void* /*window*/) {
+  return 0;
+}
+
+}  // namespace quillon
