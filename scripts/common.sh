@@ -43,8 +43,8 @@ test_packages=("${test_build_packages[@]}" gstreamer1.0-tools locales util-linux
 # Fonts and icons for the window, and a tool to check for a display.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
 # For tests, pictures and benchmarks of the window: a private display, keys and clicks, accessibility.
-window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotool imagemagick dbus dbus-x11 at-spi2-core python3
-  python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0)
+window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotool weston imagemagick dbus dbus-x11 at-spi2-core
+  python3 python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0)
 # Inaudible sound for tests that need its time to pass; tools to make films and songs for them.
 sound_packages=(pulseaudio pulseaudio-utils util-linux gstreamer1.0-tools)
 windows_packages=("${sound_packages[@]}" fp-utils-3.2.2 g++-mingw-w64-x86-64-posix dpkg-dev googletest libutfcpp-dev wine wine64 ca-certificates)

@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Runs a command in a private Wayland session: a compositor that fills a private X display. So it has a keyboard and a
+# pointer, which a compositor without a screen has not, and that display shows what the compositor shows. Programs that
+# can do both are to use Wayland, but the X display can still be asked for pictures.
+set -eu
+scripts=$(cd "$(dirname "$0")" && pwd)
+if [ "${1:-}" != --on-display ]; then exec "$scripts/with-display.sh" "$scripts/with-wayland.sh" --on-display "$@"; fi
+shift
+
+# Waits until a command succeeds, for ten seconds at most.
+await() {
+  for _ in $(seq 100); do
+    if "$@"; then return 0; fi
+    sleep 0.1
+  done
+  return 1
+}
+
+has_window_manager() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
+has_ended() { ! kill -0 "$compositor" 2>/dev/null; }
+is_ready() { [ -S "$folder/$socket" ] || has_ended; }
+
+socket=quillon-test
+folder=$(mktemp -d)
+chmod 700 "$folder"
+compositor=
+trap 'kill $compositor 2>/dev/null || true; rm -rf "$folder"' EXIT
+cat >"$folder/weston.ini" <<'END'
+[core]
+idle-time=0
+[shell]
+panel-position=none
+background-color=0xff406080
+locking=false
+animation=none
+END
+await has_window_manager || { echo "error: no window manager" >&2 && exit 1; }
+export XDG_RUNTIME_DIR=$folder
+screen=${SCREEN:-1280x1024}
+weston --backend=x11-backend.so --use-pixman --fullscreen --width="${screen%x*}" --height="${screen#*x}" --config="$folder/weston.ini" \
+  --socket="$socket" --log="$folder/weston.log" >/dev/null 2>&1 &
+compositor=$!
+if ! await is_ready || has_ended; then
+  echo "error: no Wayland: weston does not start" >&2
+  cat "$folder/weston.log" >&2
+  exit 1
+fi
+export WAYLAND_DISPLAY=$socket GDK_BACKEND=wayland
+"$@"
