@@ -42,7 +42,7 @@ END
 
 # Each window: its name and the keys that open it from the main window, which has its third row selected.
 windows=(main playing modify pattern message option-1 option-2 option-3 option-4 option-5 option-6 option-7 option-8
-  bar version folders wait search)
+  bar find version folders wait search nothing)
 keys_of() {
   local first="Home Down Down"
   case $1 in
@@ -50,6 +50,8 @@ keys_of() {
     playing) echo "Home Down Down Down Down Down Down Return" ;;
     modify) echo "$first ctrl+shift+e" ;;
     pattern) echo "$first ctrl+shift+p Tab" ;;  # no caret that blinks
+    find) echo "Home ctrl+f m p 3 F3 F3 Tab" ;;  # no caret that blinks
+    nothing) echo "F5 alt+d" ;;
     message) echo "$first F5" ;;
     option-*) echo "$first alt+f p$(for ((i = 1; i < ${1#option-}; ++i)); do printf ' ctrl+Next'; done)" ;;
     version) echo "$first alt+h a" ;;
@@ -74,7 +76,7 @@ picture() {
   local pictured=active playing= arguments=("$5")
   [ "$4" = .exe ] && program=$3/Quillon.exe
   case $window in
-    main) pictured= ;;
+    main | find) pictured= ;;
     playing)
       pictured=
       playing=1.5
@@ -85,7 +87,7 @@ picture() {
       pictured=
       arguments=("$5" "$5.flac")
       ;;
-    wait | search)
+    wait | search | nothing)
       program=$3/quillon-gallery$4
       if [ "$window" = search ]; then pictured=; fi
       arguments=("$window")

@@ -68,7 +68,7 @@ LoadOutcome LoadCommands::Load(std::string folder, Clearing clearing) {
     if (found.cancelled) return LoadOutcome::kCancelled;
     LeaveOutRecycleBin(found, session_.style);
     if (!found.paths.empty()) return Register(std::move(found.paths), clearing);
-    switch (AskAfterNothing(folder, found)) {
+    switch (screen_.boxes.AskQuestion(NothingFoundQuestion(folder, SearchFilter(session_.options.find), found))) {
       case QuestionAnswer::kNo: return LoadOutcome::kNothing;
       case QuestionAnswer::kFurther: subfolders = true; break;
       case QuestionAnswer::kYes:
@@ -77,17 +77,6 @@ LoadOutcome LoadCommands::Load(std::string folder, Clearing clearing) {
         subfolders = session_.options.list.searchSubfolders;
     }
   }
-}
-
-QuestionAnswer LoadCommands::AskAfterNothing(const std::string& folder, const FoundFiles& found) {
-  std::string details = "フォルダ： " + folder;
-  for (const std::string& fact : NothingFoundFacts(SearchFilter(session_.options.find), found))
-    details += "\r\n" + fact;
-  return screen_.boxes.AskQuestion(
-      {.message = {kLoadCaption, std::string(kNothingFoundText) + "\r\n" + kOtherFolderQuestion, MessageIcon::kQuestion,
-                   MessageButtons::kYesNo},
-       .details = std::move(details),
-       .further = found.unsearchedFolders > 0 ? "サブフォルダも検索する(&S)" : ""});
 }
 
 FoundFiles LoadCommands::Search(const std::string& folder, bool subfolders) {

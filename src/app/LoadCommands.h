@@ -73,7 +73,6 @@ class LoadCommands {
   LoadOutcome Load(std::string folder, Clearing clearing);
   LoadOutcome Register(std::vector<std::string> paths, Clearing clearing);
   FoundFiles Search(const std::string& folder, bool subfolders);
-  QuestionAnswer AskAfterNothing(const std::string& folder, const FoundFiles& found);
   [[nodiscard]] RegisterOptions RegisterAs(OnError onError) const;
   Registered Add(std::vector<std::string> paths, OnError onError, Progress& progress);
   Registered RegisterShown(std::vector<std::string> paths, OnError onError, bool showsStart);

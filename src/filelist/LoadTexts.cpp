@@ -1,5 +1,7 @@
 #include "filelist/LoadTexts.h"
 
+#include <utility>
+
 #include "base/Text.h"
 
 namespace quillon {
@@ -13,6 +15,15 @@ std::vector<std::string> NothingFoundFacts(const std::string& filter, const Foun
   add("検索しなかったサブフォルダ", found.unsearchedFolders);
   add("ごみ箱の中のファイル", found.inRecycleBin);
   return facts;
+}
+
+QuestionMessage NothingFoundQuestion(const std::string& folder, const std::string& filter, const FoundFiles& found) {
+  std::string details = "フォルダ： " + folder;
+  for (const std::string& fact : NothingFoundFacts(filter, found)) details += "\r\n" + fact;
+  return {.message = {kLoadCaption, std::string(kNothingFoundText) + "\r\n別のフォルダを参照しますか",
+                      MessageIcon::kQuestion, MessageButtons::kYesNo},
+          .details = std::move(details),
+          .further = found.unsearchedFolders > 0 ? "サブフォルダも検索する(&S)" : ""};
 }
 
 std::string FolderListedText(const std::string& folder) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Ports.h"
 #include "filelist/FolderSearch.h"
 #include "platform/FileSystem.h"
 
@@ -13,10 +14,13 @@ namespace quillon {
 inline constexpr const char* kLoadCaption = "フォルダ参照";
 inline constexpr const char* kNothingFoundText = "指定されたフォルダ内にファイルが見つかりませんでした";
 
-inline constexpr const char* kOtherFolderQuestion = "別のフォルダを参照しますか";
-
 /// What explains kNothingFoundText: the extensions that were searched for, and the numbers of what was left out.
 [[nodiscard]] std::vector<std::string> NothingFoundFacts(const std::string& filter, const FoundFiles& found);
+
+/// Whether to look into another folder, with these facts as its details, and into the subfolders if some were not
+/// searched.
+[[nodiscard]] QuestionMessage NothingFoundQuestion(const std::string& folder, const std::string& filter,
+                                                   const FoundFiles& found);
 
 [[nodiscard]] std::string FolderListedText(const std::string& folder);
 [[nodiscard]] std::string FilesListedText(std::size_t count);

@@ -1,5 +1,5 @@
-// Shows one of the windows that are open only while a run lasts, so that a picture can be taken of it:
-// quillon-gallery wait|search
+// Shows one of the windows that are open only while a run lasts, or that need a certain folder, so that a picture can
+// be taken of it: quillon-gallery wait|search|nothing. The last one appears at a key press.
 
 #include <wx/app.h>
 #include <wx/frame.h>
@@ -10,7 +10,9 @@
 #include <string>
 
 #include "controls/Pictures.h"
+#include "controls/WxMessageBoxes.h"
 #include "controls/WxText.h"
+#include "filelist/LoadTexts.h"
 #include "filelist/window/frmFolderRef.h"
 #include "platform/Program.h"
 #include "platform/desktop/DesktopStyle.h"
@@ -37,6 +39,8 @@ class GalleryApp final : public wxApp {
       frame->CallAfter([this, frame] { ShowWait(*frame); });
     } else if (arguments == std::vector<std::string>{"search"}) {
       frame->CallAfter([frame] { ShowSearch(*frame); });
+    } else if (arguments == std::vector<std::string>{"nothing"}) {
+      frame->Bind(wxEVT_CHAR_HOOK, [frame](wxKeyEvent&) { AskAfterNothing(*frame); });
     } else {
       return false;
     }
@@ -54,6 +58,14 @@ class GalleryApp final : public wxApp {
     auto* const search = new frmFolderRef(&parent, [] {});
     search->Begin("フォルダ内を検索しています...", "検索対象 : D:\\音楽\\");
     search->ShowFolder("D:\\音楽\\日本の歌\\");
+  }
+
+  static void AskAfterNothing(wxWindow& parent) {
+    FoundFiles found;
+    found.otherFiles = 12;
+    found.unsearchedFolders = 3;
+    (void)WxMessageBoxes(&parent).AskQuestion(
+        NothingFoundQuestion("D:\\音楽\\", "mid midi wav mp3 mpg mpeg avi", found));
   }
 
   std::unique_ptr<frmWait> wait_;

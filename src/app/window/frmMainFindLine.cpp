@@ -63,6 +63,7 @@ wxButton* FraFind::MakeButton(const char* name, const char* label, const std::st
                               const std::function<void()>& pressed) {
   auto* button = new wxButton(fraFind_, wxID_ANY, ToWx(label), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
   button->SetName(name);
+  button->SetMinSize(button->GetBestSize() + fraFind_->FromDIP(wxSize(4 * kGap, 0)));  // GTK's fit is very tight
   button->SetToolTip(ToWx(tip));
   button->Bind(wxEVT_BUTTON, [pressed](wxCommandEvent&) { pressed(); });
   return button;
