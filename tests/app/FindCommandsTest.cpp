@@ -94,6 +94,7 @@ TEST(FindCommands, NextAndPreviousGoRoundAlsoWhileTheLineIsClosed) {
   f.app.List().SelectNone();
   EXPECT_EQ(f.Previous(), 5);
   EXPECT_THAT(f.Log().StartingWith("find line"), IsEmpty());
+  EXPECT_EQ(f.findLine.found, "") << "a closed line is not told";
 }
 
 TEST(FindCommands, NextWithoutATextOpensTheLine) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "filelist/FindRows.h"
+#include "support/ByteOrder.h"
 #include "support/Rows.h"
 
 namespace quillon {
@@ -104,7 +105,12 @@ TEST(FindRows, FollowsEveryChangeOfTheRows) {
   EXPECT_EQ(f.Found(), Indices({1, 2, 4}));
   f.list.RemoveWhere([](int index, const FileItem&) { return index == 1; });
   EXPECT_EQ(f.Found(), Indices({1, 3}));
-  f.list.SetLocation(2, "/m/a9.mid");
+  f.list.Sort(Column::kLocation, test::ByteOrder());
+  EXPECT_EQ(f.Found(), Indices({2, 3})) << "in descending order";
+  f.list.Sort(Column::kLocation, test::ByteOrder());
+  EXPECT_EQ(f.Found(), Indices({1, 2})) << "in rising order";
+  f.list.Sort(Column::kLocation, test::ByteOrder());
+  f.list.SetLocation(1, "/m/a9.mid");
   EXPECT_EQ(f.Found(), Indices({1, 2, 3}));
   f.list.SetRenameName(3, "/a new");
   f.list.SetLocation(3, "/m/c.mid");

@@ -36,6 +36,26 @@ TEST_F(InputMethodInMainWindow, EnterEndsTheCompositionInTheRenameBox) {
   EXPECT_EQ(SelectedRows(), std::vector<int>{2});
 }
 
+TEST_F(InputMethodInMainWindow, EnterAndEscEndTheCompositionInTheFindBox) {
+  List().SetRenameName(1, "あ");
+  List().SetRenameName(2, "あ");
+  FocusList();
+  Key('F', wxMOD_CONTROL);
+  ASSERT_TRUE(Until([] { return FocusName() == "txtFind"; }));
+  Compose();
+  EXPECT_TRUE(Until([this] { return Text("txtFind") == "あ"; })) << Text("txtFind");
+  EXPECT_EQ(SelectedRows(), std::vector<int>{1}) << "and does not go to the next row";
+  Key('U', wxMOD_CONTROL | wxMOD_SHIFT);
+  Key('3');
+  Key(WXK_ESCAPE);
+  EXPECT_EQ(FocusName(), "txtFind") << "and does not close the line";
+  EXPECT_EQ(Text("txtFind"), "あ");
+  Key(WXK_RETURN);
+  EXPECT_TRUE(Until([this] { return SelectedRows() == std::vector<int>{2}; }));
+  Key(WXK_ESCAPE);
+  EXPECT_EQ(FocusName(), "lvwFiles");
+}
+
 TEST_F(InputMethodInMainWindow, EnterEndsTheCompositionInTheListsEditor) {
   FocusList();
   Key(WXK_F2);
