@@ -93,6 +93,27 @@ TEST_F(DialogsOfMainWindow, RegularExpressionsCanBeChosenWhereTheLibraryIs) {
   Run(Command::mnuOption);
 }
 
+TEST_F(DialogsOfMainWindow, ThePreviewOfTheRulesIsForTheRowsOfTheCommand) {
+  folder.Write("a.txt", "a");
+  folder.Write("b.txt", "b");
+  OptionValues options = Options();
+  options.modify.upper = true;
+  OpenFolder(options);
+  List().SetChecked(1, false);
+  const auto expect = [this](Command command, const std::vector<std::string>& names) {
+    dialogs.Use([&names](wxDialog& dialog) {
+      wxWindow& table = *wxWindow::FindWindowByName("lvwPreview", &dialog);
+      EXPECT_TRUE(SettleUntil([&] { return NativeRowCount(table) == static_cast<int>(names.size()); }));
+      for (int row = 0; row < NativeRowCount(table); ++row)
+        EXPECT_EQ(NativeCell(table, row, 1), names.at(static_cast<std::size_t>(row)));
+      dialog.EndModal(wxID_CANCEL);
+    });
+    Run(command);
+  };
+  expect(Command::mnuModify, {"B"});
+  expect(Command::mnuAllModify, {"A", "B"});
+}
+
 TEST_F(DialogsOfMainWindow, TheCommandReloadsTheFolderListInTheSameWindow) {
   folder.Write("a.txt", "a");
   folder.MakeFolder("inner");
