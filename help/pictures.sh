@@ -44,8 +44,8 @@ make_files() {
 # is how the program calls the folder.
 picture() {
   local system=$1 name=$2 file=help/images/$1/$2.png pictured=
-  # This dialog is wider than the main window.
-  if [ "$name" = pattern ]; then pictured=active; fi
+  # These dialogs are larger than the main window.
+  case $name in modify | pattern) pictured=active ;; esac
   make_files "$4"
   # The user's own theme and fonts stay out of it.
   mkdir -p "$work/config" "help/images/$system"
