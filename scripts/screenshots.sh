@@ -39,6 +39,8 @@ FilterChk=0
 END
 { cat "$work/settings.ini" && echo FilterChk=1; } | sed '0,/FilterChk=0/{/FilterChk=0/d}' >"$work/filter.ini"
 { cat "$work/settings.ini" && printf '[Extra]\nPattern0={n:02} {artist}{artist? - }{title|{name}}\n'; } >"$work/pattern.ini"
+{ cat "$work/settings.ini" && printf '%s\n' '[Modify]' FindCtrl=1 0ReplaceFlag=1 '0ReplaceObject=^a(\d)$' \
+  '0ReplaceRepace=Song $1'; } >"$work/modify.ini"
 
 # Each window: its name and the keys that open it from the main window, which has its third row selected.
 windows=(main playing modify pattern message option-1 option-2 option-3 option-4 option-5 option-6 option-7 option-8
@@ -81,7 +83,7 @@ picture() {
       pictured=
       playing=1.5
       ;;
-    pattern) settings=$work/pattern.ini ;;
+    modify | pattern) settings=$work/$window.ini ;;
     option-*) settings=$work/filter.ini ;;
     bar)
       pictured=

@@ -264,6 +264,17 @@ TEST(ModifyPreview, TheNoteNamesEveryGrowingRuleAndNoneInAListOfOneRow) {
   EXPECT_EQ(preview.GrowthNote(), "規則 1, 4 はリストの行数 (2) だけ繰り返されます");
 }
 
+TEST(ModifyPreview, NotesARuleWhoseGrowthIsOnlyForeseen) {
+  Fixture f;
+  for (int i = 0; i < 40000; ++i) Add(f.list, "a");
+  f.list.SetChecked(7, true);
+  ModifyPreview preview(f.list, Rows::kChecked, f.regex);
+  preview.Restart(Rule("a", "aa"), Repetition::kPerRow);
+  Finish(preview);
+  EXPECT_EQ(preview.Summary(), "0 個の名前が変わります、1 個は編集されません");
+  EXPECT_EQ(preview.GrowthNote(), "規則 1 はリストの行数 (40,000) だけ繰り返されます");
+}
+
 TEST(ModifyPreview, AListThatWasClearedEndsTheWork) {
   Fixture f;
   for (int i = 0; i < 10; ++i) Add(f.list, "a");
