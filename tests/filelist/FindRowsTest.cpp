@@ -110,6 +110,7 @@ TEST(FindRows, FollowsEveryChangeOfTheRows) {
   f.list.Sort(Column::kLocation, test::ByteOrder());
   EXPECT_EQ(f.Found(), Indices({1, 2})) << "in rising order";
   f.list.Sort(Column::kLocation, test::ByteOrder());
+  EXPECT_EQ(f.Found(), Indices({2, 3}));
   f.list.SetLocation(1, "/m/a9.mid");
   EXPECT_EQ(f.Found(), Indices({1, 2, 3}));
   f.list.SetRenameName(3, "/a new");
@@ -123,6 +124,18 @@ TEST(FindRows, FollowsEveryChangeOfTheRows) {
   EXPECT_EQ(f.Found(), Indices({1, 2}));
   f.list.Clear();
   EXPECT_EQ(f.Found(), Indices());
+}
+
+TEST(FindRows, FollowsEditsThatAreUndone) {
+  Fixture f({"a1", "b1"});
+  f.list.Edits().Begin(EditHistory::Merging::kNever);
+  f.list.SetRenameName(2, "new");
+  f.list.Edits().End();
+  EXPECT_EQ(f.Found("new"), Indices({2}));
+  (void)f.list.UndoEdits();
+  EXPECT_EQ(f.Found(), Indices());
+  (void)f.list.RedoEdits();
+  EXPECT_EQ(f.Found(), Indices({2}));
 }
 
 TEST(FindRows, ChecksAndSelectionAreNoChangeOfTheRows) {
