@@ -193,6 +193,7 @@ frmModifyPresets::Form frmModify::PresetForm() {
 }
 
 void frmModify::OpenPresets() {
+  mnuPreset_->SetFocus();  // Windows gives the focus of a box that is disabled to the next control
   presets_.Open(*mnuPreset_);
   if (editedBox_ == nullptr) return;
   // The rules that were loaded may have disabled the box.
