@@ -128,6 +128,8 @@ void frmModify::AddPreview(wxSizer& column) {
   auto* label = new wxStaticText(this, wxID_ANY, ToWx("プレビュー(&V)"));
   lvwPreview_ = TextTable::Make(*this, {{"現在のリネーム名", 18}, {"新しいリネーム名", 23}}, 0,
                                 [this](std::size_t row, std::size_t cell) {
+                                  // While rows are removed, the system may still ask for them.
+                                  if (row >= preview_->ShownCount()) return std::string();
                                   const ModifyPreview::Row& shown = preview_->Shown(row);
                                   if (cell == 0) return shown.oldName;
                                   return shown.note.empty() ? shown.newName : "（" + shown.note + "）";
