@@ -136,8 +136,8 @@ TEST_F(SettingsOfMainWindow, AWidenedWindowComesBackWithItsColumns) {
   const std::vector<int> before = ColumnWidths();
   Resize(900);
   const std::vector<int> wide = ColumnWidths();
-  for (const int i : {0, 1, 5}) EXPECT_GT(wide.at(i), before.at(i)) << i;
-  for (const int i : {2, 3, 4}) EXPECT_EQ(wide.at(i), before.at(i)) << i;
+  for (const std::size_t i : {0U, 1U, 5U}) EXPECT_GT(wide.at(i), before.at(i)) << i;
+  for (const std::size_t i : {2U, 3U, 4U}) EXPECT_EQ(wide.at(i), before.at(i)) << i;
   CloseWindow();
   const OptionValues saved = Saved();
   for (int run = 0; run < 2; ++run) {

@@ -1,5 +1,6 @@
 #include <gdk/gdkwayland.h>
 #include <gtk/gtk.h>
+#include <wx/utils.h>
 #include <xcb/xcb.h>
 
 #include <array>
@@ -28,13 +29,17 @@ using Pixels = std::vector<std::uint32_t>;
 
 /// Presses keys as a person would, by their X names.
 void Press(const std::string& keys) {
-  ASSERT_EQ(std::system(("xdotool key --delay 60 " + keys).c_str()), 0) << keys;
+  ASSERT_EQ(wxExecute("xdotool key --delay 60 " + keys, wxEXEC_SYNC | wxEXEC_NOEVENTS), 0) << keys;
   Settle();
 }
 
 struct Screen {
   int width = 0;
   Pixels pixels;  // rows from the top; blue in the lowest byte
+
+  [[nodiscard]] std::uint32_t At(int x, int y) const {
+    return pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x));
+  }
 };
 
 Screen SeenScreen() {
@@ -47,7 +52,8 @@ Screen SeenScreen() {
       xcb_get_image_reply(server.get(), asked, nullptr), &std::free);
   if (image == nullptr) return {};
   const auto* const first = reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get()));
-  return {screen->width_in_pixels, Pixels(first, first + xcb_get_image_data_length(image.get()) / sizeof(*first))};
+  return {screen->width_in_pixels,
+          Pixels(first, first + xcb_get_image_data_length(image.get()) / static_cast<int>(sizeof(*first)))};
 }
 
 /// One letter for a colour of the test picture; 0 for any other.
@@ -78,7 +84,7 @@ Bars BarsInRow(const Screen& screen, int y) {
   char before = 0;
   int run = 0;
   for (int x = 0; x < screen.width && bars.letters != whole; ++x) {
-    const char letter = Letter(screen.pixels[static_cast<std::size_t>(y * screen.width + x)]);
+    const char letter = Letter(screen.At(x, y));
     run = letter == before ? run + 1 : 1;
     before = letter;
     if (letter == 0 || run != kLeast) continue;

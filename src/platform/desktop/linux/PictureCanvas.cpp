@@ -44,8 +44,8 @@ class WidgetCanvas final : public PictureCanvas {
       const std::lock_guard lock(canvas.mutex_);
       canvas.scheduled_ = false;
     }
-    if (gpointer const widget = g_weak_ref_get(&canvas.widget_)) {
-      gtk_widget_queue_draw(static_cast<GtkWidget*>(widget));
+    if (auto* const widget = static_cast<GtkWidget*>(g_weak_ref_get(&canvas.widget_))) {
+      gtk_widget_queue_draw(widget);
       g_object_unref(widget);
     }
     return G_SOURCE_REMOVE;

@@ -86,7 +86,7 @@ GstElement* MakePictureSink(std::uint64_t window) {
   return sink;
 }
 
-GstElement* MakeCanvasSink(std::shared_ptr<PictureCanvas> canvas) {
+GstElement* MakeCanvasSink(const std::shared_ptr<PictureCanvas>& canvas) {
   // The pixels of PictureFrame. Late pictures are dropped, as other picture sinks do.
   constexpr const char* kPipeline =
       G_BYTE_ORDER == G_LITTLE_ENDIAN

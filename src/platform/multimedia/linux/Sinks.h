@@ -19,6 +19,6 @@ namespace quillon {
 [[nodiscard]] GstElement* MakePictureSink(std::uint64_t window);
 
 /// A sink that passes every picture to the canvas when it is due.
-[[nodiscard]] GstElement* MakeCanvasSink(std::shared_ptr<PictureCanvas> canvas);
+[[nodiscard]] GstElement* MakeCanvasSink(const std::shared_ptr<PictureCanvas>& canvas);
 
 }  // namespace quillon
