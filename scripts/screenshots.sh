@@ -38,17 +38,19 @@ SubFolder=1
 FilterChk=0
 END
 { cat "$work/settings.ini" && echo FilterChk=1; } | sed '0,/FilterChk=0/{/FilterChk=0/d}' >"$work/filter.ini"
+{ cat "$work/settings.ini" && printf '[Update]\nAutoUpdate=1\n[Extra]\nToolBarLabels=1\n'; } >"$work/automatic.ini"
 { cat "$work/settings.ini" && printf '[Extra]\nPattern0={n:02} {artist}{artist? - }{title|{name}}\n'; } >"$work/pattern.ini"
 { cat "$work/settings.ini" && printf '%s\n' '[Modify]' FindCtrl=1 0ReplaceFlag=1 '0ReplaceObject=^a(\d)$' \
   '0ReplaceRepace=Song $1'; } >"$work/modify.ini"
 
 # Each window: its name and the keys that open it from the main window, which has its third row selected.
-windows=(main playing modify pattern message option-1 option-2 option-3 option-4 option-5 option-6 option-7 option-8
+windows=(main empty pending automatic playing modify pattern message option-1 option-2 option-3 option-4 option-5 option-6 option-7 option-8
   bar find version folders wait search nothing)
 keys_of() {
   local first="Home Down Down"
   case $1 in
-    main | bar) echo "$first" ;;
+    main | bar | automatic) echo "$first" ;;
+    pending) echo "ctrl+shift+t Return $first" ;;
     playing) echo "Home Down Down Down Down Down Down Return" ;;
     modify) echo "$first ctrl+shift+e" ;;
     pattern) echo "$first ctrl+shift+p Tab" ;;  # no caret that blinks
@@ -78,7 +80,15 @@ picture() {
   local pictured=active playing= arguments=("$5")
   [ "$4" = .exe ] && program=$3/Quillon.exe
   case $window in
-    main | find) pictured= ;;
+    main | find | pending) pictured= ;;
+    empty)
+      pictured=
+      arguments=()
+      ;;
+    automatic)
+      pictured=
+      settings=$work/automatic.ini
+      ;;
     playing)
       pictured=
       playing=1.5

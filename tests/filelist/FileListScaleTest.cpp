@@ -61,6 +61,23 @@ std::vector<Operation> Operations() {
        [](FileList& list) {
          for (int i = 1; i <= list.Count(); ++i) list.SetLocation(i, "/new" + list.Row(i).location);
        }},
+      {"edit in one step, take it back and do it again",
+       [](FileList& list) {
+         list.Edits().Begin(EditHistory::Merging::kNever);
+         for (int i = 1; i <= list.Count(); ++i) list.SetRenameName(i, "new " + std::to_string(i));
+         list.Edits().End();
+         (void)list.UndoEdits();
+         (void)list.RedoEdits();
+       }},
+      {"apply an edited list row by row",
+       [](FileList& list) {
+         list.Edits().Begin(EditHistory::Merging::kNever);
+         for (int i = 1; i <= list.Count(); ++i) list.SetRenameName(i, "new " + std::to_string(i));
+         list.Edits().End();
+         list.Edits().Begin(EditHistory::Merging::kNever);
+         for (int i = 1; i <= list.Count(); ++i) list.ForgetEdits(i);
+         list.Edits().End();
+       }},
       {"new rows in place",
        [](FileList& list) {
          for (int i = 1; i <= list.Count(); ++i) list.Replace(i, list.Row(i));

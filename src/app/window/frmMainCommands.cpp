@@ -144,6 +144,7 @@ void frmMain::RefreshPictures() {
     GetToolBar()->SetToolDisabledBitmap(IdOf(button.command), GreyPicture(button.picture, kToolPicture, grey));
   }
   playerPanel_->RefreshPictures();
+  hint_->UseColours();
 }
 
 void frmMain::MakeStatusBar() {

@@ -33,7 +33,7 @@ void FraFind::Make() {
     event.Skip();
     handlers_.typed(FromWx(txtFind_->GetValue()));
   });
-  txtFind_->Bind(wxEVT_CHAR, &FraFind::OnBoxKey, this);
+  txtFind_->Bind(wxEVT_CHAR, [this](wxKeyEvent& event) { OnBoxKey(event); });
   fraFind_->Bind(wxEVT_CHAR_HOOK, &FraFind::OnButtonKey, this);
 }
 
@@ -70,7 +70,7 @@ wxButton* FraFind::MakeButton(const char* name, const char* label, const std::st
 }
 
 // Key presses come here after an input method, which needs Enter and Esc itself while it composes.
-void FraFind::OnBoxKey(wxKeyEvent& event) {
+void FraFind::OnBoxKey(wxKeyEvent& event) const {
   switch (event.GetKeyCode()) {
     case WXK_ESCAPE: return handlers_.close();
     case WXK_RETURN:

@@ -47,7 +47,7 @@ class FraFind final : public FindLine {
   void AddControls(wxSizer& row);
   wxButton* MakeButton(const char* name, const char* label, const std::string& tip,
                        const std::function<void()>& pressed);
-  void OnBoxKey(wxKeyEvent& event);
+  void OnBoxKey(wxKeyEvent& event) const;
   void OnButtonKey(wxKeyEvent& event);
 
   wxWindow& parent_;

@@ -2,7 +2,6 @@
 
 #include <wx/settings.h>
 #include <wx/sizer.h>
-#include <wx/statbmp.h>
 #include <wx/stattext.h>
 
 #include "controls/Pictures.h"
@@ -25,16 +24,12 @@ ListHint::ListHint(wxWindow& parent, const std::function<wxDropTarget*()>& dropT
     : panel_(new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE)) {
   panel_->Hide();
   panel_->SetName("listHint");
-  const wxColour background = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
-  const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOXTEXT);
-  panel_->SetBackgroundColour(background);
+  picture_ = new wxStaticBitmap(panel_, wxID_ANY, Picture("drop", kPicture, *wxBLACK));
   auto* column = new wxBoxSizer(wxVERTICAL);
-  column->Add(new wxStaticBitmap(panel_, wxID_ANY, Picture("drop", kPicture, ink)), wxSizerFlags().Centre());
+  column->Add(picture_, wxSizerFlags().Centre());
   for (const char* line : kLines) {
-    auto* text = new wxStaticText(panel_, wxID_ANY, ToWx(line));
-    text->SetForegroundColour(ink);
-    text->SetBackgroundColour(background);
-    column->Add(text, wxSizerFlags().Centre().Border(wxTOP, panel_->FromDIP(kGap)));
+    column->Add(new wxStaticText(panel_, wxID_ANY, ToWx(line)),
+                wxSizerFlags().Centre().Border(wxTOP, panel_->FromDIP(kGap)));
   }
   panel_->SetSizerAndFit(column);
   panel_->SetDropTarget(dropTarget());
@@ -42,9 +37,21 @@ ListHint::ListHint(wxWindow& parent, const std::function<wxDropTarget*()>& dropT
     edge = new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
     edge->Hide();
     edge->SetName("dropEdge");
-    edge->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
     edge->Disable();
   }
+  UseColours();
+}
+
+void ListHint::UseColours() {
+  const wxColour background = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
+  const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOXTEXT);
+  panel_->SetBackgroundColour(background);
+  picture_->SetBitmap(Picture("drop", kPicture, ink));
+  for (wxWindow* child : panel_->GetChildren()) {
+    child->SetBackgroundColour(background);
+    child->SetForegroundColour(ink);
+  }
+  for (wxPanel* edge : edges_) edge->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT));
 }
 
 void ListHint::ShowFrame(bool shown) {

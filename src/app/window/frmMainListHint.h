@@ -1,6 +1,7 @@
 #pragma once
 
 #include <wx/panel.h>
+#include <wx/statbmp.h>
 
 #include <array>
 #include <functional>
@@ -17,12 +18,15 @@ class ListHint {
   [[nodiscard]] wxWindow& Window() { return *panel_; }
   void Show(bool shown);
   void ShowFrame(bool shown);
+  /// Draws the hint in the theme's current colours.
+  void UseColours();
   /// Places the hint in the middle of the list, as far as it fits in below the headings.
   void Place(const wxRect& list);
 
  private:
   wxPanel* panel_;  // like the frame's edges owned by its parent
   std::array<wxPanel*, 4> edges_{};
+  wxStaticBitmap* picture_;
   bool wanted_ = false;
   bool fits_ = true;
 };
