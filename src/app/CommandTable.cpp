@@ -137,15 +137,15 @@ constexpr std::array kMenuBar = {MenuEntries{"ファイル(&F)", kFileMenu}, Men
                                  MenuEntries{"ヘルプ(&H)", kHelpMenu}};
 
 constexpr std::array kToolBar = {
-    ToolBarButton{mnuFolderReference, "フォルダ参照", "open-folder", kSeparator, "", "フォルダ"},
-    ToolBarButton{mnuReload, "再読み込み", "reload", kSeparator, "", "再読み込み"},
-    ToolBarButton{mnuUpdate, "ファイルに適応", "apply", mnuAllUpdate, "すべてファイルに適応(&A)", "適応"},
+    ToolBarButton{mnuFolderReference, "フォルダ参照", "フォルダ", "open-folder"},
+    ToolBarButton{mnuReload, "再読み込み", "再読み込み", "reload"},
+    ToolBarButton{mnuUpdate, "ファイルに適応", "適応", "apply", mnuAllUpdate, "すべてファイルに適応(&A)"},
     ToolBarButton{},
-    ToolBarButton{mnuRename, "タイトルにリネーム", "title", mnuAllRename, "すべてタイトルにリネーム(&R)", "タイトル"},
-    ToolBarButton{mnuModify, "リネーム名を編集", "modify", mnuAllModify, "すべてリネーム名を編集(&A)", "編集"},
-    ToolBarButton{mnuMove, "ファイルを移動", "move", mnuAllMove, "すべてファイルを移動(&A)", "移動"},
+    ToolBarButton{mnuRename, "タイトルにリネーム", "タイトル", "title", mnuAllRename, "すべてタイトルにリネーム(&R)"},
+    ToolBarButton{mnuModify, "リネーム名を編集", "編集", "modify", mnuAllModify, "すべてリネーム名を編集(&A)"},
+    ToolBarButton{mnuMove, "ファイルを移動", "移動", "move", mnuAllMove, "すべてファイルを移動(&A)"},
     ToolBarButton{},
-    ToolBarButton{mnuOption, "オプション", "options", kSeparator, "", "オプション"},
+    ToolBarButton{mnuOption, "オプション", "オプション", "options"},
 };
 
 }  // namespace

@@ -130,10 +130,10 @@ inline constexpr const char* kSortCaption = "並べ替え(&S)";
 struct ToolBarButton {
   Command command = Command::kSeparator;
   const char* label = "";             ///< also its tool tip
+  const char* shortLabel = "";        ///< below its picture, while labels are shown
   const char* picture = "";           ///< a name in resources/icons
   Command all = Command::kSeparator;  ///< in its drop-down menu: the same for all rows; kSeparator: no menu
   const char* allCaption = "";
-  const char* shortLabel = "";  ///< below its picture, while labels are shown
 };
 
 /// Buttons 1 to 9.

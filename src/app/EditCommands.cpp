@@ -7,14 +7,14 @@
 namespace quillon {
 
 void EditCommands::mnuEditUndo() {
-  Show(session_.list.UndoEdits(), " 個のリネーム名の編集を取り消しました");
+  Show(session_.list.UndoEdits(), " 個の編集を取り消しました");
 }
 
 void EditCommands::mnuEditRedo() {
-  Show(session_.list.RedoEdits(), " 個のリネーム名の編集をやり直しました");
+  Show(session_.list.RedoEdits(), " 個の編集をやり直しました");
 }
 
-// A single row is selected, so that the user sees what has changed. Several may be anywhere: the first is scrolled to.
+// A single row is selected, so that the user sees what has changed. Of several, the first is scrolled to.
 void EditCommands::Show(const std::vector<int>& changed, const char* what) {
   if (changed.empty()) return;
   if (changed.size() == 1) {

@@ -14,7 +14,7 @@ namespace quillon {
 namespace {
 
 constexpr std::size_t kCodes = 0x10000;  // the Basic Multilingual Plane; the tables go no further
-constexpr std::size_t kMostBytes = 3;    // that a folded text may have for one byte of the text
+constexpr std::size_t kMostBytes = 3;    // a folded text is at most this many times as long as the text
 
 bool BreaksLine(char32_t c) {
   return (c >= '\t' && c <= '\r') || c == 0x85 || c == 0x2028 || c == 0x2029;

@@ -8,7 +8,7 @@
 namespace quillon {
 namespace {
 
-constexpr int kHardlyAny = 2;  // conversions between twips and pixels may cost so much
+constexpr int kHardlyAny = 2;  // pixels: rounding between twips and pixels may change a width by as much
 constexpr std::array<Column, 3> kGrowing = {Column::kRenameName, Column::kTitle, Column::kLocation};
 
 /// Adds `more` to the widths in proportion to the weights, exactly.

@@ -41,8 +41,10 @@ void EditHistory::End() {
   if (typed && typing_ && !undo_.empty() && AreOfSameRows(undo_.back(), changes)) {
     redo_.clear();
     DropUnchanged(undo_.back());
-    if (undo_.back().empty()) undo_.pop_back();
-    typing_ = !undo_.empty();
+    if (undo_.back().empty()) {
+      undo_.pop_back();
+      typing_ = false;
+    }
     return;
   }
   DropUnchanged(changes);
@@ -59,10 +61,13 @@ void EditHistory::DropUnchanged(Changes& changes) {
 
 void EditHistory::Trim() {
   std::size_t bytes = 0;
-  for (const Changes& step : undo_) bytes += BytesOf(step);
+  for (const Steps* steps : {&undo_, &redo_}) {
+    for (const Changes& step : *steps) bytes += BytesOf(step);
+  }
   while (undo_.size() > kMostSteps || bytes > kMostBytes) {
-    bytes -= BytesOf(undo_.front());
-    undo_.pop_front();
+    Steps& steps = undo_.empty() ? redo_ : undo_;
+    bytes -= BytesOf(steps.front());
+    steps.pop_front();
   }
   if (undo_.empty()) typing_ = false;
 }
@@ -106,6 +111,7 @@ std::vector<FileItem*> EditHistory::Exchange(Steps& from, Steps& to) {
   }
   to.push_back(std::move(step));
   typing_ = false;
+  Trim();
   return rows;
 }
 

@@ -112,8 +112,9 @@ void PresetCommands::Import() {
   if (path.empty()) return;
   const Result<std::vector<Preset>, PresetError> presets = ReadPresetFile(path, NameFor(path));
   if (!presets) return Tell(ReasonFor(presets.Failure(), In::kChosenFile), MessageIcon::kStop);
-  const SameName sameName = AskSameName(presets_.Taken(*presets));
-  const Result<std::size_t, PresetError> added = presets_.Add(*presets, sameName);
+  const std::optional<SameName> sameName = AskSameName(presets_.Taken(*presets));
+  if (!sameName) return;
+  const Result<std::size_t, PresetError> added = presets_.Add(*presets, *sameName);
   if (!added) return Tell(ReasonFor(added.Failure(), In::kSettings), MessageIcon::kStop);
   Tell(
       *added == 0 ? "同じプリセットがもう保存されています" : std::to_string(*added) + " 個のプリセットを読み込みました",
@@ -158,14 +159,20 @@ bool PresetCommands::Accepts(const std::string& name, const std::string& present
   return false;
 }
 
-/// Yes keeps everything, so that it is the answer when no questions are asked.
-SameName PresetCommands::AskSameName(const std::vector<std::string>& taken) {
-  if (taken.empty()) return SameName::kNumber;
-  const bool both = Confirms(
+/// Nullopt when the import was cancelled. OK keeps everything, so that it is the answer when no questions are asked.
+std::optional<SameName> PresetCommands::AskSameName(const std::vector<std::string>& taken) {
+  if (taken.empty() || !options_.confirms) return SameName::kNumber;
+  const std::string text =
       "同じ名前で内容の違うプリセットがあります。番号を付けて両方を残しますか\r\n"
-      "「いいえ」を押すと、保存されているほうを置き換えます" +
-      Listed(taken));
-  return both ? SameName::kNumber : SameName::kReplace;
+      "「置き換える」を押すと、保存されているほうは失われます" +
+      Listed(taken);
+  switch (boxes_.AskQuestion(
+      {.message = {kCaption, text, MessageIcon::kQuestion, MessageButtons::kOkCancel}, .further = "置き換える(&R)"})) {
+    case QuestionAnswer::kYes: return SameName::kNumber;
+    case QuestionAnswer::kFurther: return SameName::kReplace;
+    case QuestionAnswer::kNo: break;
+  }
+  return std::nullopt;
 }
 
 bool PresetCommands::Confirms(const std::string& text) {

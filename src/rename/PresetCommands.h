@@ -61,7 +61,7 @@ class PresetCommands {
   void Show(const OptionValues::Modify& rules);
   [[nodiscard]] std::optional<std::string> AskName(const std::string& title, const std::string& present, bool replaces);
   [[nodiscard]] bool Accepts(const std::string& name, const std::string& present, bool replaces);
-  [[nodiscard]] SameName AskSameName(const std::vector<std::string>& taken);
+  [[nodiscard]] std::optional<SameName> AskSameName(const std::vector<std::string>& taken);
   [[nodiscard]] bool Confirms(const std::string& text);
   [[nodiscard]] bool Done(const std::optional<PresetError>& error);
   void Tell(const std::string& text, MessageIcon icon);

@@ -26,7 +26,7 @@ using ApplyRow = std::function<bool(int index)>;
 /// The result of a run over rows.
 struct RunOutcome {
   RunEnd end = RunEnd::kComplete;
-  int changed = 0;    ///< names that are others than before
+  int changed = 0;    ///< rows whose name is not the same as before
   int leftAlone = 0;  ///< unchanged names; see ModifyResult::leftAlone
   int failedRow = 0;  ///< of a stopped run, 1-based; its rename name is unchanged
 };

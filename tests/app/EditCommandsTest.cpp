@@ -27,12 +27,12 @@ TEST(EditCommands, TakeBackWhatWasTypedAndDoItAgain) {
   EXPECT_EQ(f.Names(), Texts({"a", "b"}));
   EXPECT_EQ(SelectedRows(f.app.List()), Indices({1})) << "the row that changed is shown";
   EXPECT_EQ(f.box.Text(), "a");
-  EXPECT_EQ(f.LastPanel("player"), "1 個のリネーム名の編集を取り消しました");
+  EXPECT_EQ(f.LastPanel("player"), "1 個の編集を取り消しました");
   EXPECT_FALSE(f.app.IsEnabled(mnuEditUndo));
   f.app.Execute(mnuEditRedo);
   EXPECT_EQ(f.Names(), Texts({"new", "b"}));
   EXPECT_EQ(f.box.Text(), "new");
-  EXPECT_EQ(f.LastPanel("player"), "1 個のリネーム名の編集をやり直しました");
+  EXPECT_EQ(f.LastPanel("player"), "1 個の編集をやり直しました");
 }
 
 TEST(EditCommands, EachCommandIsOneStep) {

@@ -201,6 +201,25 @@ TEST(EditHistory, KeepsAtMost64MiB) {
   EXPECT_EQ(f.list.Row(1).renameName, large + "1");
 }
 
+TEST(EditHistory, WhatCanBeDoneAgainCountsToo) {
+  Fixture f;
+  f.Edit({{1, "x"}});
+  f.Edit({{2, std::string(EditHistory::kMostBytes, 'y')}});  // the step itself is small
+  EXPECT_EQ(f.list.UndoEdits(), Indices({2}));
+  EXPECT_FALSE(f.list.Edits().CanRedo());
+  EXPECT_EQ(f.list.Row(2).renameName, "b");
+}
+
+TEST(EditHistory, TypingAfterAVanishedStepDoesNotJoinTheStepBefore) {
+  Fixture f;
+  f.Edit({{1, "RULE"}});
+  f.Edit({{1, "x"}}, kTyping);
+  f.Edit({{1, "RULE"}}, kTyping);  // back to where the typing began
+  f.Edit({{1, "y"}}, kTyping);
+  EXPECT_EQ(f.list.UndoEdits(), Indices({1}));
+  EXPECT_EQ(f.list.Row(1).renameName, "RULE");
+}
+
 TEST(EditHistory, AStepThatIsTooLargeIsNotKeptNorAnyBeforeIt) {
   Fixture f;
   f.Edit({{2, "y"}});

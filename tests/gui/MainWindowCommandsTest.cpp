@@ -185,6 +185,9 @@ TEST_F(CommandsOfMainWindow, CtrlASelectsEveryRowAndSpaceTogglesTheirChecks) {
   Key(WXK_SPACE);
   EXPECT_EQ(CheckedRows(), (Rows{1, 2, 3}));
   EXPECT_EQ(SelectedRows(), (Rows{1, 2, 3}));
+  Key(WXK_SPACE, wxMOD_SHIFT);
+  EXPECT_EQ(CheckedRows(), (Rows{1, 2, 3})) << "not a key of the list";
+  EXPECT_EQ(SelectedRows(), (Rows{1, 2, 3}));
 }
 
 TEST_F(CommandsOfMainWindow, SortingReversesTheOrder) {

@@ -1,5 +1,6 @@
 #include <wx/dnd.h>
 #include <wx/panel.h>
+#include <wx/timer.h>
 
 #include "controls/WxText.h"
 #include "gui/MainWindow.h"
@@ -128,18 +129,53 @@ TEST_F(PendingInMainWindow, TheEndAsksForThemIfTheOptionsSaySo) {
   EXPECT_TRUE(Until([this] { return !IsOpen(); }));
 }
 
+TEST_F(PendingInMainWindow, AnEndThatCannotBeRefusedDoesNotAsk) {
+  OptionValues options = Options();
+  options.extra.confirmPending = true;
+  OpenFolder(options);
+  App().LabelEdited(1, "x");
+  Frame().CloseUnanswered();
+  EXPECT_TRUE(Until([this] { return !IsOpen(); }));
+  EXPECT_EQ(dialogs.TakeShown(), std::vector<Message>());
+
+  OpenFolder(options);
+  App().LabelEdited(1, "x");
+  dialogs.Answer(true);  // that the settings are deleted
+  Run(mnuOptionDefaultExit);
+  EXPECT_TRUE(Until([this] { return !IsOpen(); }));
+  EXPECT_FALSE(home.Exists("Quillon.ini"));
+}
+
+TEST_F(PendingInMainWindow, TheHintGivesWayToTheLoadingLabel) {
+  for (int i = 0; i < 3000; ++i) WriteMidi("song " + std::to_string(i) + ".mid", "Title");
+  Open(Options());
+  bool loading = false;
+  bool both = false;
+  wxTimer timer;
+  timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+    if (!IsShown("lblNowloading")) return;
+    loading = true;
+    both = both || IsShown("fraListHint");
+  });
+  timer.Start(5);
+  App().LoadPaths({folder.Path()});
+  EXPECT_TRUE(loading);
+  EXPECT_FALSE(both);
+  EXPECT_FALSE(IsShown("fraListHint"));
+}
+
 TEST_F(PendingInMainWindow, AnEmptyListSaysWhatToDo) {
   Open(Options());
-  EXPECT_TRUE(IsShown("listHint"));
-  const wxRect hint = Get<wxPanel>("listHint").GetRect();
+  EXPECT_TRUE(IsShown("fraListHint"));
+  const wxRect hint = Get<wxPanel>("fraListHint").GetRect();
   EXPECT_TRUE(Frame().List().Window().GetRect().Contains(hint));
   App().LoadPaths({folder.Path()});
   Drain();
-  EXPECT_FALSE(IsShown("listHint"));
+  EXPECT_FALSE(IsShown("fraListHint"));
   dialogs.Answer(true);
   Run(mnuAllClear);
-  EXPECT_TRUE(IsShown("listHint"));
-  auto* const target = dynamic_cast<wxFileDropTarget*>(Get<wxPanel>("listHint").GetDropTarget());
+  EXPECT_TRUE(IsShown("fraListHint"));
+  auto* const target = dynamic_cast<wxFileDropTarget*>(Get<wxPanel>("fraListHint").GetDropTarget());
   ASSERT_NE(target, nullptr);
   wxArrayString paths;
   paths.Add(ToWx(folder.At("b.mid")));
@@ -153,7 +189,7 @@ TEST_F(PendingInMainWindow, AFrameShowsWhereADragGoes) {
   const auto edges = [this] {
     int shown = 0;
     for (const wxWindow* child : Frame().List().Window().GetParent()->GetChildren()) {
-      if (child->GetName() == "dropEdge" && child->IsShown()) ++shown;
+      if (child->GetName() == "fraDropEdge" && child->IsShown()) ++shown;
     }
     return shown;
   };
@@ -170,20 +206,20 @@ TEST_F(PendingInMainWindow, AFrameShowsWhereADragGoes) {
 
 TEST_F(PendingInMainWindow, AutoApplyModeWarnsInItsPanel) {
   Open(Options());
-  EXPECT_FALSE(IsShown("modeWarning"));
+  EXPECT_FALSE(IsShown("fraModeWarning"));
   dialogs.Answer(true);
   dialogs.Answer(true);
   ClickModePanel();
   ASSERT_TRUE(Until([this] { return Status(kModePanel) == kAutomatic; }));
-  ASSERT_TRUE(Until([this] { return IsShown("modeWarning"); }));
-  const wxPanel& warning = Get<wxPanel>("modeWarning");
+  ASSERT_TRUE(Until([this] { return IsShown("fraModeWarning"); }));
+  const wxPanel& warning = Get<wxPanel>("fraModeWarning");
   EXPECT_EQ(warning.GetBackgroundColour(), wxColour(0xFF, 0xC1, 0x07));
   wxRect panel;
   ASSERT_TRUE(Frame().GetStatusBar()->GetFieldRect(kModePanel, panel));
   EXPECT_EQ(warning.GetRect(), panel);
   ClickModePanel(1);
   EXPECT_TRUE(Until([this] { return Status(kModePanel) == kManual; }));
-  EXPECT_FALSE(IsShown("modeWarning"));
+  EXPECT_FALSE(IsShown("fraModeWarning"));
 }
 
 TEST_F(PendingInMainWindow, ToolBarLabelsAreShownAndHidden) {

@@ -65,6 +65,14 @@ TEST(Pictures, OtherColoursStay) {
   EXPECT_EQ(PixelsOf(Picture("stop", 16, *wxWHITE), 48, blue), pixels);
 }
 
+TEST(Pictures, AGreyPictureHasNoOtherColour) {
+  const wxColour blue(0x2f, 0x86, 0xe0);
+  const wxColour grey(0x80, 0x80, 0x80);
+  EXPECT_EQ(PixelsOf(GreyPicture("stop", 16, grey), 48, blue), 0);
+  EXPECT_EQ(PixelsOf(GreyPicture("stop", 16, grey), 48, grey), PixelsOf(Picture("stop", 16, *wxBLACK), 48, blue));
+  EXPECT_FALSE(GreyPicture("no-such-picture", 16, grey).IsOk());
+}
+
 TEST(Pictures, AnUnknownNameIsEmpty) {
   EXPECT_FALSE(Picture("no-such-picture", 16, *wxBLACK).IsOk());
   EXPECT_FALSE(Picture("", 16, *wxBLACK).IsOk());

@@ -258,5 +258,8 @@ def wait_for_box(name, text):
     until_equal(lambda: box(name), text, f"box {name}")
 
 
+PENDING = "（未適応）"  # is read after a rename name that is not applied
+
+
 def wait_for_names(names):
-    until_equal(lambda: [row.name for row in rows() or []], names, "the rows' names")
+    until_equal(lambda: [row.name.removesuffix(PENDING) for row in rows() or []], names, "the rows' names")

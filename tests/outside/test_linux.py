@@ -71,7 +71,7 @@ class Linux(unittest.TestCase):
 
     def test_bars_and_headings_can_be_read(self):
         self.load()
-        status = "手動適応モード / 選択： 01.mid / チェック数： 3 / アイテム数：  3"
+        status = "手動適応モード / 選択： 01.mid / 未適応： 0 / チェック数： 3 / アイテム数：  3"
         until_equal(lambda: reader.names_of(reader.Atspi.Role.STATUS_BAR), [status], "the status bar read")
         headings = reader.names_of(reader.Atspi.Role.TABLE_COLUMN_HEADER)
         self.assertEqual(headings, ["チェック", "アイコン", *reader.COLUMNS])
@@ -109,6 +109,7 @@ class Linux(unittest.TestCase):
         press("ctrl+t")
         self.assertEqual(answer("タイトルにリネーム", _TITLES_QUESTION), ["OK", "キャンセル"])
         reader.wait_for_names(["さくら", "Greensleeves", "荒城の月"])
+        self.assertEqual([row.name.endswith(reader.PENDING) for row in reader.rows()], [True] * 3)
         self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
         press("ctrl+s")
         answer("ファイルに適応", _APPLY_QUESTION)

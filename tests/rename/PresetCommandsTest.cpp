@@ -29,6 +29,13 @@ Modify Rules(const std::string& find) {
 struct Boxes final : MessageBoxes {
   std::vector<std::string> shown;
   std::deque<bool> answers;  ///< to questions
+  bool further = false;      ///< the third button answers the next question that has one
+
+  QuestionAnswer AskQuestion(const QuestionMessage& question) override {
+    if (question.further.empty() || !std::exchange(further, false)) return MessageBoxes::AskQuestion(question);
+    shown.push_back(question.message.text);
+    return QuestionAnswer::kFurther;
+  }
 
   bool Show(const Message& message) override {
     EXPECT_EQ(message.caption, "プリセット");
@@ -285,12 +292,15 @@ TEST_F(PresetCommandsTest, AnImportAsksOnceAboutTakenNames) {
   EXPECT_THAT(commands_.Names(), ElementsAre("a", "b", "A (2)", "b (2)", "c"));
   EXPECT_EQ(Kept("a"), Rules("1"));
   EXPECT_THAT(TakeShown(), ElementsAre("同じ名前で内容の違うプリセットがあります。番号を付けて両方を残しますか\r\n"
-                                       "「いいえ」を押すと、保存されているほうを置き換えます\r\nA\r\nb",
+                                       "「置き換える」を押すと、保存されているほうは失われます\r\nA\r\nb",
                                        "3 個のプリセットを読み込みました"));
-  boxes_.answers = {false};
   dialog_.file = folder_.Write("in.ini", "[Preset A]\nUpper=1\n");
+  boxes_.answers = {false};
   commands_.Import();
-  EXPECT_TRUE(Kept("a").upper);
+  EXPECT_EQ(Kept("a"), Rules("1")) << "cancelled";
+  boxes_.further = true;
+  commands_.Import();
+  EXPECT_TRUE(Kept("a").upper) << "replaced";
   EXPECT_EQ(commands_.Names().size(), 5u);
 }
 

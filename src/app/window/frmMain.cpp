@@ -115,7 +115,8 @@ void frmMain::MakeControls() {
   MakeMusicPlayer(controls_, {[this] { app_->Player().SliderPressed(); },
                               [this](std::int32_t value) { app_->Player().SliderReleased(value); },
                               [](std::int32_t value) { return MusicPlayer::SliderTip(value); }});
-  loading_ = std::make_unique<LoadingLabel>(*controls_.panel, [this]() -> wxWindow& { return *controls_.list; });
+  loading_ = std::make_unique<LoadingLabel>(
+      *controls_.panel, [this]() -> wxWindow& { return *controls_.list; }, [this] { ShowHint(); });
   controls_.lblNowloading = &loading_->Window();
   tagsBar_ =
       std::make_unique<MoreTagsBar>(*controls_.panel, MoreTagsBar::Handlers{.read = [this] { app_->AcceptTagsOffer(); },
@@ -299,7 +300,7 @@ void frmMain::OnClose(wxCloseEvent& event) {
 // While a command runs, the window closes after it and after the dialog that it has open. While a dialog is open
 // without a command, closing is refused: the user answers it first and then closes again.
 bool frmMain::StaysOpen() {
-  if (!app_->IsRunning()) return TopmostDialog(nullptr) != nullptr || !app_->MayEnd();
+  if (!app_->IsRunning()) return TopmostDialog(nullptr) != nullptr || (asksAtEnd_ && !app_->MayEnd());
   closeWanted_ = boxes_.StopBatch() || !inputEnabled_;
   app_->CancelLoad();
   frmWait_.Cancel();
@@ -307,6 +308,7 @@ bool frmMain::StaysOpen() {
 }
 
 void frmMain::CloseUnanswered() {
+  asksAtEnd_ = false;
   Close();
   if (auto* const dialog = dynamic_cast<wxDialog*>(TopmostDialog(nullptr))) dialog->EndModal(wxID_CANCEL);
   wxWakeUpIdle();  // closed windows are only destroyed when idle, and there may be no user event
@@ -317,7 +319,7 @@ void frmMain::Quit() {
 }
 
 void frmMain::EndAtOnce() {
-  saves_ = false;
+  saves_ = asksAtEnd_ = false;
   CallAfter([this] { Close(); });
 }
 

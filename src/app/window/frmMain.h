@@ -127,6 +127,7 @@ class frmMain final : public wxFrame,
   void ShowStatus(const std::string& text, int panel);
   void ScheduleUpdate();
   void UpdateCounts();
+  void ShowHint();
   void UpdateCommands();
   void ApplySettings();
   void Place(wxSize size);
@@ -169,6 +170,7 @@ class frmMain final : public wxFrame,
   bool updateScheduled_ = false;
   bool closeWanted_ = false;  // asked for while a command runs
   bool saves_ = true;
+  bool asksAtEnd_ = true;
   std::array<int, 5> panelWidths_{};
   wxSize givenSize_;        // the window's size, while nobody has resized it
   bool settled_ = false;    // the window is on the screen with its first size

@@ -20,18 +20,30 @@ int frmMainColumns::FirstWidth(Column column, std::int32_t twips) const {
 }
 
 void frmMainColumns::Show(const OptionValues::Window& stored) {
-  const OptionValues::Window usual;
   const wxWindow& window = list_.Window();
   ColumnWidths::Widths first{};
-  ColumnWidths::Widths unchanged{};
   for (std::size_t i = 0; i < first.size(); ++i) {
     const auto column = static_cast<Column>(i);
-    unchanged[i] = FirstWidth(column, usual.columnWidths[i]);
     first[i] = std::clamp(FirstWidth(column, stored.columnWidths[i]), window.FromDIP(kNarrowestColumn),
                           window.FromDIP(kWidestColumn));
     list_.SetColumnWidth(column, first[i]);
   }
-  widths_.emplace(first, unchanged);
+  widths_.emplace(first, Usual());
+}
+
+ColumnWidths::Widths frmMainColumns::Usual() const {
+  const OptionValues::Window usual;
+  ColumnWidths::Widths widths{};
+  for (std::size_t i = 0; i < widths.size(); ++i) {
+    widths[i] = FirstWidth(static_cast<Column>(i), usual.columnWidths[i]);
+  }
+  return widths;
+}
+
+void frmMainColumns::StartAnew() {
+  widths_.emplace(Shown(), Usual());
+  room_ = list_.RoomForColumns();
+  widths_->SetStartRoom(room_);
 }
 
 ColumnWidths::Widths frmMainColumns::Shown() const {

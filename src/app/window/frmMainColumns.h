@@ -19,10 +19,16 @@ class frmMainColumns {
   /// Call it when the list's size may have changed. The first size is the one that the program gave the window.
   void Follow(bool firstSize);
 
-  /// Stores the widths that go with the window's size if that is stored, too, and else with its first size.
+  /// Takes the widths on the screen as the first ones. Call it when the system has rescaled the list for another
+  /// screen.
+  void StartAnew();
+
+  /// Stores the widths: those on the screen if the window's size is stored, too (`withSize`), otherwise those that the
+  /// columns had at the window's first size.
   void Keep(OptionValues::Window& stored, bool withSize);
 
  private:
+  [[nodiscard]] ColumnWidths::Widths Usual() const;
   [[nodiscard]] int FirstWidth(Column column, std::int32_t twips) const;
   [[nodiscard]] ColumnWidths::Widths Shown() const;
 

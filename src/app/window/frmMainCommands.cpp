@@ -30,7 +30,8 @@ constexpr int kPlayerPanel = 1;
 constexpr int kFirstCountPanel = 2;
 constexpr int kPanels = 5;
 
-constexpr int kPanelMargin = 20;  // DIP
+constexpr int kPanelMargin = 12;  // DIP
+constexpr int kGrip = 16;         // DIP
 
 wxString MenuText(const CommandEntry& entry) {
   const wxString caption = ToWx(entry.caption);
@@ -160,14 +161,14 @@ void frmMain::MakeStatusBar() {
 // The player's panel takes what the others leave. The counts' panels are as wide as their texts.
 void frmMain::ShowCounts(const std::array<std::string, 3>& counts) {
   wxStatusBar& bar = *GetStatusBar();
-  const int margin = bar.FromDIP(kPanelMargin);  // also the room for the grip
+  const int margin = bar.FromDIP(kPanelMargin);
   const auto widthOf = [&](std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }, '0');
     return bar.GetTextExtent(ToWx(text)).x + margin;
   };
   const std::array<int, kPanels> widths = {modeWarning_->WidthFor(ToWx(kAutoApplyText)), -1, widthOf(counts[0]),
-                                           widthOf(counts[1]), widthOf(counts[2]) + margin};
+                                           widthOf(counts[1]), widthOf(counts[2]) + bar.FromDIP(kGrip)};
   if (widths != panelWidths_) bar.SetStatusWidths(kPanels, widths.data());
   panelWidths_ = widths;
   for (std::size_t i = 0; i < counts.size(); ++i) ShowStatus(counts[i], kFirstCountPanel + static_cast<int>(i));
@@ -214,6 +215,10 @@ void frmMain::BindEvents() {
   });
   Bind(wxEVT_CHAR_HOOK, &frmMain::KeepBoxKeys, this);
   Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
+  Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
+    event.Skip();
+    CallAfter([this] { columns_->StartAnew(); });
+  });
   Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
     RefreshPictures();
     event.Skip();
@@ -386,8 +391,12 @@ void frmMain::ScheduleUpdate() {
   });
 }
 
-void frmMain::UpdateCounts() {
+void frmMain::ShowHint() {
   hint_->Show(app_->List().Count() == 0 && !controls_.lblNowloading->IsShown());
+}
+
+void frmMain::UpdateCounts() {
+  ShowHint();
   ShowCounts({PendingCountText(app_->List()), CheckCountText(app_->List()), ItemCountText(app_->List())});
 }
 

@@ -4,6 +4,9 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include <string>
+
+#include "app/CommandTable.h"
 #include "controls/Pictures.h"
 #include "controls/WxText.h"
 
@@ -15,19 +18,21 @@ constexpr int kGap = 6;        // DIP
 constexpr int kEdge = 3;       // DIP
 constexpr int kHeadings = 28;  // DIP: the height of the list's headings, about
 
-constexpr const char* kLines[] = {"ここにファイルやフォルダーをドロップ", "フォルダ参照： Ctrl+O",
-                                  "ファイルを開く： Ctrl+Shift+O"};
+std::string WayBy(Command command) {
+  return PlainCaption(command) + "： " + EntryOf(command).shortcut;
+}
 
 }  // namespace
 
 ListHint::ListHint(wxWindow& parent, const std::function<wxDropTarget*()>& dropTarget)
     : panel_(new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE)) {
   panel_->Hide();
-  panel_->SetName("listHint");
+  panel_->SetName("fraListHint");
   picture_ = new wxStaticBitmap(panel_, wxID_ANY, Picture("drop", kPicture, *wxBLACK));
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(picture_, wxSizerFlags().Centre());
-  for (const char* line : kLines) {
+  for (const std::string& line : {std::string("ここにファイルやフォルダーをドロップ"),
+                                  WayBy(Command::mnuFolderReference), WayBy(Command::mnuFileLoad)}) {
     column->Add(new wxStaticText(panel_, wxID_ANY, ToWx(line)),
                 wxSizerFlags().Centre().Border(wxTOP, panel_->FromDIP(kGap)));
   }
@@ -36,8 +41,8 @@ ListHint::ListHint(wxWindow& parent, const std::function<wxDropTarget*()>& dropT
   for (wxPanel*& edge : edges_) {
     edge = new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
     edge->Hide();
-    edge->SetName("dropEdge");
-    edge->Disable();
+    edge->SetName("fraDropEdge");
+    edge->SetDropTarget(dropTarget());
   }
   UseColours();
 }

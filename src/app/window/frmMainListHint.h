@@ -15,7 +15,6 @@ class ListHint {
   /// `dropTarget` makes a drop target that does what the list's own does.
   ListHint(wxWindow& parent, const std::function<wxDropTarget*()>& dropTarget);
 
-  [[nodiscard]] wxWindow& Window() { return *panel_; }
   void Show(bool shown);
   void ShowFrame(bool shown);
   /// Draws the hint in the theme's current colours.

@@ -6,6 +6,8 @@
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 
+#include <utility>
+
 #include "controls/Pictures.h"
 #include "controls/ShortenedToFit.h"
 #include "controls/WxText.h"
@@ -18,8 +20,10 @@ constexpr int kPicture = 48;  // DIP
 
 }  // namespace
 
-LoadingLabel::LoadingLabel(wxWindow& parent, const std::function<wxWindow&()>& list)
-    : list_(list), lblNowloading_(new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME)) {
+LoadingLabel::LoadingLabel(wxWindow& parent, const std::function<wxWindow&()>& list, std::function<void()> changed)
+    : list_(list),
+      changed_(std::move(changed)),
+      lblNowloading_(new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME)) {
   lblNowloading_->Hide();
   lblNowloading_->SetName("lblNowloading");
   const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
@@ -62,6 +66,7 @@ void LoadingLabel::ShowIfLate() {
   list_().Hide();
   lblNowloading_->Layout();
   lblNowloading_->Show();
+  changed_();
 }
 
 void LoadingLabel::End() {
@@ -70,6 +75,7 @@ void LoadingLabel::End() {
   lblNowloading_->Hide();
   list_().Show();
   if (hadFocus_) list_().SetFocus();
+  changed_();
 }
 
 void YieldingMessages::Process() {

@@ -17,8 +17,9 @@ namespace quillon {
 /// lblPicNowLoding in the middle. It is not shown for a quick load.
 class LoadingLabel final : public ProgressDisplay {
  public:
-  /// The label's window is made as a child of `parent`; `list` is hidden while it shows.
-  LoadingLabel(wxWindow& parent, const std::function<wxWindow&()>& list);
+  /// The label's window is made as a child of `parent`; `list` is hidden while it shows. `changed` is called when the
+  /// label has appeared or disappeared.
+  LoadingLabel(wxWindow& parent, const std::function<wxWindow&()>& list, std::function<void()> changed);
 
   [[nodiscard]] wxWindow& Window() { return *lblNowloading_; }
 
@@ -33,6 +34,7 @@ class LoadingLabel final : public ProgressDisplay {
   using Clock = std::chrono::steady_clock;
 
   std::function<wxWindow&()> list_;
+  std::function<void()> changed_;
   wxPanel* lblNowloading_;
   wxStaticText* lblPicNowLoding_;
   wxStaticText* lblLine_;

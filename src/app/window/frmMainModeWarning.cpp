@@ -30,7 +30,7 @@ ModeWarning::ModeWarning(wxStatusBar& bar, int panel, std::function<void()> clic
 
 void ModeWarning::Make() {
   cover_ = new wxPanel(&bar_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
-  cover_->SetName("modeWarning");
+  cover_->SetName("fraModeWarning");
   cover_->SetBackgroundColour(Background());
   auto* sign = new wxStaticBitmap(cover_, wxID_ANY, Picture("warning", kSign, *wxBLACK));
   text_ = new wxStaticText(cover_, wxID_ANY, "");

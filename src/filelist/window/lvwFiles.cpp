@@ -189,12 +189,9 @@ bool lvwFilesBase::UseKey(wxKeyEvent& event) {
   SyncSelection();
   Announce();
   const int key = event.GetKeyCode();
-  if (event.GetModifiers() == wxMOD_NONE && key == WXK_SPACE) {
-    if (typeAhead_.IsGoingOn(TypeAhead::Clock::now())) {
-      TypeAheadBy(" ");
-    } else {
-      ToggleChecks();
-    }
+  if ((event.GetModifiers() & ~wxMOD_SHIFT) == 0 && key == WXK_SPACE) {
+    const bool inText = typeAhead_.IsGoingOn(TypeAhead::Clock::now()) && TypeAheadBy(" ");
+    if (!inText && event.GetModifiers() == wxMOD_NONE) ToggleChecks();
     return true;
   }
   if (event.GetModifiers() == wxMOD_NONE && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER)) {
@@ -212,13 +209,15 @@ bool lvwFilesBase::UseCharacter(const wxKeyEvent& event) {
   const wxChar character = event.GetUnicodeKey();
   const bool typed = character > WXK_SPACE && character != WXK_DELETE && (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
   if (!typed || IsEditing()) return false;
-  if (inputEnabled_) TypeAheadBy(wxString(character));
+  if (inputEnabled_) (void)TypeAheadBy(wxString(character));
   return true;
 }
 
-void lvwFilesBase::TypeAheadBy(const wxString& character) {
+// True when a row begins with what was typed so far.
+bool lvwFilesBase::TypeAheadBy(const wxString& character) {
   const int index = typeAhead_.Type(list_, FromWx(character), FocusedRow(), TypeAhead::Clock::now());
   if (index != 0 && handlers_.typed) handlers_.typed(index);
+  return index != 0;
 }
 
 void lvwFilesBase::SelectAll() {

@@ -109,7 +109,7 @@ class lvwFilesBase : public lvwFiles {
   void PutSelection(const std::vector<int>& rows);
   void SelectAll();
   void ToggleChecks();
-  void TypeAheadBy(const wxString& character);
+  [[nodiscard]] bool TypeAheadBy(const wxString& character);
 
   FileList& list_;
   Handlers handlers_;

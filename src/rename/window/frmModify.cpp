@@ -289,22 +289,24 @@ void frmModify::ShowPreview() {
 }
 
 void frmModify::ShowProblems(const OptionValues::Modify& form) {
-  std::string first;
+  std::string problems;
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) {
     const ReplaceRule& rule = form.rules[i];
     const bool checked = regex_ != nullptr && form.method == FindMethod::kRegex && rule.active && !rule.find.empty();
     const std::string problem =
         checked ? RegexProblem(rule.find, rule.replacement, form.ignoreCase, *regex_).value_or("") : "";
     ShowProblem(i, problem);
-    if (first.empty() && !problem.empty()) first = "規則 " + std::to_string(i + 1) + ": " + problem;
+    if (problem.empty()) continue;
+    problems += (problems.empty() ? "規則 " : " / 規則 ") + std::to_string(i + 1) + ": " + problem;
   }
-  if (FromWx(lblProblem_->GetLabelText()) != first) lblProblem_->SetLabelText(ToWx(first));
+  if (FromWx(lblProblem_->GetLabelText()) != problems) lblProblem_->SetLabelText(ToWx(problems));
 }
 
 // Boxes are named with what is shown elsewhere about them, so that it is read aloud.
 void frmModify::ShowProblem(std::size_t rule, const std::string& problem) {
   RuleControls& controls = ruleControls_.at(rule);
   if (std::exchange(controls.problem, problem) == problem) return;
+  controls.txtObject->SetToolTip(ToWx(problem));
   const std::string name = "検索する文字列 " + std::to_string(rule + 1);
   SetAccessibleName(controls.txtObject->GetHandle(), problem.empty() ? name : name + " " + problem);
 }

@@ -140,7 +140,7 @@ void frmModify::AddPreview(wxSizer& column) {
   list.SetMinSize(wxSize(list.GetBestSize().x + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this),
                          kFewestPreviewLines * GetCharHeight()));
   SetAccessibleName(list.GetHandle(), "プレビュー");
-  lblSummary_ = MakeLine(this, "lblSummary");  // after the list, which the label has to come before
+  lblSummary_ = MakeLine(this, "lblSummary");  // made after the list, so that the label "プレビュー" names the list
   auto* heading = new wxBoxSizer(wxHORIZONTAL);
   heading->Add(label);
   heading->AddSpacer(FromDIP(kGap));

@@ -76,8 +76,8 @@ class Windows(unittest.TestCase):
         self.assertIn("MIDI", self.wine.box("ファイル情報"))
         self.assertIn("トラック数： 1", self.wine.box("詳細"))
         panels = self.wine.panels()
-        self.assertEqual(panels[:3], ["手動適応モード", "選択： 01.mid", "チェック数： 3"])
-        self.assertRegex(panels[3], "^アイテム数： +3$")
+        self.assertEqual(panels[:4], ["手動適応モード", "選択： 01.mid", "未適応： 0", "チェック数： 3"])
+        self.assertRegex(panels[4], "^アイテム数： +3$")
 
     def test_the_boxes_follow_the_selected_row(self):
         self.load()
@@ -100,7 +100,7 @@ class Windows(unittest.TestCase):
         texts = self.answer("ファイルに適応", "3 個のファイルを適応しました")
         self.assertIn("エラーでスキップされたファイルはありません", texts[0])
         self.assertEqual(self.names(), ["Greensleeves.mid", "さくら.mid", "荒城の月.mp3"])
-        until_equal(lambda: self.wine.panels()[2], "チェック数： 0", "the rows unchecked")
+        until_equal(lambda: self.wine.panels()[3], "チェック数： 0", "the rows unchecked")
         locations = [row[5] for row in self.wine.list()["rows"]]
         expected = ["さくら.mid", "Greensleeves.mid", "荒城の月.mp3"]
         self.assertEqual(locations, [windows_path(self.files / name) for name in expected])
@@ -115,7 +115,7 @@ class Windows(unittest.TestCase):
         self.assertIsNone(self.wine.dialog())
         self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
         self.assertEqual([row[0] for row in self.wine.list()["rows"]], ["01", "02", "曲 03"])
-        self.assertEqual(self.wine.panels()[2], "チェック数： 3")
+        self.assertEqual(self.wine.panels()[3], "チェック数： 3")
 
     def test_enter_in_the_rename_box_walks_down(self):
         self.load()
@@ -151,7 +151,7 @@ class Windows(unittest.TestCase):
         press("shift+Delete")
         self.wine.wait_for_names(["02", "曲 03"])
         self.assertEqual(self.names(), ["01.mid", "02.mid", "曲 03.mp3"])
-        self.assertRegex(self.wine.panels()[3], "^アイテム数： +2$")
+        self.assertRegex(self.wine.panels()[4], "^アイテム数： +2$")
 
     def test_del_deletes_the_file(self):
         # Not to the recycle bin, which under Wine is the real trash of the user who runs this.
@@ -181,9 +181,9 @@ class Windows(unittest.TestCase):
     def test_space_toggles_the_check(self):
         self.load()
         press("space")
-        until_equal(lambda: self.wine.panels()[2], "チェック数： 2", "a row unchecked")
+        until_equal(lambda: self.wine.panels()[3], "チェック数： 2", "a row unchecked")
         press("space")
-        until_equal(lambda: self.wine.panels()[2], "チェック数： 3", "it is checked again")
+        until_equal(lambda: self.wine.panels()[3], "チェック数： 3", "it is checked again")
 
     def test_a_click_on_a_header_sorts(self):
         self.load()
@@ -262,7 +262,7 @@ class Windows(unittest.TestCase):
     def test_reset_and_quit_deletes_the_settings(self):
         self.program.settings.write_bytes(b"[List]\r\nLoadChk=0\r\n")
         process = self.load()
-        self.assertEqual(self.wine.panels()[2], "チェック数： 0")
+        self.assertEqual(self.wine.panels()[3], "チェック数： 0")
         press("alt+f", "d")
         self.answer("設定をデフォルトに戻して終了", "設定をすべてデフォルトに戻して終了します")
         self.assertEqual(self.program.status(process), 0)

@@ -75,7 +75,8 @@ class Wine:
         return None
 
     def wait_for_names(self, names):
-        until_equal(lambda: [row[0] for row in self.list()["rows"] or []], names, "the rows' names")
+        pending = "（未適応）"  # is read after a rename name that is not applied
+        until_equal(lambda: [row[0].removesuffix(pending) for row in self.list()["rows"] or []], names, "the rows' names")
 
     def wait_for_box(self, label, text):
         until_equal(lambda: self.box(label), text, f"box {label}")
