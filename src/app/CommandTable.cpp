@@ -62,7 +62,7 @@ constexpr std::array kEntries = {
                  [](To to) { to.edits.mnuEditRedo(); }},
     CommandEntry{mnuNextPending, "次の未適応へ(&N)", "F8", Needs::kPendingRows, InMode::kAny,
                  [](To to) { to.edits.mnuNextPending(); }},
-    CommandEntry{mnuFind, "検索(&S)...", "Ctrl+F", Needs::kRows, InMode::kAny, [](To to) { to.app.Find(); },
+    CommandEntry{mnuFind, "検索(&S)", "Ctrl+F", Needs::kRows, InMode::kAny, [](To to) { to.app.Find(); },
                  Runs::kAsEvent},
     CommandEntry{mnuFindNext, "次を検索(&G)", "F3", Needs::kRows, InMode::kAny, [](To to) { to.app.FindNext(); },
                  Runs::kAsEvent},

@@ -14,14 +14,14 @@ void EditCommands::mnuEditRedo() {
   Show(session_.list.RedoEdits(), " 個の編集をやり直しました");
 }
 
-// A single row is selected, so that the user sees what has changed. Of several, the first is scrolled to.
+// A single row is selected, so that the user sees what has changed. With several, the keyboard's current row stays
+// where it is.
 void EditCommands::Show(const std::vector<int>& changed, const char* what) {
   if (changed.empty()) return;
   if (changed.size() == 1) {
     session_.list.SelectOnly(changed.front());
     screen_.filePanel.ShowRow(changed.front());
   }
-  screen_.window.ScrollToRow(changed.front());
   screen_.status.ShowResult(FormatThousands(changed.size()) + what);
 }
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "controls/AccessKeys.h"
+#include "platform/desktop/AltKey.h"
 
 namespace quillon {
 namespace {
@@ -83,6 +84,7 @@ void ReachByAccessKeys(wxWindow& window) {
     const bool letter = event.GetModifiers() == wxMOD_ALT && key >= '0' && key <= 'Z';
     if (letter) FindControls(window, static_cast<wxChar>(key), controls);
     if (controls.empty()) return event.Skip();
+    UseAltKey(window.GetHandle());
     if (controls.size() == 1) {
       Use(*controls.front());
     } else {

@@ -147,6 +147,8 @@ void MessageDialog::AddButtons(wxSizer& column) {
 
 int MessageDialog::ShowModal() {
   PlayMessageSound(content_.message.icon);
+  // The owner may have been shown just now: the window system may then put it over the box.
+  CallAfter([this] { Raise(); });
   return wxMessageDialogBase::ShowModal();
 }
 

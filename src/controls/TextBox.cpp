@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/Finally.h"
+
 namespace quillon {
 namespace {
 
@@ -15,11 +17,12 @@ std::size_t FirstDifference(const wxString& left, const wxString& right) {
 
 TextBox::TextBox(wxWindow* parent, wxWindowID id, long style)
     : wxTextCtrl(parent, id, "", wxDefaultPosition, wxDefaultSize, style), native_(TextBoxesCanUndo()) {
-  if (native_) return;
   Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
     event.Skip();
-    Changed();
+    if (!undoing_) undone_ = false;
+    if (!native_) Changed();
   });
+  if (native_) return;
   Bind(wxEVT_KEY_DOWN, &TextBox::OnKeyDown, this);
 }
 
@@ -28,11 +31,14 @@ bool TextBox::CanUndo() const {
 }
 
 void TextBox::Undo() {
+  undoing_ = true;
+  const Finally done([this] { undoing_ = false; });
+  const bool undone = undone_;
+  const wxString before = GetValue();
   if (native_) {
     wxTextCtrl::Undo();
+    undone_ = !undone && GetValue() != before;
   } else if (other_) {
-    const wxString before = GetValue();
-    const bool undone = undone_;
     wxTextCtrl::DoSetValue(*other_, SetValue_SendEvent);
     SetInsertionPointEnd();
     text_ = GetValue();
@@ -43,11 +49,7 @@ void TextBox::Undo() {
 }
 
 void TextBox::Redo() {
-  if (native_) {
-    wxTextCtrl::Redo();
-  } else if (undone_) {
-    Undo();
-  }
+  if (undone_) Undo();
 }
 
 void TextBox::DoSetValue(const wxString& value, int flags) {
@@ -62,7 +64,6 @@ void TextBox::Changed() {
   const wxString now = GetValue();
   if (now == text_) return;
   if (!ContinuesTyping(now)) other_ = text_;
-  undone_ = false;
   typedUpTo_ = now.length() == text_.length() + 1 ? FirstDifference(text_, now) + 1 : 0;
   text_ = now;
 }

@@ -28,11 +28,13 @@ class TextBox final : public wxTextCtrl {
   [[nodiscard]] bool ContinuesTyping(const wxString& now) const;
   void OnKeyDown(wxKeyEvent& event);
 
+  bool native_;  ///< the system's own text box can undo
+  bool undoing_ = false;
+  bool undone_ = false;  ///< the last step was Undo: Redo reverts it
+
   // Kept only where the system's own text box cannot undo.
-  bool native_;
   wxString text_;                  ///< the current text
   std::optional<wxString> other_;  ///< the text that Undo restores
-  bool undone_ = false;            ///< the last step was Undo: Redo reverts it
   std::size_t typedUpTo_ = 0;      ///< the index behind the character just typed; 0 when the last change was not typing
 };
 

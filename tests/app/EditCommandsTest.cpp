@@ -56,6 +56,19 @@ TEST(EditCommands, EachCommandIsOneStep) {
   EXPECT_FALSE(f.app.IsEnabled(mnuEditUndo));
 }
 
+TEST(EditCommands, TakingBackSeveralRowsLeavesTheCurrentRowAlone) {
+  ApplicationFixture f;
+  f.Load({"a.mid", "b.mid", "c.mid"});
+  f.Select({1, 2});
+  f.Type("x");
+  f.Select({3});
+  f.ports.log.Clear();
+  f.app.Execute(mnuEditUndo);
+  EXPECT_EQ(f.Names(), Texts({"a", "b", "c"}));
+  EXPECT_EQ(SelectedRows(f.app.List()), Indices({3}));
+  EXPECT_EQ(f.ports.log.StartingWith("window scrolls"), Texts());
+}
+
 TEST(EditCommands, EachRunOfAnOpenDialogIsAStep) {
   ApplicationFixture f;
   f.Load({"a.mid"});

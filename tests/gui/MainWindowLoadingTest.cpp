@@ -82,6 +82,24 @@ class LoadsInMainWindow : public MainWindowTest {
   inline static std::unique_ptr<TempFolder> many_;
 };
 
+TEST_F(LoadsInMainWindow, TheHintOfAnEmptyListGivesWayToTheLabel) {
+  Open(WithSubfolders());
+  const wxWindow& hint = Get<wxWindow>("fraListHint");
+  ASSERT_TRUE(hint.IsShown());
+  bool labelled = false;
+  bool both = false;
+  Meanwhile meanwhile(Frame(), [&] {
+    labelled = labelled || Label().IsShown();
+    both = both || (Label().IsShown() && hint.IsShown());
+  });
+  BeginLoad();
+  EXPECT_TRUE(Until([&] { return List().Count() == kMany && !App().IsRunning(); })) << List().Count();
+  EXPECT_TRUE(labelled);
+  EXPECT_FALSE(both);
+  Drain();
+  EXPECT_FALSE(hint.IsShown());
+}
+
 TEST_F(LoadsInMainWindow, RefuseOtherCommandsMeanwhile) {
   WriteMidi("a.mid", "First");
   Open(WithSubfolders(), {folder.Path()});

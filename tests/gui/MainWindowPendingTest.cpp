@@ -1,6 +1,5 @@
 #include <wx/dnd.h>
 #include <wx/panel.h>
-#include <wx/timer.h>
 
 #include "controls/WxText.h"
 #include "gui/MainWindow.h"
@@ -65,6 +64,9 @@ TEST_F(PendingInMainWindow, ATextThatIsCutOffIsItsToolTip) {
   App().LabelEdited(1, name);
   Drain();
   EXPECT_EQ(Tip(1), "a → " + name);
+  App().LabelEdited(1, std::string(400, 'n'));
+  Drain();
+  EXPECT_EQ(Tip(1), "a → " + std::string(300, 'n') + "…");
 }
 
 TEST_F(PendingInMainWindow, F8GoesFromOneToTheNext) {
@@ -110,6 +112,10 @@ TEST_F(PendingInMainWindow, InTheBoxTheKeysAreItsOwn) {
   Key('Y', wxMOD_CONTROL);
   EXPECT_TRUE(Until([this] { return Text("txtAlterTitle") == "x"; })) << Text("txtAlterTitle");
   EXPECT_EQ(Names(), Texts({"x", "b", "z"}));
+  Key('y');
+  Key('Y', wxMOD_CONTROL);
+  Drain();
+  EXPECT_EQ(Text("txtAlterTitle"), "xy") << "nothing was undone";
 }
 
 TEST_F(PendingInMainWindow, TheEndAsksForThemIfTheOptionsSaySo) {
@@ -129,6 +135,21 @@ TEST_F(PendingInMainWindow, TheEndAsksForThemIfTheOptionsSaySo) {
   EXPECT_TRUE(Until([this] { return !IsOpen(); }));
 }
 
+TEST_F(PendingInMainWindow, ANameThatIsBeingTypedInTheListCountsAtTheEnd) {
+  OptionValues options = Options();
+  options.extra.confirmPending = true;
+  OpenFolder(options);
+  SelectRow(2);
+  Key(WXK_F2);
+  ASSERT_TRUE(Until([this] { return Frame().List().IsEditing(); }));
+  Key('x');
+  dialogs.Answer(false);
+  Frame().Close();
+  EXPECT_TRUE(Until([this] { return Names() == Texts{"a", "x", "c"}; })) << Names()[1];
+  EXPECT_TRUE(Until([this] { return dialogs.AllShown(); }));
+  EXPECT_TRUE(IsOpen());
+}
+
 TEST_F(PendingInMainWindow, AnEndThatCannotBeRefusedDoesNotAsk) {
   OptionValues options = Options();
   options.extra.confirmPending = true;
@@ -144,24 +165,6 @@ TEST_F(PendingInMainWindow, AnEndThatCannotBeRefusedDoesNotAsk) {
   Run(mnuOptionDefaultExit);
   EXPECT_TRUE(Until([this] { return !IsOpen(); }));
   EXPECT_FALSE(home.Exists("Quillon.ini"));
-}
-
-TEST_F(PendingInMainWindow, TheHintGivesWayToTheLoadingLabel) {
-  for (int i = 0; i < 3000; ++i) WriteMidi("song " + std::to_string(i) + ".mid", "Title");
-  Open(Options());
-  bool loading = false;
-  bool both = false;
-  wxTimer timer;
-  timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-    if (!IsShown("lblNowloading")) return;
-    loading = true;
-    both = both || IsShown("fraListHint");
-  });
-  timer.Start(5);
-  App().LoadPaths({folder.Path()});
-  EXPECT_TRUE(loading);
-  EXPECT_FALSE(both);
-  EXPECT_FALSE(IsShown("fraListHint"));
 }
 
 TEST_F(PendingInMainWindow, AnEmptyListSaysWhatToDo) {

@@ -1,3 +1,4 @@
+#include <gtest/gtest.h>
 #include <wx/listctrl.h>
 
 #include "controls/WxText.h"
@@ -27,7 +28,10 @@ bool IsBold(lvwFiles& list, int index) {
     using wxListCtrl::OnGetItemColumnAttr;
   };
   const wxItemAttr* attributes = (View(list).*&Access::OnGetItemColumnAttr)(index - 1, 0);
-  return attributes != nullptr && attributes->HasFont() && attributes->GetFont().GetWeight() == wxFONTWEIGHT_BOLD;
+  if (attributes == nullptr || !attributes->HasFont()) return false;
+  // With a font of another encoding wxWidgets would draw the row itself, without its check box.
+  EXPECT_EQ(attributes->GetFont().GetEncoding(), wxFONTENCODING_SYSTEM);
+  return attributes->GetFont().GetWeight() == wxFONTWEIGHT_BOLD;
 }
 
 int NativeCount(lvwFiles& list) {

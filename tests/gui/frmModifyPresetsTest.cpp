@@ -208,16 +208,17 @@ TEST_F(PresetsOfModifyDialog, OneGoesToAFileAndComesBack) {
 TEST_F(PresetsOfModifyDialog, TheMenuOffersWhatCanBeDone) {
   Open();
   const auto states = [this] {
-    std::vector<std::pair<std::string, bool>> entries;
-    dialog->Bind(wxEVT_MENU_OPEN, [&](wxMenuEvent& event) {
+    // The handler stays bound, so that it shares what it fills.
+    const auto entries = std::make_shared<std::vector<std::pair<std::string, bool>>>();
+    dialog->Bind(wxEVT_MENU_OPEN, [entries](wxMenuEvent& event) {
       event.Skip();
-      if (!entries.empty()) return;
+      if (!entries->empty()) return;
       for (const wxMenuItem* item : event.GetMenu()->GetMenuItems()) {
-        if (!item->IsSeparator()) entries.emplace_back(FromWx(item->GetItemLabel()), item->IsEnabled());
+        if (!item->IsSeparator()) entries->emplace_back(FromWx(item->GetItemLabel()), item->IsEnabled());
       }
     });
     Choose({WXK_ESCAPE});
-    return entries;
+    return *entries;
   };
   using Entries = std::vector<std::pair<std::string, bool>>;
   const Entries always = {

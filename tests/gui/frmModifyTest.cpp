@@ -767,7 +767,12 @@ TEST_F(ModifyDialog, AnInvalidPatternSaysWhyAndRunsAsBefore) {
   rules.rules[1] = {true, "あ)", "x"};
   rules.rules[3] = {true, "*", "x"};
   Open();
-  EXPECT_TRUE(LabelBecomes("lblProblem", "規則 2: 「)」に対する「(」がありません（2 文字目）")) << Label("lblProblem");
+  EXPECT_TRUE(LabelBecomes("lblProblem",
+                           "規則 2: 「)」に対する「(」がありません（2 文字目） / "
+                           "規則 4: 「*」「+」「?」「{ }」の前に、繰り返すものがありません（1 文字目）"))
+      << Label("lblProblem");
+  EXPECT_EQ(FromWx(Get<wxTextCtrl>("txtObject3").GetToolTipText()),
+            "「*」「+」「?」「{ }」の前に、繰り返すものがありません（1 文字目）");
   EXPECT_EQ(Preview(), std::vector<std::string>({"abc > abc"}));
   Check("chkNonUnload");
   Click("cmdOK");

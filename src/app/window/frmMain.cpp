@@ -282,6 +282,12 @@ void frmMain::KeepSettings() {
 }
 
 void frmMain::OnClose(wxCloseEvent& event) {
+  if (event.CanVeto() && asksAtEnd_ && lvwFiles_->IsEditing()) {  // it closes after the typed name has been accepted
+    event.Veto();
+    FocusList();
+    CallAfter([this] { CallAfter([this] { Close(); }); });
+    return;
+  }
   if (event.CanVeto() && StaysOpen()) {
     event.Veto();
     return;

@@ -61,6 +61,7 @@ void frmMainColumns::Follow(bool firstSize) {
   if (room == room_) return;  // a column that has just been dragged changes no other before the window's size changes
   room_ = room;
   const ColumnWidths::Widths wanted = widths_->For(room);
+  if (wanted != shown) list_.Window().Refresh();
   for (std::size_t i = 0; i < wanted.size(); ++i) {
     if (wanted[i] != shown[i]) list_.SetColumnWidth(static_cast<Column>(i), wanted[i]);
   }

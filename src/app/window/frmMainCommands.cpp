@@ -14,6 +14,7 @@
 #include "controls/GuardedApp.h"
 #include "controls/Pictures.h"
 #include "controls/StatusBar.h"
+#include "controls/TextBox.h"
 #include "controls/WxText.h"
 #include "controls/basLoadFileIcon.h"
 #include "platform/desktop/AccessibleName.h"
@@ -86,8 +87,8 @@ void frmMain::KeepBoxKeys(wxKeyEvent& event) {
     event.Skip();
   } else if (undoes) {
     box->Undo();
-  } else {
-    box->Redo();
+  } else if (auto* const redoing = dynamic_cast<TextBox*>(box)) {
+    redoing->Redo();  // the system's own would undo
   }
 }
 
@@ -99,6 +100,7 @@ void frmMain::ShowToolBarLabels(bool shown) {
   MakeToolBar(shown);
   UpdateCommands();
   OnPanelSize();
+  controls_.panel->Refresh();
 }
 
 void frmMain::MakeToolBar(bool labels) {
@@ -183,8 +185,8 @@ wxStatusBar* frmMain::OnCreateStatusBar(int number, long style, wxWindowID /*id*
 // The width at which every panel shows its whole text while no file is selected.
 int frmMain::StatusBarWidth() const {
   const wxStatusBar& bar = *GetStatusBar();
-  int width =
-      bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + 2 * bar.FromDIP(kPanelMargin);  // and the grip
+  int width = bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + 2 * bar.FromDIP(kPanelMargin) +
+              bar.FromDIP(kGrip);
   for (int i = 0; i < kPanels; ++i) width += std::max(bar.GetStatusWidth(i), 0);
   return width;
 }
@@ -367,7 +369,8 @@ void frmMain::SetPlayerText(const std::string& text) {
 void frmMain::SetModeText(const std::string& text) {
   ShowStatus(text, kModePanel);
   modeWarning_->Show(text == kAutoApplyText ? ToWx(text) : wxString());
-  ScheduleUpdate();  // the mode enables and disables commands
+  GetStatusBar()->Update();  // before a box about the mode opens
+  ScheduleUpdate();          // the mode enables and disables commands
 }
 
 void frmMain::RowChanged(int index) {

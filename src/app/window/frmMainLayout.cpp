@@ -191,6 +191,7 @@ void LayOut(const frmMainControls& controls, BarHeights bars) {
   const int listHeight = std::max(innerHeight - HeightBelowList(controls, bars), 1);
   const int playerTop = innerHeight - playerAndStatus - bars.toolBar;
   const int findTop = controls.tagsBar->Height();
+  const wxPoint before = controls.list->GetPosition();
   const int listTop = std::min(findTop + controls.findLine->Height(), listHeight - 1);
   {
     // Moves all controls at once; moved one by one, overlapping controls would leave traces.
@@ -202,6 +203,8 @@ void LayOut(const frmMainControls& controls, BarHeights bars) {
     controls.fraFileInfo->SetSize(left, listHeight, width, playerTop - listHeight);
     controls.fraMusicPlayer->SetSize(left, playerTop, width, innerHeight - bars.toolBar - bars.statusBar - playerTop);
   }
+  // Windows copies the pixels of a control that moves, also those that another one has just drawn there.
+  if (controls.list->GetPosition() != before) controls.panel->Refresh();
   controls.hint->Place(controls.list->GetRect());
   LayOutInfo(controls);
   LayOutPlayer(controls);

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <utility>
 
+#include "base/Text.h"
 #include "controls/WxText.h"
 #include "filelist/window/lvwFilesBase.h"
 #include "paths/basFileControl.h"
@@ -298,6 +299,17 @@ void lvwFilesBase::PointAt(int index, Column column, int pixels) {
   if (!tip.empty()) window_->SetToolTip(tip);
 }
 
+namespace {
+
+/// A tool tip of a whole screen helps nobody.
+std::string Shortened(std::string_view text) {
+  constexpr std::size_t kLongestTip = 300;  // characters
+  const std::string_view first = FirstCharacters(text, kLongestTip);
+  return first.size() == text.size() ? std::string(text) : std::string(first) + "…";
+}
+
+}  // namespace
+
 wxString lvwFilesBase::TipOf(int index, Column column, int pixels) const {
   constexpr int kAround = 10;  // DIP: the space around a cell's text
   const FileItem& row = list_.Row(index);
@@ -307,9 +319,11 @@ wxString lvwFilesBase::TipOf(int index, Column column, int pixels) const {
   wxCoord width = 0;
   wxCoord height = 0;
   window_->GetTextExtent(text, &width, &height, nullptr, nullptr, &font);
-  const wxString cut = width + window_->FromDIP(kAround) > pixels ? text : wxString();
+  const bool isCut = width + window_->FromDIP(kAround) > pixels;
+  const wxString cut = isCut ? ToWx(Shortened(FromWx(text))) : wxString();
   if (!row.pending) return cut;
-  const wxString change = OnOneLine(ToWx(std::string(NameWithoutExtension(row.location)) + " → " + row.renameName));
+  const wxString change =
+      OnOneLine(ToWx(Shortened(NameWithoutExtension(row.location)) + " → " + Shortened(row.renameName)));
   return cut.empty() || bold ? change : cut + "\n" + change;
 }
 

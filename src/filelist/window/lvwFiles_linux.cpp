@@ -171,6 +171,10 @@ void GtkFileList::BindInput() {
     view_->Bind(type, ignoreWhileBusy);
   }
   view_->Bind(wxEVT_MOTION, &GtkFileList::OnMotion, this);
+  view_->Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent& event) {
+    event.Skip();
+    PointAt(0, Column::kRenameName, 0);
+  });
   OnTreeDrawing(view_->GtkGetTreeView(), [this](bool drawing) { seen_ = drawing; });
   OnRowPress(view_->GtkGetTreeView(), [this](int index) {
     TakeClick(index);

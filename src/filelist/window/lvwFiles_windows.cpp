@@ -30,10 +30,10 @@ class RowView : public wxListCtrl {
   RowView(wxWindow& parent, CellSource& source)
       : wxListCtrl(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS),
         source_(source) {
-    bold_.SetFont(GetFont().Bold());
+    MakeBold();
     Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
       event.Skip();
-      CallAfter([this] { bold_.SetFont(GetFont().Bold()); });
+      CallAfter([this] { MakeBold(); });
     });
   }
 
@@ -69,6 +69,13 @@ class RowView : public wxListCtrl {
   }
 
  private:
+  // With a font of another encoding wxWidgets draws the row itself, without its check box.
+  void MakeBold() {
+    wxFont font = GetFont().Bold();
+    font.SetEncoding(wxFONTENCODING_SYSTEM);
+    bold_.SetFont(font);
+  }
+
   CellSource& source_;
   mutable wxItemAttr bold_;
   bool seen_ = false;
@@ -255,6 +262,10 @@ void WindowsFileList::BindInput() {
   view_->Bind(wxEVT_CHAR, [this](wxKeyEvent& event) { event.Skip(!UseCharacter(event)); });
   view_->Bind(wxEVT_CONTEXT_MENU, &WindowsFileList::OnMenu, this);
   view_->Bind(wxEVT_MOTION, &WindowsFileList::OnMotion, this);
+  view_->Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent& event) {
+    event.Skip();
+    PointAt(0, Column::kRenameName, 0);
+  });
   view_->Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
     NewIcons();
     event.Skip();
