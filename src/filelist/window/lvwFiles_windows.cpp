@@ -30,10 +30,10 @@ class RowView : public wxListCtrl {
   RowView(wxWindow& parent, CellSource& source)
       : wxListCtrl(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS),
         source_(source) {
-    MakeBold();
+    MakeFonts();
     Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
       event.Skip();
-      CallAfter([this] { MakeBold(); });
+      CallAfter([this] { MakeFonts(); });
     });
   }
 
@@ -42,8 +42,10 @@ class RowView : public wxListCtrl {
     return source_.GetText(static_cast<int>(row) + 1, static_cast<Column>(column),
                            seen_ ? CellSource::For::kEyes : CellSource::For::kReading);
   }
+  // The control goes on with the font of the first column unless the others have one of their own.
   wxItemAttr* OnGetItemColumnAttr(long row, long column) const override {
-    return column == 0 && source_.IsBold(static_cast<int>(row) + 1) ? &bold_ : nullptr;
+    if (!source_.IsBold(static_cast<int>(row) + 1)) return nullptr;
+    return column == 0 ? &bold_ : &plain_;
   }
   int OnGetItemColumnImage(long row, long column) const override {
     return column == 0 ? source_.GetIcon(static_cast<int>(row) + 1) : -1;
@@ -70,14 +72,16 @@ class RowView : public wxListCtrl {
 
  private:
   // With a font of another encoding wxWidgets draws the row itself, without its check box.
-  void MakeBold() {
-    wxFont font = GetFont().Bold();
+  void MakeFonts() {
+    wxFont font = GetFont();
     font.SetEncoding(wxFONTENCODING_SYSTEM);
-    bold_.SetFont(font);
+    plain_.SetFont(font);
+    bold_.SetFont(font.Bold());
   }
 
   CellSource& source_;
   mutable wxItemAttr bold_;
+  mutable wxItemAttr plain_;
   bool seen_ = false;
 };
 
