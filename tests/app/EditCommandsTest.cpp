@@ -139,6 +139,9 @@ TEST(EditCommands, AutoApplyModeRecordsNothing) {
   f.Select({1});
   f.Type("x");
   EXPECT_TRUE(f.folder.Exists("x.mid"));
+  f.app.List().SetTexts(1, "A/B", "");
+  f.app.Execute(mnuThisRename);  // cannot be applied, but stays
+  EXPECT_EQ(f.Names(), Texts({"A/B"}));
   f.app.SwitchMode();  // off, which takes effect at once
   ASSERT_FALSE(f.app.Mode().automatic);
   EXPECT_FALSE(f.app.IsEnabled(mnuEditUndo));
