@@ -32,7 +32,7 @@ constexpr int kFirstCountPanel = 2;
 constexpr int kPanels = 5;
 
 constexpr int kPanelMargin = 12;  // DIP
-constexpr int kGrip = 16;         // DIP
+constexpr int kGrip = 28;         // DIP
 
 wxString MenuText(const CommandEntry& entry) {
   const wxString caption = ToWx(entry.caption);
