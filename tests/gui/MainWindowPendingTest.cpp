@@ -112,10 +112,11 @@ TEST_F(PendingInMainWindow, InTheBoxTheKeysAreItsOwn) {
   Key('Y', wxMOD_CONTROL);
   EXPECT_TRUE(Until([this] { return Text("txtAlterTitle") == "x"; })) << Text("txtAlterTitle");
   EXPECT_EQ(Names(), Texts({"x", "b", "z"}));
-  Key('y');
+  Key('y');  // Windows has selected what it brought back
+  const std::string typed = Text("txtAlterTitle");
   Key('Y', wxMOD_CONTROL);
   Drain();
-  EXPECT_EQ(Text("txtAlterTitle"), "xy") << "nothing was undone";
+  EXPECT_EQ(Text("txtAlterTitle"), typed) << "nothing was undone";
 }
 
 TEST_F(PendingInMainWindow, TheEndAsksForThemIfTheOptionsSaySo) {
