@@ -50,12 +50,16 @@ void Application::Start() {
 }
 
 // Edits are not recorded in auto-apply mode: they are on the disk at once.
+void Application::BeginStep(EditHistory::Merging merging) {
+  if (!mode_.automatic) list_.Edits().Begin(merging);
+}
+
 void Application::Run(const std::function<void()>& action, EditHistory::Merging merging) {
   if (running_) return;
   running_ = true;
   const Finally done([this] { running_ = false; });
   status_.EndResult();
-  if (!mode_.automatic) list_.Edits().Begin(merging);
+  BeginStep(merging);
   const Finally recorded([this] { list_.Edits().End(); });
   try {
     action();
@@ -132,7 +136,7 @@ void Application::OpenFiles() {
 // The dialog may stay open and run rules several times within its command: each run is a step of its own.
 void Application::ModifyRows(Rows rows, const OptionValues::Modify& rules) {
   list_.Edits().End();
-  if (!mode_.automatic) list_.Edits().Begin(EditHistory::Merging::kNever);
+  BeginStep(EditHistory::Merging::kNever);
   names_.ModifyRows(rows, rules);
   editing_.Refresh();
 }

@@ -217,6 +217,7 @@ class Application : private FilePanel {
   void ShowRow(int index) override;
   void ShowFileName(const std::string& path) override;
 
+  void BeginStep(EditHistory::Merging merging);
   void Run(const std::function<void()>& action, EditHistory::Merging merging = EditHistory::Merging::kNever);
   void RunExclusively(const std::function<void()>& action);
 

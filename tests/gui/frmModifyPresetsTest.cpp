@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "controls/WxText.h"
+#include "gui/DialogOverMain.h"
 #include "gui/Dialogs.h"
 #include "gui/MenuKeys.h"
 #include "gui/Settle.h"
@@ -46,20 +47,8 @@ Modify Rules(const std::string& find) {
 }
 
 /// The rules' dialog with its menu プリセット, which is used by the keyboard.
-class PresetsOfModifyDialog : public testing::Test {
+class PresetsOfModifyDialog : public test::DialogOverMain<frmModify> {
  protected:
-  void SetUp() override {
-    main = new wxFrame(nullptr, wxID_ANY, "main");
-    main->Show();
-    EXPECT_TRUE(SettleUntil([this] { return main->IsActive(); }));
-  }
-
-  void TearDown() override {
-    dialog.reset();
-    main->Destroy();
-    Settle();
-  }
-
   void Open(bool regexAvailable = true) {
     dialog = std::make_unique<frmModify>(
         main, options, OpenedFor::kSettings, regexAvailable ? &regex : nullptr, boxes,
@@ -112,8 +101,6 @@ class PresetsOfModifyDialog : public testing::Test {
   Boxes boxes;
   test::Dialogs dialogs;
   std::string suggested;
-  wxFrame* main = nullptr;
-  std::unique_ptr<frmModify> dialog;
 };
 
 TEST_F(PresetsOfModifyDialog, OneOfTheUsersIsShownAndTheWayBackWorks) {

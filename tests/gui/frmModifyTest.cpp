@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "controls/WxText.h"
+#include "gui/DialogOverMain.h"
 #include "gui/Dialogs.h"
 #include "gui/MainWindow.h"
 #include "gui/MenuKeys.h"
@@ -40,21 +41,8 @@ struct Boxes final : MessageBoxes {
   }
 };
 
-class ModifyDialog : public testing::Test {
+class ModifyDialog : public test::DialogOverMain<frmModify> {
  protected:
-  void SetUp() override {
-    main = new wxFrame(nullptr, wxID_ANY, "main");
-    main->Show();
-    // Otherwise the window manager may give the focus to the main window after the dialog.
-    EXPECT_TRUE(SettleUntil([this] { return main->IsActive(); }));
-  }
-
-  void TearDown() override {
-    dialog.reset();
-    main->Destroy();
-    Settle();
-  }
-
   void Make(OpenedFor purpose = OpenedFor::kExecute, bool regexAvailable = true) {
     dialog.reset();
     preview = std::make_unique<ModifyPreview>(list, rows, regex);
@@ -174,9 +162,7 @@ class ModifyDialog : public testing::Test {
   int runs = 0;
   OptionValues::Modify ran;  ///< in the last run
   std::function<void()> duringRun;
-  wxFrame* main = nullptr;
   std::unique_ptr<ModifyPreview> preview;
-  std::unique_ptr<frmModify> dialog;
 };
 
 /// Every text different, both states of flags.

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "controls/WxText.h"
+#include "gui/DialogOverMain.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
 #include "pattern/PatternFields.h"
@@ -28,21 +29,13 @@ using test::Settle;
 using test::SettleUntil;
 using Texts = std::vector<std::string>;
 
-class PatternDialog : public testing::Test {
+class PatternDialog : public test::DialogOverMain<frmPattern> {
  protected:
   void SetUp() override {
-    main = new wxFrame(nullptr, wxID_ANY, "main");
-    main->Show();
-    EXPECT_TRUE(SettleUntil([this] { return main->IsActive(); }));
+    DialogOverMain::SetUp();
     Add("1.mid", "さくら");
     Add("2.mid", "---");
     Add("3.mid", "a?b");
-  }
-
-  void TearDown() override {
-    dialog.reset();
-    main->Destroy();
-    Settle();
   }
 
   void Add(const std::string& name, const std::string& title) {
@@ -99,9 +92,7 @@ class PatternDialog : public testing::Test {
   OptionValues options;
   ApplyMode mode;
   int helps = 0;
-  wxFrame* main = nullptr;
   std::unique_ptr<PatternPreview> preview;
-  std::unique_ptr<frmPattern> dialog;
 };
 
 TEST_F(PatternDialog, ShowsThePreviewWithItsProblems) {

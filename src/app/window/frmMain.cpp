@@ -282,10 +282,10 @@ void frmMain::KeepSettings() {
 }
 
 void frmMain::OnClose(wxCloseEvent& event) {
-  if (event.CanVeto() && asksAtEnd_ && lvwFiles_->IsEditing()) {  // it closes after the typed name has been accepted
+  if (event.CanVeto() && asksAtEnd_ && lvwFiles_->IsEditing() && !std::exchange(endsEdit_, true)) {
     event.Veto();
     FocusList();
-    CallAfter([this] { CallAfter([this] { Close(); }); });
+    CallAfter([this] { CallAfter([this] { CloseAfterEdit(); }); });
     return;
   }
   if (event.CanVeto() && StaysOpen()) {
@@ -301,6 +301,13 @@ void frmMain::OnClose(wxCloseEvent& event) {
     (void)app_->SaveSettings(normal ? WindowGeometry::kWrite : WindowGeometry::kKeep);  // a failure is not reported
   }
   Destroy();
+}
+
+// The typed name has been accepted by now. If the editing goes on for whatever reason, the window closes all the same.
+void frmMain::CloseAfterEdit() {
+  const wxWeakRef<frmMain> stays(this);
+  Close();
+  if (stays) endsEdit_ = false;
 }
 
 // While a command runs, the window closes after it and after the dialog that it has open. While a dialog is open

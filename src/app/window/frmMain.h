@@ -122,6 +122,7 @@ class frmMain final : public wxFrame,
   bool UseListKey(const wxKeyEvent& event);
   void OnStatusBarClick(wxMouseEvent& event);
   void OnClose(wxCloseEvent& event);
+  void CloseAfterEdit();
   [[nodiscard]] bool StaysOpen();
   void SwitchMode();
   void ShowStatus(const std::string& text, int panel);
@@ -171,6 +172,7 @@ class frmMain final : public wxFrame,
   bool closeWanted_ = false;  // asked for while a command runs
   bool saves_ = true;
   bool asksAtEnd_ = true;
+  bool endsEdit_ = false;  // closing waits for the end of an edit in the list
   std::array<int, 5> panelWidths_{};
   wxSize givenSize_;        // the window's size, while nobody has resized it
   bool settled_ = false;    // the window is on the screen with its first size

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "controls/AccessKeys.h"
+#include "controls/OkCancelButtons.h"
 #include "controls/TextBox.h"
 #include "controls/WrappedToFit.h"
 #include "controls/WxText.h"
@@ -45,15 +46,7 @@ void frmOption::Build() {
   wxSize size = tabStrip_->GetBestSize();  // fits the pages
   size.IncTo(wxSize(WidthOfAllTabs(tabStrip_->GetHandle()), 0));
   tabStrip_->SetMinSize(size);
-  auto* const ok = new wxButton(this, wxID_OK, "OK");
-  ok->SetName("cmdOK");
-  auto* const cancel = new wxButton(this, wxID_CANCEL, ToWx("キャンセル"));
-  cancel->SetName("cmdCancel");
-  auto* buttons = new wxStdDialogButtonSizer();
-  buttons->AddButton(ok);
-  buttons->AddButton(cancel);
-  buttons->Realize();
-  ok->SetDefault();
+  wxSizer* const buttons = OkCancelButtons(*this);
   auto* column = new wxBoxSizer(wxVERTICAL);
   column->Add(tabStrip_, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kGap)));
   auto* row = new wxBoxSizer(wxHORIZONTAL);

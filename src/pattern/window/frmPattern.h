@@ -42,7 +42,6 @@ class frmPattern final : public wxDialog {
   wxSizer* MakeCounterBox();
   wxSizer* MakeInvalidBox();
   void AddPreview(wxSizer& column);
-  wxSizer* MakeButtonRow();
   wxSpinCtrl* AddSpin(wxSizer& row, wxWindow* parent, const char* caption, const char* name);
   wxStaticText* MakeLine(const char* name);
   void BindEvents();

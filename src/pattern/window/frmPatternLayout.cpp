@@ -3,6 +3,7 @@
 #include <wx/statbox.h>
 
 #include "controls/AccessKeys.h"
+#include "controls/OkCancelButtons.h"
 #include "controls/TextBox.h"
 #include "controls/WxText.h"
 #include "pattern/PatternFields.h"
@@ -36,7 +37,7 @@ void frmPattern::Build() {
   below->Add(MakeInvalidBox(), wxSizerFlags(1).Expand());
   column->Add(below, group);
   AddPreview(*column);
-  column->Add(MakeButtonRow(), wxSizerFlags().Right().Border(wxALL, FromDIP(kGap)));
+  column->Add(OkCancelButtons(*this, "実行"), wxSizerFlags().Right().Border(wxALL, FromDIP(kGap)));
   SetSizerAndFit(column);
   ReachByAccessKeys(*this);
 }
@@ -137,19 +138,6 @@ void frmPattern::AddPreview(wxSizer& column) {
   auto* note = MakeLine("lblAutomatic");
   note->SetLabelText(ToWx(kAppliesAtOnceText));
   column.Add(note, line);
-}
-
-wxSizer* frmPattern::MakeButtonRow() {
-  auto* ok = new wxButton(this, wxID_OK, ToWx("実行"));
-  ok->SetName("cmdOK");
-  auto* cancel = new wxButton(this, wxID_CANCEL, ToWx("キャンセル"));
-  cancel->SetName("cmdCancel");
-  auto* buttons = new wxStdDialogButtonSizer();
-  buttons->AddButton(ok);
-  buttons->AddButton(cancel);
-  buttons->Realize();
-  ok->SetDefault();
-  return buttons;
 }
 
 }  // namespace quillon

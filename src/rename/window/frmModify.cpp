@@ -81,7 +81,7 @@ void frmModify::BindEvents() {
   for (const int entry : {kMnuUndo, kMnuCut, kMnuCopy, kMnuPaste, kMnuDelete}) {
     Bind(wxEVT_MENU, &frmModify::OnEdit, this, entry);
   }
-  cmdOK_->Bind(wxEVT_BUTTON, &frmModify::OnOk, this);
+  Bind(wxEVT_BUTTON, &frmModify::OnOk, this, wxID_OK);
 }
 
 void frmModify::ShowForm(const OptionValues::Modify& form) {

@@ -127,7 +127,6 @@ class frmModify final : public wxDialog {
   std::unique_ptr<TextTable> lvwPreview_;
   wxStaticText* lblSummary_ = nullptr;
   wxCheckBox* chkNonUnload_ = nullptr;
-  wxButton* cmdOK_ = nullptr;
 };
 
 }  // namespace quillon

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "controls/AccessKeys.h"
+#include "controls/OkCancelButtons.h"
 #include "controls/TextBox.h"
 #include "controls/WxText.h"
 #include "platform/desktop/AccessibleName.h"
@@ -214,19 +215,11 @@ wxSizer* frmModify::MakeConversionBox() {
 wxSizer* frmModify::MakeButtonRow() {
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   chkNonUnload_ = MakeCheckBox(this, "実行後も閉じない(&O)", "chkNonUnload");
-  cmdOK_ = new wxButton(this, wxID_OK, ToWx(purpose_ == OpenedFor::kExecute ? "実行" : "OK"));
-  cmdOK_->SetName("cmdOK");
-  auto* cancel = new wxButton(this, wxID_CANCEL, ToWx("キャンセル"));
-  cancel->SetName("cmdCancel");
-  auto* buttons = new wxStdDialogButtonSizer();
-  buttons->AddButton(cmdOK_);
-  buttons->AddButton(cancel);
-  buttons->Realize();
+  wxSizer* const buttons = OkCancelButtons(*this, purpose_ == OpenedFor::kExecute ? "実行" : "OK");
   row->Add(chkNonUnload_, wxSizerFlags().CenterVertical());
   row->AddStretchSpacer();
   row->Add(buttons, wxSizerFlags().CenterVertical());
   row->AddSpacer(FromDIP(kSmallGap));
-  cmdOK_->SetDefault();
   return row;
 }
 

@@ -9,6 +9,7 @@
 
 #include "controls/AccessKeys.h"
 #include "controls/DialogPattern.h"
+#include "controls/OkCancelButtons.h"
 #include "controls/Pictures.h"
 #include "controls/TextBox.h"
 #include "controls/WxText.h"
@@ -87,7 +88,7 @@ class NameDialog final : public wxDialog {
     txtName_->ChangeValue(ToWx(present));
     txtName_->SelectAll();
     column->Add(txtName_, wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, FromDIP(kSmallGap)));
-    column->Add(MakeButtons(), wxSizerFlags().Right().Border(wxTOP, FromDIP(kSmallGap)));
+    column->Add(OkCancelButtons(*this), wxSizerFlags().Right().Border(wxTOP, FromDIP(kSmallGap)));
     auto* border = new wxBoxSizer(wxVERTICAL);
     border->Add(column, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(kGap)));
     SetSizerAndFit(border);
@@ -99,19 +100,6 @@ class NameDialog final : public wxDialog {
   [[nodiscard]] std::string Typed() const { return FromWx(txtName_->GetValue()); }
 
  private:
-  wxSizer* MakeButtons() {
-    auto* ok = new wxButton(this, wxID_OK, "OK");
-    ok->SetName("cmdOK");
-    ok->SetDefault();
-    auto* cancel = new wxButton(this, wxID_CANCEL, ToWx("キャンセル"));
-    cancel->SetName("cmdCancel");
-    auto* buttons = new wxStdDialogButtonSizer();
-    buttons->AddButton(ok);
-    buttons->AddButton(cancel);
-    buttons->Realize();
-    return buttons;
-  }
-
   TextBox* txtName_;
 };
 
