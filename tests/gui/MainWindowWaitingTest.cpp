@@ -25,23 +25,28 @@ wxWindow* WaitWindow() {
   return nullptr;
 }
 
-/// A user who acts once the wait window is open, while the run processes messages.
+/// A user who acts once the wait window has been open for a moment and `ready` holds, while the run processes messages.
 class User final : public wxTimer {
  public:
-  explicit User(std::function<bool(wxWindow&)> act) : act_(std::move(act)) { Start(kPause); }
+  explicit User(
+      std::function<bool(wxWindow&)> act, std::function<bool()> ready = [] { return true; })
+      : act_(std::move(act)), ready_(std::move(ready)) {
+    Start(kPause);
+  }
 
   void Notify() override {
-    if (wxWindow* const window = WaitWindow(); window != nullptr && !acted && ++seen_ > kPatience)
-      acted = act_(*window);
+    wxWindow* const window = WaitWindow();
+    if (window != nullptr && !acted && ++seen_ > kPatience && ready_()) acted = act_(*window);
   }
 
   bool acted = false;
 
  private:
   static constexpr int kPause = 20;
-  static constexpr int kPatience = 10;  // some rows are done meanwhile
+  static constexpr int kPatience = 10;
 
   std::function<bool(wxWindow&)> act_;
+  std::function<bool()> ready_;
   int seen_ = 0;
 };
 
@@ -112,7 +117,7 @@ class WaitingInMainWindow : public MainWindowTest {
 
 TEST_F(WaitingInMainWindow, TheButtonEndsALongRunAndTheRowsDoneStay) {
   OpenWithMuchToDo();
-  User user(ClickCancel);
+  User user(ClickCancel, [this] { return DoneRows() > 0; });
   dialogs.Use(Execute);
   Run(Command::mnuAllModify);
   EXPECT_TRUE(user.acted);
@@ -125,7 +130,7 @@ TEST_F(WaitingInMainWindow, TheButtonEndsALongRunAndTheRowsDoneStay) {
 
 TEST_F(WaitingInMainWindow, EscEndsALongRunAndTheRowsDoneStay) {
   OpenWithMuchToDo();
-  User user(PressEscape);
+  User user(PressEscape, [this] { return DoneRows() > 0; });
   dialogs.Use(Execute);
   Run(Command::mnuAllModify);
   EXPECT_TRUE(user.acted);
@@ -137,7 +142,7 @@ TEST_F(WaitingInMainWindow, ButtonAndEscEndALongRunWithTheDialogOpen) {
   OpenWithMuchToDo();
   for (const auto act : {ClickCancel, PressEscape}) {
     for (int i = 1; i <= kRows; ++i) List().SetRenameName(i, "1");
-    User user(act);
+    User user(act, [this] { return DoneRows() > 0; });
     dialogs.Use([](wxDialog& dialog) {
       dynamic_cast<wxCheckBox&>(*wxWindow::FindWindowByName("chkNonUnload", &dialog)).SetValue(true);
       Execute(dialog);
@@ -164,7 +169,7 @@ TEST_F(WaitingInMainWindow, ButtonAndEscEndALongRunOfTitlesThatTheRulesEdit) {
   OpenWithMuchToDo();
   for (const auto act : {ClickCancel, PressEscape}) {
     for (int i = 1; i <= kRows; ++i) List().SetRenameName(i, "1");
-    User user(act);
+    User user(act, [this] { return DoneRows() > 0; });
     dialogs.Answer();
     Run(Command::mnuAllRename);
     EXPECT_TRUE(user.acted);
