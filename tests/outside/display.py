@@ -117,6 +117,22 @@ def press(*keys):
     xdotool("key", "--delay", 40, *keys)
 
 
+def close_window(process, attempts=3, patience=5.0):
+    """Closes the active window like its close button; returns the exit status of its program.
+
+    GTK can lose a request that comes while a window is being shown: a frame of wxWidgets without any contents lost one
+    in two on a busy machine. As a user would, this asks again.
+    """
+    for _ in range(attempts - 1):
+        press("alt+F4")
+        try:
+            return process.wait(patience)
+        except subprocess.TimeoutExpired:
+            pass
+    press("alt+F4")
+    return process.wait(patience)
+
+
 def write(text):
     """Types text, slowly enough that no characters are lost."""
     xdotool("type", "--delay", 50, text)

@@ -74,8 +74,10 @@ class Program:
 
     def close_window(self, process):
         """Closes the main window like its close button; returns the exit status."""
-        display.press("alt+F4")
-        return self.status(process)
+        try:
+            return display.close_window(process)
+        except subprocess.TimeoutExpired:
+            raise AssertionError("the program did not end") from None
 
     @staticmethod
     def status(process, patience=PATIENCE):

@@ -224,8 +224,7 @@ class Debian(unittest.TestCase):
         window = display.visible_windows(TITLE)[0]
         known = re.search("^StartupWMClass=(.*)$", entry, re.MULTILINE).group(1)
         self.assertIn(f'"{known}"', succeed("xprop", "-id", window, "WM_CLASS").split("=")[1])
-        display.press("alt+F4")
-        self.assertEqual(process.wait(15), 0)
+        self.assertEqual(display.close_window(process), 0)
         self.assertTrue((root.home / ".config/quillon/quillon.ini").is_file(), "no settings of the user")
         self.assertFalse((root.path / "usr/lib/quillon/quillon.ini").exists())
 

@@ -96,18 +96,7 @@ class WindowsPackages(unittest.TestCase):
         return process
 
     def close(self, process):
-        """Closes the window by keys, repeatedly if needed, because a new window may miss them."""
-
-        def closed():
-            if display.active_title() == TITLE:
-                display.press("alt+F4")
-            try:
-                return process.wait(1) is not None
-            except subprocess.TimeoutExpired:
-                return False
-
-        until(closed, "the program closed")
-        self.assertEqual(process.returncode, 0)
+        self.assertEqual(display.close_window(process), 0)
 
     def names(self):
         return {path.name for path in self.home.iterdir()}
