@@ -29,8 +29,8 @@ struct Program {
 
   /// Searches the folder, and lists what it finds.
   void Load(const std::string& folder) {
-    FoundFiles found = FolderSearch(*files, unwatched).Search(folder, SearchFilter(options.find), true);
-    RegisterFiles(list, *files, std::move(found.paths), {}, unwatched);
+    const FoundFiles found = FolderSearch(*files, unwatched).Search(folder, SearchFilter(options.find), true);
+    RegisterFiles(list, *files, found.paths, {}, unwatched);
   }
 
   /// Applies the rename names of all rows.

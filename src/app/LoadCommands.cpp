@@ -67,7 +67,7 @@ LoadOutcome LoadCommands::Load(std::string folder, Clearing clearing) {
     if (found.error) return Failed(*found.error);
     if (found.cancelled) return LoadOutcome::kCancelled;
     LeaveOutRecycleBin(found, session_.style);
-    if (!found.paths.empty()) return Register(std::move(found.paths), clearing);
+    if (!found.paths.empty()) return Register(found.paths, clearing);
     switch (screen_.boxes.AskQuestion(NothingFoundQuestion(folder, SearchFilter(session_.options.find), found))) {
       case QuestionAnswer::kNo: return LoadOutcome::kNothing;
       case QuestionAnswer::kFurther: subfolders = true; break;
@@ -91,14 +91,14 @@ FoundFiles LoadCommands::Search(const std::string& folder, bool subfolders) {
   return FolderSearch(files_, progress, session_.style).Search(folder, SearchFilter(session_.options.find), subfolders);
 }
 
-LoadOutcome LoadCommands::Register(std::vector<std::string> paths, Clearing clearing) {
+LoadOutcome LoadCommands::Register(const PathList& paths, Clearing clearing) {
   if (clearing == Clearing::kAsOptionsSay && session_.options.list.clearBeforeLoading) {
     session_.player.Stop();
     session_.player.Choose("");
     session_.list.Clear();
   }
   screen_.Reset(session_.list);
-  const Registered registered = RegisterShown(std::move(paths), OnError::kEnd, true);
+  const Registered registered = RegisterShown(paths, OnError::kEnd, true);
   if (registered.error) return Failed(*registered.error);
   ShowFirstRow();
   return LoadOutcome::kLoaded;
@@ -108,18 +108,17 @@ RegisterOptions LoadCommands::RegisterAs(OnError onError) const {
   return {.checked = session_.options.list.checkLoadedRows, .onError = onError, .tags = TagSourcesOf(session_.options)};
 }
 
-Registered LoadCommands::RegisterShown(std::vector<std::string> paths, OnError onError, bool showsStart) {
+Registered LoadCommands::RegisterShown(const PathList& paths, OnError onError, bool showsStart) {
   windows_.progress.Begin("ファイル情報解析中...", "");
   const Finally ended([this] { windows_.progress.End(); });
   ShownProgress progress(
       screen_.pending, windows_.progress, {.indent = "  ", .showsStart = showsStart}, [this] { return cancelled_; },
       progressInterval_);
-  return Add(std::move(paths), onError, progress);
+  return Add(paths, onError, progress);
 }
 
-Registered LoadCommands::Add(std::vector<std::string> paths, OnError onError, Progress& progress) {
-  Registered registered =
-      RegisterFiles(session_.list, files_, std::move(paths), RegisterAs(onError), progress, session_.style);
+Registered LoadCommands::Add(const PathList& paths, OnError onError, Progress& progress) {
+  Registered registered = RegisterFiles(session_.list, files_, paths, RegisterAs(onError), progress, session_.style);
   passedOver_.Add(registered.passedOver);
   unreadTags_ += registered.unreadTags;
   return registered;
@@ -135,7 +134,9 @@ LoadOutcome LoadCommands::Failed(const FileError& error) {
 
 LoadOutcome LoadCommands::AddFile(const std::string& path) {
   Unwatched progress;
-  const Registered registered = Add({path}, OnError::kEnd, progress);
+  PathList paths;
+  AddPath(paths, path, session_.style);
+  const Registered registered = Add(paths, OnError::kEnd, progress);
   if (registered.duplicates > 0) {
     TellDuplicates(1);
     return LoadOutcome::kDuplicate;
@@ -168,7 +169,9 @@ void LoadCommands::LoadPaths(const std::vector<std::string>& paths) {
 void LoadCommands::AddFiles(const std::vector<std::string>& paths) {
   if (paths.size() == 1) AddFile(paths.front());
   if (paths.size() <= 1 || cancelled_) return;
-  TellDuplicates(RegisterShown(paths, OnError::kPassOver, false).duplicates);
+  PathList list;
+  for (const std::string& path : paths) AddPath(list, path, session_.style);
+  TellDuplicates(RegisterShown(list, OnError::kPassOver, false).duplicates);
 }
 
 void LoadCommands::TellDuplicates(std::size_t count) {

@@ -8,6 +8,7 @@
 
 #include "app/PassedOverPaths.h"
 #include "app/Screen.h"
+#include "base/PathList.h"
 #include "base/Throttle.h"
 #include "filelist/FolderSearch.h"
 #include "filelist/Registration.h"
@@ -71,11 +72,11 @@ class LoadCommands {
   enum class Clearing { kAsOptionsSay, kNever };
 
   LoadOutcome Load(std::string folder, Clearing clearing);
-  LoadOutcome Register(std::vector<std::string> paths, Clearing clearing);
+  LoadOutcome Register(const PathList& paths, Clearing clearing);
   FoundFiles Search(const std::string& folder, bool subfolders);
   [[nodiscard]] RegisterOptions RegisterAs(OnError onError) const;
-  Registered Add(std::vector<std::string> paths, OnError onError, Progress& progress);
-  Registered RegisterShown(std::vector<std::string> paths, OnError onError, bool showsStart);
+  Registered Add(const PathList& paths, OnError onError, Progress& progress);
+  Registered RegisterShown(const PathList& paths, OnError onError, bool showsStart);
   LoadOutcome Failed(const FileError& error);
   void AddFiles(const std::vector<std::string>& paths);
   void ReadAnew();

@@ -70,7 +70,10 @@ void Session::SetLocations(std::vector<std::string> locations) {
 bool Session::LoadPath(const std::string& path, const Selection& selection) {
   UntilInterrupted progress;
   if (path.empty()) return false;  // it would be loaded as the root folder
-  return files->IsFile(path) ? Register({path}, path, progress) : LoadFolder(path, selection, progress);
+  if (!files->IsFile(path)) return LoadFolder(path, selection, progress);
+  PathList single;
+  AddPath(single, path);
+  return Register(single, path, progress);
 }
 
 bool Session::LoadFolder(const std::string& path, const Selection& selection, UntilInterrupted& progress) {
@@ -91,12 +94,12 @@ bool Session::LoadFolder(const std::string& path, const Selection& selection, Un
     Complain(LoadCaption(), NothingFound(filter, found), path);
     return false;
   }
-  return Register(std::move(found.paths), path, progress) && complete;
+  return Register(found.paths, path, progress) && complete;
 }
 
-bool Session::Register(std::vector<std::string> paths, const std::string& subject, UntilInterrupted& progress) {
-  const bool single = paths.size() == 1 && paths.front() == subject;
-  const Registered registered = RegisterFiles(list, *files, std::move(paths), {.tags = tags}, progress);
+bool Session::Register(const PathList& paths, const std::string& subject, UntilInterrupted& progress) {
+  const bool single = paths.size() == 1 && (*paths.begin()).Path() == subject;
+  const Registered registered = RegisterFiles(list, *files, paths, {.tags = tags}, progress);
   if (single && registered.duplicates > 0) Complain(LoadCaption(), FileListed(), subject);
   if (registered.error) Complain(LoadCaption(), LoadFailure(*registered.error), subject);
   return !ComplainAbout(registered.passedOver) && !registered.error;

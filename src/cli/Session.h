@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/PathList.h"
 #include "base/Progress.h"
 #include "filelist/FileList.h"
 #include "filelist/PassedOver.h"
@@ -55,7 +56,7 @@ class Session {
  private:
   bool LoadPath(const std::string& path, const Selection& selection);
   bool LoadFolder(const std::string& path, const Selection& selection, UntilInterrupted& progress);
-  bool Register(std::vector<std::string> paths, const std::string& subject, UntilInterrupted& progress);
+  bool Register(const PathList& paths, const std::string& subject, UntilInterrupted& progress);
   bool ComplainAbout(const std::vector<PassedOver>& paths);
 };
 

@@ -20,6 +20,26 @@ bool IsOneOfTrashFolders(std::string_view component) {
   return user[0] == '-' && std::all_of(user.begin() + 1, user.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
+/// Decides for one file after another, most of which are in the same folder as the file before.
+class RecycleBin {
+ public:
+  explicit RecycleBin(PathStyle style) : style_(style) {}
+
+  bool Holds(const PathList::File& file) {
+    if (!file.SharesFolderWith(last_)) folderIsInside_ = IsInRecycleBin(file.folder, trash_, style_);
+    last_ = file;
+    if (folderIsInside_) return true;
+    // Directly on a drive, the name decides, too.
+    return style_ == PathStyle::kWindows && file.folder.ends_with(":\\") && IsInRecycleBin(file.Path(), trash_, style_);
+  }
+
+ private:
+  const std::string trash_ = UserTrashFolder();
+  PathStyle style_;
+  PathList::File last_;
+  bool folderIsInside_ = false;
+};
+
 }  // namespace
 
 std::string SearchFilter(const OptionValues::Find& find) {
@@ -49,9 +69,15 @@ bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle
 }
 
 void LeaveOutRecycleBin(FoundFiles& found, PathStyle style) {
-  const std::string trash = UserTrashFolder();
-  found.inRecycleBin =
-      std::erase_if(found.paths, [&](const std::string& path) { return IsInRecycleBin(path, trash, style); });
+  RecycleBin bin(style);
+  const auto isInside = [&](const PathList::File& file) { return bin.Holds(file); };
+  found.inRecycleBin = static_cast<std::size_t>(std::count_if(found.paths.begin(), found.paths.end(), isInside));
+  if (found.inRecycleBin == 0) return;  // there may be a million files
+  PathList kept;
+  for (const PathList::File file : found.paths) {
+    if (!bin.Holds(file)) kept.Add(file.folder, file.name);
+  }
+  found.paths = std::move(kept);
 }
 
 FolderSearch::FolderSearch(FileReads& files, Progress& progress, PathStyle style)
@@ -98,10 +124,10 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
       }
       continue;
     }
-    // There may be a million files, so no name is kept beside its path.
+    // There may be a million files, so no name is kept twice.
     const std::string name = std::move(entry.name);
     if (MatchesExtensionFilter(name, filter_, style_)) {
-      found_.paths.push_back(folder + name);
+      found_.paths.Add(folder, name);
     } else {
       ++found_.otherFiles;
     }

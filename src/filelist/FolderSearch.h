@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/PathList.h"
 #include "base/Progress.h"
 #include "filelist/PassedOver.h"
 #include "platform/FileSystem.h"
@@ -22,8 +23,7 @@ namespace quillon {
 [[nodiscard]] bool IsInRecycleBin(std::string_view path, std::string_view userTrash, PathStyle style);
 
 struct FoundFiles {
-  std::vector<std::string>
-      paths;  ///< folder by folder: a folder's own files, then its subfolders', each sorted by name
+  PathList paths;  ///< folder by folder: a folder's own files, then its subfolders', each sorted by name
   std::vector<PassedOver> passedOver;
   std::size_t otherFiles = 0;         ///< files that do not pass the filter
   std::size_t unsearchedFolders = 0;  ///< folders that were not entered because subfolders were not wanted

@@ -66,17 +66,18 @@ TagSources TagSourcesOf(const OptionValues& options) {
   return options.extra.readMoreTags ? TagSources::kAll : TagSources::kStandard;
 }
 
-Registered RegisterFiles(FileList& list, FileReads& files, std::vector<std::string> paths,
-                         const RegisterOptions& options, Progress& progress, PathStyle style) {
+Registered RegisterFiles(FileList& list, FileReads& files, const PathList& paths, const RegisterOptions& options,
+                         Progress& progress, PathStyle style) {
   Registered registered;
   list.BeginChanges();
   const Finally told([&list] { list.EndChanges(); });
   list.Reserve(paths.size());
   std::size_t done = 0;
   bool goesOn = progress.Continue(done, paths.size(), {});
-  for (std::string& held : paths) {
+  std::string path;
+  for (const PathList::File file : paths) {
     if (!goesOn) break;
-    const std::string path = std::move(held);  // the row keeps it; a million paths are not held twice
+    file.PathInto(path);
     if (list.ContainsFile(path)) {
       ++registered.duplicates;
     } else if (Result<ReadFile, FileError> read = ReadRow(files, path, options.tags, style)) {

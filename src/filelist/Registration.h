@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/PathList.h"
 #include "base/Progress.h"
 #include "filelist/FileList.h"
 #include "filelist/PassedOver.h"
@@ -37,8 +38,8 @@ struct Registered {
 [[nodiscard]] TagSources TagSourcesOf(const OptionValues& options);
 
 /// Adds a row for each of these full paths, in their order. `progress` is asked after each one whether to go on.
-Registered RegisterFiles(FileList& list, FileReads& files, std::vector<std::string> paths,
-                         const RegisterOptions& options, Progress& progress, PathStyle style = SystemPathStyle());
+Registered RegisterFiles(FileList& list, FileReads& files, const PathList& paths, const RegisterOptions& options,
+                         Progress& progress, PathStyle style = SystemPathStyle());
 
 /// Reads every listed file again. Edited rename names are lost; rows whose files no longer exist are removed; rows
 /// whose files cannot be checked at the moment stay unchanged.

@@ -77,6 +77,11 @@ std::string_view FolderPart(std::string_view path, PathStyle style) {
   return path.substr(0, FileNameOffset(path, style));
 }
 
+void AddPath(PathList& list, std::string_view path, PathStyle style) {
+  const std::size_t offset = FileNameOffset(path, style);
+  list.Add(path.substr(0, offset), path.substr(offset));
+}
+
 std::string WithTrailingSeparator(std::string_view folder, PathStyle style) {
   const char separator = PathSeparator(style);
   std::string result;

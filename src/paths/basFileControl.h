@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/PathList.h"
 #include "platform/PathStyle.h"
 
 /// Stateless helpers for paths and names. They never touch the disk. Returned views point into the argument.
@@ -29,6 +30,9 @@ namespace quillon {
 /// The path without its file name, with the trailing separator. A path without a separator has no file name and is
 /// returned whole.
 [[nodiscard]] std::string_view FolderPart(std::string_view path, PathStyle style = SystemPathStyle());
+
+/// Adds the file at this path to the list.
+void AddPath(PathList& list, std::string_view path, PathStyle style = SystemPathStyle());
 
 /// The folder with one separator appended when it does not end with one. An empty folder gives the separator alone.
 [[nodiscard]] std::string WithTrailingSeparator(std::string_view folder, PathStyle style = SystemPathStyle());

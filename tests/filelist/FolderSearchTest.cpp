@@ -5,13 +5,16 @@
 
 #include "filelist/FolderSearch.h"
 #include "support/MemoryFileSystem.h"
+#include "support/Paths.h"
 #include "support/RecordedProgress.h"
 
 namespace quillon {
 namespace {
 
 using test::FileCall;
+using test::ListOf;
 using test::MemoryFileSystem;
+using test::PathsOf;
 using Passed = std::vector<PassedOver>;
 using Texts = std::vector<std::string>;
 
@@ -103,21 +106,21 @@ TEST(IsInRecycleBin, KnowsTheFoldersOfBothSystems) {
 TEST(FolderSearch, ListsAFoldersOwnFilesThenThoseOfItsSubFoldersByName) {
   Fixture f;
   f.Add({"/m/b.mid", "/m/C.mid", "/m/a.mid", "/m/y/1.mid", "/m/X/2.mid", "/m/X/deep/3.mid", "/m/X/0.mid", "/n/z.mid"});
-  EXPECT_EQ(f.search.Search("/m/", "", true).paths,
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths),
             Texts({"/m/a.mid", "/m/b.mid", "/m/C.mid", "/m/X/0.mid", "/m/X/2.mid", "/m/X/deep/3.mid", "/m/y/1.mid"}));
 }
 
 TEST(FolderSearch, WritesWindowsPathsWithBackslashes) {
   Fixture f(kWin);
   f.Add({"C:\\m\\a.mid", "C:\\m\\X\\b.mid"});
-  EXPECT_EQ(f.search.Search("C:\\m", "", true).paths, Texts({"C:\\m\\a.mid", "C:\\m\\X\\b.mid"}));
+  EXPECT_EQ(PathsOf(f.search.Search("C:\\m", "", true).paths), Texts({"C:\\m\\a.mid", "C:\\m\\X\\b.mid"}));
 }
 
 TEST(FolderSearch, LooksIntoSubFoldersOnlyWhenWanted) {
   Fixture f;
   f.Add({"/m/a.mid", "/m/x/b.mid"});
   const FoundFiles found = f.search.Search("/m", "", false);
-  EXPECT_EQ(found.paths, Texts({"/m/a.mid"}));
+  EXPECT_EQ(PathsOf(found.paths), Texts({"/m/a.mid"}));
   EXPECT_FALSE(found.cancelled);
   EXPECT_FALSE(found.error);
   EXPECT_EQ(f.files.CountOf(FileCall::kReadFolder), 1u);
@@ -139,7 +142,7 @@ TEST(FolderSearch, TakesWhatPassesTheFilter) {
   for (const Case& c : cases) {
     Fixture f;
     f.Add({"/m/A.MID", "/m/b.mp3", "/m/c", "/m/d.midi"});
-    EXPECT_EQ(f.search.Search("/m/", c.filter, false).paths, c.expected) << c.name;
+    EXPECT_EQ(PathsOf(f.search.Search("/m/", c.filter, false).paths), c.expected) << c.name;
   }
 }
 
@@ -156,16 +159,32 @@ TEST(FolderSearch, CountsWhatItLeavesOut) {
 
 TEST(LeaveOutRecycleBin, CountsTheFilesThere) {
   FoundFiles found;
-  found.paths = {"/m/a", "/m/.Trash/b", "/m/.Trash-1000/files/c"};
+  found.paths = ListOf({"/m/a", "/m/.Trash/b", "/m/.Trash-1000/files/c", "/m/.Trash-1000/files/d", "/m/e"}, kLin);
   LeaveOutRecycleBin(found, kLin);
-  EXPECT_EQ(found.paths, Texts({"/m/a"}));
+  EXPECT_EQ(PathsOf(found.paths), Texts({"/m/a", "/m/e"}));
+  EXPECT_EQ(found.inRecycleBin, 3u);
+}
+
+TEST(LeaveOutRecycleBin, LooksAtTheNamesOfFilesDirectlyOnADrive) {
+  FoundFiles found;
+  found.paths = ListOf({"C:\\a", "C:\\Recycled", "C:\\b", "C:\\m\\recycled", "D:\\RECYCLED\\x\\c"}, kWin);
+  LeaveOutRecycleBin(found, kWin);
+  EXPECT_EQ(PathsOf(found.paths), Texts({"C:\\a", "C:\\b", "C:\\m\\recycled"}));
   EXPECT_EQ(found.inRecycleBin, 2u);
+}
+
+TEST(LeaveOutRecycleBin, KeepsAllWhereNothingIsInside) {
+  FoundFiles found;
+  found.paths = ListOf({"/m/a", "/n/b"}, kLin);
+  LeaveOutRecycleBin(found, kLin);
+  EXPECT_EQ(PathsOf(found.paths), Texts({"/m/a", "/n/b"}));
+  EXPECT_EQ(found.inRecycleBin, 0u);
 }
 
 TEST(FolderSearch, AFolderNameIsNotFiltered) {
   Fixture f;
   f.Add({"/m/x.mp3/a.mid", "/m/y.mid/b.mp3"});
-  EXPECT_EQ(f.search.Search("/m/", "mid", true).paths, Texts({"/m/x.mp3/a.mid"}));
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "mid", true).paths), Texts({"/m/x.mp3/a.mid"}));
 }
 
 TEST(FolderSearch, ProcessesPendingMessagesOncePerEntry) {
@@ -199,8 +218,8 @@ TEST(FolderSearch, FindsTheSameAgain) {
   f.Add({"/m/a.mid", "/n/b.mid"});
   f.files.AddLink("/m/x", "/n");
   const Texts expected = {"/m/a.mid", "/m/x/b.mid"};
-  EXPECT_EQ(f.search.Search("/m/", "", true).paths, expected);
-  EXPECT_EQ(f.search.Search("/m/", "", true).paths, expected) << "nothing of the first search is left";
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths), expected);
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths), expected) << "nothing of the first search is left";
 }
 
 TEST(FolderSearch, EndsWithTheErrorOfTheFolderItself) {
@@ -210,7 +229,7 @@ TEST(FolderSearch, EndsWithTheErrorOfTheFolderItself) {
     f.files.Fail(FileCall::kReadFolder, "/m/", {number, "why"});
     const FoundFiles found = f.search.Search("/m", "", true);
     EXPECT_EQ(found.error, FileError({number, "why"}));
-    EXPECT_EQ(found.paths, Texts());
+    EXPECT_EQ(PathsOf(found.paths), Texts());
   }
 }
 
@@ -227,7 +246,7 @@ TEST(FolderSearch, SkipsAndReportsASubFolderThatMayNotBeRead) {
   f.files.Fail(FileCall::kReadFolder, "/m/locked/", {file_error::kAccess, "denied"});
   const FoundFiles found = f.search.Search("/m/", "", true);
   EXPECT_FALSE(found.error);
-  EXPECT_EQ(found.paths, Texts({"/m/a.mid", "/m/open/c.mid"}));
+  EXPECT_EQ(PathsOf(found.paths), Texts({"/m/a.mid", "/m/open/c.mid"}));
   EXPECT_EQ(found.passedOver, Passed({{"/m/locked/", Obstacle::kNoAccess}}));
 }
 
@@ -237,7 +256,7 @@ TEST(FolderSearch, SkipsAnUnreachableSubFolderBecauseItMayHaveVanished) {
   f.files.Fail(FileCall::kReadFolder, "/m/b/", {file_error::kUnreachable, "gone"});
   const FoundFiles found = f.search.Search("/m/", "", true);
   EXPECT_FALSE(found.error);
-  EXPECT_EQ(found.paths, Texts({"/m/d/e.mid"}));
+  EXPECT_EQ(PathsOf(found.paths), Texts({"/m/d/e.mid"}));
   EXPECT_EQ(found.passedOver, Passed({{"/m/b/", Obstacle::kNoAccess}}));
 }
 
@@ -262,7 +281,7 @@ TEST(FolderSearchLinks, ALinkToAFolderIsFollowed) {
   Fixture f;
   f.Add({"/n/b.mid", "/n/deep/c.mid"});
   f.files.AddLink("/m/x", "/n");
-  EXPECT_EQ(f.search.Search("/m/", "", true).paths, Texts({"/m/x/b.mid", "/m/x/deep/c.mid"}));
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths), Texts({"/m/x/b.mid", "/m/x/deep/c.mid"}));
 }
 
 TEST(FolderSearchLinks, TwoLinksToOneFolderAreFollowedOnce) {
@@ -270,7 +289,7 @@ TEST(FolderSearchLinks, TwoLinksToOneFolderAreFollowedOnce) {
   f.Add({"/n/b.mid"});
   f.files.AddLink("/m/x", "/n");
   f.files.AddLink("/m/y", "/n/");
-  EXPECT_EQ(f.search.Search("/m/", "", true).paths, Texts({"/m/x/b.mid"}));
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths), Texts({"/m/x/b.mid"}));
 }
 
 TEST(FolderSearchLinks, ALinkBackUpIsNotFollowed) {
@@ -282,7 +301,7 @@ TEST(FolderSearchLinks, ALinkBackUpIsNotFollowed) {
     Fixture f;
     f.Add({"/top/m/a.mid", "/top/m/x/b.mid"});
     f.files.AddLink("/top/m/x/up", target);
-    EXPECT_EQ(f.search.Search("/top/m/", "", true).paths, Texts({"/top/m/a.mid", "/top/m/x/b.mid"})) << name;
+    EXPECT_EQ(PathsOf(f.search.Search("/top/m/", "", true).paths), Texts({"/top/m/a.mid", "/top/m/x/b.mid"})) << name;
   }
 }
 
@@ -292,7 +311,8 @@ TEST(FolderSearchLinks, ALinkToASiblingWithTheSameStartIsNoLinkBackUp) {
   f.files.AddLink("/m/x2/to", "/n");
   f.files.AddLink("/m/x2/beside", "/m/x");
   f.files.AddFile("/m/x/d.mid");
-  EXPECT_EQ(f.search.Search("/m/x2/", "", true).paths, Texts({"/m/x2/b.mid", "/m/x2/beside/d.mid", "/m/x2/to/c.mid"}));
+  EXPECT_EQ(PathsOf(f.search.Search("/m/x2/", "", true).paths),
+            Texts({"/m/x2/b.mid", "/m/x2/beside/d.mid", "/m/x2/to/c.mid"}));
 }
 
 TEST(FolderSearchLinks, FoldersThatLeadIntoEachOtherAreEachListedOnce) {
@@ -300,7 +320,7 @@ TEST(FolderSearchLinks, FoldersThatLeadIntoEachOtherAreEachListedOnce) {
   f.Add({"/m/a.mid", "/n/b.mid"});
   f.files.AddLink("/m/n", "/n");
   f.files.AddLink("/n/m", "/m");
-  EXPECT_EQ(f.search.Search("/m/", "", true).paths, Texts({"/m/a.mid", "/m/n/b.mid"}));
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths), Texts({"/m/a.mid", "/m/n/b.mid"}));
 }
 
 TEST(FolderSearchLinks, AFolderThatIsSearchedAnywayIsNotSearchedThroughALinkToo) {
@@ -308,7 +328,7 @@ TEST(FolderSearchLinks, AFolderThatIsSearchedAnywayIsNotSearchedThroughALinkToo)
   f.Add({"/m/a/1.mid", "/m/b/2.mid"});
   f.files.AddLink("/m/a/toB", "/m/b");
   f.files.AddLink("/m/b/toA", "/m/a");
-  const Texts paths = f.search.Search("/m/", "", true).paths;
+  const Texts paths = PathsOf(f.search.Search("/m/", "", true).paths);
   EXPECT_EQ(paths, Texts({"/m/a/1.mid", "/m/b/2.mid"}));
 }
 
@@ -317,7 +337,7 @@ TEST(FolderSearchLinks, ALinkThatLeadsNowhereIsLeftOut) {
   f.Add({"/m/a.mid"});
   f.files.AddLink("/m/x", "/absent");
   f.files.AddLink("/m/loop", "/m/loop");
-  EXPECT_EQ(f.search.Search("/m/", "", true).paths, Texts({"/m/a.mid"}));
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths), Texts({"/m/a.mid"}));
 }
 
 TEST(FolderSearchLinks, ALinkThatCannotBeResolvedIsNotEntered) {
@@ -325,14 +345,14 @@ TEST(FolderSearchLinks, ALinkThatCannotBeResolvedIsNotEntered) {
   f.Add({"/n/b.mid"});
   f.files.AddLink("/m/x", "/n");
   f.files.Fail(FileCall::kRealPath, "/m/x", {file_error::kAccess, "denied"});
-  EXPECT_EQ(f.search.Search("/m/", "", true).paths, Texts());
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths), Texts());
 }
 
 TEST(FolderSearchLinks, ALinkToAFileIsAFile) {
   Fixture f;
   f.Add({"/n/b.mid"});
   f.files.AddLink("/m/link.mid", "/n/b.mid");
-  EXPECT_EQ(f.search.Search("/m/", "", false).paths, Texts({"/m/link.mid"}));
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", false).paths), Texts({"/m/link.mid"}));
 }
 
 TEST(FolderSearchLinks, AreResolvedOnWindowsToo) {
@@ -340,7 +360,7 @@ TEST(FolderSearchLinks, AreResolvedOnWindowsToo) {
   f.Add({"C:\\m\\a.mid", "C:\\n\\b.mid"});
   f.files.AddLink("C:\\m\\x", "C:\\n");
   f.files.AddLink("C:\\m\\up", "C:\\m");
-  EXPECT_EQ(f.search.Search("C:\\m\\", "", true).paths, Texts({"C:\\m\\a.mid", "C:\\m\\x\\b.mid"}));
+  EXPECT_EQ(PathsOf(f.search.Search("C:\\m\\", "", true).paths), Texts({"C:\\m\\a.mid", "C:\\m\\x\\b.mid"}));
 }
 
 TEST(FolderSearch, AFolderBelowTheDepthLimitIsSkippedAndReportedAsTooDeep) {
@@ -353,7 +373,7 @@ TEST(FolderSearch, AFolderBelowTheDepthLimitIsSkippedAndReportedAsTooDeep) {
   f.files.AddFile(folder + "a.mid");
   f.files.AddFile("/m/d/b.mid");
   const FoundFiles found = f.search.Search("/m/", "", true);
-  EXPECT_EQ(found.paths, Texts({"/m/d/b.mid", tooDeep.substr(0, tooDeep.size() - 2) + "last.mid"}));
+  EXPECT_EQ(PathsOf(found.paths), Texts({"/m/d/b.mid", tooDeep.substr(0, tooDeep.size() - 2) + "last.mid"}));
   EXPECT_FALSE(found.error);
   EXPECT_EQ(found.passedOver, Passed({{tooDeep, Obstacle::kTooDeep}}));
 }

@@ -6,6 +6,7 @@
 #include "filelist/Registration.h"
 #include "support/MediaBuilders.h"
 #include "support/MemoryFileSystem.h"
+#include "support/Paths.h"
 
 namespace quillon {
 namespace {
@@ -22,7 +23,7 @@ struct Fixture {
   Unwatched progress;
 
   Registered Register(const std::vector<std::string>& paths, TagSources tags) {
-    return RegisterFiles(list, files, paths, {.tags = tags}, progress, PathStyle::kLinux);
+    return RegisterFiles(list, files, ListOf(paths, PathStyle::kLinux), {.tags = tags}, progress, PathStyle::kLinux);
   }
 };
 
