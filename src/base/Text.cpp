@@ -112,6 +112,10 @@ std::string_view LastCharacters(std::string_view text, std::size_t count) {
 
 bool IsValidUtf8(std::string_view text) {
   for (std::size_t i = 0; i < text.size();) {
+    if (static_cast<unsigned char>(text[i]) < 0x80) {
+      ++i;
+      continue;
+    }
     const Character c = CharacterAt(text, i);
     if (!c.valid) return false;
     i += c.length;

@@ -8,31 +8,18 @@ namespace quillon::cli {
 namespace {
 
 std::string JsonRow(const FileItem& row) {
-  Json object;
-  object["rename_name"] = row.renameName;
-  object["title"] = row.title;
-  object["artist"] = row.artist;
-  object["type"] = row.type.Text();
-  object["size"] = ColumnText(row, Column::kSize);
-  AddPath(object, "location", row.location);
-  return OneLine(object);
+  JsonLine line;
+  line.Text("rename_name", row.renameName).Text("title", row.title).Text("artist", row.artist);
+  line.Text("type", row.type.Text()).Text("size", ColumnText(row, Column::kSize)).Path("location", row.location);
+  return line.Take();
 }
 
 void WriteRows(const FileList& list, Output& output) {
-  std::vector<std::vector<std::string>> rows;
-  rows.reserve(static_cast<std::size_t>(list.Count()) + 1);
-  std::vector<std::string> cells;
-  cells.reserve(kColumnCount);
-  for (int column = 0; column < kColumnCount; ++column) cells.push_back(Heading(static_cast<Column>(column)));
-  rows.push_back(cells);
-  for (int index = 1; index <= list.Count(); ++index) {
-    cells.clear();
-    for (int column = 0; column < kColumnCount; ++column) {
-      cells.push_back(ColumnText(list.Row(index), static_cast<Column>(column)));
-    }
-    rows.push_back(cells);
-  }
-  WriteTable(rows, output);
+  const auto cell = [&](std::size_t row, std::size_t number) {
+    const auto column = static_cast<Column>(number);
+    return row == 0 ? Heading(column) : ColumnText(list.Row(static_cast<int>(row)), column);
+  };
+  WriteTable(static_cast<std::size_t>(list.Count()) + 1, kColumnCount, cell, output);
 }
 
 }  // namespace

@@ -103,19 +103,17 @@ class PlanRun {
     for (const PlannedRename& rename : renames_) {
       if (rename.from == rename.to) continue;
       if (arguments_.json) {
-        WriteJson(Json::object(), rename);
+        output_.Line(Renamed(rename).Take());
       } else {
         output_.Line(OnOneLine(rename.from) + " -> " + OnOneLine(rename.to));
       }
     }
   }
 
-  void WriteJson(const Json& further, const PlannedRename& rename) {
-    Json object;
-    AddPath(object, "old", rename.from);
-    AddPath(object, "new", rename.to);
-    object.update(further);
-    output_.Line(OneLine(object));
+  static JsonLine Renamed(const PlannedRename& rename) {
+    JsonLine line;
+    line.Path("old", rename.from).Path("new", rename.to);
+    return line;
   }
 
   int Apply(LoggedDisk& disk) {
@@ -141,7 +139,7 @@ class PlanRun {
         Localized(error.number == file_error::kAlreadyExists ? messages::kPlanTargetExists : messages::kPlanFailed) +
         (error.description.empty() ? "" : " (" + error.description + ")");
     if (arguments_.json) {
-      WriteJson(Json{{"code", error.number}, {"reason", reason}}, step);
+      output_.Line(Renamed(step).Number("code", error.number).Text("reason", reason).Take());
     } else {
       output_.Line(OnOneLine(step.from) + " -> " + OnOneLine(step.to) + ": " + OnOneLine(reason));
     }
@@ -150,11 +148,7 @@ class PlanRun {
   void ReportNotBack(const PlannedRename& file) {
     const std::string reason = Localized(messages::kNotTakenBack);
     if (arguments_.json) {
-      Json object;
-      AddPath(object, "old", file.from);
-      AddPath(object, "file_at", file.to);
-      object["reason"] = reason;
-      output_.Line(OneLine(object));
+      output_.Line(JsonLine().Path("old", file.from).Path("file_at", file.to).Text("reason", reason).Take());
     } else {
       output_.Line(OnOneLine(file.from) + ": " + reason + ": " + OnOneLine(file.to));
     }

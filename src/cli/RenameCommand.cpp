@@ -41,7 +41,7 @@ class Reporter final : public Progress {
     if (from == to) return;
     ++renamed_;
     if (json_) {
-      output_.Line(OneLine(Renamed(from, to)));
+      output_.Line(Renamed(from, to).Take());
     } else if (!apply_) {
       output_.Line(OnOneLine(from) + " -> " + OnOneLine(to));
     }
@@ -51,11 +51,10 @@ class Reporter final : public Progress {
     row.location = failure.from;
     const std::string& fileAt = failure.error.fileAt;
     if (json_) {
-      Json object = Renamed(row.location, AppliedPath(row));
-      object["code"] = static_cast<int>(failure.code);
-      object["reason"] = ReasonFor(failure.code);
-      if (!fileAt.empty()) AddPath(object, "file_at", fileAt);
-      output_.Line(OneLine(object));
+      JsonLine line = Renamed(row.location, AppliedPath(row));
+      line.Number("code", static_cast<int>(failure.code)).Text("reason", ReasonFor(failure.code));
+      if (!fileAt.empty()) line.Path("file_at", fileAt);
+      output_.Line(line.Take());
     } else {
       output_.Line(OnOneLine(row.location) + ": " + ReasonFor(failure.code) +
                    (fileAt.empty() ? "" : Localized(messages::kBeforeWhere) + OnOneLine(WhereLeft(failure.error))));
@@ -66,11 +65,10 @@ class Reporter final : public Progress {
   [[nodiscard]] int RenamedCount() const { return renamed_; }
 
  private:
-  static Json Renamed(const std::string& from, const std::string& to) {
-    Json object;
-    AddPath(object, "old", from);
-    AddPath(object, "new", to);
-    return object;
+  static JsonLine Renamed(const std::string& from, const std::string& to) {
+    JsonLine line;
+    line.Path("old", from).Path("new", to);
+    return line;
   }
 
   bool apply_;

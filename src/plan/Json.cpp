@@ -1,5 +1,7 @@
 #include "plan/Json.h"
 
+#include <utility>
+
 #include "base/Text.h"
 
 namespace quillon {
@@ -29,6 +31,45 @@ std::optional<std::string> BytesOf(std::string_view digits) {
   return bytes;
 }
 
+std::string Dumped(const Json& value) {
+  return value.dump(-1, ' ', false, nlohmann::detail::error_handler_t::replace);
+}
+
+void AppendEscaped(std::string& line, char c) {
+  switch (c) {
+    case '"': line += "\\\""; return;
+    case '\\': line += "\\\\"; return;
+    case '\b': line += "\\b"; return;
+    case '\f': line += "\\f"; return;
+    case '\n': line += "\\n"; return;
+    case '\r': line += "\\r"; return;
+    case '\t': line += "\\t"; return;
+    default: line += "\\u00" + HexadecimalOf({&c, 1});
+  }
+}
+
+bool MustBeEscaped(char c) {
+  return static_cast<unsigned char>(c) < 0x20 || c == '"' || c == '\\';
+}
+
+// Invalid bytes are rare and left to the library.
+void AppendText(std::string& line, std::string_view text) {
+  if (!IsValidUtf8(text)) {
+    line += Dumped(text);
+    return;
+  }
+  line += '"';
+  std::size_t written = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (!MustBeEscaped(text[i])) continue;
+    line += text.substr(written, i - written);
+    AppendEscaped(line, text[i]);
+    written = i + 1;
+  }
+  line += text.substr(written);
+  line += '"';
+}
+
 const std::string* TextIn(const Json& object, const std::string& field) {
   const auto found = object.find(field);
   return found == object.end() || !found->is_string() ? nullptr : found->get_ptr<const std::string*>();
@@ -48,7 +89,40 @@ std::optional<std::string> PathOf(const Json& object, const std::string& field) 
 }
 
 std::string OneLine(const Json& object) {
-  return object.dump(-1, ' ', false, nlohmann::detail::error_handler_t::replace);
+  return Dumped(object);
+}
+
+JsonLine::JsonLine() {
+  constexpr std::size_t kUsualLine = 512;
+  line_.reserve(kUsualLine);
+}
+
+void JsonLine::Begin(std::string_view field) {
+  line_ += line_.empty() ? "{\"" : ",\"";
+  line_ += field;
+  line_ += "\":";
+}
+
+JsonLine& JsonLine::Text(std::string_view field, std::string_view text) {
+  Begin(field);
+  AppendText(line_, text);
+  return *this;
+}
+
+JsonLine& JsonLine::True(std::string_view field) {
+  Begin(field);
+  line_ += "true";
+  return *this;
+}
+
+JsonLine& JsonLine::Path(std::string_view field, std::string_view path) {
+  Text(field, path);
+  return IsValidUtf8(path) ? *this : Text(std::string(field) + "_bytes", HexadecimalOf(path));
+}
+
+std::string JsonLine::Take() {
+  line_ += line_.empty() ? "{}" : "}";
+  return std::move(line_);
 }
 
 std::optional<Json> ParseObject(std::string_view line) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -20,6 +21,31 @@ void AddPath(Json& object, const std::string& field, const std::string& path);
 
 /// The object on one line. Bytes that are not valid UTF-8 appear as U+FFFD.
 [[nodiscard]] std::string OneLine(const Json& object);
+
+/// A line of JSON, written field by field, for lines of which there are as many as files: the same bytes that OneLine
+/// gives of an object with these fields, without the object. Names of fields are plain text, and each comes once.
+class JsonLine {
+ public:
+  JsonLine();
+
+  JsonLine& Text(std::string_view field, std::string_view text);
+  JsonLine& Number(std::string_view field, std::integral auto number) {
+    Begin(field);
+    line_ += std::to_string(number);
+    return *this;
+  }
+  JsonLine& True(std::string_view field);
+  /// The same as AddPath.
+  JsonLine& Path(std::string_view field, std::string_view path);
+
+  /// Ends the line; it has no line break.
+  [[nodiscard]] std::string Take();
+
+ private:
+  void Begin(std::string_view field);
+
+  std::string line_;
+};
 
 /// The object that the line holds; nullopt where it holds none.
 [[nodiscard]] std::optional<Json> ParseObject(std::string_view line);

@@ -9,18 +9,14 @@
 namespace quillon {
 namespace {
 
-Json PathsOf(const std::string& from, const std::string& to) {
-  Json object;
-  AddPath(object, "old", from);
-  AddPath(object, "new", to);
-  return object;
+JsonLine PathsOf(const std::string& from, const std::string& to) {
+  JsonLine line;
+  line.Path("old", from).Path("new", to);
+  return line;
 }
 
-void AddIdentity(Json& object, const FileIdentity& file) {
-  object["device"] = file.device;
-  object["file"] = file.file;
-  object["size"] = file.size;
-  object["mtime"] = file.modified;
+void AddIdentity(JsonLine& line, const FileIdentity& file) {
+  line.Number("device", file.device).Number("file", file.file).Number("size", file.size).Number("mtime", file.modified);
 }
 
 template <class Number>
@@ -76,22 +72,19 @@ class LogReader {
 }  // namespace
 
 std::string RenameLine(const std::string& from, const std::string& to, const FileIdentity& file) {
-  Json object = PathsOf(from, to);
-  AddIdentity(object, file);
-  return OneLine(object) + '\n';
+  JsonLine line = PathsOf(from, to);
+  AddIdentity(line, file);
+  return line.Take() + '\n';
 }
 
 std::string CopiedLine(const std::string& from, const std::string& to, const FileIdentity& copy) {
-  Json object = PathsOf(from, to);
-  AddIdentity(object, copy);
-  object["copied"] = true;
-  return OneLine(object) + '\n';
+  JsonLine line = PathsOf(from, to);
+  AddIdentity(line, copy);
+  return line.True("copied").Take() + '\n';
 }
 
 std::string FailedLine(const std::string& from, const std::string& to, int error) {
-  Json object = PathsOf(from, to);
-  object["failed"] = error;
-  return OneLine(object) + '\n';
+  return PathsOf(from, to).Number("failed", error).Take() + '\n';
 }
 
 Result<RenameLog, std::size_t> ReadRenameLog(std::string_view text) {

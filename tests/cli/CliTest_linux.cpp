@@ -38,6 +38,19 @@ TEST(CliBytesTest, ANameThatIsNotUtf8IsListedWithItsBytesAndRenamedWithoutDamage
   EXPECT_TRUE(folder.Exists("Song.mp3"));
 }
 
+TEST(CliBytesTest, EachNameIsListedAsTheJsonLibraryWritesIt) {
+  const TempFolder folder;
+  for (const char* const name :
+       {"\x01", "back\\slash", "line\nfeed", "del\x7F", "\"quoted\"", "\U0001F3B5", "さくら", "\xE3\x81", "\xFF\xFE"}) {
+    folder.Write(std::string(name) + ".wav");
+  }
+  std::istringstream lines(RunProcess(QUILLON_CLI, {"list", "--json", folder.Path()}).output);
+  int count = 0;
+  for (std::string line; std::getline(lines, line); ++count)
+    EXPECT_EQ(nlohmann::ordered_json::parse(line).dump(), line);
+  EXPECT_EQ(count, 9);
+}
+
 TEST(CliBytesTest, NamesThatAreNotUtf8ChangePlacesAndComeBack) {
   const TempFolder folder;
   const TempFolder files;
