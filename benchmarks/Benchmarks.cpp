@@ -110,7 +110,7 @@ void Apply(State& state) {
     Program program;
     program.Load(files.Folder());
     for (int index = 1; index <= program.list.Count(); ++index) {
-      program.list.SetRenameName(index, program.list.Row(index).renameName + "x");
+      program.list.SetRenameName(index, std::string(program.list.Row(index).renameName) + "x");
     }
     state.ResumeTiming();
     Require(state, program.Apply().applied == files.Count(), "a rename failed");
@@ -132,7 +132,7 @@ void TitlesToNames(State& state) {
     state.PauseTiming();
     Require(state, outcome.applied == files.Count(), "a rename failed");
     std::vector<std::string> renamed;
-    for (int index = 1; index <= program.list.Count(); ++index) renamed.push_back(program.list.Row(index).location);
+    for (int index = 1; index <= program.list.Count(); ++index) renamed.push_back(program.list.Row(index).Location());
     Require(state, RenameWithSystemCalls(renamed, files.Paths()) == files.Count(), "a rename back failed");
     program.list.Clear();
     state.ResumeTiming();

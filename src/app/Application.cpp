@@ -197,9 +197,9 @@ void Application::Reset() {
 
 void Application::ShowRow(int index) {
   editing_.Load(index);
-  player_.Choose(list_.Row(index).location);
+  player_.Choose(list_.Row(index).Location());
   information_.ShowRow(index);
-  status_.ShowSelection(std::string(FileName(list_.Row(index).location, style_)));
+  status_.ShowSelection(std::string(list_.Row(index).name));
   ports_.window.state.ScrollToRow(index);
 }
 
@@ -221,11 +221,11 @@ void Application::SelectionChanged() {
 
 void Application::RowActivated(int index) {
   Run([&] {
-    const FileItem& row = list_.Row(index);
+    const FileRow row = list_.Row(index);
     if (IsPlayableType(row.type)) {
-      player_.Play(row.location);
+      player_.Play(row.Location());
     } else {
-      (void)ports_.system.openWithShell(row.location);
+      (void)ports_.system.openWithShell(row.Location());
     }
   });
 }

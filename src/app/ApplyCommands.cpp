@@ -30,7 +30,7 @@ RowOutcome ApplyCommands::Apply(int index, Failures failures) {
 }
 
 void ApplyCommands::ShowPlace(const RowOutcome& row) {
-  const std::string& location = session_.list.Row(row.index).location;
+  const std::string location = session_.list.Row(row.index).Location();
   if (location != row.from && session_.list.SelectedIndex() == row.index) screen_.filePanel.ShowFileName(location);
 }
 
@@ -39,11 +39,12 @@ void ApplyCommands::Uncheck(int index) {
 }
 
 std::string ApplyCommands::DetailsOf(const RowOutcome& row) const {
-  const FileItem& item = session_.list.Row(row.index);
+  const FileRow item = session_.list.Row(row.index);
+  const std::string location = item.Location();
   if (row.code == ApplyCode::kInvalidCharacter) {
-    return InvalidCharacterDetails(item.location, item.renameName, row.invalidCharacter);
+    return InvalidCharacterDetails(location, std::string(item.renameName), row.invalidCharacter);
   }
-  const std::string to = row.error.number == 0 ? std::string() : AppliedPath(item, session_.style);
+  const std::string to = row.error.number == 0 ? std::string() : AppliedPath(location, item.renameName, session_.style);
   return FailureDetails(files_, row.from, to, row.error, session_.style);
 }
 

@@ -25,10 +25,10 @@ FileCommands::FileCommands(const Session& session, ListCommands& rows, const Dis
 void FileCommands::mnuThisDel() {
   const int selected = session_.list.SelectedIndex();
   if (selected == 0) return;
-  const std::string path = session_.list.Row(selected).location;
+  const std::string path = session_.list.Row(selected).Location();
   const bool gone =
       session_.options.list.deleteTo == DeleteTo::kRecycleBin ? DeleteToRecycleBin(path) : DeleteForGood(path);
-  if (gone) rows_.RemoveRows([selected](int index, const FileItem&) { return index == selected; });
+  if (gone) rows_.RemoveRows([selected](int index, const FileRow&) { return index == selected; });
 }
 
 // Returns true when the row must be removed from the list.
@@ -82,7 +82,7 @@ std::optional<std::string> FileCommands::ChooseTarget() {
 bool FileCommands::MoveRow(int index, const std::string& folder, MoveProgress& progress, Batch& batch) {
   batch.cancelled = !progress.Next(session_.list.Row(index));
   if (batch.cancelled) return false;
-  const std::string from = session_.list.Row(index).location;
+  const std::string from = session_.list.Row(index).Location();
   const std::string to = mover_.Target(index, folder);
   const MoveOutcome outcome = mover_.Move(index, folder, &progress);
   batch.cancelled = !outcome && outcome.Failure().number == file_error::kCancelled;
@@ -94,7 +94,7 @@ bool FileCommands::MoveRow(int index, const std::string& folder, MoveProgress& p
   const bool follows =
       outcome ? session_.options.move.keepMovedRows : outcome.Failure().number == file_error::kStranded;
   if (follows && session_.list.SelectedIndex() == index)
-    screen_.filePanel.ShowFileName(session_.list.Row(index).location);
+    screen_.filePanel.ShowFileName(session_.list.Row(index).Location());
   if (!outcome && batch.showFailures) ReportMove(index, from, to, outcome.Failure(), batch);
   return outcome.Ok();
 }
@@ -147,7 +147,7 @@ void FileCommands::ReportNotKept(const NotKept& notKept) {
 
 void FileCommands::DropMovedRows(const std::vector<bool>& moved) {
   if (session_.options.move.keepMovedRows) return;
-  rows_.RemoveRows([&](int index, const FileItem&) { return moved[static_cast<std::size_t>(index)]; });
+  rows_.RemoveRows([&](int index, const FileRow&) { return moved[static_cast<std::size_t>(index)]; });
 }
 
 void FileCommands::mnuThisMove() {

@@ -18,13 +18,13 @@ void InformationPanel::Clear() {
 }
 
 void InformationPanel::ShowRow(int index) {
-  const FileItem& row = list_.Row(index);
+  const FileRow row = list_.Row(index);
+  const std::string location = row.Location();
   std::optional<std::int32_t> playTime;
   if (options_.system.readPlayTimes && IsPlayableType(row.type)) playTime = playTimes_.LengthOfChosenFile();
-  const FileInformation information =
-      ReadInformation(row.location, row.type, row.size, playTime, TagSourcesOf(options_));
-  boxes_.SetTitle(row.title);
-  ShowFileName(row.location);
+  const FileInformation information = ReadInformation(location, row.type, row.size, playTime, TagSourcesOf(options_));
+  boxes_.SetTitle(std::string(row.title));
+  ShowFileName(location);
   boxes_.SetSummary(information.summary);
   boxes_.SetDetail(information.detail);
 }
@@ -34,7 +34,7 @@ void InformationPanel::ShowFileName(const std::string& path) {
 }
 
 void InformationPanel::RefillFileName() {
-  if (const int selected = list_.SelectedIndex(); selected != 0) ShowFileName(list_.Row(selected).location);
+  if (const int selected = list_.SelectedIndex(); selected != 0) ShowFileName(list_.Row(selected).Location());
 }
 
 }  // namespace quillon

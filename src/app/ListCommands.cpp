@@ -7,11 +7,11 @@ namespace quillon {
 
 void ListCommands::mnuThisListDel() {
   const int selected = session_.list.SelectedIndex();
-  RemoveRows([selected](int index, const FileItem&) { return index == selected; });
+  RemoveRows([selected](int index, const FileRow&) { return index == selected; });
 }
 
 void ListCommands::mnuUnChkListRem() {
-  RemoveRows([](int, const FileItem& row) { return !row.checked; });
+  RemoveRows([](int, const FileRow& row) { return !row.checked; });
 }
 
 void ListCommands::mnuAllClear() {
@@ -28,11 +28,11 @@ void ListCommands::mnuAllClear() {
   screen_.status.SetModeText(ApplyModeText(session_.mode));
 }
 
-void ListCommands::RemoveRows(const std::function<bool(int index, const FileItem&)>& unwanted) {
+void ListCommands::RemoveRows(const std::function<bool(int index, const FileRow&)>& unwanted) {
   std::vector<std::string> removed;
-  session_.list.RemoveWhere([&](int index, const FileItem& row) {
+  session_.list.RemoveWhere([&](int index, const FileRow& row) {
     if (!unwanted(index, row)) return false;
-    removed.push_back(row.location);
+    removed.push_back(row.Location());
     return true;
   });
   for (const std::string& location : removed) session_.player.FileRemoved(location);

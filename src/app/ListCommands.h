@@ -20,7 +20,7 @@ class ListCommands {
   void mnuAllClear();
 
   /// Removes these rows, releases their files from the player and resets the panels; nothing happens when none matches.
-  void RemoveRows(const std::function<bool(int index, const FileItem&)>& unwanted);
+  void RemoveRows(const std::function<bool(int index, const FileRow&)>& unwanted);
 
  private:
   Session session_;

@@ -20,10 +20,10 @@ MoveProgress::~MoveProgress() {
   display_.End();
 }
 
-bool MoveProgress::Next(const FileItem& row) {
+bool MoveProgress::Next(const FileRow& row) {
   done_ += present_;
   present_ = SizeOf(row);
-  path_ = row.location;
+  path_ = row.Location();
   return Show(0);
 }
 

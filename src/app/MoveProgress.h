@@ -28,10 +28,10 @@ class MoveProgress final : public Progress {
   ~MoveProgress() override;
 
   /// A row's share of the total: its bytes, plus 1 for the file itself.
-  [[nodiscard]] static std::uint64_t SizeOf(const FileItem& row) { return row.size + 1; }
+  [[nodiscard]] static std::uint64_t SizeOf(const FileRow& row) { return row.size + 1; }
 
   /// Call it before moving the next row. Returns false when the user has cancelled.
-  [[nodiscard]] bool Next(const FileItem& row);
+  [[nodiscard]] bool Next(const FileRow& row);
 
   /// Bytes of the current file; `item` is not used.
   bool Continue(std::size_t copied, std::size_t total, const std::string& item) override;

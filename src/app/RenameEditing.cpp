@@ -73,7 +73,7 @@ void RenameEditing::ApplyTyped() {
     lastGoodRenameText_ = lastGood;
     if (session_.options.update.checkFailedRows) session_.list.SetChecked(index, true);
   }
-  const std::string& location = session_.list.Row(index).location;
+  const std::string location = session_.list.Row(index).Location();
   session_.player.Choose(location);
   screen_.status.ShowSelection(ShortenPath(location, kStatusPathLength, session_.style));
 }
@@ -138,10 +138,10 @@ void RenameEditing::LabelEdited(int index, const std::string& name) {
   if (AddedInvalidCharacterPosition(name, PresentName(index)) != 0)
     return Tell("不正な文字が含まれているため適応できません");
   if (name.empty()) return Tell("リネーム名が入力されていないため適応できません");
-  const std::string before = session_.list.Row(index).renameName;
+  const std::string before(session_.list.Row(index).renameName);
   session_.list.SetRenameName(index, name);
   if (!ApplyOrCheck(index)) session_.list.SetRenameName(index, before);
-  screen_.status.ShowSelection(std::string(FileName(session_.list.Row(index).location, session_.style)));
+  screen_.status.ShowSelection(std::string(session_.list.Row(index).name));
   Refresh();
 }
 
@@ -185,25 +185,25 @@ bool RenameEditing::TitlesConfirmed(const char* text) {
 }
 
 std::string_view RenameEditing::PresentName(int index) const {
-  return BaseName(session_.list.Row(index).location, session_.style);
+  return session_.list.Row(index).BaseName();
 }
 
 void RenameEditing::mnuThisUndo() {
   const int index = session_.list.SelectedIndex();
   if (index == 0) return;
-  RestoreName(session_.list, index, session_.style);
+  RestoreName(session_.list, index);
   Load(index);
 }
 
 void RenameEditing::mnuAllUndo() {
   if (Confirmed("元に戻す", "全アイテムのリネーム名を現在のファイル名に戻します", MessageIcon::kInformation)) {
-    RestoreNames(session_.list, Rows::kAll, session_.style);
+    RestoreNames(session_.list, Rows::kAll);
   }
 }
 
 void RenameEditing::mnuUndo() {
   if (Confirmed("元に戻す", "チェックアイテムのリネーム名を現在のファイル名に戻します", MessageIcon::kInformation)) {
-    RestoreNames(session_.list, Rows::kChecked, session_.style);
+    RestoreNames(session_.list, Rows::kChecked);
   }
 }
 

@@ -41,7 +41,7 @@ struct BatchResult {
 BatchResult DeleteFiles(Session& session, FileChanges& changes, const DeleteArguments& arguments, bool apply) {
   BatchReport report(apply, arguments.json);
   for (int index = 1; index <= session.list.Count() && report.Continue(); ++index) {
-    const std::string& path = session.list.Row(index).location;
+    const std::string path = session.list.Row(index).Location();
     if (const FileOutcome error = DeleteFile(*session.files, changes, path, arguments.forGood, apply)) {
       Json paths;
       AddPath(paths, "path", path);

@@ -7,10 +7,10 @@
 namespace quillon::cli {
 namespace {
 
-std::string JsonRow(const FileItem& row) {
+std::string JsonRow(const FileRow& row) {
   JsonLine line;
   line.Text("rename_name", row.renameName).Text("title", row.title).Text("artist", row.artist);
-  line.Text("type", row.type.Text()).Text("size", ColumnText(row, Column::kSize)).Path("location", row.location);
+  line.Text("type", row.type.Text()).Text("size", ColumnText(row, Column::kSize)).Path("location", row.Location());
   return line.Take();
 }
 

@@ -70,7 +70,7 @@ BatchResult MoveFiles(Session& session, FileChanges& changes, const std::string&
   UntilInterrupted progress;
   bool logged = true;
   for (int index = 1; index <= session.list.Count() && logged && report.Continue(); ++index) {
-    const std::string from = session.list.Row(index).location;
+    const std::string from = session.list.Row(index).Location();
     const std::string to = mover.Target(index, folder);
     if (const MoveOutcome outcome = mover.Move(index, folder, &progress)) {
       notKept.Add(*outcome);

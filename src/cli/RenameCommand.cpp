@@ -47,16 +47,16 @@ class Reporter final : public Progress {
     }
   }
 
-  void Failed(FileItem row, const RowOutcome& failure) {
-    row.location = failure.from;
+  void Failed(std::string_view renameName, const RowOutcome& failure) {
+    const std::string& from = failure.from;
     const std::string& fileAt = failure.error.fileAt;
     if (json_) {
-      JsonLine line = Renamed(row.location, AppliedPath(row));
+      JsonLine line = Renamed(from, AppliedPath(from, renameName));
       line.Number("code", static_cast<int>(failure.code)).Text("reason", ReasonFor(failure.code));
       if (!fileAt.empty()) line.Path("file_at", fileAt);
       output_.Line(line.Take());
     } else {
-      output_.Line(OnOneLine(row.location) + ": " + ReasonFor(failure.code) +
+      output_.Line(OnOneLine(from) + ": " + ReasonFor(failure.code) +
                    (fileAt.empty() ? "" : Localized(messages::kBeforeWhere) + OnOneLine(WhereLeft(failure.error))));
     }
   }
@@ -119,11 +119,10 @@ std::optional<PatternRules> FormatRules(const RenameArguments& arguments, const 
 // A file without an extension has no rename name at first: its own name is changed then.
 void ChangeEach(FileList& list, const std::function<std::string(const std::string&)>& change) {
   for (int index = 1; index <= list.Count(); ++index) {
-    const FileItem& row = list.Row(index);
-    const std::string present =
-        row.renameName.empty() ? std::string(NameWithoutExtension(row.location)) : row.renameName;
-    std::string name = change(present);
-    if (name != row.renameName) list.SetRenameName(index, std::move(name));
+    const FileRow row = list.Row(index);
+    const std::string present(row.renameName.empty() ? row.NameWithoutExtension() : row.renameName);
+    const std::string name = change(present);
+    if (name != row.renameName) list.SetRenameName(index, name);
   }
 }
 
@@ -165,11 +164,11 @@ BatchResult ApplyNames(Session& session, FileChanges& disk, bool apply, bool jso
   Output output;
   Reporter reporter(apply, json, output);
   const BatchOutcome outcome = engine.Apply(Rows::kAll, reporter, [&](const RowOutcome& row) {
-    if (row.Ok()) reporter.Applied(row.from, session.list.Row(row.index).location);
+    if (row.Ok()) reporter.Applied(row.from, session.list.Row(row.index).Location());
     return true;
   });
   for (const RowOutcome& failure : outcome.failures) {
-    if (failure.error.number != kNotLogged) reporter.Failed(session.list.Row(failure.index), failure);
+    if (failure.error.number != kNotLogged) reporter.Failed(session.list.Row(failure.index).renameName, failure);
   }
   if (apply) WriteSummary(outcome, reporter.WasInterrupted(), json, output);
   const bool done = output.Flush() && outcome.failures.empty() && !reporter.WasInterrupted();

@@ -56,7 +56,7 @@ bool Session::Load(const Selection& selection) {
 
 std::vector<std::string> Session::Locations() const {
   std::vector<std::string> locations;
-  for (int index = 1; index <= list.Count(); ++index) locations.push_back(list.Row(index).location);
+  for (int index = 1; index <= list.Count(); ++index) locations.push_back(list.Row(index).Location());
   return locations;
 }
 

@@ -3,16 +3,15 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "paths/basFileControl.h"
 #include "platform/Shell.h"
 
 namespace quillon {
 
-std::vector<std::string> ListedFolders(const FileList& list, PathStyle style) {
+std::vector<std::string> ListedFolders(const FileList& list) {
   std::vector<std::string> folders;
   std::unordered_set<std::string_view> seen;
   for (int i = 1; i <= list.Count(); ++i) {
-    const std::string_view folder = FolderPart(list.Row(i).location, style);
+    const std::string_view folder = list.Row(i).folder;
     if (seen.insert(folder).second) folders.emplace_back(folder);
   }
   return folders;

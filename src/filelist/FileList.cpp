@@ -1,133 +1,70 @@
 #include "filelist/FileList.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "base/Text.h"
-#include "paths/basFileControl.h"
 
 namespace quillon {
 
-std::size_t FileList::LocationHash::operator()(std::string_view location) const {
-  if (style == PathStyle::kLinux) return std::hash<std::string_view>()(location);
-  return std::hash<std::string>()(PathIdentity(location, style));
-}
-
-bool FileList::LocationEqual::Equal(std::string_view left, std::string_view right) const {
-  return style == PathStyle::kLinux ? left == right : PathIdentity(left, style) == PathIdentity(right, style);
-}
-
-FileList::FileList(PathStyle style) : style_(style), locations_(0, LocationHash{style}, LocationEqual{style}) {}
+FileList::FileList(PathStyle style) : rows_(style) {}
 
 int FileList::SelectedIndex() const {
-  if (selectedCount_ == 0) return 0;
+  if (SelectedCount() == 0) return 0;
   if (!firstSelected_) {
-    const auto found = std::find_if(rows_.begin(), rows_.end(), [](const auto& row) { return row->selected; });
-    firstSelected_ = static_cast<int>(found - rows_.begin()) + 1;
+    const auto found = std::find_if(order_.begin(), order_.end(), [this](Id row) { return rows_.IsSelected(row); });
+    firstSelected_ = static_cast<int>(found - order_.begin()) + 1;
   }
   return *firstSelected_;
 }
 
 std::vector<int> FileList::SelectedRows() const {
   std::vector<int> rows;
-  const auto wanted = static_cast<std::size_t>(selectedCount_);
+  const auto wanted = static_cast<std::size_t>(SelectedCount());
   rows.reserve(wanted);
   for (int index = SelectedIndex(); rows.size() < wanted; ++index) {
-    if (Row(index).selected) rows.push_back(index);
+    if (rows_.IsSelected(At(index))) rows.push_back(index);
   }
   return rows;
 }
 
 int FileList::FirstCheckedIndex() const {
-  if (checkedCount_ == 0) return 0;
+  if (CheckedCount() == 0) return 0;
   if (!firstChecked_) {
-    const auto found = std::find_if(rows_.begin(), rows_.end(), [](const auto& row) { return row->checked; });
-    firstChecked_ = static_cast<int>(found - rows_.begin()) + 1;
+    const auto found = std::find_if(order_.begin(), order_.end(), [this](Id row) { return rows_.IsChecked(row); });
+    firstChecked_ = static_cast<int>(found - order_.begin()) + 1;
   }
   return *firstChecked_;
 }
 
 int FileList::IndexOf(std::string_view location) const {
-  if (!ContainsFile(location)) return 0;
-  const LocationEqual equal{style_};
-  const auto found =
-      std::find_if(rows_.begin(), rows_.end(), [&](const auto& row) { return equal.Equal(row->location, location); });
-  return static_cast<int>(found - rows_.begin()) + 1;
-}
-
-bool FileList::ContainsFile(std::string_view location) const {
-  return locations_.find(location) != locations_.end();
-}
-
-bool FileList::ContainsFolder(std::string_view folder) const {
-  if (style_ == PathStyle::kLinux) return folders_.find(folder) != folders_.end();
-  return folders_.find(PathIdentity(folder, style_)) != folders_.end();
-}
-
-void FileList::CountFolder(std::string_view location, int change) {
-  std::string identity;
-  std::string_view folder = FolderPart(location, style_);
-  if (style_ != PathStyle::kLinux) folder = identity = PathIdentity(folder, style_);
-  auto found = folders_.find(folder);
-  if (found == folders_.end()) found = folders_.emplace(folder, 0).first;
-  found->second += change;
-  if (found->second == 0) folders_.erase(found);
-}
-
-void FileList::Register(FileItem& item) {
-  const auto place = locations_.insert(&item);
-  try {
-    CountFolder(item.location, 1);
-  } catch (...) {
-    locations_.erase(place);
-    throw;
-  }
-  if (item.checked) ++checkedCount_;
-  if (item.selected) ++selectedCount_;
-  item.pending = IsPendingName(item, style_);
-  if (item.pending) ++pendingCount_;
-}
-
-void FileList::Unregister(FileItem& item) {
-  const auto [first, last] = locations_.equal_range(&item);
-  const auto place = std::find(first, last, &item);
-  if (place == last) return;
-  CountFolder(item.location, -1);
-  locations_.erase(place);
-  if (item.checked) --checkedCount_;
-  if (item.selected) --selectedCount_;
-  if (item.pending) --pendingCount_;
-  edits_.Forget(item);
+  const std::vector<Id> rows = rows_.RowsAt(location);
+  if (rows.empty()) return 0;
+  const auto found = std::find_first_of(order_.begin(), order_.end(), rows.begin(), rows.end());
+  return static_cast<int>(found - order_.begin()) + 1;
 }
 
 void FileList::Reserve(std::size_t more) {
-  if (more < rows_.size()) return;  // the containers' own growth costs less than many small steps
-  rows_.reserve(rows_.size() + more);
-  locations_.reserve(locations_.size() + more);
+  if (more < order_.size()) return;  // the containers' own growth costs less than many small steps
+  order_.reserve(order_.size() + more);
+  rows_.Reserve(more);
 }
 
-void FileList::Add(FileItem item) {
+void FileList::Add(const FileItem& item) {
   ++revision_;
-  rows_.push_back(std::make_unique<FileItem>(std::move(item)));
+  order_.emplace_back();
   try {
-    Register(*rows_.back());
+    order_.back() = rows_.Add(item);
   } catch (...) {
-    rows_.pop_back();
+    order_.pop_back();
     throw;
   }
   if (quiet_ == 0 && observer_ != nullptr) observer_->RowsChanged();
 }
 
-void FileList::Replace(int index, FileItem item) {
+void FileList::Replace(int index, const FileItem& item) {
   ++revision_;
-  FileItem& row = MutableRow(index);
-  if (row.location != item.location) Relocate(row, item.location);
-  checkedCount_ += static_cast<int>(item.checked) - static_cast<int>(row.checked);
-  item.selected = row.selected;
-  item.pending = row.pending;
-  row = std::move(item);
-  UpdatePending(row);
-  edits_.Forget(row);
+  rows_.Replace(At(index), item);
+  edits_.Forget(At(index));
   firstChecked_.reset();
   RowTouched(index);
 }
@@ -136,144 +73,131 @@ void FileList::EndChanges() {
   if (--quiet_ == 0) RowsTouched();
 }
 
-void FileList::SetRenameName(int index, std::string name) {
+void FileList::SetRenameName(int index, std::string_view name) {
   ++revision_;
-  FileItem& row = MutableRow(index);
-  edits_.Record(row);
-  row.renameName = std::move(name);
-  UpdatePending(row);
+  edits_.Record(At(index));
+  rows_.SetRenameName(At(index), name);
   RowTouched(index);
 }
 
-void FileList::UpdatePending(FileItem& row) {
-  const bool pending = IsPendingName(row, style_);
-  pendingCount_ += static_cast<int>(pending) - static_cast<int>(row.pending);
-  row.pending = pending;
-}
-
-std::vector<int> FileList::Restored(const std::vector<FileItem*>& changed) {
+std::vector<int> FileList::Restored(const std::vector<Id>& changed) {
   ++revision_;
-  for (FileItem* row : changed) UpdatePending(*row);
   std::vector<int> indices;
   if (changed.empty()) return indices;
   indices.reserve(changed.size());
-  const std::unordered_set<const FileItem*> wanted(changed.begin(), changed.end());
+  std::vector<bool> wanted(rows_.Bound());
+  for (const Id row : changed) wanted[row] = true;
   for (int index = 1; indices.size() < changed.size(); ++index) {
-    if (wanted.contains(&Row(index))) indices.push_back(index);
+    if (wanted[At(index)]) indices.push_back(index);
   }
   RowsTouched();
   return indices;
 }
 
 int FileList::NextPending(int after) const {
-  if (pendingCount_ == 0) return 0;
+  if (PendingCount() == 0) return 0;
   int index = after;
   do {
     index = index % Count() + 1;
-  } while (!Row(index).pending);
+  } while (!rows_.IsPending(At(index)));
   return index;
 }
 
-void FileList::SetTexts(int index, std::string title, std::string artist) {
+void FileList::SetTexts(int index, std::string_view title, std::string_view artist) {
   ++revision_;
-  MutableRow(index).title = std::move(title);
-  MutableRow(index).artist = std::move(artist);
+  rows_.SetTexts(At(index), title, artist);
   RowTouched(index);
 }
 
-void FileList::SetLocation(int index, std::string location) {
+void FileList::SetLocation(int index, std::string_view location) {
   ++revision_;
-  Relocate(MutableRow(index), std::move(location));
+  rows_.SetLocation(At(index), location);
   RowTouched(index);
-}
-
-// Counting comes first: it allocates memory for a new folder, and a failure must leave the row unchanged.
-void FileList::Relocate(FileItem& row, std::string location) {
-  const auto [first, last] = locations_.equal_range(&row);
-  const auto place = std::find(first, last, &row);
-  if (FolderPart(row.location, style_) != FolderPart(location, style_)) {
-    CountFolder(location, 1);
-    CountFolder(row.location, -1);
-  }
-  auto node = locations_.extract(place);
-  row.location = std::move(location);
-  locations_.insert(std::move(node));
-  UpdatePending(row);
 }
 
 void FileList::SetChecked(int index, bool checked) {
-  FileItem& row = MutableRow(index);
-  if (row.checked == checked) return;
-  row.checked = checked;
-  checkedCount_ += checked ? 1 : -1;
+  if (rows_.IsChecked(At(index)) == checked) return;
+  rows_.SetChecked(At(index), checked);
   if (firstChecked_ && (checked ? index < *firstChecked_ : index == *firstChecked_)) firstChecked_.reset();
-  if (checked && checkedCount_ == 1) firstChecked_ = index;
+  if (checked && CheckedCount() == 1) firstChecked_ = index;
   RowTouched(index);
 }
 
 void FileList::SetSelected(int index, bool selected) {
-  FileItem& row = MutableRow(index);
-  if (row.selected == selected) return;
-  row.selected = selected;
-  selectedCount_ += selected ? 1 : -1;
+  if (rows_.IsSelected(At(index)) == selected) return;
+  rows_.SetSelected(At(index), selected);
   if (firstSelected_ && (selected ? index < *firstSelected_ : index == *firstSelected_)) firstSelected_.reset();
-  if (selected && selectedCount_ == 1) firstSelected_ = index;
+  if (selected && SelectedCount() == 1) firstSelected_ = index;
   RowTouched(index);
 }
 
 void FileList::SelectOnly(int index) {
-  if (selectedCount_ != 1 || SelectedIndex() != index) SelectNone();
+  if (SelectedCount() > 1) return SelectRows({index});
+  if (SelectedIndex() != index) SelectNone();
   SetSelected(index, true);
 }
 
 void FileList::SelectNone() {
-  for (int index = SelectedIndex(); selectedCount_ > 0; ++index) SetSelected(index, false);
+  if (SelectedCount() == 1) return SetSelected(SelectedIndex(), false);
+  if (SelectedCount() != 0) SelectRows({});
 }
 
-void FileList::SetAllChecked(const std::function<bool(const FileItem&)>& wanted) {
-  checkedCount_ = 0;
-  for (const auto& row : rows_) {
-    row->checked = wanted(*row);
-    if (row->checked) ++checkedCount_;
-  }
+void FileList::SelectAll() {
+  if (SelectedCount() == Count()) return;
+  for (const Id row : order_) rows_.SetSelected(row, true);
+  firstSelected_ = 1;
+  MarksTouched();
+}
+
+void FileList::SelectRows(const std::vector<int>& rows) {
+  for (int index = SelectedIndex(); SelectedCount() != 0; ++index) rows_.SetSelected(At(index), false);
+  for (const int index : rows) rows_.SetSelected(At(index), true);
+  firstSelected_.reset();
+  if (!rows.empty()) firstSelected_ = rows.front();
+  MarksTouched();
+}
+
+template <class Wanted>
+void FileList::SetAllChecked(const Wanted& wanted) {
+  for (const Id row : order_) rows_.SetChecked(row, wanted(row));
   firstChecked_.reset();
-  RowsTouched();
+  MarksTouched();
 }
 
 void FileList::CheckAll() {
-  SetAllChecked([](const FileItem&) { return true; });
+  SetAllChecked([](Id) { return true; });
 }
 
 void FileList::UncheckAll() {
-  SetAllChecked([](const FileItem&) { return false; });
+  SetAllChecked([](Id) { return false; });
 }
 
 void FileList::InvertChecks() {
-  SetAllChecked([](const FileItem& row) { return !row.checked; });
+  SetAllChecked([this](Id row) { return !rows_.IsChecked(row); });
 }
 
-void FileList::RemoveWhere(const std::function<bool(int index, const FileItem&)>& unwanted) {
-  std::vector<bool> leaves(rows_.size());
-  for (std::size_t i = 0; i < rows_.size(); ++i) leaves[i] = unwanted(static_cast<int>(i) + 1, *rows_[i]);
+void FileList::RemoveWhere(const std::function<bool(int index, const FileRow& row)>& unwanted) {
+  std::vector<bool> leaves(order_.size());
+  for (std::size_t i = 0; i < order_.size(); ++i) leaves[i] = unwanted(static_cast<int>(i) + 1, rows_.Row(order_[i]));
   if (std::find(leaves.begin(), leaves.end(), true) == leaves.end()) return;
   ++revision_;
-  for (std::size_t i = 0; i < rows_.size(); ++i) {
-    if (leaves[i]) Unregister(*rows_[i]);
+  for (std::size_t i = 0; i < order_.size(); ++i) {
+    if (leaves[i]) edits_.Forget(order_[i]);
   }
-  edits_.Purge();  // a later row may get the address of one that goes
+  edits_.Purge();  // a later row may get the number of one that goes
   std::size_t i = 0;
-  std::erase_if(rows_, [&](const auto&) { return leaves[i++]; });
+  std::erase_if(order_, [&](Id row) {
+    if (!leaves[i++]) return false;
+    rows_.Remove(row);
+    return true;
+  });
   RowsTouched();
 }
 
 void FileList::Clear() {
   ++revision_;
-  locations_.clear();
-  folders_.clear();
-  rows_.clear();
-  checkedCount_ = 0;
-  selectedCount_ = 0;
-  pendingCount_ = 0;
+  order_ = {};
+  rows_.Clear();
   edits_.Clear();
   RowsTouched();
 }
@@ -282,26 +206,17 @@ void FileList::Sort(Column column, const Collation& order) {
   ++revision_;
   struct Keyed {
     std::string key;
-    FileItem* row = nullptr;
+    Id row = 0;
   };
   std::vector<Keyed> keyed;
-  keyed.reserve(rows_.size());
-  for (const auto& row : rows_) keyed.push_back({order.KeyOf(ToLower(ColumnText(*row, column))), row.get()});
+  keyed.reserve(order_.size());
+  for (const Id row : order_) keyed.push_back({order.KeyOf(ToLower(ColumnText(rows_.Row(row), column))), row});
   descending_ = !descending_;
   std::stable_sort(keyed.begin(), keyed.end(), [this](const Keyed& left, const Keyed& right) {
     return descending_ ? right.key < left.key : left.key < right.key;
   });
-  for (auto& row : rows_) (void)row.release();
-  for (std::size_t i = 0; i < keyed.size(); ++i) rows_[i].reset(keyed[i].row);
+  for (std::size_t i = 0; i < keyed.size(); ++i) order_[i] = keyed[i].row;
   RowsTouched();
-}
-
-std::uint32_t FileList::IconNumber(std::string_view type) {
-  const auto found = iconNumbers_.find(type);
-  if (found != iconNumbers_.end()) return found->second;
-  const auto number = static_cast<std::uint32_t>(iconNumbers_.size() + 1);
-  iconNumbers_.emplace(type, number);
-  return number;
 }
 
 std::string FileList::IconKey(std::uint32_t number) {
@@ -316,6 +231,10 @@ void FileList::RowsTouched() {
   firstSelected_.reset();
   firstChecked_.reset();
   if (quiet_ == 0 && observer_ != nullptr) observer_->RowsChanged();
+}
+
+void FileList::MarksTouched() const {
+  if (quiet_ == 0 && observer_ != nullptr) observer_->MarksChanged();
 }
 
 std::string CheckCountText(const FileList& list) {

@@ -3,16 +3,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "filelist/EditHistory.h"
 #include "filelist/FileItem.h"
+#include "filelist/RowStore.h"
 #include "platform/Collation.h"
 #include "platform/PathStyle.h"
 
@@ -25,6 +23,8 @@ class FileListObserver {
   virtual void RowChanged(int index) = 0;
   /// Rows were added, removed or reordered, or many changed.
   virtual void RowsChanged() = 0;
+  /// The check marks or the selection of many rows changed; the rows and their order are the same.
+  virtual void MarksChanged() = 0;
 };
 
 /// Which rows a command is for.
@@ -43,18 +43,19 @@ class FileList {
   /// At most one observer; null for none. It must outlive its registration.
   void SetObserver(FileListObserver* observer) { observer_ = observer; }
 
-  [[nodiscard]] int Count() const { return static_cast<int>(rows_.size()); }
+  [[nodiscard]] int Count() const { return static_cast<int>(order_.size()); }
   /// Another number after every change of the rows, their order or their texts; the same after changes of check marks
   /// and selection.
   [[nodiscard]] std::uint64_t Revision() const { return revision_; }
-  [[nodiscard]] int CheckedCount() const { return checkedCount_; }
+  [[nodiscard]] int CheckedCount() const { return rows_.CheckedCount(); }
   /// The number of rows that a command for `rows` works on, and whether this row is one of them.
   [[nodiscard]] int CountOf(Rows rows) const { return rows == Rows::kAll ? Count() : CheckedCount(); }
-  [[nodiscard]] bool IsIn(Rows rows, int index) const { return rows == Rows::kAll || Row(index).checked; }
-  [[nodiscard]] int SelectedCount() const { return selectedCount_; }
+  [[nodiscard]] bool IsIn(Rows rows, int index) const { return rows == Rows::kAll || rows_.IsChecked(At(index)); }
+  [[nodiscard]] int SelectedCount() const { return rows_.SelectedCount(); }
   /// The number of rows whose rename name is not their file's name.
-  [[nodiscard]] int PendingCount() const { return pendingCount_; }
-  [[nodiscard]] const FileItem& Row(int index) const { return *rows_[static_cast<std::size_t>(index - 1)]; }
+  [[nodiscard]] int PendingCount() const { return rows_.PendingCount(); }
+  /// The row, until the list changes.
+  [[nodiscard]] FileRow Row(int index) const { return rows_.Row(At(index)); }
 
   /// The first selected row from the top, 0 when none is selected.
   [[nodiscard]] int SelectedIndex() const;
@@ -67,29 +68,32 @@ class FileList {
   /// The first row from the top with this location, 0 when there is none.
   [[nodiscard]] int IndexOf(std::string_view location) const;
 
-  [[nodiscard]] bool ContainsFile(std::string_view location) const;
+  [[nodiscard]] bool ContainsFile(std::string_view location) const { return rows_.ContainsFile(location); }
   /// True when a row lies directly in this folder (trailing separator included).
-  [[nodiscard]] bool ContainsFolder(std::string_view folder) const;
+  [[nodiscard]] bool ContainsFolder(std::string_view folder) const { return rows_.ContainsFolder(folder); }
 
   /// Reserves memory for this many more rows, so that adding them does not reallocate repeatedly.
   void Reserve(std::size_t more);
   /// Appends a row. Refusing a location that is already there is the caller's decision.
-  void Add(FileItem item);
+  void Add(const FileItem& item);
   /// Replaces the row's data with another file's, or with the same file's read again; its selection stays.
-  void Replace(int index, FileItem item);
+  void Replace(int index, const FileItem& item);
   /// The observer is not notified between these calls; the last EndChanges notifies it once with RowsChanged.
   void BeginChanges() { ++quiet_; }
   void EndChanges();
 
   /// Recorded in Edits() while a step is open there.
-  void SetRenameName(int index, std::string name);
-  void SetLocation(int index, std::string location);
-  void SetTexts(int index, std::string title, std::string artist);
+  void SetRenameName(int index, std::string_view name);
+  void SetLocation(int index, std::string_view location);
+  void SetTexts(int index, std::string_view title, std::string_view artist);
   void SetChecked(int index, bool checked);
   void SetSelected(int index, bool selected);
   /// Selects this row and no other.
   void SelectOnly(int index);
   void SelectNone();
+  void SelectAll();
+  /// Selects these rows, in rising order, and no others.
+  void SelectRows(const std::vector<int>& rows);
 
   void CheckAll();
   void UncheckAll();
@@ -99,13 +103,13 @@ class FileList {
   [[nodiscard]] EditHistory& Edits() { return edits_; }
   [[nodiscard]] const EditHistory& Edits() const { return edits_; }
   /// This row's edits can no longer be taken back, because they are on the disk.
-  void ForgetEdits(int index) { edits_.Forget(MutableRow(index)); }
+  void ForgetEdits(int index) { edits_.Forget(At(index)); }
   /// Takes the last step of edits back, or does it again. Returns the changed rows in rising order.
   std::vector<int> UndoEdits() { return Restored(edits_.Undo()); }
   std::vector<int> RedoEdits() { return Restored(edits_.Redo()); }
 
   /// Removes every row for which `unwanted` holds.
-  void RemoveWhere(const std::function<bool(int index, const FileItem&)>& unwanted);
+  void RemoveWhere(const std::function<bool(int index, const FileRow& row)>& unwanted);
   void Clear();
 
   /// Sorts the rows once by the column's display texts in this order, ignoring letter case; equal texts keep their
@@ -115,57 +119,26 @@ class FileList {
 
   /// The image list key ("ICONKEY" and a number) of a type's small icon: rows of one type share one image. The same
   /// type always has the same number.
-  [[nodiscard]] std::uint32_t IconNumber(std::string_view type);
+  [[nodiscard]] std::uint32_t IconNumber(std::string_view type) { return rows_.TypeNumber(type); }
   [[nodiscard]] static std::string IconKey(std::uint32_t number);
 
  private:
-  struct LocationHash {
-    using is_transparent = void;
-    PathStyle style;
-    std::size_t operator()(std::string_view location) const;
-    std::size_t operator()(const FileItem* item) const { return (*this)(std::string_view(item->location)); }
-  };
-  struct LocationEqual {
-    using is_transparent = void;
-    PathStyle style;
-    static std::string_view Text(const FileItem* item) { return item->location; }
-    static std::string_view Text(std::string_view text) { return text; }
-    bool Equal(std::string_view left, std::string_view right) const;
-    template <class Left, class Right>
-    bool operator()(const Left& left, const Right& right) const {
-      return Equal(Text(left), Text(right));
-    }
-  };
-  struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
-  };
+  using Id = RowStore::Id;
 
-  FileItem& MutableRow(int index) { return *rows_[static_cast<std::size_t>(index - 1)]; }
-  void Register(FileItem& item);
-  void Unregister(FileItem& item);
-  void Relocate(FileItem& row, std::string location);
-  void CountFolder(std::string_view location, int change);
-  void SetAllChecked(const std::function<bool(const FileItem&)>& wanted);
-  void UpdatePending(FileItem& row);
-  std::vector<int> Restored(const std::vector<FileItem*>& changed);
+  [[nodiscard]] Id At(int index) const { return order_[static_cast<std::size_t>(index - 1)]; }
+  template <class Wanted>
+  void SetAllChecked(const Wanted& wanted);
+  [[nodiscard]] std::vector<int> Restored(const std::vector<Id>& changed);
   void RowTouched(int index) const;
   void RowsTouched();
+  void MarksTouched() const;
 
-  PathStyle style_;
   FileListObserver* observer_ = nullptr;
   int quiet_ = 0;
   std::uint64_t revision_ = 0;
-  // Rows are on the heap, so that their addresses, which are the keys of locations_, survive a sort.
-  std::vector<std::unique_ptr<FileItem>> rows_;
-  // A multiset: a rename may give a row the location of a listed file that is no longer on disk.
-  std::unordered_multiset<FileItem*, LocationHash, LocationEqual> locations_;
-  std::unordered_map<std::string, int, TextHash, std::equal_to<>> folders_;  // rows directly in each folder
-  std::unordered_map<std::string, std::uint32_t, TextHash, std::equal_to<>> iconNumbers_;  // by type
-  int checkedCount_ = 0;
-  int selectedCount_ = 0;
-  int pendingCount_ = 0;
-  EditHistory edits_;
+  RowStore rows_;
+  std::vector<Id> order_;
+  EditHistory edits_{rows_};
   bool descending_ = false;
   // Found on demand, forgotten when the rows before them may have changed.
   mutable std::optional<int> firstSelected_;

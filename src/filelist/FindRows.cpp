@@ -60,7 +60,7 @@ void FindRows::Update() {
 }
 
 bool FindRows::Shows(int index) {
-  const FileItem& row = list_.Row(index);
+  const FileRow row = list_.Row(index);
   row_.clear();
   const auto append = [this](std::string_view text) {
     AppendFolded(row_, text);
@@ -69,7 +69,7 @@ bool FindRows::Shows(int index) {
   append(row.renameName);  // not by ColumnText, which copies: a hundred thousand rows are read between two keys
   append(row.title);
   append(row.artist);
-  append(row.location);
+  append(row.Location());
   append(ColumnText(row, Column::kType));
   append(ColumnText(row, Column::kSize));
   return row_.find(folded_) != std::string::npos;

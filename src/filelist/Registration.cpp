@@ -38,7 +38,7 @@ Result<ReadFile, FileError> ReadRow(FileReads& files, const std::string& path, T
     row.size = file->Size();
     row.title = std::move(info.title);
     row.artist = std::move(info.copyright);
-    read.hasUnreadTag = tags == TagSources::kStandard && info.newerTag && HasNoTitle(row);
+    read.hasUnreadTag = tags == TagSources::kStandard && info.newerTag && HasNoTitle(row.title);
   } else {
     const Result<FileStatus, FileError> status = files.Status(path);
     if (!status) return status.Failure();
@@ -53,9 +53,8 @@ Result<ReadFile, FileError> ReadRow(FileReads& files, const std::string& path, T
   return read;
 }
 
-/// Adds the type's icon number and the options' check mark to a row.
-FileItem Listed(FileItem row, FileList& list, const RegisterOptions& options) {
-  row.iconNumber = list.IconNumber(row.type.Text());
+/// Gives a row the options' check mark.
+FileItem Listed(FileItem row, const RegisterOptions& options) {
   row.checked = options.checked;
   return row;
 }
@@ -82,7 +81,7 @@ Registered RegisterFiles(FileList& list, FileReads& files, const PathList& paths
       ++registered.duplicates;
     } else if (Result<ReadFile, FileError> read = ReadRow(files, path, options.tags, style)) {
       if (read->hasUnreadTag) ++registered.unreadTags;
-      list.Add(Listed(std::move((*read).row), list, options));
+      list.Add(Listed(std::move((*read).row), options));
     } else if (const std::optional<Obstacle> obstacle = ObstacleOf(read.Failure());
                obstacle || options.onError == OnError::kPassOver) {
       registered.passedOver.push_back({path, obstacle.value_or(Obstacle::kNoAccess)});
@@ -104,16 +103,16 @@ void ReadRowsAnew(FileList& list, FileReads& files, const RegisterOptions& optio
   bool goesOn = progress.Continue(0, count, {});
   for (std::size_t done = 1; done <= count && goesOn; ++done) {
     const int index = static_cast<int>(done);
-    const std::string path = list.Row(index).location;
+    const std::string path = list.Row(index).Location();
     Result<ReadFile, FileError> read = ReadRow(files, path, options.tags, style);
     if (read) {
-      list.Replace(index, Listed(std::move((*read).row), list, options));
+      list.Replace(index, Listed(std::move((*read).row), options));
     } else if (read.Failure().number == file_error::kNotFound) {
       missing[done] = true;
     }
     goesOn = progress.Continue(done, count, path);
   }
-  list.RemoveWhere([&](int index, const FileItem&) { return missing[static_cast<std::size_t>(index)]; });
+  list.RemoveWhere([&](int index, const FileRow&) { return missing[static_cast<std::size_t>(index)]; });
 }
 
 void ReadTitlesAnew(FileList& list, FileReads& files, Progress& progress) {
@@ -123,13 +122,14 @@ void ReadTitlesAnew(FileList& list, FileReads& files, Progress& progress) {
   bool goesOn = progress.Continue(0, count, {});
   for (std::size_t done = 1; done <= count && goesOn; ++done) {
     const int index = static_cast<int>(done);
-    const FileItem& row = list.Row(index);
-    const bool isRead = HasNoTitle(row) && IsReadForRow(row.type, TagSources::kAll);
-    if (const std::unique_ptr<ByteSource> file = isRead ? files.OpenFile(row.location) : nullptr) {
-      MediaInfo info = ReadRowTexts(*file, row.type, TagSources::kAll);
-      list.SetTexts(index, std::move(info.title), std::move(info.copyright));
+    const FileRow row = list.Row(index);
+    const std::string location = row.Location();
+    const bool isRead = HasNoTitle(row.title) && IsReadForRow(row.type, TagSources::kAll);
+    if (const std::unique_ptr<ByteSource> file = isRead ? files.OpenFile(location) : nullptr) {
+      const MediaInfo info = ReadRowTexts(*file, row.type, TagSources::kAll);
+      list.SetTexts(index, info.title, info.copyright);
     }
-    goesOn = progress.Continue(done, count, row.location);
+    goesOn = progress.Continue(done, count, location);
   }
 }
 

@@ -40,11 +40,11 @@ std::string NotKeptText(const NotKept& notKept) {
 }
 
 std::string FileMover::Target(int index, const std::string& folder) const {
-  return folder + std::string(FileName(list_.Row(index).location, style_));
+  return folder + std::string(list_.Row(index).name);
 }
 
 MoveOutcome FileMover::Move(int index, const std::string& folder, Progress* progress) {
-  const std::string from = list_.Row(index).location;
+  const std::string from = list_.Row(index).Location();
   player_.ReleaseFile(from);
   const std::string to = Target(index, folder);
   // The target is the file itself, perhaps with its folder spelled differently. Renaming it to its own name would
@@ -58,7 +58,7 @@ MoveOutcome FileMover::Move(int index, const std::string& folder, Progress* prog
 }
 
 void FileMover::Follow(int index, const std::string& path) {
-  player_.FileMoved(list_.Row(index).location, path);
+  player_.FileMoved(list_.Row(index).Location(), path);
   list_.SetLocation(index, path);
 }
 

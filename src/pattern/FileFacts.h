@@ -19,7 +19,7 @@ struct FileFacts {
 };
 
 /// Reads a row's file. What cannot be read is unknown.
-using ReadFacts = std::function<FileFacts(const FileItem& row)>;
+using ReadFacts = std::function<FileFacts(const FileRow& row)>;
 
 /// Reads the facts from the disk. `files` must outlive the result.
 [[nodiscard]] ReadFacts FactsFrom(FileReads& files, TagSources tags);

@@ -67,18 +67,18 @@ std::string PatternPreview::ProblemOf(const RowOutcome& failed, const std::strin
 
 PatternPreview::Result PatternPreview::Next() {
   const int index = indices_[Done()];
-  FileItem row = list_.Row(index);
-  row.renameName = run_->names.NextFor(row);
+  FileItem row = list_.Row(index).Item();
+  row.renameName = run_->names.NextFor(list_.Row(index));
   if (row.renameName.empty()) {
     ++problems_;
     return {{}, run_->rules.skipUnnamed ? "名前になる文字がないため、変更しません" : "名前になる文字がありません"};
   }
   const std::string from = row.location;
-  const std::string to = AppliedPath(row);
+  const std::string to = AppliedPath(row.location, row.renameName);
   Result result = {std::string(FileName(to)), {}};
   if (to != from) ++changed_;
   run_->row.Clear();
-  run_->row.Add(std::move(row));
+  run_->row.Add(row);
   if (IsNameTooLong(files_, to)) {
     result.problem = "名前が長すぎます";
   } else if (const RowOutcome applied = run_->engine.Apply(1); applied.Ok()) {
@@ -91,7 +91,7 @@ PatternPreview::Result PatternPreview::Next() {
 }
 
 std::string PatternPreview::OldName(std::size_t row) const {
-  return std::string(FileName(list_.Row(indices_[row]).location));
+  return std::string(list_.Row(indices_[row]).name);
 }
 
 std::string PatternPreview::NewName(std::size_t row) const {

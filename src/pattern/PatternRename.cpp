@@ -33,8 +33,7 @@ std::string Settled(const std::string& name, const PatternRules& rules) {
   return name;
 }
 
-std::string_view FolderName(const std::string& location, PathStyle style) {
-  std::string_view folder = FolderPart(location, style);
+std::string_view FolderName(std::string_view folder, PathStyle style) {
   if (!folder.empty()) folder.remove_suffix(1);
   return FileName(folder, style);
 }
@@ -48,7 +47,7 @@ PatternNames::PatternNames(const PatternRules& rules, ReadFacts read, PathStyle 
       needsFile_(rules.pattern.NeedsFile()),
       number_(rules.start) {}
 
-PatternValues PatternNames::ValuesOf(const FileItem& row) const {
+PatternValues PatternNames::ValuesOf(const FileRow& row) const {
   PatternValues values;
   if (needsFile_) {
     FileFacts facts = read_(row);
@@ -57,8 +56,8 @@ PatternValues PatternNames::ValuesOf(const FileItem& row) const {
   }
   values.song.title = row.title;
   values.song.artist = row.artist;
-  values.name = NameWithoutExtension(row.location, style_);
-  values.folder = FolderName(row.location, style_);
+  values.name = row.NameWithoutExtension();
+  values.folder = FolderName(row.folder, style_);
   values.type = row.type.Text();
   values.size = row.size;
   values.number = number_;
@@ -66,7 +65,7 @@ PatternValues PatternNames::ValuesOf(const FileItem& row) const {
   return values;
 }
 
-std::string PatternNames::NextFor(const FileItem& row) {
+std::string PatternNames::NextFor(const FileRow& row) {
   const std::string settled = Settled(rules_.pattern.Text(ValuesOf(row)), rules_);
   std::string name(TrimRight(FirstCharacters(Trim(settled), kLongestName)));
   if (!name.empty()) number_ += rules_.step;
@@ -83,8 +82,8 @@ PatternOutcome RenameByPattern(FileList& list, Rows rows, const PatternRules& ru
       outcome.unnamed.push_back(index);
       return RunEnd::kComplete;
     }
-    const std::string before = list.Row(index).renameName;
-    list.SetRenameName(index, std::move(name));
+    const std::string before(list.Row(index).renameName);
+    list.SetRenameName(index, name);
     if (rules.findInvalid && InvalidCharacterPosition(list.Row(index).renameName) != 0) {
       outcome.invalid.push_back(index);
     }

@@ -32,10 +32,10 @@ class PatternNames {
   PatternNames(const PatternRules& rules, ReadFacts read, PathStyle style = SystemPathStyle());
 
   /// Empty when the pattern gives nothing; the counter then stays. The file is only read when the pattern needs it.
-  [[nodiscard]] std::string NextFor(const FileItem& row);
+  [[nodiscard]] std::string NextFor(const FileRow& row);
 
  private:
-  [[nodiscard]] PatternValues ValuesOf(const FileItem& row) const;
+  [[nodiscard]] PatternValues ValuesOf(const FileRow& row) const;
 
   const PatternRules& rules_;
   ReadFacts read_;

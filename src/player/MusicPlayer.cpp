@@ -32,7 +32,7 @@ void MusicPlayer::cmdPlay() {
 bool MusicPlayer::OpenedWithShell() {
   const int current = list_.SelectedIndex();
   if (current == 0 || IsPlayableType(list_.Row(current).type)) return false;
-  (void)ports_.openWithShell(list_.Row(current).location);
+  (void)ports_.openWithShell(list_.Row(current).Location());
   return true;
 }
 
@@ -215,7 +215,7 @@ void MusicPlayer::SkipFailed() {
 void MusicPlayer::PlayNext() {
   const int next = NextPlayableRow();
   if (next == 0) return;
-  Choose(list_.Row(next).location);
+  Choose(list_.Row(next).Location());
   if (!OpenedWithShell() && !ChangeState()) FileFailed();
 }
 

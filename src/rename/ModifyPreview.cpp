@@ -50,15 +50,15 @@ bool ModifyPreview::Work(Clock::duration time) {
   while (Working()) {
     const int index = next_++;
     if (!list_.IsIn(rows_, index)) continue;
-    Try(list_.Row(index));
+    Try(list_.Row(index).renameName);
     ++done_;
     if (Clock::now() >= end) break;
   }
   return Working();
 }
 
-void ModifyPreview::Try(const FileItem& item) {
-  const std::string& name = item.renameName;
+void ModifyPreview::Try(std::string_view renameName) {
+  const std::string name(renameName);
   TimeLimit limit(Clock::now() + rowTime_);
   const ModifyResult result = ModifyName(name, rules_, applications_, regex_, limit);
   for (std::size_t i = 0; i < kReplaceRuleCount; ++i) growing_[i] = growing_[i] || result.growing[i];

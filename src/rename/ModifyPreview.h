@@ -52,7 +52,7 @@ class ModifyPreview {
 
  private:
   [[nodiscard]] bool Working() const { return next_ <= list_.Count() && done_ < total_ && slow_ < kMostSlow; }
-  void Try(const FileItem& item);
+  void Try(std::string_view renameName);
 
   static constexpr std::size_t kMostSlow = 20;
 

@@ -1,18 +1,14 @@
 #include "rename/RestoreNames.h"
 
-#include <string>
-
-#include "paths/basFileControl.h"
-
 namespace quillon {
 
-void RestoreName(FileList& list, int index, PathStyle style) {
-  list.SetRenameName(index, std::string(BaseName(list.Row(index).location, style)));
+void RestoreName(FileList& list, int index) {
+  list.SetRenameName(index, list.Row(index).BaseName());
 }
 
-void RestoreNames(FileList& list, Rows rows, PathStyle style) {
+void RestoreNames(FileList& list, Rows rows) {
   for (int index = 1; index <= list.Count(); ++index) {
-    if (list.IsIn(rows, index)) RestoreName(list, index, style);
+    if (list.IsIn(rows, index)) RestoreName(list, index);
   }
 }
 

@@ -6,9 +6,9 @@
 namespace quillon {
 
 /// Sets the rename name of the row with this 1-based index to the present base name of its file.
-void RestoreName(FileList& list, int index, PathStyle style = SystemPathStyle());
+void RestoreName(FileList& list, int index);
 
 /// The same for several rows.
-void RestoreNames(FileList& list, Rows rows, PathStyle style = SystemPathStyle());
+void RestoreNames(FileList& list, Rows rows);
 
 }  // namespace quillon

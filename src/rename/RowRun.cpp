@@ -11,7 +11,7 @@ RunEnd RunOverRows(const FileList& list, Rows rows, Progress& progress, const Ed
     if (!goesOn) return RunEnd::kCancelled;
     const RunEnd end = edit(index);
     if (end == RunEnd::kCancelled) return end;
-    goesOn = progress.Continue(++done, total, list.Row(index).location);
+    goesOn = progress.Continue(++done, total, list.Row(index).Location());
     if (end == RunEnd::kStopped) return end;
   }
   return RunEnd::kComplete;

@@ -31,13 +31,13 @@ const char* ApplyReason(ApplyCode code) {
   }
 }
 
-std::string AppliedPath(const FileItem& row, PathStyle style) {
+std::string AppliedPath(std::string_view location, std::string_view renameName, PathStyle style) {
   std::string path;
-  path.reserve(row.location.size() + row.renameName.size());
-  path += FolderPart(row.location, style);
+  path.reserve(location.size() + renameName.size());
+  path += FolderPart(location, style);
   const std::size_t folderLength = path.size();
-  path += TrimRight(row.renameName);
-  const std::string extension = Extension(row.location, style);
+  path += TrimRight(renameName);
+  const std::string extension = Extension(location, style);
   if (!extension.empty()) {
     path += '.';
     path += ToLower(extension);
@@ -63,36 +63,37 @@ RenameEngine::RenameEngine(FileList& list, const ApplyMode& mode, FileChanges& d
 
 // A file may already have a name with such characters. An unchanged name passes, and automatic mode only refuses added
 // ones, so that the user can remove them one by one.
-int RenameEngine::RefusedCharacterPosition(const FileItem& row) const {
-  const std::string_view present = BaseName(row.location, style_);
+int RenameEngine::RefusedCharacterPosition(const FileRow& row) const {
+  const std::string_view present = row.BaseName();
   if (mode_.automatic) return AddedInvalidCharacterPosition(row.renameName, present);
   return row.renameName == present ? 0 : InvalidCharacterPosition(row.renameName);
 }
 
 RowOutcome RenameEngine::Apply(int index) {
-  const FileItem& row = list_.Row(index);
-  player_.ReleaseFile(row.location);
-  RowOutcome outcome = {index, ApplyCode::kApplied, {}, row.location};
+  RowOutcome outcome = {index, ApplyCode::kApplied, {}, list_.Row(index).Location()};
+  const std::string& from = outcome.from;
+  player_.ReleaseFile(from);
+  const FileRow row = list_.Row(index);
   if (Trim(row.renameName).empty()) {
     outcome.code = ApplyCode::kNoName;
   } else if (const int position = RefusedCharacterPosition(row); position != 0) {
     outcome.code = ApplyCode::kInvalidCharacter;
     outcome.invalidCharacter = position;
-  } else if (std::string path = AppliedPath(row, style_); FileOutcome error = disk_.Rename(row.location, path)) {
+  } else if (std::string path = AppliedPath(from, row.renameName, style_);
+             FileOutcome error = disk_.Rename(from, path)) {
     outcome.code = CodeOf(*error);
     outcome.error = *std::move(error);
-    if (!outcome.error.fileAt.empty()) Follow(index, outcome.error.fileAt);
-  } else if (path != row.location) {
-    Follow(index, std::move(path));
+    if (!outcome.error.fileAt.empty()) Follow(index, from, outcome.error.fileAt);
+  } else if (path != from) {
+    Follow(index, from, path);
   }
   if (outcome.Ok()) list_.ForgetEdits(index);
   return outcome;
 }
 
-void RenameEngine::Follow(int index, std::string path) {
-  const std::string from = list_.Row(index).location;
-  list_.SetLocation(index, std::move(path));
-  player_.FileMoved(from, list_.Row(index).location);
+void RenameEngine::Follow(int index, const std::string& from, const std::string& path) {
+  list_.SetLocation(index, path);
+  player_.FileMoved(from, path);
 }
 
 BatchOutcome RenameEngine::Apply(Rows rows, Progress& progress, const RowDone& done) {

@@ -34,7 +34,8 @@ enum class ApplyCode {
 /// The path that applying gives the row's file: its folder, the rename name without trailing blanks, and its extension
 /// in lower case. A name without extension gets no dot, and loses dots and blanks at its end, as on Windows; when
 /// nothing is left of it, the path is the folder alone.
-[[nodiscard]] std::string AppliedPath(const FileItem& row, PathStyle style = SystemPathStyle());
+[[nodiscard]] std::string AppliedPath(std::string_view location, std::string_view renameName,
+                                      PathStyle style = SystemPathStyle());
 
 /// The result for one row. The row's location says where its file is now.
 struct RowOutcome {
@@ -72,8 +73,8 @@ class RenameEngine {
 
  private:
   /// 0 when the rename name is allowed.
-  [[nodiscard]] int RefusedCharacterPosition(const FileItem& row) const;
-  void Follow(int index, std::string path);
+  [[nodiscard]] int RefusedCharacterPosition(const FileRow& row) const;
+  void Follow(int index, const std::string& from, const std::string& path);
 
   FileList& list_;
   const ApplyMode& mode_;

@@ -149,7 +149,7 @@ TEST(Sorting, EachSortCommandSortsItsColumn) {
     ApplicationFixture f;
     f.Load({"a.txt", "b.txt"});
     const auto [low, high] = std::pair(1, 2);
-    FileItem row = f.app.List().Row(high);
+    FileItem row = f.app.List().Row(high).Item();
     const auto column = static_cast<Column>(number);
     row.renameName = column == Column::kRenameName ? "z" : "a";
     row.title = column == Column::kTitle ? "z" : "";
@@ -157,7 +157,7 @@ TEST(Sorting, EachSortCommandSortsItsColumn) {
     row.type = column == Column::kType ? "z" : "";
     row.size = column == Column::kSize ? 9 : 0;
     f.app.List().Replace(high, row);
-    FileItem other = f.app.List().Row(low);
+    FileItem other = f.app.List().Row(low).Item();
     other.renameName = "a";
     other.title = other.artist = "";
     other.type = "";
@@ -363,7 +363,7 @@ void ExpectPanelsToFollow(ApplicationFixture& f) {
   const int selected = f.app.List().SelectedIndex();
   EXPECT_EQ(f.box.IsEnabled(), selected != 0);
   EXPECT_EQ(f.box.Text(), selected == 0 ? "" : f.app.List().Row(selected).renameName);
-  EXPECT_EQ(f.information.fileName, selected == 0 ? "" : f.app.List().Row(selected).location);
+  EXPECT_EQ(f.information.fileName, selected == 0 ? "" : f.app.List().Row(selected).Location());
   if (selected == 0) {
     EXPECT_EQ(f.information.summary, "サイズ： --- バイト / 種類： ---");
   }

@@ -20,7 +20,7 @@ constexpr const char* kIdle = "プレイヤー待機中...";
 struct PlayingFixture : ApplicationFixture {
   explicit PlayingFixture(const OptionValues& options = Options()) : ApplicationFixture(options) {
     Load({"a.mp3", "b.mid", "c.wav"});
-    for (int row = 1; row <= app.List().Count(); ++row) device.AddFile(app.List().Row(row).location, 10000);
+    for (int row = 1; row <= app.List().Count(); ++row) device.AddFile(app.List().Row(row).Location(), 10000);
   }
 
   /// A double click.

@@ -45,7 +45,7 @@ TEST(ApplyRenameName, RenamesTheFileAndFollowsIt) {
     f.ports.player.chosen = f.Path("Song.MP3");
     EXPECT_EQ(f.applying.ApplyRenameName(1), ApplyCode::kApplied);
     EXPECT_EQ(f.ports.player.chosen, f.Path("New.mp3"));
-    EXPECT_EQ(f.list.Row(1).location, f.Path("New.mp3"));
+    EXPECT_EQ(f.list.Row(1).Location(), f.Path("New.mp3"));
     EXPECT_EQ(f.list.Row(1).renameName, "New");
     EXPECT_EQ(f.files.BytesOf(f.Path("New.mp3")), "Song.MP3");
     EXPECT_FALSE(f.files.Exists(f.Path("Song.MP3")));
@@ -59,7 +59,7 @@ TEST(ApplyRenameName, PutsTheExtensionInLowerCaseEvenUnderTheSameName) {
     RenameFixture f({"Song.MP3"}, style);
     EXPECT_EQ(f.applying.ApplyRenameName(1), ApplyCode::kApplied);
     EXPECT_EQ(f.Names(), Texts({"Song.mp3"}));
-    EXPECT_EQ(f.list.Row(1).location, f.Path("Song.mp3"));
+    EXPECT_EQ(f.list.Row(1).Location(), f.Path("Song.mp3"));
   }
 }
 
@@ -75,7 +75,7 @@ TEST(ApplyRenameName, ChangesTheLetterCaseAlone) {
     f.list.SetRenameName(1, "SONG");
     EXPECT_EQ(f.applying.ApplyRenameName(1), ApplyCode::kApplied);
     EXPECT_EQ(f.Names(), Texts({"SONG.mid"}));
-    EXPECT_EQ(f.list.Row(1).location, f.Path("SONG.mid"));
+    EXPECT_EQ(f.list.Row(1).Location(), f.Path("SONG.mid"));
   }
 }
 
@@ -100,7 +100,7 @@ TEST(ApplyRenameName, AFileWithoutExtensionGetsNoTrailingDot) {
     f.list.SetRenameName(1, "notes");
     EXPECT_EQ(f.applying.ApplyRenameName(1), ApplyCode::kApplied);
     EXPECT_EQ(f.Names(), Texts({"notes"}));
-    EXPECT_EQ(f.list.Row(1).location, f.Path("notes"));
+    EXPECT_EQ(f.list.Row(1).Location(), f.Path("notes"));
   }
 }
 
@@ -162,7 +162,7 @@ TEST(ApplyRenameNameFailure, ARowPointsAtItsFileWhereverItWasLeft) {
   f.ports.player.chosen = "/m/b.mid";
   f.files.Fail(FileCall::kRename, "/m/b.mid", {file_error::kStranded, "lost", "/m/.quillon-1"});
   EXPECT_EQ(f.applying.ApplyRenameName(2), ApplyCode::kUnexpected);
-  EXPECT_EQ(f.list.Row(2).location, "/m/.quillon-1");
+  EXPECT_EQ(f.list.Row(2).Location(), "/m/.quillon-1");
   EXPECT_EQ(f.ports.player.chosen, "/m/.quillon-1");
   EXPECT_TRUE(f.ports.log.Has("file panel name /m/.quillon-1"));
   EXPECT_EQ(f.ports.log.StartingWith("box").front(),
@@ -194,7 +194,7 @@ TEST(ApplyRenameNameFailure, LeavesTheRowAndTheFileAsTheyWere) {
       Prepare(f, c);
       f.list.SetChecked(2, checked);
       f.applying.ApplyRenameName(2);
-      EXPECT_EQ(f.list.Row(2).location, "/m/b.mid");
+      EXPECT_EQ(f.list.Row(2).Location(), "/m/b.mid");
       EXPECT_EQ(f.list.Row(2).renameName, c.renameName);
       EXPECT_EQ(f.list.Row(2).checked, checked) << "checking a failed row is the caller's";
       EXPECT_EQ(f.files.BytesOf("/m/b.mid"), "b.mid");

@@ -126,7 +126,7 @@ class Program {
     const auto files = Files();
     ASSERT_EQ(static_cast<std::size_t>(list_.Count()), files.size());
     for (int index = 1; index <= list_.Count(); ++index) {
-      FileItem row = list_.Row(index);
+      FileItem row = list_.Row(index).Item();
       row.artist = files.at(row.location);
       list_.Replace(index, row);
     }
@@ -145,7 +145,7 @@ class Program {
     }
     EXPECT_EQ(Values(Files()), expected_) << "contents lost or doubled";
     for (int index = 1; index <= list_.Count(); ++index) {
-      const FileItem& row = list_.Row(index);
+      const FileItem row = list_.Row(index).Item();
       EXPECT_EQ(ContentOf(row.location), row.artist) << row.location;
       EXPECT_TRUE(list_.ContainsFile(row.location));
     }
@@ -188,13 +188,16 @@ class Program {
   void SwapTwoNames() {
     if (list_.Count() < 2) return;
     const int first = dice_.Below(list_.Count() - 1) + 1;
-    list_.SetRenameName(first, std::string(BaseName(list_.Row(first + 1).location, volume_.style)));
-    list_.SetRenameName(first + 1, std::string(BaseName(list_.Row(first).location, volume_.style)));
+    list_.SetRenameName(first, std::string(BaseName(list_.Row(first + 1).Location(), volume_.style)));
+    list_.SetRenameName(first + 1, std::string(BaseName(list_.Row(first).Location(), volume_.style)));
   }
 
   [[nodiscard]] Before Rows() const {
     Before rows;
-    for (int index = 1; index <= list_.Count(); ++index) rows[list_.Row(index).artist] = list_.Row(index);
+    for (int index = 1; index <= list_.Count(); ++index) {
+      const FileItem row = list_.Row(index).Item();
+      rows[row.artist] = row;
+    }
     return rows;
   }
 
@@ -203,12 +206,12 @@ class Program {
   int CountApplied(const Before& before, const std::function<bool(const FileItem&)>& inScope) {
     int applied = 0;
     for (int index = 1; index <= list_.Count(); ++index) {
-      const FileItem& now = list_.Row(index);
+      const FileItem now = list_.Row(index).Item();
       const FileItem& then = before.at(now.artist);
       const bool valid =
           InvalidCharacterPosition(then.renameName) == 0 || then.renameName == BaseName(then.location, volume_.style);
       const bool nameable = !Trim(then.renameName).empty() && valid;
-      if (inScope(then) && nameable && now.location == AppliedPath(then, volume_.style)) {
+      if (inScope(then) && nameable && now.location == AppliedPath(then.location, then.renameName, volume_.style)) {
         ++applied;
       } else {
         EXPECT_EQ(now.location, then.location) << "a failed row has changed";
@@ -235,7 +238,7 @@ class Program {
   void ApplyOne() {
     if (list_.Count() == 0) return;
     const Before before = Rows();
-    const std::string selected = list_.Row(list_.SelectedIndex()).artist;
+    const std::string selected(list_.Row(list_.SelectedIndex()).artist);
     const std::size_t boxes = ports_.boxes.Shown().size();
     applying_.mnuThisUpdate();
     const int applied = CountApplied(before, [&](const FileItem& row) { return row.artist == selected; });
@@ -279,7 +282,7 @@ class Program {
   void MoveOne() {
     if (list_.Count() == 0) return;
     const Before before = Rows();
-    const std::string selected = list_.Row(list_.SelectedIndex()).artist;
+    const std::string selected(list_.Row(list_.SelectedIndex()).artist);
     const std::string& target = dice_.OneOf(volume_.folders);
     ports_.folders.Answer(target);
     commands_.mnuThisMove();
@@ -289,7 +292,7 @@ class Program {
 
   void DeleteOne() {
     if (list_.Count() == 0) return;
-    const FileItem selected = list_.Row(list_.SelectedIndex());
+    const FileItem selected = list_.Row(list_.SelectedIndex()).Item();
     const int count = list_.Count();
     commands_.mnuThisDel();
     ASSERT_EQ(list_.Count(), count - 1) << "nothing keeps this file from being deleted";

@@ -52,7 +52,7 @@ struct EditingFixture : RenameFixture {
   }
 
   void SetTitle(int index, const std::string& title) {
-    FileItem row = list.Row(index);
+    FileItem row = list.Row(index).Item();
     row.title = title;
     list.Replace(index, row);
   }

@@ -374,8 +374,8 @@ TEST(BatchMove, MovesAllOrTheCheckedRowsAndCountsThem) {
     EXPECT_EQ(f.ports.log.StartingWith("folder dialog").size(), 1u) << "one choice for all";
     EXPECT_EQ(f.ports.log.StartingWith("box"), Texts({MovedCount(all ? 3 : 2)}));
     EXPECT_EQ(CheckedRows(f.list), Indices({1, 3}));
-    EXPECT_EQ(f.list.Row(1).location, "/t/a.mid");
-    EXPECT_EQ(f.list.Row(2).location, all ? "/t/b.mid" : "/m/b.mid");
+    EXPECT_EQ(f.list.Row(1).Location(), "/t/a.mid");
+    EXPECT_EQ(f.list.Row(2).Location(), all ? "/t/b.mid" : "/m/b.mid");
   }
 }
 
@@ -618,8 +618,8 @@ TEST(MoveProgress, AFileThatHasGrownCountsNoMoreThanItsListedSize) {
   FileItem row = test::RowFor("/m/a.mid", kLin);
   row.size = 9;
   {
-    MoveProgress progress(ports.progress, ports.window, MoveProgress::SizeOf(row), kShownAtOnce);
-    EXPECT_TRUE(progress.Next(row));
+    MoveProgress progress(ports.progress, ports.window, MoveProgress::SizeOf(RowOf(row)), kShownAtOnce);
+    EXPECT_TRUE(progress.Next(RowOf(row, kLin)));
     EXPECT_TRUE(progress.Continue(1'000'000, 9, {}));
   }
   EXPECT_EQ(ports.log.StartingWith("progress: ").back(), "progress: 100% 完了しました | /m/a.mid");

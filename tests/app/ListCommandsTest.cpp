@@ -93,7 +93,7 @@ TEST(mnuUnChkListRem, LetsThePlayerSeeTheListAsItIsAfterTheRemoval) {
     void FileRemoved(const std::string& path) override { released.push_back(path + " of " + Rows()); }
     std::string Rows() const {
       std::string rows;
-      for (int index = 1; index <= list.Count(); ++index) rows += list.Row(index).location;
+      for (int index = 1; index <= list.Count(); ++index) rows += list.Row(index).Location();
       return rows;
     }
     const FileList& list;

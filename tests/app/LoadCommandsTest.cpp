@@ -133,7 +133,7 @@ TEST(LoadFolder, SelectsAndShowsTheFirstRowOfTheList) {
 TEST(LoadFolder, RefusesAFolderWithAListedFileByItsName) {
   Fixture f({"C:\\曲\\a.mid", "C:\\曲\\b.mid"}, kWin);
   f.loader.LoadFolder("C:\\曲");
-  f.list.RemoveWhere([](int index, const FileItem&) { return index == 1; });
+  f.list.RemoveWhere([](int index, const FileRow&) { return index == 1; });
   f.ports.log.Clear();
   EXPECT_EQ(f.loader.LoadFolder("c:\\曲"), LoadOutcome::kDuplicate);
   EXPECT_EQ(f.ports.log.Events(),
@@ -548,13 +548,13 @@ TEST(LoadedRow, ShowsWhatTheFileHolds) {
   ASSERT_EQ(f.list.Count(), 5);
   for (int index = 1; index <= 5; ++index) {
     const Case& c = cases[static_cast<std::size_t>(index) - 1];
-    const FileItem& row = f.list.Row(index);
-    SCOPED_TRACE(row.location);
+    const FileRow row = f.list.Row(index);
+    SCOPED_TRACE(row.Location());
     EXPECT_EQ(row.renameName, c.renameName);
     EXPECT_EQ(row.title, c.title);
     EXPECT_EQ(row.artist, c.artist);
     EXPECT_EQ(row.type, c.type);
-    EXPECT_EQ(row.size, f.files.BytesOf(row.location).size());
+    EXPECT_EQ(row.size, f.files.BytesOf(row.Location()).size());
   }
   EXPECT_EQ(ColumnText(f.list.Row(5), Column::kSize), "1,234");
   EXPECT_EQ(f.list.Row(3).iconNumber, f.list.Row(4).iconNumber) << "one image per type";

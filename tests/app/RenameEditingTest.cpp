@@ -138,7 +138,7 @@ TEST(RenameBoxChange, InAutoModeAppliesAtOnceAndShowsTheNewPath) {
   Automatic f({"a.mid", "b.mid"});
   f.Type("new");
   EXPECT_EQ(f.Names(), Texts({"b.mid", "new.mid"}));
-  EXPECT_EQ(f.list.Row(1).location, "/m/new.mid");
+  EXPECT_EQ(f.list.Row(1).Location(), "/m/new.mid");
   EXPECT_EQ(f.Log(), Texts({"player release /m/a.mid", "file panel name /m/new.mid", "player chooses /m/new.mid",
                             "panel player: 選択： /m/new.mid"}));
   EXPECT_EQ(f.box.Caret(), 3) << "typing goes on";

@@ -53,7 +53,7 @@ struct TitledFixture : RenameFixture {
 
   explicit TitledFixture(const std::vector<std::string>& titles) : RenameFixture(FileNames(titles.size())) {
     for (std::size_t i = 0; i < titles.size(); ++i) {
-      FileItem row = list.Row(static_cast<int>(i) + 1);
+      FileItem row = list.Row(static_cast<int>(i) + 1).Item();
       row.title = titles[i];
       list.Replace(static_cast<int>(i) + 1, row);
     }

@@ -75,7 +75,7 @@ TEST(RenameScale, NoBatchIsQuadratic) {
          all.mode.automatic = true;
          all.options.modify.rules[0] = {true, "1", "one"};
          EXPECT_EQ(all.names.ModifyRows(Rows::kAll, all.options.modify).end, RunEnd::kComplete);
-         EXPECT_EQ(all.list.Row(1).location, "/m/one.mid");
+         EXPECT_EQ(all.list.Row(1).Location(), "/m/one.mid");
        }},
   };
   for (const Command& command : commands) {

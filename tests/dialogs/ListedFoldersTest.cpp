@@ -29,40 +29,39 @@ TEST(ListedFolders, FiftyFilesOfTwoFoldersGiveTwoInOrderOfAppearance) {
     const std::string folder = i % 3 == 0 ? "D:\\zebra\\" : "C:\\apple\\";
     list.Add(test::RowFor(folder + std::to_string(i) + ".mp3", PathStyle::kWindows));
   }
-  EXPECT_THAT(ListedFolders(list, PathStyle::kWindows), ElementsAre("D:\\zebra\\", "C:\\apple\\"));
+  EXPECT_THAT(ListedFolders(list), ElementsAre("D:\\zebra\\", "C:\\apple\\"));
 }
 
 TEST(ListedFolders, FollowTheOrderOfTheRows) {
   FileList list(PathStyle::kLinux);
   Add(list, {"/b/1.mid", "/a/2.mid", "/b/3.mid"}, PathStyle::kLinux);
-  EXPECT_THAT(ListedFolders(list, PathStyle::kLinux), ElementsAre("/b/", "/a/"));
-  list.RemoveWhere([](int index, const FileItem&) { return index == 1; });
-  EXPECT_THAT(ListedFolders(list, PathStyle::kLinux), ElementsAre("/a/", "/b/"));
+  EXPECT_THAT(ListedFolders(list), ElementsAre("/b/", "/a/"));
+  list.RemoveWhere([](int index, const FileRow&) { return index == 1; });
+  EXPECT_THAT(ListedFolders(list), ElementsAre("/a/", "/b/"));
 }
 
 TEST(ListedFolders, AFolderAndItsSubFolderAreListedSeparately) {
   FileList list(PathStyle::kWindows);
   Add(list, {"C:\\a.mid", "C:\\音楽\\b.mid", "C:\\音楽\\表\\c.mid", "\\\\server\\share\\d.mid"}, PathStyle::kWindows);
-  EXPECT_THAT(ListedFolders(list, PathStyle::kWindows),
-              ElementsAre("C:\\", "C:\\音楽\\", "C:\\音楽\\表\\", "\\\\server\\share\\"));
+  EXPECT_THAT(ListedFolders(list), ElementsAre("C:\\", "C:\\音楽\\", "C:\\音楽\\表\\", "\\\\server\\share\\"));
 }
 
 TEST(ListedFolders, ABackslashIsPartOfANameOnLinux) {
   FileList list(PathStyle::kLinux);
   Add(list, {"/a.mid", "/music/b\\c.mid", "/music/d.mid"}, PathStyle::kLinux);
-  EXPECT_THAT(ListedFolders(list, PathStyle::kLinux), ElementsAre("/", "/music/"));
+  EXPECT_THAT(ListedFolders(list), ElementsAre("/", "/music/"));
 }
 
 TEST(ListedFolders, DifferInLetterCase) {
   FileList list(PathStyle::kWindows);
   Add(list, {"C:\\Music\\a.mid", "C:\\music\\b.mid"}, PathStyle::kWindows);
-  EXPECT_THAT(ListedFolders(list, PathStyle::kWindows), ElementsAre("C:\\Music\\", "C:\\music\\"));
+  EXPECT_THAT(ListedFolders(list), ElementsAre("C:\\Music\\", "C:\\music\\"));
 }
 
 TEST(ListedFolders, KeepBytesThatAreNotUtf8) {
   FileList list(PathStyle::kLinux);
   Add(list, {"/\xFF/a.mid", "/\xFE/b.mid"}, PathStyle::kLinux);
-  EXPECT_THAT(ListedFolders(list, PathStyle::kLinux), ElementsAre("/\xFF/", "/\xFE/"));
+  EXPECT_THAT(ListedFolders(list), ElementsAre("/\xFF/", "/\xFE/"));
 }
 
 TEST(TellOfOpening, SaysWhichFolderTheShellCouldNotOpen) {

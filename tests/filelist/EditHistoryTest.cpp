@@ -136,7 +136,7 @@ TEST(EditHistory, RowsThatLeaveTheListLeaveTheSteps) {
   Fixture f;
   f.Edit({{1, "x"}, {2, "y"}});
   f.Edit({{2, "z"}});
-  f.list.RemoveWhere([](int index, const FileItem&) { return index == 2; });
+  f.list.RemoveWhere([](int index, const FileRow&) { return index == 2; });
   for (int i = 0; i < 8; ++i) f.list.Add(RowFor("/f/new" + std::to_string(i) + ".mid", kLin));
   EXPECT_EQ(f.list.UndoEdits(), Indices({1}));
   EXPECT_FALSE(f.list.Edits().CanUndo());
@@ -239,7 +239,7 @@ TEST(EditHistory, LeadsBackWhateverHappens) {
       Texts byLocation;
       for (const char c : std::string("abcdefgh")) {
         const int index = f.list.IndexOf("/f/" + std::string(1, c) + ".mid");
-        byLocation.push_back(index == 0 ? "" : f.list.Row(index).renameName);
+        byLocation.emplace_back(index == 0 ? "" : f.list.Row(index).renameName);
       }
       return byLocation;
     };
@@ -269,10 +269,7 @@ TEST(EditHistory, LeadsBackWhateverHappens) {
 
 TEST(PendingName, IsAnotherThanTheFilesOwn) {
   const auto pending = [](const std::string& location, const std::string& name) {
-    FileItem row;
-    row.location = location;
-    row.renameName = name;
-    return IsPendingName(row, kLin);
+    return IsPendingName(name, FileName(location, kLin));
   };
   EXPECT_FALSE(pending("/f/a.mid", "a"));
   EXPECT_TRUE(pending("/f/a.mid", "b"));
@@ -303,7 +300,7 @@ TEST(PendingName, IsCountedThroughEveryChange) {
   f.list.Replace(3, RowFor("/f/c.mid", kLin));
   EXPECT_EQ(f.list.PendingCount(), 0);
   f.list.SetRenameName(3, "z");
-  f.list.RemoveWhere([](int index, const FileItem&) { return index == 3; });
+  f.list.RemoveWhere([](int index, const FileRow&) { return index == 3; });
   EXPECT_EQ(f.list.PendingCount(), 0);
   FileItem row = RowFor("/f/d.mid", kLin);
   row.renameName = "other";

@@ -29,8 +29,8 @@ struct PlainList {
   void Sort(Column column) {
     descending = !descending;
     std::stable_sort(rows.begin(), rows.end(), [&](const FileItem& left, const FileItem& right) {
-      const std::string one = ToLower(ColumnText(left, column));
-      const std::string other = ToLower(ColumnText(right, column));
+      const std::string one = ToLower(ColumnText(RowOf(left), column));
+      const std::string other = ToLower(ColumnText(RowOf(right), column));
       return descending ? other < one : one < other;
     });
   }
@@ -167,7 +167,7 @@ class Walk {
   void Remove() {
     const int every = Below(4) + 1;
     const int rest = Below(every);
-    list_.RemoveWhere([&](int index, const FileItem&) { return index % every == rest; });
+    list_.RemoveWhere([&](int index, const FileRow&) { return index % every == rest; });
     std::vector<FileItem> kept;
     for (std::size_t i = 0; i < plain_.rows.size(); ++i) {
       if (static_cast<int>(i + 1) % every != rest) kept.push_back(plain_.rows[i]);
@@ -182,9 +182,9 @@ class Walk {
   }
 
   void ExpectRow(int index) {
-    const FileItem& row = list_.Row(index);
+    const FileRow row = list_.Row(index);
     const FileItem& plain = plain_.rows[static_cast<std::size_t>(index) - 1];
-    EXPECT_EQ(row.location, plain.location);
+    EXPECT_EQ(row.Location(), plain.location);
     EXPECT_EQ(row.renameName, plain.renameName);
     EXPECT_EQ(row.size, plain.size);
     EXPECT_EQ(row.checked, plain.checked);

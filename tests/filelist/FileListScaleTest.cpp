@@ -59,7 +59,7 @@ std::vector<Operation> Operations() {
        }},
       {"new locations",
        [](FileList& list) {
-         for (int i = 1; i <= list.Count(); ++i) list.SetLocation(i, "/new" + list.Row(i).location);
+         for (int i = 1; i <= list.Count(); ++i) list.SetLocation(i, "/new" + list.Row(i).Location());
        }},
       {"edit in one step, take it back and do it again",
        [](FileList& list) {
@@ -80,7 +80,7 @@ std::vector<Operation> Operations() {
        }},
       {"new rows in place",
        [](FileList& list) {
-         for (int i = 1; i <= list.Count(); ++i) list.Replace(i, list.Row(i));
+         for (int i = 1; i <= list.Count(); ++i) list.Replace(i, list.Row(i).Item());
        }},
       {"ask for files and folders",
        [](FileList& list) {
@@ -90,7 +90,7 @@ std::vector<Operation> Operations() {
          }
        }},
       {"remove every other row",
-       [](FileList& list) { list.RemoveWhere([](int i, const FileItem&) { return i % 2 == 0; }); }},
+       [](FileList& list) { list.RemoveWhere([](int i, const FileRow&) { return i % 2 == 0; }); }},
       {"sort twice",
        [](FileList& list) {
          list.Sort(Column::kLocation, test::ByteOrder());

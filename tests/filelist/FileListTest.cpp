@@ -44,7 +44,7 @@ TEST(FileItem, ShowsItsColumnsInTheOrderOfTheList) {
     const auto column = static_cast<Column>(i);
     const auto& [caption, text] = expected[static_cast<std::size_t>(i)];
     EXPECT_EQ(ColumnCaption(column), caption);
-    EXPECT_EQ(ColumnText(row, column), text) << caption;
+    EXPECT_EQ(ColumnText(RowOf(row, kLin), column), text) << caption;
   }
 }
 
@@ -53,9 +53,7 @@ TEST(FileItem, HasNoTitleWhenItIsBlankOrThreeDashes) {
       {"", true},      {"   ", true},   {"---", true}, {"  --- ", true},  {"--", false},
       {"----", false}, {"- --", false}, {"題", false}, {"\u3000", false}, {" 題 ", false}};
   for (const auto& [title, none] : rows) {
-    FileItem row;
-    row.title = title;
-    EXPECT_EQ(HasNoTitle(row), none) << "[" << title << "]";
+    EXPECT_EQ(HasNoTitle(title), none) << "[" << title << "]";
   }
 }
 
@@ -94,10 +92,10 @@ TEST(FileListQueries, FollowARowThatARemovalMovesUp) {
   list.SelectOnly(3);
   list.SetChecked(3, true);
   EXPECT_EQ(list.SelectedIndex(), 3);
-  list.RemoveWhere([](int index, const FileItem&) { return index == 1; });
+  list.RemoveWhere([](int index, const FileRow&) { return index == 1; });
   EXPECT_EQ(list.SelectedIndex(), 2);
   EXPECT_EQ(list.FirstCheckedIndex(), 2);
-  list.RemoveWhere([](int index, const FileItem&) { return index == 2; });
+  list.RemoveWhere([](int index, const FileRow&) { return index == 2; });
   EXPECT_EQ(list.SelectedIndex(), 0);
   EXPECT_EQ(list.FirstCheckedIndex(), 0);
 }
@@ -190,7 +188,7 @@ TEST(FileListDuplicates, AreForgottenWithTheLastRow) {
   FileList list(kWin);
   list.Add(RowFor("C:\\m\\a.mid", kWin));
   list.Add(RowFor("C:\\M\\b.mid", kWin));
-  list.RemoveWhere([](int index, const FileItem&) { return index == 1; });
+  list.RemoveWhere([](int index, const FileRow&) { return index == 1; });
   EXPECT_FALSE(list.ContainsFile("C:\\m\\a.mid"));
   EXPECT_TRUE(list.ContainsFolder("C:\\m\\"));
   list.SetLocation(1, "D:\\m\\b.mid");
@@ -207,7 +205,7 @@ TEST(FileListDuplicates, TwoRowsWithOneLocationStayDistinct) {
   list.SetLocation(2, "/f/a");
   EXPECT_EQ(list.IndexOf("/f/a"), 1);
   EXPECT_FALSE(list.ContainsFile("/f/b"));
-  list.RemoveWhere([](int index, const FileItem&) { return index == 1; });
+  list.RemoveWhere([](int index, const FileRow&) { return index == 1; });
   EXPECT_EQ(list.IndexOf("/f/a"), 1);
   list.SetLocation(1, "/f/c");
   EXPECT_FALSE(list.ContainsFile("/f/a"));
@@ -369,15 +367,22 @@ TEST(FileListObserver, HearsOfEachChangeOnce) {
       {"check as it was", [](FileList& list) { list.SetChecked(1, false); }, {}},
       {"selection", [](FileList& list) { list.SetSelected(2, true); }, {"row 2"}},
       {"selection as it was", [](FileList& list) { list.SetSelected(2, false); }, {}},
+      {"selection of nothing where nothing is selected", [](FileList& list) { list.SelectNone(); }, {}},
+      {"selection of all", [](FileList& list) { list.SelectAll(); }, {"marks"}},
+      {"selection of several",
+       [](FileList& list) {
+         list.SelectRows({1, 3});
+       },
+       {"marks"}},
       {"replace", [](FileList& list) { list.Replace(2, RowFor("/f/z", kLin)); }, {"row 2"}},
       {"add", [](FileList& list) { AddFiles(list, {"d"}); }, {"rows"}},
-      {"check all", [](FileList& list) { list.CheckAll(); }, {"rows"}},
-      {"uncheck all", [](FileList& list) { list.UncheckAll(); }, {"rows"}},
-      {"invert", [](FileList& list) { list.InvertChecks(); }, {"rows"}},
+      {"check all", [](FileList& list) { list.CheckAll(); }, {"marks"}},
+      {"uncheck all", [](FileList& list) { list.UncheckAll(); }, {"marks"}},
+      {"invert", [](FileList& list) { list.InvertChecks(); }, {"marks"}},
       {"sort", [](FileList& list) { list.Sort(Column::kTitle, ByteOrder()); }, {"rows"}},
       {"clear", [](FileList& list) { list.Clear(); }, {"rows"}},
-      {"remove", [](FileList& list) { list.RemoveWhere([](int i, const FileItem&) { return i < 3; }); }, {"rows"}},
-      {"remove none", [](FileList& list) { list.RemoveWhere([](int, const FileItem&) { return false; }); }, {}},
+      {"remove", [](FileList& list) { list.RemoveWhere([](int i, const FileRow&) { return i < 3; }); }, {"rows"}},
+      {"remove none", [](FileList& list) { list.RemoveWhere([](int, const FileRow&) { return false; }); }, {}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -395,7 +400,7 @@ TEST(FileListObserver, HearsOfALongChangeOnceAtItsEnd) {
   list.BeginChanges();
   AddFiles(list, {"d", "e"});
   list.EndChanges();
-  list.RemoveWhere([](int index, const FileItem&) { return index == 2; });
+  list.RemoveWhere([](int index, const FileRow&) { return index == 2; });
   EXPECT_EQ(observed.log.Events(), Texts());
   list.EndChanges();
   EXPECT_EQ(observed.log.Events(), Texts({"rows"}));
@@ -407,7 +412,8 @@ TEST(FileListObserver, SeesTheListAfterTheChange) {
   struct Looking final : FileListObserver {
     explicit Looking(FileList& observed) : list(observed) {}
     void RowChanged(int index) override { seen.push_back(list.Row(index).checked ? 1 : 0); }
-    void RowsChanged() override { seen.push_back(list.CheckedCount()); }
+    void RowsChanged() override { seen.push_back(-1); }
+    void MarksChanged() override { seen.push_back(list.CheckedCount()); }
     FileList& list;
     Indices seen;
   };

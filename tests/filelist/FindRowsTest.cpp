@@ -39,7 +39,7 @@ struct Fixture {
 
 TEST(FindRows, LooksInEveryColumnAsItIsShown) {
   Fixture f({"a", "b"});
-  FileItem row = f.list.Row(2);
+  FileItem row = f.list.Row(2).Item();
   row.renameName = "新しい名前";
   row.title = "夜想曲";
   row.artist = "Ｃｈｏｐｉｎ";
@@ -103,7 +103,7 @@ TEST(FindRows, FollowsEveryChangeOfTheRows) {
   EXPECT_EQ(f.Found("/a"), Indices({1, 2}));
   f.list.Add(test::RowFor("/m/a3.mid", PathStyle::kLinux));
   EXPECT_EQ(f.Found(), Indices({1, 2, 4}));
-  f.list.RemoveWhere([](int index, const FileItem&) { return index == 1; });
+  f.list.RemoveWhere([](int index, const FileRow&) { return index == 1; });
   EXPECT_EQ(f.Found(), Indices({1, 3}));
   f.list.Sort(Column::kLocation, test::ByteOrder());
   EXPECT_EQ(f.Found(), Indices({2, 3})) << "in descending order";

@@ -104,6 +104,7 @@ class Counting final : public FileListObserver {
  public:
   void RowChanged(int /*index*/) override { ++rows; }
   void RowsChanged() override { ++lists; }
+  void MarksChanged() override { ++lists; }
   int rows = 0;
   int lists = 0;
 };

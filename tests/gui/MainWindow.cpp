@@ -134,7 +134,7 @@ bool MainWindowTest::MenuEnabled(Command command) const {
 
 std::vector<std::string> MainWindowTest::Names() const {
   std::vector<std::string> names;
-  for (int i = 1; i <= List().Count(); ++i) names.push_back(List().Row(i).renameName);
+  for (int i = 1; i <= List().Count(); ++i) names.emplace_back(List().Row(i).renameName);
   return names;
 }
 

@@ -205,7 +205,7 @@ TEST_F(FilesInMainWindow, TitlesAndRulesBecomeFileNames) {
   EXPECT_EQ(folder.Read("Second.mid"), second);
   EXPECT_EQ(CheckedRows(), Rows{});
   EXPECT_EQ(Status(kChecksPanel), "チェック数： 0");
-  EXPECT_EQ(List().Row(1).location, folder.At("Fいst.mid"));
+  EXPECT_EQ(List().Row(1).Location(), folder.At("Fいst.mid"));
   EXPECT_TRUE(Text("txtFileName").ends_with("Fいst.mid")) << Text("txtFileName");
   EXPECT_EQ(NativeText(Frame().List(), 3, Column::kLocation), folder.At("Thいd.mp3"));
   EXPECT_TRUE(Frame().IsEnabled());
@@ -330,7 +330,7 @@ TEST_F(FilesInMainWindow, AFileWithThisNameAtTheTargetStopsTheMove) {
                                    MessageIcon::kExclamation, MessageButtons::kOk}}));
   EXPECT_TRUE(folder.Exists("a.mid"));
   EXPECT_EQ(folder.Read("moved/a.mid"), "other");
-  EXPECT_EQ(List().Row(1).location, folder.At("a.mid"));
+  EXPECT_EQ(List().Row(1).Location(), folder.At("a.mid"));
 }
 
 TEST_F(FilesInMainWindow, TheSelectedFileIsDeletedForGoodOnceTheUserAgrees) {

@@ -138,7 +138,7 @@ TEST_F(RenameBoxInMainWindow, InAutomaticModeEachKeyRenamesTheFile) {
   Key('y');
   EXPECT_TRUE(folder.Exists("xy.mid"));
   EXPECT_FALSE(folder.Exists("x.mid"));
-  EXPECT_EQ(List().Row(1).location, folder.At("xy.mid"));
+  EXPECT_EQ(List().Row(1).Location(), folder.At("xy.mid"));
   EXPECT_TRUE(Text("txtFileName").ends_with("xy.mid")) << Text("txtFileName");
   EXPECT_TRUE(Status(kSelectionPanel).starts_with("選択： ")) << Status(kSelectionPanel);
   EXPECT_TRUE(Status(kSelectionPanel).ends_with("xy.mid")) << Status(kSelectionPanel);

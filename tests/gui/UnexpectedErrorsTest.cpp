@@ -96,7 +96,7 @@ TEST_F(UnexpectedErrors, InTheMiddleOfApplyingLeaveTheWindowEnabledAndTheRowsBef
   Run(mnuAllUpdate);
   ExpectUsable();
   EXPECT_EQ(dialogs.TakeShown().back(), Told("すべてファイルに適応", "it broke"));
-  EXPECT_EQ(List().Row(1).location, folder.At("edited 1.mid"));
+  EXPECT_EQ(List().Row(1).Location(), folder.At("edited 1.mid"));
   EXPECT_TRUE(folder.Exists("c.mid")) << "the rest was not begun";
 }
 

@@ -43,7 +43,7 @@ class FolderList : public testing::Test {
     list.Add(test::RowFor(Folder(folder) + std::to_string(list.Count()) + ".mid"));
   }
   void RemoveRow(int row) {
-    list.RemoveWhere([row](int index, const FileItem&) { return index == row; });
+    list.RemoveWhere([row](int index, const FileRow&) { return index == row; });
   }
 
   void Open() {

@@ -693,7 +693,7 @@ TEST_F(ModifyDialog, AListOfManyRowsIsShownShortAndShrinksAgain) {
   EXPECT_TRUE(LabelBecomes("lblSummary", "300 個の名前が変わります"));
   EXPECT_EQ(Preview().size(), 200u);
   EXPECT_EQ(Preview().back(), "a199 > b199");
-  while (list.Count() > 2) list.RemoveWhere([](int index, const FileItem&) { return index > 2; });
+  while (list.Count() > 2) list.RemoveWhere([](int index, const FileRow&) { return index > 2; });
   Type("txtReplace0", "c");
   EXPECT_TRUE(PreviewBecomes({"a0 > c0", "a1 > c1"}));
   Add("z");

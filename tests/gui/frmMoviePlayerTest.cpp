@@ -96,7 +96,7 @@ class MovieOfAPlayer : public testing::Test, public MovieWindow {
   /// Plays the last row, whose window then opens, and clears the record of what was sent.
   void Open() {
     list.SelectOnly(list.Count());
-    player.Choose(list.Row(list.Count()).location);
+    player.Choose(list.Row(list.Count()).Location());
     player.cmdPlay();
     ASSERT_NE(window, nullptr);
     ASSERT_TRUE(SettleUntil([this] { return window->IsShownOnScreen(); }));
@@ -249,7 +249,7 @@ TEST_F(MovieOfAPlayer, ShowsTheTimeOfTheMainWindow) {
 TEST_F(MovieOfAPlayer, DoesNotOpenForAFileWithoutAPicture) {
   device.scripted["where mci source"] = "0 0 0 0";
   list.SelectOnly(1);
-  player.Choose(list.Row(1).location);
+  player.Choose(list.Row(1).Location());
   player.cmdPlay();
   EXPECT_EQ(window, nullptr);
   ASSERT_EQ(ports.boxes.Shown().size(), 1U);

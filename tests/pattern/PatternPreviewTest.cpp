@@ -32,7 +32,7 @@ struct Fixture {
   }
 
   ReadFacts Read() {
-    return KeptFacts([this](const FileItem&) {
+    return KeptFacts([this](const FileRow&) {
       ++reads;
       FileFacts facts;
       facts.song.album = "Spring";

@@ -25,7 +25,7 @@ struct Fixture {
   FileList list{PathStyle::kLinux};
   int reads = 0;
   FileFacts facts;
-  ReadFacts read = [this](const FileItem&) {
+  ReadFacts read = [this](const FileRow&) {
     ++reads;
     return facts;
   };
@@ -155,12 +155,12 @@ TEST(FileFacts, AreWhatTheTagsAndTheDiskSay) {
                                 test::Mp3Audio(1));
   FileItem mp3 = test::RowFor("/m/1.mp3", PathStyle::kLinux);
   mp3.type = "MP3";
-  const FileFacts facts = FactsFrom(files, TagSources::kStandard)(mp3);
+  const FileFacts facts = FactsFrom(files, TagSources::kStandard)(RowOf(mp3, PathStyle::kLinux));
   EXPECT_EQ(facts.modified, 12345);
   EXPECT_EQ(facts.song.album, "Spring");
   EXPECT_EQ(facts.song.track, 3);
   mp3.location = "/m/gone.mp3";
-  EXPECT_EQ(FactsFrom(files, TagSources::kStandard)(mp3).modified, 0);
+  EXPECT_EQ(FactsFrom(files, TagSources::kStandard)(RowOf(mp3, PathStyle::kLinux)).modified, 0);
 }
 
 TEST(PatternRename, KeptFactsAreReadOncePerFile) {

@@ -44,7 +44,7 @@ class MusicPlayerTest : public testing::Test {
   /// Selects the row as a click does.
   void Select(int row) {
     list.SelectOnly(row);
-    player.Choose(list.Row(row).location);
+    player.Choose(list.Row(row).Location());
   }
 
   void Start(int row) {
@@ -490,7 +490,7 @@ TEST_F(MusicPlayerTest, PlaysOneFileUnlessTheSettingIsOn) {
 
 TEST_F(MusicPlayerTest, PlaysTheOnlyPlayableRowAgain) {
   options.player.continuous = true;
-  list.RemoveWhere([](int index, const FileItem&) { return index > 2; });
+  list.RemoveWhere([](int index, const FileRow&) { return index > 2; });
   Start(1);
   Pass(4000);
   EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3");
@@ -501,7 +501,7 @@ TEST_F(MusicPlayerTest, PlaysTheOnlyPlayableRowAgain) {
 TEST_F(MusicPlayerTest, GoesOnWithTheFirstRowWhenThePlayingOneIsGone) {
   options.player.continuous = true;
   Start(3);
-  list.RemoveWhere([](int index, const FileItem&) { return index == 3; });
+  list.RemoveWhere([](int index, const FileRow&) { return index == 3; });
   Pass(185000);
   EXPECT_EQ(device.OpenFile("mci"), "/m/a.mp3");
 }
@@ -556,7 +556,7 @@ TEST_F(MusicPlayerTest, EndsWhenTheListHasNothingToPlayAnyMore) {
   for (const bool empty : {false, true}) {
     MusicPlayerTest::list.SelectNone();
     Start(1);
-    list.RemoveWhere([empty](int index, const FileItem&) { return empty || index != 2; });
+    list.RemoveWhere([empty](int index, const FileRow&) { return empty || index != 2; });
     Pass(4000);
     EXPECT_EQ(panel.interval, 0);
     EXPECT_EQ(panel.button, PlayButton::kPlay);

@@ -101,7 +101,7 @@ TEST(ModifyPreview, ShowsTheNamesOfTheRun) {
     (void)ModifyRenameNames(run, Rows::kAll, rules, repetition, f.regex, {}, progress);
     Texts expected;
     for (int i = 1; i <= run.Count(); ++i) {
-      expected.push_back(f.list.Row(i).renameName + " -> " + run.Row(i).renameName);
+      expected.push_back(std::string(f.list.Row(i).renameName) + " -> " + std::string(run.Row(i).renameName));
     }
     EXPECT_EQ(Lines(preview), expected);
     EXPECT_EQ(preview.Summary(), "4 個の名前が変わります");

@@ -48,7 +48,7 @@ TEST(AppliedPath, IsTheFolderTheNameAndTheOldExtensionInLowerCase) {
   for (const PathCase& c : cases) {
     FileItem row = test::RowFor(c.location, c.style);
     row.renameName = c.renameName;
-    EXPECT_EQ(AppliedPath(row, c.style), c.expected) << c.name;
+    EXPECT_EQ(AppliedPath(c.location, row.renameName, c.style), c.expected) << c.name;
   }
 }
 
@@ -93,7 +93,7 @@ TEST(RenameEngine, ReportsEachFilesOldAndNewPlace) {
   Texts told;
   const BatchOutcome outcome = f.engine.Apply(Rows::kChecked, progress, [&](const RowOutcome& row) {
     told.push_back(std::to_string(row.index) + " " + std::to_string(static_cast<int>(row.code)) + ": " + row.from +
-                   " -> " + f.list.Row(row.index).location);
+                   " -> " + f.list.Row(row.index).Location());
     return true;
   });
   EXPECT_EQ(told, Texts({"1 0: /m/a.mid -> /m/x.mid", "2 1: /m/b.mid -> /m/b.mid", "3 0: /m/c.mid -> /m/z.mid"}));

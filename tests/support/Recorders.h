@@ -173,6 +173,7 @@ class ListRecorder final : public FileListObserver {
   explicit ListRecorder(EventLog& log) : log_(log) {}
   void RowChanged(int index) override { log_.Add("row " + std::to_string(index)); }
   void RowsChanged() override { log_.Add("rows"); }
+  void MarksChanged() override { log_.Add("marks"); }
 
  private:
   EventLog& log_;

@@ -29,11 +29,11 @@ auto FromEachRow(const FileList& list, Of of) {
 }
 
 inline std::vector<std::string> Locations(const FileList& list) {
-  return FromEachRow(list, [](const FileItem& row) { return row.location; });
+  return FromEachRow(list, [](const FileRow& row) { return row.Location(); });
 }
 
 inline std::vector<std::string> RenameNames(const FileList& list) {
-  return FromEachRow(list, [](const FileItem& row) { return row.renameName; });
+  return FromEachRow(list, [](const FileRow& row) { return std::string(row.renameName); });
 }
 
 /// The indices of the rows for which `holds` is true.
@@ -47,11 +47,11 @@ std::vector<int> RowsWhere(const FileList& list, Holds holds) {
 }
 
 inline std::vector<int> CheckedRows(const FileList& list) {
-  return RowsWhere(list, [](const FileItem& row) { return row.checked; });
+  return RowsWhere(list, [](const FileRow& row) { return row.checked; });
 }
 
 inline std::vector<int> SelectedRows(const FileList& list) {
-  return RowsWhere(list, [](const FileItem& row) { return row.selected; });
+  return RowsWhere(list, [](const FileRow& row) { return row.selected; });
 }
 
 }  // namespace quillon::test

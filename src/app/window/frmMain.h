@@ -98,6 +98,7 @@ class frmMain final : public wxFrame,
   // FileListObserver
   void RowChanged(int index) override;
   void RowsChanged() override;
+  void MarksChanged() override;
 
   void MakeControls();
   void NameControls();

@@ -202,7 +202,9 @@ lvwFiles::Handlers frmMain::ListHandlers() {
   handlers.keyPressed = [this](wxKeyEvent& event) { return UseListKey(event); };
   handlers.dropped = [this](const wxArrayString& paths) { app_->LoadPaths(PathsFromWx(paths)); };
   handlers.dragged = [this](bool over) { hint_->ShowFrame(over); };
-  handlers.iconOf = [](const FileItem& row, int pixels) { return LoadFileIcon(row.location, row.type.Text(), pixels); };
+  handlers.iconOf = [](const FileRow& row, int pixels) {
+    return LoadFileIcon(row.Location(), row.type.Text(), pixels);
+  };
   return handlers;
 }
 
@@ -380,6 +382,11 @@ void frmMain::RowChanged(int index) {
 
 void frmMain::RowsChanged() {
   lvwFiles_->RowsChanged();
+  ScheduleUpdate();
+}
+
+void frmMain::MarksChanged() {
+  lvwFiles_->MarksChanged();
   ScheduleUpdate();
 }
 

@@ -107,6 +107,12 @@ void lvwFilesBase::RowChanged(int index) {
   ShowSoon();
 }
 
+void lvwFilesBase::MarksChanged() {
+  if (taking_) return;
+  pending_.many = true;
+  ShowSoon();
+}
+
 void lvwFilesBase::RowsChanged() {
   pending_.moved = true;
   ShowSoon();
@@ -276,7 +282,7 @@ void lvwFilesBase::EndEdit(const wxString& text) {
   if (!inputEnabled_ || !IsRow(index) || !handlers_.renamed) return;
   // An unchanged text keeps the row's name, including characters that a cell cannot show.
   const bool same = text == CellText(index, Column::kRenameName);
-  const std::string name = same ? list_.Row(index).renameName : FromWx(text);
+  const std::string name = same ? std::string(list_.Row(index).renameName) : FromWx(text);
   window_->CallAfter([this, index, name] {
     if (inputEnabled_ && IsRow(index)) handlers_.renamed(index, name);
   });
@@ -312,7 +318,7 @@ std::string Shortened(std::string_view text) {
 
 wxString lvwFilesBase::TipOf(int index, Column column, int pixels) const {
   constexpr int kAround = 10;  // DIP: the space around a cell's text
-  const FileItem& row = list_.Row(index);
+  const FileRow row = list_.Row(index);
   const wxString text = CellText(index, column);
   const bool bold = row.pending && column == Column::kRenameName;
   const wxFont font = bold ? window_->GetFont().Bold() : window_->GetFont();
@@ -322,8 +328,7 @@ wxString lvwFilesBase::TipOf(int index, Column column, int pixels) const {
   const bool isCut = width + window_->FromDIP(kAround) > pixels;
   const wxString cut = isCut ? ToWx(Shortened(FromWx(text))) : wxString();
   if (!row.pending) return cut;
-  const wxString change =
-      OnOneLine(ToWx(Shortened(NameWithoutExtension(row.location)) + " → " + Shortened(row.renameName)));
+  const wxString change = OnOneLine(ToWx(Shortened(row.NameWithoutExtension()) + " → " + Shortened(row.renameName)));
   return cut.empty() || bold ? change : cut + "\n" + change;
 }
 

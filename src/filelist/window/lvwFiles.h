@@ -32,7 +32,7 @@ class lvwFiles : public FileListObserver {
     std::function<bool(wxKeyEvent& event)> keyPressed;                ///< true when it was used; not while editing
     std::function<void(const wxArrayString& paths)> dropped;          ///< files and folders
     std::function<void(bool over)> dragged;                           ///< files are dragged over the list, or no longer
-    std::function<wxBitmap(const FileItem& row, int pixels)> iconOf;  ///< asked once per icon number and size
+    std::function<wxBitmap(const FileRow& row, int pixels)> iconOf;   ///< asked once per icon number and size
   };
 
   /// The window is a child of `parent`, which deletes it; the returned object must live as long. The caller registers

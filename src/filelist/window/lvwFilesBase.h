@@ -18,6 +18,7 @@ class lvwFilesBase : public lvwFiles {
  public:
   void RowChanged(int index) final;
   void RowsChanged() final;
+  void MarksChanged() final;
   [[nodiscard]] wxDropTarget* MakeDropTarget() final;
   void SetInputEnabled(bool enabled) final { inputEnabled_ = enabled; }
   [[nodiscard]] bool IsEditing() const final { return editedRow_ != 0; }

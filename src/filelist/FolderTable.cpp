@@ -1,0 +1,59 @@
+#include "filelist/FolderTable.h"
+
+#include "paths/basFileControl.h"
+
+namespace quillon {
+
+// Everything that can fail comes first, so that a failure changes nothing.
+FolderTable::Id FolderTable::EnterEntry(std::string_view text) {
+  if (const auto found = ids_.find(text); found != ids_.end()) {
+    ++entries_[found->second].uses;
+    return found->second;
+  }
+  if (firstUnused_ == kNone) {
+    entries_.push_back({nullptr, kNone, 0});
+    firstUnused_ = static_cast<Id>(entries_.size() - 1);
+  }
+  const auto place = ids_.emplace(text, firstUnused_).first;
+  const Id id = firstUnused_;
+  firstUnused_ = entries_[id].identity;
+  entries_[id] = {&place->first, id, 1};
+  return id;
+}
+
+FolderTable::Id FolderTable::Enter(std::string_view folder) {
+  if (style_ == PathStyle::kLinux) return EnterEntry(folder);
+  const Id id = EnterEntry(folder);
+  if (entries_[id].uses > 1) return id;
+  try {
+    const std::string identity = PathIdentity(folder, style_);
+    if (identity != folder) entries_[id].identity = EnterEntry(identity);
+  } catch (...) {
+    Leave(id);
+    throw;
+  }
+  return id;
+}
+
+void FolderTable::Leave(Id folder) noexcept {
+  Entry& entry = entries_[folder];
+  if (--entry.uses != 0) return;
+  const Id identity = entry.identity;
+  ids_.erase(ids_.find(*entry.text));
+  entry = {nullptr, firstUnused_, 0};
+  firstUnused_ = folder;
+  if (identity != folder) Leave(identity);
+}
+
+void FolderTable::Clear() noexcept {
+  ids_.clear();
+  entries_.clear();
+  firstUnused_ = kNone;
+}
+
+const FolderTable::Id* FolderTable::Find(std::string_view folder) const {
+  const auto found = style_ == PathStyle::kLinux ? ids_.find(folder) : ids_.find(PathIdentity(folder, style_));
+  return found == ids_.end() ? nullptr : &found->second;
+}
+
+}  // namespace quillon
