@@ -93,6 +93,16 @@ struct FileIdentity {
 /// The unit in which a volume limits the length of a name.
 enum class NameUnit { kByte, kUtf16 };
 
+/// The names in a folder in which each entry is found under its listed name alone.
+struct ExactNames {
+  /// A name that is not longer, nor "." or "..", in a path that is not longer: absent when it is not listed.
+  static constexpr std::size_t kLongestName = 255;
+  static constexpr std::size_t kLongestPath = 4095;
+
+  std::string files;   ///< of regular files, for which Status succeeds; each ended by a NUL
+  std::string others;  ///< of everything else, dangling links and pipes included
+};
+
 /// Reads from the disk. Nothing here changes it.
 class FileReads {
  public:
@@ -119,6 +129,11 @@ class FileReads {
     const Result<FileStatus, FileError> status = Status(path);
     return status && status->kind == FileStatus::Kind::kFile;
   }
+
+  /// Every name in the folder, in no order, from which is known what Status would answer for each of its files. Null
+  /// when the folder cannot be listed or searched, and unless it is certain that no entry has further names there (in
+  /// another letter case, in another form of the same characters, or hidden).
+  virtual std::optional<ExactNames> ExactNamesIn(const std::string& /*folder*/) { return std::nullopt; }
 
   /// True when both paths name the same existing file.
   virtual bool SameFile(const std::string& left, const std::string& right) = 0;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "platform/FileSystem.h"
@@ -9,7 +12,8 @@ namespace quillon {
 
 /// Answers a batch of renames, moves or deletions as the disk would, without changing anything: names that earlier
 /// calls of the batch gave up are free, names that they took are taken. Errors that only a real attempt shows (a
-/// missing permission, a full or failing disk) are not predicted.
+/// missing permission, a full or failing disk) are not predicted. The disk is taken not to change meanwhile: a folder
+/// of which several names are asked for is listed once, where its listing answers for all of them.
 class PlannedChanges final : public FileChanges {
  public:
   explicit PlannedChanges(FileReads& files) : files_(files) {}
@@ -22,17 +26,29 @@ class PlannedChanges final : public FileChanges {
   int Recycle(const std::string& path, std::uintptr_t ownerWindow) override;
 
  private:
+  struct Folder {
+    std::unordered_map<std::string, bool> names;  ///< taken or free, as far as it is known; by the name's identity
+    std::unordered_set<std::string> uncertain;    ///< listed names that are to be asked for
+    bool listed = false;                          ///< all names but these are known
+    int asked = 0;                                ///< names that the disk was asked for
+
+    [[nodiscard]] std::optional<bool> Knows(std::string_view path) const;
+  };
+
+  Folder& FolderOf(const std::string& path);
   Result<bool, FileError> Exists(const std::string& path);
+  void List(std::string_view path, Folder& folder);
   bool IsOneEntry(const std::string& left, const std::string& right);
   FileOutcome LookFor(const std::string& path);
-  void Free(const std::string& path);
-  void ListFolder(const std::string& folder);
+  void Set(const std::string& path, bool taken);
+  void ListForSpellings(const std::string& folder);
 
   FileReads& files_;
-  std::string listedFolder_;  ///< the folder whose names are in `listed_`
-  std::unordered_set<std::string> listed_;
-  std::unordered_set<std::string> taken_;
-  std::unordered_set<std::string> freed_;
+  std::unordered_map<std::string, Folder> folders_;  ///< by the identity of the path
+  std::string lastPath_;                             ///< the folder of the last answer
+  Folder* last_ = nullptr;
+  std::string spelledFolder_;  ///< the folder whose names are in `spelled_`
+  std::unordered_set<std::string> spelled_;
 };
 
 }  // namespace quillon

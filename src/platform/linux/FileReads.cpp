@@ -11,6 +11,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/FolderOrder.h"
+#include "platform/linux/ExactNames.h"
 #include "platform/linux/SystemError.h"
 #include "platform/linux/VolumeNameUnit.h"
 
@@ -97,6 +98,8 @@ class LinuxFileReads final : public FileReads {
     const bool taken = ::lstat(path.c_str(), &status) == 0;
     return FileStatus{taken ? FileStatus::Kind::kOther : FileStatus::Kind::kAbsent, 0};
   }
+
+  std::optional<ExactNames> ExactNamesIn(const std::string& folder) override { return ListExactNames(folder); }
 
   bool SameFile(const std::string& left, const std::string& right) override {
     if (HoldsNul(left) || HoldsNul(right)) return false;
