@@ -39,10 +39,10 @@ void LoadFloor(State& state, Files::Kind kind) {
   PerFile(state);
 }
 
-void Load(State& state, Files::Kind kind) {
+void Load(State& state, Files::Kind kind, FileReadsOptions reads = {}) {
   const Files& files = SharedFiles(kind, CountOf(state));
   for ([[maybe_unused]] auto _ : state) {
-    Program program;
+    Program program(reads);
     program.Load(files.Folder());
     Require(state, program.list.Count() == files.Count(), "not every file was loaded");
     state.PauseTiming();
@@ -193,6 +193,7 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
 
 BENCHMARK_CAPTURE(LoadFloor, mixed, Files::Kind::kMixed)->Apply(Sizes);
 BENCHMARK_CAPTURE(Load, mixed, Files::Kind::kMixed)->Apply(Sizes);
+BENCHMARK_CAPTURE(Load, mixed_in_turn, Files::Kind::kMixed, {.readAhead = false})->Apply(Sizes);
 BENCHMARK_CAPTURE(Load, mp3, Files::Kind::kMp3)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(LoadTagLib, mp3, Files::Kind::kMp3)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(LoadTagLib, newer, Files::Kind::kNewerMp3)->Arg(kFew)->Unit(benchmark::kMillisecond)->UseRealTime();

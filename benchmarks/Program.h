@@ -25,7 +25,9 @@ class NoRegex final : public RegexEngine {
 
 /// The program without a window.
 struct Program {
-  Program() { options.list.searchSubfolders = true; }
+  explicit Program(const FileReadsOptions& reads = {}) : files(MakeFileReads(reads)) {
+    options.list.searchSubfolders = true;
+  }
 
   /// Searches the folder, and lists what it finds.
   void Load(const std::string& folder) {
@@ -44,7 +46,7 @@ struct Program {
   OptionValues options;
   ApplyMode mode;
   PlayerControl player;  ///< none
-  std::unique_ptr<FileReads> files = MakeFileReads();
+  std::unique_ptr<FileReads> files;
   std::unique_ptr<FileChanges> disk = MakeFileChanges();
   RenameEngine engine{list, mode, *disk, player};
 };

@@ -27,20 +27,19 @@ struct ReadFile {
   bool hasUnreadTag = false;  ///< one that TagSources::kAll reads
 };
 
-Result<ReadFile, FileError> ReadRow(FileReads& files, const std::string& path, TagSources tags, PathStyle style) {
+Result<ReadFile, FileError> ReadRow(FilesInTurn& files, const std::string& path, TagSources tags, PathStyle style) {
   ReadFile read;
   FileItem& row = read.row;
   row.type = GetMediaType(Extension(path, style));
   const bool isRead = IsReadForRow(row.type, tags);
-  const std::unique_ptr<ByteSource> file = isRead ? files.OpenFile(path) : nullptr;
-  if (file) {
+  if (ByteSource* const file = isRead ? files.Open() : nullptr) {
     MediaInfo info = ReadRowTexts(*file, row.type, tags);
     row.size = file->Size();
     row.title = std::move(info.title);
     row.artist = std::move(info.copyright);
     read.hasUnreadTag = tags == TagSources::kStandard && info.newerTag && HasNoTitle(row.title);
   } else {
-    const Result<FileStatus, FileError> status = files.Status(path);
+    const Result<FileStatus, FileError> status = files.Status();
     if (!status) return status.Failure();
     if (status->kind != FileStatus::Kind::kFile) return FileError{file_error::kNotFound, {}};
     row.size = status->length;
@@ -51,6 +50,32 @@ Result<ReadFile, FileError> ReadRow(FileReads& files, const std::string& path, T
   row.renameName = BaseName(path, style);
   row.location = path;
   return read;
+}
+
+NeedsOf NeedsForRows(TagSources tags, PathStyle style) {
+  return [tags, style](const PathList::File& file) {
+    return NeedsForRow(GetMediaType(Extension(file.name, style)), tags);
+  };
+}
+
+/// The same, but files that the list already holds are not read.
+NeedsOf NeedsForNewRows(const FileList& list, TagSources tags, PathStyle style) {
+  if (list.Count() == 0) return NeedsForRows(tags, style);
+  return [&list, needs = NeedsForRows(tags, style), path = std::string()](const PathList::File& file) mutable {
+    file.PathInto(path);
+    return list.ContainsFile(path) ? FileNeeds() : needs(file);
+  };
+}
+
+/// The locations of these rows.
+template <class Chosen>
+PathList LocationsOf(const FileList& list, Chosen chosen) {
+  PathList locations;
+  for (int index = 1; index <= list.Count(); ++index) {
+    const FileRow row = list.Row(index);
+    if (chosen(row)) locations.Add(row.folder, row.name);
+  }
+  return locations;
 }
 
 /// Gives a row the options' check mark.
@@ -71,15 +96,17 @@ Registered RegisterFiles(FileList& list, FileReads& files, const PathList& paths
   list.BeginChanges();
   const Finally told([&list] { list.EndChanges(); });
   list.Reserve(paths.size());
+  const std::unique_ptr<FilesInTurn> reading = files.ReadInTurn(paths, NeedsForNewRows(list, options.tags, style));
   std::size_t done = 0;
   bool goesOn = progress.Continue(done, paths.size(), {});
   std::string path;
   for (const PathList::File file : paths) {
     if (!goesOn) break;
+    reading->Next();
     file.PathInto(path);
     if (list.ContainsFile(path)) {
       ++registered.duplicates;
-    } else if (Result<ReadFile, FileError> read = ReadRow(files, path, options.tags, style)) {
+    } else if (Result<ReadFile, FileError> read = ReadRow(*reading, path, options.tags, style)) {
       if (read->hasUnreadTag) ++registered.unreadTags;
       list.Add(Listed(std::move((*read).row), options));
     } else if (const std::optional<Obstacle> obstacle = ObstacleOf(read.Failure());
@@ -100,11 +127,14 @@ void ReadRowsAnew(FileList& list, FileReads& files, const RegisterOptions& optio
   const Finally told([&list] { list.EndChanges(); });
   const auto count = static_cast<std::size_t>(list.Count());
   std::vector<bool> missing(count + 1);
+  const PathList locations = LocationsOf(list, [](const FileRow&) { return true; });
+  const std::unique_ptr<FilesInTurn> reading = files.ReadInTurn(locations, NeedsForRows(options.tags, style));
   bool goesOn = progress.Continue(0, count, {});
   for (std::size_t done = 1; done <= count && goesOn; ++done) {
     const int index = static_cast<int>(done);
     const std::string path = list.Row(index).Location();
-    Result<ReadFile, FileError> read = ReadRow(files, path, options.tags, style);
+    reading->Next();
+    Result<ReadFile, FileError> read = ReadRow(*reading, path, options.tags, style);
     if (read) {
       list.Replace(index, Listed(std::move((*read).row), options));
     } else if (read.Failure().number == file_error::kNotFound) {
@@ -115,19 +145,26 @@ void ReadRowsAnew(FileList& list, FileReads& files, const RegisterOptions& optio
   list.RemoveWhere([&](int index, const FileRow&) { return missing[static_cast<std::size_t>(index)]; });
 }
 
-void ReadTitlesAnew(FileList& list, FileReads& files, Progress& progress) {
+void ReadTitlesAnew(FileList& list, FileReads& files, Progress& progress, PathStyle style) {
   list.BeginChanges();
   const Finally told([&list] { list.EndChanges(); });
   const auto count = static_cast<std::size_t>(list.Count());
+  const auto isRead = [](const FileRow& row) {
+    return HasNoTitle(row.title) && IsReadForRow(row.type, TagSources::kAll);
+  };
+  const PathList locations = LocationsOf(list, isRead);
+  const std::unique_ptr<FilesInTurn> reading = files.ReadInTurn(locations, NeedsForRows(TagSources::kAll, style));
   bool goesOn = progress.Continue(0, count, {});
   for (std::size_t done = 1; done <= count && goesOn; ++done) {
     const int index = static_cast<int>(done);
     const FileRow row = list.Row(index);
     const std::string location = row.Location();
-    const bool isRead = HasNoTitle(row.title) && IsReadForRow(row.type, TagSources::kAll);
-    if (const std::unique_ptr<ByteSource> file = isRead ? files.OpenFile(location) : nullptr) {
-      const MediaInfo info = ReadRowTexts(*file, row.type, TagSources::kAll);
-      list.SetTexts(index, info.title, info.copyright);
+    if (isRead(row)) {
+      reading->Next();
+      if (ByteSource* const file = reading->Open()) {
+        const MediaInfo info = ReadRowTexts(*file, row.type, TagSources::kAll);
+        list.SetTexts(index, info.title, info.copyright);
+      }
     }
     goesOn = progress.Continue(done, count, location);
   }

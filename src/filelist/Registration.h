@@ -48,6 +48,6 @@ void ReadRowsAnew(FileList& list, FileReads& files, const RegisterOptions& optio
 
 /// Reads title and artist, with TagSources::kAll, of the rows that have no title and are of a type with such texts. The
 /// rows' names, check marks and selection stay, as do the texts of files that cannot be opened.
-void ReadTitlesAnew(FileList& list, FileReads& files, Progress& progress);
+void ReadTitlesAnew(FileList& list, FileReads& files, Progress& progress, PathStyle style = SystemPathStyle());
 
 }  // namespace quillon

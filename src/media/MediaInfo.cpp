@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "media/WindowReader.h"
 #include "media/basHTMLFile.h"
 #include "media/basID3TAGControl.h"
 #include "media/basMIDIInfo.h"
@@ -15,7 +16,8 @@
 namespace quillon {
 namespace {
 
-constexpr std::uint64_t kId3v1Length = 128;
+constexpr std::size_t kId3v1Length = 128;
+constexpr std::string_view kId3v2Mark = "ID3";
 
 MediaInfo ReadUntrimmed(ByteSource& file, const FileType& type, StoredText stored) {
   if (type.Media() == MediaType::kMidi) {
@@ -41,7 +43,7 @@ void CutToCell(std::string& text) {
 }  // namespace
 
 std::uint8_t DetectTagKind(BlockReader& file) {
-  if (file.View(0, 3) == "ID3") return tag_kind::kId3v2;
+  if (file.View(0, 3) == kId3v2Mark) return tag_kind::kId3v2;
   if (file.Size() < kId3v1Length) return tag_kind::kNone;
   return file.View(file.Size() - kId3v1Length, 3) == "TAG" ? tag_kind::kId3v1 : tag_kind::kNone;
 }
@@ -67,6 +69,16 @@ MediaInfo ReadMp3Info(BlockReader& file, std::uint8_t tagKind, StoredText stored
   }
   RiffInfo riff = ReadRiffInfo(file, TagFields::kTitleAndArtist);
   return {std::move(riff.name), std::move(riff.artist)};
+}
+
+FileNeeds NeedsForInfo(const FileType& type) {
+  using What = FileNeeds::What;
+  switch (type.Media()) {
+    case MediaType::kMidi: return {What::kContents, WindowReader::kLength};
+    case MediaType::kMp3: return {What::kContents, BlockReader::kBlockLength, kId3v1Length, kId3v2Mark};
+    case MediaType::kPage: return {What::kContents, WindowReader::kLength};
+    default: return {What::kStatus};
+  }
 }
 
 MediaInfo ReadMediaInfo(ByteSource& file, const FileType& type, StoredText stored) try {

@@ -8,6 +8,7 @@
 #include "media/BlockReader.h"
 #include "media/MediaType.h"
 #include "media/StoredText.h"
+#include "platform/FilesInTurn.h"
 
 /// A file's media type, and the texts that its list row shows.
 namespace quillon {
@@ -46,5 +47,8 @@ inline constexpr std::string_view kNoMediaText = "---";
 
 /// The same by path, its type decided by its extension. A type without a reader is not opened.
 [[nodiscard]] MediaInfo ReadMediaInfo(const std::string& path);
+
+/// What ReadMediaInfo reads of a file of this type, or its status where it reads nothing.
+[[nodiscard]] FileNeeds NeedsForInfo(const FileType& type);
 
 }  // namespace quillon

@@ -9,6 +9,7 @@
 #include "base/ByteSource.h"
 #include "base/Progress.h"
 #include "base/Result.h"
+#include "platform/FilesInTurn.h"
 
 /// Files and folders. Paths are UTF-8; on Linux a path is the file system's bytes unchanged; on Windows unpaired
 /// surrogates are encoded as the three bytes that UTF-8 would give them, so that every existing name can be expressed.
@@ -124,6 +125,9 @@ class FileReads {
   /// error. Errors are a path that is invalid on this system (53) and one that may not be accessed (75).
   virtual Result<FileStatus, FileError> Status(const std::string& path) = 0;
 
+  /// Reads the files of this list one after another. The list, `needs` and this object must outlive the reading.
+  [[nodiscard]] virtual std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, NeedsOf needs);
+
   /// True when a file exists at this path and may be accessed.
   [[nodiscard]] bool IsFile(const std::string& path) {
     const Result<FileStatus, FileError> status = Status(path);
@@ -183,8 +187,13 @@ class FileChanges {
   [[nodiscard]] virtual bool RecycleAsks() const { return true; }
 };
 
+struct FileReadsOptions {
+  /// ReadInTurn reads files before their turn, on threads of its own.
+  bool readAhead = true;
+};
+
 /// The implementations for this system. They are stateless and may be made any number of times.
-[[nodiscard]] std::unique_ptr<FileReads> MakeFileReads();
+[[nodiscard]] std::unique_ptr<FileReads> MakeFileReads(const FileReadsOptions& options = {});
 [[nodiscard]] std::unique_ptr<FileChanges> MakeFileChanges();
 
 /// Opens one regular file on the real file system: FileReads::OpenFile without an object.

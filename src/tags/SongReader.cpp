@@ -125,6 +125,11 @@ MediaInfo ReadRowTexts(const std::string& path, TagSources sources) {
   return HasReader(type) ? MediaInfo() : MediaInfo{std::string(kNoMediaText), std::string(kNoMediaText)};
 }
 
+FileNeeds NeedsForRow(const FileType& type, TagSources sources) {
+  if (HasReader(type) || !IsReadForRow(type, sources)) return NeedsForInfo(type);
+  return {.what = FileNeeds::What::kContents, .head = BlockReader::kBlockLength};
+}
+
 bool IsReadForRow(const FileType& type, TagSources sources) {
   return HasReader(type) || (sources == TagSources::kAll && HasMoreTags(type));
 }

@@ -8,6 +8,7 @@
 #include "media/FileInformation.h"
 #include "media/MediaInfo.h"
 #include "media/MediaType.h"
+#include "platform/FilesInTurn.h"
 #include "tags/SongDetails.h"
 
 /// Tags for list rows, name patterns and the information panel: what the program's own readers find comes first. With
@@ -28,6 +29,9 @@ namespace quillon {
 
 /// The same by path, its type decided by its extension. A file of a type that is not read is not opened.
 [[nodiscard]] MediaInfo ReadRowTexts(const std::string& path, TagSources sources);
+
+/// What ReadRowTexts is going to read of a file of this type, or else the file's status.
+[[nodiscard]] FileNeeds NeedsForRow(const FileType& type, TagSources sources);
 
 /// True for the types whose files are opened for a row.
 [[nodiscard]] bool IsReadForRow(const FileType& type, TagSources sources);

@@ -11,7 +11,10 @@
 
 #include "platform/FileSystem.h"
 #include "platform/FolderOrder.h"
+#include "platform/ReadAhead.h"
 #include "platform/linux/ExactNames.h"
+#include "platform/linux/FolderFiles.h"
+#include "platform/linux/OpenAt.h"
 #include "platform/linux/SystemError.h"
 #include "platform/linux/VolumeNameUnit.h"
 
@@ -65,6 +68,8 @@ FileStatus StatusOf(const struct stat& status) {
 
 class LinuxFileReads final : public FileReads {
  public:
+  explicit LinuxFileReads(const FileReadsOptions& options) : options_(options) {}
+
   Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) override {
     if (HoldsNul(folder)) return FolderErrorOf(EINVAL);
     const OpenFolder open(::opendir(folder.c_str()));
@@ -91,12 +96,12 @@ class LinuxFileReads final : public FileReads {
 
   Result<FileStatus, FileError> Status(const std::string& path) override {
     if (HoldsNul(path)) return InvalidNameError();
-    struct stat status = {};
-    if (::stat(path.c_str(), &status) == 0) return StatusOf(status);
-    if (errno != ENOENT && errno != ENOTDIR) return ErrorOf(errno);
-    // A dangling link is not absent: its name is taken.
-    const bool taken = ::lstat(path.c_str(), &status) == 0;
-    return FileStatus{taken ? FileStatus::Kind::kOther : FileStatus::Kind::kAbsent, 0};
+    return StatusAt(AT_FDCWD, path.c_str());
+  }
+
+  std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, NeedsOf needs) override {
+    if (!options_.readAhead || list.size() < kFewestReadAhead) return FileReads::ReadInTurn(list, std::move(needs));
+    return MakeReadAhead(list, std::move(needs), &MakeFolderFiles, {.files = FilesKeptOpen()});
   }
 
   std::optional<ExactNames> ExactNamesIn(const std::string& folder) override { return ListExactNames(folder); }
@@ -127,12 +132,24 @@ class LinuxFileReads final : public FileReads {
     // Some types are negative as signed 32-bit numbers.
     return NameUnitOfType(static_cast<unsigned long>(volume.f_type) & 0xFFFFFFFFUL);
   }
+
+ private:
+  FileReadsOptions options_;
 };
 
 }  // namespace
 
-std::unique_ptr<FileReads> MakeFileReads() {
-  return std::make_unique<LinuxFileReads>();
+Result<FileStatus, FileError> StatusAt(int folder, const char* name) {
+  struct stat status = {};
+  if (::fstatat(folder, name, &status, 0) == 0) return StatusOf(status);
+  if (errno != ENOENT && errno != ENOTDIR) return ErrorOf(errno);
+  // A dangling link is not absent: its name is taken.
+  const bool taken = ::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) == 0;
+  return FileStatus{taken ? FileStatus::Kind::kOther : FileStatus::Kind::kAbsent, 0};
+}
+
+std::unique_ptr<FileReads> MakeFileReads(const FileReadsOptions& options) {
+  return std::make_unique<LinuxFileReads>(options);
 }
 
 }  // namespace quillon

@@ -8,6 +8,7 @@
 
 #include "platform/WholeFile.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/OpenAt.h"
 #include "platform/linux/SystemError.h"
 
 namespace quillon {
@@ -38,15 +39,22 @@ class SystemFile final : public ByteSource {
 
 }  // namespace
 
-Result<std::unique_ptr<ByteSource>, ReadFailure> OpenRegularFile(const std::string& path) {
-  if (HoldsNul(path)) return ReadFailure::kUnreadable;
+Result<std::unique_ptr<ByteSource>, int> OpenAt(int folder, const char* name) {
   // Non-blocking, because opening a named pipe would wait for a writer.
-  Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-  if (!file.Open()) return errno == ENOENT || errno == ENOTDIR ? ReadFailure::kAbsent : ReadFailure::kUnreadable;
+  Descriptor file(::openat(folder, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  if (!file.Open()) return errno;
   struct stat status = {};
-  if (::fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return ReadFailure::kUnreadable;
+  if (::fstat(file.Number(), &status) != 0) return errno;
+  if (!S_ISREG(status.st_mode)) return EISDIR;
   return std::unique_ptr<ByteSource>(
       std::make_unique<SystemFile>(std::move(file), static_cast<std::uint64_t>(status.st_size)));
+}
+
+Result<std::unique_ptr<ByteSource>, ReadFailure> OpenRegularFile(const std::string& path) {
+  if (HoldsNul(path)) return ReadFailure::kUnreadable;
+  Result<std::unique_ptr<ByteSource>, int> file = OpenAt(AT_FDCWD, path.c_str());
+  if (file) return std::move(*file);
+  return file.Failure() == ENOENT || file.Failure() == ENOTDIR ? ReadFailure::kAbsent : ReadFailure::kUnreadable;
 }
 
 std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {

@@ -1,0 +1,25 @@
+#include "platform/Worker.h"
+
+#include <csignal>
+#include <system_error>
+#include <utility>
+
+namespace quillon {
+
+std::optional<std::thread> StartWorker(std::function<void()> work) {
+  // The new thread inherits the mask.
+  sigset_t all;
+  sigset_t before;
+  sigfillset(&all);
+  if (pthread_sigmask(SIG_SETMASK, &all, &before) != 0) return std::nullopt;
+  std::optional<std::thread> worker;
+  try {
+    worker.emplace(std::move(work));
+  } catch (const std::system_error&) {
+    worker.reset();
+  }
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  return worker;
+}
+
+}  // namespace quillon
