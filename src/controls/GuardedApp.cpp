@@ -7,6 +7,7 @@
 #include "base/UnexpectedError.h"
 #include "controls/WxMessageBoxes.h"
 #include "controls/WxText.h"
+#include "platform/desktop/DesktopStyle.h"
 
 namespace quillon {
 namespace {
@@ -85,6 +86,10 @@ void GuardedApp::ProcessPendingEvents() {
 bool GuardedApp::OnExceptionInMainLoop() {
   errors_->Caught();
   return true;
+}
+
+wxLayoutDirection GuardedApp::GetLayoutDirection() const {
+  return ReadsRightToLeft() ? wxLayout_RightToLeft : wxLayout_LeftToRight;
 }
 
 RunningCommand::RunningCommand(std::string caption) : exceptions_(std::uncaught_exceptions()) {

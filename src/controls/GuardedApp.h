@@ -23,6 +23,8 @@ class GuardedApp : public wxApp {
   void CallEventHandler(wxEvtHandler* handler, wxEventFunctor& functor, wxEvent& event) const override;
   void ProcessPendingEvents() override;
   bool OnExceptionInMainLoop() override;
+  /// The toolkit's own looks the language up in a table of all languages, which it has to make first.
+  [[nodiscard]] wxLayoutDirection GetLayoutDirection() const override;
 
  private:
   friend class RunningCommand;

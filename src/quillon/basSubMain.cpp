@@ -39,6 +39,7 @@ class QuillonApp final : public GuardedApp {
     KeepToOwnAndSystemLibraries();
     request_ = ReadCommandLine(RawCommandLine(), ProgramArguments(0, nullptr), *MakeFileReads());
     if (request_.kind != CommandLineRequest::Kind::kOpen && Write(request_)) std::exit(ExitStatusOf(request_));
+    BeginReadingFonts();
     instance_ = MakeSingleInstance(kMainTitle, kMainWindowClass);
     return GuardedApp::Initialize(count, arguments);
   }

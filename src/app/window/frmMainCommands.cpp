@@ -18,6 +18,7 @@
 #include "controls/WxText.h"
 #include "controls/basLoadFileIcon.h"
 #include "platform/desktop/AccessibleName.h"
+#include "platform/desktop/ToolBarArrows.h"
 
 /// The main window's commands: menus, tool bar, status bar, keys, and the events of its controls.
 namespace quillon {
@@ -135,6 +136,7 @@ void frmMain::NameToolBarArrows() {
     }
   }
   SetAccessibleArrows(GetToolBar()->GetHandle(), arrows);
+  DrawToolBarArrows(GetToolBar()->GetHandle());
 }
 
 // Draws the pictures again in the text colours of the desktop's new theme.

@@ -7,4 +7,10 @@ namespace quillon {
 /// Disabled tools look disabled. Windows: does nothing.
 void ApplyDesktopStyle();
 
+/// Starts reading the system's fonts on a thread of the toolkit's, before anything needs them. Windows: does nothing.
+void BeginReadingFonts();
+
+/// True where the user's language is written from right to left. Call it after the window system is initialised.
+[[nodiscard]] bool ReadsRightToLeft();
+
 }  // namespace quillon

@@ -34,4 +34,13 @@ void ApplyDesktopStyle() {
   g_object_unref(provider);
 }
 
+// Making the font map starts the thread that fontconfig reads its settings and caches on.
+void BeginReadingFonts() {
+  (void)pango_cairo_font_map_get_default();
+}
+
+bool ReadsRightToLeft() {
+  return gtk_widget_get_default_direction() == GTK_TEXT_DIR_RTL;
+}
+
 }  // namespace quillon
