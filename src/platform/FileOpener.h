@@ -6,6 +6,7 @@
 #include "base/PathList.h"
 #include "base/Result.h"
 #include "platform/FileSystem.h"
+#include "platform/FilesInTurn.h"
 
 namespace quillon {
 
@@ -24,5 +25,8 @@ class FileOpener {
   /// As FileReads::Status.
   [[nodiscard]] virtual Result<FileStatus, FileError> Status(const PathList::File& file) = 0;
 };
+
+/// Reads each file of the list when its turn has come.
+[[nodiscard]] std::unique_ptr<FilesInTurn> MakeOneByOne(const PathList& list, std::unique_ptr<FileOpener> opener);
 
 }  // namespace quillon

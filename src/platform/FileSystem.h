@@ -125,7 +125,9 @@ class FileReads {
   /// error. Errors are a path that is invalid on this system (53) and one that may not be accessed (75).
   virtual Result<FileStatus, FileError> Status(const std::string& path) = 0;
 
-  /// Reads the files of this list one after another. The list, `needs` and this object must outlive the reading.
+  /// Reads the files of this list one after another. A file whose contents are not on this computer, but would be
+  /// fetched from a network when it is read (a placeholder of a cloud drive on Windows), cannot be opened. The list,
+  /// `needs` and this object must outlive the reading.
   [[nodiscard]] virtual std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, NeedsOf needs);
 
   /// True when a file exists at this path and may be accessed.

@@ -3,8 +3,11 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/AwayFile.h"
+#include "platform/FileOpener.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderOrder.h"
+#include "platform/ReadAhead.h"
 #include "platform/WindowsPath.h"
 #include "platform/windows/FileId.h"
 #include "platform/windows/Handle.h"
@@ -100,8 +103,48 @@ std::int64_t SinceEpoch(const FILETIME& time) {
   return static_cast<std::int64_t>((units - kEpoch) * 100);
 }
 
+Result<FileStatus, FileError> StatusOfPath(const std::string& path) {
+  if (path.empty()) return FileStatus();
+  const std::optional<std::wstring> systemPath = ExistingPath(path);
+  if (!systemPath) return InvalidNameError();
+  WIN32_FILE_ATTRIBUTE_DATA found = {};
+  if (!::GetFileAttributesExW(systemPath->c_str(), GetFileExInfoStandard, &found)) return StatusError(::GetLastError());
+  const bool mayBeLink = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  if (mayBeLink && !IsAwayFile(found.dwFileAttributes)) return StatusBehindLink(*systemPath);
+  return StatusOf(found);
+}
+
+/// For loads, which must not make a cloud drive fetch all its files.
+class LocalFiles final : public FileOpener {
+ public:
+  Opened Open(const PathList::File& file) override {
+    file.PathInto(path_);
+    const std::optional<std::wstring> systemPath = ExistingPath(path_);
+    if (!systemPath) return {};
+    const DWORD attributes = ::GetFileAttributesW(systemPath->c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || IsAwayFile(attributes)) return {};
+    std::unique_ptr<ByteSource> opened = OpenSystemFile(path_);
+    const DWORD failure = opened ? ERROR_SUCCESS : ::GetLastError();
+    return {std::move(opened), failure == ERROR_TOO_MANY_OPEN_FILES || failure == ERROR_NOT_ENOUGH_MEMORY};
+  }
+
+  Result<FileStatus, FileError> Status(const PathList::File& file) override {
+    file.PathInto(path_);
+    return StatusOfPath(path_);
+  }
+
+ private:
+  std::string path_;
+};
+
+std::unique_ptr<FileOpener> MakeLocalFiles() {
+  return std::make_unique<LocalFiles>();
+}
+
 class WindowsFileReads final : public FileReads {
  public:
+  explicit WindowsFileReads(const FileReadsOptions& options) : options_(options) {}
+
   Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) override {
     std::optional<std::wstring> path = SystemPath(folder);
     if (!path) return FolderErrorOf(ERROR_INVALID_NAME);
@@ -133,15 +176,11 @@ class WindowsFileReads final : public FileReads {
 
   std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return OpenSystemFile(path); }
 
-  Result<FileStatus, FileError> Status(const std::string& path) override {
-    if (path.empty()) return FileStatus();
-    const std::optional<std::wstring> systemPath = ExistingPath(path);
-    if (!systemPath) return InvalidNameError();
-    WIN32_FILE_ATTRIBUTE_DATA found = {};
-    if (!::GetFileAttributesExW(systemPath->c_str(), GetFileExInfoStandard, &found))
-      return StatusError(::GetLastError());
-    if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return StatusBehindLink(*systemPath);
-    return StatusOf(found);
+  Result<FileStatus, FileError> Status(const std::string& path) override { return StatusOfPath(path); }
+
+  std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, NeedsOf needs) override {
+    if (!options_.readAhead || list.size() < kFewestReadAhead) return MakeOneByOne(list, MakeLocalFiles());
+    return MakeReadAhead(list, std::move(needs), &MakeLocalFiles, {});
   }
 
   bool SameFile(const std::string& left, const std::string& right) override {
@@ -170,12 +209,15 @@ class WindowsFileReads final : public FileReads {
   }
 
   NameUnit NameUnitOf(const std::string& /*folder*/) override { return NameUnit::kUtf16; }
+
+ private:
+  FileReadsOptions options_;
 };
 
 }  // namespace
 
-std::unique_ptr<FileReads> MakeFileReads() {
-  return std::make_unique<WindowsFileReads>();
+std::unique_ptr<FileReads> MakeFileReads(const FileReadsOptions& options) {
+  return std::make_unique<WindowsFileReads>(options);
 }
 
 }  // namespace quillon
