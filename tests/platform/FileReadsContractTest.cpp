@@ -38,7 +38,7 @@ class FileReadsContract : public testing::TestWithParam<WorldKind> {
 };
 
 INSTANTIATE_TEST_SUITE_P(Worlds, FileReadsContract,
-                         testing::Values(WorldKind::kSystem, WorldKind::kMemoryLinux,
+                         testing::Values(WorldKind::kSystem, WorldKind::kSystemInTurn, WorldKind::kMemoryLinux,
                                          WorldKind::kMemoryLinuxIgnoringCase, WorldKind::kMemoryWindows),
                          [](const auto& row) { return NameOf(row.param); });
 

@@ -25,6 +25,8 @@ fs::path ToPath(std::string_view text) {
 
 class SystemWorld final : public FileWorld {
  public:
+  explicit SystemWorld(const FileReadsOptions& options) : reads_(MakeFileReads(options)) {}
+
   FileReads& Reads() override { return *reads_; }
   FileChanges& Changes() override { return *changes_; }
   [[nodiscard]] PathStyle Style() const override { return SystemPathStyle(); }
@@ -69,7 +71,7 @@ class SystemWorld final : public FileWorld {
 
  private:
   TempFolder folder_;
-  std::unique_ptr<FileReads> reads_ = MakeFileReads();
+  std::unique_ptr<FileReads> reads_;
   std::unique_ptr<FileChanges> changes_ = MakeFileChanges();
 };
 
@@ -130,6 +132,7 @@ class MemoryWorld final : public FileWorld {
 std::string NameOf(WorldKind kind) {
   switch (kind) {
     case WorldKind::kSystem: return "System";
+    case WorldKind::kSystemInTurn: return "SystemInTurn";
     case WorldKind::kMemoryLinux: return "MemoryLinux";
     case WorldKind::kMemoryLinuxIgnoringCase: return "MemoryLinuxIgnoringCase";
     case WorldKind::kMemoryWindows: return "MemoryWindows";
@@ -149,7 +152,8 @@ std::unique_ptr<FileWorld> MakeWorld(WorldKind kind) {
       return std::make_unique<MemoryWorld>(MemoryFileSystem::Options{PathStyle::kLinux, true});
     case WorldKind::kMemoryWindows:
       return std::make_unique<MemoryWorld>(MemoryFileSystem::Options{PathStyle::kWindows, true});
-    default: return std::make_unique<SystemWorld>();
+    case WorldKind::kSystemInTurn: return std::make_unique<SystemWorld>(FileReadsOptions{.readAhead = false});
+    default: return std::make_unique<SystemWorld>(FileReadsOptions());
   }
 }
 

@@ -44,7 +44,7 @@ class FileWorld {
   [[nodiscard]] virtual std::string Read(std::string_view name) const = 0;
 };
 
-enum class WorldKind { kSystem, kMemoryLinux, kMemoryLinuxIgnoringCase, kMemoryWindows };
+enum class WorldKind { kSystem, kSystemInTurn, kMemoryLinux, kMemoryLinuxIgnoringCase, kMemoryWindows };
 
 void PrintTo(WorldKind kind, std::ostream* out);
 [[nodiscard]] std::string NameOf(WorldKind kind);
