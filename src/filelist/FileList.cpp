@@ -1,8 +1,9 @@
 #include "filelist/FileList.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "base/Text.h"
+#include "filelist/ColumnOrder.h"
 
 namespace quillon {
 
@@ -204,18 +205,12 @@ void FileList::Clear() {
 
 void FileList::Sort(Column column, const Collation& order) {
   ++revision_;
-  struct Keyed {
-    std::string key;
-    Id row = 0;
-  };
-  std::vector<Keyed> keyed;
-  keyed.reserve(order_.size());
-  for (const Id row : order_) keyed.push_back({order.KeyOf(ToLower(ColumnText(rows_.Row(row), column))), row});
+  const std::vector<std::uint32_t> places = PlacesInOrder(rows_, order_, column, !descending_, order);
+  std::vector<Id> sorted;
+  sorted.reserve(order_.size());
+  for (const std::uint32_t place : places) sorted.push_back(order_[place]);
+  order_ = std::move(sorted);
   descending_ = !descending_;
-  std::stable_sort(keyed.begin(), keyed.end(), [this](const Keyed& left, const Keyed& right) {
-    return descending_ ? right.key < left.key : left.key < right.key;
-  });
-  for (std::size_t i = 0; i < keyed.size(); ++i) order_[i] = keyed[i].row;
   RowsTouched();
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -308,6 +309,20 @@ TEST(FileListSort, UsesTheGivenCollationInWhichDifferentTextsMayBeEqual) {
   EXPECT_EQ(Locations(list), Texts({"/f/ccc", "/f/aaa", "/f/bb", "/f/aa", "/f/d"}));
   list.Sort(Column::kLocation, ByLength());
   EXPECT_EQ(Locations(list), Texts({"/f/d", "/f/bb", "/f/aa", "/f/ccc", "/f/aaa"}));
+}
+
+TEST(FileListSort, SortsManyTitlesOfWhichSomeAreEqual) {
+  constexpr int kRows = 9000;
+  FileList list(kLin);
+  for (int i = 0; i < kRows; ++i) {
+    FileItem row = RowFor("/f/" + std::to_string(i), kLin);
+    row.title = std::to_string(i * 7919 % kRows / 3 + 10000);
+    list.Add(row);
+  }
+  list.Sort(Column::kTitle, ByteOrder());
+  list.Sort(Column::kTitle, ByteOrder());
+  const Texts titles = test::FromEachRow(list, [](const FileRow& row) { return std::string(row.title); });
+  EXPECT_TRUE(std::is_sorted(titles.begin(), titles.end()));
 }
 
 TEST(FileListSort, RowsAddedLaterGoToTheEnd) {
