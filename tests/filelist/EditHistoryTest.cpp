@@ -162,6 +162,18 @@ TEST(EditHistory, ARowMayBeForgottenWithinItsOwnStep) {
   EXPECT_FALSE(f.list.Edits().CanUndo());
 }
 
+TEST(EditHistory, ARowThatComesWithinAStepIsNotTakenForOneThatHasLeft) {
+  Fixture f;
+  f.list.Edits().Begin(kNever);
+  f.list.SetRenameName(3, "x");
+  f.list.RemoveWhere([](int index, const FileRow&) { return index == 3; });
+  f.list.Add(RowFor("/f/new.mid", kLin));
+  f.list.SetRenameName(3, "y");
+  f.list.Edits().End();
+  EXPECT_EQ(f.list.UndoEdits(), Indices({3}));
+  EXPECT_EQ(RenameNames(f.list), Texts({"a", "b", "new"}));
+}
+
 TEST(EditHistory, ClearingTheListClearsIt) {
   Fixture f;
   f.Edit({{1, "x"}, {2, "y"}});

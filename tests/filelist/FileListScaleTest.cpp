@@ -111,5 +111,16 @@ TEST(FileListScale, NoOperationIsQuadratic) {
   }
 }
 
+// So many that the hashes of some are equal.
+TEST(FileListScale, FilesOfOneNameAreToldApartByTheirFolders) {
+  constexpr int kFolders = 300'000;
+  FileList list(PathStyle::kLinux);
+  const auto path = [](int folder, const char* name) { return "/" + std::to_string(folder) + "/" + name; };
+  for (int i = 0; i < kFolders; ++i) list.Add(test::RowFor(path(i, i % 2 == 0 ? "a" : "b"), PathStyle::kLinux));
+  int found = 0;
+  for (int i = 0; i < kFolders; ++i) found += list.ContainsFile(path(i, "a")) ? 1 : 0;
+  EXPECT_EQ(found, kFolders / 2);
+}
+
 }  // namespace
 }  // namespace quillon
