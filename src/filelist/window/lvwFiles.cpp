@@ -170,9 +170,14 @@ void lvwFilesBase::TakeSelection(std::vector<int> native) {
 }
 
 void lvwFilesBase::PutSelection(const std::vector<int>& rows) {
+  const std::vector<int> changed = Difference(list_.SelectedRows(), rows);
   taking_ = true;
-  for (const int index : Difference(list_.SelectedRows(), rows)) {
-    if (IsRow(index)) list_.SetSelected(index, !list_.Row(index).selected);
+  if (changed.size() > kFewRows && (rows.empty() || IsRow(rows.back()))) {
+    list_.SelectRows(rows);
+  } else {
+    for (const int index : changed) {
+      if (IsRow(index)) list_.SetSelected(index, !list_.Row(index).selected);
+    }
   }
   taking_ = false;
 }

@@ -19,6 +19,10 @@
 namespace quillon {
 namespace {
 
+/// From this number on, only those selected rows that come into view are selected in the view itself. It takes about
+/// a microsecond for each selected row, when it is selected, when it is deselected and when anything is read.
+constexpr std::size_t kManySelected = 1000;
+
 class GtkFileList : public lvwFilesBase, private CellSource {
  public:
   GtkFileList(wxWindow& parent, FileList& list, Handlers handlers);
@@ -55,6 +59,9 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   void OnKeyDown(wxKeyEvent& event);
   void OnMenuKey(wxContextMenuEvent& event);
   bool AdaptCount();
+  void SelectOneByOne(const std::vector<int>& rows);
+  void SelectInView();
+  void SelectWhole();
   void ResetRows(int count);
   const wxVariant& Icon(int index);
 
@@ -75,6 +82,7 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   // not asked for their contents.
   std::unordered_set<int> asked_;
   bool seen_ = false;  // the cells that are asked for are drawn or edited, not read aloud
+  bool onlyInView_ = false;  // many rows are selected, and the view knows of those only that were in sight
 };
 
 GtkFileList::GtkFileList(wxWindow& parent, FileList& list, Handlers handlers)
@@ -113,6 +121,7 @@ void GtkFileList::AddColumns() {
 void GtkFileList::BindRows() {
   view_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](const wxDataViewEvent& event) {
     if (IsShowing()) return;
+    onlyInView_ = false;  // a new selection: what adds to the old one is preceded by SelectWhole
     if (event.GetItem().IsOk()) {
       TakeSelection({RowOf(event.GetItem())});  // the only selected row
     } else {
@@ -166,7 +175,10 @@ void GtkFileList::BindInput() {
   view_->Bind(wxEVT_KEY_DOWN, &GtkFileList::OnKeyDown, this);
   view_->Bind(wxEVT_CHAR, [this](wxKeyEvent& event) { event.Skip(!UseCharacter(event)); });
   view_->Bind(wxEVT_CONTEXT_MENU, &GtkFileList::OnMenuKey, this);
-  const auto ignoreWhileBusy = [this](wxMouseEvent& event) { event.Skip(InputEnabled()); };
+  const auto ignoreWhileBusy = [this](wxMouseEvent& event) {
+    if (InputEnabled() && event.ControlDown()) SelectWhole();
+    event.Skip(InputEnabled());
+  };
   for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN}) {
     view_->Bind(type, ignoreWhileBusy);
   }
@@ -175,7 +187,10 @@ void GtkFileList::BindInput() {
     event.Skip();
     PointAt(0, Column::kRenameName, 0);
   });
-  OnTreeDrawing(view_->GtkGetTreeView(), [this](bool drawing) { seen_ = drawing; });
+  OnTreeDrawing(view_->GtkGetTreeView(), [this](bool drawing) {
+    if (drawing) SelectInView();
+    seen_ = drawing;
+  });
   OnRowPress(view_->GtkGetTreeView(), [this](int index) {
     TakeClick(index);
     AnnounceSoon();
@@ -196,6 +211,7 @@ void GtkFileList::OnMotion(wxMouseEvent& event) {
 // it gets them.
 void GtkFileList::OnKeyDown(wxKeyEvent& event) {
   if (UseKey(event)) return;
+  if (InputEnabled() && event.ControlDown() && event.GetKeyCode() != WXK_CONTROL) SelectWhole();
   event.Skip(IsEditing() || event.GetModifiers() != wxMOD_CONTROL || event.GetKeyCode() != 'F');
 }
 
@@ -302,6 +318,15 @@ std::vector<int> GtkFileList::NativeSelection() const {
 }
 
 void GtkFileList::SelectNative(const std::vector<int>& rows) {
+  onlyInView_ = rows.size() >= kManySelected;
+  if (onlyInView_) {
+    view_->Refresh();
+  } else {
+    SelectOneByOne(rows);
+  }
+}
+
+void GtkFileList::SelectOneByOne(const std::vector<int>& rows) {
   if (rows.size() == model_->GetCount()) {
     view_->SelectAll();
     return;
@@ -310,6 +335,24 @@ void GtkFileList::SelectNative(const std::vector<int>& rows) {
   items.reserve(rows.size());
   for (const int index : rows) items.push_back(ItemOf(index));
   view_->SetSelections(items);
+}
+
+// Called whenever the view draws itself.
+void GtkFileList::SelectInView() {
+  if (!onlyInView_) return;
+  const auto [first, last] = RowsInView(view_->GtkGetTreeView());
+  for (int index = first + 1; index <= last + 1 && IsRow(index); ++index) {
+    const bool selected = List().Row(index).selected;
+    if (view_->IsSelected(ItemOf(index)) != selected) SelectNativeRow(index, selected);
+  }
+}
+
+// Call it before the user adds to the selection or takes from it.
+void GtkFileList::SelectWhole() {
+  if (!onlyInView_) return;
+  ShowPending();
+  onlyInView_ = false;
+  SelectOneByOne(List().SelectedRows());
 }
 
 void GtkFileList::SelectNativeRow(int index, bool selected) {

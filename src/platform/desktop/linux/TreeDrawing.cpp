@@ -34,4 +34,14 @@ void OnTreeDrawing(void* treeView, std::function<void(bool drawing)> told) {
   connect(G_CALLBACK(End), std::move(told), G_CONNECT_AFTER);
 }
 
+std::pair<int, int> RowsInView(void* treeView) {
+  GtkTreePath* first = nullptr;
+  GtkTreePath* last = nullptr;
+  if (gtk_tree_view_get_visible_range(GTK_TREE_VIEW(treeView), &first, &last) == FALSE) return {0, -1};
+  const std::pair<int, int> rows(*gtk_tree_path_get_indices(first), *gtk_tree_path_get_indices(last));
+  gtk_tree_path_free(first);
+  gtk_tree_path_free(last);
+  return rows;
+}
+
 }  // namespace quillon
