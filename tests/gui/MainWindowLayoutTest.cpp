@@ -183,6 +183,40 @@ TEST_F(LayoutOfMainWindow, StatusPanelsHoldTheirTexts) {
   expectFits(kItemsPanel, "アイテム数：  1");
 }
 
+TEST_F(LayoutOfMainWindow, StatusPanelsHoldCountsOfSevenDigits) {
+  Open(Options());
+  constexpr int kRows = 1000000;
+  List().BeginChanges();
+  for (int i = 0; i < kRows; ++i) {
+    FileItem row;
+    row.renameName = "new";
+    row.location = folder.At(std::to_string(i) + ".mid");
+    row.checked = true;
+    List().Add(row);
+  }
+  List().EndChanges();
+  Drain();
+  Settle();
+  const wxStatusBar& bar = *Frame().GetStatusBar();
+  const auto expectWhole = [&](int panel, const std::string& text) {
+    EXPECT_EQ(Status(panel), text);
+    wxRect rect;
+    ASSERT_TRUE(bar.GetFieldRect(panel, rect));
+    EXPECT_LE(bar.GetTextExtent(ToWx(text)).x + bar.FromDIP(4), rect.width) << text;
+    EXPECT_LE(rect.GetRight(), bar.GetClientSize().x) << text;
+  };
+  const auto expectAllWhole = [&] {
+    expectWhole(kModePanel, kManual);
+    expectWhole(kSelectionPanel, "プレイヤー待機中...");
+    expectWhole(kPendingPanel, "未適応： 1000000");
+    expectWhole(kChecksPanel, "チェック数： 1000000");
+    expectWhole(kItemsPanel, "アイテム数：  1000000");
+  };
+  expectAllWhole();
+  Resize(Frame().GetMinSize());
+  expectAllWhole();
+}
+
 TEST_F(LayoutOfMainWindow, ColumnsFillAWidenedWindowWithoutAScrollBar) {
   for (int i = 0; i < 60; ++i) folder.Write("file " + std::to_string(i) + ".txt");
   OpenFolder();

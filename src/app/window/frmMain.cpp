@@ -215,6 +215,18 @@ void frmMain::GrowSmallestSize() {
   grownHeight_ = GetSize().y;
 }
 
+// Widens a window on the screen until all panels of the status bar show their whole texts, as far as the screen is wide
+// enough.
+void frmMain::GrowForCounts() {
+  const int width = std::min(StatusBarWidth() + shadow_, QueryScreen().width);
+  if (!settled_ || width <= GetMinSize().x) return;
+  SetMinSize(wxSize(width, GetMinSize().y));
+  wxRect place = GetRect();
+  if (place.width >= width || IsMaximized() || IsIconized()) return;
+  place.width = grownWidth_ = width;
+  SetSize(MovedOntoScreen(place, FromDIP(kTitleBar), place.GetTopLeft()));
+}
+
 // Runs once the window is on the screen: only then are the frame's sizes known, and GTK may have lost the window's
 // place while asking for them.
 void frmMain::SettleAt(const wxRect& place) {
@@ -277,7 +289,7 @@ void frmMain::KeepSettings() {
     UpdateTwips(*this, *options.window.left, rect.x);
     UpdateTwips(*this, *options.window.top, rect.y);
   }
-  UpdateTwips(*this, options.window.width, rect.width - shadow_);
+  if (rect.width != grownWidth_) UpdateTwips(*this, options.window.width, rect.width - shadow_);
   if (rect.height != grownHeight_) UpdateTwips(*this, options.window.height, rect.height - shadow_);
 }
 

@@ -138,6 +138,7 @@ class frmMain final : public wxFrame,
   void BeforeYield();
   void ShowLaidOut();
   void GrowSmallestSize();
+  void GrowForCounts();
   void SettleAt(const wxRect& place);
   void AddShadow();
 
@@ -180,6 +181,7 @@ class frmMain final : public wxFrame,
   int shadow_ = 0;          // the part of the window's width, and of its height, that is only a shadow
   bool maximized_ = false;  // before the window was minimised
   int grownHeight_ = 0;     // the window's height for taller controls, which is not the user's choice
+  int grownWidth_ = 0;      // likewise its width for large counts
 };
 
 }  // namespace quillon

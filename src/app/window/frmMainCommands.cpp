@@ -173,7 +173,10 @@ void frmMain::ShowCounts(const std::array<std::string, 3>& counts) {
   };
   const std::array<int, kPanels> widths = {modeWarning_->WidthFor(ToWx(kAutoApplyText)), -1, widthOf(counts[0]),
                                            widthOf(counts[1]), widthOf(counts[2]) + bar.FromDIP(kGrip)};
-  if (widths != panelWidths_) bar.SetStatusWidths(kPanels, widths.data());
+  if (widths != panelWidths_) {
+    bar.SetStatusWidths(kPanels, widths.data());
+    GrowForCounts();
+  }
   panelWidths_ = widths;
   for (std::size_t i = 0; i < counts.size(); ++i) ShowStatus(counts[i], kFirstCountPanel + static_cast<int>(i));
 }
