@@ -28,7 +28,6 @@ const HelpText* ComplaintAbout(const std::string& path) {
 }  // namespace
 
 bool LoggedDisk::MayLogTo(const std::string& path, const std::vector<std::string>& files) {
-  if (path.empty()) return true;
   path_ = FullPath(path);
   const HelpText* const complaint = IsOneOf(files, path_, files_) ? &messages::kLogIsListed : ComplaintAbout(path_);
   if (complaint != nullptr) Complain(Localized(*complaint) + path_);

@@ -98,7 +98,7 @@ int RunMove(const MoveArguments& arguments) {
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
   LoggedDisk disk(*session.files);
-  if (!disk.MayLogTo(arguments.log, session.Locations())) return kBadUsage;
+  if (!arguments.log.empty() && !disk.MayLogTo(arguments.log, session.Locations())) return kBadUsage;
 
   CatchInterruption();
   const std::string folder = WithTrailingSeparator(target);

@@ -45,7 +45,7 @@ class PlanRun {
   int Run() {
     if (!ReadPlan() || !Arrange()) return kBadUsage;
     LoggedDisk disk(*files_);
-    if (!disk.MayLogTo(arguments_.log, Sources())) return kBadUsage;
+    if (!arguments_.log.empty() && !disk.MayLogTo(arguments_.log, Sources())) return kBadUsage;
     CatchInterruption();
     const Mode mode = ModeOf(arguments_);
     if (mode != Mode::kApply) ShowRenames();

@@ -163,10 +163,12 @@ BatchResult ApplyNames(Session& session, FileChanges& disk, bool apply, bool jso
   RenameEngine engine(session.list, session.mode, disk, session.player);
   Output output;
   Reporter reporter(apply, json, output);
-  const BatchOutcome outcome = engine.Apply(Rows::kAll, reporter, [&](const RowOutcome& row) {
-    if (row.Ok()) reporter.Applied(row.from, session.list.Row(row.index).Location());
+  const auto report = [&](const RowOutcome& row) {
+    if (row.Ok()) reporter.Applied(row.from, row.to);
     return true;
-  });
+  };
+  const BatchOutcome outcome =
+      apply ? engine.Apply(Rows::kAll, reporter, report) : engine.Plan(Rows::kAll, reporter, report);
   for (const RowOutcome& failure : outcome.failures) {
     if (failure.error.number != kNotLogged) reporter.Failed(session.list.Row(failure.index).renameName, failure);
   }
@@ -176,11 +178,8 @@ BatchResult ApplyNames(Session& session, FileChanges& disk, bool apply, bool jso
 }
 
 BatchResult ShowNames(Session& session, bool json) {
-  std::vector<std::string> locations = session.Locations();
   PlannedChanges plan(*session.files);
-  const BatchResult result = ApplyNames(session, plan, false, json);
-  session.SetLocations(std::move(locations));
-  return result;
+  return ApplyNames(session, plan, false, json);
 }
 
 }  // namespace
@@ -198,7 +197,8 @@ int RunRename(const RenameArguments& arguments) {
   const bool complete = session.Load(arguments.selection);
   if (session.list.Count() == 0) return kNothingLoaded;
   LoggedDisk disk(*session.files);
-  if (!EditNames(arguments, format, session) || !disk.MayLogTo(arguments.log, session.Locations())) return kBadUsage;
+  if (!EditNames(arguments, format, session)) return kBadUsage;
+  if (!arguments.log.empty() && !disk.MayLogTo(arguments.log, session.Locations())) return kBadUsage;
 
   CatchInterruption();
   const Mode mode = ModeOf(arguments);

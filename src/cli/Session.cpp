@@ -60,12 +60,6 @@ std::vector<std::string> Session::Locations() const {
   return locations;
 }
 
-void Session::SetLocations(std::vector<std::string> locations) {
-  for (int index = 1; index <= list.Count(); ++index) {
-    list.SetLocation(index, std::move(locations[static_cast<std::size_t>(index - 1)]));
-  }
-}
-
 // True when the path's rows were loaded, or its folder or file was listed already.
 bool Session::LoadPath(const std::string& path, const Selection& selection) {
   UntilInterrupted progress;

@@ -42,9 +42,8 @@ class Session {
   /// Loads the paths in their order; true when each path was loaded, or listed already.
   bool Load(const Selection& selection);
 
-  /// Each row's location. SetLocations gives them back to the rows.
+  /// Each row's location.
   [[nodiscard]] std::vector<std::string> Locations() const;
-  void SetLocations(std::vector<std::string> locations);
 
   FileList list;
   OptionValues options;

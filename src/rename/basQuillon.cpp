@@ -69,50 +69,61 @@ int RenameEngine::RefusedCharacterPosition(const FileRow& row) const {
   return row.renameName == present ? 0 : InvalidCharacterPosition(row.renameName);
 }
 
-RowOutcome RenameEngine::Apply(int index) {
-  RowOutcome outcome = {index, ApplyCode::kApplied, {}, list_.Row(index).Location()};
-  const std::string& from = outcome.from;
-  player_.ReleaseFile(from);
+RowOutcome RenameEngine::Rename(int index) {
   const FileRow row = list_.Row(index);
+  RowOutcome outcome = {index, ApplyCode::kApplied, {}, row.Location(), {}};
   if (Trim(row.renameName).empty()) {
     outcome.code = ApplyCode::kNoName;
   } else if (const int position = RefusedCharacterPosition(row); position != 0) {
     outcome.code = ApplyCode::kInvalidCharacter;
     outcome.invalidCharacter = position;
-  } else if (std::string path = AppliedPath(from, row.renameName, style_);
-             FileOutcome error = disk_.Rename(from, path)) {
+  } else if (std::string path = AppliedPath(outcome.from, row.renameName, style_);
+             FileOutcome error = disk_.Rename(outcome.from, path)) {
     outcome.code = CodeOf(*error);
     outcome.error = *std::move(error);
-    if (!outcome.error.fileAt.empty()) Follow(index, from, outcome.error.fileAt);
-  } else if (path != from) {
-    Follow(index, from, path);
+    outcome.to = outcome.error.fileAt;
+  } else {
+    outcome.to = std::move(path);
+  }
+  if (outcome.to.empty()) outcome.to = outcome.from;
+  return outcome;
+}
+
+RowOutcome RenameEngine::Apply(int index) {
+  player_.ReleaseFile(list_.Row(index).Location());
+  RowOutcome outcome = Rename(index);
+  if (outcome.to != outcome.from) {
+    list_.SetLocation(index, outcome.to);
+    player_.FileMoved(outcome.from, outcome.to);
   }
   if (outcome.Ok()) list_.ForgetEdits(index);
   return outcome;
 }
 
-void RenameEngine::Follow(int index, const std::string& from, const std::string& path) {
-  list_.SetLocation(index, path);
-  player_.FileMoved(from, path);
+BatchOutcome RenameEngine::Apply(Rows rows, Progress& progress, const RowDone& done) {
+  return Run(rows, &RenameEngine::Apply, progress, done);
 }
 
-BatchOutcome RenameEngine::Apply(Rows rows, Progress& progress, const RowDone& done) {
+BatchOutcome RenameEngine::Plan(Rows rows, Progress& progress, const RowDone& done) {
+  return Run(rows, &RenameEngine::Rename, progress, done);
+}
+
+BatchOutcome RenameEngine::Run(Rows rows, ApplyOne apply, Progress& progress, const RowDone& done) {
   BatchOutcome outcome;
   const auto total = static_cast<std::size_t>(list_.CountOf(rows));
   std::size_t behind = 0;
   bool goesOn = progress.Continue(behind, total, {});
   for (int index = 1; index <= list_.Count() && goesOn && !outcome.stopped; ++index) {
     if (!list_.IsIn(rows, index)) continue;
-    RowOutcome row = Apply(index);
-    const std::string path = row.from;
+    RowOutcome row = (this->*apply)(index);
     outcome.stopped = !done(row) || row.code == ApplyCode::kUnexpected;
+    goesOn = progress.Continue(++behind, total, row.from);
     if (row.Ok()) {
       ++outcome.applied;
     } else {
       if (row.code != ApplyCode::kUnexpected) ++outcome.skipped;
       outcome.failures.push_back(std::move(row));
     }
-    goesOn = progress.Continue(++behind, total, path);
   }
   return outcome;
 }

@@ -37,12 +37,13 @@ enum class ApplyCode {
 [[nodiscard]] std::string AppliedPath(std::string_view location, std::string_view renameName,
                                       PathStyle style = SystemPathStyle());
 
-/// The result for one row. The row's location says where its file is now.
+/// The result for one row.
 struct RowOutcome {
   int index = 0;  ///< 1-based row
   ApplyCode code = ApplyCode::kApplied;
   FileError error;           ///< the file system's answer; number 0 when it was not asked
   std::string from;          ///< where the file was
+  std::string to;            ///< where it is now, also when a failure has left it somewhere else
   int invalidCharacter = 0;  ///< its 1-based position in the name, for kInvalidCharacter
 
   [[nodiscard]] bool Ok() const { return code == ApplyCode::kApplied; }
@@ -71,10 +72,16 @@ class RenameEngine {
   /// stopped.
   BatchOutcome Apply(Rows rows, Progress& progress, const RowDone& done);
 
+  /// The same with a disk that changes nothing (see PlannedChanges): rows and player stay as they are.
+  BatchOutcome Plan(Rows rows, Progress& progress, const RowDone& done);
+
  private:
+  using ApplyOne = RowOutcome (RenameEngine::*)(int index);
+
+  BatchOutcome Run(Rows rows, ApplyOne apply, Progress& progress, const RowDone& done);
+  RowOutcome Rename(int index);
   /// 0 when the rename name is allowed.
   [[nodiscard]] int RefusedCharacterPosition(const FileRow& row) const;
-  void Follow(int index, const std::string& from, const std::string& path);
 
   FileList& list_;
   const ApplyMode& mode_;
