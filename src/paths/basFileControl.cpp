@@ -18,14 +18,24 @@ constexpr std::string_view ExtensionScanEnds(PathStyle style) {
   return style == PathStyle::kWindows ? ".\\/" : "./";
 }
 
+// The library's find_last_of calls a function for every character of the path.
+std::size_t LastOf(std::string_view path, std::string_view ends) {
+  for (std::size_t i = path.size(); i > 0; --i) {
+    for (const char end : ends) {
+      if (path[i - 1] == end) return i - 1;
+    }
+  }
+  return std::string_view::npos;
+}
+
 std::size_t FileNameOffset(std::string_view path, PathStyle style) {
-  const std::size_t separator = path.find_last_of(FolderEnds(style));
+  const std::size_t separator = LastOf(path, FolderEnds(style));
   return separator == std::string_view::npos ? path.size() : separator + 1;
 }
 
 /// The extension in its original letter case.
 std::string_view RawExtension(std::string_view path, PathStyle style) {
-  const std::size_t end = path.find_last_of(ExtensionScanEnds(style));
+  const std::size_t end = LastOf(path, ExtensionScanEnds(style));
   if (end == std::string_view::npos || path[end] != '.') return {};
   return path.substr(end + 1);
 }

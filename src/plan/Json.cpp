@@ -52,11 +52,11 @@ bool MustBeEscaped(char c) {
   return static_cast<unsigned char>(c) < 0x20 || c == '"' || c == '\\';
 }
 
-// Invalid bytes are rare and left to the library.
-void AppendText(std::string& line, std::string_view text) {
+// Invalid bytes are rare and left to the library. Returns false when there were any.
+bool AppendText(std::string& line, std::string_view text) {
   if (!IsValidUtf8(text)) {
     line += Dumped(text);
-    return;
+    return false;
   }
   line += '"';
   std::size_t written = 0;
@@ -68,6 +68,7 @@ void AppendText(std::string& line, std::string_view text) {
   }
   line += text.substr(written);
   line += '"';
+  return true;
 }
 
 const std::string* TextIn(const Json& object, const std::string& field) {
@@ -116,8 +117,8 @@ JsonLine& JsonLine::True(std::string_view field) {
 }
 
 JsonLine& JsonLine::Path(std::string_view field, std::string_view path) {
-  Text(field, path);
-  return IsValidUtf8(path) ? *this : Text(std::string(field) + "_bytes", HexadecimalOf(path));
+  Begin(field);
+  return AppendText(line_, path) ? *this : Text(std::string(field) + "_bytes", HexadecimalOf(path));
 }
 
 std::string JsonLine::Take() {

@@ -1,5 +1,6 @@
 #include "rename/PlannedChanges.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/Text.h"
@@ -13,7 +14,8 @@ namespace {
 // One file's old and new name are asked for; more are likely to follow.
 constexpr int kAskedBeforeListing = 2;
 
-bool ListingTells(std::string_view path, std::string_view name) {
+bool ListingTells(std::string_view path) {
+  const std::string_view name = FileName(path);
   return path.size() <= ExactNames::kLongestPath && name.size() <= ExactNames::kLongestName && CanNameFile(name);
 }
 
@@ -29,34 +31,32 @@ void ForEachName(std::string_view names, Add add) {
 }  // namespace
 
 // Rows of one folder mostly follow each other.
-PlannedChanges::Folder& PlannedChanges::FolderOf(const std::string& path) {
+PlannedChanges::Place PlannedChanges::PlaceOf(const std::string& path) {
   const std::string_view folder = FolderPart(path);
   if (last_ == nullptr || folder != lastPath_) {
     lastPath_ = folder;
     last_ = &folders_[PathIdentity(folder)];
   }
-  return *last_;
+  return {path, *last_, PathIdentity(std::string_view(path).substr(folder.size()))};
 }
 
-// Whether something has this name; nullopt where only the disk can tell.
-std::optional<bool> PlannedChanges::Folder::Knows(std::string_view path) const {
-  const std::string_view name = FileName(path);
-  const std::string identity = PathIdentity(name);
-  const auto known = names.find(identity);
-  if (known != names.end()) return known->second;
-  if (!listed || !ListingTells(path, name) || uncertain.contains(identity)) return std::nullopt;
+// Whether something is at this place; nullopt where only the disk can tell.
+std::optional<bool> PlannedChanges::Known(const Place& place) {
+  const Folder& folder = place.folder;
+  const auto known = folder.names.find(place.name);
+  if (known != folder.names.end()) return known->second;
+  if (!folder.listed || !ListingTells(place.path) || folder.uncertain.contains(place.name)) return std::nullopt;
   return false;
 }
 
-Result<bool, FileError> PlannedChanges::Exists(const std::string& path) {
-  Folder& folder = FolderOf(path);
-  std::optional<bool> known = folder.Knows(path);
-  if (!known && folder.asked++ == kAskedBeforeListing) {
-    List(FolderPart(path), folder);
-    known = folder.Knows(path);
+Result<bool, FileError> PlannedChanges::Exists(const Place& place) {
+  std::optional<bool> known = Known(place);
+  if (!known && place.folder.asked++ == kAskedBeforeListing) {
+    List(FolderPart(place.path), place.folder);
+    known = Known(place);
   }
   if (known) return *known;
-  const Result<FileStatus, FileError> status = files_.Status(path);
+  const Result<FileStatus, FileError> status = files_.Status(place.path);
   if (!status) return status.Failure();
   return status->kind != FileStatus::Kind::kAbsent;
 }
@@ -65,6 +65,8 @@ void PlannedChanges::List(std::string_view path, Folder& folder) {
   const std::optional<ExactNames> names = files_.ExactNamesIn(std::string(path));
   if (!names) return;
   // What the batch has done with a name already stays.
+  folder.names.reserve(folder.names.size() +
+                       static_cast<std::size_t>(std::count(names->files.begin(), names->files.end(), '\0')));
   ForEachName(names->files, [&](std::string name) { folder.names.try_emplace(std::move(name), true); });
   ForEachName(names->others, [&](std::string name) { folder.uncertain.insert(std::move(name)); });
   folder.listed = true;
@@ -89,13 +91,15 @@ void PlannedChanges::ListForSpellings(const std::string& folder) {
 
 FileOutcome PlannedChanges::Rename(const std::string& from, const std::string& to) {
   if (FileName(to).empty()) return FileError{file_error::kNotFound, {}};
-  if (FileOutcome absent = LookFor(from)) return absent;
+  const Place source = PlaceOf(from);
+  if (FileOutcome absent = LookFor(source)) return absent;
   if (from == to) return std::nullopt;
-  const Result<bool, FileError> target = Exists(to);
-  if (!target) return target.Failure();
-  if (*target && !IsOneEntry(from, to)) return FileError{file_error::kAlreadyExists, {}};
-  Set(from, false);
-  Set(to, true);
+  const Place target = PlaceOf(to);
+  const Result<bool, FileError> taken = Exists(target);
+  if (!taken) return taken.Failure();
+  if (*taken && !IsOneEntry(from, to)) return FileError{file_error::kAlreadyExists, {}};
+  source.Set(false);
+  target.Set(true);
   return std::nullopt;
 }
 
@@ -108,8 +112,9 @@ MoveOutcome PlannedChanges::Move(const std::string& from, const std::string& to,
 }
 
 FileOutcome PlannedChanges::Remove(const std::string& path) {
-  if (FileOutcome absent = LookFor(path)) return absent;
-  Set(path, false);
+  const Place place = PlaceOf(path);
+  if (FileOutcome absent = LookFor(place)) return absent;
+  place.Set(false);
   return std::nullopt;
 }
 
@@ -117,15 +122,11 @@ int PlannedChanges::Recycle(const std::string& path, std::uintptr_t) {
   return Remove(path) ? kRecycleNotDone : 0;
 }
 
-// Returns no error when a file exists at this path according to the plan.
-FileOutcome PlannedChanges::LookFor(const std::string& path) {
-  const Result<bool, FileError> found = Exists(path);
+// Returns no error when a file exists at this place according to the plan.
+FileOutcome PlannedChanges::LookFor(const Place& place) {
+  const Result<bool, FileError> found = Exists(place);
   if (!found) return found.Failure();
   return *found ? FileOutcome() : FileOutcome(FileError{file_error::kNotFound, {}});
-}
-
-void PlannedChanges::Set(const std::string& path, bool taken) {
-  FolderOf(path).names.insert_or_assign(PathIdentity(FileName(path)), taken);
 }
 
 }  // namespace quillon

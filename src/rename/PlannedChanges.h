@@ -31,16 +31,23 @@ class PlannedChanges final : public FileChanges {
     std::unordered_set<std::string> uncertain;    ///< listed names that are to be asked for
     bool listed = false;                          ///< all names but these are known
     int asked = 0;                                ///< names that the disk was asked for
-
-    [[nodiscard]] std::optional<bool> Knows(std::string_view path) const;
   };
 
-  Folder& FolderOf(const std::string& path);
-  Result<bool, FileError> Exists(const std::string& path);
+  /// Where a file is or is not.
+  struct Place {
+    const std::string& path;
+    Folder& folder;
+    std::string name;  ///< its identity
+
+    void Set(bool taken) const { folder.names.insert_or_assign(name, taken); }
+  };
+
+  Place PlaceOf(const std::string& path);
+  static std::optional<bool> Known(const Place& place);
+  Result<bool, FileError> Exists(const Place& place);
   void List(std::string_view path, Folder& folder);
   bool IsOneEntry(const std::string& left, const std::string& right);
-  FileOutcome LookFor(const std::string& path);
-  void Set(const std::string& path, bool taken);
+  FileOutcome LookFor(const Place& place);
   void ListForSpellings(const std::string& folder);
 
   FileReads& files_;
