@@ -90,7 +90,9 @@ FoundFiles FolderSearch::Search(const std::string& folder, const std::string& fi
   searched_.clear();
   linkedFrom_.clear();
   root_ = WithTrailingSeparator(folder, style_);
+  listings_ = files_.ListFolders(subfolders);
   SearchFolder(root_, 0);
+  listings_ = nullptr;
   return std::move(found_);
 }
 
@@ -100,7 +102,12 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
     found_.cancelled = true;
     return false;
   }
-  Result<std::vector<FolderEntry>, FileError> entries = files_.ReadFolder(folder);
+  std::optional<Listing> listed = listings_->Read(folder, progress_);
+  if (!listed) {
+    found_.cancelled = true;
+    return false;
+  }
+  Listing& entries = *listed;
   if (!entries) {
     const int number = entries.Failure().number;
     if (depth > 0 && (number == file_error::kAccess || number == file_error::kUnreachable)) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -55,6 +56,7 @@ class FolderSearch {
   Progress& progress_;
   PathStyle style_;
   // Of the running search:
+  std::unique_ptr<FolderListings> listings_;
   std::string filter_;
   bool subfolders_ = false;
   FoundFiles found_;

@@ -10,6 +10,7 @@
 #include "base/Progress.h"
 #include "base/Result.h"
 #include "platform/FilesInTurn.h"
+#include "platform/FolderListings.h"
 
 /// Files and folders. Paths are UTF-8; on Linux a path is the file system's bytes unchanged; on Windows unpaired
 /// surrogates are encoded as the three bytes that UTF-8 would give them, so that every existing name can be expressed.
@@ -114,6 +115,10 @@ class FileReads {
   /// missing folder, or a path that is no folder, is unreachable (52).
   virtual Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) = 0;
 
+  /// For a search. With `subfolders`, every listed folder's subfolders are going to be read, too. This object must
+  /// outlive the listings.
+  [[nodiscard]] virtual std::unique_ptr<FolderListings> ListFolders(bool subfolders);
+
   /// The folder's path with all links resolved, without a trailing separator except for a root; empty when the folder
   /// cannot be reached.
   virtual std::string RealPath(const std::string& folder) = 0;
@@ -190,7 +195,7 @@ class FileChanges {
 };
 
 struct FileReadsOptions {
-  /// ReadInTurn reads files before their turn, on threads of its own.
+  /// ReadInTurn reads files before their turn, and ListFolders lists folders, on threads of their own.
   bool readAhead = true;
 };
 

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <sys/vfs.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
@@ -66,24 +67,34 @@ FileStatus StatusOf(const struct stat& status) {
   return {S_ISDIR(status.st_mode) ? FileStatus::Kind::kFolder : FileStatus::Kind::kOther, 0};
 }
 
+Listing ListEntries(const std::string& folder, const std::atomic<bool>& abandoned) {
+  if (HoldsNul(folder)) return FolderErrorOf(EINVAL);
+  const OpenFolder open(::opendir(folder.c_str()));
+  if (!open) return FolderErrorOf(errno);
+  std::vector<FolderEntry> entries;
+  while (!abandoned.load(std::memory_order_relaxed)) {
+    errno = 0;
+    const dirent* found = ::readdir(open.get());
+    if (found == nullptr) {
+      if (errno != 0) return FolderErrorOf(errno);
+      SortAsVolumeLists(entries);
+      break;
+    }
+    AddEntry(entries, open.get(), *found);
+  }
+  return entries;
+}
+
 class LinuxFileReads final : public FileReads {
  public:
   explicit LinuxFileReads(const FileReadsOptions& options) : options_(options) {}
 
   Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) override {
-    if (HoldsNul(folder)) return FolderErrorOf(EINVAL);
-    const OpenFolder open(::opendir(folder.c_str()));
-    if (!open) return FolderErrorOf(errno);
-    std::vector<FolderEntry> entries;
-    for (;;) {
-      errno = 0;
-      const dirent* found = ::readdir(open.get());
-      if (found == nullptr) break;
-      AddEntry(entries, open.get(), *found);
-    }
-    if (errno != 0) return FolderErrorOf(errno);
-    SortAsVolumeLists(entries);
-    return entries;
+    return ListEntries(folder, std::atomic<bool>(false));
+  }
+
+  std::unique_ptr<FolderListings> ListFolders(bool subfolders) override {
+    return options_.readAhead ? MakeListingsAhead(&ListEntries, subfolders, '/') : FileReads::ListFolders(subfolders);
   }
 
   std::string RealPath(const std::string& folder) override {

@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <atomic>
 #include <string_view>
 #include <utility>
 
@@ -141,30 +142,39 @@ std::unique_ptr<FileOpener> MakeLocalFiles() {
   return std::make_unique<LocalFiles>();
 }
 
+Listing ListEntries(const std::string& folder, const std::atomic<bool>& abandoned) {
+  std::optional<std::wstring> path = SystemPath(folder);
+  if (!path) return FolderErrorOf(ERROR_INVALID_NAME);
+  if (!path->ends_with(L'\\')) *path += L'\\';
+  WIN32_FIND_DATAW found = {};
+  HANDLE search = ::FindFirstFileExW((*path + L'*').c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr,
+                                     FIND_FIRST_EX_LARGE_FETCH);
+  std::vector<FolderEntry> entries;
+  if (reinterpret_cast<LONG_PTR>(search) == -1) {
+    const DWORD failure = ::GetLastError();
+    // An empty root folder has no entries at all, not even ".".
+    if (failure == ERROR_FILE_NOT_FOUND) return entries;
+    return FolderErrorOf(failure);
+  }
+  const SearchCloser closer(search);
+  do AddEntry(entries, *path, found);
+  while (!abandoned.load(std::memory_order_relaxed) && ::FindNextFileW(search, &found));
+  if (abandoned.load(std::memory_order_relaxed)) return entries;
+  if (const DWORD failure = ::GetLastError(); failure != ERROR_NO_MORE_FILES) return FolderErrorOf(failure);
+  SortAsVolumeLists(entries);
+  return entries;
+}
+
 class WindowsFileReads final : public FileReads {
  public:
   explicit WindowsFileReads(const FileReadsOptions& options) : options_(options) {}
 
   Result<std::vector<FolderEntry>, FileError> ReadFolder(const std::string& folder) override {
-    std::optional<std::wstring> path = SystemPath(folder);
-    if (!path) return FolderErrorOf(ERROR_INVALID_NAME);
-    if (!path->ends_with(L'\\')) *path += L'\\';
-    WIN32_FIND_DATAW found = {};
-    HANDLE search = ::FindFirstFileExW((*path + L'*').c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr,
-                                       FIND_FIRST_EX_LARGE_FETCH);
-    std::vector<FolderEntry> entries;
-    if (reinterpret_cast<LONG_PTR>(search) == -1) {
-      const DWORD failure = ::GetLastError();
-      // An empty root folder has no entries at all, not even ".".
-      if (failure == ERROR_FILE_NOT_FOUND) return entries;
-      return FolderErrorOf(failure);
-    }
-    const SearchCloser closer(search);
-    do AddEntry(entries, *path, found);
-    while (::FindNextFileW(search, &found));
-    if (const DWORD failure = ::GetLastError(); failure != ERROR_NO_MORE_FILES) return FolderErrorOf(failure);
-    SortAsVolumeLists(entries);
-    return entries;
+    return ListEntries(folder, std::atomic<bool>(false));
+  }
+
+  std::unique_ptr<FolderListings> ListFolders(bool subfolders) override {
+    return options_.readAhead ? MakeListingsAhead(&ListEntries, subfolders, '\\') : FileReads::ListFolders(subfolders);
   }
 
   std::string RealPath(const std::string& folder) override {

@@ -1,0 +1,197 @@
+#include "platform/FolderListings.h"
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <exception>
+#include <iterator>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+#include "platform/FileSystem.h"
+#include "platform/Worker.h"
+
+namespace quillon {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr auto kBetweenQuestions = std::chrono::milliseconds(20);
+/// What is listed before it is asked for.
+constexpr std::size_t kMostFolders = 128;
+constexpr std::size_t kMostEntries = 100'000;
+/// A waiting reader gets as many folders at once, because waking it costs more than listing a small folder; sooner when
+/// a folder takes long.
+constexpr std::size_t kWakeForFolders = 32;
+constexpr auto kLongForAFolder = std::chrono::microseconds(200);
+
+class OneByOne final : public FolderListings {
+ public:
+  explicit OneByOne(FileReads& files) : files_(files) {}
+  std::optional<Listing> Read(const std::string& folder, Progress& /*progress*/) override {
+    return files_.ReadFolder(folder);
+  }
+
+ private:
+  FileReads& files_;
+};
+
+struct ListedFolder {
+  std::string folder;
+  std::optional<Listing> listing;
+  std::exception_ptr thrown;  ///< instead of the listing
+};
+
+/// What the reader and its thread share. It lives as long as either of them.
+class Exchange {
+ public:
+  Exchange(ListFolder list, bool subfolders, char separator)
+      : list_(std::move(list)), subfolders_(subfolders), separator_(separator) {}
+
+  /// What the thread does.
+  void Work() {
+    std::unique_lock lock(mutex_);
+    for (;;) {
+      forThread_.wait(lock, [this] { return abandoned_ || HasWork(); });
+      if (abandoned_) return;
+      listing_ = TakeFolder();
+      lock.unlock();
+      const Clock::time_point start = Clock::now();
+      ListedFolder listed = List(*listing_);  // which only this thread changes
+      std::vector<std::string> below = FoldersBelow(listed);
+      const bool tookLong = Clock::now() - start > kLongForAFolder;
+      lock.lock();
+      if (wanted_ == listed.folder) wanted_.reset();
+      listing_.reset();
+      // The last one is next.
+      upcoming_.insert(upcoming_.end(), std::move_iterator(below.rbegin()), std::move_iterator(below.rend()));
+      if (listed.listing && *listed.listing) entries_ += (**listed.listing).size();
+      listed_.push_back(std::move(listed));
+      if (tookLong || listed_.size() >= kWakeForFolders || !HasWork()) forReader_.notify_one();
+    }
+  }
+
+  /// Adds what is listed to `listed`, once there is something. For the folder that is wanted next, the reader calls
+  /// this until it is among them. False when `progress` cancels.
+  bool Take(const std::string& folder, std::deque<ListedFolder>& listed, Progress& progress) {
+    std::unique_lock lock(mutex_);
+    const auto isFolder = [&](const ListedFolder& one) { return one.folder == folder; };
+    if (listing_ != folder && std::none_of(listed_.begin(), listed_.end(), isFolder)) wanted_ = folder;
+    forThread_.notify_one();
+    while (listed_.empty()) {
+      if (forReader_.wait_for(lock, kBetweenQuestions) == std::cv_status::no_timeout) continue;
+      lock.unlock();
+      const bool goesOn = progress.Continue();
+      lock.lock();
+      if (!goesOn) return false;
+    }
+    std::move(listed_.begin(), listed_.end(), std::back_inserter(listed));
+    listed_.clear();
+    entries_ = 0;
+    return true;
+  }
+
+  /// Ends the thread; false when it is in a folder, whose listing may never end.
+  bool End() {
+    const std::lock_guard lock(mutex_);
+    abandoned_ = true;
+    forThread_.notify_one();
+    return !listing_;
+  }
+
+ private:
+  [[nodiscard]] bool HasWork() const {
+    return wanted_ || (!upcoming_.empty() && listed_.size() < kMostFolders && entries_ < kMostEntries);
+  }
+
+  std::string TakeFolder() {
+    std::string folder = wanted_ ? *std::exchange(wanted_, std::nullopt) : upcoming_.back();
+    if (!upcoming_.empty() && upcoming_.back() == folder) upcoming_.pop_back();
+    return folder;
+  }
+
+  ListedFolder List(const std::string& folder) {
+    try {
+      return {folder, list_(folder, abandoned_), nullptr};
+    } catch (const std::exception&) {
+      return {folder, std::nullopt, std::current_exception()};
+    }
+  }
+
+  [[nodiscard]] std::vector<std::string> FoldersBelow(const ListedFolder& listed) const {
+    std::vector<std::string> below;
+    if (!subfolders_ || !listed.listing || !*listed.listing) return below;
+    for (const FolderEntry& entry : **listed.listing) {
+      if (entry.isFolder && !entry.isLink) below.push_back(listed.folder + entry.name + separator_);
+    }
+    return below;
+  }
+
+  const ListFolder list_;
+  const bool subfolders_;
+  const char separator_;
+  std::atomic<bool> abandoned_ = false;
+  std::mutex mutex_;
+  std::condition_variable forThread_;
+  std::condition_variable forReader_;
+  std::optional<std::string> wanted_;   // what the reader waits for, unless it is being listed
+  std::optional<std::string> listing_;  // what the thread is listing
+  std::vector<std::string> upcoming_;
+  std::vector<ListedFolder> listed_;
+  std::size_t entries_ = 0;  // of listed_
+};
+
+class ListingsAhead final : public FolderListings {
+ public:
+  ListingsAhead(ListFolder list, bool subfolders, char separator)
+      : list_(list), exchange_(std::make_shared<Exchange>(std::move(list), subfolders, separator)) {
+    thread_ = StartWorker([exchange = exchange_] { exchange->Work(); });
+  }
+  ListingsAhead(const ListingsAhead&) = delete;
+  ListingsAhead& operator=(const ListingsAhead&) = delete;
+
+  ~ListingsAhead() override {
+    if (!thread_) return;
+    if (exchange_->End()) {
+      thread_->join();
+    } else {
+      thread_->detach();
+    }
+  }
+
+  std::optional<Listing> Read(const std::string& folder, Progress& progress) override {
+    if (!thread_) return list_(folder, std::atomic<bool>(false));
+    for (;;) {
+      // Nearly always it is the first one.
+      const auto found = std::find_if(listed_.begin(), listed_.end(),
+                                      [&](const ListedFolder& listed) { return listed.folder == folder; });
+      if (found != listed_.end()) {
+        ListedFolder listed = std::move(*found);
+        listed_.erase(found);
+        if (listed.thrown) std::rethrow_exception(listed.thrown);
+        return std::move(listed.listing);
+      }
+      if (!exchange_->Take(folder, listed_, progress)) return std::nullopt;
+    }
+  }
+
+ private:
+  ListFolder list_;
+  std::shared_ptr<Exchange> exchange_;
+  std::optional<std::thread> thread_;
+  std::deque<ListedFolder> listed_;  // and not asked for yet
+};
+
+}  // namespace
+
+std::unique_ptr<FolderListings> MakeListingsAhead(ListFolder list, bool subfolders, char separator) {
+  return std::make_unique<ListingsAhead>(std::move(list), subfolders, separator);
+}
+
+std::unique_ptr<FolderListings> FileReads::ListFolders(bool /*subfolders*/) {
+  return std::make_unique<OneByOne>(*this);
+}
+
+}  // namespace quillon
