@@ -32,6 +32,11 @@ class Program:
     def settings(self):
         return self.home / self.SETTINGS
 
+    @property
+    def errors(self):
+        """What the program has written to standard error."""
+        return (self.folder / "errors").read_text(errors="replace")
+
     def command(self, arguments):
         return [str(self.home / "quillon"), *map(str, arguments)]
 
@@ -44,14 +49,15 @@ class Program:
         return self._start(["sh", "-c", script, "sh", *self.command(arguments)], {})
 
     def _start(self, command, environment):
-        process = subprocess.Popen(
-            command,
-            cwd=self.home,
-            env=dict(os.environ, **environment),
-            stdin=subprocess.DEVNULL,
-            stdout=subprocess.DEVNULL,
-            stderr=subprocess.DEVNULL,
-        )
+        with open(self.folder / "errors", "ab") as errors:
+            process = subprocess.Popen(
+                command,
+                cwd=self.home,
+                env=dict(os.environ, **environment),
+                stdin=subprocess.DEVNULL,
+                stdout=subprocess.DEVNULL,
+                stderr=errors,
+            )
         self._running.append(process)
         return process
 

@@ -93,6 +93,14 @@ class Linux(unittest.TestCase):
         self.assertIn("MIDI", reader.box("ファイル情報"))
         self.assertIn("トラック数： 1", reader.box("詳細"))
 
+    def test_the_toolkit_has_nothing_to_complain_about(self):
+        process = self.load()
+        press("Down")
+        until_equal(reader.selected, [1], "the second row selected")
+        press("ctrl+q")
+        until(lambda: process.poll() is not None, "the end of the program")
+        self.assertEqual(self.program.errors, "")
+
     def test_the_boxes_follow_the_selected_row(self):
         self.load()
         press("Down", "Down")

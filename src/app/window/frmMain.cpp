@@ -188,6 +188,7 @@ void frmMain::ShowLaidOut() {
   GrowSmallestSize();
   const wxRect place = GetRect();
   if (app_->Options().extra.maximized) Maximize();
+  LayOutWhenSized(GetHandle());
   Show();
   controls_.panel->Bind(wxEVT_PAINT, [this, place, first = true](wxPaintEvent& event) mutable {
     if (std::exchange(first, false)) CallAfter([this, place] { SettleAt(place); });
@@ -218,7 +219,7 @@ void frmMain::GrowSmallestSize() {
 // Widens a window on the screen until all panels of the status bar show their whole texts, as far as the screen is wide
 // enough.
 void frmMain::GrowForCounts() {
-  const int width = std::min(StatusBarWidth() + shadow_, QueryScreen().width);
+  const int width = std::min(StatusTextsWidth() + shadow_, QueryScreen().width);
   if (!settled_ || width <= GetMinSize().x) return;
   SetMinSize(wxSize(width, GetMinSize().y));
   wxRect place = GetRect();

@@ -108,6 +108,7 @@ class frmMain final : public wxFrame,
   void MakeStatusBar();
   void ShowCounts(const std::array<std::string, 3>& counts);
   wxStatusBar* OnCreateStatusBar(int number, long style, wxWindowID id, const wxString& name) override;
+  [[nodiscard]] int StatusTextsWidth() const;
   [[nodiscard]] int StatusBarWidth() const;
   void RefreshPictures();
   [[nodiscard]] lvwFiles::Handlers ListHandlers();

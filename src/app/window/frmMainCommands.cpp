@@ -187,13 +187,16 @@ wxStatusBar* frmMain::OnCreateStatusBar(int number, long style, wxWindowID /*id*
   return bar;
 }
 
-// The width at which every panel shows its whole text while no file is selected.
-int frmMain::StatusBarWidth() const {
+// The least width at which every panel shows its whole text while no file is selected.
+int frmMain::StatusTextsWidth() const {
   const wxStatusBar& bar = *GetStatusBar();
-  int width = bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + 2 * bar.FromDIP(kPanelMargin) +
-              bar.FromDIP(kGrip);
+  int width = bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + bar.FromDIP(kPanelMargin);
   for (int i = 0; i < kPanels; ++i) width += std::max(bar.GetStatusWidth(i), 0);
   return width;
+}
+
+int frmMain::StatusBarWidth() const {
+  return StatusTextsWidth() + FromDIP(kPanelMargin) + FromDIP(kGrip);
 }
 
 lvwFiles::Handlers frmMain::ListHandlers() {

@@ -175,10 +175,7 @@ void GtkFileList::BindInput() {
   view_->Bind(wxEVT_KEY_DOWN, &GtkFileList::OnKeyDown, this);
   view_->Bind(wxEVT_CHAR, [this](wxKeyEvent& event) { event.Skip(!UseCharacter(event)); });
   view_->Bind(wxEVT_CONTEXT_MENU, &GtkFileList::OnMenuKey, this);
-  const auto ignoreWhileBusy = [this](wxMouseEvent& event) {
-    if (InputEnabled() && event.ControlDown()) SelectWhole();
-    event.Skip(InputEnabled());
-  };
+  const auto ignoreWhileBusy = [this](wxMouseEvent& event) { event.Skip(InputEnabled()); };
   for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_MIDDLE_DOWN, wxEVT_RIGHT_DOWN}) {
     view_->Bind(type, ignoreWhileBusy);
   }
@@ -191,7 +188,8 @@ void GtkFileList::BindInput() {
     if (drawing) SelectInView();
     seen_ = drawing;
   });
-  OnRowPress(view_->GtkGetTreeView(), [this](int index) {
+  OnRowPress(view_->GtkGetTreeView(), [this](int index, bool toggles) {
+    if (toggles && InputEnabled()) SelectWhole();
     TakeClick(index);
     AnnounceSoon();
   });

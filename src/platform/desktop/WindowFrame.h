@@ -11,4 +11,9 @@ namespace quillon {
 /// shown or is maximised, and on other systems. `window` is the native widget or window handle.
 [[nodiscard]] int ShadowAround(void* window);
 
+/// Call it before the window is shown for the first time. On X11 its contents are laid out only when it has its size:
+/// while the window manager is asked for the frame, GTK would lay them out within two pixels, with warnings, and again
+/// afterwards. Elsewhere it does nothing. `window` is its native handle.
+void LayOutWhenSized(void* window);
+
 }  // namespace quillon

@@ -8,7 +8,7 @@
 namespace quillon {
 namespace {
 
-using Pressed = std::function<void(int row)>;
+using Pressed = std::function<void(int row, bool toggles)>;
 
 constexpr guint kLeftButton = 1;
 
@@ -22,7 +22,7 @@ gboolean Tell(GtkTreeView* view, const GdkEventButton* event, const Pressed* pre
   }
   const int row = *gtk_tree_path_get_indices(path) + 1;
   gtk_tree_path_free(path);
-  (*pressed)(row);
+  (*pressed)(row, (event->state & GDK_CONTROL_MASK) != 0);
   return FALSE;
 }
 
@@ -32,7 +32,7 @@ void Forget(gpointer pressed, GClosure* /*closure*/) {
 
 }  // namespace
 
-void OnRowPress(void* treeView, std::function<void(int row)> pressed) {
+void OnRowPress(void* treeView, std::function<void(int row, bool toggles)> pressed) {
   g_signal_connect_data(treeView, "button-press-event", G_CALLBACK(Tell),
                         std::make_unique<Pressed>(std::move(pressed)).release(), Forget, GConnectFlags{});
 }

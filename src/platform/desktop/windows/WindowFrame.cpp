@@ -10,4 +10,6 @@ int ShadowAround(void* /*window*/) {
   return 0;
 }
 
+void LayOutWhenSized(void* /*window*/) {}
+
 }  // namespace quillon
