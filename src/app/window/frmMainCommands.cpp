@@ -32,8 +32,9 @@ constexpr int kPlayerPanel = 1;
 constexpr int kFirstCountPanel = 2;
 constexpr int kPanels = 5;
 
-constexpr int kPanelMargin = 12;  // DIP
-constexpr int kGrip = 28;         // DIP
+constexpr int kPanelMargin = 12;   // DIP
+constexpr int kGrip = 28;          // DIP
+constexpr int kPanelBorders = 32;  // DIP: of all panels
 
 wxString MenuText(const CommandEntry& entry) {
   const wxString caption = ToWx(entry.caption);
@@ -190,13 +191,13 @@ wxStatusBar* frmMain::OnCreateStatusBar(int number, long style, wxWindowID /*id*
 // The least width at which every panel shows its whole text while no file is selected.
 int frmMain::StatusTextsWidth() const {
   const wxStatusBar& bar = *GetStatusBar();
-  int width = bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + bar.FromDIP(kPanelMargin);
+  int width = bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + bar.FromDIP(kPanelBorders);
   for (int i = 0; i < kPanels; ++i) width += std::max(bar.GetStatusWidth(i), 0);
   return width;
 }
 
 int frmMain::StatusBarWidth() const {
-  return StatusTextsWidth() + FromDIP(kPanelMargin) + FromDIP(kGrip);
+  return StatusTextsWidth() + FromDIP(2 * kPanelMargin + kGrip - kPanelBorders);
 }
 
 lvwFiles::Handlers frmMain::ListHandlers() {

@@ -81,7 +81,7 @@ class GtkFileList : public lvwFilesBase, private CellSource {
   // The rows that were painted or read aloud since they last changed. The others need no refresh, because the view has
   // not asked for their contents.
   std::unordered_set<int> asked_;
-  bool seen_ = false;  // the cells that are asked for are drawn or edited, not read aloud
+  bool seen_ = false;        // the cells that are asked for are drawn or edited, not read aloud
   bool onlyInView_ = false;  // many rows are selected, and the view knows of those only that were in sight
 };
 
