@@ -120,6 +120,26 @@ test_suite() {
   count_results "$name" "$preset" "$(ctest --preset "$preset" -N | sed -n 's/^Total Tests: //p')"
 }
 
+# thread_suite: runs what reads and lists on several threads under ThreadSanitizer. The rest has one thread, and libraries
+# that this sanitizer does not know.
+thread_suite() {
+  local results=build/linux-tsan/results
+  local -A selection=(
+    [platform]='ReadAhead*:*InTurn*:FolderListings*'
+    [filelist]='Loading*:FolderSearch*:Registration*:-FolderSearchMemory*'
+  )
+  say "Linux with the thread sanitizer: building"
+  cmake --preset linux-tsan >/dev/null
+  cmake --build build/linux-tsan --target quillon_platform_tests quillon_filelist_tests
+  say "Linux with the thread sanitizer: testing"
+  rm -rf "$results"
+  for folder in "${!selection[@]}"; do
+    "build/linux-tsan/bin/quillon_${folder}_tests" --gtest_brief=1 --gtest_filter="${selection[$folder]}" \
+      --gtest_output="xml:$results/$folder.xml" || failed=1
+  done
+  count_results "Linux, thread sanitizer" linux-tsan "${#selection[@]}"
+}
+
 need_packages "${linux_packages[@]}" "${window_packages[@]}" "${test_packages[@]}" "${benchmark_packages[@]}"
 if ! $quick; then need_packages "${style_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}"; fi
 scripts/japanese-locale.sh
@@ -133,6 +153,7 @@ else
   build_suite "Linux with sanitizers" linux-asan
   beside libraries 5 scripts/windows-libraries.sh
   test_suite "Linux with sanitizers" linux-asan
+  thread_suite
   end_beside libraries || fail "the libraries for Windows could not be built"
 
   # Keeping the server running saves a second for each test program. One may be running already.
