@@ -81,6 +81,23 @@ void Modify(Program& program) {
   });
 }
 
+/// Every change succeeds.
+class NoDisk final : public FileChanges {
+ public:
+  using FileChanges::Move;
+  FileOutcome Rename(const std::string&, const std::string&) override { return std::nullopt; }
+  MoveOutcome Move(const std::string&, const std::string&, Progress*) override { return NotKept(); }
+  void RemoveLeftovers(const std::string&) override {}
+  FileOutcome Remove(const std::string&) override { return std::nullopt; }
+  int Recycle(const std::string&, std::uintptr_t) override { return 0; }
+};
+
+void Apply(Program& program) {
+  NoDisk disk;
+  RenameEngine engine(program.list, program.mode, disk, program.player);
+  (void)engine.Apply(quillon::Rows::kAll, program.unwatched, [](const RowOutcome&) { return true; });
+}
+
 void SortBy(Program& program, Column column) {
   program.list.Sort(column, *MakeJapaneseCollation());
 }
@@ -138,6 +155,8 @@ QUILLON_ROWS(
       (void)p.list.UndoEdits();
     },
     [](Program& p) { (void)p.list.RedoEdits(); });
+QUILLON_ROWS(apply_without_a_disk, Titles, Apply);
+BENCHMARK_CAPTURE(Rows, apply_few, Titles, Apply)->Arg(100000)->Unit(benchmark::kMillisecond);
 QUILLON_ROWS(find, Nothing, Find);
 QUILLON_ROWS(
     next_pending, [](Program& p) { p.list.SetRenameName(p.list.Count(), "new"); },

@@ -6,9 +6,9 @@ namespace quillon {
 
 // Everything that can fail comes first, so that a failure changes nothing.
 FolderTable::Id FolderTable::EnterEntry(std::string_view text) {
-  if (const auto found = ids_.find(text); found != ids_.end()) {
-    ++entries_[found->second].uses;
-    return found->second;
+  if (const Id* known = FindEntry(text)) {
+    ++entries_[*known].uses;
+    return *known;
   }
   if (firstUnused_ == kNone) {
     entries_.push_back({nullptr, kNone, 0});
@@ -39,7 +39,9 @@ void FolderTable::Leave(Id folder) noexcept {
   Entry& entry = entries_[folder];
   if (--entry.uses != 0) return;
   const Id identity = entry.identity;
-  ids_.erase(ids_.find(*entry.text));
+  const auto place = ids_.find(*entry.text);
+  if (&*place == last_) last_ = nullptr;
+  ids_.erase(place);
   entry = {nullptr, firstUnused_, 0};
   firstUnused_ = folder;
   if (identity != folder) Leave(identity);
@@ -47,13 +49,21 @@ void FolderTable::Leave(Id folder) noexcept {
 
 void FolderTable::Clear() noexcept {
   ids_.clear();
+  last_ = nullptr;
   entries_.clear();
   firstUnused_ = kNone;
 }
 
+const FolderTable::Id* FolderTable::FindEntry(std::string_view text) const {
+  if (last_ != nullptr && last_->first == text) return &last_->second;
+  const auto found = ids_.find(text);
+  if (found == ids_.end()) return nullptr;
+  last_ = &*found;
+  return &found->second;
+}
+
 const FolderTable::Id* FolderTable::Find(std::string_view folder) const {
-  const auto found = style_ == PathStyle::kLinux ? ids_.find(folder) : ids_.find(PathIdentity(folder, style_));
-  return found == ids_.end() ? nullptr : &found->second;
+  return style_ == PathStyle::kLinux ? FindEntry(folder) : FindEntry(PathIdentity(folder, style_));
 }
 
 }  // namespace quillon

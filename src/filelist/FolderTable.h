@@ -46,12 +46,16 @@ class FolderTable {
 
   static constexpr Id kNone = ~Id{0};
 
+  using Ids = std::unordered_map<std::string, Id, TextHash, std::equal_to<>>;
+
   Id EnterEntry(std::string_view text);
+  [[nodiscard]] const Id* FindEntry(std::string_view text) const;
 
   PathStyle style_;
   std::vector<Entry> entries_;
   Id firstUnused_ = kNone;
-  std::unordered_map<std::string, Id, TextHash, std::equal_to<>> ids_;
+  Ids ids_;
+  mutable const Ids::value_type* last_ = nullptr;  ///< found last: files of one folder mostly come together
 };
 
 }  // namespace quillon

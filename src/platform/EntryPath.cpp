@@ -3,8 +3,7 @@
 namespace quillon {
 
 EntryPath SplitPath(std::string_view path, PathStyle style) {
-  const std::string_view separators = style == PathStyle::kWindows ? "\\/" : "/";
-  const std::size_t last = path.find_last_of(separators);
+  const std::size_t last = style == PathStyle::kWindows ? path.find_last_of("\\/") : path.rfind('/');
   const std::size_t start = last == std::string_view::npos ? 0 : last + 1;
   return {path.substr(0, start), path.substr(start)};
 }
