@@ -12,6 +12,27 @@
 #include "settings/basINIControl.h"
 
 namespace quillon {
+namespace {
+
+/// Lets messages through during work that shows no progress.
+class Repainting final : public Progress {
+ public:
+  explicit Repainting(PendingMessages& pending) : pending_(pending) {}
+
+  bool Continue(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*item*/) override {
+    return Continue();
+  }
+  bool Continue() override {
+    pending_.Process();
+    return true;
+  }
+
+ private:
+  PendingMessages& pending_;
+};
+
+}  // namespace
+
 Application::Application(OptionValues options, Paths paths, Ports ports, PathStyle style)
     : ports_(std::move(ports)),
       paths_(std::move(paths)),
@@ -233,9 +254,19 @@ void Application::RowActivated(int index) {
 void Application::HeaderClicked(Column column) {
   Run([&] {
     if (!editing_.MayLeaveRow()) return;
-    list_.Sort(column, *MakeJapaneseCollation());
+    Sort(column);
     if (const int selected = list_.SelectedIndex(); selected != 0) ports_.window.state.ScrollToRow(selected);
   });
+}
+
+// A long sort lets the window repaint, but accepts no input meanwhile.
+void Application::Sort(Column column) {
+  const std::unique_ptr<Collation> order = MakeJapaneseCollation();
+  if (list_.Count() <= kQuicklySorted) return list_.Sort(column, *order);
+  ports_.window.main.SetInputEnabled(false);
+  const Finally enabled([this] { ports_.window.main.SetInputEnabled(true); });
+  Repainting repainting(ports_.dialogs.pending);
+  list_.Sort(column, *order, &repainting);
 }
 
 void Application::LabelEdited(int index, const std::string& name) {

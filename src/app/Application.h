@@ -192,6 +192,8 @@ class Application : private FilePanel {
   void RowTyped(int index);
   void RowActivated(int index);
   void HeaderClicked(Column column);
+  /// The number of rows up to which sorting is over at once.
+  static constexpr int kQuicklySorted = 20000;
   void SetRepeat(bool repeat);
   void LabelEdited(int index, const std::string& name);
 
@@ -220,6 +222,7 @@ class Application : private FilePanel {
   void BeginStep(EditHistory::Merging merging);
   void Run(const std::function<void()>& action, EditHistory::Merging merging = EditHistory::Merging::kNever);
   void RunExclusively(const std::function<void()>& action);
+  void Sort(Column column);
 
   Ports ports_;
   Paths paths_;

@@ -54,12 +54,17 @@ void AddKey(const FileRow& row, Column column, Keys& keys) {
 
 }  // namespace
 
-std::vector<std::uint32_t> PlacesInOrder(const RowStore& store, const std::vector<RowStore::Id>& rows, Column column,
-                                         bool falling, const Collation& collation) {
+std::optional<std::vector<std::uint32_t>> PlacesInOrder(const RowStore& store, const std::vector<RowStore::Id>& rows,
+                                                        Column column, bool falling, const Collation& collation,
+                                                        Progress& progress) {
+  constexpr std::size_t kAtOnce = 256;  // rows between two questions
   Keys keys(collation);
   keys.Sort().Reserve(rows.size());
-  for (const RowStore::Id row : rows) AddKey(store.Row(row), column, keys);
-  return keys.Sort().Sorted(falling ? KeySort::Order::kFalling : KeySort::Order::kRising);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (i % kAtOnce == 0 && !progress.Continue()) return std::nullopt;
+    AddKey(store.Row(rows[i]), column, keys);
+  }
+  return keys.Sort().Sorted(falling ? KeySort::Order::kFalling : KeySort::Order::kRising, progress);
 }
 
 }  // namespace quillon

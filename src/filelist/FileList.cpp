@@ -203,14 +203,16 @@ void FileList::Clear() {
   RowsTouched();
 }
 
-void FileList::Sort(Column column, const Collation& order) {
+void FileList::Sort(Column column, const Collation& order, Progress* progress) {
+  Unwatched unwatched;
+  const bool falling = !descending_;
+  std::optional<std::vector<std::uint32_t>> places =
+      PlacesInOrder(rows_, order_, column, falling, order, progress == nullptr ? unwatched : *progress);
+  if (!places) return;
   ++revision_;
-  const std::vector<std::uint32_t> places = PlacesInOrder(rows_, order_, column, !descending_, order);
-  std::vector<Id> sorted;
-  sorted.reserve(order_.size());
-  for (const std::uint32_t place : places) sorted.push_back(order_[place]);
-  order_ = std::move(sorted);
-  descending_ = !descending_;
+  descending_ = falling;
+  for (std::uint32_t& place : *places) place = order_[place];
+  order_ = *std::move(places);
   RowsTouched();
 }
 

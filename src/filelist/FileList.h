@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Progress.h"
 #include "filelist/EditHistory.h"
 #include "filelist/FileItem.h"
 #include "filelist/RowStore.h"
@@ -114,8 +115,9 @@ class FileList {
 
   /// Sorts the rows once by the column's display texts in this order, ignoring letter case; equal texts keep their
   /// order. Rows added later go to the end. Every call reverses the direction, whichever column it names; the first one
-  /// sorts in descending order.
-  void Sort(Column column, const Collation& order);
+  /// sorts in descending order. `progress`, which may be null, is asked between the rows; when it ends the sort,
+  /// nothing has changed.
+  void Sort(Column column, const Collation& order, Progress* progress = nullptr);
 
   /// The image list key ("ICONKEY" and a number) of a type's small icon: rows of one type share one image. The same
   /// type always has the same number.

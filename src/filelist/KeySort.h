@@ -3,8 +3,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
+
+#include "base/Progress.h"
 
 namespace quillon {
 
@@ -19,8 +22,9 @@ class KeySort {
   void Add(std::string_view key);
 
   /// The 0-based numbers of the added keys in rising order, or in falling order. Equal keys stay as they were added.
+  /// nullopt when `progress` has ended it.
   enum class Order { kRising, kFalling };
-  [[nodiscard]] std::vector<std::uint32_t> Sorted(Order order);
+  [[nodiscard]] std::optional<std::vector<std::uint32_t>> Sorted(Order order, Progress& progress);
 
  private:
   struct Entry {

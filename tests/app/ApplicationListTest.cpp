@@ -14,6 +14,7 @@ using enum Command;
 using test::ApplicationFixture;
 using test::CheckedRows;
 using test::Locations;
+using test::RowFor;
 using test::SelectedRows;
 using Indices = std::vector<int>;
 using Texts = std::vector<std::string>;
@@ -166,6 +167,18 @@ TEST(Sorting, EachSortCommandSortsItsColumn) {
     f.app.Execute(command);
     EXPECT_EQ(Locations(f.app.List()), Texts({f.folder.At("b.txt"), f.folder.At("a.txt")})) << EntryOf(command).caption;
   }
+}
+
+TEST(Sorting, OfManyRowsLetsMessagesThroughAndAcceptsNoInputMeanwhile) {
+  ApplicationFixture f;
+  for (int i = 0; i < Application::kQuicklySorted; ++i) f.app.List().Add(RowFor("/m/" + std::to_string(i)));
+  f.app.HeaderClicked(Column::kSize);
+  EXPECT_TRUE(f.Log().StartingWith("main input").empty());
+  EXPECT_EQ(f.ports.pending.Count(), 0u);
+  f.app.List().Add(RowFor("/m/one more"));
+  f.app.HeaderClicked(Column::kLocation);
+  EXPECT_EQ(f.Log().StartingWith("main input"), Texts({"main input off", "main input on"}));
+  EXPECT_GT(f.ports.pending.Count(), 50u);
 }
 
 TEST(Sorting, InAutoModeIsRefusedWhileTheBoxIsEmpty) {

@@ -347,6 +347,36 @@ TEST(FileListSort, TakesChecksAndSelectionAlong) {
   EXPECT_EQ(list.IndexOf("/f/a"), 3);
 }
 
+/// Ends the work at the given question.
+class EndingAt final : public Progress {
+ public:
+  explicit EndingAt(int question) : left_(question) {}
+  bool Continue(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*item*/) override {
+    return Continue();
+  }
+  bool Continue() override { return --left_ > 0; }
+  [[nodiscard]] int Left() const { return left_; }
+
+ private:
+  int left_;
+};
+
+TEST(FileListSort, AsksBetweenTheRowsAndChangesNothingWhenItIsEnded) {
+  FileList list(kLin);
+  for (int i = 0; i < 3000; ++i) list.Add(RowFor("/f/" + std::to_string(1000 + i), kLin));
+  const Texts before = Locations(list);
+  const std::uint64_t revision = list.Revision();
+  for (int question = 1; question <= 10; ++question) {
+    EndingAt ending(question);
+    list.Sort(Column::kLocation, ByteOrder(), &ending);
+    EXPECT_EQ(ending.Left(), 0);
+    EXPECT_EQ(Locations(list), before);
+  }
+  EXPECT_EQ(list.Revision(), revision);
+  list.Sort(Column::kLocation, ByteOrder());
+  EXPECT_EQ(Locations(list), Texts(before.rbegin(), before.rend())) << "the first sort is still a descending one";
+}
+
 TEST(FileListIcons, RowsOfOneTypeShareAKey) {
   FileList list(kLin);
   const std::uint32_t midi = list.IconNumber("MIDI");

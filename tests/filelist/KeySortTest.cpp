@@ -18,7 +18,8 @@ using enum KeySort::Order;
 Numbers Sorted(const Texts& keys, KeySort::Order order) {
   KeySort sort;
   for (const std::string& key : keys) sort.Add(sort.Keep(key));
-  return sort.Sorted(order);
+  Unwatched unwatched;
+  return sort.Sorted(order, unwatched).value();
 }
 
 Numbers SortedPlainly(const Texts& keys, KeySort::Order order) {
