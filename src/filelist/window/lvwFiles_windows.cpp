@@ -334,8 +334,13 @@ bool WindowsFileList::ShowRows(const Changes& changes) {
 }
 
 std::vector<int> WindowsFileList::NativeSelection() const {
+  const int count = view_->GetSelectedItemCount();
   std::vector<int> rows;
-  rows.reserve(static_cast<std::size_t>(view_->GetSelectedItemCount()));
+  rows.reserve(static_cast<std::size_t>(count));
+  if (count == view_->GetItemCount()) {  // without a question for each of very many rows
+    for (int index = 1; index <= count; ++index) rows.push_back(index);
+    return rows;
+  }
   long row = -1;
   while ((row = view_->GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) != -1) {
     rows.push_back(static_cast<int>(row) + 1);

@@ -66,5 +66,14 @@ TEST_F(DesktopStyle, FollowsTheFont) {
   EXPECT_GT(Control(gtk_button_new_with_label("OK")).Height(), smallButton * 3 / 2);
 }
 
+TEST_F(DesktopStyle, KnowsTheDirectionOfTheText) {
+  const GtkTextDirection before = gtk_widget_get_default_direction();
+  gtk_widget_set_default_direction(GTK_TEXT_DIR_RTL);
+  EXPECT_TRUE(ReadsRightToLeft());
+  gtk_widget_set_default_direction(GTK_TEXT_DIR_LTR);
+  EXPECT_FALSE(ReadsRightToLeft());
+  gtk_widget_set_default_direction(before);
+}
+
 }  // namespace
 }  // namespace quillon
