@@ -57,9 +57,8 @@ std::pair<const char*, std::string> NameAndBytes(Files::Kind kind, int number) {
   const test::TagTexts comments = {{"TITLE", title}, {"ARTIST", "Some artist"}, {"ALBUM", "Some album"}};
   const std::string sound(20000, 'x');
   switch (kind) {
-    case Files::Kind::kMixed:
-      if (number % 2 == 0) return {".mid", SimpleMidiFile("Tune number " + std::to_string(number), "Somebody")};
-      break;
+    case Files::Kind::kMixed: return NameAndBytes(number % 2 == 0 ? Files::Kind::kMidi : Files::Kind::kMp3, number);
+    case Files::Kind::kMidi: return {".mid", SimpleMidiFile("Tune number " + std::to_string(number), "Somebody")};
     case Files::Kind::kNewerMp3: return {".mp3", NewerMp3(title)};
     case Files::Kind::kFlac: return {".flac", test::FlacFile(comments) + sound};
     case Files::Kind::kM4a:
@@ -84,7 +83,7 @@ std::string NewFolder() {
   return name + "/";
 }
 
-int ReadFile(const std::string& path) {
+int ReadFile(const std::string& path, const FileRead& read) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) return 0;
   struct stat status {};
@@ -101,6 +100,7 @@ int ReadFile(const std::string& path) {
     }
   }
   close(file);
+  if (read) read(path, length);
   return 1;
 }
 
@@ -111,7 +111,7 @@ Files::Files(Kind kind, int count) : folder_(NewFolder()) {
     const std::string folder = folder_ + std::to_string(1000 + i / kFilesPerFolder) + "/";
     if (i % kFilesPerFolder == 0) std::filesystem::create_directory(folder);
     const auto [extension, bytes] = NameAndBytes(kind, i);
-    paths_.push_back(folder + "file" + std::to_string(100000 + i) + extension);
+    paths_.push_back(folder + "file" + std::to_string(kFirstNumber + i) + extension);
     std::ofstream(paths_.back(), std::ios::binary) << bytes;
   }
 }
@@ -128,7 +128,7 @@ Files& SharedFiles(Files::Kind kind, int count) {
   return *files;
 }
 
-int ReadWithSystemCalls(const std::string& folder) {
+int ReadWithSystemCalls(const std::string& folder, const FileRead& read) {
   int count = 0;
   std::vector<std::string> below;
   DIR* const directory = opendir(folder.c_str());
@@ -139,8 +139,8 @@ int ReadWithSystemCalls(const std::string& folder) {
     (entry->d_type == DT_DIR ? below : names).emplace_back(entry->d_name);
   }
   closedir(directory);
-  for (const std::string& name : names) count += ReadFile(folder + name);
-  for (const std::string& name : below) count += ReadWithSystemCalls(folder + name + "/");
+  for (const std::string& name : names) count += ReadFile(folder + name, read);
+  for (const std::string& name : below) count += ReadWithSystemCalls(folder + name + "/", read);
   return count;
 }
 

@@ -7,9 +7,10 @@ import subprocess
 import sys
 import time
 
+from report import REPETITIONS, row
+
 TRUE_LENGTH = 30000
 SEEKS = [25000, 1000, 14321, 28000, 7777]
-REPETITIONS = int(os.environ.get("REPETITIONS", "5"))
 SECONDS = 10  # of processor time measured
 programs, media = sys.argv[1:3]
 
@@ -89,9 +90,10 @@ def measure_file(name):
         started.append(play + until_moving(device, 0))
         errors += [astray(device, place) for place in SEEKS]
         device.close()
-    print(f"{name:12} {statistics.median(lengths):8.0f} {max(abs(n - TRUE_LENGTH) for n in lengths):8.0f} "
-          f"{statistics.median(errors):9.0f} {max(errors):6.0f} {opened[0]:9.0f} {statistics.median(opened):7.0f} "
-          f"{statistics.median(started):7.0f}", flush=True)
+    off = max(abs(length - TRUE_LENGTH) for length in lengths)
+    row(f"{name}: from play until it sounds", f"{statistics.median(started):.0f} ms",
+        f"opened in {statistics.median(opened):.0f} ms (first {opened[0]:.0f})")
+    row("  its length is off by", f"{off:.0f} ms", f"a position by {statistics.median(errors):.0f} ms, at most {max(errors):.0f}")
 
 
 def ticks(path):
@@ -121,8 +123,8 @@ def measure_window(name):
         playing = share()
         if playing[1] < 0.5:
             sys.exit("error: nothing plays")
-        print(f"{name}: the window's thread {playing[0]:.1f} % of a core while it plays, {idle[0]:.1f} % before "
-              f"(goal under 5 %: {'met' if playing[0] < 5 else 'MISSED'}); the whole process {playing[1]:.1f} %")
+        row(f"{name}: the window's thread while it plays", f"{playing[0]:.1f} %",
+            f"{idle[0]:.1f} % before, whole process {playing[1]:.1f} %", None, "under 5 %", playing[0] < 5)
     finally:
         window.kill()
         window.wait()
@@ -130,7 +132,6 @@ def measure_window(name):
 
 def main():
     write_midi(os.path.join(media, "notes.mid"))
-    print("milliseconds   length   off by  astray: median    most   open: first, median   until it plays")
     for name in sorted(os.listdir(media)):
         measure_file(name)
     measure_window("tone.mp3")

@@ -39,6 +39,8 @@ play_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-
 # Libraries of the test programs, which the preset builds.
 test_build_packages=(libgtest-dev libgmock-dev libxcb1-dev libxml2-dev libchm-dev)
 benchmark_packages=(libbenchmark-dev)
+# Other readers of tags to measure against. Kid3 is used where it is installed, too; it needs Qt.
+peer_packages=(python3-mutagen libimage-exiftool-perl)
 test_packages=("${test_build_packages[@]}" gstreamer1.0-tools locales util-linux strace fp-utils-3.2.2 zsh fish)
 # Fonts and icons for the window, and a tool to check for a display.
 look_packages=(fonts-ipafont-gothic adwaita-icon-theme librsvg2-common shared-mime-info x11-utils)
