@@ -133,7 +133,7 @@ class FileReads {
   /// Reads the files of this list one after another. A file whose contents are not on this computer, but would be
   /// fetched from a network when it is read (a placeholder of a cloud drive on Windows), cannot be opened. The list,
   /// `needs` and this object must outlive the reading.
-  [[nodiscard]] virtual std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, NeedsOf needs);
+  [[nodiscard]] virtual std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needs);
 
   /// True when a file exists at this path and may be accessed.
   [[nodiscard]] bool IsFile(const std::string& path) {

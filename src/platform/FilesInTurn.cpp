@@ -61,7 +61,7 @@ std::unique_ptr<FilesInTurn> MakeOneByOne(const PathList& list, std::unique_ptr<
   return std::make_unique<OneByOne>(list, std::move(opener));
 }
 
-std::unique_ptr<FilesInTurn> FileReads::ReadInTurn(const PathList& list, NeedsOf /*needs*/) {
+std::unique_ptr<FilesInTurn> FileReads::ReadInTurn(const PathList& list, const NeedsOf& /*needs*/) {
   return MakeOneByOne(list, std::make_unique<FilesByPath>(*this));
 }
 

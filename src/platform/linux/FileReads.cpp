@@ -110,9 +110,9 @@ class LinuxFileReads final : public FileReads {
     return StatusAt(AT_FDCWD, path.c_str());
   }
 
-  std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, NeedsOf needs) override {
-    if (!options_.readAhead || list.size() < kFewestReadAhead) return FileReads::ReadInTurn(list, std::move(needs));
-    return MakeReadAhead(list, std::move(needs), &MakeFolderFiles, {.files = FilesKeptOpen()});
+  std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needs) override {
+    if (!options_.readAhead || list.size() < kFewestReadAhead) return FileReads::ReadInTurn(list, needs);
+    return MakeReadAhead(list, needs, &MakeFolderFiles, {.files = FilesKeptOpen()});
   }
 
   std::optional<ExactNames> ExactNamesIn(const std::string& folder) override { return ListExactNames(folder); }

@@ -188,9 +188,9 @@ class WindowsFileReads final : public FileReads {
 
   Result<FileStatus, FileError> Status(const std::string& path) override { return StatusOfPath(path); }
 
-  std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, NeedsOf needs) override {
+  std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needs) override {
     if (!options_.readAhead || list.size() < kFewestReadAhead) return MakeOneByOne(list, MakeLocalFiles());
-    return MakeReadAhead(list, std::move(needs), &MakeLocalFiles, {});
+    return MakeReadAhead(list, needs, &MakeLocalFiles, {});
   }
 
   bool SameFile(const std::string& left, const std::string& right) override {
