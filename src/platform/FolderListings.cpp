@@ -108,7 +108,9 @@ class Exchange {
 
   std::string TakeFolder() {
     std::string folder = wanted_ ? *std::exchange(wanted_, std::nullopt) : upcoming_.back();
-    if (!upcoming_.empty() && upcoming_.back() == folder) upcoming_.pop_back();
+    // Wanted or not, it is the last one, unless it lies behind a link.
+    const auto found = std::find(upcoming_.rbegin(), upcoming_.rend(), folder);
+    if (found != upcoming_.rend()) upcoming_.erase(std::next(found).base());
     return folder;
   }
 

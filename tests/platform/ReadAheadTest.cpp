@@ -24,7 +24,7 @@ std::string BytesOf(std::string_view name) {
 
 /// What the openers of a test do and have done, on whatever thread.
 struct Disk {
-  std::chrono::milliseconds wait{0};
+  std::atomic<std::chrono::milliseconds> wait = std::chrono::milliseconds(0);
   std::atomic<int> failures{0};    ///< so many opens lack resources
   std::atomic<int> exceptions{0};  ///< so many opens throw
   std::atomic<int> opens{0};
@@ -33,6 +33,8 @@ struct Disk {
   std::atomic<int> mostOpen{0};
   std::atomic<int> atOnce{0};
   std::atomic<int> mostAtOnce{0};
+  const std::thread::id reader = std::this_thread::get_id();
+  std::atomic<int> readersStatuses{0};
 
   static void Raise(std::atomic<int>& most, int value) {
     for (int before = most; before < value && !most.compare_exchange_weak(before, value);) {
@@ -69,7 +71,7 @@ class DiskOpener final : public FileOpener {
 
   Opened Open(const PathList::File& file) override {
     Disk::Raise(disk_.mostAtOnce, ++disk_.atOnce);
-    std::this_thread::sleep_for(disk_.wait);
+    std::this_thread::sleep_for(disk_.wait.load());
     --disk_.atOnce;
     ++disk_.opens;
     if (Disk::TakeOne(disk_.exceptions)) throw std::bad_alloc();
@@ -79,6 +81,7 @@ class DiskOpener final : public FileOpener {
   }
   Result<FileStatus, FileError> Status(const PathList::File& file) override {
     ++disk_.statuses;
+    if (std::this_thread::get_id() == disk_.reader) ++disk_.readersStatuses;
     if (file.name.starts_with("absent")) return FileStatus();
     return FileStatus{FileStatus::Kind::kFile, BytesOf(file.name).size(), 0};
   }
@@ -115,6 +118,9 @@ void ExpectAllContents(FilesInTurn& reading, const PathList& list) {
     ASSERT_EQ(open->Read(bytes.size() - 4, 4), " end");
     ASSERT_EQ(open->Read(bytes.size() - 2, 40), "nd");
     ASSERT_EQ(open->Read(bytes.size(), 1), "");
+    std::string longer(bytes.size() + 50, '\0');
+    ASSERT_EQ(open->ReadAt(3, longer.data(), longer.size()), bytes.size() - 3);
+    ASSERT_EQ(longer.substr(0, bytes.size() - 3), bytes.substr(3));
   }
 }
 
@@ -219,6 +225,44 @@ TEST(ReadAhead, EndsWithoutReadingTheRest) {
   }
   EXPECT_LE(disk.opens, 64);
   EXPECT_EQ(disk.open, 0);
+}
+
+TEST(ReadAhead, EndsWithTheFilesThatAreBeingRead) {
+  const PathList list = Numbered(1000);
+  Disk disk;
+  auto reading = Reading(disk, list, All({What::kContents, 5000}), {.files = 64, .threads = 1});
+  while (disk.opens < 64) std::this_thread::yield();
+  disk.wait = std::chrono::milliseconds(50);
+  for (int i = 0; i < 20; ++i) reading->Next();  // which lets the thread have a piece of several files
+  while (disk.atOnce == 0) std::this_thread::yield();
+  reading = nullptr;
+  EXPECT_LE(disk.opens, 66) << "the one that was being read, not its whole piece";
+}
+
+TEST(ReadAhead, AFileIsClosedOnceItsTurnIsOver) {
+  const PathList list = Numbered(8);
+  Disk disk;
+  const auto reading = Reading(disk, list, All({What::kContents, 8}));
+  while (disk.open < 8) std::this_thread::yield();
+  for (int i = 0; i < 8; ++i) {
+    reading->Next();
+    EXPECT_EQ(disk.open, 8 - i);
+  }
+}
+
+TEST(ReadAhead, TheStatusOfWhatCannotBeOpenedIsReadAhead) {
+  PathList list;
+  for (int i = 0; i < 64; ++i) list.Add("/", "absent" + std::to_string(i));
+  Disk disk;
+  const auto reading = Reading(disk, list, All({What::kContents, 8}));
+  while (disk.statuses < 64) std::this_thread::yield();
+  for (int i = 0; i < 64; ++i) {
+    reading->Next();
+    EXPECT_FALSE(reading->Open());
+    EXPECT_TRUE(reading->Status().Ok());
+  }
+  EXPECT_EQ(disk.statuses, 64);
+  EXPECT_EQ(disk.readersStatuses, 0);
 }
 
 TEST(ReadAhead, WhatCouldNotBeReadForLackOfResourcesIsReadInItsTurn) {

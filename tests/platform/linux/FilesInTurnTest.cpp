@@ -1,0 +1,84 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <climits>
+#include <string>
+
+#include "platform/FileSystem.h"
+#include "support/TempFolder.h"
+
+namespace quillon::test {
+namespace {
+
+FileNeeds Contents(const PathList::File&) {
+  return {FileNeeds::What::kContents, 2048};
+}
+
+/// Folders in folders, until their path and a name of the longest kind are too long for the system. Returns the path.
+std::string DeepFolder(const TempFolder& top) {
+  const std::string name(200, 'd');
+  std::string path = top.Path();
+  int folder = ::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+  while (path.size() + name.size() + 1 < PATH_MAX - 20) {
+    ::mkdirat(folder, name.c_str(), 0700);
+    const int below = ::openat(folder, name.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    ::close(folder);
+    folder = below;
+    path += name + "/";
+  }
+  for (int i = 0; i < 20; ++i) {
+    const std::string file = std::to_string(100 + i) + std::string(240, 'f');
+    ::close(::openat(folder, file.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
+  }
+  ::close(folder);
+  return path;
+}
+
+TEST(FilesInTurnOnLinux, APathThatIsTooLongLeadsNowhereThoughItsFolderCanBeOpened) {
+  const TempFolder top;
+  const std::string folder = DeepFolder(top);
+  PathList list;
+  for (int i = 0; i < 20; ++i) list.Add(folder, std::to_string(100 + i) + std::string(240, 'f'));
+  for (const bool ahead : {true, false}) {
+    const auto files = MakeFileReads({.readAhead = ahead});
+    ASSERT_TRUE(files->ReadFolder(folder).Ok());
+    const auto reading = files->ReadInTurn(list, Contents);
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      reading->Next();
+      EXPECT_FALSE(reading->Open());
+      const auto status = reading->Status();
+      ASSERT_FALSE(status.Ok());
+      EXPECT_EQ(status.Failure().number, file_error::kNotFound);
+    }
+  }
+}
+
+TEST(FilesInTurnOnLinux, FewDescriptorsAreEnough) {
+  const TempFolder folder;
+  PathList list;
+  for (int i = 0; i < 500; ++i) {
+    folder.Write(std::to_string(i), std::string(5000, 'x'));
+    list.Add(folder.Path(), std::to_string(i));
+  }
+  rlimit before = {};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+  rlimit few = before;
+  few.rlim_cur = 48;
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+  const auto files = MakeFileReads();
+  const auto reading = files->ReadInTurn(list, Contents);
+  int opened = 0;
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    reading->Next();
+    ByteSource* const open = reading->Open();
+    if (open != nullptr && open->Read(3000, 10) == "xxxxxxxxxx") ++opened;
+  }
+  ::setrlimit(RLIMIT_NOFILE, &before);
+  EXPECT_EQ(opened, 500);
+}
+
+}  // namespace
+}  // namespace quillon::test
