@@ -75,12 +75,12 @@ void KeySort::SortRange(const Range& range, Order order, std::vector<Range>& fur
 }
 
 std::optional<std::vector<std::uint32_t>> KeySort::Sorted(Order order, Progress& progress) {
-  constexpr std::size_t kAtOnce = 256;  // ranges between two questions
+  constexpr std::size_t kBetween = 256;  // ranges between two questions
   std::size_t sorted = 0;
   std::vector<Range> ranges;
   if (entries_.size() > 1) ranges.push_back({0, entries_.size(), 0});
   while (!ranges.empty()) {
-    if (sorted++ % kAtOnce == 0 && !progress.Continue()) return std::nullopt;
+    if (sorted++ % kBetween == 0 && !progress.Continue()) return std::nullopt;
     const Range range = ranges.back();
     ranges.pop_back();
     SortRange(range, order, ranges);
