@@ -1,0 +1,7 @@
+#include "platform/desktop/ToolBarArrows.h"
+
+namespace quillon {
+
+void DrawToolBarArrows(void* /*toolBar*/) {}
+
+}  // namespace quillon
