@@ -47,9 +47,9 @@ on_display() {
 measure() {
   case $1 in
     engine)
-      "$copy/quillon-benchmarks" --benchmark_repetitions="${REPETITIONS:-5}" --benchmark_min_time=0.05 \
+      "$copy/quillon-benchmarks" --benchmark_repetitions="${REPETITIONS:-3}" --benchmark_min_time=0.05 \
         --benchmark_enable_random_interleaving=true --benchmark_out="$copy/results.json" --benchmark_out_format=json \
-        >/dev/null
+        >/dev/null 2>"$copy/messages" || fail "quillon-benchmarks: $(tail -n 1 "$copy/messages")"
       python3 benchmarks/engine.py "$copy/results.json"
       ;;
     list | slow | million) python3 benchmarks/disk.py "$copy" "$1" ;;

@@ -33,7 +33,7 @@ void Print(const std::string& text) {
 int main(int argc, char** argv) {
   using namespace quillon::benchmarks;
   if (argc != 2) {
-    std::fputs("usage: quillon-list-floor FOLDER\n", stderr);
+    static_cast<void>(std::fputs("usage: quillon-list-floor FOLDER\n", stderr));
     return 2;
   }
   std::string lines;

@@ -37,7 +37,7 @@ int Run(const char* folder, bool readAhead) {
 int main(int argc, char** argv) {
   const std::string_view way = argc == 3 ? argv[2] : "";
   if (way != "ahead" && way != "in-turn") {
-    std::fputs("usage: quillon-load-folder FOLDER ahead|in-turn\n", stderr);
+    static_cast<void>(std::fputs("usage: quillon-load-folder FOLDER ahead|in-turn\n", stderr));
     return 2;
   }
   return quillon::benchmarks::Run(argv[1], way == "ahead");

@@ -2,6 +2,7 @@
 
 import json
 import re
+import statistics
 import sys
 
 from report import row
@@ -11,16 +12,17 @@ def medians(path):
     """Each benchmark's median real time over its repetitions, in microseconds per file, and its counters."""
     with open(path, encoding="utf-8") as file:
         rows = json.load(file)["benchmarks"]
-    times, counters = {}, {}
+    runs, counters = {}, {}
     scale = {"ns": 1e-3, "us": 1.0, "ms": 1e3, "s": 1e6}
-    for row in rows:
-        if row.get("error_occurred"):
-            sys.exit(f"error: {row['name']}: {row['error_message']}")
-        name = re.sub("/iterations:[0-9]+|/real_time", "", row["run_name"])
-        counters.setdefault(name, row)
-        if row["run_type"] == "aggregate" and row["aggregate_name"] == "median":
+    for each in rows:
+        if each.get("error_occurred"):
+            sys.exit(f"error: {each['name']}: {each['error_message']}")
+        name = re.sub("/iterations:[0-9]+|/real_time", "", each["run_name"])
+        counters.setdefault(name, each)
+        if each["run_type"] == "iteration":
             count = int(name.split("/")[-1]) if name.split("/")[-1].isdigit() else 1
-            times[name] = row["real_time"] * scale[row["time_unit"]] / count
+            runs.setdefault(name, []).append(each["real_time"] * scale[each["time_unit"]] / count)
+    times = {name: statistics.median(values) for name, values in runs.items()}
     return times, counters
 
 

@@ -8,7 +8,7 @@ import subprocess
 import sys
 import time
 
-REPETITIONS = int(os.environ.get("REPETITIONS", "5"))
+REPETITIONS = int(os.environ.get("REPETITIONS", "3"))
 
 
 def heading():
