@@ -17,7 +17,8 @@ TEST(AwayFile, IsListedWithoutBeingOpened) {
   for (int i = 0; i < 20; ++i) {
     const std::string path = folder.Write(std::to_string(i) + ".mid", "content");
     list.Add(folder.Path(), std::to_string(i) + ".mid");
-    if (i % 2 == 0) ASSERT_TRUE(::SetFileAttributesW(SystemPath(path)->c_str(), FILE_ATTRIBUTE_OFFLINE));
+    const DWORD attributes = i % 2 == 0 ? FILE_ATTRIBUTE_OFFLINE : FILE_ATTRIBUTE_NORMAL;
+    ASSERT_TRUE(::SetFileAttributesW(SystemPath(path)->c_str(), attributes));
   }
   const DWORD kept = ::GetFileAttributesW(SystemPath(folder.At("0.mid"))->c_str());
   if ((kept & FILE_ATTRIBUTE_OFFLINE) == 0) GTEST_SKIP() << "the attribute is not kept here";
