@@ -219,11 +219,12 @@ void frmMain::GrowSmallestSize() {
 // Widens a window on the screen until all panels of the status bar show their whole texts, as far as the screen is wide
 // enough.
 void frmMain::GrowForCounts() {
-  const int width = std::min(StatusTextsWidth() + shadow_, QueryScreen().width);
-  if (!settled_ || width <= GetMinSize().x) return;
+  if (!settled_ || IsIconized()) return;
+  const int width = std::min(GetSize().x + MissingStatusWidth(), QueryScreen().width);
+  if (width <= GetMinSize().x) return;
   SetMinSize(wxSize(width, GetMinSize().y));
   wxRect place = GetRect();
-  if (place.width >= width || IsMaximized() || IsIconized()) return;
+  if (place.width >= width || IsMaximized()) return;
   place.width = grownWidth_ = width;
   SetSize(MovedOntoScreen(place, FromDIP(kTitleBar), place.GetTopLeft()));
 }

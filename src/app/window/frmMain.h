@@ -108,8 +108,8 @@ class frmMain final : public wxFrame,
   void MakeStatusBar();
   void ShowCounts(const std::array<std::string, 3>& counts);
   wxStatusBar* OnCreateStatusBar(int number, long style, wxWindowID id, const wxString& name) override;
-  [[nodiscard]] int StatusTextsWidth() const;
   [[nodiscard]] int StatusBarWidth() const;
+  [[nodiscard]] int MissingStatusWidth() const;
   void RefreshPictures();
   [[nodiscard]] lvwFiles::Handlers ListHandlers();
   void BindEvents();

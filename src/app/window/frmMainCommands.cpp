@@ -32,9 +32,9 @@ constexpr int kPlayerPanel = 1;
 constexpr int kFirstCountPanel = 2;
 constexpr int kPanels = 5;
 
-constexpr int kPanelMargin = 12;   // DIP
-constexpr int kGrip = 28;          // DIP
-constexpr int kPanelBorders = 32;  // DIP: of all panels
+constexpr int kPanelMargin = 12;  // DIP
+constexpr int kGrip = 28;         // DIP
+constexpr int kTextEdges = 6;     // DIP: beside a panel's text
 
 wxString MenuText(const CommandEntry& entry) {
   const wxString caption = ToWx(entry.caption);
@@ -188,16 +188,24 @@ wxStatusBar* frmMain::OnCreateStatusBar(int number, long style, wxWindowID /*id*
   return bar;
 }
 
-// The least width at which every panel shows its whole text while no file is selected.
-int frmMain::StatusTextsWidth() const {
+// The width at which every panel shows its whole text while no file is selected.
+int frmMain::StatusBarWidth() const {
   const wxStatusBar& bar = *GetStatusBar();
-  int width = bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + bar.FromDIP(kPanelBorders);
+  int width = bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + 2 * bar.FromDIP(kPanelMargin) +
+              bar.FromDIP(kGrip);
   for (int i = 0; i < kPanels; ++i) width += std::max(bar.GetStatusWidth(i), 0);
   return width;
 }
 
-int frmMain::StatusBarWidth() const {
-  return StatusTextsWidth() + FromDIP(2 * kPanelMargin + kGrip - kPanelBorders);
+// By how much the bar is too narrow for that now.
+int frmMain::MissingStatusWidth() const {
+  const wxStatusBar& bar = *GetStatusBar();
+  wxRect player;
+  wxRect last;
+  if (!bar.GetFieldRect(kPlayerPanel, player) || !bar.GetFieldRect(kPanels - 1, last)) return 0;
+  const int text = bar.GetTextExtent(ToWx(PlayerText(PlayerState::kIdle, {}))).x + bar.FromDIP(kTextEdges);
+  const int beyond = std::max(last.GetRight() + 1 - bar.GetClientSize().x, 0);
+  return text - player.width + beyond;
 }
 
 lvwFiles::Handlers frmMain::ListHandlers() {
