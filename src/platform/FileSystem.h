@@ -97,7 +97,8 @@ enum class NameUnit { kByte, kUtf16 };
 
 /// The names in a folder in which each entry is found under its listed name alone.
 struct ExactNames {
-  /// A name that is not longer, nor "." or "..", in a path that is not longer: absent when it is not listed.
+  /// Names of at most this length, in paths of at most this length, do not exist when they are not listed. Nothing is
+  /// known of longer ones, nor of "." and "..".
   static constexpr std::size_t kLongestName = 255;
   static constexpr std::size_t kLongestPath = 4095;
 
@@ -131,8 +132,8 @@ class FileReads {
   virtual Result<FileStatus, FileError> Status(const std::string& path) = 0;
 
   /// Reads the files of this list one after another. A file whose contents are not on this computer, but would be
-  /// fetched from a network when it is read (a placeholder of a cloud drive on Windows), cannot be opened. The list,
-  /// `needs` and this object must outlive the reading.
+  /// fetched from a network when it is read (a placeholder of a cloud drive on Windows), cannot be opened. The list and
+  /// this object must outlive the reading.
   [[nodiscard]] virtual std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needs);
 
   /// True when a file exists at this path and may be accessed.

@@ -52,6 +52,49 @@ class Exchange {
 
   /// What the thread does.
   void Work() {
+    try {
+      ListFolders();
+    } catch (const std::exception&) {  // no memory
+      const std::lock_guard lock(mutex_);
+      failure_ = std::current_exception();
+      listing_.reset();
+      forReader_.notify_one();
+    }
+  }
+
+  /// Adds what is listed to `listed`, once this folder, which the reader wants next, is among it. False when `progress`
+  /// cancels.
+  bool Take(const std::string& folder, std::deque<ListedFolder>& listed, Progress& progress) {
+    std::unique_lock lock(mutex_);
+    if (listing_ != folder && Find(folder) == listed_.end()) wanted_ = folder;
+    forThread_.notify_one();
+    while (Find(folder) == listed_.end()) {
+      if (failure_) std::rethrow_exception(failure_);
+      if (forReader_.wait_for(lock, kBetweenQuestions) == std::cv_status::no_timeout) continue;
+      lock.unlock();
+      const bool goesOn = progress.Continue();
+      lock.lock();
+      if (!goesOn) return false;
+    }
+    // What is not next, because a link leads elsewhere first, stays here, where its number is bounded.
+    const auto first = Find(folder);
+    const auto last = first == listed_.begin() ? listed_.end() : std::next(first);
+    for (auto one = first; one != last; ++one) entries_ -= EntriesOf(*one);
+    std::move(first, last, std::back_inserter(listed));
+    listed_.erase(first, last);
+    return true;
+  }
+
+  /// Ends the thread; false when it is in a folder, whose listing may never end.
+  bool End() {
+    const std::lock_guard lock(mutex_);
+    abandoned_ = true;
+    forThread_.notify_one();
+    return !listing_;
+  }
+
+ private:
+  void ListFolders() {
     std::unique_lock lock(mutex_);
     for (;;) {
       forThread_.wait(lock, [this] { return abandoned_ || HasWork(); });
@@ -67,43 +110,23 @@ class Exchange {
       listing_.reset();
       // The last one is next.
       upcoming_.insert(upcoming_.end(), std::move_iterator(below.rbegin()), std::move_iterator(below.rend()));
-      if (listed.listing && *listed.listing) entries_ += (**listed.listing).size();
+      entries_ += EntriesOf(listed);
       listed_.push_back(std::move(listed));
       if (tookLong || listed_.size() >= kWakeForFolders || !HasWork()) forReader_.notify_one();
     }
   }
 
-  /// Adds what is listed to `listed`, once there is something. For the folder that is wanted next, the reader calls
-  /// this until it is among them. False when `progress` cancels.
-  bool Take(const std::string& folder, std::deque<ListedFolder>& listed, Progress& progress) {
-    std::unique_lock lock(mutex_);
-    const auto isFolder = [&](const ListedFolder& one) { return one.folder == folder; };
-    if (listing_ != folder && std::none_of(listed_.begin(), listed_.end(), isFolder)) wanted_ = folder;
-    forThread_.notify_one();
-    while (listed_.empty()) {
-      if (forReader_.wait_for(lock, kBetweenQuestions) == std::cv_status::no_timeout) continue;
-      lock.unlock();
-      const bool goesOn = progress.Continue();
-      lock.lock();
-      if (!goesOn) return false;
-    }
-    std::move(listed_.begin(), listed_.end(), std::back_inserter(listed));
-    listed_.clear();
-    entries_ = 0;
-    return true;
-  }
-
-  /// Ends the thread; false when it is in a folder, whose listing may never end.
-  bool End() {
-    const std::lock_guard lock(mutex_);
-    abandoned_ = true;
-    forThread_.notify_one();
-    return !listing_;
-  }
-
- private:
   [[nodiscard]] bool HasWork() const {
     return wanted_ || (!upcoming_.empty() && listed_.size() < kMostFolders && entries_ < kMostEntries);
+  }
+
+  std::deque<ListedFolder>::iterator Find(const std::string& folder) {
+    return std::find_if(listed_.begin(), listed_.end(),
+                        [&](const ListedFolder& listed) { return listed.folder == folder; });
+  }
+
+  static std::size_t EntriesOf(const ListedFolder& listed) {
+    return listed.listing && *listed.listing ? (**listed.listing).size() : 0;
   }
 
   std::string TakeFolder() {
@@ -141,8 +164,9 @@ class Exchange {
   std::optional<std::string> wanted_;   // what the reader waits for, unless it is being listed
   std::optional<std::string> listing_;  // what the thread is listing
   std::vector<std::string> upcoming_;
-  std::vector<ListedFolder> listed_;
-  std::size_t entries_ = 0;  // of listed_
+  std::deque<ListedFolder> listed_;
+  std::size_t entries_ = 0;     // of listed_
+  std::exception_ptr failure_;  // what has ended the thread
 };
 
 class ListingsAhead final : public FolderListings {

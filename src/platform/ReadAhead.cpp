@@ -40,7 +40,7 @@ class ReadAhead final : public FilesInTurn {
         upcoming_(list.begin()),
         needs_(std::move(needs)),
         makeOpener_(std::move(makeOpener)),
-        mostThreads_(limits.threads),
+        mostThreads_(std::min(limits.threads, limits.files)),
         slots_(std::min(std::bit_floor(limits.files), std::bit_ceil(list.size()))),
         ownOpener_(makeOpener_()) {
     threads_.reserve(mostThreads_);
@@ -50,11 +50,7 @@ class ReadAhead final : public FilesInTurn {
   ReadAhead(const ReadAhead&) = delete;
   ReadAhead& operator=(const ReadAhead&) = delete;
 
-  ~ReadAhead() override {
-    ends_.store(true, std::memory_order_relaxed);
-    WakeThreads();
-    for (std::thread& thread : threads_) thread.join();
-  }
+  ~ReadAhead() override { EndThreads(); }
 
   void Next() override {
     if (started_) {
@@ -76,7 +72,7 @@ class ReadAhead final : public FilesInTurn {
     AwaitCurrent();
     // What could not be prepared, or was not expected, is read as if there were no forecast.
     if (!prepared.IsPrepared() || Current().needs.what != FileNeeds::What::kContents) {
-      opened_ = ownOpener_->Open(Current().file).file;
+      opened_ = OpenNow();
       return opened_.get();
     }
     return prepared.IsOpen() ? &prepared : nullptr;
@@ -97,6 +93,23 @@ class ReadAhead final : public FilesInTurn {
 
   Slot& SlotOf(std::size_t index) { return slots_[index & (slots_.size() - 1)]; }
   Slot& Current() { return SlotOf(current_); }
+
+  void EndThreads() {
+    ends_.store(true, std::memory_order_relaxed);
+    WakeThreads();
+    for (std::thread& thread : threads_) thread.join();
+    threads_.clear();
+  }
+
+  // The current file needs what the prepared ones keep open. Without them, each file is read in its turn.
+  std::unique_ptr<ByteSource> OpenNow() {
+    FileOpener::Opened opened = ownOpener_->Open(Current().file);
+    if (!opened.lacksResources || ends_.load(std::memory_order_relaxed)) return std::move(opened.file);
+    EndThreads();
+    mostThreads_ = 0;
+    for (Slot& slot : slots_) slot.prepared.Release();
+    return ownOpener_->Open(Current().file).file;
+  }
 
   // Lets the threads have the next files, in the slots that are free.
   void Announce() {
@@ -168,6 +181,7 @@ class ReadAhead final : public FilesInTurn {
   }
 
   void AwaitCurrent() {
+    if (ends_.load(std::memory_order_relaxed)) return;  // see OpenNow
     while (Current().done.load(std::memory_order_acquire) == 0) {
       const Piece piece = TakePiece(1);
       if (piece.first < piece.end) {

@@ -221,6 +221,21 @@ TEST(FolderListings, NotMoreThanSomeFoldersAreListedAhead) {
   EXPECT_LT(f.source->Listed().size(), 600U);
 }
 
+TEST(FolderListings, LinksReadInBetweenDoNotRaiseThatNumber) {
+  constexpr int kLinks = 20;
+  Fixture f;
+  f.Grow("/", 5000, 1);
+  for (int i = 0; i < kLinks; ++i) f.source->folders["/link" + std::to_string(i) + "/"] = {};
+  auto listings = f.Start(true);
+  ASSERT_TRUE(listings->Read("/", f.unwatched));
+  for (int i = 0; i < kLinks; ++i) {
+    ASSERT_TRUE(listings->Read("/link" + std::to_string(i) + "/", f.unwatched));
+  }
+  ASSERT_TRUE(listings->Read("/0/", f.unwatched));
+  listings = nullptr;
+  EXPECT_LT(f.source->Listed().size(), 600U);
+}
+
 TEST(FolderListings, TheSystemsListingsAreThoseOfReadFolder) {
   const TempFolder folder;
   for (int i = 0; i < 300; ++i) folder.Write("a/" + std::to_string(i % 20) + "/" + std::to_string(i) + ".mid");

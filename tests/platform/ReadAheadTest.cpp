@@ -25,8 +25,9 @@ std::string BytesOf(std::string_view name) {
 /// What the openers of a test do and have done, on whatever thread.
 struct Disk {
   std::atomic<std::chrono::milliseconds> wait = std::chrono::milliseconds(0);
-  std::atomic<int> failures{0};    ///< so many opens lack resources
-  std::atomic<int> exceptions{0};  ///< so many opens throw
+  std::atomic<int> failures{0};     ///< so many opens lack resources
+  std::atomic<int> exceptions{0};   ///< so many opens throw
+  std::atomic<int> mostKept{1000};  ///< opens lack resources while so many files are open
   std::atomic<int> opens{0};
   std::atomic<int> statuses{0};
   std::atomic<int> open{0};  ///< files that are open now
@@ -75,7 +76,7 @@ class DiskOpener final : public FileOpener {
     --disk_.atOnce;
     ++disk_.opens;
     if (Disk::TakeOne(disk_.exceptions)) throw std::bad_alloc();
-    if (Disk::TakeOne(disk_.failures)) return {nullptr, true};
+    if (Disk::TakeOne(disk_.failures) || disk_.open >= disk_.mostKept) return {nullptr, true};
     if (file.name.starts_with("absent")) return {};
     return {std::make_unique<DiskFile>(disk_, BytesOf(file.name))};
   }
@@ -278,6 +279,23 @@ TEST(ReadAhead, WhatCouldNotBeReadForLackOfResourcesIsReadInItsTurn) {
   const auto other = Reading(throwing, list, All({What::kContents, 5000}), {.files = 32, .threads = 3});
   while (throwing.exceptions > 0) std::this_thread::yield();
   ExpectAllContents(*other, list);
+}
+
+TEST(ReadAhead, AFileInItsTurnGetsWhatPreparedFilesKeepOpen) {
+  const PathList list = Numbered(300);
+  Disk disk;
+  disk.mostKept = 3;
+  const FileNeeds start{What::kContents, 10};  // which leaves the files open
+  const auto reading = Reading(disk, list, All(start), {.files = 32, .threads = 3});
+  reading->Next();
+  ASSERT_TRUE(reading->Open());
+  while (disk.opens < 32) std::this_thread::yield();
+  for (std::size_t turn = 1; turn < list.size(); ++turn) {
+    reading->Next();
+    ByteSource* const open = reading->Open();
+    ASSERT_TRUE(open) << turn;
+    ASSERT_EQ(open->Read(open->Size() - 4, 4), " end") << turn;
+  }
 }
 
 TEST(ReadAhead, FilesThatTakeLongAreReadSideBySide) {

@@ -237,6 +237,7 @@ void frmMain::SettleAt(const wxRect& place) {
   OnPanelSize();
   GrowSmallestSize();
   settled_ = true;
+  GrowForCounts();
 }
 
 // A shadow that counts as part of the window is only known when it is shown. The window is enlarged by it, once.

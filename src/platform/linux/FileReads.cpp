@@ -111,8 +111,10 @@ class LinuxFileReads final : public FileReads {
   }
 
   std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needs) override {
-    if (!options_.readAhead || list.size() < kFewestReadAhead) return FileReads::ReadInTurn(list, needs);
-    return MakeReadAhead(list, needs, &MakeFolderFiles, {.files = FilesKeptOpen()});
+    const std::size_t keptOpen = FilesKeptOpen();
+    if (!options_.readAhead || list.size() < kFewestReadAhead || keptOpen == 0)
+      return FileReads::ReadInTurn(list, needs);
+    return MakeReadAhead(list, needs, &MakeFolderFiles, {.files = keptOpen});
   }
 
   std::optional<ExactNames> ExactNamesIn(const std::string& folder) override { return ListExactNames(folder); }

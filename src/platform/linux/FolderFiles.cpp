@@ -80,10 +80,11 @@ std::unique_ptr<FileOpener> MakeFolderFiles() {
 
 std::size_t FilesKeptOpen() {
   constexpr std::size_t kMost = 128;
-  constexpr std::size_t kFewest = 4;
+  constexpr std::size_t kShare = 8;  // each thread keeps a folder open, too
   rlimit limit = {};
-  if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) return kFewest;
-  return std::clamp(static_cast<std::size_t>(std::min<rlim_t>(limit.rlim_cur, 8 * kMost)) / 8, kFewest, kMost);
+  if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) return 0;
+  const std::size_t files = static_cast<std::size_t>(std::min<rlim_t>(limit.rlim_cur, kShare * kMost)) / kShare;
+  return files < kShare ? 0 : files;
 }
 
 }  // namespace quillon

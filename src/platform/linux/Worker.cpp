@@ -1,7 +1,7 @@
 #include "platform/Worker.h"
 
 #include <csignal>
-#include <system_error>
+#include <exception>
 #include <utility>
 
 namespace quillon {
@@ -15,7 +15,7 @@ std::optional<std::thread> StartWorker(std::function<void()> work) {
   std::optional<std::thread> worker;
   try {
     worker.emplace(std::move(work));
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {  // no thread, or no memory for one
     worker.reset();
   }
   pthread_sigmask(SIG_SETMASK, &before, nullptr);

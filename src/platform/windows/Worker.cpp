@@ -1,13 +1,13 @@
 #include "platform/Worker.h"
 
-#include <system_error>
+#include <exception>
 #include <utility>
 
 namespace quillon {
 
 std::optional<std::thread> StartWorker(std::function<void()> work) try {
   return std::thread(std::move(work));
-} catch (const std::system_error&) {
+} catch (const std::exception&) {
   return std::nullopt;
 }
 

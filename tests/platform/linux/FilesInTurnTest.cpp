@@ -56,7 +56,10 @@ TEST(FilesInTurnOnLinux, APathThatIsTooLongLeadsNowhereThoughItsFolderCanBeOpene
   }
 }
 
-TEST(FilesInTurnOnLinux, FewDescriptorsAreEnough) {
+class FewDescriptors : public testing::TestWithParam<rlim_t> {};
+INSTANTIATE_TEST_SUITE_P(Limits, FewDescriptors, testing::Values(12, 16, 24, 48, 64, 80));
+
+TEST_P(FewDescriptors, AreEnough) {
   const TempFolder folder;
   PathList list;
   for (int i = 0; i < 500; ++i) {
@@ -66,7 +69,7 @@ TEST(FilesInTurnOnLinux, FewDescriptorsAreEnough) {
   rlimit before = {};
   ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
   rlimit few = before;
-  few.rlim_cur = 48;
+  few.rlim_cur = GetParam();
   ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
   const auto files = MakeFileReads();
   const auto reading = files->ReadInTurn(list, Contents);
