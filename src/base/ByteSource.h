@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace quillon {
 
@@ -22,6 +23,9 @@ class ByteSource {
 
   /// Reads up to `count` bytes from `offset`; fewer at the end of the file or where reading fails. Returns how many.
   virtual std::size_t ReadAt(std::uint64_t offset, char* into, std::size_t count) = 0;
+
+  /// These bytes, if they are all in memory already; else nothing. Valid as long as the file is open.
+  [[nodiscard]] virtual std::string_view InMemory(std::uint64_t /*offset*/, std::size_t /*count*/) const { return {}; }
 
   /// The largest number of bytes that Read returns.
   static constexpr std::uint64_t kLongestRead = std::uint64_t{32} << 20u;

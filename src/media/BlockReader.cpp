@@ -7,6 +7,8 @@ namespace quillon {
 std::string_view BlockReader::View(std::uint64_t offset, std::uint64_t count) {
   if (offset >= size_ || count == 0) return {};
   const auto wanted = static_cast<std::size_t>(std::min({count, size_ - offset, std::uint64_t{kLongestView}}));
+  // Another thread may have read them: what is not looked at then stays in that processor's cache.
+  if (const std::string_view held = file_.InMemory(offset, wanted); !held.empty()) return held;
   if (wanted > kBlockLength) {
     large_.resize(wanted);
     return {large_.data(), file_.ReadAt(offset, large_.data(), wanted)};

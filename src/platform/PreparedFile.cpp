@@ -56,12 +56,19 @@ std::size_t PreparedFile::ReadAt(std::uint64_t offset, char* into, std::size_t c
     if (offset >= size_) return 0;
     count = static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - offset));
   }
-  for (const Part* part : {&head_, &tail_}) {
-    if (!part->Holds(offset, count)) continue;
-    if (count > 0) std::memcpy(into, part->bytes.data() + (offset - part->offset), count);
+  if (count == 0) return 0;
+  if (const std::string_view held = InMemory(offset, count); !held.empty()) {
+    std::memcpy(into, held.data(), count);
     return count;
   }
   return file_ ? file_->ReadAt(offset, into, count) : 0;
+}
+
+std::string_view PreparedFile::InMemory(std::uint64_t offset, std::size_t count) const {
+  for (const Part* part : {&head_, &tail_}) {
+    if (part->Holds(offset, count)) return {part->bytes.data() + (offset - part->offset), count};
+  }
+  return {};
 }
 
 }  // namespace quillon

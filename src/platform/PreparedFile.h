@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "platform/FileOpener.h"
@@ -27,6 +28,7 @@ class PreparedFile final : public ByteSource {
   [[nodiscard]] std::uint64_t Size() const override { return size_; }
   [[nodiscard]] bool IsHiddenOrSystem() const override { return hiddenOrSystem_; }
   std::size_t ReadAt(std::uint64_t offset, char* into, std::size_t count) override;
+  [[nodiscard]] std::string_view InMemory(std::uint64_t offset, std::size_t count) const override;
 
  private:
   void ReadParts(const FileNeeds& needs);

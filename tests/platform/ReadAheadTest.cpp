@@ -119,6 +119,9 @@ void ExpectAllContents(FilesInTurn& reading, const PathList& list) {
     ASSERT_EQ(open->Read(bytes.size() - 4, 4), " end");
     ASSERT_EQ(open->Read(bytes.size() - 2, 40), "nd");
     ASSERT_EQ(open->Read(bytes.size(), 1), "");
+    const std::string_view held = open->InMemory(5, 6);
+    ASSERT_TRUE(held.empty() || held == bytes.substr(5, 6));
+    ASSERT_EQ(open->InMemory(bytes.size() - 1, 2), "");
     std::string longer(bytes.size() + 50, '\0');
     ASSERT_EQ(open->ReadAt(3, longer.data(), longer.size()), bytes.size() - 3);
     ASSERT_EQ(longer.substr(0, bytes.size() - 3), bytes.substr(3));
@@ -214,6 +217,20 @@ TEST(ReadAhead, AFileThatWasReadWholeIsClosedAtOnce) {
   ASSERT_TRUE(reading->Open());
   while (disk.opens < 32) std::this_thread::yield();
   EXPECT_LE(disk.mostOpen, 3) << "one by each thread";
+}
+
+TEST(ReadAhead, PreparedBytesAreInMemory) {
+  const PathList list = Numbered(20);
+  Disk disk;
+  const auto reading = Reading(disk, list, All({What::kContents, 10, 4}));
+  for (const PathList::File file : list) {
+    reading->Next();
+    ByteSource* const open = reading->Open();
+    ASSERT_TRUE(open);
+    EXPECT_EQ(open->InMemory(2, 8), BytesOf(file.name).substr(2, 8));
+    EXPECT_EQ(open->InMemory(2, 9), "");
+    EXPECT_EQ(open->InMemory(open->Size() - 4, 4), " end");
+  }
 }
 
 TEST(ReadAhead, EndsWithoutReadingTheRest) {
