@@ -226,7 +226,12 @@ void frmMain::GrowForCounts() {
   wxRect place = GetRect();
   if (place.width >= width || IsMaximized()) return;
   place.width = grownWidth_ = width;
-  SetSize(MovedOntoScreen(place, FromDIP(kTitleBar), place.GetTopLeft()));
+  const wxRect onScreen = MovedOntoScreen(place, FromDIP(kTitleBar), place.GetTopLeft());
+  if (onScreen.GetTopLeft() == place.GetTopLeft()) {
+    SetSize(width, place.height);  // giving its place, too, moves a window that has just been shown
+  } else {
+    SetSize(onScreen);
+  }
 }
 
 // Runs once the window is on the screen: only then are the frame's sizes known, and GTK may have lost the window's
@@ -284,6 +289,7 @@ void frmMain::Place(wxSize size) {
 }
 
 void frmMain::KeepSettings() {
+  if (IsShown() && !settled_) return;  // it has no place of its own yet
   OptionValues& options = app_->Options();
   const wxRect rect = GetRect();
   if (WindowsHavePlaces()) {
