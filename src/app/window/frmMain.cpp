@@ -242,7 +242,6 @@ void frmMain::SettleAt(const wxRect& place) {
   OnPanelSize();
   GrowSmallestSize();
   settled_ = true;
-  GrowForCounts();
 }
 
 // A shadow that counts as part of the window is only known when it is shown. The window is enlarged by it, once.
