@@ -3,20 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/FirstBytes.h"
+
 namespace quillon {
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{256} << 10;
 constexpr std::size_t kAtOnce = 8;
-
-/// The first bytes of a text as one number, which is ordered as they are. A shorter text ends with zeros.
-std::uint64_t FirstBytes(std::string_view text) {
-  std::uint64_t number = 0;
-  for (std::size_t i = 0; i < kAtOnce; ++i) {
-    number = number << 8u | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
-  }
-  return number;
-}
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/FirstBytes.h"
 #include "base/Text.h"
 
 namespace quillon {
@@ -59,14 +60,6 @@ std::size_t SharedPrefix(const std::string& arena, const std::vector<Key>& keys)
   return shared;
 }
 
-std::uint64_t StartOf(std::string_view name) {
-  std::uint64_t start = 0;
-  for (std::size_t i = 0; i < 8; ++i) {
-    start = start << 8u | (i < name.size() ? static_cast<unsigned char>(name[i]) : 0u);
-  }
-  return start;
-}
-
 // An estimate: a few letters change their length by a byte when upper-cased.
 void ReserveFor(std::string& arena, const std::vector<FolderEntry>& entries) {
   std::size_t bytes = 0;
@@ -102,7 +95,7 @@ void SortAsVolumeLists(std::vector<FolderEntry>& entries) {
         {0, offset, static_cast<std::uint32_t>(arena.size() - offset), static_cast<std::uint32_t>(keys.size())});
   }
   const std::size_t shared = SharedPrefix(arena, keys);
-  for (Key& key : keys) key.start = StartOf(UpperName(arena, key).substr(shared));
+  for (Key& key : keys) key.start = FirstBytes(UpperName(arena, key).substr(shared));
   std::sort(keys.begin(), keys.end(), [&](const Key& left, const Key& right) {
     if (left.start != right.start) return left.start < right.start;
     const int order = UpperName(arena, left).substr(shared).compare(UpperName(arena, right).substr(shared));

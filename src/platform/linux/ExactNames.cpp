@@ -12,14 +12,11 @@
 #include <memory>
 #include <string_view>
 
+#include "platform/linux/OpenFolder.h"
 #include "platform/linux/SystemError.h"
 
 namespace quillon {
 namespace {
-
-struct FolderCloser {
-  void operator()(DIR* folder) const { ::closedir(folder); }
-};
 
 // Drivers for volumes of this system alone, which tell names apart by their bytes, and list them all. Some of them can
 // ignore letter case in single folders.
@@ -68,7 +65,7 @@ bool TellsLetterCaseApart(const ExactNames& names, const IsNameThere& isThere) {
 
 std::optional<ExactNames> ListExactNames(const std::string& folder) {
   if (HoldsNul(folder)) return std::nullopt;
-  const std::unique_ptr<DIR, FolderCloser> open(::opendir(folder.c_str()));
+  const OpenFolder open(::opendir(folder.c_str()));
   if (!open || !NamesAreBytes(open.get())) return std::nullopt;
   ExactNames names;
   errno = 0;

@@ -16,16 +16,12 @@
 #include "platform/linux/ExactNames.h"
 #include "platform/linux/FolderFiles.h"
 #include "platform/linux/OpenAt.h"
+#include "platform/linux/OpenFolder.h"
 #include "platform/linux/SystemError.h"
 #include "platform/linux/VolumeNameUnit.h"
 
 namespace quillon {
 namespace {
-
-struct FolderCloser {
-  void operator()(DIR* folder) const { ::closedir(folder); }
-};
-using OpenFolder = std::unique_ptr<DIR, FolderCloser>;
 
 enum class EntryKind { kFile, kFolder, kLink, kUnknown, kOther };
 
