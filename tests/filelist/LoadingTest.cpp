@@ -116,12 +116,16 @@ class Some final : public Progress {
   int left_;
 };
 
+FoundFiles EverythingIn(FileReads& files, const TempFolder& folder) {
+  Unwatched unwatched;
+  return FolderSearch(files, unwatched).Search(folder.Path(), "", true);
+}
+
 TEST(Loading, ACancelledLoadKeepsTheRowsSoFar) {
   const TempFolder folder;
   MakeSongs(folder, 100);
   const auto files = MakeFileReads();
-  Unwatched unwatched;
-  const FoundFiles found = FolderSearch(*files, unwatched).Search(folder.Path(), "", true);
+  const FoundFiles found = EverythingIn(*files, folder);
   FileList list;
   Some some(30);
   RegisterFiles(list, *files, found.paths, {}, some);
@@ -133,7 +137,7 @@ TEST(Loading, FilesThatVanishMeanwhileArePassedOver) {
   MakeSongs(folder, 600);
   const auto files = MakeFileReads();
   Unwatched unwatched;
-  const FoundFiles found = FolderSearch(*files, unwatched).Search(folder.Path(), "", true);
+  const FoundFiles found = EverythingIn(*files, folder);
   const auto changes = MakeFileChanges();
   std::thread other([&] {
     std::size_t index = 0;
