@@ -4,12 +4,13 @@
 #include <atomic>
 #include <bit>
 #include <chrono>
-#include <cstdint>
+#include <limits>
 #include <thread>
 #include <utility>
 #include <vector>
 
 #include "platform/PreparedFile.h"
+#include "platform/WaitingThreads.h"
 #include "platform/Worker.h"
 
 namespace quillon {
@@ -25,9 +26,10 @@ constexpr int kSlowPieces = 2;
 constexpr std::size_t kLargestPiece = 8;
 /// The files that are announced at a time.
 constexpr std::size_t kAnnouncedAtOnce = 16;
+constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
 
 struct alignas(64) Slot {
-  std::atomic<std::uint32_t> done = 0;
+  std::atomic<bool> done = false;
   PathList::File file;
   FileNeeds needs;
   PreparedFile prepared;
@@ -95,8 +97,8 @@ class ReadAhead final : public FilesInTurn {
   Slot& Current() { return SlotOf(current_); }
 
   void EndThreads() {
-    ends_.store(true, std::memory_order_relaxed);
-    WakeThreads();
+    ends_.store(true);
+    idle_.Wake();
     for (std::thread& thread : threads_) thread.join();
     threads_.clear();
   }
@@ -120,15 +122,10 @@ class ReadAhead final : public FilesInTurn {
       Slot& slot = SlotOf(announced);
       slot.file = *upcoming_;
       slot.needs = needs_(slot.file);
-      slot.done.store(0, std::memory_order_relaxed);
+      slot.done.store(false, std::memory_order_relaxed);
     }
-    announced_.store(announced, std::memory_order_release);
-    WakeThreads();
-  }
-
-  void WakeThreads() {
-    wakings_.fetch_add(1, std::memory_order_release);
-    wakings_.notify_all();
+    announced_.store(announced);
+    idle_.Wake();
   }
 
   void StartThreads(std::size_t count) {
@@ -155,18 +152,17 @@ class ReadAhead final : public FilesInTurn {
   void Prepare(std::size_t index, FileOpener& opener) {
     Slot& slot = SlotOf(index);
     slot.prepared.Prepare(opener, slot.file, slot.needs);
-    slot.done.store(1, std::memory_order_release);
-    slot.done.notify_one();
+    slot.done.store(true);
+    if (awaited_.load() == index) reader_.Wake();
   }
 
   // What the threads do.
   void Work(FileOpener& opener) {
     for (std::size_t length = 1;;) {
-      const std::uint32_t wakings = wakings_.load(std::memory_order_acquire);
       if (ends_.load(std::memory_order_relaxed)) return;
       const Piece piece = TakePiece(length);
       if (piece.first == piece.end) {
-        wakings_.wait(wakings, std::memory_order_acquire);
+        idle_.WaitUntil([this] { return ends_.load() || nextPiece_.load() < announced_.load(); });
         continue;
       }
       const Clock::time_point start = Clock::now();
@@ -182,12 +178,14 @@ class ReadAhead final : public FilesInTurn {
 
   void AwaitCurrent() {
     if (ends_.load(std::memory_order_relaxed)) return;  // see OpenNow
-    while (Current().done.load(std::memory_order_acquire) == 0) {
+    while (!Current().done.load(std::memory_order_acquire)) {
       const Piece piece = TakePiece(1);
       if (piece.first < piece.end) {
         Prepare(piece.first, *ownOpener_);
       } else {
-        Current().done.wait(0, std::memory_order_acquire);
+        awaited_.store(current_);
+        reader_.WaitUntil([this] { return Current().done.load(); });
+        awaited_.store(kNone, std::memory_order_relaxed);
       }
     }
   }
@@ -206,8 +204,10 @@ class ReadAhead final : public FilesInTurn {
   std::vector<std::thread> threads_;
   // Of all threads:
   alignas(64) std::atomic<std::size_t> announced_ = 0;
-  std::atomic<std::uint32_t> wakings_ = 0;
   std::atomic<bool> ends_ = false;
+  std::atomic<std::size_t> awaited_ = kNone;  // the file that the reader waits for
+  WaitingThreads idle_;
+  WaitingThreads reader_;
   alignas(64) std::atomic<std::size_t> nextPiece_ = 0;
   alignas(64) std::atomic<int> slowPieces_ = 0;
 };
