@@ -37,13 +37,20 @@ END
 await has_window_manager || { echo "error: no window manager" >&2 && exit 1; }
 export XDG_RUNTIME_DIR=$folder
 screen=${SCREEN:-1280x1024}
-weston --backend=x11-backend.so --use-pixman --fullscreen --width="${screen%x*}" --height="${screen#*x}" --config="$folder/weston.ini" \
-  --socket="$socket" --log="$folder/weston.log" >/dev/null 2>&1 &
-compositor=$!
-if ! await is_ready || has_ended; then
-  echo "error: no Wayland: weston does not start" >&2
-  cat "$folder/weston.log" >&2
-  exit 1
+start() {
+  weston --backend=x11-backend.so --use-pixman --fullscreen --width="${screen%x*}" --height="${screen#*x}" \
+    --config="$folder/weston.ini" --socket="$socket" --log="$folder/weston.log" >/dev/null 2>&1 &
+  compositor=$!
+  await is_ready && ! has_ended
+}
+# At times it waits for ever for its window to be mapped.
+if ! start; then
+  kill "$compositor" 2>/dev/null || true
+  if ! start; then
+    echo "error: no Wayland: weston does not start" >&2
+    cat "$folder/weston.log" >&2
+    exit 1
+  fi
 fi
 export WAYLAND_DISPLAY=$socket GDK_BACKEND=wayland
 "$@"

@@ -46,8 +46,9 @@ class FilmsInMainWindow : public PlayerOfMainWindow {
     return ScreenPixel({picture.x + (2 * bar + 1) * picture.width / 14, picture.y + picture.height / 3});
   }
 
-  /// Which of red, green and blue are bright, as letters.
+  /// Which of red, green and blue are bright, as letters. A place outside the screen has no colour.
   static std::string Channels(const wxColour& colour) {
+    if (!colour.IsOk()) return "none";
     constexpr int kBright = 100;
     std::string channels;
     if (colour.Red() > kBright) channels += 'R';
