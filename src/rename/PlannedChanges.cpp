@@ -11,8 +11,8 @@ namespace quillon {
 
 namespace {
 
-// One file's old and new name are asked for; more are likely to follow.
-constexpr int kAskedBeforeListing = 2;
+// Asking for the old and the new names of some files costs less than listing a large folder.
+constexpr int kAskedBeforeListing = 16;
 
 bool ListingTells(std::string_view path) {
   const std::string_view name = FileName(path);

@@ -48,12 +48,14 @@ bool NamesAreExact(const test::TempFolder& folder) {
   return MakeFileReads()->ExactNamesIn(folder.Path()).has_value();
 }
 
-TEST(PlannedChangesAsk, ForOneFileTheDiskAlone) {
+TEST(PlannedChangesAsk, ForAFewFilesTheDiskAlone) {
   const test::TempFolder folder;
-  const std::string path = folder.Write("a.mid");
   CountedReads files;
-  EXPECT_FALSE(PlannedChanges(files).Rename(path, folder.At("b.mid")));
-  EXPECT_EQ(files.statuses, 2);
+  PlannedChanges planned(files);
+  for (const char* const name : {"1", "2", "3", "4", "5", "6", "7", "8"}) {
+    EXPECT_FALSE(planned.Rename(folder.Write(name), folder.At(std::string("to ") + name)));
+  }
+  EXPECT_EQ(files.statuses, 16);
   EXPECT_EQ(files.listings, 0);
 }
 
@@ -70,7 +72,7 @@ TEST(PlannedChangesAsk, ForManyFilesTheFolderOnce) {
   EXPECT_EQ(planned.Rename(folder.At("title 1.mid"), folder.At("title 2.mid"))->number, file_error::kAlreadyExists);
   EXPECT_EQ(planned.Rename(folder.At("1.mid"), folder.At("x.mid"))->number, file_error::kNotFound);
   EXPECT_FALSE(planned.Rename(folder.At("title 2.mid"), folder.At("1.mid"))) << "freed names are free";
-  EXPECT_EQ(files.statuses, 2);
+  EXPECT_EQ(files.statuses, 16) << "for eight files";
   EXPECT_EQ(files.listings, 1);
   EXPECT_EQ(files.foldersRead, 0);
 }
@@ -121,6 +123,10 @@ TEST(PlannedChangesAsk, AndAnswerTheSameWithAListingAndWithout) {
   asked.exact = false;
   PlannedChanges one(exact);
   PlannedChanges other(asked);
+  for (int i = 0; exact.listings == 0 && i < 100; ++i) {
+    EXPECT_TRUE(one.Rename(folder.At("absent " + std::to_string(i)), folder.At("x")));
+  }
+  ASSERT_EQ(exact.listings, 1);
   for (const auto& [from, to] : renames) {
     SCOPED_TRACE(from + " -> " + to.substr(0, 20));
     const FileOutcome expected = other.Rename(folder.At(from), folder.At(to));
