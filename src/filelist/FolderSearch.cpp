@@ -89,6 +89,7 @@ FoundFiles FolderSearch::Search(const std::string& folder, const std::string& fi
   found_ = {};
   searched_.clear();
   linkedFrom_.clear();
+  realFolder_ = {};
   root_ = WithTrailingSeparator(folder, style_);
   listings_ = files_.ListFolders(subfolders);
   SearchFolder(root_, 0);
@@ -146,7 +147,7 @@ bool FolderSearch::SearchFolder(const std::string& folder, int depth) {
 
 // Returns false when the whole search must end; true also when this folder is skipped.
 bool FolderSearch::SearchBelow(const std::string& folder, const FolderEntry& entry, int depth) {
-  if (entry.isLink && !FollowLink(folder, entry)) return true;
+  if (entry.isLink && !FollowLink(folder, entry)) return !found_.cancelled;
   const std::string below = folder + entry.name + PathSeparator(style_);
   bool goOn = true;
   if (depth < kDeepest) {
@@ -160,11 +161,20 @@ bool FolderSearch::SearchBelow(const std::string& folder, const FolderEntry& ent
 
 // Returns true when the link is to be followed; the folder that holds it is then the last of linkedFrom_.
 bool FolderSearch::FollowLink(const std::string& folder, const FolderEntry& link) {
-  const std::string target = files_.RealPath(folder + link.name);
-  if (target.empty()) return false;
-  const std::string leadsTo = WithTrailingSeparator(target, style_);
-  if (searched_.empty()) searched_.push_back(WithTrailingSeparator(files_.RealPath(root_), style_));
-  const std::string here = WithTrailingSeparator(files_.RealPath(folder), style_);
+  const std::optional<std::string> target = RealPath(folder + link.name);
+  if (!target || target->empty()) return false;
+  const std::string leadsTo = WithTrailingSeparator(*target, style_);
+  if (searched_.empty()) {
+    const std::optional<std::string> root = RealPath(root_);
+    if (!root) return false;
+    searched_.push_back(WithTrailingSeparator(*root, style_));
+  }
+  if (folder != realFolder_.folder) {
+    const std::optional<std::string> path = RealPath(folder);
+    if (!path) return false;
+    realFolder_ = {folder, WithTrailingSeparator(*path, style_)};
+  }
+  const std::string here = realFolder_.path;
   const bool searchedAnyway = std::any_of(searched_.begin(), searched_.end(),
                                           [&](const std::string& whole) { return leadsTo.starts_with(whole); });
   const bool leadsBackUp =
@@ -174,6 +184,13 @@ bool FolderSearch::FollowLink(const std::string& folder, const FolderEntry& link
   searched_.push_back(leadsTo);
   linkedFrom_.push_back(here);
   return true;
+}
+
+// Nothing when the search is cancelled meanwhile.
+std::optional<std::string> FolderSearch::RealPath(const std::string& folder) {
+  std::optional<std::string> path = listings_->RealPath(folder, progress_);
+  if (!path) found_.cancelled = true;
+  return path;
 }
 
 }  // namespace quillon

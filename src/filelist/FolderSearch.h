@@ -51,6 +51,7 @@ class FolderSearch {
   bool SearchFolder(const std::string& folder, int depth);
   bool SearchBelow(const std::string& folder, const FolderEntry& entry, int depth);
   bool FollowLink(const std::string& folder, const FolderEntry& link);
+  std::optional<std::string> RealPath(const std::string& folder);
 
   FileReads& files_;
   Progress& progress_;
@@ -63,6 +64,10 @@ class FolderSearch {
   std::string root_;
   std::vector<std::string> searched_;    // real folders that are searched whole; empty until the first link
   std::vector<std::string> linkedFrom_;  // the real folders of the links being followed
+  struct {
+    std::string folder;
+    std::string path;
+  } realFolder_;  // of the folder whose links were followed last
 };
 
 }  // namespace quillon

@@ -26,7 +26,4 @@ class FileOpener {
   [[nodiscard]] virtual Result<FileStatus, FileError> Status(const PathList::File& file) = 0;
 };
 
-/// Reads each file of the list when its turn has come.
-[[nodiscard]] std::unique_ptr<FilesInTurn> MakeOneByOne(const PathList& list, std::unique_ptr<FileOpener> opener);
-
 }  // namespace quillon

@@ -124,16 +124,16 @@ class FileReads {
   /// cannot be reached.
   virtual std::string RealPath(const std::string& folder) = 0;
 
-  /// Opens a regular file for reading, with sharing, so that other programs can still use it; null when that fails.
+  /// Opens a regular file for reading, with sharing, so that other programs can still use it; null when that fails. A
+  /// file whose contents are not on this computer, but would be fetched from a network when it is read (a placeholder
+  /// of a cloud drive on Windows), is not opened.
   virtual std::unique_ptr<ByteSource> OpenFile(const std::string& path) = 0;
 
   /// The kind of entry at this path, links followed; kOther for a dangling link. A missing file is kAbsent, not an
   /// error. Errors are a path that is invalid on this system (53) and one that may not be accessed (75).
   virtual Result<FileStatus, FileError> Status(const std::string& path) = 0;
 
-  /// Reads the files of this list one after another. A file whose contents are not on this computer, but would be
-  /// fetched from a network when it is read (a placeholder of a cloud drive on Windows), cannot be opened. The list and
-  /// this object must outlive the reading.
+  /// Reads the files of this list one after another. The list and this object must outlive the reading.
   [[nodiscard]] virtual std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needs);
 
   /// True when a file exists at this path and may be accessed.

@@ -21,6 +21,7 @@ struct FileNeeds {
   std::size_t head = 0;              ///< bytes from the start
   std::size_t tail = 0;              ///< bytes before the end
   std::string_view tailUnless = {};  ///< files that begin with this need no tail; lives as long as the reading
+  bool statusToo = false;
 };
 
 /// Called on the thread of the reader, for each file some time before its turn.
@@ -40,6 +41,9 @@ class FilesInTurn {
 
   /// FileReads::Status for this file.
   [[nodiscard]] virtual Result<FileStatus, FileError> Status() = 0;
+
+  /// Closes this file before the next one's turn, for a caller that changes it. Nothing is asked of it afterwards.
+  virtual void Release() = 0;
 };
 
 }  // namespace quillon

@@ -33,6 +33,9 @@ class OneByOne final : public FolderListings {
   std::optional<Listing> Read(const std::string& folder, Progress& /*progress*/) override {
     return files_.ReadFolder(folder);
   }
+  std::optional<std::string> RealPath(const std::string& folder, Progress& /*progress*/) override {
+    return files_.RealPath(folder);
+  }
 
  private:
   FileReads& files_;
@@ -47,16 +50,17 @@ struct ListedFolder {
 /// What the reader and its thread share. It lives as long as either of them.
 class Exchange {
  public:
-  Exchange(ListFolder list, bool subfolders, char separator)
-      : list_(std::move(list)), subfolders_(subfolders), separator_(separator) {}
+  Exchange(FolderQuestions ask, bool subfolders, char separator)
+      : ask_(std::move(ask)), subfolders_(subfolders), separator_(separator) {}
 
   /// What the thread does.
   void Work() {
     try {
-      ListFolders();
+      Answer();
     } catch (const std::exception&) {  // no memory
       const std::lock_guard lock(mutex_);
       failure_ = std::current_exception();
+      asks_ = false;
       listing_.reset();
       forReader_.notify_one();
     }
@@ -68,7 +72,39 @@ class Exchange {
     std::unique_lock lock(mutex_);
     if (listing_ != folder && Find(folder) == listed_.end()) wanted_ = folder;
     forThread_.notify_one();
-    while (Find(folder) == listed_.end()) {
+    if (!Await(lock, progress, [&] { return Find(folder) != listed_.end(); })) return false;
+    // While the reader has others, because a link leads elsewhere first, the rest stays here, where its number is
+    // bounded.
+    const auto first = Find(folder);
+    const auto last = first == listed_.begin() && listed.empty() ? listed_.end() : std::next(first);
+    for (auto one = first; one != last; ++one) entries_ -= EntriesOf(*one);
+    std::move(first, last, std::back_inserter(listed));
+    listed_.erase(first, last);
+    return true;
+  }
+
+  /// Nothing when `progress` cancels.
+  std::optional<std::string> RealPath(const std::string& folder, Progress& progress) {
+    std::unique_lock lock(mutex_);
+    unresolved_ = folder;
+    realPath_.reset();
+    forThread_.notify_one();
+    if (!Await(lock, progress, [&] { return realPath_.has_value(); })) return std::nullopt;
+    return *std::exchange(realPath_, std::nullopt);
+  }
+
+  /// Ends the thread; false when it asks the system, which may never answer.
+  bool End() {
+    const std::lock_guard lock(mutex_);
+    abandoned_ = true;
+    forThread_.notify_one();
+    return !asks_;
+  }
+
+ private:
+  template <class Ready>
+  bool Await(std::unique_lock<std::mutex>& lock, Progress& progress, const Ready& ready) {
+    while (!ready()) {
       if (failure_) std::rethrow_exception(failure_);
       if (forReader_.wait_for(lock, kBetweenQuestions) == std::cv_status::no_timeout) continue;
       lock.unlock();
@@ -76,48 +112,52 @@ class Exchange {
       lock.lock();
       if (!goesOn) return false;
     }
-    // What is not next, because a link leads elsewhere first, stays here, where its number is bounded.
-    const auto first = Find(folder);
-    const auto last = first == listed_.begin() ? listed_.end() : std::next(first);
-    for (auto one = first; one != last; ++one) entries_ -= EntriesOf(*one);
-    std::move(first, last, std::back_inserter(listed));
-    listed_.erase(first, last);
     return true;
   }
 
-  /// Ends the thread; false when it is in a folder, whose listing may never end.
-  bool End() {
-    const std::lock_guard lock(mutex_);
-    abandoned_ = true;
-    forThread_.notify_one();
-    return !listing_;
-  }
-
- private:
-  void ListFolders() {
+  void Answer() {
     std::unique_lock lock(mutex_);
     for (;;) {
       forThread_.wait(lock, [this] { return abandoned_ || HasWork(); });
       if (abandoned_) return;
-      listing_ = TakeFolder();
-      lock.unlock();
-      const Clock::time_point start = Clock::now();
-      ListedFolder listed = List(*listing_);  // which only this thread changes
-      std::vector<std::string> below = FoldersBelow(listed);
-      const bool tookLong = Clock::now() - start > kLongForAFolder;
-      lock.lock();
-      if (wanted_ == listed.folder) wanted_.reset();
-      listing_.reset();
-      // The last one is next.
-      upcoming_.insert(upcoming_.end(), std::move_iterator(below.rbegin()), std::move_iterator(below.rend()));
-      entries_ += EntriesOf(listed);
-      listed_.push_back(std::move(listed));
-      if (tookLong || listed_.size() >= kWakeForFolders || !HasWork()) forReader_.notify_one();
+      asks_ = true;
+      if (unresolved_) {
+        Resolve(lock);
+      } else {
+        ListNext(lock);
+      }
+      asks_ = false;
     }
   }
 
+  void Resolve(std::unique_lock<std::mutex>& lock) {
+    const std::string folder = *std::exchange(unresolved_, std::nullopt);
+    lock.unlock();
+    std::string found = ask_.realPath(folder);
+    lock.lock();
+    realPath_ = std::move(found);
+    forReader_.notify_one();
+  }
+
+  void ListNext(std::unique_lock<std::mutex>& lock) {
+    listing_ = TakeFolder();
+    lock.unlock();
+    const Clock::time_point start = Clock::now();
+    ListedFolder listed = List(*listing_);  // which only this thread changes
+    std::vector<std::string> below = FoldersBelow(listed);
+    const bool tookLong = Clock::now() - start > kLongForAFolder;
+    lock.lock();
+    if (wanted_ == listed.folder) wanted_.reset();
+    listing_.reset();
+    // The last one is next.
+    upcoming_.insert(upcoming_.end(), std::move_iterator(below.rbegin()), std::move_iterator(below.rend()));
+    entries_ += EntriesOf(listed);
+    listed_.push_back(std::move(listed));
+    if (tookLong || listed_.size() >= kWakeForFolders || !HasWork()) forReader_.notify_one();
+  }
+
   [[nodiscard]] bool HasWork() const {
-    return wanted_ || (!upcoming_.empty() && listed_.size() < kMostFolders && entries_ < kMostEntries);
+    return unresolved_ || wanted_ || (!upcoming_.empty() && listed_.size() < kMostFolders && entries_ < kMostEntries);
   }
 
   std::deque<ListedFolder>::iterator Find(const std::string& folder) {
@@ -139,7 +179,7 @@ class Exchange {
 
   ListedFolder List(const std::string& folder) {
     try {
-      return {folder, list_(folder, abandoned_), nullptr};
+      return {folder, ask_.list(folder, abandoned_), nullptr};
     } catch (const std::exception&) {
       return {folder, std::nullopt, std::current_exception()};
     }
@@ -154,15 +194,18 @@ class Exchange {
     return below;
   }
 
-  const ListFolder list_;
+  const FolderQuestions ask_;
   const bool subfolders_;
   const char separator_;
   std::atomic<bool> abandoned_ = false;
   std::mutex mutex_;
   std::condition_variable forThread_;
   std::condition_variable forReader_;
-  std::optional<std::string> wanted_;   // what the reader waits for, unless it is being listed
-  std::optional<std::string> listing_;  // what the thread is listing
+  bool asks_ = false;                      // the thread does not hold the lock, because it asks the system
+  std::optional<std::string> unresolved_;  // whose real path the reader waits for
+  std::optional<std::string> realPath_;    // the answer
+  std::optional<std::string> wanted_;      // what the reader waits for, unless it is being listed
+  std::optional<std::string> listing_;     // what the thread is listing
   std::vector<std::string> upcoming_;
   std::deque<ListedFolder> listed_;
   std::size_t entries_ = 0;     // of listed_
@@ -171,8 +214,8 @@ class Exchange {
 
 class ListingsAhead final : public FolderListings {
  public:
-  ListingsAhead(ListFolder list, bool subfolders, char separator)
-      : list_(list), exchange_(std::make_shared<Exchange>(std::move(list), subfolders, separator)) {
+  ListingsAhead(FolderQuestions ask, bool subfolders, char separator)
+      : ask_(ask), exchange_(std::make_shared<Exchange>(std::move(ask), subfolders, separator)) {
     thread_ = StartWorker([exchange = exchange_] { exchange->Work(); });
   }
   ListingsAhead(const ListingsAhead&) = delete;
@@ -188,7 +231,7 @@ class ListingsAhead final : public FolderListings {
   }
 
   std::optional<Listing> Read(const std::string& folder, Progress& progress) override {
-    if (!thread_) return list_(folder, std::atomic<bool>(false));
+    if (!thread_) return ask_.list(folder, std::atomic<bool>(false));
     for (;;) {
       // Nearly always it is the first one.
       const auto found = std::find_if(listed_.begin(), listed_.end(),
@@ -203,8 +246,12 @@ class ListingsAhead final : public FolderListings {
     }
   }
 
+  std::optional<std::string> RealPath(const std::string& folder, Progress& progress) override {
+    return thread_ ? exchange_->RealPath(folder, progress) : ask_.realPath(folder);
+  }
+
  private:
-  ListFolder list_;
+  FolderQuestions ask_;
   std::shared_ptr<Exchange> exchange_;
   std::optional<std::thread> thread_;
   std::deque<ListedFolder> listed_;  // and not asked for yet
@@ -212,8 +259,8 @@ class ListingsAhead final : public FolderListings {
 
 }  // namespace
 
-std::unique_ptr<FolderListings> MakeListingsAhead(ListFolder list, bool subfolders, char separator) {
-  return std::make_unique<ListingsAhead>(std::move(list), subfolders, separator);
+std::unique_ptr<FolderListings> MakeListingsAhead(FolderQuestions ask, bool subfolders, char separator) {
+  return std::make_unique<ListingsAhead>(std::move(ask), subfolders, separator);
 }
 
 std::unique_ptr<FolderListings> FileReads::ListFolders(bool /*subfolders*/) {

@@ -18,7 +18,7 @@ void PreparedFile::Prepare(FileOpener& opener, const PathList::File& file, const
     if (open_) ReadParts(needs);
   }
   // A caller that gets no file asks what there is.
-  if (needs.what != FileNeeds::What::kNothing && !open_) status_ = opener.Status(file);
+  if (needs.what != FileNeeds::What::kNothing && (!open_ || needs.statusToo)) status_ = opener.Status(file);
   prepared_ = true;
 } catch (const std::exception&) {  // no memory
   Release();

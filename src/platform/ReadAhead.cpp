@@ -56,9 +56,7 @@ class ReadAhead final : public FilesInTurn {
 
   void Next() override {
     if (started_) {
-      AwaitCurrent();  // also when nobody has asked for it: its slot is used again
-      Current().prepared.Release();
-      opened_ = nullptr;
+      Release();
       ++current_;
     }
     started_ = true;
@@ -84,6 +82,12 @@ class ReadAhead final : public FilesInTurn {
     AwaitCurrent();
     const PreparedFile& prepared = Current().prepared;
     return prepared.Status() ? *prepared.Status() : ownOpener_->Status(Current().file);
+  }
+
+  void Release() override {
+    AwaitCurrent();  // also when nobody has asked for it: its slot is used again
+    Current().prepared.Release();
+    opened_ = nullptr;
   }
 
  private:

@@ -153,14 +153,28 @@ TEST(Loading, FilesThatVanishMeanwhileArePassedOver) {
   for (const PassedOver& passed : registered.passedOver) EXPECT_EQ(passed.obstacle, Obstacle::kGone) << passed.path;
 }
 
-/// A folder whose listing does not return before the test is over.
+/// A question about a folder that is not answered before the test is over.
 struct Hanging {
   std::mutex mutex;
   std::condition_variable changed;
   bool released = false;
   bool left = false;
+
+  void Hang() {
+    std::unique_lock lock(mutex);
+    changed.wait(lock, [&] { return released; });
+    left = true;
+    changed.notify_all();
+  }
+  void Release() {
+    std::unique_lock lock(mutex);
+    released = true;
+    changed.notify_all();
+    changed.wait(lock, [&] { return left; });
+  }
 };
 
+/// Listing a folder below /m/ and resolving a link hang.
 class HangingDisk final : public FileReads {
  public:
   HangingDisk(MemoryFileSystem& files, std::shared_ptr<Hanging> hanging)
@@ -173,13 +187,14 @@ class HangingDisk final : public FileReads {
     const auto list = [hanging = hanging_, root = *files_.ReadFolder("/m/")](const std::string& folder,
                                                                              const std::atomic<bool>&) -> Listing {
       if (folder == "/m/") return root;
-      std::unique_lock lock(hanging->mutex);
-      hanging->changed.wait(lock, [&] { return hanging->released; });
-      hanging->left = true;
-      hanging->changed.notify_all();
+      hanging->Hang();
       return std::vector<FolderEntry>();
     };
-    return MakeListingsAhead(list, subfolders, '/');
+    const auto realPath = [hanging = hanging_](const std::string& folder) {
+      hanging->Hang();
+      return folder;
+    };
+    return MakeListingsAhead({list, realPath}, subfolders, '/');
   }
   std::string RealPath(const std::string& folder) override { return files_.RealPath(folder); }
   std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return files_.OpenFile(path); }
@@ -200,10 +215,7 @@ class CancelledLater final : public Progress {
   int calls = 0;
 };
 
-TEST(Loading, ASearchInAFolderThatHangsLetsMessagesThroughAndCanBeCancelled) {
-  MemoryFileSystem memory({PathStyle::kLinux});
-  memory.AddFile("/m/a.mid");
-  memory.AddFile("/m/hangs/b.mid");
+void ExpectCancelledWhileHanging(MemoryFileSystem& memory) {
   const auto hanging = std::make_shared<Hanging>();
   {
     HangingDisk disk(memory, hanging);
@@ -213,10 +225,22 @@ TEST(Loading, ASearchInAFolderThatHangsLetsMessagesThroughAndCanBeCancelled) {
     EXPECT_FALSE(found.error);
     EXPECT_EQ(progress.calls, 10) << "two entries, and eight questions while the folder hangs";
   }
-  std::unique_lock lock(hanging->mutex);
-  hanging->released = true;
-  hanging->changed.notify_all();
-  hanging->changed.wait(lock, [&] { return hanging->left; });
+  hanging->Release();
+}
+
+TEST(Loading, ASearchInAFolderThatHangsLetsMessagesThroughAndCanBeCancelled) {
+  MemoryFileSystem memory({PathStyle::kLinux});
+  memory.AddFile("/m/a.mid");
+  memory.AddFile("/m/hangs/b.mid");
+  ExpectCancelledWhileHanging(memory);
+}
+
+TEST(Loading, SoDoesASearchAtALinkWhoseTargetHangs) {
+  MemoryFileSystem memory({PathStyle::kLinux});
+  memory.AddFile("/elsewhere/b.mid");
+  memory.AddFile("/m/a.mid");
+  memory.AddLink("/m/link", "/elsewhere");
+  ExpectCancelledWhileHanging(memory);
 }
 
 }  // namespace

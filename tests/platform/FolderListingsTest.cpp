@@ -40,16 +40,25 @@ struct Source {
     listed.push_back(folder);
     if (folder == throwsIn) throw std::bad_alloc();
     if (folder == hangsIn) {
-      hangs = true;
-      changed.notify_all();
-      changed.wait(lock, [this] { return released; });
+      Hang(lock);
       abandoned = ends;
-      left = true;
-      changed.notify_all();
     }
     const auto found = folders.find(folder);
     if (found == folders.end()) return FileError{file_error::kUnreachable, "absent"};
     return found->second;
+  }
+  std::string Resolve(const std::string& folder) {
+    std::unique_lock lock(mutex);
+    if (folder == throwsIn) throw std::bad_alloc();
+    if (folder == hangsIn) Hang(lock);
+    return "/real" + folder;
+  }
+  void Hang(std::unique_lock<std::mutex>& lock) {
+    hangs = true;
+    changed.notify_all();
+    changed.wait(lock, [this] { return released; });
+    left = true;
+    changed.notify_all();
   }
   void AwaitHang() {
     std::unique_lock lock(mutex);
@@ -92,9 +101,11 @@ struct Fixture {
   Unwatched unwatched;
 
   std::unique_ptr<FolderListings> Start(bool subfolders) const {
-    return MakeListingsAhead([shared = source](const std::string& folder,
-                                               const std::atomic<bool>& ends) { return shared->List(folder, ends); },
-                             subfolders, '/');
+    return MakeListingsAhead(
+        {.list = [shared = source](const std::string& folder,
+                                   const std::atomic<bool>& ends) { return shared->List(folder, ends); },
+         .realPath = [shared = source](const std::string& folder) { return shared->Resolve(folder); }},
+        subfolders, '/');
   }
 
   /// The order in which a search reads the folders.
@@ -208,6 +219,44 @@ TEST(FolderListings, AFolderThatHangsAheadKeepsNobodyFromTheOnesBeforeIt) {
   f.source->Release();
 }
 
+TEST(FolderListings, RealPathsAreAnsweredBetweenTheListings) {
+  Fixture f;
+  f.Grow("/", 300, 1);
+  const auto listings = f.Start(true);
+  for (int i = 0; i < 300; ++i) {
+    const std::string link = "/link" + std::to_string(i);
+    if (i % 3 == 0) {
+      EXPECT_EQ(listings->RealPath(link, f.unwatched), "/real" + link);
+    }
+    const std::optional<Listing> listing =
+        listings->Read(i == 0 ? "/" : "/" + std::to_string(i - 1) + "/", f.unwatched);
+    ASSERT_TRUE(listing && *listing) << i;
+  }
+}
+
+TEST(FolderListings, ALinkWhoseTargetHangsIsLeftWhenTheSearchIsCancelled) {
+  Fixture f;
+  f.source->folders["/"] = {{"link", true, true}};
+  f.source->hangsIn = "/link";
+  auto listings = f.Start(true);
+  ASSERT_TRUE(listings->Read("/", f.unwatched));
+  Questions questions(4);
+  EXPECT_FALSE(listings->RealPath("/link", questions));
+  EXPECT_EQ(questions.count, 4) << "it was asked until it cancelled";
+  listings = nullptr;
+  f.source->Release();
+}
+
+TEST(FolderListings, WithoutMemoryForAnAnswerTheReaderIsTold) {
+  Fixture f;
+  f.source->folders["/"] = {};
+  f.source->throwsIn = "/link";
+  const auto listings = f.Start(true);
+  ASSERT_TRUE(listings->Read("/", f.unwatched));
+  EXPECT_THROW(static_cast<void>(listings->RealPath("/link", f.unwatched)), std::bad_alloc);
+  EXPECT_THROW(static_cast<void>(listings->Read("/m/", f.unwatched)), std::bad_alloc) << "the thread has ended";
+}
+
 TEST(FolderListings, NotMoreThanSomeFoldersAreListedAhead) {
   Fixture f;
   f.Grow("/", 5000, 1);
@@ -222,7 +271,7 @@ TEST(FolderListings, NotMoreThanSomeFoldersAreListedAhead) {
 }
 
 TEST(FolderListings, LinksReadInBetweenDoNotRaiseThatNumber) {
-  constexpr int kLinks = 20;
+  constexpr int kLinks = 100;
   Fixture f;
   f.Grow("/", 5000, 1);
   for (int i = 0; i < kLinks; ++i) f.source->folders["/link" + std::to_string(i) + "/"] = {};

@@ -257,6 +257,18 @@ TEST(ReadAhead, EndsWithTheFilesThatAreBeingRead) {
   EXPECT_LE(disk.opens, 66) << "the one that was being read, not its whole piece";
 }
 
+TEST(ReadAhead, AFileIsClosedBeforeTheNextOnesTurnWhenItIsReleased) {
+  const PathList list = Numbered(10);
+  Disk disk;
+  const auto reading = Reading(disk, list, All({What::kContents, 10}), {.files = 1, .threads = 1});
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    reading->Next();
+    ASSERT_TRUE(i % 2 == 0 || reading->Open());
+    reading->Release();
+    EXPECT_EQ(disk.open, 0);
+  }
+}
+
 TEST(ReadAhead, AFileIsClosedOnceItsTurnIsOver) {
   const PathList list = Numbered(8);
   Disk disk;

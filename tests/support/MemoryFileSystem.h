@@ -31,7 +31,7 @@ enum class FileCall {
 
 /// Files and folders in memory that fulfil the contracts of FileReads and FileChanges, with errors on demand and a log.
 /// Paths are full paths in the given style. A drive ("C:") is a folder under the root.
-class MemoryFileSystem final : public FileReads, public FileChanges {
+class MemoryFileSystem : public FileReads, public FileChanges {
  public:
   struct Options {
     PathStyle style = SystemPathStyle();

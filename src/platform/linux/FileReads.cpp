@@ -81,6 +81,12 @@ Listing ListEntries(const std::string& folder, const std::atomic<bool>& abandone
   return entries;
 }
 
+std::string ResolveLinks(const std::string& folder) {
+  if (HoldsNul(folder)) return {};
+  const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(folder.c_str(), nullptr), &std::free);
+  return resolved ? std::string(resolved.get()) : std::string();
+}
+
 class LinuxFileReads final : public FileReads {
  public:
   explicit LinuxFileReads(const FileReadsOptions& options) : options_(options) {}
@@ -90,14 +96,11 @@ class LinuxFileReads final : public FileReads {
   }
 
   std::unique_ptr<FolderListings> ListFolders(bool subfolders) override {
-    return options_.readAhead ? MakeListingsAhead(&ListEntries, subfolders, '/') : FileReads::ListFolders(subfolders);
+    if (!options_.readAhead) return FileReads::ListFolders(subfolders);
+    return MakeListingsAhead({&ListEntries, &ResolveLinks}, subfolders, '/');
   }
 
-  std::string RealPath(const std::string& folder) override {
-    if (HoldsNul(folder)) return {};
-    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(folder.c_str(), nullptr), &std::free);
-    return resolved ? std::string(resolved.get()) : std::string();
-  }
+  std::string RealPath(const std::string& folder) override { return ResolveLinks(folder); }
 
   std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return OpenSystemFile(path); }
 

@@ -115,15 +115,10 @@ Result<FileStatus, FileError> StatusOfPath(const std::string& path) {
   return StatusOf(found);
 }
 
-/// For loads, which must not make a cloud drive fetch all its files.
-class LocalFiles final : public FileOpener {
+class SystemFiles final : public FileOpener {
  public:
   Opened Open(const PathList::File& file) override {
     file.PathInto(path_);
-    const std::optional<std::wstring> systemPath = ExistingPath(path_);
-    if (!systemPath) return {};
-    const DWORD attributes = ::GetFileAttributesW(systemPath->c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES || IsAwayFile(attributes)) return {};
     std::unique_ptr<ByteSource> opened = OpenSystemFile(path_);
     const DWORD failure = opened ? ERROR_SUCCESS : ::GetLastError();
     return {std::move(opened), failure == ERROR_TOO_MANY_OPEN_FILES || failure == ERROR_NOT_ENOUGH_MEMORY};
@@ -138,8 +133,8 @@ class LocalFiles final : public FileOpener {
   std::string path_;
 };
 
-std::unique_ptr<FileOpener> MakeLocalFiles() {
-  return std::make_unique<LocalFiles>();
+std::unique_ptr<FileOpener> MakeSystemFiles() {
+  return std::make_unique<SystemFiles>();
 }
 
 Listing ListEntries(const std::string& folder, const std::atomic<bool>& abandoned) {
@@ -165,6 +160,13 @@ Listing ListEntries(const std::string& folder, const std::atomic<bool>& abandone
   return entries;
 }
 
+std::string ResolveLinks(const std::string& folder) {
+  const std::optional<std::wstring> path = SystemPath(folder);
+  if (!path) return {};
+  const Handle open = OpenForQuestions(*path);
+  return open.Open() ? FinalPath(open) : std::string();
+}
+
 class WindowsFileReads final : public FileReads {
  public:
   explicit WindowsFileReads(const FileReadsOptions& options) : options_(options) {}
@@ -174,23 +176,19 @@ class WindowsFileReads final : public FileReads {
   }
 
   std::unique_ptr<FolderListings> ListFolders(bool subfolders) override {
-    return options_.readAhead ? MakeListingsAhead(&ListEntries, subfolders, '\\') : FileReads::ListFolders(subfolders);
+    if (!options_.readAhead) return FileReads::ListFolders(subfolders);
+    return MakeListingsAhead({&ListEntries, &ResolveLinks}, subfolders, '\\');
   }
 
-  std::string RealPath(const std::string& folder) override {
-    const std::optional<std::wstring> path = SystemPath(folder);
-    if (!path) return {};
-    const Handle open = OpenForQuestions(*path);
-    return open.Open() ? FinalPath(open) : std::string();
-  }
+  std::string RealPath(const std::string& folder) override { return ResolveLinks(folder); }
 
   std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return OpenSystemFile(path); }
 
   Result<FileStatus, FileError> Status(const std::string& path) override { return StatusOfPath(path); }
 
   std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needs) override {
-    if (!options_.readAhead || list.size() < kFewestReadAhead) return MakeOneByOne(list, MakeLocalFiles());
-    return MakeReadAhead(list, needs, &MakeLocalFiles, {});
+    if (!options_.readAhead || list.size() < kFewestReadAhead) return FileReads::ReadInTurn(list, needs);
+    return MakeReadAhead(list, needs, &MakeSystemFiles, {});
   }
 
   bool SameFile(const std::string& left, const std::string& right) override {

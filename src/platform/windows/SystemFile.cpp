@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/AwayFile.h"
 #include "platform/WholeFile.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/SharingRetry.h"
@@ -57,11 +58,21 @@ std::unique_ptr<ByteSource> RegularFile(Handle file) {
   return std::make_unique<SystemFile>(std::move(file), size, hiddenOrSystem);
 }
 
+// A link does not have the attributes of its target.
+bool LeadsToAwayFile(const Handle& file) {
+  BY_HANDLE_FILE_INFORMATION found = {};
+  return file.Open() && ::GetFileInformationByHandle(file.Get(), &found) && IsAwayFile(found.dwFileAttributes);
+}
+
 }  // namespace
 
 std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {
   const std::optional<std::wstring> systemPath = ExistingPath(path);
-  return systemPath ? RegularFile(OpenForAll(*systemPath)) : nullptr;
+  if (!systemPath) return nullptr;
+  const DWORD attributes = ::GetFileAttributesW(systemPath->c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || IsAwayFile(attributes)) return nullptr;
+  Handle file = OpenForAll(*systemPath);
+  return LeadsToAwayFile(file) ? nullptr : RegularFile(std::move(file));
 }
 
 Result<std::unique_ptr<ByteSource>, ReadFailure> OpenRegularFile(const std::string& path) {
