@@ -139,8 +139,8 @@ bool EditNames(const RenameArguments& arguments, const std::optional<PatternRule
     TellLeftAlone(RenameToTitles(session.list, Rows::kAll, titles, regex, {}, progress));
   }
   if (format) {
-    TellLeftAlone(
-        RenameByPattern(session.list, Rows::kAll, *format, FactsFrom(*session.files, session.tags), {}, progress));
+    const ReadFacts read = FactsFrom(*session.files, session.list, Rows::kAll, session.tags);
+    TellLeftAlone(RenameByPattern(session.list, Rows::kAll, *format, read, {}, progress));
   }
   if (!arguments.names.empty() && !GiveNames(arguments.names, session)) return false;
   if (arguments.modify) {

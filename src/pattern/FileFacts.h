@@ -6,7 +6,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "filelist/FileItem.h"
+#include "filelist/FileList.h"
 #include "platform/FileSystem.h"
 #include "tags/SongDetails.h"
 
@@ -21,8 +21,10 @@ struct FileFacts {
 /// Reads a row's file. What cannot be read is unknown.
 using ReadFacts = std::function<FileFacts(const FileRow& row)>;
 
-/// Reads the facts from the disk. `files` must outlive the result.
-[[nodiscard]] ReadFacts FactsFrom(FileReads& files, TagSources tags);
+/// Reads the facts from the disk. Rows that are asked for in the list's order, each once, are read before their turn;
+/// every file is closed again when its row is known. `files` and `list` must outlive the result, whose copies read
+/// together.
+[[nodiscard]] ReadFacts FactsFrom(FileReads& files, const FileList& list, Rows rows, TagSources tags);
 
 /// The same, but reads each file once. Copies of the result share what was read.
 [[nodiscard]] ReadFacts KeptFacts(ReadFacts read);

@@ -9,6 +9,7 @@
 #include "support/MediaBuilders.h"
 #include "support/MemoryFileSystem.h"
 #include "support/Rows.h"
+#include "support/TempFolder.h"
 
 namespace quillon {
 namespace {
@@ -146,21 +147,114 @@ TEST(PatternRename, NamesFilesByWhatStandsBeforeTheirExtension) {
   }
 }
 
+std::string SongOfAlbum(const std::string& album) {
+  return test::Id3v2Tag({.frames = {{"TIT2", test::AnsiText("Song")},
+                                    {"TALB", test::AnsiText(album)},
+                                    {"TRCK", test::AnsiText("3/12")}}}) +
+         test::Mp3Audio(1);
+}
+
+FileItem Mp3Row(const std::string& location, PathStyle style = SystemPathStyle()) {
+  FileItem row = test::RowFor(location, style);
+  row.type = "MP3";
+  return row;
+}
+
 TEST(FileFacts, AreWhatTheTagsAndTheDiskSay) {
   test::MemoryFileSystem files({PathStyle::kLinux, false});
   files.modified = 12345;
-  files.AddFile("/m/1.mp3", test::Id3v2Tag({.frames = {{"TIT2", test::AnsiText("Song")},
-                                                       {"TALB", test::AnsiText("Spring")},
-                                                       {"TRCK", test::AnsiText("3/12")}}}) +
-                                test::Mp3Audio(1));
-  FileItem mp3 = test::RowFor("/m/1.mp3", PathStyle::kLinux);
-  mp3.type = "MP3";
-  const FileFacts facts = FactsFrom(files, TagSources::kStandard)(RowOf(mp3, PathStyle::kLinux));
+  files.AddFile("/m/1.mp3", SongOfAlbum("Spring"));
+  FileList list(PathStyle::kLinux);
+  list.Add(Mp3Row("/m/1.mp3", PathStyle::kLinux));
+  list.Add(Mp3Row("/m/gone.mp3", PathStyle::kLinux));
+  const ReadFacts read = FactsFrom(files, list, Rows::kAll, TagSources::kStandard);
+  const FileFacts facts = read(list.Row(1));
   EXPECT_EQ(facts.modified, 12345);
   EXPECT_EQ(facts.song.album, "Spring");
   EXPECT_EQ(facts.song.track, 3);
-  mp3.location = "/m/gone.mp3";
-  EXPECT_EQ(FactsFrom(files, TagSources::kStandard)(RowOf(mp3, PathStyle::kLinux)).modified, 0);
+  EXPECT_EQ(read(list.Row(2)).modified, 0);
+}
+
+/// Songs 1 to 40, each with an album of its own; the even ones are checked.
+struct Albums {
+  static constexpr int kCount = 40;
+  const test::TempFolder folder;
+  FileList list;
+
+  Albums() {
+    for (int i = 1; i <= kCount; ++i) {
+      list.Add(Mp3Row(folder.Write(std::to_string(i) + ".mp3", SongOfAlbum(Album(i)))));
+      list.SetChecked(i, i % 2 == 0);
+    }
+  }
+  static std::string Album(int row) { return "Album " + std::to_string(row); }
+};
+
+TEST(FileFacts, AreTheSameInWhateverOrderRowsAreAskedFor) {
+  Albums songs;
+  for (const bool ahead : {true, false}) {
+    const auto files = MakeFileReads({.readAhead = ahead});
+    const ReadFacts read = FactsFrom(*files, songs.list, Rows::kChecked, TagSources::kStandard);
+    for (const int row : {2, 4, 6, 3, 8, 10, 40, 2, 12, 1, 14}) {
+      const FileFacts facts = read(songs.list.Row(row));
+      EXPECT_EQ(facts.song.album, Albums::Album(row)) << row;
+      EXPECT_GT(facts.modified, 0) << row;
+    }
+  }
+}
+
+/// Notes which of the files that are read in turn is open.
+class WatchedReads final : public test::MemoryFileSystem {
+ public:
+  using test::MemoryFileSystem::MemoryFileSystem;
+  std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needs) override {
+    listed.push_back(list.size());
+    return std::make_unique<Reading>(test::MemoryFileSystem::ReadInTurn(list, needs), *this);
+  }
+  std::vector<std::size_t> listed;
+  int opened = 0;
+  bool isOpen = false;
+
+ private:
+  class Reading final : public FilesInTurn {
+   public:
+    Reading(std::unique_ptr<FilesInTurn> reading, WatchedReads& reads) : reading_(std::move(reading)), reads_(reads) {}
+    void Next() override { reading_->Next(); }
+    ByteSource* Open() override {
+      ++reads_.opened;
+      reads_.isOpen = true;
+      return reading_->Open();
+    }
+    Result<FileStatus, FileError> Status() override { return reading_->Status(); }
+    void Release() override {
+      reads_.isOpen = false;
+      reading_->Release();
+    }
+
+   private:
+    std::unique_ptr<FilesInTurn> reading_;
+    WatchedReads& reads_;
+  };
+};
+
+TEST(FileFacts, OfTheRowsAreReadInTurnAndOnlyOnceOneIsNeeded) {
+  WatchedReads files({PathStyle::kLinux, false});
+  FileList list(PathStyle::kLinux);
+  for (int i = 1; i <= 5; ++i) {
+    list.Add(Mp3Row("/m/" + std::to_string(i) + ".mp3", PathStyle::kLinux));
+    list.SetChecked(i, i > 2);
+  }
+  const ReadFacts read = FactsFrom(files, list, Rows::kChecked, TagSources::kStandard);
+  Unwatched progress;
+  RenameByPattern(list, Rows::kChecked, Rules("{title}"), read, {}, progress, PathStyle::kLinux);
+  EXPECT_TRUE(files.listed.empty()) << "the list knows the titles";
+  const auto closed = [&](int) {
+    EXPECT_FALSE(files.isOpen) << "a file whose name is changed";
+    return true;
+  };
+  RenameByPattern(list, Rows::kChecked, Rules("{album|x}"), read, closed, progress, PathStyle::kLinux);
+  EXPECT_EQ(files.listed, std::vector<std::size_t>{3});
+  EXPECT_EQ(files.opened, 3);
 }
 
 TEST(PatternRename, KeptFactsAreReadOncePerFile) {

@@ -387,7 +387,7 @@ PresetUse frmMain::PresetsInUse() const {
 }
 
 void frmMain::ShowPatternDialog(Rows rows) {
-  const ReadFacts facts = KeptFacts(FactsFrom(*files_, TagSourcesOf(app_->Options())));
+  const ReadFacts facts = KeptFacts(FactsFrom(*files_, app_->List(), rows, TagSourcesOf(app_->Options())));
   PatternPreview preview(app_->List(), rows, *files_, app_->Mode(), facts);
   frmPattern dialog(this, app_->Options(), app_->Mode(), preview, [this] { app_->ShowHelp(); });
   if (dialog.ShowModal() == wxID_OK) app_->RenameByPattern(rows, dialog.Rules(), facts);
