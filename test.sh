@@ -127,10 +127,11 @@ thread_suite() {
   local -A selection=(
     [platform]='ReadAhead*:*InTurn*:FolderListings*'
     [filelist]='Loading*:FolderSearch*:Registration*:-FolderSearchMemory*'
+    [pattern]='FileFacts*:Pattern*'
   )
   say "Linux with the thread sanitizer: building"
   cmake --preset linux-tsan >/dev/null
-  cmake --build build/linux-tsan --target quillon_platform_tests quillon_filelist_tests
+  cmake --build build/linux-tsan --target quillon_platform_tests quillon_filelist_tests quillon_pattern_tests
   say "Linux with the thread sanitizer: testing"
   rm -rf "$results"
   for folder in "${!selection[@]}"; do

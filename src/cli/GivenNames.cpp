@@ -1,11 +1,13 @@
 #include "cli/GivenNames.h"
 
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 #include "cli/Input.h"
 #include "cli/Messages.h"
 #include "cli/Output.h"
+#include "paths/basFileControl.h"
 #include "plan/PlanLines.h"
 
 namespace quillon::cli {
@@ -17,20 +19,22 @@ void ComplainAt(const std::string& path, std::size_t line, const HelpText& text,
 
 // The row of each name, in the order of the lines; empty after a complaint.
 std::vector<int> RowsOf(const std::vector<NameLine>& names, const std::string& path, const FileList& list) {
+  std::unordered_map<std::string, int> listed;
+  for (int row = 1; row <= list.Count(); ++row) listed.emplace(PathIdentity(list.Row(row).Location()), row);
   std::vector<int> rows;
   std::unordered_set<int> named;
   for (const NameLine& name : names) {
     const std::string location = FullPath(*name.path);
-    const int row = list.IndexOf(location);
-    if (row == 0) {
+    const auto found = listed.find(PathIdentity(location));
+    if (found == listed.end()) {
       ComplainAt(path, name.number, messages::kNotListed, location);
       return {};
     }
-    if (!named.insert(row).second) {
+    if (!named.insert(found->second).second) {
       ComplainAt(path, name.number, messages::kNamedTwice, location);
       return {};
     }
-    rows.push_back(row);
+    rows.push_back(found->second);
   }
   return rows;
 }

@@ -124,12 +124,11 @@ void WriteFields(const Json& object, Output& output) {
 }  // namespace
 
 int RunInfo(const InfoArguments& arguments) {
-  const std::unique_ptr<FileReads> files = MakeFileReads();
   Output output;
   std::size_t unread = 0;
   for (const std::string& argument : arguments.paths) {
     const std::string path = FullPath(argument);
-    const bool readable = files->OpenFile(path) != nullptr;
+    const bool readable = OpenSystemFile(path) != nullptr;
     if (!readable) {
       ++unread;
       Complain(Localized(messages::kFileUnread) + path);

@@ -16,8 +16,8 @@ class LoggedDisk {
  public:
   explicit LoggedDisk(FileReads& files) : files_(files) {}
 
-  /// Looks whether changes can be logged to this file. A file with other content than a log is
-  /// left alone, and so is one of the files that are to be changed: then it complains and returns false.
+  /// Looks whether changes can be logged to this file. A file with other content than a log is left alone, and so is
+  /// one of the files that are to be changed: then it complains and returns false.
   [[nodiscard]] bool MayLogTo(const std::string& path, const std::vector<std::string>& files);
 
   /// From now on changes are logged to the file of MayLogTo. On failure it complains and returns false.

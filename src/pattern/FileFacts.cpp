@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "media/BlockReader.h"
+#include "paths/basFileControl.h"
 #include "tags/SongReader.h"
 
 namespace quillon {
@@ -23,28 +23,37 @@ class FactsInTurn {
       : files_(files), list_(list), rows_(rows), tags_(tags) {}
 
   FileFacts Of(const FileRow& row) {
-    if (!reading_) Begin();
     const std::string location = row.Location();
+    if (!reading_) Begin(location);
     if (upcoming_ == paths_.end() || (*upcoming_).Path() != location) {
-      return FactsOf(files_.Status(location), files_.OpenFile(location).get(), row.type, tags_);
+      const auto file = IsReadForRow(row.type, tags_) ? files_.OpenFile(location) : nullptr;
+      return FactsOf(files_.Status(location), file.get(), row.type, tags_);
     }
     ++upcoming_;
     reading_->Next();
-    FileFacts facts = FactsOf(reading_->Status(), reading_->Open(), row.type, tags_);
+    ByteSource* const file = IsReadForRow(row.type, tags_) ? reading_->Open() : nullptr;
+    FileFacts facts = FactsOf(reading_->Status(), file, row.type, tags_);
     reading_->Release();  // its name may be changed now
+    if (upcoming_ == paths_.end()) reading_ = nullptr;
     return facts;
   }
 
  private:
-  // Not before a file is needed: many patterns need none.
-  void Begin() {
+  // Not before a file is needed: many patterns need none, and the first rows may be known.
+  void Begin(const std::string& first) {
+    paths_ = {};
+    bool found = false;
     for (int index = 1; index <= list_.Count(); ++index) {
+      if (!list_.IsIn(rows_, index)) continue;
       const FileRow row = list_.Row(index);
-      if (list_.IsIn(rows_, index)) paths_.Add(row.folder, row.name);
+      found = found || row.Location() == first;
+      if (found) paths_.Add(row.folder, row.name);
     }
     upcoming_ = paths_.begin();
-    reading_ = files_.ReadInTurn(paths_, [](const PathList::File&) {
-      return FileNeeds{.what = FileNeeds::What::kContents, .head = BlockReader::kBlockLength, .statusToo = true};
+    reading_ = files_.ReadInTurn(paths_, [tags = tags_](const PathList::File& file) {
+      FileNeeds needs = NeedsForRow(GetMediaType(Extension(file.name)), tags);
+      needs.statusToo = true;
+      return needs;
     });
   }
 
@@ -64,13 +73,15 @@ ReadFacts FactsFrom(FileReads& files, const FileList& list, Rows rows, TagSource
   return [facts](const FileRow& row) { return facts->Of(row); };
 }
 
-ReadFacts KeptFacts(ReadFacts read) {
+BeginReading KeptFacts(BeginReading begin) {
   const auto kept = std::make_shared<std::unordered_map<std::string, FileFacts>>();
-  return [kept, read = std::move(read)](const FileRow& row) {
-    const std::string location = row.Location();
-    const auto found = kept->find(location);
-    if (found != kept->end()) return found->second;
-    return kept->emplace(location, read(row)).first->second;
+  return [kept, begin = std::move(begin)]() -> ReadFacts {
+    return [kept, read = begin()](const FileRow& row) {
+      const std::string location = row.Location();
+      const auto found = kept->find(location);
+      if (found != kept->end()) return found->second;
+      return kept->emplace(location, read(row)).first->second;
+    };
   };
 }
 

@@ -21,12 +21,15 @@ struct FileFacts {
 /// Reads a row's file. What cannot be read is unknown.
 using ReadFacts = std::function<FileFacts(const FileRow& row)>;
 
-/// Reads the facts from the disk. Rows that are asked for in the list's order, each once, are read before their turn;
-/// every file is closed again when its row is known. `files` and `list` must outlive the result, whose copies read
-/// together.
+/// Reads the facts from the disk, for one run over the rows: those that are asked for in the list's order, each once,
+/// are read before their turn. A row's own file is closed again when the row is known; the files that were opened
+/// before their turn are closed with the result, whose copies read together. `files` and `list` must outlive it.
 [[nodiscard]] ReadFacts FactsFrom(FileReads& files, const FileList& list, Rows rows, TagSources tags);
 
-/// The same, but reads each file once. Copies of the result share what was read.
-[[nodiscard]] ReadFacts KeptFacts(ReadFacts read);
+/// Starts reading for a run.
+using BeginReading = std::function<ReadFacts()>;
+
+/// The same, but each file is read once, whatever the number of runs.
+[[nodiscard]] BeginReading KeptFacts(BeginReading begin);
 
 }  // namespace quillon

@@ -26,8 +26,9 @@ struct PatternPreview::DryRun {
   std::unordered_map<std::string, int> takenBy;  ///< by the identity of a path; 1-based rows
 };
 
-PatternPreview::PatternPreview(const FileList& list, Rows rows, FileReads& files, const ApplyMode& mode, ReadFacts read)
-    : list_(list), files_(files), mode_(mode), read_(std::move(read)) {
+PatternPreview::PatternPreview(const FileList& list, Rows rows, FileReads& files, const ApplyMode& mode,
+                               BeginReading beginReading)
+    : list_(list), files_(files), mode_(mode), beginReading_(std::move(beginReading)) {
   indices_.reserve(static_cast<std::size_t>(list.CountOf(rows)));
   for (int index = 1; index <= list.Count(); ++index) {
     if (list.IsIn(rows, index)) indices_.push_back(index);
@@ -39,7 +40,7 @@ PatternPreview::~PatternPreview() = default;
 void PatternPreview::Restart(std::optional<PatternRules> rules) {
   results_.clear();
   changed_ = problems_ = 0;
-  run_ = rules ? std::make_unique<DryRun>(*std::move(rules), read_, files_, mode_) : nullptr;
+  run_ = rules ? std::make_unique<DryRun>(*std::move(rules), beginReading_(), files_, mode_) : nullptr;
 }
 
 bool PatternPreview::Work(std::chrono::steady_clock::duration time) {

@@ -20,7 +20,7 @@ namespace quillon {
 /// may have to be read. Changes nothing. The list must stay as it is meanwhile.
 class PatternPreview {
  public:
-  PatternPreview(const FileList& list, Rows rows, FileReads& files, const ApplyMode& mode, ReadFacts read);
+  PatternPreview(const FileList& list, Rows rows, FileReads& files, const ApplyMode& mode, BeginReading beginReading);
   PatternPreview(const PatternPreview&) = delete;
   PatternPreview& operator=(const PatternPreview&) = delete;
   ~PatternPreview();
@@ -53,7 +53,7 @@ class PatternPreview {
   const FileList& list_;
   FileReads& files_;
   const ApplyMode& mode_;
-  ReadFacts read_;
+  BeginReading beginReading_;
   std::vector<int> indices_;
   std::unique_ptr<DryRun> run_;  // none without rules
   std::vector<Result> results_;

@@ -204,7 +204,7 @@ struct FileReadsOptions {
 [[nodiscard]] std::unique_ptr<FileReads> MakeFileReads(const FileReadsOptions& options = {});
 [[nodiscard]] std::unique_ptr<FileChanges> MakeFileChanges();
 
-/// Opens one regular file on the real file system: FileReads::OpenFile without an object.
+/// Opens one regular file on the real file system, also one whose contents must be fetched: somebody asks for this one.
 [[nodiscard]] std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path);
 
 /// Makes `path` a full path: relative ones start at the current folder; "." and doubled separators are dropped, ".." is

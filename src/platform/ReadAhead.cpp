@@ -183,7 +183,8 @@ class ReadAhead final : public FilesInTurn {
   void AwaitCurrent() {
     if (ends_.load(std::memory_order_relaxed)) return;  // see OpenNow
     while (!Current().done.load(std::memory_order_acquire)) {
-      const Piece piece = TakePiece(1);
+      // Several threads are there for a slow disk, on which the reader would keep its caller waiting.
+      const Piece piece = threads_.size() > 1 ? Piece() : TakePiece(1);
       if (piece.first < piece.end) {
         Prepare(piece.first, *ownOpener_);
       } else {

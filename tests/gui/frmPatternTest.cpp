@@ -48,8 +48,8 @@ class PatternDialog : public test::DialogOverMain<frmPattern> {
 
   void Make() {
     dialog.reset();
-    preview = std::make_unique<PatternPreview>(list, Rows::kAll, files, mode,
-                                               FactsFrom(files, list, Rows::kAll, TagSources::kStandard));
+    preview = std::make_unique<PatternPreview>(
+        list, Rows::kAll, files, mode, [this] { return FactsFrom(files, list, Rows::kAll, TagSources::kStandard); });
     dialog = std::make_unique<frmPattern>(main, options, mode, *preview, [this] { ++helps; });
   }
 

@@ -31,12 +31,14 @@ struct Fixture {
     list.Add(row);
   }
 
-  ReadFacts Read() {
-    return KeptFacts([this](const FileRow&) {
-      ++reads;
-      FileFacts facts;
-      facts.song.album = "Spring";
-      return facts;
+  BeginReading Read() {
+    return KeptFacts([this]() -> ReadFacts {
+      return [this](const FileRow&) {
+        ++reads;
+        FileFacts facts;
+        facts.song.album = "Spring";
+        return facts;
+      };
     });
   }
 };

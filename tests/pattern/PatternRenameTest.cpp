@@ -5,11 +5,13 @@
 #include <utility>
 #include <vector>
 
+#include "paths/basFileControl.h"
 #include "pattern/PatternRename.h"
 #include "support/MediaBuilders.h"
 #include "support/MemoryFileSystem.h"
 #include "support/Rows.h"
 #include "support/TempFolder.h"
+#include "tags/SongReader.h"
 
 namespace quillon {
 namespace {
@@ -207,18 +209,26 @@ TEST(FileFacts, AreTheSameInWhateverOrderRowsAreAskedFor) {
 class WatchedReads final : public test::MemoryFileSystem {
  public:
   using test::MemoryFileSystem::MemoryFileSystem;
-  std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needs) override {
+  std::unique_ptr<FilesInTurn> ReadInTurn(const PathList& list, const NeedsOf& needsOf) override {
     listed.push_back(list.size());
-    return std::make_unique<Reading>(test::MemoryFileSystem::ReadInTurn(list, needs), *this);
+    for (const PathList::File file : list) needs.push_back(needsOf(file));
+    return std::make_unique<Reading>(test::MemoryFileSystem::ReadInTurn(list, needsOf), *this);
   }
   std::vector<std::size_t> listed;
+  std::vector<FileNeeds> needs;
   int opened = 0;
+  int readings = 0;  ///< that exist now
   bool isOpen = false;
 
  private:
   class Reading final : public FilesInTurn {
    public:
-    Reading(std::unique_ptr<FilesInTurn> reading, WatchedReads& reads) : reading_(std::move(reading)), reads_(reads) {}
+    Reading(std::unique_ptr<FilesInTurn> reading, WatchedReads& reads) : reading_(std::move(reading)), reads_(reads) {
+      ++reads_.readings;
+    }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+    ~Reading() override { --reads_.readings; }
     void Next() override { reading_->Next(); }
     ByteSource* Open() override {
       ++reads_.opened;
@@ -257,10 +267,56 @@ TEST(FileFacts, OfTheRowsAreReadInTurnAndOnlyOnceOneIsNeeded) {
   EXPECT_EQ(files.opened, 3);
 }
 
+TEST(FileFacts, OfAnotherRunAreReadFromTheFirstFileThatIsNotKnown) {
+  WatchedReads files({PathStyle::kLinux, false});
+  FileList list(PathStyle::kLinux);
+  for (int i = 1; i <= 6; ++i) list.Add(Mp3Row("/m/" + std::to_string(i) + ".mp3", PathStyle::kLinux));
+  const BeginReading begin = KeptFacts([&] { return FactsFrom(files, list, Rows::kAll, TagSources::kStandard); });
+  {
+    const ReadFacts read = begin();
+    for (int i = 1; i <= 4; ++i) static_cast<void>(read(list.Row(i)));
+    EXPECT_EQ(files.readings, 1);
+  }
+  EXPECT_EQ(files.readings, 0) << "files that were opened ahead are closed with the run";
+  const ReadFacts read = begin();
+  for (int i = 1; i <= 6; ++i) static_cast<void>(read(list.Row(i)));
+  EXPECT_EQ(files.listed, (std::vector<std::size_t>{6, 2}));
+  EXPECT_EQ(files.opened, 6);
+}
+
+TEST(FileFacts, OfFilesWithoutTagsAreTheirStatusOnly) {
+  WatchedReads files({PathStyle::kLinux, false});
+  files.modified = 12345;
+  files.AddFile("/m/1.txt", "text");
+  FileList list(PathStyle::kLinux);
+  list.Add(test::RowFor("/m/1.txt", PathStyle::kLinux));
+  const ReadFacts read = FactsFrom(files, list, Rows::kAll, TagSources::kAll);
+  EXPECT_EQ(read(list.Row(1)).modified, 12345);
+  EXPECT_EQ(files.opened, 0);
+  ASSERT_EQ(files.needs.size(), 1U);
+  EXPECT_EQ(files.needs[0].what, FileNeeds::What::kStatus);
+}
+
+TEST(FileFacts, OfSongsNeedWhatTheirRowsNeed) {
+  WatchedReads files({PathStyle::kLinux, false});
+  FileList list(PathStyle::kLinux);
+  list.Add(Mp3Row("/m/1.mp3", PathStyle::kLinux));
+  static_cast<void>(FactsFrom(files, list, Rows::kAll, TagSources::kStandard)(list.Row(1)));
+  ASSERT_EQ(files.needs.size(), 1U);
+  const FileNeeds row = NeedsForRow(GetMediaType(Extension("1.mp3")), TagSources::kStandard);
+  EXPECT_EQ(files.needs[0].what, row.what);
+  EXPECT_EQ(files.needs[0].head, row.head);
+  EXPECT_EQ(files.needs[0].tail, row.tail);
+  EXPECT_GT(row.tail, 0U);
+  EXPECT_TRUE(files.needs[0].statusToo);
+}
+
 TEST(PatternRename, KeptFactsAreReadOncePerFile) {
   Fixture f({"one", "two"});
-  f.read = KeptFacts(f.read);
+  const BeginReading begin = KeptFacts([read = f.read] { return read; });
+  f.read = begin();
   f.Rename(Rules("{album|x}"));
+  f.read = begin();
   f.Rename(Rules("{year|y}"));
   EXPECT_EQ(f.reads, 2);
 }

@@ -47,8 +47,8 @@ class FilesInTurnContract : public testing::TestWithParam<WorldKind> {
     if (open != nullptr) {
       EXPECT_EQ(open->Size(), expected->Size());
       EXPECT_EQ(open->IsHiddenOrSystem(), expected->IsHiddenOrSystem());
-      for (const std::uint64_t from : {0, 1, 5, 2000, 2048, 69990, 80000}) {
-        for (const std::uint64_t count : {1, 128, 2048, 100000}) {
+      for (const std::uint64_t from : {0U, 1U, 5U, 2000U, 2048U, 69990U, 80000U}) {
+        for (const std::uint64_t count : {1U, 128U, 2048U, 100000U}) {
           EXPECT_EQ(open->Read(from, count), expected->Read(from, count)) << from << " " << count;
         }
       }

@@ -94,7 +94,8 @@ class DiskOpener final : public FileOpener {
 PathList Numbered(int count) {
   PathList list;
   for (int i = 0; i < count; ++i)
-    list.Add("/" + std::to_string(i / 10) + "/", std::string(i % 13, 'f') + std::to_string(i));
+    list.Add("/" + std::to_string(i / 10) + "/",
+             std::string(static_cast<std::size_t>(i % 13), 'f') + std::to_string(i));
   return list;
 }
 
@@ -139,7 +140,7 @@ TEST(ReadAhead, EveryFileHasItsBytesWhateverIsExpected) {
                                       {What::kContents, 1000, 4, "ID3"},
                                       {What::kContents, 100000, 100000}};
   for (const FileNeeds& needs : all) {
-    for (const std::size_t threads : {0, 1, 5}) {
+    for (const std::size_t threads : {0U, 1U, 5U}) {
       SCOPED_TRACE(std::to_string(static_cast<int>(needs.what)) + ", " + std::to_string(needs.head) + ", " +
                    std::to_string(needs.tail) + ", threads " + std::to_string(threads));
       Disk disk;

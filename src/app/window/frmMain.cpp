@@ -387,10 +387,16 @@ PresetUse frmMain::PresetsInUse() const {
 }
 
 void frmMain::ShowPatternDialog(Rows rows) {
-  const ReadFacts facts = KeptFacts(FactsFrom(*files_, app_->List(), rows, TagSourcesOf(app_->Options())));
-  PatternPreview preview(app_->List(), rows, *files_, app_->Mode(), facts);
-  frmPattern dialog(this, app_->Options(), app_->Mode(), preview, [this] { app_->ShowHelp(); });
-  if (dialog.ShowModal() == wxID_OK) app_->RenameByPattern(rows, dialog.Rules(), facts);
+  const BeginReading beginReading =
+      KeptFacts([this, rows] { return FactsFrom(*files_, app_->List(), rows, TagSourcesOf(app_->Options())); });
+  std::optional<PatternRules> rules;
+  {
+    // The preview would go on while the names are given.
+    PatternPreview preview(app_->List(), rows, *files_, app_->Mode(), beginReading);
+    frmPattern dialog(this, app_->Options(), app_->Mode(), preview, [this] { app_->ShowHelp(); });
+    if (dialog.ShowModal() == wxID_OK) rules = dialog.Rules();
+  }
+  if (rules) app_->RenameByPattern(rows, *rules, beginReading());
 }
 
 void frmMain::ShowOptionDialog(OptionForm& form) {

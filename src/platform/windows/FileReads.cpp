@@ -12,6 +12,7 @@
 #include "platform/WindowsPath.h"
 #include "platform/windows/FileId.h"
 #include "platform/windows/Handle.h"
+#include "platform/windows/LocalFile.h"
 #include "platform/windows/SystemError.h"
 #include "platform/windows/SystemPath.h"
 #include "platform/windows/Wide.h"
@@ -119,7 +120,7 @@ class SystemFiles final : public FileOpener {
  public:
   Opened Open(const PathList::File& file) override {
     file.PathInto(path_);
-    std::unique_ptr<ByteSource> opened = OpenSystemFile(path_);
+    std::unique_ptr<ByteSource> opened = OpenLocalFile(path_);
     const DWORD failure = opened ? ERROR_SUCCESS : ::GetLastError();
     return {std::move(opened), failure == ERROR_TOO_MANY_OPEN_FILES || failure == ERROR_NOT_ENOUGH_MEMORY};
   }
@@ -182,7 +183,7 @@ class WindowsFileReads final : public FileReads {
 
   std::string RealPath(const std::string& folder) override { return ResolveLinks(folder); }
 
-  std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return OpenSystemFile(path); }
+  std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return OpenLocalFile(path); }
 
   Result<FileStatus, FileError> Status(const std::string& path) override { return StatusOfPath(path); }
 

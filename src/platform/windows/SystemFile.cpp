@@ -7,6 +7,7 @@
 #include "platform/AwayFile.h"
 #include "platform/WholeFile.h"
 #include "platform/windows/Handle.h"
+#include "platform/windows/LocalFile.h"
 #include "platform/windows/SharingRetry.h"
 #include "platform/windows/SystemPath.h"
 
@@ -58,21 +59,37 @@ std::unique_ptr<ByteSource> RegularFile(Handle file) {
   return std::make_unique<SystemFile>(std::move(file), size, hiddenOrSystem);
 }
 
-// A link does not have the attributes of its target.
-bool LeadsToAwayFile(const Handle& file) {
-  BY_HANDLE_FILE_INFORMATION found = {};
-  return file.Open() && ::GetFileInformationByHandle(file.Get(), &found) && IsAwayFile(found.dwFileAttributes);
+// Where a link leads; empty when it cannot be told. The file is not opened for reading, so nothing is fetched.
+std::wstring TargetOf(const std::wstring& link) {
+  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const Handle file(::CreateFileW(link.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_OPEN_NO_RECALL, nullptr));
+  if (!file.Open()) return {};
+  const DWORD needed = ::GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
+  std::wstring path(needed, L'\0');
+  path.resize(::GetFinalPathNameByHandleW(file.Get(), path.data(), needed, FILE_NAME_NORMALIZED));
+  return path;
 }
 
 }  // namespace
 
 std::unique_ptr<ByteSource> OpenSystemFile(const std::string& path) {
   const std::optional<std::wstring> systemPath = ExistingPath(path);
+  return systemPath ? RegularFile(OpenForAll(*systemPath)) : nullptr;
+}
+
+std::unique_ptr<ByteSource> OpenLocalFile(const std::string& path, AttributesOf attributesOf) {
+  ::SetLastError(ERROR_SUCCESS);
+  const std::optional<std::wstring> systemPath = ExistingPath(path);
   if (!systemPath) return nullptr;
-  const DWORD attributes = ::GetFileAttributesW(systemPath->c_str());
+  const DWORD attributes = attributesOf(systemPath->c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || IsAwayFile(attributes)) return nullptr;
-  Handle file = OpenForAll(*systemPath);
-  return LeadsToAwayFile(file) ? nullptr : RegularFile(std::move(file));
+  if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+    // A link does not have the attributes of its target.
+    const std::wstring target = TargetOf(*systemPath);
+    if (target.empty() || IsAwayFile(attributesOf(target.c_str()))) return nullptr;
+  }
+  return RegularFile(OpenForAll(*systemPath));
 }
 
 Result<std::unique_ptr<ByteSource>, ReadFailure> OpenRegularFile(const std::string& path) {

@@ -15,7 +15,7 @@ TEST(VolumeNameUnit, VolumesOfWindowsCountUtf16Units) {
 }
 
 TEST(VolumeNameUnit, OthersCountBytes) {
-  for (const unsigned long type : {EXT4_SUPER_MAGIC, TMPFS_MAGIC, NFS_SUPER_MAGIC}) {
+  for (const unsigned long type : {0UL + EXT4_SUPER_MAGIC, 0UL + TMPFS_MAGIC, 0UL + NFS_SUPER_MAGIC}) {
     EXPECT_EQ(NameUnitOfType(type), NameUnit::kByte) << std::hex << type;
   }
   EXPECT_EQ(NameUnitOfType(BTRFS_SUPER_MAGIC), NameUnit::kByte) << "with the highest bit set";
