@@ -1,9 +1,4 @@
-// Writes the inputs that the fuzzers start from: SeedCorpus FOLDER makes one folder for each fuzzer in it.
-#include <filesystem>
-#include <fstream>
-#include <iostream>
-#include <string>
-#include <vector>
+#include "fuzz/Seeds.h"
 
 #include "support/MediaBuilders.h"
 #include "support/SongBuilders.h"
@@ -92,29 +87,77 @@ std::vector<std::string> PlanSeeds() {
           "\xEF\xBB\xBF{\"path\":\"/a\",\"name\":\"b\"}\n", "one\ntwo\n\n"};
 }
 
-bool WriteSeeds(const std::filesystem::path& folder, const std::vector<std::string>& seeds) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  for (std::size_t i = 0; i < seeds.size(); ++i) {
-    std::ofstream file(folder / ("seed" + std::to_string(i)), std::ios::binary);
-    file.write(seeds[i].data(), static_cast<std::streamsize>(seeds[i].size()));
-    file.close();
-    if (!file) return false;
-  }
-  return true;
+/// The length of the pattern, the pattern, the text of every field.
+std::vector<std::string> PatternSeeds() {
+  return {Bytes({14}) + "{title} {n:03}Song", Bytes({20}) + "{artist|x}-{date:%Y}A", Bytes({13}) + "{title?{n} }?"};
+}
+
+/// Flags, the lengths of pattern and replacement, these two, and the target.
+std::vector<std::string> RegexSeeds() {
+  return {Bytes({1, 4, 4}) + "(.)b$1\\Uabcb", Bytes({3, 5, 2}) + "[a-c]$&Abc"};
+}
+
+std::vector<std::string> SettingsSeeds() {
+  const auto seed = [](char place, const std::string& content) {
+    return std::string(1, place) + "\3Sec\2va" + content;
+  };
+  return {seed(0, "[Window]\r\nWidth=9000\r\n; a comment\r\n[Modify]\r\nReplace1=a\r\n"),
+          seed(1, "\xEF\xBB\xBF[Window]\nLeft=-5\n[List]\nSubFolder=1\n[Sec]\nKey=\xE6\x9B\xB2\n"),
+          seed(1, "[Find]\nExtMedia=mid  mp3\n[FIND]\nmediaon=True\nmediaon=2.5\n\x83")};
+}
+
+std::vector<std::string> ArgumentsSeeds() {
+  return {"a.mid \"C:\\My songs\\b.mid\" c", "\"unclosed  run", "--help", "--version x", "--other", "\"\" a\"b\""};
+}
+
+std::vector<std::string> AnsiSeeds() {
+  return {"\x83\x65\x83\x58\x83\x67", "\xB1\xB2\x81", "\x81\x5C\x81\x60\xFA\x40\xED\x40\x81\xAD",
+          "\xE6\x9B\xB2\xE2\x80\x95\xE3\x83\xBB"};
+}
+
+std::vector<std::string> CommandSeeds() {
+  return {"open \"/a b.mid\" type sequencer alias Song",
+          "seek Song to 1200",
+          "seek song to start",
+          "status song length",
+          "play song from 20",
+          "put song destination at 0 0 160 120",
+          "window song handle 1234",
+          "close all",
+          "set song time format ms",
+          "where song source"};
+}
+
+/// Flags, active rules, two factors of the number of rows, then texts, each behind its length, and the name.
+std::vector<std::string> ModifySeeds() {
+  const auto text = [](const std::string& t) { return std::string(1, static_cast<char>(t.size())) + t; };
+  const auto rules = [&](const std::string& find, const std::string& replacement) {
+    std::string texts = text("_");
+    for (int i = 0; i < 5; ++i) texts += text(i == 0 ? find : "") + text(i == 0 ? replacement : "");
+    return texts;
+  };
+  return {Bytes({3, 5, 1, 1}) + rules("a", "bb") + "banana?",
+          Bytes({9, 9, 2, 1}) + rules("(\\w+) (\\w+)", "$2 $1") + "one two",
+          Bytes({0, 0, 0x44, 1}) + rules(" ", "") + "\xEF\xBD\xB1 song",
+          Bytes({40, 40, 0x20, 1}) + rules("x", "xx") + "xyx"};
+}
+
+/// A byte that chooses the extension, and the file.
+std::vector<std::string> DeviceSeeds() {
+  return {Bytes({0}) + SimpleMidiFile("Song", "A"), Bytes({1}) + Mp3Audio(3), Bytes({2}) + WaveFile(10),
+          Bytes({4}) + AviFile()};
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::cerr << "usage: SeedCorpus FOLDER\n";
-    return 2;
-  }
-  const std::filesystem::path folder(argv[1]);
-  const bool written = WriteSeeds(folder / "MidiFuzzer", MidiSeeds()) && WriteSeeds(folder / "Id3Fuzzer", Id3Seeds()) &&
-                       WriteSeeds(folder / "RiffFuzzer", RiffSeeds()) &&
-                       WriteSeeds(folder / "HtmlFuzzer", HtmlSeeds()) &&
-                       WriteSeeds(folder / "TagsFuzzer", TagsSeeds()) && WriteSeeds(folder / "PlanFuzzer", PlanSeeds());
-  return written ? 0 : 1;
+namespace quillon::test {
+
+std::map<std::string, std::vector<std::string>> FuzzerSeeds() {
+  return {{"AnsiFuzzer", AnsiSeeds()},       {"ArgumentsFuzzer", ArgumentsSeeds()}, {"CommandFuzzer", CommandSeeds()},
+          {"DeviceFuzzer", DeviceSeeds()},   {"HtmlFuzzer", HtmlSeeds()},           {"Id3v1Fuzzer", Id3Seeds()},
+          {"Id3v2Fuzzer", Id3Seeds()},       {"MidiFuzzer", MidiSeeds()},           {"ModifyFuzzer", ModifySeeds()},
+          {"PatternFuzzer", PatternSeeds()}, {"PlanFuzzer", PlanSeeds()},           {"RegexFuzzer", RegexSeeds()},
+          {"RiffFuzzer", RiffSeeds()},       {"SettingsFuzzer", SettingsSeeds()},   {"TagsFuzzer", TagsSeeds()}};
 }
+
+}  // namespace quillon::test
