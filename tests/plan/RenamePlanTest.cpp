@@ -165,6 +165,39 @@ TEST_F(RenamePlanTest, WhatCannotBeTakenBackIsToldWithItsPlace) {
   EXPECT_THAT(disk_.NamesIn("/music"), ElementsAre("2", "b", "d", "x"));
 }
 
+/// A disk on which the rename to "y" stops under a temporary name.
+class HalfWay final : public FileChanges {
+ public:
+  explicit HalfWay(FileChanges& disk) : disk_(disk) {}
+
+  FileOutcome Rename(const std::string& from, const std::string& to) override {
+    if (!to.ends_with("/y")) return disk_.Rename(from, to);
+    static_cast<void>(disk_.Rename(from, to + ".half"));
+    return FileError{file_error::kStranded, "half-way", to + ".half"};
+  }
+  using FileChanges::Move;
+  MoveOutcome Move(const std::string& from, const std::string& to, Progress* progress) override {
+    return disk_.Move(from, to, progress);
+  }
+  void RemoveLeftovers(const std::string&) override {}
+  FileOutcome Remove(const std::string& path) override { return disk_.Remove(path); }
+  int Recycle(const std::string&, std::uintptr_t) override { return kRecycleNotDone; }
+
+ private:
+  FileChanges& disk_;
+};
+
+TEST_F(RenamePlanTest, AFileThatStoppedHalfWayIsTakenBackToo) {
+  HalfWay half(disk_);
+  const PlanOutcome outcome = CarryOut(StepsOf({{"c", "x"}, {"d", "y"}}), half, disk_, progress_);
+  EXPECT_EQ(outcome.failedStep, 1U);
+  EXPECT_THAT(outcome.notBack, IsEmpty());
+  ExpectUnchanged();
+  disk_.Fail(FileCall::kRename, At("y.half"), {file_error::kAccess, "denied"});
+  EXPECT_THAT(CarryOut(StepsOf({{"d", "y"}}), half, disk_, progress_).notBack,
+              ElementsAre(PlannedRename{At("d"), At("y.half")}));
+}
+
 TEST_F(RenamePlanTest, ACancelledPlanIsTakenBack) {
   struct Cancelling final : Progress {
     bool Continue(std::size_t done, std::size_t, const std::string&) override { return done < 2; }

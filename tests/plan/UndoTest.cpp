@@ -252,6 +252,24 @@ TEST_F(UndoTest, AFileThatWasLeftHalfWayGoesBackFromThere) {
   ExpectAllBack();
 }
 
+// A rename by link that could not remove the old name leaves both, and has failed.
+TEST_F(UndoTest, AFailedRenameThatLeftBothNamesIsLeftAlone) {
+  disk_.Fail(FileCall::kRename, At("a"), {file_error::kAccess, "denied"});
+  EXPECT_TRUE(logged_.Rename(At("a"), At("x")));
+  disk_.AddHardLink(At("x"), At("a"));
+  EXPECT_THAT(UndoAll(), IsEmpty());
+  EXPECT_THAT(ShowAll(), IsEmpty());
+  EXPECT_THAT(disk_.NamesIn(At("")), ElementsAre("a", "b", "c", "other", "x"));
+}
+
+TEST_F(UndoTest, ACancelledCopyEndsIt) {
+  Rename("a", "x");
+  Rename("b", "y");
+  disk_.Fail(FileCall::kMove, At("y"), {file_error::kCancelled, "Cancelled"});
+  EXPECT_THAT(UndoAll(), IsEmpty());
+  EXPECT_THAT(disk_.NamesIn(At("")), ElementsAre("c", "other", "x", "y"));
+}
+
 TEST_F(UndoTest, AChangeOfLetterCaseThatWasKilledHalfWayIsTakenBack) {
   log_.text =
       RenameLine(At("a"), At("A"), *disk_.Identity(At("a"))) + RenameLine(At("b"), At("B"), *disk_.Identity(At("b")));
