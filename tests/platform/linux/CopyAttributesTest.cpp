@@ -181,5 +181,12 @@ TEST_F(CopiedAttributes, ALostOwnerIsReportedAndSetUidIsRemoved) {
   EXPECT_EQ(ModeOf(folder_.At("kept")), 06755U);
 }
 
+TEST_F(CopiedAttributes, AnotherGroupGetsNoMoreThanOthers) {
+  if (::geteuid() != 0) GTEST_SKIP() << "a file of somebody else can only be made by root";
+  ASSERT_EQ(::chmod(from_.c_str(), 0664), 0);
+  EXPECT_EQ(RunAsOrdinaryUser([&] { return Copy(from_, to_) == NotKept{.accessRights = true} ? 0 : 1; }), 0);
+  EXPECT_EQ(ModeOf(to_), 0644U);
+}
+
 }  // namespace
 }  // namespace quillon::test

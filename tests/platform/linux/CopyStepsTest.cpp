@@ -28,6 +28,7 @@ struct Disturbances {
   std::function<void()> afterOpening = [] {};
   std::function<void()> afterCopying = [] {};
   std::function<void()> afterPublishing = [] {};
+  std::function<void()> beforeRemoving = [] {};  // of the source, which was unchanged a moment ago
 };
 
 class DisturbedSteps final : public CopySteps {
@@ -47,7 +48,10 @@ class DisturbedSteps final : public CopySteps {
   }
   FileOutcome FlushFolder(const std::string& folder) override { return steps_.FlushFolder(folder); }
   SourceNow LookAtSource() override { return steps_.LookAtSource(); }
-  FileOutcome RemoveSource() override { return steps_.RemoveSource(); }
+  FileOutcome RemoveSource() override {
+    disturbances_.beforeRemoving();
+    return steps_.RemoveSource();
+  }
   FileOutcome RemoveCopy(const std::string& path) override { return steps_.RemoveCopy(path); }
 
  private:
@@ -117,6 +121,11 @@ TEST_F(CopyStepsOfTheSystem, KeepASourceThatIsWrittenToWhileItsCopyIsFlushed) {
 
 TEST_F(CopyStepsOfTheSystem, KeepASourceThatIsWrittenToAfterItsCopyHasTheNewName) {
   disturbances_.afterPublishing = [this] { Append("here/song", " and more"); };
+  ExpectBothKept("content and more");
+}
+
+TEST_F(CopyStepsOfTheSystem, KeepASourceThatIsWrittenToJustBeforeItIsDeleted) {
+  disturbances_.beforeRemoving = [this] { Append("here/song", " and more"); };
   ExpectBothKept("content and more");
 }
 

@@ -1,8 +1,11 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -46,6 +49,31 @@ TEST(FileNames, SignsThatWindowsForbidsAreOrdinary) {
     EXPECT_EQ(MakeFileChanges()->Rename(old, folder.Path() + name), std::nullopt);
     EXPECT_EQ(ContentOf(folder.Path() + name), "content");
   }
+}
+
+TEST(FileNames, APathWithANulIsNotThatOfTheFileBeforeIt) {
+  const TempFolder folder;
+  const std::string file = folder.Write("a.mid", "");
+  const std::string path = file + std::string("\0b", 2);
+  EXPECT_TRUE(MakeFileChanges()->Remove(path));
+  EXPECT_TRUE(MakeFileChanges()->Rename(path, folder.At("b.mid")));
+  EXPECT_NE(MakeFileChanges()->Recycle(path, 0), 0);
+  EXPECT_FALSE(OpenSystemFile(path));
+  EXPECT_TRUE(folder.Exists("a.mid"));
+}
+
+TEST(FileIdentityOnLinux, TellsTwoTimesWithinASecondApart) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.mid", "a");
+  std::vector<std::int64_t> modified;
+  for (const long nanoseconds : {1L, 2L}) {
+    const std::array<timespec, 2> times = {timespec{1'600'000'000, nanoseconds}, timespec{1'600'000'000, nanoseconds}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times.data(), 0), 0);
+    const auto identity = MakeFileReads()->Identity(path);
+    ASSERT_TRUE(identity.Ok());
+    modified.push_back(identity->modified);
+  }
+  EXPECT_EQ(modified[1] - modified[0], 1);
 }
 
 TEST(FileNames, PipesAndDevicesAreNeverOpened) {

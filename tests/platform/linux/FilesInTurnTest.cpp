@@ -4,10 +4,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <climits>
 #include <string>
 
 #include "platform/FileSystem.h"
+#include "platform/linux/ChildProcess.h"
 #include "support/TempFolder.h"
 
 namespace quillon::test {
@@ -59,18 +61,17 @@ TEST(FilesInTurnOnLinux, APathThatIsTooLongLeadsNowhereThoughItsFolderCanBeOpene
 class FewDescriptors : public testing::TestWithParam<rlim_t> {};
 INSTANTIATE_TEST_SUITE_P(Limits, FewDescriptors, testing::Values(12, 16, 24, 48, 64, 80));
 
-TEST_P(FewDescriptors, AreEnough) {
-  const TempFolder folder;
+PathList WriteFiles(const TempFolder& folder) {
   PathList list;
   for (int i = 0; i < 500; ++i) {
     folder.Write(std::to_string(i), std::string(5000, 'x'));
     list.Add(folder.Path(), std::to_string(i));
   }
-  rlimit before = {};
-  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
-  rlimit few = before;
-  few.rlim_cur = GetParam();
-  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+  return list;
+}
+
+/// How many of the files can be opened and read.
+int ReadFiles(const PathList& list) {
   const auto files = MakeFileReads();
   const auto reading = files->ReadInTurn(list, Contents);
   int opened = 0;
@@ -79,8 +80,34 @@ TEST_P(FewDescriptors, AreEnough) {
     ByteSource* const open = reading->Open();
     if (open != nullptr && open->Read(3000, 10) == "xxxxxxxxxx") ++opened;
   }
+  return opened;
+}
+
+TEST_P(FewDescriptors, AreEnough) {
+  const TempFolder folder;
+  const PathList list = WriteFiles(folder);
+  rlimit before = {};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+  rlimit few = before;
+  few.rlim_cur = GetParam();
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+  const int opened = ReadFiles(list);
   ::setrlimit(RLIMIT_NOFILE, &before);
   EXPECT_EQ(opened, 500);
+}
+
+TEST(FilesInTurnOnLinux, NothingIsMissingWhenOtherFilesHaveTakenTheDescriptors) {
+  const TempFolder folder;
+  const PathList list = WriteFiles(folder);
+  const int result = RunInChild([&] {
+    const rlimit limit = {80, 80};
+    if (::setrlimit(RLIMIT_NOFILE, &limit) != 0) return kCannotSetUp;
+    int last = -1;
+    for (int taken = 0; taken >= 0; taken = ::open("/dev/null", O_RDONLY | O_CLOEXEC)) last = std::max(last, taken);
+    for (int i = 0; i < 4; ++i) ::close(last - i);
+    return ReadFiles(list) == 500 ? 0 : 1;
+  });
+  EXPECT_EQ(result, 0);
 }
 
 }  // namespace

@@ -167,9 +167,14 @@ TEST_F(MoveAcrossVolumes, ExtendedAttributesAreKeptWhereBothVolumesHaveThem) {
 
 TEST_F(MoveAcrossVolumes, ALinkIsMovedItself) {
   ASSERT_EQ(::symlink("nowhere/曲", here_.At("link").c_str()), 0);
+  const std::array<timespec, 2> times = {timespec{1'500'000'000, 0}, timespec{1'600'000'000, 0}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, here_.At("link").c_str(), times.data(), AT_SYMLINK_NOFOLLOW), 0);
   EXPECT_EQ(Move(here_.At("link"), there_ + "link"), 0);
   EXPECT_FALSE(here_.Exists("link"));
   EXPECT_EQ(fs::read_symlink(there_ + "link").string(), "nowhere/曲");
+  struct stat moved = {};
+  ASSERT_EQ(::lstat((there_ + "link").c_str(), &moved), 0);
+  EXPECT_EQ(moved.st_mtim.tv_sec, times[1].tv_sec);
 }
 
 TEST_F(MoveAcrossVolumes, NothingIsEverReplaced) {

@@ -1,0 +1,28 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "platform/AppendedFile.h"
+#include "platform/linux/ChildProcess.h"
+#include "support/TempFolder.h"
+
+namespace quillon::test {
+namespace {
+
+TEST(AppendedFileOnAFullDisk, HoldsNoPartOfATextThatDidNotFit) {
+  const TempFolder folder;
+  const std::string path = folder.Write("log", "first\n");
+  const int result = RunInChild([&] {
+    const rlimit limit = {20, 20};
+    if (::signal(SIGXFSZ, SIG_IGN) == SIG_ERR || ::setrlimit(RLIMIT_FSIZE, &limit) != 0) return 1;
+    const auto file = OpenAppendedFile(path);
+    if (!file || (*file)->Append("second\n")) return 2;
+    return (*file)->Append("a third, which is too long\n") ? 0 : 3;
+  });
+  EXPECT_EQ(result, 0);
+  EXPECT_EQ(folder.Read("log"), "first\nsecond\n");
+}
+
+}  // namespace
+}  // namespace quillon::test
