@@ -62,6 +62,29 @@ TEST(CliMoveTest, AnInaccessibleTargetIsReportedAsSuch) {
   EXPECT_EQ(folder.Read("a.mid"), "a");
 }
 
+TEST(CliMoveTest, ALogThatCannotBeReadIsRefused) {
+  const TempFolder folder;
+  const std::string path = folder.Write("a.mid", "a");
+  const std::string to = folder.MakeFolder("to");
+  EXPECT_EQ(Cli({"move", "--to", to, "--apply", "--log", "/dev/null", path}).exitCode, 2);
+  EXPECT_TRUE(folder.Exists("a.mid"));
+}
+
+TEST(CliPlanTest, OneThatFailsEndsWithOne) {
+  const TempFolder folder;
+  const std::string path = folder.Write("locked/a.mid", "a");
+  const std::string plan = folder.Write("plan", "{\"old\": \"" + path + "\", \"new\": \"b.mid\"}\n");
+  ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
+  ASSERT_EQ(chmod(folder.At("locked").c_str(), 0555), 0);
+  std::vector<std::string> words = {QUILLON_CLI, "rename", "--apply", "--plan", plan};
+  if (geteuid() == 0) words.insert(words.begin(), {"setpriv", "--reuid=65534", "--clear-groups"});
+  const ProcessResult result = RunProcess("/usr/bin/env", words);
+  chmod(folder.At("locked").c_str(), 0700);
+  if (result.exitCode == 127) GTEST_SKIP() << "no other user may run the program: " << result.errors;
+  EXPECT_EQ(result.exitCode, 1) << result.errors;
+  EXPECT_TRUE(folder.Exists("locked/a.mid"));
+}
+
 TEST(CliMoveTest, ATargetWithATooLongNameIsReported) {
   const TempFolder folder;
   const std::string to = folder.At(std::string(256, 'x'));
@@ -338,6 +361,14 @@ TEST_F(CliTrashTest, FilesGoToTheTrashWithANoteOfWhereTheyWere) {
   EXPECT_TRUE(folder.Exists("sub/b.mid"));
   EXPECT_EQ(home_.Read("data/Trash/files/荒城の月 1.mp3"), "moon");
   EXPECT_TRUE(home_.Exists("data/Trash/info/荒城の月 1.mp3.trashinfo"));
+}
+
+TEST_F(CliTrashTest, NothingThatIsDeletedForGoodGoesThere) {
+  home_.MakeFolder("data");
+  const std::string path = home_.Write("a.mid", "a");
+  EXPECT_EQ(Delete({"--for-good", path}).exitCode, 0);
+  EXPECT_FALSE(home_.Exists("a.mid"));
+  EXPECT_FALSE(home_.Exists("data/Trash/files/a.mid"));
 }
 
 TEST_F(CliTrashTest, TwoFilesOfOneNameAreBothKept) {

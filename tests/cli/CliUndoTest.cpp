@@ -122,6 +122,15 @@ TEST_F(CliUndo, ATornLogIsReadToItsLastWholeLine) {
   EXPECT_TRUE(source_.Exists("two.mid"));
 }
 
+TEST_F(CliUndo, NothingIsAppendedToATornLog) {
+  const std::string torn = "{\"old\":";
+  logs_.Write("log", torn);
+  const ProcessResult result = Cli({"move", "--apply", "--to", target_.Path(), "--log", Log(), source_.Path()});
+  EXPECT_EQ(result.exitCode, 2);
+  EXPECT_EQ(logs_.Read("log"), torn);
+  EXPECT_TRUE(source_.Exists("one.mid"));
+}
+
 TEST_F(CliUndo, ADamagedLineIsToldWithItsNumberBeforeAnythingHappens) {
   EXPECT_EQ(Cli({"move", "--apply", "--to", target_.Path(), "--log", Log(), source_.Path()}).exitCode, 0);
   logs_.Write("log", logs_.Read("log") + "{\"old\":\n");

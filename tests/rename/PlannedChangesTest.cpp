@@ -164,6 +164,15 @@ TEST(PlannedChanges, ASecondFileWhoseNameDiffersInLetterCaseAloneIsInTheWay) {
   }
 }
 
+TEST(PlannedChanges, LetterCaseAloneCanChangeOnAVolumeThatIgnoresIt) {
+  const std::string folder = OnWindows() ? "C:\\music\\" : "/music/";
+  test::MemoryFileSystem disk({SystemPathStyle(), true});
+  for (const char* const name : {"a.mid", "b.mid"}) disk.AddFile(folder + name);
+  PlannedChanges plan(disk);
+  EXPECT_EQ(plan.Rename(folder + "a.mid", folder + "A.mid"), std::nullopt);
+  EXPECT_EQ(plan.Rename(folder + "b.mid", folder + "A.mid"), (FileError{file_error::kAlreadyExists, {}}));
+}
+
 TEST(PlannedChanges, PassOnErrorsOfQueries) {
   test::MemoryFileSystem files;
   const std::string top = OnWindows() ? "C:\\m\\" : "/m/";

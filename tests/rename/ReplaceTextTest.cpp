@@ -86,6 +86,14 @@ TEST(ReplaceText, DropsWhatComesBeforeTheStart) {
   EXPECT_EQ(ReplaceText("abca", "a", "x", 2, 0, CompareMode::kBinary), "bca");
 }
 
+TEST(FindOccurrences, BytesThatAreNoTextAreOnlyFoundByThemselves) {
+  using Ranges = std::vector<TextRange>;
+  for (const CompareMode mode : {CompareMode::kBinary, CompareMode::kText}) {
+    EXPECT_EQ(FindOccurrences("a\xFE\xFF", "\xFF", mode, Overlapping::kNo), (Ranges{{2, 1}}));
+    EXPECT_EQ(FindOccurrences("\xFE", "\xFF", mode, Overlapping::kNo), Ranges{});
+  }
+}
+
 TEST(FindOccurrences, CanOverlap) {
   using Ranges = std::vector<TextRange>;
   EXPECT_EQ(FindOccurrences("aaa", "aa", CompareMode::kBinary, Overlapping::kNo), (Ranges{{0, 2}}));

@@ -158,6 +158,21 @@ TEST_F(SettingsTest, DefaultsOfAFirstStart) {
   EXPECT_FALSE(values.system.alwaysOnTop);
 }
 
+TEST_F(SettingsTest, AtAFirstStartNoAdditionIsSwitchedOn) {
+  const OptionValues::Extra extra = ReadValid("").extra;
+  EXPECT_FALSE(extra.readMoreTags);
+  for (const std::string& pattern : extra.patterns) EXPECT_EQ(pattern, "");
+  EXPECT_EQ(extra.patternStart, 1);
+  EXPECT_EQ(extra.patternStep, 1);
+  EXPECT_EQ(extra.patternWidth, 1);
+  EXPECT_EQ(extra.patternInvalid, PatternInvalid::kKept);
+  EXPECT_EQ(extra.patternReplacement, "");
+  EXPECT_FALSE(extra.runRulesOnce);
+  EXPECT_FALSE(extra.confirmPending);
+  EXPECT_FALSE(extra.toolBarLabels);
+  EXPECT_FALSE(extra.maximized);
+}
+
 TEST_F(SettingsTest, FreshFileHasEveryKeyInOrder) {
   OptionValues options;
   options.window.top = 120;
