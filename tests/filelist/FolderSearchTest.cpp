@@ -305,6 +305,14 @@ TEST(FolderSearchLinks, ALinkBackUpIsNotFollowed) {
   }
 }
 
+TEST(FolderSearchLinks, ALinkAboveTheFolderThatALinkLedToIsNotFollowed) {
+  Fixture f;
+  f.Add({"/n/a.mid", "/n/sub/b.mid"});
+  f.files.AddLink("/m/1/p", "/n/sub");
+  f.files.AddLink("/n/sub/q", "/n");
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths), Texts({"/m/1/p/b.mid"}));
+}
+
 TEST(FolderSearchLinks, ALinkToASiblingWithTheSameStartIsNoLinkBackUp) {
   Fixture f;
   f.Add({"/m/x2/b.mid", "/n/c.mid"});
@@ -313,6 +321,16 @@ TEST(FolderSearchLinks, ALinkToASiblingWithTheSameStartIsNoLinkBackUp) {
   f.files.AddFile("/m/x/d.mid");
   EXPECT_EQ(PathsOf(f.search.Search("/m/x2/", "", true).paths),
             Texts({"/m/x2/b.mid", "/m/x2/beside/d.mid", "/m/x2/to/c.mid"}));
+}
+
+TEST(FolderSearchLinks, ALinkAboveAFolderThatAnEarlierLinkWasInIsFollowed) {
+  Fixture f;
+  f.Add({"/a/1.mid", "/a/x/2.mid", "/b/3.mid"});
+  f.files.AddLink("/a/x/inner", "/b");
+  f.files.AddLink("/m/p", "/a/x");
+  f.files.AddLink("/m/q", "/a");
+  EXPECT_EQ(PathsOf(f.search.Search("/m/", "", true).paths),
+            Texts({"/m/p/2.mid", "/m/p/inner/3.mid", "/m/q/1.mid", "/m/q/x/2.mid"}));
 }
 
 TEST(FolderSearchLinks, FoldersThatLeadIntoEachOtherAreEachListedOnce) {
