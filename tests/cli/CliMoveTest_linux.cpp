@@ -62,6 +62,30 @@ TEST(CliMoveTest, AnInaccessibleTargetIsReportedAsSuch) {
   EXPECT_EQ(folder.Read("a.mid"), "a");
 }
 
+TEST(CliInaccessible, AFileThatCannotBeLoadedEndsWithOne) {
+  const TempFolder folder;
+  folder.Write("a.mid", "a");
+  folder.Write("locked/b.mid", "b");
+  ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
+  ASSERT_EQ(chmod(folder.At("locked").c_str(), 0444), 0);
+  std::vector<std::string> words = {QUILLON_CLI, "list", "--json", "--subfolders", folder.Path()};
+  if (geteuid() == 0) words.insert(words.begin(), {"setpriv", "--reuid=65534", "--clear-groups"});
+  const ProcessResult result = RunProcess("/usr/bin/env", words);
+  chmod(folder.At("locked").c_str(), 0700);
+  if (result.exitCode == 127) GTEST_SKIP() << "no other user may run the program: " << result.errors;
+  EXPECT_EQ(result.exitCode, 1) << result.errors;
+  EXPECT_EQ(JsonLines(result.output).size(), 1U) << result.output;
+}
+
+TEST(CliRecycleBin, ItsFilesAreNotLoaded) {
+  const TempFolder folder;
+  folder.Write("a.mid", "a");
+  folder.Write(".Trash-1000/files/b.mid", "b");
+  const ProcessResult result = Cli({"list", "--json", "--subfolders", folder.Path()});
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  EXPECT_EQ(JsonLines(result.output).size(), 1U) << result.output;
+}
+
 TEST(CliMoveTest, ALogThatCannotBeReadIsRefused) {
   const TempFolder folder;
   const std::string path = folder.Write("a.mid", "a");

@@ -95,10 +95,13 @@ TEST_F(CliUndo, ALogThatIsNoneIsRefusedBeforeAnythingHappens) {
 }
 
 TEST_F(CliUndo, ALogThatCannotBeWrittenIsAnErrorBeforeAnythingHappens) {
+  source_.Write("THREE.MID", "");  // a rename puts its extension in small letters
   for (const std::string& log : {logs_.At("absent/log"), logs_.Path()}) {
-    const ProcessResult result = Cli({"move", "--apply", "--to", target_.Path(), "--log", log, source_.Path()});
-    EXPECT_EQ(result.exitCode, 2) << log;
+    const ProcessResult moved = Cli({"move", "--apply", "--to", target_.Path(), "--log", log, source_.Path()});
+    EXPECT_EQ(moved.exitCode, 2) << log;
     EXPECT_TRUE(source_.Exists("one.mid"));
+    EXPECT_EQ(Cli({"rename", "--apply", "--log", log, source_.Path()}).exitCode, 2) << log;
+    EXPECT_TRUE(source_.Exists("THREE.MID"));
   }
 }
 
