@@ -1,10 +1,9 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -18,7 +17,7 @@ class ScratchFile {
     std::error_code error;
     const bool useMemory = std::filesystem::is_directory(memory, error);
     const std::filesystem::path folder = useMemory ? memory : std::filesystem::temp_directory_path();
-    path_ = folder / ("quillon-fuzz-" + std::to_string(::getpid()) + std::string(extension));
+    path_ = folder / ("quillon-fuzz-" + std::to_string(std::random_device()()) + std::string(extension));
   }
   ScratchFile(const ScratchFile&) = delete;
   ScratchFile& operator=(const ScratchFile&) = delete;
