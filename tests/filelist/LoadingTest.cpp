@@ -196,7 +196,10 @@ class HangingDisk final : public FileReads {
     };
     return MakeListingsAhead({list, realPath}, subfolders, '/');
   }
-  std::string RealPath(const std::string& folder) override { return files_.RealPath(folder); }
+  std::string RealPath(const std::string& folder) override {
+    ADD_FAILURE() << "asked on the thread of the search";
+    return files_.RealPath(folder);
+  }
   std::unique_ptr<ByteSource> OpenFile(const std::string& path) override { return files_.OpenFile(path); }
   Result<FileStatus, FileError> Status(const std::string& path) override { return files_.Status(path); }
   bool SameFile(const std::string& left, const std::string& right) override { return files_.SameFile(left, right); }
