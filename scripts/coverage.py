@@ -43,7 +43,7 @@ def read_report(text):
     for line in text.splitlines():
         kind, _, rest = line.partition(":")
         if kind == "SF":
-            path = pathlib.Path(rest)
+            path = pathlib.Path(rest).resolve()
             below = path.is_relative_to(_ROOT / "src")
             current = files[str(path.relative_to(_ROOT))] if below else None
         elif current is None:
@@ -80,7 +80,7 @@ def main():
     raw = sorted(str(path) for path in pathlib.Path(profiles).glob("*.profraw"))
     listed = pathlib.Path(profiles) / "profiles.txt"
     listed.write_text("\n".join(raw), encoding="utf-8")
-    subprocess.run([tool("llvm-profdata"), "merge", "-sparse", f"-input-files={listed}", "-o", merged], check=True)
+    subprocess.run([tool("llvm-profdata"), "merge", "-sparse", "-failure-mode=all", f"-input-files={listed}", "-o", merged], check=True)
     programs = sorted(build.glob("bin/quillon_*_tests")) + [build / "bin/quillon-cli"]
     objects = [argument for program in programs[1:] for argument in ("-object", str(program))]
     report = subprocess.run([tool("llvm-cov"), "export", "-format=lcov", f"-instr-profile={merged}", programs[0], *objects],
