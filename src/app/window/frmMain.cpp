@@ -391,7 +391,7 @@ void frmMain::ShowPatternDialog(Rows rows) {
       KeptFacts([this, rows] { return FactsFrom(*files_, app_->List(), rows, TagSourcesOf(app_->Options())); });
   std::optional<PatternRules> rules;
   {
-    // The preview would go on while the names are given.
+    // The preview ends with its dialog: it must not go on while the names are given.
     PatternPreview preview(app_->List(), rows, *files_, app_->Mode(), beginReading);
     frmPattern dialog(this, app_->Options(), app_->Mode(), preview, [this] { app_->ShowHelp(); });
     if (dialog.ShowModal() == wxID_OK) rules = dialog.Rules();

@@ -11,6 +11,7 @@
 #include "platform/ReadAhead.h"
 #include "platform/WindowsPath.h"
 #include "platform/windows/FileId.h"
+#include "platform/windows/FinalPath.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/LocalFile.h"
 #include "platform/windows/SystemError.h"
@@ -56,13 +57,6 @@ class SearchCloser {
  private:
   HANDLE search_;
 };
-
-std::string FinalPath(const Handle& file) {
-  const DWORD needed = ::GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
-  std::wstring path(needed, L'\0');
-  path.resize(::GetFinalPathNameByHandleW(file.Get(), path.data(), needed, FILE_NAME_NORMALIZED));
-  return PlainWindowsPath(FromWide(path));
-}
 
 // The system counts steps of 100 ns since 1601.
 std::int64_t SecondsSince1970(const FILETIME& time) {
@@ -165,7 +159,7 @@ std::string ResolveLinks(const std::string& folder) {
   const std::optional<std::wstring> path = SystemPath(folder);
   if (!path) return {};
   const Handle open = OpenForQuestions(*path);
-  return open.Open() ? FinalPath(open) : std::string();
+  return open.Open() ? PlainWindowsPath(FromWide(FinalPath(open))) : std::string();
 }
 
 class WindowsFileReads final : public FileReads {

@@ -6,6 +6,7 @@
 
 #include "platform/AwayFile.h"
 #include "platform/WholeFile.h"
+#include "platform/windows/FinalPath.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/LocalFile.h"
 #include "platform/windows/SharingRetry.h"
@@ -64,11 +65,7 @@ std::wstring TargetOf(const std::wstring& link) {
   constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const Handle file(::CreateFileW(link.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_FLAG_OPEN_NO_RECALL, nullptr));
-  if (!file.Open()) return {};
-  const DWORD needed = ::GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED);
-  std::wstring path(needed, L'\0');
-  path.resize(::GetFinalPathNameByHandleW(file.Get(), path.data(), needed, FILE_NAME_NORMALIZED));
-  return path;
+  return file.Open() ? FinalPath(file) : std::wstring();
 }
 
 }  // namespace
@@ -85,9 +82,9 @@ std::unique_ptr<ByteSource> OpenLocalFile(const std::string& path, AttributesOf 
   const DWORD attributes = attributesOf(systemPath->c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || IsAwayFile(attributes)) return nullptr;
   if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
-    // A link does not have the attributes of its target.
+    // A link does not have the attributes of its target. Where that cannot be told, the file is opened as any other.
     const std::wstring target = TargetOf(*systemPath);
-    if (target.empty() || IsAwayFile(attributesOf(target.c_str()))) return nullptr;
+    if (!target.empty() && IsAwayFile(attributesOf(target.c_str()))) return nullptr;
   }
   return RegularFile(OpenForAll(*systemPath));
 }
