@@ -36,6 +36,7 @@ struct Disk {
   std::atomic<int> mostAtOnce{0};
   const std::thread::id reader = std::this_thread::get_id();
   std::atomic<int> readersStatuses{0};
+  std::atomic<int> readersOpens{0};
 
   static void Raise(std::atomic<int>& most, int value) {
     for (int before = most; before < value && !most.compare_exchange_weak(before, value);) {
@@ -75,6 +76,7 @@ class DiskOpener final : public FileOpener {
     std::this_thread::sleep_for(disk_.wait.load());
     --disk_.atOnce;
     ++disk_.opens;
+    if (std::this_thread::get_id() == disk_.reader) ++disk_.readersOpens;
     if (Disk::TakeOne(disk_.exceptions)) throw std::bad_alloc();
     if (Disk::TakeOne(disk_.failures) || disk_.open >= disk_.mostKept) return {nullptr, true};
     if (file.name.starts_with("absent")) return {};
@@ -279,6 +281,14 @@ TEST(ReadAhead, AFileIsClosedOnceItsTurnIsOver) {
     reading->Next();
     EXPECT_EQ(disk.open, 8 - i);
   }
+}
+
+TEST(ReadAhead, OnASlowDiskTheReaderOpensNoFilesItselfOnceThereAreSeveralThreads) {
+  const PathList list = Numbered(600);
+  Disk disk;
+  disk.wait = std::chrono::milliseconds(2);
+  ExpectAllContents(*Reading(disk, list, All({What::kContents, 10})), list);
+  EXPECT_LT(disk.readersOpens, 12) << "before the second thread";
 }
 
 TEST(ReadAhead, TheStatusOfWhatCannotBeOpenedIsReadAhead) {
