@@ -38,7 +38,7 @@ class GalleryApp final : public wxApp {
     if (arguments == std::vector<std::string>{"wait"}) {
       frame->CallAfter([this, frame] { ShowWait(*frame); });
     } else if (arguments == std::vector<std::string>{"search"}) {
-      frame->CallAfter([frame] { ShowSearch(*frame); });
+      frame->CallAfter([this, frame] { ShowSearch(*frame); });
     } else if (arguments == std::vector<std::string>{"nothing"}) {
       frame->Bind(wxEVT_CHAR_HOOK, [frame](wxKeyEvent&) { AskAfterNothing(*frame); });
     } else {
@@ -54,10 +54,10 @@ class GalleryApp final : public wxApp {
     wait_->Update(42, "42%", "赤とんぼ");
   }
 
-  static void ShowSearch(wxWindow& parent) {
-    auto* const search = new frmFolderRef(&parent, [] {});
-    search->Begin("フォルダ内を検索しています...", "検索対象 : D:\\音楽\\");
-    search->ShowFolder("D:\\音楽\\日本の歌\\");
+  void ShowSearch(wxWindow& parent) {
+    search_ = std::make_unique<LongSearch>(parent, [] {});
+    search_->Begin("フォルダ内を検索しています...", "検索対象 : D:\\音楽\\");
+    search_->ShowFolder("D:\\音楽\\日本の歌\\");
   }
 
   static void AskAfterNothing(wxWindow& parent) {
@@ -69,6 +69,7 @@ class GalleryApp final : public wxApp {
   }
 
   std::unique_ptr<frmWait> wait_;
+  std::unique_ptr<LongSearch> search_;
 };
 
 }  // namespace quillon

@@ -137,7 +137,7 @@ TEST_F(AccessKeysOfWindows, AreUniqueInTheOtherWindows) {
   EXPECT_EQ(pattern.Shared(), kNone);
   EXPECT_EQ(KeysOf(Command::mnuVarInfo).Shared(), kNone);
   AccessKeys search;
-  search.AddControls(Get<wxWindow>("frmFolderRef"));
+  search.AddControls(Frame().Search().Window());
   EXPECT_EQ(search.Shared(), kNone);
   Run(Command::mnuDirShow);
   auto* const folders = dynamic_cast<frmDirShow*>(wxWindow::FindWindowByName("frmDirShow"));

@@ -69,7 +69,7 @@ class LoadsInMainWindow : public MainWindowTest {
     Post(Command::mnuFolderReference);
   }
 
-  [[nodiscard]] wxWindow& SearchWindow() const { return Get<wxWindow>("frmFolderRef"); }
+  [[nodiscard]] wxWindow& SearchWindow() const { return Frame().Search().Window(); }
   [[nodiscard]] wxWindow& Label() const { return Get<wxWindow>("lblNowloading"); }
 
   bool Drop(const std::vector<std::string>& paths) const {
@@ -124,6 +124,14 @@ TEST_F(LoadsInMainWindow, RefuseOtherCommandsMeanwhile) {
   EXPECT_EQ(Status(kItemsPanel), "アイテム数：  " + std::to_string(kMany + 1));
   EXPECT_EQ(NativeCount(Frame().List()), kMany + 1);
   EXPECT_TRUE(Box().IsEditable());
+}
+
+TEST_F(LoadsInMainWindow, MakeTheirWindowsOnlyWhenNeeded) {
+  Open(Options());
+  EXPECT_EQ(wxWindow::FindWindowByName("frmFolderRef"), nullptr);
+  EXPECT_EQ(wxWindow::FindWindowByName("lblPicNowLoding"), nullptr);
+  EXPECT_FALSE(Frame().Search().Window().IsShown());
+  EXPECT_NE(wxWindow::FindWindowByName("frmFolderRef"), nullptr);
 }
 
 TEST_F(LoadsInMainWindow, ShowALabelOverTheListWhileTheyLast) {

@@ -14,8 +14,8 @@ class SearchWindowOnGtk : public MainWindowTest {};
 
 TEST_F(SearchWindowOnGtk, StaysHiddenAfterASearchThatEndsAsItAppearsAndIsReadyForTheNext) {
   Open(Options());
-  auto& window = Get<wxWindow>("frmFolderRef");
-  auto& search = dynamic_cast<SearchDisplay&>(window);
+  LongSearch& search = Frame().Search();
+  wxWindow& window = search.Window();
   for (int round = 0; round < 2; ++round) {  // GTK shows a window differently the very first time
     bool ended = false;
     const auto end = [&](wxShowEvent& event) {

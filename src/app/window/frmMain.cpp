@@ -80,7 +80,7 @@ frmMain::frmMain(OptionValues options, Application::Paths paths, Opener open)
                  .findLine = *findLine_},
       .dialogs = {.boxes = boxes_,
                   .pending = *pending_,
-                  .loading = {.search = *frmFolderRef_, .progress = *loading_, .folders = *this},
+                  .loading = {.search = *search_, .progress = *loading_, .folders = *this},
                   .waiting = frmWait_},
       .player = {.device = *device_, .panel = *playerPanel_, .movie = *movie_},
       .system = {.files = *files_,
@@ -135,7 +135,7 @@ void frmMain::MakeControls() {
                         .close = [this] { app_->CloseFindLine(); },
                         .layOut = [this] { OnPanelSize(); }});
   controls_.findLine = findLine_.get();
-  frmFolderRef_ = new frmFolderRef(this, [this] { app_->CancelLoad(); });
+  search_ = std::make_unique<LongSearch>(*this, [this] { app_->CancelLoad(); });
   renameBox_ = MakeRenameBox(*controls_.txtAlterTitle);
   information_ = MakeInformationBoxes(controls_);
   playerPanel_ = std::make_unique<FraMusicPlayer>(controls_, [this] { app_->Player().timMCIChecker(); });

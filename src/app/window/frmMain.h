@@ -61,6 +61,7 @@ class frmMain final : public wxFrame,
 
   [[nodiscard]] Application& App() { return *app_; }
   [[nodiscard]] lvwFiles& List() { return *lvwFiles_; }
+  [[nodiscard]] LongSearch& Search() { return *search_; }
 
   /// Converts between a command and the id of its menu item and tool button.
   [[nodiscard]] static int IdOf(Command command);
@@ -152,12 +153,12 @@ class frmMain final : public wxFrame,
   Presets presets_;
   // Owned by the window, like every wx child:
   frmMainControls controls_;
-  frmFolderRef* frmFolderRef_ = nullptr;
   wxWeakRef<frmDirShow> frmDirShow_;  // until the user closes it
   std::unique_ptr<RenameBox> renameBox_;
   std::unique_ptr<InformationBoxes> information_;
   std::unique_ptr<FraMusicPlayer> playerPanel_;
   std::unique_ptr<FloatingMovie> movie_;
+  std::unique_ptr<LongSearch> search_;
   std::unique_ptr<LoadingLabel> loading_;
   std::unique_ptr<MoreTagsBar> tagsBar_;
   std::unique_ptr<FraFind> findLine_;

@@ -26,6 +26,9 @@ LoadingLabel::LoadingLabel(wxWindow& parent, const std::function<wxWindow&()>& l
       lblNowloading_(new wxPanel(&parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_THEME)) {
   lblNowloading_->Hide();
   lblNowloading_->SetName("lblNowloading");
+}
+
+void LoadingLabel::MakeContents() {
   const wxColour ink = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
   auto* picNowLoding = new wxStaticBitmap(lblNowloading_, wxID_ANY, Picture("loading", kPicture, ink));
   picNowLoding->SetName("picNowLoding");
@@ -49,6 +52,7 @@ LoadingLabel::LoadingLabel(wxWindow& parent, const std::function<wxWindow&()>& l
 }
 
 void LoadingLabel::Begin(const std::string& headline, const std::string& line) {
+  if (lblLine_ == nullptr) MakeContents();
   lblPicNowLoding_->SetLabelText(ToWx(headline));
   lblLine_->SetLabelText(ShortenedToFit(*lblLine_, line, list_().GetClientSize().x));
   lblPercent_->SetLabelText("");

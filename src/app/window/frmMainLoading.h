@@ -31,14 +31,16 @@ class LoadingLabel final : public ProgressDisplay {
   void ShowIfLate();
 
  private:
+  void MakeContents();  // at the first load
+
   using Clock = std::chrono::steady_clock;
 
   std::function<wxWindow&()> list_;
   std::function<void()> changed_;
   wxPanel* lblNowloading_;
-  wxStaticText* lblPicNowLoding_;
-  wxStaticText* lblLine_;
-  wxStaticText* lblPercent_;
+  wxStaticText* lblPicNowLoding_ = nullptr;
+  wxStaticText* lblLine_ = nullptr;
+  wxStaticText* lblPercent_ = nullptr;
   Clock::time_point begun_;
   bool active_ = false;
   bool hadFocus_ = false;  // whether the list had it

@@ -4,6 +4,8 @@
 #include <wx/sizer.h>
 #include <wx/utils.h>
 
+#include <utility>
+
 #include "controls/AlwaysOnTop.h"
 #include "controls/ShortenedToFit.h"
 #include "controls/WxText.h"
@@ -42,34 +44,61 @@ frmFolderRef::frmFolderRef(wxWindow* parent, std::function<void()> cancel)
   // GTK shows a window again that was hidden before the window system had put it on the screen.
   Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
     event.Skip();
-    if (event.IsShown() && !searching_) Hide();
+    if (event.IsShown() && !wanted_) Hide();
   });
-  timFolderRef_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
 }
 
-void frmFolderRef::Begin(const std::string& /*status*/, const std::string& target) {
-  searching_ = true;
-  wxBeginBusyCursor();
+void frmFolderRef::SetTarget(const std::string& target) {
   lblTarget_->SetLabelText(ShortenedToFit(*lblTarget_, target, FromDIP(kWidth)));
-  lblFolder_->SetLabelText("");
-  timFolderRef_.StartOnce(kShowAfterMs);
 }
 
-void frmFolderRef::OnTimer() {
+void frmFolderRef::SetFolder(const std::string& folder) {
+  lblFolder_->SetLabelText(ShortenedToFit(*lblFolder_, folder, FromDIP(kWidth)));
+}
+
+void frmFolderRef::Appear() {
+  wanted_ = true;
   SetOnTop(*this, GetParent()->HasFlag(wxSTAY_ON_TOP));
   CentreOnParent();
   Show();
 }
 
-void frmFolderRef::ShowFolder(const std::string& folder) {
-  lblFolder_->SetLabelText(ShortenedToFit(*lblFolder_, folder, FromDIP(kWidth)));
+void frmFolderRef::Vanish() {
+  wanted_ = false;
+  Hide();
 }
 
-void frmFolderRef::End() {
-  searching_ = false;
+LongSearch::LongSearch(wxWindow& parent, std::function<void()> cancel) : parent_(parent), cancel_(std::move(cancel)) {
+  timFolderRef_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
+}
+
+void LongSearch::Begin(const std::string& /*status*/, const std::string& target) {
+  wxBeginBusyCursor();
+  target_ = target;
+  folder_.clear();
+  timFolderRef_.StartOnce(kShowAfterMs);
+}
+
+void LongSearch::OnTimer() {
+  Window().SetTarget(target_);
+  window_->SetFolder(folder_);
+  window_->Appear();
+}
+
+void LongSearch::ShowFolder(const std::string& folder) {
+  folder_ = folder;
+  if (window_ != nullptr && window_->IsShown()) window_->SetFolder(folder);
+}
+
+void LongSearch::End() {
   timFolderRef_.Stop();
-  Hide();
+  if (window_ != nullptr) window_->Vanish();
   if (wxIsBusy()) wxEndBusyCursor();
+}
+
+frmFolderRef& LongSearch::Window() {
+  if (window_ == nullptr) window_ = new frmFolderRef(&parent_, cancel_);
+  return *window_;
 }
 
 }  // namespace quillon
