@@ -15,6 +15,7 @@
 #include "media/TextLimit.h"
 #include "support/MediaBuilders.h"
 #include "support/PatternFile.h"
+#include "support/ReadBothWays.h"
 
 namespace quillon {
 namespace {
@@ -162,6 +163,15 @@ TEST(HostileFiles, ARowCostsLittleBeyondReading) {
     const MediaInfo info = ReadMediaInfo(file, type);
     EXPECT_LE(std::max(info.title.size(), info.copyright.size()), 3 * kLongestText);
   });
+}
+
+TEST(HostileFiles, ARowIsTheSameWhenTheFileWasReadAhead) {
+  for (const Shape& shape : Shapes()) {
+    SCOPED_TRACE(shape.type + ": "s + shape.name);
+    PatternFile file(kMiB, shape.start, shape.pattern);
+    (void)ReadBothWays(file, NeedsForInfo(shape.type),
+                       [&](ByteSource& source) { return ReadMediaInfo(source, shape.type); });
+  }
 }
 
 TEST(HostileFiles, TheInformationLinesCostLittleBeyondReading) {

@@ -3,8 +3,10 @@
 #include <optional>
 #include <string>
 
+#include "media/MediaInfo.h"
 #include "media/basID3TAGControl.h"
 #include "support/MediaBuilders.h"
+#include "support/ReadBothWays.h"
 #include "support/TempFolder.h"
 
 namespace quillon {
@@ -13,8 +15,7 @@ namespace {
 using namespace test;  // builders are what these tests are written in
 
 Id3v1Info Read(const std::string& bytes) {
-  MemorySource file(bytes);
-  return ReadId3v1(file);
+  return ReadBothWays(bytes, NeedsForInfo("MP3"), [&](ByteSource& file) { return ReadId3v1(file); });
 }
 
 TEST(Id3v1, GivesEveryFieldOfTheTrailer) {

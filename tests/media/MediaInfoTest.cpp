@@ -6,6 +6,7 @@
 #include "media/MediaInfo.h"
 #include "paths/basFileControl.h"
 #include "support/MediaBuilders.h"
+#include "support/ReadBothWays.h"
 #include "support/TempFolder.h"
 
 namespace quillon {
@@ -14,13 +15,11 @@ namespace {
 using namespace test;  // builders are what these tests are written in
 
 MediaInfo Read(const std::string& bytes, std::string_view mediaType) {
-  MemorySource file(bytes);
-  return ReadMediaInfo(file, mediaType);
+  return ReadBothWays(bytes, NeedsForInfo(mediaType), [&](ByteSource& file) { return ReadMediaInfo(file, mediaType); });
 }
 
 std::uint8_t KindOf(const std::string& bytes) {
-  MemorySource file(bytes);
-  return DetectTagKind(file);
+  return ReadBothWays(bytes, NeedsForInfo("MP3"), [&](ByteSource& file) { return DetectTagKind(file); });
 }
 
 const MediaInfo kNothing = {"---", "---"};

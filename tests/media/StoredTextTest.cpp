@@ -6,6 +6,7 @@
 #include "media/StoredText.h"
 #include "media/basID3TAGControl.h"
 #include "support/MediaBuilders.h"
+#include "support/ReadBothWays.h"
 
 namespace quillon {
 namespace {
@@ -48,8 +49,7 @@ TEST(StoredText, OtherHalvesOfCharactersAreNoUtf8) {
 }
 
 MediaInfo Row(const std::string& bytes, const char* type, StoredText stored) {
-  MemorySource file(bytes);
-  return ReadMediaInfo(file, type, stored);
+  return ReadBothWays(bytes, NeedsForInfo(type), [&](ByteSource& file) { return ReadMediaInfo(file, type, stored); });
 }
 
 TEST(StoredText, MidiFilesAndId3v1TrailersAreReadAsSaid) {

@@ -4,8 +4,10 @@
 #include <string_view>
 #include <vector>
 
+#include "media/MediaInfo.h"
 #include "media/basMIDIInfo.h"
 #include "support/MediaBuilders.h"
+#include "support/ReadBothWays.h"
 #include "support/TempFolder.h"
 
 namespace quillon {
@@ -19,8 +21,7 @@ using midi_event::kText;
 const MidiInfo kEmpty;
 
 MidiInfo Read(const std::string& bytes) {
-  MemorySource file(bytes);
-  return ReadMidiInfo(file);
+  return ReadBothWays(bytes, NeedsForInfo("MIDI"), [&](ByteSource& file) { return ReadMidiInfo(file); });
 }
 
 std::string Track(std::string_view events = "") {

@@ -3,8 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "media/MediaInfo.h"
 #include "media/basRIFFInfo.h"
 #include "support/MediaBuilders.h"
+#include "support/ReadBothWays.h"
 #include "support/TempFolder.h"
 
 namespace quillon {
@@ -15,8 +17,7 @@ using namespace test;  // builders are what these tests are written in
 const RiffInfo kEmpty;
 
 RiffInfo Read(const std::string& bytes) {
-  MemorySource file(bytes);
-  return ReadRiffInfo(file);
+  return ReadBothWays(bytes, NeedsForInfo("MP3"), [&](ByteSource& file) { return ReadRiffInfo(file); });
 }
 
 /// An "RMP3" file of these chunks.

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "media/MemoryCount.h"
 #include "support/PatternFile.h"
+#include "support/ReadBothWays.h"
 #include "tags/HostileSongs.h"
 #include "tags/SongReader.h"
 #include "tags/TagStream.h"
@@ -26,6 +29,15 @@ TEST(HostileTags, GiveWhatIsThereForLittleMemory) {
     EXPECT_LT(MemoryPeak() - before, 320 * kMiB);
     EXPECT_LT(MemoryInUse(), before + 2 * kMiB);
     EXPECT_LE(file.bytesRead, 4 * TagStream::kMostBytes);
+  }
+}
+
+TEST(HostileTags, GiveTheSameWhenTheFileWasReadAhead) {
+  for (const HostileSong& shape : HostileSongs()) {
+    SCOPED_TRACE(std::string(shape.type) + ": " + shape.name);
+    PatternFile file(std::min<std::uint64_t>(shape.size, kMiB), shape.start, shape.pattern);
+    (void)ReadBothWays(file, NeedsForRow(shape.type, TagSources::kAll),
+                       [&](ByteSource& source) { return ReadRowTexts(source, shape.type, TagSources::kAll); });
   }
 }
 

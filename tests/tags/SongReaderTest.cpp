@@ -4,6 +4,7 @@
 #include <string>
 
 #include "support/MediaBuilders.h"
+#include "support/ReadBothWays.h"
 #include "support/SongBuilders.h"
 #include "support/TempFolder.h"
 #include "tags/SongReader.h"
@@ -18,13 +19,13 @@ constexpr auto kStandard = TagSources::kStandard;
 constexpr auto kAll = TagSources::kAll;
 
 SongDetails Song(const std::string& bytes, const FileType& type, TagSources sources) {
-  MemorySource file(bytes);
-  return ReadSongDetails(file, type, sources);
+  return ReadBothWays(bytes, NeedsForRow(type, sources),
+                      [&](ByteSource& file) { return ReadSongDetails(file, type, sources); });
 }
 
 MediaInfo Row(const std::string& bytes, const FileType& type, TagSources sources) {
-  MemorySource file(bytes);
-  return ReadRowTexts(file, type, sources);
+  return ReadBothWays(bytes, NeedsForRow(type, sources),
+                      [&](ByteSource& file) { return ReadRowTexts(file, type, sources); });
 }
 
 std::string Newer(const std::vector<Id3Frame>& frames) {

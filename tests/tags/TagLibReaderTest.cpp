@@ -6,7 +6,9 @@
 
 #include "base/Text.h"
 #include "support/MediaBuilders.h"
+#include "support/ReadBothWays.h"
 #include "support/SongBuilders.h"
+#include "tags/SongReader.h"
 #include "tags/TagLibReader.h"
 
 namespace quillon {
@@ -16,8 +18,8 @@ using namespace test;  // builders are what these tests are written in
 using namespace std::string_literals;
 
 SongDetails Read(const std::string& bytes, const FileType& type, TagFields wanted = TagFields::kAll) {
-  MemorySource file(bytes);
-  return ReadTagLibDetails(file, type, wanted);
+  return ReadBothWays(bytes, NeedsForRow(type, TagSources::kAll),
+                      [&](ByteSource& file) { return ReadTagLibDetails(file, type, wanted); });
 }
 
 const TagTexts kComments = {{"TITLE", "歌"},      {"ARTIST", "人"}, {"ALBUM", "アルバム"},
