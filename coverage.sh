@@ -18,6 +18,8 @@ say "Testing"
 profiles=$PWD/build/linux-coverage/profiles
 rm -rf "$profiles"
 mkdir -p "$profiles"
+chmod a+rwx "$profiles"
+umask 0 # tests that run as another user write there, too
 # The programs that tests start count, too; all runs of a program share two files. Tests that measure time or memory, or
 # leave no room for these files, fail in this build.
 (cd build/linux-coverage && LLVM_PROFILE_FILE=$profiles/%2m.profraw \

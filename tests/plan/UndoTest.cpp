@@ -107,6 +107,17 @@ class UndoTest : public testing::Test {
   LoggedChanges logged_ = LoggedChanges(disk_, disk_, log_);
 };
 
+TEST_F(UndoTest, DeletionsAreNotLogged) {
+  disk_.AddFile(At("deleted"));
+  disk_.AddFile(At("recycled"));
+  EXPECT_EQ(logged_.Remove(At("deleted")), std::nullopt);
+  EXPECT_EQ(logged_.Recycle(At("recycled"), 0), 0);
+  EXPECT_EQ(logged_.RecycleAsks(), disk_.RecycleAsks());
+  EXPECT_FALSE(disk_.Exists(At("deleted")));
+  EXPECT_THAT(disk_.Recycled(), ElementsAre(At("recycled")));
+  EXPECT_EQ(log_.text, "");
+}
+
 TEST_F(UndoTest, RenamesAreTakenBackNewestFirst) {
   Rename("a", "x");
   Rename("b", "a");

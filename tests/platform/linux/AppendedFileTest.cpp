@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <cerrno>
 #include <csignal>
+#include <string>
 
 #include "platform/AppendedFile.h"
 #include "platform/linux/ChildProcess.h"
+#include "platform/linux/FailingCalls.h"
 #include "support/TempFolder.h"
 
 namespace quillon::test {
@@ -14,7 +17,7 @@ TEST(AppendedFileOnAFullDisk, HoldsNoPartOfATextThatDidNotFit) {
   const TempFolder folder;
   const std::string path = folder.Write("log", "first\n");
   const int result = RunInChild([&] {
-    const rlimit limit = {20, 20};
+    const rlimit limit = {20, RLIM_INFINITY};
     if (::signal(SIGXFSZ, SIG_IGN) == SIG_ERR || ::setrlimit(RLIMIT_FSIZE, &limit) != 0) return 1;
     const auto file = OpenAppendedFile(path);
     if (!file || (*file)->Append("second\n")) return 2;
@@ -22,6 +25,20 @@ TEST(AppendedFileOnAFullDisk, HoldsNoPartOfATextThatDidNotFit) {
   });
   EXPECT_EQ(result, 0);
   EXPECT_EQ(folder.Read("log"), "first\nsecond\n");
+}
+
+TEST(AppendedFileOnAFullDisk, IsNotWrittenWhenItsLengthIsUnknown) {
+  const TempFolder folder;
+  const std::string path = folder.Write("log", "first\n");
+  const int result = RunInChild([&] {
+    const auto file = OpenAppendedFile(path);
+    if (!file || !MakeFail(FailingFstat(EIO))) return kCannotSetUp;
+    const FileOutcome outcome = (*file)->Append("second\n");
+    return outcome ? outcome->number : 0;
+  });
+  if (result == kCannotSetUp) GTEST_SKIP() << kNoFailingCalls;
+  EXPECT_NE(result, 0);
+  EXPECT_EQ(folder.Read("log"), "first\n");
 }
 
 }  // namespace

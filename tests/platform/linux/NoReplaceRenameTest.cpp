@@ -1,13 +1,16 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "platform/linux/ChildProcess.h"
+#include "platform/linux/FailingCalls.h"
 #include "platform/linux/NoReplaceRename.h"
 #include "support/TempFolder.h"
 
@@ -120,6 +123,69 @@ TEST(RenameByLink, RemovesTheNewNameWhenTheOldOneCannotBeDeleted) {
   ASSERT_EQ(::chmod(folder.At("locked").c_str(), 0755), 0);
   EXPECT_EQ(folder.Read("locked/file"), "content");
   EXPECT_FALSE(folder.Exists("new"));
+}
+
+/// `calls`, and renameat2 in addition.
+std::vector<FailingCall> WithoutOneCall(int error, std::vector<FailingCall> calls = {}) {
+  calls.push_back({SYS_renameat2, error});
+  return calls;
+}
+
+/// Renames "old" to "new" in a process in which these calls fail.
+int RenameWhere(const TempFolder& folder, const std::vector<FailingCall>& calls,
+                int (*rename)(const std::string& from, const std::string& to) = RenameNoReplace) {
+  return RunInChild([&] { return MakeFail(calls) ? rename(folder.At("old"), folder.At("new")) : kCannotSetUp; });
+}
+
+class RenameOnOtherSystems : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (RunInChild([] { return MakeFail({}) ? 0 : kCannotSetUp; }) != 0) GTEST_SKIP() << kNoFailingCalls;
+    folder_.Write("old", "content");
+  }
+
+  void ExpectMoved(int result) const {
+    EXPECT_EQ(result, 0);
+    EXPECT_FALSE(folder_.Exists("old"));
+    EXPECT_EQ(folder_.Read("new"), "content");
+  }
+
+  TempFolder folder_;
+};
+
+TEST_F(RenameOnOtherSystems, WithoutTheOneCallGoesByALink) {
+  for (const int error : {EINVAL, ENOSYS}) {
+    ExpectMoved(RenameWhere(folder_, WithoutOneCall(error, FailingRename(EIO))));
+    ASSERT_EQ(::rename(folder_.At("new").c_str(), folder_.At("old").c_str()), 0);
+  }
+}
+
+TEST_F(RenameOnOtherSystems, WithoutLinksEitherGoesOverAPlaceholder) {
+  for (const int error : {EPERM, ENOSYS, EOPNOTSUPP}) {
+    ExpectMoved(RenameWhere(folder_, WithoutOneCall(EINVAL, FailingLink(error))));
+    ASSERT_EQ(::rename(folder_.At("new").c_str(), folder_.At("old").c_str()), 0);
+  }
+}
+
+TEST_F(RenameOnOtherSystems, NeitherWayReplacesAFile) {
+  folder_.Write("new", "other");
+  EXPECT_EQ(RenameWhere(folder_, WithoutOneCall(EINVAL)), EEXIST);
+  EXPECT_EQ(RenameWhere(folder_, WithoutOneCall(EINVAL, FailingLink(EPERM))), EEXIST);
+  EXPECT_EQ(folder_.Read("old"), "content");
+  EXPECT_EQ(folder_.Read("new"), "other");
+}
+
+TEST_F(RenameOnOtherSystems, OtherErrorsAreTheResult) {
+  EXPECT_EQ(RenameWhere(folder_, WithoutOneCall(EIO)), EIO);
+  EXPECT_EQ(RenameWhere(folder_, WithoutOneCall(EINVAL, FailingLink(EIO))), EIO);
+  EXPECT_EQ(folder_.Read("old"), "content");
+  EXPECT_FALSE(folder_.Exists("new"));
+}
+
+TEST_F(RenameOnOtherSystems, APlaceholderThatIsNotKnownIsRemoved) {
+  EXPECT_EQ(RenameWhere(folder_, FailingFstat(EIO), RenameOverPlaceholder), EIO);
+  EXPECT_EQ(folder_.Read("old"), "content");
+  EXPECT_FALSE(folder_.Exists("new"));
 }
 
 }  // namespace
