@@ -2,7 +2,7 @@
 # ./mutants.sh              makes each harmful change of tests/mutants to a copy of the sources, one after the other,
 #                           and runs the test program that has to fail
 # ./mutants.sh WORD...      the same for those whose name or file contains a WORD ("rename.txt", "recycle bin", ...)
-# ./mutants.sh --day [N]    N of them (10), other ones each day
+# ./mutants.sh --day [N]    N of them (10), other ones each day, none of windows; ./test.sh does so with what it has built
 # ./mutants.sh --check      builds nothing: looks whether each change still fits the sources
 #
 # Installs missing packages first. Prints what became of each, and fails if one was not noticed, or could not be made.
