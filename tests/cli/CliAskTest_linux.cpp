@@ -52,6 +52,11 @@ class CliAsk : public testing::Test {
   std::string shown_;
 };
 
+TEST_F(CliAsk, GoesNotTogetherWithApply) {
+  EXPECT_EQ(Run({"rename", "--ask", "--apply", folder_.Path()}, "y\n"), 2) << shown_;
+  EXPECT_TRUE(folder_.Exists("ONE.MID"));
+}
+
 TEST_F(CliAsk, YesRenamesWhatWasShown) {
   EXPECT_EQ(Run({"rename", "--ask", folder_.Path()}, "y\n"), 0) << shown_;
   EXPECT_EQ(shown_.find(folder_.At("ONE.MID") + " -> " + folder_.At("ONE.mid") + "\n"), 0U) << shown_;

@@ -130,11 +130,11 @@ std::string AiffChunk(std::string_view id, std::string_view data) {
          std::string(data.size() % 2, '\0');
 }
 
-std::string AiffFile(const std::vector<std::string>& chunks) {
+std::string AiffFile(const std::vector<std::string>& chunks, std::string_view type) {
   // 44100 as an extended number.
   const std::string rate = Bytes({0x40, 0x0E, 0xAC, 0x44, 0, 0, 0, 0, 0, 0});
   std::string data =
-      "AIFF" + AiffChunk("COMM", BigEndian(2, 2) + BigEndian(kRate * kSeconds, 4) + BigEndian(16, 2) + rate);
+      std::string(type) + AiffChunk("COMM", BigEndian(2, 2) + BigEndian(kRate * kSeconds, 4) + BigEndian(16, 2) + rate);
   for (const std::string& chunk : chunks) data += chunk;
   return AiffChunk("FORM", data);
 }

@@ -40,8 +40,8 @@ using TagTexts = std::vector<std::pair<std::string, std::string>>;
 [[nodiscard]] std::string ApeTag(const TagTexts& texts);
 
 [[nodiscard]] std::string AiffChunk(std::string_view id, std::string_view data);
-/// A FORM of type AIFF: three seconds, then these chunks.
-[[nodiscard]] std::string AiffFile(const std::vector<std::string>& chunks);
+/// A FORM of type AIFF, or of this one: three seconds, then these chunks.
+[[nodiscard]] std::string AiffFile(const std::vector<std::string>& chunks, std::string_view type = "AIFF");
 
 /// An object of an ASF file with its identifier, 16 bytes, and length.
 [[nodiscard]] std::string AsfObject(std::string_view guid, std::string_view data);

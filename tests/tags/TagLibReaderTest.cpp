@@ -96,6 +96,7 @@ std::vector<FormatCase> Formats() {
       {"MP4", "mp4", M4aFile(atoms), Full(3000)},
       {"WMA", "wma", wma, Full(3000)},
       {"AIFF", "aif", AiffFile({AiffChunk("ID3 ", FullTag())}), Full(3000)},
+      {"AIFC", "aifc", AiffFile({AiffChunk("ID3 ", FullTag())}, "AIFC"), Full(3000)},
       {"WAVE with INFO", "WAVE", wave(info), Full(3000)},
       {"WAVE with ID3v2.4", "WAVE", wave(RiffChunk("id3 ", FullTag())), Full(3000)},
       {"Monkey's Audio", "ape", "MAC " + std::string(200, '\0') + ApeTag(kItems), Full()},
@@ -122,6 +123,15 @@ TEST(TagLibReader, ReadsEveryFormat) {
     EXPECT_EQ(song.year, c.expected.year);
     EXPECT_EQ(song.lengthMs, c.expected.lengthMs);
   }
+}
+
+TEST(TagLibReader, TheUsualMusicFilesAreThese) {
+  EXPECT_EQ(UsualMusicExtensions(),
+            (std::vector<std::string_view>{"flac", "ogg", "oga", "opus", "spx", "m4a", "m4b", "wma", "aif", "aiff",
+                                           "aifc", "ape", "wv", "mpc", "tta"}));
+  EXPECT_TRUE(UsuallyHasMoreTags("opus"));
+  EXPECT_FALSE(UsuallyHasMoreTags("mod"));
+  EXPECT_FALSE(UsuallyHasMoreTags("MP3"));
 }
 
 TEST(TagLibReader, ARowsTextsComeWithoutThePlayingTime) {
