@@ -9,6 +9,7 @@
 #include "paths/basFileControl.h"
 #include "plan/LoggedChanges.h"
 #include "plan/MemoryLog.h"
+#include "plan/RenameLog.h"
 #include "plan/Undo.h"
 #include "rename/PlannedChanges.h"
 #include "support/MemoryFileSystem.h"
@@ -106,6 +107,15 @@ class UndoTest : public testing::Test {
   MemoryLog log_;
   LoggedChanges logged_ = LoggedChanges(disk_, disk_, log_);
 };
+
+TEST_F(UndoTest, AFailedMoveIsLoggedAsFailed) {
+  disk_.Fail(FileCall::kMove, At("a"), {file_error::kAccess, "denied"});
+  EXPECT_FALSE(logged_.Move(At("a"), At("other/a")));
+  const Result<RenameLog, std::size_t> log = ReadRenameLog(log_.text);
+  ASSERT_TRUE(log);
+  ASSERT_EQ(log->renames.size(), 1U);
+  EXPECT_TRUE(log->renames[0].failed);
+}
 
 TEST_F(UndoTest, DeletionsAreNotLogged) {
   disk_.AddFile(At("deleted"));

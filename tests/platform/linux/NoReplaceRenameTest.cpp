@@ -182,6 +182,15 @@ TEST_F(RenameOnOtherSystems, OtherErrorsAreTheResult) {
   EXPECT_FALSE(folder_.Exists("new"));
 }
 
+TEST_F(RenameOnOtherSystems, APlaceholderThatTheFileCouldNotReplaceIsRemoved) {
+  for (const char* const content : {"content", ""}) {
+    folder_.Write("old", content);
+    EXPECT_EQ(RenameWhere(folder_, FailingRename(EIO), RenameOverPlaceholder), EIO);
+    EXPECT_EQ(folder_.Read("old"), content);
+    EXPECT_FALSE(folder_.Exists("new")) << content;
+  }
+}
+
 TEST_F(RenameOnOtherSystems, APlaceholderThatIsNotKnownIsRemoved) {
   EXPECT_EQ(RenameWhere(folder_, FailingFstat(EIO), RenameOverPlaceholder), EIO);
   EXPECT_EQ(folder_.Read("old"), "content");
