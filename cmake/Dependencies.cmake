@@ -1,5 +1,6 @@
 # Third-party libraries. On Linux they are Debian's packages; for Windows, scripts/windows-libraries.sh builds
-# them once from Debian's source packages into a cache outside the checkout.
+# them once from Debian's source packages into a cache outside the checkout. On Windows, vcpkg provides all of them
+# (vcpkg.json) but wxWidgets, which scripts/ci-windows.sh builds.
 if(WIN32)
   if(DEFINED ENV{XDG_CACHE_HOME})
     set(quillon_cache $ENV{XDG_CACHE_HOME}/quillon)
@@ -9,11 +10,11 @@ if(WIN32)
   set(QUILLON_WINDOWS_LIBRARIES ${quillon_cache}/windows CACHE PATH "Where the libraries for Windows are installed")
   list(APPEND CMAKE_FIND_ROOT_PATH ${QUILLON_WINDOWS_LIBRARIES})
   list(APPEND CMAKE_PREFIX_PATH ${QUILLON_WINDOWS_LIBRARIES})
-  foreach(header utf8proc.h taglib/taglib.h wx/wx.h)
-    if(NOT EXISTS ${QUILLON_WINDOWS_LIBRARIES}/include/${header})
-      message(FATAL_ERROR "The libraries for Windows are missing: run scripts/windows-libraries.sh first.")
-    endif()
-  endforeach()
+  find_path(WINDOWS_LIBRARIES_INCLUDE NAMES utf8proc.h)
+  if(NOT WINDOWS_LIBRARIES_INCLUDE OR NOT EXISTS ${QUILLON_WINDOWS_LIBRARIES}/lib)
+    message(FATAL_ERROR "The libraries for Windows are missing: run scripts/windows-libraries.sh first (on Windows, see "
+                        "scripts/ci-windows.sh).")
+  endif()
 endif()
 
 find_path(UTF8PROC_INCLUDE utf8proc.h REQUIRED)
@@ -34,6 +35,11 @@ add_library(taglib INTERFACE)
 # TagLib's headers include each other without the folder.
 target_include_directories(taglib SYSTEM INTERFACE ${TAGLIB_INCLUDE} ${TAGLIB_INCLUDE}/taglib)
 target_link_libraries(taglib INTERFACE ${TAGLIB_LIBRARY})
+if(WIN32 AND NOT CMAKE_CROSSCOMPILING)
+  # vcpkg's library reads compressed frames, too.
+  find_package(ZLIB REQUIRED)
+  target_link_libraries(taglib INTERFACE ZLIB::ZLIB)
+endif()
 
 if(WIN32)
   target_compile_definitions(taglib INTERFACE TAGLIB_STATIC)

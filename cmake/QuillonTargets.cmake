@@ -18,10 +18,19 @@ function(quillon_keep_system_sources list)
   set(${list} ${${list}} PARENT_SCOPE)
 endfunction()
 
-# What brings a test a display of its own, on Linux also a session bus: it does not matter where CTest runs.
-set(quillon_own_display ${PROJECT_SOURCE_DIR}/scripts/with-display.sh)
-if(NOT WIN32)
-  list(APPEND quillon_own_display dbus-run-session --)
+# The Windows build is tested under Wine, unless it is made on Windows.
+set(quillon_under_wine OFF)
+if(WIN32 AND CMAKE_CROSSCOMPILING)
+  set(quillon_under_wine ON)
+endif()
+
+# What brings a test a display of its own, on Linux also a session bus: it does not matter where CTest runs. On Windows
+# tests use the desktop.
+set(quillon_own_display "")
+if(quillon_under_wine)
+  set(quillon_own_display ${PROJECT_SOURCE_DIR}/scripts/with-display.sh)
+elseif(NOT WIN32)
+  set(quillon_own_display ${PROJECT_SOURCE_DIR}/scripts/with-display.sh dbus-run-session --)
 endif()
 
 # One test program per folder of tests/, one CTest entry each. ON_DISPLAY is for programs that need a display; under

@@ -4,6 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
+. scripts/wx-options.sh
 
 toolchain=$PWD/cmake/mingw.cmake
 prefix=$quillon_cache/windows
@@ -84,16 +85,8 @@ if ! is_done taglib-1.13; then
 fi
 if ! is_done wxwidgets-3.2.2; then
   unpack wxwidgets3.2 3.2.2+dfsg-2
-  # SVG pictures are drawn by wxWidgets' own NanoSVG; wxUSE_SVG is for writing SVG files, which needs libpng.
-  wx_off=(AUI ARCHIVE_STREAMS ARTPROVIDER_TANGO CRASHREPORT DEBUGREPORT DIALUP_MANAGER DOC_VIEW_ARCHITECTURE EXPAT
-    FSVOLUME FS_ARCHIVE FS_INET FS_ZIP GRID HELP HTML IPC JOYSTICK LIBJPEG LIBLZMA LIBPNG LIBTIFF MDI MDI_ARCHITECTURE
-    MEDIACTRL MS_HTML_HELP OPENGL PRINTING_ARCHITECTURE PROPGRID PROTOCOL REGEX RIBBON RICHTEXT SECRETSTORE SOCKETS
-    SOUND STC SVG TARSTREAM URL WEBREQUEST WEBVIEW WIZARDDLG WXHTML_HELP XML XRC ZIPSTREAM ZLIB)
-  wx_off=("${wx_off[@]/#/-DwxUSE_}")
-  wx_off=("${wx_off[@]/%/=OFF}")
-  build wxwidgets 3.2.2 "$work/wxwidgets3.2" -DwxBUILD_SHARED=OFF -DwxBUILD_TOOLKIT=msw \
-    "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG" "-DCMAKE_C_FLAGS_RELEASE=-O2 -DNDEBUG" \
-    -DwxUSE_ACCESSIBILITY=ON -DwxUSE_UIACTIONSIMULATOR=ON -DwxUSE_NANOSVG=builtin "${wx_off[@]}"
+  build wxwidgets 3.2.2 "$work/wxwidgets3.2" "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG" \
+    "-DCMAKE_C_FLAGS_RELEASE=-O2 -DNDEBUG" "${wx_options[@]}"
 fi
 googletest_version=$(dpkg-query -W -f='${Version}' googletest)
 if ! is_done "googletest-$googletest_version"; then
