@@ -154,7 +154,7 @@ TEST_F(DialogsOfMainWindow, AMissingFolderIsReported) {
   opensForReal = true;
   Open(Options(), {folder.At("gone")});
   ShowFolderList();
-  std::filesystem::remove_all(std::filesystem::u8path(folder.At("gone")));
+  std::filesystem::remove_all(ToPath(folder.At("gone")));
   dialogs.Answer();
   auto* const list = dynamic_cast<wxListBox*>(wxWindow::FindWindowByName("lstDirShow"));
   wxCommandEvent event(wxEVT_LISTBOX_DCLICK, list->GetId());

@@ -50,7 +50,7 @@ class RecycleBinOfMainWindow : public MainWindowTest {
     files_.make_preferred();
     std::filesystem::create_directories(files_);
     const std::string path = WriteMidi("a.mid", "First");
-    std::filesystem::copy_file(std::filesystem::u8path(path), files_ / "a.mid");
+    std::filesystem::copy_file(ToPath(path), files_ / "a.mid");
   }
 
   void TearDown() override {

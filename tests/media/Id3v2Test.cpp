@@ -28,7 +28,7 @@ std::string TitleOf(const std::string& data) {
 }
 
 TEST(Id3v2, GivesTheHeadersFields) {
-  const Id3v2Info info = Read({.major = 3, .revision = 2, .flags = 0xA0, .tagSize = 0x0ABCDEF});
+  const Id3v2Info info = Read(Id3v2Parts{.major = 3, .revision = 2, .flags = 0xA0, .tagSize = 0x0ABCDEF});
   EXPECT_EQ(info.majorVersion, 3);
   EXPECT_EQ(info.revision, 2);
   EXPECT_TRUE(info.unsynchronisation);

@@ -19,10 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path ToPath(std::string_view text) {
-  return {std::u8string(text.begin(), text.end())};
-}
-
 class SystemWorld final : public FileWorld {
  public:
   explicit SystemWorld(const FileReadsOptions& options) : reads_(MakeFileReads(options)) {}

@@ -16,12 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// char8_t means UTF-8 on both systems; on Windows a narrow path would be converted from the process's code page. On
-// Linux the bytes are passed unchanged, even if they are invalid UTF-8.
-fs::path ToPath(std::string_view text) {
-  return {std::u8string(text.begin(), text.end())};
-}
-
 std::string ToText(const fs::path& path) {
   const std::u8string text = path.u8string();
   return {text.begin(), text.end()};
@@ -41,7 +35,24 @@ std::string NewFolder() {
   }
 }
 
+// Standard libraries convert file times by way of either the system's clock or UTC.
+template <typename Clock>
+typename Clock::time_point FileTime(std::chrono::sys_seconds time) {
+  if constexpr (requires { Clock::from_sys(time); }) {
+    return Clock::from_sys(time);
+  } else {
+    using Utc = typename decltype(Clock::to_utc(typename Clock::time_point()))::clock;
+    return Clock::from_utc(Utc::from_sys(time));
+  }
+}
+
 }  // namespace
+
+// char8_t means UTF-8 on both systems; on Windows a narrow path would be converted from the process's code page. On
+// Linux the bytes are passed unchanged, even if they are invalid UTF-8.
+fs::path ToPath(std::string_view text) {
+  return {std::u8string(text.begin(), text.end())};
+}
 
 TempFolder::TempFolder() : path_(NewFolder()) {}
 
@@ -64,6 +75,10 @@ std::string TempFolder::Write(std::string_view name, std::string_view bytes) con
   file.close();
   EXPECT_TRUE(file) << "cannot write " << path;
   return path;
+}
+
+void TempFolder::SetModified(std::string_view name, std::chrono::sys_seconds time) const {
+  fs::last_write_time(ToPath(At(name)), FileTime<fs::file_time_type::clock>(time));
 }
 
 std::string TempFolder::MakeFolder(std::string_view name) const {
