@@ -179,6 +179,7 @@ else
     beside "packages-$system" 10 /usr/bin/python3 -B tests/packaging/packaging.py "$system" --packages dist \
       --wine scripts/wine.sh --results "build/packages/results/packaging-$system.xml"
   done
+  beside compiler 19 scripts/other-compiler.sh
   test_suite "Windows under Wine" windows scripts/with-display.sh dbus-run-session --
   for system in linux windows; do end_beside "packages-$system" || failed=1; done
   count_results "Packages" packages 2
@@ -187,8 +188,10 @@ else
   say "Mutants of the day"
   if timed "Mutants of the day: waiting" end_beside mutants; then summary+=("Mutants of the day:    all killed"); else failed=1; fi
 
-  say "Style: clang-format, clang-tidy"
+  say "Style: clang-format, clang-tidy, actionlint"
   timed "Style: waiting" end_beside style || failed=1
+  say "Style: what another compiler refuses"
+  timed "Another compiler: waiting" end_beside compiler || failed=1
 fi
 
 say "Times"

@@ -55,7 +55,7 @@ package_packages=(file librsvg2-bin nsis fp-utils-3.2.2 lintian devscripts deskt
 # Fuzzers and coverage are built by clang.
 fuzz_packages=(clang libclang-rt-dev python3)
 coverage_packages=(clang libclang-rt-dev llvm python3)
-style_packages=(clang-format clang-tidy)
+style_packages=(clang clang-format clang-tidy python3)
 
 quillon_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon
 
@@ -71,4 +71,20 @@ build_preset() {
   }
   rm -f "$log"
   cmake --build "build/$preset" || fail "building '$preset' failed"
+}
+
+# Installs the checkers that scripts/checkers/package-lock.json names into the cache, and sets `checkers` to their folder.
+need_checkers() {
+  command -v npm >/dev/null || need_packages nodejs npm
+  local lock=scripts/checkers/package-lock.json
+  checkers=$quillon_cache/checkers-$(sha256sum $lock | cut -c1-16)
+  if [ ! -f "$checkers/complete" ]; then
+    say "Installing the checkers of $lock"
+    rm -rf "$quillon_cache"/checkers-*
+    mkdir -p "$checkers"
+    cp scripts/checkers/package.json $lock "$checkers/"
+    npm ci --prefix "$checkers" --ignore-scripts --no-audit --no-fund --silent ||
+      fail "npm could not install the checkers of $lock: no network, or no package registry?"
+    touch "$checkers/complete"
+  fi
 }
