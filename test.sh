@@ -188,7 +188,7 @@ else
   say "Mutants of the day"
   if timed "Mutants of the day: waiting" end_beside mutants; then summary+=("Mutants of the day:    all killed"); else failed=1; fi
 
-  say "Style: clang-format, clang-tidy, actionlint"
+  say "Style: clang-format, clang-tidy, actionlint, the web site"
   timed "Style: waiting" end_beside style || failed=1
   say "Style: what another compiler refuses"
   timed "Another compiler: waiting" end_beside compiler || failed=1

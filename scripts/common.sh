@@ -56,6 +56,7 @@ package_packages=(file librsvg2-bin nsis fp-utils-3.2.2 lintian devscripts deskt
 fuzz_packages=(clang libclang-rt-dev python3)
 coverage_packages=(clang libclang-rt-dev llvm python3)
 style_packages=(clang clang-format clang-tidy python3)
+site_packages=(cmake cmark-gfm python3)
 
 quillon_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon
 

