@@ -76,6 +76,39 @@ TEST(Architecture, FoldersAreTheOnesOfTheSources) {
   }
 }
 
+/// Whether a string literal of the source has Japanese letters; comments do not count.
+bool HasJapaneseTexts(const std::string& source) {
+  static const std::regex kLiteralOrComment("\"(?:\\\\.|[^\"\\\\\\n])*\"|//[^\\n]*");
+  // The first bytes of kana and of the most common kanji in UTF-8.
+  static const std::regex kJapanese("[\xe3-\xe9][\x80-\xbf][\x80-\xbf]");
+  for (auto part = std::sregex_iterator(source.begin(), source.end(), kLiteralOrComment);
+       part != std::sregex_iterator(); ++part) {
+    const std::string text = part->str();
+    if (text.front() == '"' && std::regex_search(text, kJapanese)) return true;
+  }
+  return false;
+}
+
+TEST(Architecture, TextsStandWhereItSays) {
+  const std::string page = Read("docs/architecture.md");
+  const std::size_t start = page.find("| what a person reads |");
+  ASSERT_NE(start, std::string::npos);
+  std::set<std::string> named;
+  for (const Groups& name :
+       Matches(page.substr(start, page.find("\n\n", start) - start), "`([A-Za-z_/]+\\.(?:h|cpp))`")) {
+    named.insert(name[1]);
+  }
+  std::set<std::string> found;
+  for (const auto& entry : fs::recursive_directory_iterator(kRoot / "src")) {
+    const fs::path path = fs::relative(entry.path(), kRoot);
+    const bool isSource = path.extension() == ".cpp" || path.extension() == ".h";
+    if (isSource && HasJapaneseTexts(Read(path))) found.insert(fs::relative(path, "src").generic_string());
+  }
+  EXPECT_GT(found.size(), 40U);
+  for (const std::string& path : found) EXPECT_TRUE(named.contains(path)) << path << " is not in the table";
+  for (const std::string& path : named) EXPECT_TRUE(found.contains(path)) << path << " has no texts";
+}
+
 TEST(Architecture, GlossaryNamesKeysOfTheSettingsFile) {
   const std::string page = Read("docs/architecture.md");
   const std::string table = page.substr(page.find("| section and key |"));
