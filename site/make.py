@@ -61,6 +61,14 @@ DOWNLOADS = {
 # Documents outside of docs/, by the names of their pages.
 DOCUMENTS = {"README.md": "readme.html", "README.ja.md": "readme.ja.html", "CONTRIBUTING.md": "contributing.html",
              "CODE_OF_CONDUCT.md": "conduct.html", "SECURITY.md": "security.html", "CHANGELOG.md": "changelog.html"}
+# What the list of documents says of them; of others, it says their first paragraph.
+SUMMARIES = {
+    "CONTRIBUTING.md": "The rules of the house, on one page: tests, style, commits.",
+    "SECURITY.md": "What counts as a weakness, how to report one, and what the program does against hostile files.",
+    "CHANGELOG.md": "What is new, version by version.",
+    "docs/architecture.md": "What stands where, three walks through the code, the decisions and what they cost, a glossary.",
+    "docs/performance.md": "What is measured, against which floors, and how cost grows with the number of files.",
+}
 
 
 def product(key):
@@ -234,9 +242,9 @@ class Site:
             body = self.links(markdown(path, language), path, page, pages)
             title = {"README.md": "Read-me", "README.ja.md": "はじめにお読みください"}.get(
                 path, plain(re.search(r"<h1[^>]*>(.*?)</h1>", body).group(1)))
-            titles[page] = (title, language, description_of(body))
+            titles[page] = (title, language, SUMMARIES.get(path) or description_of(body))
             other = {"README.md": "docs/readme.ja.html", "README.ja.md": "docs/readme.html"}.get(path)
-            self.write(page, language, title, with_contents(body, language), other=other)
+            self.write(page, language, title, with_contents(body, language), SUMMARIES.get(path), other)
         entries = "".join(
             f'<li><h2><a href="{page.removeprefix("docs/")}"{self.in_language(language)}>{title}</a></h2>\n<p{self.in_language(language)}>{html.escape(text, quote=False)}</p></li>\n'
             for page, (title, language, text) in titles.items())
