@@ -153,7 +153,10 @@ thread_suite() {
 }
 
 need_packages "${linux_packages[@]}" "${window_packages[@]}" "${test_packages[@]}" "${benchmark_packages[@]}"
-if ! $quick; then need_packages "${style_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}"; fi
+if ! $quick; then
+  need_packages "${style_packages[@]}" "${site_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}"
+  command -v npm >/dev/null || need_packages "${npm_packages[@]}"
+fi
 scripts/japanese-locale.sh
 build_suite "Linux" linux -DQUILLON_BENCHMARKS=ON
 if $quick; then

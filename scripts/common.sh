@@ -57,6 +57,8 @@ fuzz_packages=(clang libclang-rt-dev python3)
 coverage_packages=(clang libclang-rt-dev llvm python3)
 style_packages=(clang clang-format clang-tidy python3)
 site_packages=(cmake cmark-gfm python3)
+# Where npm comes from elsewhere, Debian's is not installed.
+npm_packages=(nodejs npm)
 
 quillon_cache=${XDG_CACHE_HOME:-$HOME/.cache}/quillon
 
@@ -76,7 +78,7 @@ build_preset() {
 
 # Installs the checkers that scripts/checkers/package-lock.json names into the cache, and sets `checkers` to their folder.
 need_checkers() {
-  command -v npm >/dev/null || need_packages nodejs npm
+  command -v npm >/dev/null || need_packages "${npm_packages[@]}"
   local lock=scripts/checkers/package-lock.json
   checkers=$quillon_cache/checkers-$(sha256sum $lock | cut -c1-16)
   if [ ! -f "$checkers/complete" ]; then
