@@ -27,6 +27,12 @@ if [ "$compiler" = msvc ] && [ -z "${VCToolsInstallDir:-}" ]; then
   exec cmd //c 'build\msvc.bat'
 fi
 
+# CMake would otherwise take whatever compiler it finds first.
+case $compiler in
+  msvc) export CC=cl CXX=cl ;;
+  mingw) export CC=gcc CXX=g++ ;;
+esac
+
 vcpkg=${VCPKG_ROOT:-${VCPKG_INSTALLATION_ROOT:-}}
 [ -n "$vcpkg" ] || fail "VCPKG_ROOT does not say where vcpkg is"
 vcpkg=$(cygpath -m "$vcpkg")
