@@ -14,12 +14,12 @@ namespace {
 
 using namespace test;  // builders are what these tests are written in
 
-Id3v2Info Read(const std::string& bytes) {
+Id3v2Info ReadBytes(const std::string& bytes) {
   return ReadBothWays(bytes, NeedsForInfo("MP3"), [&](ByteSource& file) { return ReadId3v2(file); });
 }
 
 Id3v2Info Read(const Id3v2Parts& parts) {
-  return Read(Id3v2Tag(parts));
+  return ReadBytes(Id3v2Tag(parts));
 }
 
 /// One text frame "TIT2".
@@ -28,7 +28,7 @@ std::string TitleOf(const std::string& data) {
 }
 
 TEST(Id3v2, GivesTheHeadersFields) {
-  const Id3v2Info info = Read(Id3v2Parts{.major = 3, .revision = 2, .flags = 0xA0, .tagSize = 0x0ABCDEF});
+  const Id3v2Info info = Read({.major = 3, .revision = 2, .flags = 0xA0, .tagSize = 0x0ABCDEF});
   EXPECT_EQ(info.majorVersion, 3);
   EXPECT_EQ(info.revision, 2);
   EXPECT_TRUE(info.unsynchronisation);
@@ -41,7 +41,7 @@ TEST(Id3v2, GivesTheHeadersFields) {
 TEST(Id3v2, TheTopBitsOfTheTagSizeDoNotCount) {
   std::string tag = Id3v2Tag({.tagSize = 0});
   tag.replace(6, 4, "\xFF\x80\x81\xFF");
-  EXPECT_EQ(Read(tag).tagSize, 127 * 0x200000 + 1 * 0x80 + 127);
+  EXPECT_EQ(ReadBytes(tag).tagSize, 127 * 0x200000 + 1 * 0x80 + 127);
 }
 
 TEST(Id3v2, TakesATextInEachEncodingOfVersion3) {
@@ -239,7 +239,7 @@ TEST(Id3v2, OtherVersionsAreReadWithThreeLetterFrames) {
     SCOPED_TRACE(major);
     std::string tag = Id3v2Tag({.major = 2, .frames = {{"TT2", AnsiText("Song")}}});
     tag[3] = static_cast<char>(static_cast<unsigned char>(major));
-    EXPECT_EQ(Read(tag).title, "Song");
+    EXPECT_EQ(ReadBytes(tag).title, "Song");
   }
 }
 
@@ -259,7 +259,7 @@ TEST(Id3v2, TheExtendedHeaderIsSkipped) {
 TEST(Id3v2, TheCrcKeepsTopBits) {
   std::string tag = Id3v2Tag({.extendedHeader = true, .crc = 0});
   tag.replace(20, 4, "\xFF\xFF\xFF\xFF");
-  EXPECT_EQ(Read(tag).crc, 255 * (0x200000 + 0x4000 + 0x80 + 1));
+  EXPECT_EQ(ReadBytes(tag).crc, 255 * (0x200000 + 0x4000 + 0x80 + 1));
 }
 
 TEST(Id3v2, Version2HasNoExtendedHeader) {
@@ -271,10 +271,10 @@ TEST(Id3v2, FramesBeginOnlyInFrontOfThePadding) {
   const std::vector<Id3Frame> frames = {{"TIT2", AnsiText("Song")}, {"TPE1", AnsiText("Artist")}};
   Id3v2Parts parts = {.frames = frames, .padding = 17, .extendedHeader = true};
   std::string tag = Id3v2Tag(parts);
-  EXPECT_EQ(Read(tag).artist, "Artist");
+  EXPECT_EQ(ReadBytes(tag).artist, "Artist");
   tag[19] = 17 + 17;  // the last byte of the padding size, which now includes the second frame
-  EXPECT_EQ(Read(tag).title, "Song");
-  EXPECT_EQ(Read(tag).artist, "");
+  EXPECT_EQ(ReadBytes(tag).title, "Song");
+  EXPECT_EQ(ReadBytes(tag).artist, "");
 }
 
 TEST(Id3v2, TheFirstFrameIsReadWhateverTheTagSizeSays) {
@@ -294,8 +294,8 @@ TEST(Id3v2, AFrameIsReadWhenItBeginsTwoBytesBeforeTheTagsEnd) {
 TEST(Id3v2, AZeroByteInsteadOfAFrameNameEndsTheTag) {
   std::string tag = Id3v2Tag({.frames = {{"TIT2", AnsiText("Song")}}, .padding = 10, .tagSize = 1000});
   tag += Id3v2Tag({.frames = {{"TPE1", AnsiText("Artist")}}}).substr(10);
-  EXPECT_EQ(Read(tag).title, "Song");
-  EXPECT_EQ(Read(tag).artist, "");
+  EXPECT_EQ(ReadBytes(tag).title, "Song");
+  EXPECT_EQ(ReadBytes(tag).artist, "");
 }
 
 TEST(Id3v2, UnsynchronisedDataIsReadUnchanged) {
@@ -309,7 +309,7 @@ TEST(Id3v2, UnsynchronisedDataIsReadUnchanged) {
 
 TEST(Id3v2, AFrameCutOffByTheFileGivesTheTextThatIsThere) {
   const std::string tag = Id3v2Tag({.frames = {{"TIT2", AnsiText("Song"), 0, 0xFFFFFFFF}}, .tagSize = 0x0FFFFFFF});
-  EXPECT_EQ(Read(tag).title, "Song");
+  EXPECT_EQ(ReadBytes(tag).title, "Song");
 }
 
 TEST(Id3v2, EveryTruncationGivesBeginningsOfTheTexts) {
@@ -320,10 +320,10 @@ TEST(Id3v2, EveryTruncationGivesBeginningsOfTheTexts) {
                                     .padding = 5,
                                     .extendedHeader = true,
                                     .crc = 1});
-  const Id3v2Info whole = Read(tag);
+  const Id3v2Info whole = ReadBytes(tag);
   for (std::size_t length = 0; length <= tag.size(); ++length) {
     SCOPED_TRACE(length);
-    const Id3v2Info cut = Read(tag.substr(0, length));
+    const Id3v2Info cut = ReadBytes(tag.substr(0, length));
     EXPECT_TRUE(whole.title.starts_with(cut.title));
     EXPECT_TRUE(whole.artist.starts_with(cut.artist));
     EXPECT_TRUE(whole.commentDescription.starts_with(cut.commentDescription));
