@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# ./package.sh          makes every package into dist/: for Debian and Ubuntu, the installer for Windows, and the archive
-#                       for Windows that needs no installing
-# ./package.sh linux    the one for Debian and Ubuntu alone
+# ./package.sh          makes every package into dist/: for Debian and Ubuntu, with its source; the installer for Windows;
+#                       the archive for Windows that needs no installing
+# ./package.sh linux    the package for Debian and Ubuntu alone, with its source
 # ./package.sh windows  the two for Windows alone
 #
-# Installs missing packages and builds first. The same build gives the same packages.
+# Installs missing packages and builds first. The same sources give the same packages.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
@@ -29,44 +29,75 @@ run_quietly() {
   }
 }
 
-# Uses the normal build folder, and only configures it, by the preset, if that has not been done.
-build_contents() {
-  local system=$1 log=build/$1/package.log
-  say "${system^}: building"
-  mkdir -p "build/$system"
-  run_quietly "$log" cmake --preset "$system"
-  run_quietly "$log" cmake --build --preset "$system" --target quillon_package_contents
+# Where the sources of the packages are copied to and packed, so that the checkout stays as it is.
+work_folder() { printf '%s/build/%s/packages' "$PWD" "$1"; }
+
+# Lists the files of the checkout, without what is built.
+source_files() {
+  if git rev-parse --is-inside-work-tree >/dev/null 2>&1; then
+    git ls-files -z --cached --others --exclude-standard
+  else
+    find . -mindepth 1 \( -path ./build -o -path ./dist -o -path ./.git \) -prune -o -type f -print0
+  fi | sort -z | while IFS= read -r -d '' file; do [ ! -f "$file" ] || printf '%s\0' "$file"; done
 }
 
-pack() {
-  local system=$1 work=build/$1/packages
-  say "${system^}: packing"
+# dated_tar ARGUMENTS...: tar with what differs between users and days left out.
+dated_tar() {
+  tar --create --sort=name --mtime="@$SOURCE_DATE_EPOCH" --owner=0 --group=0 --numeric-owner --mode=u=rwX,go=rX "$@"
+}
+
+# Builds the source package and the program's by debian/ alone, as others do.
+pack_linux() {
+  local work tree
+  work=$(work_folder linux)
+  tree=$work/quillon-$version
+  say "Linux: building and packing"
   rm -rf "$work"
-  run_quietly "build/$system/package.log" cpack --config "build/$system/CPackConfig.cmake" -B "$work"
-  mkdir -p dist
-  case $system in
-    linux) rm -f dist/quillon_* ;;
-    windows) rm -f dist/Quillon-* ;;
-  esac
+  mkdir -p "$tree"
+  source_files | dated_tar --null --files-from=- | tar --extract --directory "$tree"
+  dated_tar --exclude=./debian --transform="s,^\.,quillon-$version," --directory "$tree" . |
+    xz >"$work/quillon_$version.orig.tar.xz"
+  # What is packed has been tested by test.sh. Nobody has asked for the debug symbols yet.
+  (
+    cd "$tree"
+    export DEB_BUILD_OPTIONS='nocheck noautodbgsym' DEB_BUILD_PROFILES=nocheck
+    run_quietly "$work/package.log" dpkg-buildpackage --unsigned-source --unsigned-changes --jobs="$(nproc)"
+  )
+  rm -f dist/quillon_*
+  mv "$work"/quillon_*.{deb,dsc,tar.xz} dist/
+  rm -rf "$work"
+}
+
+# Uses the normal build folder, and only configures it, by the preset, if that has not been done.
+pack_windows() {
+  local work log=build/windows/package.log
+  work=$(work_folder windows)
+  say "Windows: building"
+  mkdir -p build/windows
+  run_quietly "$log" cmake --preset windows
+  run_quietly "$log" cmake --build --preset windows --target quillon_package_contents
+  say "Windows: packing"
+  rm -rf "$work"
+  run_quietly "$log" cpack --config build/windows/CPackConfig.cmake -B "$work"
+  rm -f dist/Quillon-*
   find "$work" -maxdepth 1 -type f -exec mv {} dist/ \;
   rm -rf "$work"
 }
 
-need_packages "${linux_packages[@]}" "${test_build_packages[@]}" "${package_packages[@]}"
+need_packages "${linux_packages[@]}" "${package_packages[@]}"
 if [[ " ${systems[*]} " = *" windows "* ]]; then
   need_packages "${windows_packages[@]}"
   scripts/windows-libraries.sh
 fi
 
-# The packages' files get the date of their sources.
-if [ -z "${SOURCE_DATE_EPOCH:-}" ]; then
-  SOURCE_DATE_EPOCH=$(git log -1 --format=%ct 2>/dev/null) || SOURCE_DATE_EPOCH=$(stat -c %Y CHANGELOG.md)
-fi
-export SOURCE_DATE_EPOCH
-for system in "${systems[@]}"; do
-  build_contents "$system"
-  pack "$system"
-done
+# The packages are the same whoever makes them, and when: their files get the date of the version.
+version=$(dpkg-parsechangelog --show-field Version)
+version=${version%-*}
+export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(dpkg-parsechangelog --show-field Timestamp)}
+export LC_ALL=C.UTF-8 TZ=UTC
+umask 022
+mkdir -p dist
+for system in "${systems[@]}"; do "pack_$system"; done
 
 cd dist
 shopt -s nullglob

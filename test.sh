@@ -168,6 +168,7 @@ else
   beside mutants 10 scripts/mutants-of-day.sh
   build_suite "Linux with sanitizers" linux-asan
   beside libraries 5 scripts/windows-libraries.sh
+  beside debian 15 ./package.sh linux
   test_suite "Linux with sanitizers" linux-asan
   timed "Linux with the thread sanitizer" thread_suite
   timed "Libraries for Windows: waiting" end_beside libraries || fail "the libraries for Windows could not be built"
@@ -176,7 +177,8 @@ else
   scripts/wine.sh --server -p600 || true
   build_suite "Windows under Wine" windows
   say "Packages"
-  timed "Packages: making" ./package.sh || failed=1
+  timed "Packages for Debian: waiting" end_beside debian || failed=1
+  timed "Packages for Windows: making" ./package.sh windows || failed=1
   rm -rf build/packages/results
   for system in linux windows; do
     beside "packages-$system" 10 /usr/bin/python3 -B tests/packaging/packaging.py "$system" --packages dist \

@@ -1,6 +1,8 @@
-# The product's name, address and descriptions; its version is the project's. The programs (src/base/Product.h),
-# Windows' version resource, the help file and the packages take them from here.
+# The product's name, address, date and descriptions; its version is the project's. The programs (src/base/Product.h),
+# Windows' version resource, the help file, the packages and their manifests take them from here.
 set(QUILLON_URL "https://quillon.example.org/")
+# The day of the version: it stands wherever a time would otherwise make two builds of the same sources differ.
+set(QUILLON_DATE "2026-11-23")
 set(QUILLON_COPYRIGHT "Copyright (C) 2026 The Quillon developers")
 set(QUILLON_MAINTAINER "The Quillon developers <quillon@quillon.example.org>")
 # The descriptions that Windows shows for the files.
@@ -12,6 +14,3 @@ set(QUILLON_BREGEXP_DESCRIPTION_JA "Quillon 正規表現ライブラリ")
 set(QUILLON_BREGEXP_DESCRIPTION_EN "Quillon regular expressions")
 # The name by which desktops know the program.
 set(QUILLON_APPLICATION_ID "org.example.quillon")
-
-set(product_source ${PROJECT_BINARY_DIR}/generated/Product.cpp)
-configure_file(${PROJECT_SOURCE_DIR}/cmake/Product.cpp.in ${product_source} @ONLY)

@@ -22,6 +22,19 @@ def version():
     return _value("CMakeLists.txt", r"project\(Quillon VERSION ([\d.]+)")
 
 
+def debian_version():
+    return _value("debian/changelog", r"\Aquillon \(([^)]+)\)")
+
+
+def changes():
+    """The items of each version in the changelog, without the marks of code."""
+    found = {}
+    for section in re.split(r"(?m)^## ", (SOURCE / "CHANGELOG.md").read_text(encoding="utf-8"))[1:]:
+        items = re.split(r"(?m)^- ", section)
+        found[items[0].split()[0]] = [" ".join(item.split()).replace("`", "") for item in items[1:]]
+    return found
+
+
 def cache_folder():
     """The scripts' cache folder."""
     return pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache") / "quillon"
