@@ -4,7 +4,7 @@
 # ./package.sh linux    the package for Debian and Ubuntu alone, with its source
 # ./package.sh windows  the two for Windows alone
 #
-# Installs missing packages and builds first. The same sources give the same packages.
+# Installs missing packages and builds first. The same sources give the same packages (scripts/repeat.sh).
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh

@@ -49,7 +49,7 @@ window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotoo
   python3 python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0)
 # Inaudible sound for tests that need its time to pass; tools to make films and songs for them.
 sound_packages=(pulseaudio pulseaudio-utils util-linux gstreamer1.0-tools)
-windows_packages=("${sound_packages[@]}" fp-utils-3.2.2 g++-mingw-w64-x86-64-posix dpkg-dev googletest libutfcpp-dev wine wine64 ca-certificates)
+windows_packages=("${sound_packages[@]}" fp-utils-3.2.2 python3 g++-mingw-w64-x86-64-posix dpkg-dev googletest libutfcpp-dev wine wine64 ca-certificates)
 # Tools to make the packages (package.sh) and to check them.
 package_packages=(file dpkg-dev debhelper xz-utils librsvg2-bin nsis fp-utils-3.2.2 lintian devscripts desktop-file-utils appstream debootstrap man-db)
 # Fuzzers and coverage are built by clang.

@@ -83,10 +83,11 @@ if ! is_done taglib-1.13; then
   build taglib 1.13 "$work/taglib" -DBUILD_TESTING=OFF -DBUILD_EXAMPLES=OFF -DBUILD_BINDINGS=OFF \
     -DCMAKE_DISABLE_FIND_PACKAGE_ZLIB=ON "-DCMAKE_CXX_FLAGS=-isystem /usr/include/utf8cpp"
 fi
-if ! is_done wxwidgets-3.2.2; then
+# The name ends with the form of its build: in the second one its messages name its sources without the folders it is built in.
+if ! is_done wxwidgets-3.2.2-form2; then
   unpack wxwidgets3.2 3.2.2+dfsg-2
-  build wxwidgets 3.2.2 "$work/wxwidgets3.2" "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG" \
-    "-DCMAKE_C_FLAGS_RELEASE=-O2 -DNDEBUG" "${wx_options[@]}"
+  build wxwidgets 3.2.2-form2 "$work/wxwidgets3.2" "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG -ffile-prefix-map=$work/=" \
+    "-DCMAKE_C_FLAGS_RELEASE=-O2 -DNDEBUG -ffile-prefix-map=$work/=" "${wx_options[@]}"
 fi
 googletest_version=$(dpkg-query -W -f='${Version}' googletest)
 if ! is_done "googletest-$googletest_version"; then

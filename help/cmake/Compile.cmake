@@ -60,8 +60,10 @@ function(write_project compiled)
   file(GLOB images RELATIVE ${PAGES} ${PAGES}/images/*.png)
   list(JOIN help_pages "\n" pages)
   list(JOIN images "\n" images)
-  set(options "Compatibility=1.1 or later\nCompiled file=${compiled}\nContents file=help.hhc\nIndex file=help.hhk\n\
-Default topic=index.html\nDefault Window=main\nFull-text search=Yes\nLanguage=0x411\nTitle=${title}\n")
+  # A binary index would hold two bytes of whatever lies in the compiler's memory; viewers read the other one, too.
+  set(options "Binary Index=No\nCompatibility=1.1 or later\nCompiled file=${compiled}\nContents file=help.hhc\n\
+Default topic=index.html\nDefault Window=main\nFull-text search=Yes\nIndex file=help.hhk\nLanguage=0x411\n\
+Title=${title}\n")
   set(window "\"${title}\",\"help.hhc\",\"help.hhk\",\"index.html\",\"index.html\",,,,,0x63520,260,0x10304e,\
 [80,60,1080,780],,,,,,,0")
   write_ansi(help.hhp
@@ -85,5 +87,8 @@ execute_process(COMMAND ${CHMCMD} help.hhp WORKING_DIRECTORY ${WORK} OUTPUT_VARI
 if(NOT status EQUAL 0 OR NOT EXISTS ${WORK}/${compiled})
   message(FATAL_ERROR "chmcmd failed:\n${output}")
 endif()
+# The compiler writes when it did so.
+execute_process(COMMAND ${PYTHON} -B ${CMAKE_CURRENT_LIST_DIR}/same_time.py ${WORK}/${compiled}
+                COMMAND_ERROR_IS_FATAL ANY)
 file(RENAME ${WORK}/${compiled} ${TARGET})
 message(VERBOSE "${output}")

@@ -1,5 +1,6 @@
 """The product data that the packages must contain, read from its only source."""
 
+import datetime
 import os
 import pathlib
 import re
@@ -24,6 +25,12 @@ def version():
 
 def debian_version():
     return _value("debian/changelog", r"\Aquillon \(([^)]+)\)")
+
+
+def epoch():
+    """The time of the version in seconds, as the packages' files have it."""
+    day = datetime.datetime.strptime(setting("QUILLON_DATE"), "%Y-%m-%d")
+    return str(int(day.replace(tzinfo=datetime.timezone.utc).timestamp()))
 
 
 def changes():

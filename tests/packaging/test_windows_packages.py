@@ -5,6 +5,7 @@ import pathlib
 import re
 import shutil
 import subprocess
+import sys
 import tempfile
 import unittest
 import zipfile
@@ -171,6 +172,47 @@ class WindowsPackages(unittest.TestCase):
                 self.assertEqual(text.count(b"\n"), text.count(b"\r\n"), name)
             self.assertIn(f"Quillon {product.version()}", read_me.decode("utf-8"))
             self.assertIn(product.setting("QUILLON_URL"), read_me.decode("utf-8"))
+
+    def test_programs_do_not_know_where_they_were_built(self):
+        folders = [str(folder).encode() for folder in (product.SOURCE, product.cache_folder(), pathlib.Path.home())]
+        for program, file in self.programs():
+            data = file.read_bytes()
+            for folder in folders:
+                self.assertNotIn(folder + b"/", data, f"{program} names {folder.decode()}")
+
+    def test_help_is_the_same_whenever_it_is_compiled(self):
+        build = product.SOURCE / "build/windows/help"
+        helps = []
+        with tempfile.TemporaryDirectory() as folder:
+            work = pathlib.Path(folder)
+            for name in ("one", "two"):  # the compiler writes the time in milliseconds
+                target = work / name / "Quillon.chm"
+                target.parent.mkdir()
+                settings = {
+                    "SOURCE": product.SOURCE / "help",
+                    "PAGES": build / "pages",
+                    "TARGET": target,
+                    "WORK": work / "work",
+                    "PRODUCT": "Quillon",
+                    "CHMCMD": shutil.which("chmcmd") or shutil.which("chmcmd-3.2.2"),
+                    "ICONV": shutil.which("iconv"),
+                    "PYTHON": sys.executable,
+                }
+                definitions = [f"-D{key}={value}" for key, value in settings.items()]
+                succeed("cmake", *definitions, "-P", product.SOURCE / "help/cmake/Compile.cmake")
+                helps.append(target.read_bytes())
+        self.assertTrue(helps[0] == helps[1], "two help files of the same pages differ")
+        with zipfile.ZipFile(self.archive) as archive:
+            self.assertTrue(archive.read(f"{self.archive.stem}/Quillon.chm") == helps[0], "the packed one differs")
+
+    def test_packed_again_later_they_are_the_same(self):
+        config = product.SOURCE / "build/windows/CPackConfig.cmake"
+        environment = dict(os.environ, SOURCE_DATE_EPOCH=product.epoch(), TZ="UTC", LC_ALL="C.UTF-8")
+        with tempfile.TemporaryDirectory() as folder:
+            succeed("cpack", "--config", config, "-B", folder, seconds=120, env=environment)
+            for package in (self.setup, self.archive):
+                again = pathlib.Path(folder) / package.name
+                self.assertTrue(again.read_bytes() == package.read_bytes(), f"{package.name} differs")
 
     def test_runs_from_the_archive_with_its_settings_beside_it(self):
         with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(self.archive) as archive:
