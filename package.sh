@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # ./package.sh          makes every package into dist/: for Debian and Ubuntu, with its source; the installer for Windows;
-#                       the archive for Windows that needs no installing
+#                       the archive for Windows that needs no installing; manifests for package managers
 # ./package.sh linux    the package for Debian and Ubuntu alone, with its source
 # ./package.sh windows  the two for Windows alone
 #
@@ -99,6 +99,7 @@ umask 022
 mkdir -p dist
 for system in "${systems[@]}"; do "pack_$system"; done
 
+cmake -D PACKAGES=dist -P packaging/manifests/Manifests.cmake
 cd dist
 shopt -s nullglob
 sha256sum quillon_* Quillon-* >SHA256SUMS

@@ -1,6 +1,7 @@
 """The packages for Debian and Ubuntu: metadata, contents, and behaviour on a clean system."""
 
 import gzip
+import hashlib
 import os
 import pathlib
 import re
@@ -13,6 +14,7 @@ import clean_root
 import display
 import product
 import samples
+import yaml
 from commands import run, succeed
 from program import TITLE
 from sums import listed
@@ -200,10 +202,19 @@ class Debian(unittest.TestCase):
         images = metainfo.findall("screenshots/screenshot/image")
         self.assertGreaterEqual(len(images), 3)
         for image in images:
-            picture = product.SOURCE / "resources" / image.text.removeprefix(product.setting("QUILLON_URL"))
+            picture = product.SOURCE / "resources" / image.text.removeprefix(f"{product.setting('QUILLON_URL')}images/")
             data = picture.read_bytes()
             size = (int.from_bytes(data[16:20], "big"), int.from_bytes(data[20:24], "big"))
             self.assertEqual((int(image.get("width")), int(image.get("height"))), size, picture.name)
+
+    def test_flatpak_manifest_describes_the_source(self):
+        file = self.packages / f"manifests/flatpak/{self.application}.yaml"
+        manifest = yaml.safe_load(file.read_text(encoding="utf-8"))
+        self.assertEqual(manifest["id"], self.application)
+        (source,) = manifest["modules"][-1]["sources"]
+        archive = self.packages / f"quillon_{product.version()}.orig.tar.xz"
+        self.assertEqual(source["url"], f"{product.setting('QUILLON_URL')}files/{archive.name}")
+        self.assertEqual(source["sha256"], hashlib.sha256(archive.read_bytes()).hexdigest())
 
     def test_lintian_has_nothing_to_say(self):
         levels = ("--display-info", "--pedantic", "--fail-on", "error,warning,info,pedantic")

@@ -1,5 +1,7 @@
 """The packages for Windows, under Wine: the installer and the portable archive."""
 
+import hashlib
+import json
 import os
 import pathlib
 import re
@@ -13,6 +15,7 @@ import zipfile
 import display
 import pe
 import product
+import yaml
 from commands import succeed
 from program import TITLE
 from sums import listed
@@ -31,6 +34,12 @@ _SETTINGS = "Quillon.ini"
 _KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quillon"
 _RUNNING = 3  # the installer's exit status when the program is running
 _SERVER_SECONDS = 120
+_WINGET_KEYS = {  # those that the schemas require, beside the version's
+    "version": {"PackageIdentifier", "DefaultLocale"},
+    "installer": {"PackageIdentifier", "Installers"},
+    "defaultLocale": {"PackageIdentifier", "Publisher", "PackageName", "License", "ShortDescription"},
+    "locale": {"PackageIdentifier", "PackageLocale"},
+}
 
 
 class WindowsPackages(unittest.TestCase):
@@ -209,10 +218,46 @@ class WindowsPackages(unittest.TestCase):
         config = product.SOURCE / "build/windows/CPackConfig.cmake"
         environment = dict(os.environ, SOURCE_DATE_EPOCH=product.epoch(), TZ="UTC", LC_ALL="C.UTF-8")
         with tempfile.TemporaryDirectory() as folder:
-            succeed("cpack", "--config", config, "-B", folder, seconds=120, env=environment)
+            succeed("cpack", "--config", config, "-B", folder, seconds=400, env=environment)
             for package in (self.setup, self.archive):
                 again = pathlib.Path(folder) / package.name
                 self.assertTrue(again.read_bytes() == package.read_bytes(), f"{package.name} differs")
+
+    def test_winget_manifests_describe_the_installer(self):
+        found = {}
+        for file in sorted((self.packages / "manifests/winget").iterdir()):
+            manifest = yaml.safe_load(file.read_text(encoding="utf-8"))
+            found[manifest["ManifestType"]] = manifest
+            kind = "" if manifest["ManifestType"] == "version" else ".installer"
+            kind = f".locale.{manifest['PackageLocale']}" if "PackageLocale" in manifest else kind
+            self.assertEqual(file.name, f"{manifest['PackageIdentifier']}{kind}.yaml")
+            self.assertEqual(manifest["PackageVersion"], product.version())
+            self.assertEqual(manifest["ManifestVersion"], "1.10.0")
+        self.assertEqual(set(found), set(_WINGET_KEYS))
+        for kind, keys in _WINGET_KEYS.items():
+            self.assertLessEqual(keys, set(found[kind]), kind)
+        self.assertEqual(found["version"]["DefaultLocale"], found["defaultLocale"]["PackageLocale"])
+        installer = found["installer"]
+        self.assertEqual(installer["ProductCode"], _KEY.rsplit("\\", 1)[1])
+        running = {"InstallerReturnCode": _RUNNING, "ReturnResponse": "packageInUse"}
+        self.assertIn(running, installer["ExpectedReturnCodes"])
+        (only,) = installer["Installers"]
+        self.assertEqual(only["InstallerUrl"], f"{product.setting('QUILLON_URL')}files/{self.setup.name}")
+        self.assertEqual(only["InstallerSha256"], hashlib.sha256(self.setup.read_bytes()).hexdigest())
+
+    def test_scoop_manifest_describes_the_archive(self):
+        manifest = json.loads((self.packages / "manifests/scoop/quillon.json").read_text(encoding="utf-8"))
+        self.assertLessEqual({"version", "description", "homepage", "license"}, set(manifest))
+        self.assertEqual(manifest["version"], product.version())
+        only = manifest["architecture"]["64bit"]
+        self.assertEqual(only["url"], f"{product.setting('QUILLON_URL')}files/{self.archive.name}")
+        self.assertEqual(only["hash"], hashlib.sha256(self.archive.read_bytes()).hexdigest())
+        with zipfile.ZipFile(self.archive) as archive:
+            for program in (manifest["bin"], manifest["shortcuts"][0][0]):
+                self.assertIn(f"{manifest['extract_dir']}/{program}", archive.namelist())
+        updated = manifest["autoupdate"]["architecture"]["64bit"]["url"].replace("$version", product.version())
+        self.assertEqual(updated, only["url"])
+        self.assertEqual(re.search(manifest["checkver"]["regex"], self.archive.name).group(1), product.version())
 
     def test_runs_from_the_archive_with_its_settings_beside_it(self):
         with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(self.archive) as archive:
