@@ -61,6 +61,7 @@ pack_linux() {
   (
     cd "$tree"
     export DEB_BUILD_OPTIONS='nocheck noautodbgsym' DEB_BUILD_PROFILES=nocheck
+    unset SOURCE_DATE_EPOCH # that of debian/changelog, which a new revision of the same sources changes
     run_quietly "$work/package.log" dpkg-buildpackage --unsigned-source --unsigned-changes --jobs="$(nproc)"
   )
   rm -f dist/quillon_*
@@ -93,7 +94,8 @@ fi
 # The packages are the same whoever makes them, and when: their files get the date of the version.
 version=$(dpkg-parsechangelog --show-field Version)
 version=${version%-*}
-export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(dpkg-parsechangelog --show-field Timestamp)}
+SOURCE_DATE_EPOCH=$(date --utc --date="$(sed -n 's/^set(QUILLON_DATE "\(.*\)")$/\1/p' cmake/Product.cmake)" +%s)
+export SOURCE_DATE_EPOCH
 export LC_ALL=C.UTF-8 TZ=UTC
 umask 022
 mkdir -p dist

@@ -12,13 +12,17 @@ need_packages faketime
 work=$(mktemp -d "${TMPDIR:-/tmp}/quillon-repeat-XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
-# make_packages FOLDER [ENVIRONMENT COMMAND...]: copies the checkout's files and makes its packages, all anew.
+# copy_checkout FOLDER: its files, without what is built.
+copy_checkout() {
+  mkdir -p "$1"
+  git ls-files -z --cached --others --exclude-standard | xargs -0 cp --parents --target-directory "$1"
+}
+
+# make_packages FOLDER [ENVIRONMENT COMMAND...]: makes the packages of a copy, all anew.
 make_packages() {
   local folder=$1
   shift
   say "Making the packages in $folder"
-  mkdir -p "$folder"
-  git ls-files -z --cached --others --exclude-standard | xargs -0 cp --parents --target-directory "$folder"
   (cd "$folder" && env CCACHE_DISABLE=1 "$@" ./package.sh "$system" >"$folder.log" 2>&1) || {
     tail -n 40 "$folder.log" >&2
     fail "no packages in $folder"
@@ -30,6 +34,9 @@ make_packages() {
 cache=$work/cache
 mkdir -p "$cache/quillon"
 if [ "$system" != linux ]; then cp -r "$quillon_cache/windows" "$cache/quillon/"; fi
+# Both copies are of the same moment.
+(umask 022 && copy_checkout "$work/first")
+(umask 027 && copy_checkout "$work/another/second")
 (umask 022 && make_packages "$work/first")
 (umask 027 && make_packages "$work/another/second" TZ=Asia/Tokyo XDG_CACHE_HOME="$cache" NO_FAKE_STAT=1 \
   faketime -f '+400d')

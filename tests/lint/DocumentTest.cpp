@@ -144,5 +144,55 @@ TEST(Readme, NamesThePackagesOfTheScripts) {
   }
 }
 
+std::string FirstMatch(const std::string& file, const std::string& pattern) {
+  const std::vector<Groups> matches = Matches(Read(file), pattern);
+  EXPECT_FALSE(matches.empty()) << file << " has no " << pattern;
+  return matches.empty() ? "" : matches[0][1];
+}
+
+std::string Version() {
+  return FirstMatch("CMakeLists.txt", "project\\(Quillon VERSION ([0-9.]+)");
+}
+
+std::string ProductSetting(const std::string& name) {
+  return FirstMatch("cmake/Product.cmake", "set\\(" + name + " \"([^\"]*)\"\\)");
+}
+
+TEST(Changelogs, BeginWithTheVersionOfTheProject) {
+  EXPECT_EQ(FirstMatch("CHANGELOG.md", "\n## ([0-9.]+)"), Version());
+  EXPECT_EQ(FirstMatch("debian/changelog", "quillon \\(([0-9.]+)-[0-9]+\\)"), Version());
+}
+
+TEST(Changelogs, HaveTheDayOfTheProject) {
+  static const std::vector<std::string> kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                                   "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  // A later revision of the package has a day of its own.
+  const std::string entry = FirstMatch(
+      "debian/changelog",
+      "quillon \\(" + Version() + "-1\\)[\\s\\S]*?\\n -- [^\\n]*, ([0-9]{2} [A-Z][a-z]{2} [0-9]{4}) 00:00:00 \\+0000");
+  const std::string date = ProductSetting("QUILLON_DATE");
+  ASSERT_EQ(date.size(), 10U);
+  const std::size_t month = std::stoul(date.substr(5, 2));
+  ASSERT_TRUE(month >= 1 && month <= kMonths.size());
+  EXPECT_EQ(entry, date.substr(8) + " " + kMonths[month - 1] + " " + date.substr(0, 4));
+}
+
+TEST(DebianControl, NamesMaintainerAndAddressOfTheProject) {
+  EXPECT_EQ(FirstMatch("debian/control", "\nMaintainer: ([^\n]*)"), ProductSetting("QUILLON_MAINTAINER"));
+  EXPECT_EQ(FirstMatch("debian/control", "\nHomepage: ([^\n]*)"), ProductSetting("QUILLON_URL"));
+  EXPECT_EQ(FirstMatch("debian/watch", "\n([^ ]*)download"), ProductSetting("QUILLON_URL"));
+}
+
+TEST(Readme, NamesThePackagesOfThisVersion) {
+  const std::string debian = FirstMatch("debian/changelog", "quillon \\(([^)]+)\\)");
+  for (const char* name : {"README.md", "README.ja.md"}) {
+    SCOPED_TRACE(name);
+    const std::string page = Read(name);
+    EXPECT_NE(page.find("quillon_" + debian + "_amd64.deb"), std::string::npos);
+    EXPECT_NE(page.find("Quillon-" + Version() + "-setup.exe"), std::string::npos);
+    EXPECT_NE(page.find("Quillon-" + Version() + "-portable.zip"), std::string::npos);
+  }
+}
+
 }  // namespace
 }  // namespace quillon::lint
