@@ -51,7 +51,7 @@ window_packages=("${look_packages[@]}" "${play_packages[@]}" xvfb openbox xdotoo
 sound_packages=(pulseaudio pulseaudio-utils util-linux gstreamer1.0-tools)
 windows_packages=("${sound_packages[@]}" fp-utils-3.2.2 python3 g++-mingw-w64-x86-64-posix dpkg-dev googletest libutfcpp-dev wine wine64 ca-certificates)
 # Tools to make the packages (package.sh) and to check them.
-package_packages=(file dpkg-dev debhelper xz-utils librsvg2-bin nsis fp-utils-3.2.2 lintian devscripts desktop-file-utils appstream debootstrap man-db
+package_packages=(dpkg-dev debhelper librsvg2-bin nsis fp-utils-3.2.2 lintian devscripts desktop-file-utils appstream debootstrap man-db
   python3-yaml)
 # Fuzzers and coverage are built by clang.
 fuzz_packages=(clang libclang-rt-dev python3)
