@@ -7,7 +7,7 @@ Xvfb -displayfd 3 -screen 0 "${SCREEN:-1280x1024}x24" -nolisten tcp 3>"$number" 
 server=$!
 manager=
 trap 'kill $manager $server 2>/dev/null; rm -f "$number"' EXIT
-for _ in $(seq 100); do
+for _ in $(seq 600); do
   [ -s "$number" ] && break
   kill -0 "$server" 2>/dev/null || break
   sleep 0.1

@@ -7,9 +7,11 @@ scripts=$(cd "$(dirname "$0")" && pwd)
 if [ "${1:-}" != --on-display ]; then exec "$scripts/with-display.sh" "$scripts/with-wayland.sh" --on-display "$@"; fi
 shift
 
-# Waits until a command succeeds, for ten seconds at most.
+# Waits until a command succeeds, for so many tenths of a second at most.
 await() {
-  for _ in $(seq 100); do
+  local tenths=$1
+  shift
+  for _ in $(seq "$tenths"); do
     if "$@"; then return 0; fi
     sleep 0.1
   done
@@ -34,19 +36,19 @@ background-color=0xff406080
 locking=false
 animation=none
 END
-await has_window_manager || { echo "error: no window manager" >&2 && exit 1; }
+await 600 has_window_manager || { echo "error: no window manager" >&2 && exit 1; }
 export XDG_RUNTIME_DIR=$folder
 screen=${SCREEN:-1280x1024}
 start() {
   weston --backend=x11-backend.so --use-pixman --fullscreen --width="${screen%x*}" --height="${screen#*x}" \
     --config="$folder/weston.ini" --socket="$socket" --log="$folder/weston.log" >/dev/null 2>&1 &
   compositor=$!
-  await is_ready && ! has_ended
+  await "$1" is_ready && ! has_ended
 }
 # At times it waits for ever for its window to be mapped.
-if ! start; then
+if ! start 150; then
   kill "$compositor" 2>/dev/null || true
-  if ! start; then
+  if ! start 600; then
     echo "error: no Wayland: weston does not start" >&2
     cat "$folder/weston.log" >&2
     exit 1

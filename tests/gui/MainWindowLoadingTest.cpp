@@ -37,7 +37,7 @@ class Meanwhile final : public wxTimer {
 
  private:
   static constexpr int kSlow = 60;  // longer than the delay of progress windows
-  static constexpr int kSlowCalls = 8;
+  static constexpr int kSlowCalls = 20;  // a busy machine needs many for the search alone
   static constexpr int kPause = 2;
 
   wxWeakRef<frmMain> frame_;

@@ -2,7 +2,7 @@
 
 import time
 
-PATIENCE = 15.0  # seconds; far more than needed even on a loaded machine
+PATIENCE = 60.0  # seconds; far more than needed even on a loaded machine
 _PAUSE = 0.03
 
 

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -92,13 +94,17 @@ TEST_F(CommandDeviceTest, EveryTypePlaysInRealTimeFromASeekToItsEnd) {
     Sleep(200);
     EXPECT_NEAR(player_.Number("status X position"), first.Elapsed(), kTolerance);
     const int place = player_.Number("status X length") - sample.rest;
-    EXPECT_EQ(player_.Error("seek X to " + std::to_string(place)), kDone);
-    EXPECT_EQ(player_.Text("status X mode"), "stopped");
-    EXPECT_EQ(player_.Number("status X position"), place);
-    ASSERT_EQ(player_.Error("play X"), kDone);
-    const Stopwatch rest;
-    ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(3000)));
-    EXPECT_NEAR(rest.Elapsed(), sample.rest, kTolerance);
+    int least = std::numeric_limits<int>::max();  // other programs can only make it longer
+    for (int attempt = 0; attempt < 3 && least > sample.rest + kTolerance; ++attempt) {
+      EXPECT_EQ(player_.Error("seek X to " + std::to_string(place)), kDone);
+      EXPECT_EQ(player_.Text("status X mode"), "stopped");
+      EXPECT_EQ(player_.Number("status X position"), place);
+      ASSERT_EQ(player_.Error("play X"), kDone);
+      const Stopwatch rest;
+      ASSERT_TRUE(player_.WaitForMode("stopped", milliseconds(10000)));
+      least = std::min(least, rest.Elapsed());
+    }
+    EXPECT_NEAR(least, sample.rest, kTolerance);
     EXPECT_EQ(player_.Text("status X position"), player_.Text("status X length"));
     EXPECT_EQ(player_.Error("close X"), kDone);
   }
