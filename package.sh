@@ -104,6 +104,7 @@ for system in "${systems[@]}"; do "pack_$system"; done
 cmake -D PACKAGES=dist -P packaging/manifests/Manifests.cmake
 cd dist
 shopt -s nullglob
+rm -f quillon.spdx.json # of packages that were made before
 sha256sum quillon_* Quillon-* >SHA256SUMS
 say "In dist/:"
 while read -r sum name; do printf '%10d bytes  %s  %s\n' "$(stat -c %s "$name")" "$sum" "$name"; done <SHA256SUMS

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# site.sh [FOLDER]: makes the web site in dist/site, or in the folder: the help, the documents, pictures, and downloads of the
+# site.sh [FOLDER]: makes the web site in dist/site, or in the folder, in place of the site that is there: the help, the documents, pictures, and downloads of the
 # packages that lie in dist/. scripts/check-site.sh makes and checks it.
 set -euo pipefail
 cd "$(dirname "$0")"

@@ -137,8 +137,9 @@ thread_suite() {
   local programs=(base platform settings paths app player dialogs multimedia media tags filelist rename pattern plan
     bregexp cli)
   local targets=("${programs[@]/#/quillon_}")
-  local left_out='FolderSearchMemory*:FileListScale*:Hostile*:*InRealTime*:CliUsageTest.RunningOutOfMemory*'
-  left_out+=':CliOtherVolume*:Interruption*:FilesInTurnOnLinux.NothingIsMissing*'
+  local left_out='FolderSearchMemory*:FileListScale*:*InRealTime*:CliUsageTest.RunningOutOfMemory*:Interruption*'
+  left_out+=':HostileFiles.*Cost*:HostileFiles.*Second:HostileTags.*Little*:HostileLengths.EndlessDamage*'
+  left_out+=':HostileLengths.*Memory*:CliOtherVolumeTest.*Killed*:FilesInTurnOnLinux.NothingIsMissing*'
   local results=build/linux-tsan/results
   say "Linux with the thread sanitizer: building"
   cmake --preset linux-tsan >/dev/null

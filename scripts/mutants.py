@@ -40,7 +40,6 @@ _FIRST_SECONDS = 900
 # The tests that are no program of their own, with what they need built.
 _OTHER_TARGETS = {"faults": ["quillon-cli", "quillon_whole_file"]}
 
-
 _IN_WINDOWS = {"gui", "desktop", "multimedia"}
 
 
@@ -164,7 +163,8 @@ def of_day(mutants, count, date):
 
     Mutants of windows are left out: their tests depend on what else the machine is doing.
     """
-    shuffled = sorted([mutant for mutant in mutants if mutant.test not in _IN_WINDOWS], key=lambda mutant: zlib.crc32(f"{mutant.listed} {mutant.name}".encode()))
+    steady = [mutant for mutant in mutants if mutant.test not in _IN_WINDOWS]
+    shuffled = sorted(steady, key=lambda mutant: zlib.crc32(f"{mutant.listed} {mutant.name}".encode()))
     count = min(count, len(shuffled))
     start = date.toordinal() * count % max(len(shuffled), 1)
     return (shuffled + shuffled)[start:start + count]

@@ -8,6 +8,14 @@ cd "$(dirname "$0")/.."
 . scripts/common.sh
 
 system=${1:-all}
+case "$system" in
+  all | linux | windows) ;;
+  -h | --help)
+    sed -n '2,5s/^# \{0,1\}//p' "$0"
+    exit 0
+    ;;
+  *) fail "unknown argument '$system' (see --help)" ;;
+esac
 need_packages faketime
 work=$(mktemp -d "${TMPDIR:-/tmp}/quillon-repeat-XXXXXX")
 trap 'rm -rf "$work"' EXIT
@@ -43,12 +51,16 @@ if [ "$system" != linux ]; then cp -r "$quillon_cache/windows" "$cache/quillon/"
 
 say "Comparing"
 status=0
-while IFS= read -r -d '' file; do
+names() { (cd "$1/dist" && find . -type f -printf '%P\n' | sort); }
+names "$work/first" >"$work/names"
+[ -s "$work/names" ] || fail "no packages were made"
+names "$work/another/second" | diff "$work/names" - || fail "the two builds made other files"
+while IFS= read -r file; do
   if cmp --quiet "$work/first/dist/$file" "$work/another/second/dist/$file"; then
     sha256sum "$work/first/dist/$file" | sed "s|  .*|  $file|"
   else
     printf 'differs: %s\n' "$file"
     status=1
   fi
-done < <(cd "$work/first/dist" && find . -type f -printf '%P\0' | sort -z)
+done <"$work/names"
 exit "$status"

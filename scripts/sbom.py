@@ -58,10 +58,11 @@ def package(name, version, licence, **more):
 def libraries():
     """What the Windows packages contain: name, version, licence."""
     script = (ROOT / "scripts/windows-libraries.sh").read_text(encoding="utf-8")
-    for name, version in re.findall(r"is_done ([a-z0-9]+)-([0-9.]+);", script):
-        yield name, version, LICENCES[name]
-    for name in HEADERS + RUNTIMES:
-        yield name, output("dpkg-query", "-W", "-f=${Version}", name), LICENCES[name]
+    versions = dict(re.findall(r"is_done ([a-z0-9]+)-([0-9.]+)(?:-form\d+)?;", script))
+    versions |= {name: output("dpkg-query", "-W", "-f=${Version}", name) for name in HEADERS + RUNTIMES}
+    if versions.keys() != LICENCES.keys():
+        sys.exit(f"error: licence or version unknown: {', '.join(sorted(versions.keys() ^ LICENCES.keys()))}")
+    return [(name, version, LICENCES[name]) for name, version in versions.items()]
 
 
 def relation(from_name, kind, to_name):

@@ -344,6 +344,9 @@ def main():
     if len(sys.argv) != 2:
         sys.exit("usage: make.py FOLDER")
     folder = pathlib.Path(sys.argv[1])
+    # Only what this has made is replaced.
+    if folder.exists() and any(folder.iterdir()) and not (folder / "style.css").is_file():
+        sys.exit(f"error: '{folder}' is not empty, and no site: it is not replaced")
     shutil.rmtree(folder, ignore_errors=True)
     site = Site(folder)
     site.copy(HERE / "style.css", "style.css")

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <string>
@@ -94,6 +95,7 @@ TEST_P(FuzzerReplay, LearnedInputsHoldItsPromises) {
 }
 
 TEST_P(FuzzerReplay, FindingsStayMended) {
+  EXPECT_TRUE(std::filesystem::is_directory(QUILLON_SOURCE_DIR "/tests/fuzz/findings"));
   Run(Kept("findings"));
 }
 

@@ -36,7 +36,7 @@ class Meanwhile final : public wxTimer {
   int calls = 0;
 
  private:
-  static constexpr int kSlow = 60;  // longer than the delay of progress windows
+  static constexpr int kSlow = 60;       // longer than the delay of progress windows
   static constexpr int kSlowCalls = 20;  // a busy machine needs many for the search alone
   static constexpr int kPause = 2;
 

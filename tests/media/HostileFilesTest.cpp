@@ -169,6 +169,7 @@ TEST(HostileFiles, ARowIsTheSameWhenTheFileWasReadAhead) {
   for (const Shape& shape : Shapes()) {
     SCOPED_TRACE(shape.type + ": "s + shape.name);
     PatternFile file(kMiB, shape.start, shape.pattern);
+    ASSERT_EQ(NeedsForInfo(shape.type).what, FileNeeds::What::kContents);
     (void)ReadBothWays(file, NeedsForInfo(shape.type),
                        [&](ByteSource& source) { return ReadMediaInfo(source, shape.type); });
   }

@@ -36,6 +36,7 @@ TEST(HostileTags, GiveTheSameWhenTheFileWasReadAhead) {
   for (const HostileSong& shape : HostileSongs()) {
     SCOPED_TRACE(std::string(shape.type) + ": " + shape.name);
     PatternFile file(std::min<std::uint64_t>(shape.size, kMiB), shape.start, shape.pattern);
+    ASSERT_EQ(NeedsForRow(shape.type, TagSources::kAll).what, FileNeeds::What::kContents);
     (void)ReadBothWays(file, NeedsForRow(shape.type, TagSources::kAll),
                        [&](ByteSource& source) { return ReadRowTexts(source, shape.type, TagSources::kAll); });
   }
