@@ -4,6 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
+help_if_asked "$@"
 
 programs=(base platform desktop settings paths app player dialogs multimedia media tags filelist rename pattern plan
   bregexp cli fuzz)

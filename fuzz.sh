@@ -5,6 +5,11 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
+help_if_asked "$@"
+case "${1:-}" in
+  --keep) ;;
+  '' | *[!0-9.]*) fail "how many minutes? (see --help)" ;;
+esac
 need_packages "${linux_packages[@]}" "${window_packages[@]}" "${fuzz_packages[@]}"
 build_preset linux-fuzz >/dev/null
 exec scripts/with-display.sh python3 -B scripts/fuzz.py build/linux-fuzz "$@"

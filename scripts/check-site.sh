@@ -3,6 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
+help_if_asked "$@"
 
 ./site.sh build/site
 python3 -B site/check.py build/site || fail "the site's links are wrong"

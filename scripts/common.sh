@@ -2,6 +2,16 @@
 
 say() { printf '\n== %s\n' "$*"; }
 
+# help_if_asked "$@": with --help as the first argument, prints what the script says about itself, and ends it.
+help_if_asked() {
+  local script
+  case "${1:-}" in -h | --help) ;; *) return 0 ;; esac
+  script=$(basename "$0")
+  [ -f "$script" ] || script=scripts/$script
+  sed -n '2,/^[^#]/s/^# \{0,1\}//p' "$script"
+  exit 0
+}
+
 fail() {
   printf 'error: %s\n' "$*" >&2
   exit 1

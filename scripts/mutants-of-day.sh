@@ -5,6 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
+help_if_asked "$@"
 
 here=$PWD
 copy=$here/build/mutants-of-day

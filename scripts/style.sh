@@ -5,6 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
+help_if_asked "$@"
 
 mapfile -t files < <(git ls-files --cached --others --exclude-standard '*.cpp' '*.h')
 clang-format --dry-run -Werror "${files[@]}" || fail "clang-format: run clang-format -i on the files above"

@@ -4,6 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
+help_if_asked "$@"
 . scripts/wx-options.sh
 
 toolchain=$PWD/cmake/mingw.cmake

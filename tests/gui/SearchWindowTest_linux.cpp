@@ -1,7 +1,9 @@
+#include <wx/frame.h>
 #include <wx/utils.h>
 
 #include <utility>
 
+#include "filelist/window/frmFolderRef.h"
 #include "gui/MainWindow.h"
 #include "gui/Settle.h"
 
@@ -34,6 +36,20 @@ TEST_F(SearchWindowOnGtk, StaysHiddenAfterASearchThatEndsAsItAppearsAndIsReadyFo
   }
   search.Begin("", "target");
   EXPECT_TRUE(Until([&] { return window.IsShownOnScreen(); }));
+  search.End();
+}
+
+TEST_F(SearchWindowOnGtk, WaitsForItsOwner) {
+  Open(Options());
+  wxFrame owner(nullptr, wxID_ANY, "owner");
+  LongSearch search(owner, [] {});
+  search.Begin("", "target");
+  Settle();
+  wxMilliSleep(kMapped);
+  Settle();
+  EXPECT_FALSE(search.Window().IsShown());
+  owner.Show();
+  EXPECT_TRUE(Until([&] { return search.Window().IsShownOnScreen(); }));
   search.End();
 }
 

@@ -23,6 +23,7 @@ frmFolderRef::frmFolderRef(wxWindow* parent, std::function<void()> cancel)
     : wxDialog(parent, wxID_ANY, ToWx("フォルダ参照"), wxDefaultPosition, wxDefaultSize, wxCAPTION),
       cancel_(std::move(cancel)) {
   SetName("frmFolderRef");
+  if (auto* const owner = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(parent))) SetIcons(owner->GetIcons());
   auto* column = new wxBoxSizer(wxVERTICAL);
   lblStatus_ = new wxStaticText(this, wxID_ANY, ToWx("対象ファイルを探しています..."));
   lblTarget_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(kWidth, -1)), wxST_NO_AUTORESIZE);
@@ -79,7 +80,12 @@ void LongSearch::Begin(const std::string& /*status*/, const std::string& target)
   timFolderRef_.StartOnce(kShowAfterMs);
 }
 
+// A window that appears before its owner would lie below it.
 void LongSearch::OnTimer() {
+  if (!parent_.IsShown()) {
+    timFolderRef_.StartOnce(kShowAfterMs);
+    return;
+  }
   Window().SetTarget(target_);
   window_->SetFolder(folder_);
   window_->Appear();
