@@ -8,6 +8,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
+help_if_asked "$@"
 
 parts=(engine list slow million peers window playing)
 if [ "${1:-}" = --quick ]; then

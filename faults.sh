@@ -7,6 +7,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
+help_if_asked "$@"
 
 case "${1:-}" in
   -h | --help)

@@ -10,12 +10,9 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
+help_if_asked "$@"
 
 case "${1:-}" in
-  -h | --help)
-    sed -n '2,10s/^# \{0,1\}//p' "$0"
-    exit 0
-    ;;
   --check) ;;
   *) need_packages "${linux_packages[@]}" "${window_packages[@]}" "${test_packages[@]}" ;;
 esac

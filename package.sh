@@ -8,12 +8,9 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
+help_if_asked "$@"
 
 case "${1:-all}" in
-  -h | --help)
-    sed -n '2,7s/^# \{0,1\}//p' "$0"
-    exit 0
-    ;;
   all) systems=(linux windows) ;;
   linux | windows) systems=("$1") ;;
   *) fail "unknown argument '$1' (see --help)" ;;
@@ -32,15 +29,6 @@ run_quietly() {
 # Where the sources of the packages are copied to and packed, so that the checkout stays as it is.
 work_folder() { printf '%s/build/%s/packages' "$PWD" "$1"; }
 
-# Lists the files of the checkout, without what is built.
-source_files() {
-  if git rev-parse --is-inside-work-tree >/dev/null 2>&1; then
-    git ls-files -z --cached --others --exclude-standard
-  else
-    find . -mindepth 1 \( -path ./build -o -path ./dist -o -path ./.git \) -prune -o -type f -print0
-  fi | sort -z | while IFS= read -r -d '' file; do [ ! -f "$file" ] || printf '%s\0' "$file"; done
-}
-
 # dated_tar ARGUMENTS...: tar with what differs between users and days left out.
 dated_tar() {
   tar --create --sort=name --mtime="@$SOURCE_DATE_EPOCH" --owner=0 --group=0 --numeric-owner --mode=u=rwX,go=rX "$@"
@@ -54,7 +42,7 @@ pack_linux() {
   say "Linux: building and packing"
   rm -rf "$work"
   mkdir -p "$tree"
-  source_files | dated_tar --null --files-from=- | tar --extract --directory "$tree"
+  checkout_files | dated_tar --null --files-from=- | tar --extract --directory "$tree"
   dated_tar --exclude=./debian --transform="s,^\.,quillon-$version," --directory "$tree" . |
     xz >"$work/quillon_$version.orig.tar.xz"
   # What is packed has been tested by test.sh. Nobody has asked for the debug symbols yet.

@@ -2,6 +2,15 @@
 
 say() { printf '\n== %s\n' "$*"; }
 
+# Lists the files of the checkout that are there, without what is built, each ended by a NUL.
+checkout_files() {
+  if git rev-parse --is-inside-work-tree >/dev/null 2>&1; then
+    git ls-files -z --cached --others --exclude-standard
+  else
+    find . -mindepth 1 \( -path ./build -o -path ./dist -o -path ./.git \) -prune -o -type f -print0
+  fi | sort -z | while IFS= read -r -d '' file; do [ ! -f "$file" ] || printf '%s\0' "$file"; done
+}
+
 # help_if_asked "$@": with --help as the first argument, prints what the script says about itself, and ends it.
 help_if_asked() {
   local script

@@ -18,9 +18,7 @@ fi
 rm -rf "$copy"
 mkdir -p "$copy/build"
 trap 'rm -rf "$copy"' EXIT
-git ls-files -z --cached --others --exclude-standard | while IFS= read -r -d '' file; do
-  if [ -e "$file" ]; then printf '%s\0' "$file"; fi
-done | tar --create --null --files-from=- | tar --extract --directory="$copy"
+checkout_files | tar --create --null --files-from=- | tar --extract --directory="$copy"
 cp -a build/linux "$copy/build/linux"
 "${private[@]}" bash -c 'mount --bind "$1" "$2" && cd "$2" && exec /usr/bin/python3 -B scripts/mutants.py --here --day' \
   mutants "$copy" "$here"

@@ -4,6 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
+help_if_asked "$@"
 
 folders=src
 case "${1:-}" in

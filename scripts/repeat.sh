@@ -6,14 +6,11 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
+help_if_asked "$@"
 
 system=${1:-all}
 case "$system" in
   all | linux | windows) ;;
-  -h | --help)
-    sed -n '2,5s/^# \{0,1\}//p' "$0"
-    exit 0
-    ;;
   *) fail "unknown argument '$system' (see --help)" ;;
 esac
 need_packages faketime
@@ -23,7 +20,7 @@ trap 'rm -rf "$work"' EXIT
 # copy_checkout FOLDER: its files, without what is built.
 copy_checkout() {
   mkdir -p "$1"
-  git ls-files -z --cached --others --exclude-standard | xargs -0 cp --parents --target-directory "$1"
+  checkout_files | xargs -0 cp --parents --target-directory "$1"
 }
 
 # make_packages FOLDER [ENVIRONMENT COMMAND...]: makes the packages of a copy, all anew.

@@ -11,6 +11,15 @@
 namespace quillon::test {
 namespace {
 
+// Newer processors only have the calls that take folders.
+#ifdef SYS_link
+constexpr long kLink = SYS_link;
+constexpr long kRename = SYS_rename;
+#else
+constexpr long kLink = SYS_linkat;
+constexpr long kRename = SYS_renameat;
+#endif
+
 sock_filter Load(std::size_t offset) {
   return BPF_STMT(BPF_LD | BPF_W | BPF_ABS, static_cast<unsigned>(offset));
 }
@@ -44,19 +53,11 @@ std::vector<FailingCall> FailingFstat(int error) {
 }
 
 std::vector<FailingCall> FailingLink(int error) {
-  std::vector<FailingCall> calls = {{SYS_linkat, error}};
-#ifdef SYS_link
-  calls.push_back({SYS_link, error});
-#endif
-  return calls;
+  return {{SYS_linkat, error}, {kLink, error}};
 }
 
 std::vector<FailingCall> FailingRename(int error) {
-  std::vector<FailingCall> calls = {{SYS_renameat, error}};
-#ifdef SYS_rename
-  calls.push_back({SYS_rename, error});
-#endif
-  return calls;
+  return {{SYS_renameat, error}, {kRename, error}};
 }
 
 }  // namespace quillon::test
